@@ -1,0 +1,111 @@
+#include "base/numbers.h"
+
+#include <array>
+#include <cfenv>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace merlu {
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+std::size_t SkipBlanks(std::string_view text, std::size_t at) {
+  while (at < text.size() && IsBlank(text[at])) ++at;
+  return at;
+}
+
+std::size_t SkipDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && IsDigit(text[at])) ++at;
+  return at;
+}
+
+// End of the exponent that begins at `at`, or `at` when none does.
+std::size_t SkipExponent(std::string_view text, std::size_t at) {
+  if (at >= text.size() || (text[at] != 'e' && text[at] != 'E')) return at;
+  std::size_t digits = at + 1;
+  if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) ++digits;
+  const std::size_t end = SkipDigits(text, digits);
+  return end > digits ? end : at;
+}
+
+// Length of the number at the start of `text` (no sign), 0 when there is none.
+std::size_t UnsignedLength(std::string_view text) {
+  const std::size_t whole = SkipDigits(text, 0);
+  std::size_t end = whole;
+  if (end < text.size() && text[end] == '.') {
+    end = SkipDigits(text, end + 1);
+    if (whole == 0 && end == 1) return 0;  // a point alone
+  } else if (whole == 0) {
+    return 0;
+  }
+  return SkipExponent(text, end);
+}
+
+double Convert(std::string_view text) {
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error == std::errc::result_out_of_range) {
+    // from_chars leaves the value alone; an exponent below zero means too small, otherwise too large
+    const bool small = text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos;
+    return small ? 0 : std::numeric_limits<double>::infinity();
+  }
+  return value;
+}
+
+template <typename Number>
+std::string General(Number value, int digits) {
+  if (value == 0) return "0";
+  std::array<char, 64> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                          static_cast<double>(value), std::chars_format::general, digits);
+  std::string text(buffer.data(), end);
+  for (char& c : text)
+    if (c == 'e') c = 'E';
+  return text;
+}
+
+}  // namespace
+
+double LeadingNumber(std::string_view text) {
+  std::size_t at = SkipBlanks(text, 0);
+  bool negative = false;
+  if (at < text.size() && (text[at] == '+' || text[at] == '-')) negative = text[at++] == '-';
+  const std::string_view rest = text.substr(at);
+  double value = Convert(rest.substr(0, UnsignedLength(rest)));
+  if (std::isinf(value)) value = std::numeric_limits<double>::max();
+  return negative ? -value : value;
+}
+
+bool IsNumericText(std::string_view text) {
+  std::size_t begin = SkipBlanks(text, 0);
+  std::size_t end = text.size();
+  while (end > begin && IsBlank(text[end - 1])) --end;
+  if (begin < end && (text[begin] == '+' || text[begin] == '-')) ++begin;
+  const std::string_view body = text.substr(begin, end - begin);
+  std::string plain;
+  bool whole_part = true;
+  for (std::size_t i = 0; i < body.size(); ++i) {
+    if (!IsDigit(body[i]) && body[i] != ',') whole_part = false;
+    if (body[i] != ',') {
+      plain += body[i];
+      continue;
+    }
+    const bool between_digits = i > 0 && IsDigit(body[i - 1]) && i + 1 < body.size() && IsDigit(body[i + 1]);
+    if (!whole_part || !between_digits) return false;
+  }
+  if (plain.empty() || UnsignedLength(plain) != plain.size()) return false;
+  return !std::isinf(Convert(plain));
+}
+
+std::string GeneralNumber(double value) { return General(value, 15); }
+std::string GeneralNumber(float value) { return General(value, 7); }
+
+double RoundHalfToEven(double value) {
+  // std::nearbyint follows the rounding mode of the environment, which nothing here changes
+  return std::nearbyint(value);
+}
+
+}  // namespace merlu

@@ -1,0 +1,29 @@
+// Small helpers on texts. Texts are UTF-8; case is folded for ASCII letters only, as the store does.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace merlu {
+
+// Without the blanks at either end.
+std::string Trim(std::string_view text);
+std::string TrimRight(std::string_view text);
+
+// Right-justified: blanks in front up to `width`; a longer text stays as it is.
+std::string PadLeft(std::string_view text, std::size_t width);
+
+
+std::string Upper(std::string_view text);
+std::string Lower(std::string_view text);
+bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+// Order without regard to case; texts that differ in case only are ordered by their bytes.
+bool LessIgnoringCase(std::string_view a, std::string_view b);
+
+// The first and the last `count` characters (not bytes) of a UTF-8 text.
+std::string FirstCharacters(std::string_view text, std::size_t count);
+std::string LastCharacters(std::string_view text, std::size_t count);
+std::size_t CountCharacters(std::string_view text);
+
+}  // namespace merlu

@@ -1,0 +1,12 @@
+// The desktop program: the windows that draw the logical screens.
+#pragma once
+
+#include <string>
+
+namespace merlu {
+
+// Runs the program in windows; an empty settings file means the user's own settings. Returns the exit
+// status.
+int RunDesktop(int argc, char** argv, const std::string& settings_file);
+
+}  // namespace merlu

@@ -1,0 +1,167 @@
+#include "forms/desk.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace merlu {
+namespace {
+
+const Control* Parent(const Form& form, const Control& control) {
+  return control.parent.empty() ? nullptr : form.Find(control.parent);
+}
+
+bool IsStackedFrame(const Form& form, const Control& control) {
+  return control.kind == Kind::kFrame && control.parent.empty() && !form.front.empty();
+}
+
+bool IsOnAvailablePage(const Form& form, const Control& control) {
+  for (const Control* at = &control; const Control* parent = Parent(form, *at); at = parent)
+    if (parent->kind == Kind::kTab && !parent->page_available[static_cast<std::size_t>(at->page)]) return false;
+  return true;
+}
+
+bool CanBeLocked(Kind kind) { return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList; }
+
+}  // namespace
+
+Form* Desk::Find(std::string_view name) const {
+  for (const auto& form : forms)
+    if (EqualsIgnoringCase(form->name(), name)) return form.get();
+  return nullptr;
+}
+
+Form& Desk::Own(std::unique_ptr<Form> form) { return *forms.emplace_back(std::move(form)); }
+
+void Desk::Show(Form& form) {
+  Hide(form);
+  form.visible = true;
+  showing.push_back(&form);
+}
+
+void Desk::Hide(Form& form) {
+  form.visible = false;
+  std::erase(showing, &form);
+}
+
+Form* Desk::Dialog() const {
+  const auto found = std::find_if(showing.rbegin(), showing.rend(), [](const Form* form) { return form->modal; });
+  return found == showing.rend() ? nullptr : *found;
+}
+
+bool IsVisible(const Form& form, const Control& control) {
+  for (const Control* at = &control; at != nullptr; at = Parent(form, *at)) {
+    if (at != &control && IsStackedFrame(form, *at)) break;
+    if (!at->visible) return false;
+  }
+  return true;
+}
+
+bool IsEnabled(const Form& form, const Control& control) {
+  for (const Control* at = &control; at != nullptr; at = Parent(form, *at))
+    if (!at->enabled) return false;
+  return true;
+}
+
+bool IsInFront(const Form& form, const Control& control) {
+  for (const Control* at = &control; at != nullptr; at = Parent(form, *at))
+    if (IsStackedFrame(form, *at)) return at->visible && form.front == at->name;
+  return true;
+}
+
+std::string WhyNot(const Desk& desk, const Form& form, const Control& control, bool changes) {
+  const Form* dialog = desk.Dialog();
+  if (!form.visible || (dialog != nullptr && dialog != &form) || !IsInFront(form, control)) return "is not on the screen";
+  if (!IsVisible(form, control)) return "is hidden";
+  if (!IsOnAvailablePage(form, control)) return "is not on the screen";
+  if (!IsEnabled(form, control)) return "is disabled";
+  if (changes && control.locked && CanBeLocked(control.kind)) return "is locked";
+  return "";
+}
+
+namespace act {
+
+std::string GotFocus(Desk& desk, Form& form, std::string_view name) {
+  if (std::string why = WhyNot(desk, form, form.At(name), false); !why.empty()) return why;
+  form.Raise(name, Event::kGotFocus);
+  return "";
+}
+
+std::string LostFocus(Desk& desk, Form& form, std::string_view name) {
+  if (std::string why = WhyNot(desk, form, form.At(name), false); !why.empty()) return why;
+  form.Raise(name, Event::kLostFocus);
+  return "";
+}
+
+std::string Type(Desk& desk, Form& form, std::string_view name, std::string_view text) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, true); !why.empty()) return why;
+  if (control.kind == Kind::kMasked)
+    control.text = Masked(control.mask, text);
+  else
+    control.text = control.limit > 0 ? FirstCharacters(text, static_cast<std::size_t>(control.limit)) : std::string(text);
+  return "";
+}
+
+std::string Choose(Desk& desk, Form& form, std::string_view name, std::string_view text) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, true); !why.empty()) return why;
+  const bool is_item = std::find(control.items.begin(), control.items.end(), text) != control.items.end();
+  if (!is_item && !control.free_text) return "has no item \"" + std::string(text) + "\"";
+  SelectText(form, name, text);
+  return "";
+}
+
+std::string Check(Desk& desk, Form& form, std::string_view name, bool on) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, true); !why.empty()) return why;
+  if (control.checked == on) return "";
+  control.checked = on;
+  form.Raise(name, Event::kClick);
+  return "";
+}
+
+std::string Page(Desk& desk, Form& form, std::string_view name, int page) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  if (page < 0 || page >= static_cast<int>(control.items.size())) return "has no page " + std::to_string(page);
+  if (!control.page_available[static_cast<std::size_t>(page)])
+    return "page \"" + control.items[static_cast<std::size_t>(page)] + "\" is disabled";
+  control.index = page;
+  form.Raise(name, Event::kClick);
+  return "";
+}
+
+std::string Click(Desk& desk, Form& form, std::string_view name) {
+  Control& control = form.At(name);
+  if (control.kind == Kind::kCheck) return Check(desk, form, name, !control.checked);
+  if (control.kind != Kind::kButton && control.kind != Kind::kMenu && control.kind != Kind::kOption)
+    return "cannot be clicked";
+  if (std::string why = WhyNot(desk, form, control, true); !why.empty()) return why;
+  if (control.kind == Kind::kOption) {
+    for (Control& other : form.controls())
+      if (other.kind == Kind::kOption && other.parent == control.parent) other.checked = false;
+    control.checked = true;
+  }
+  form.Raise(name, Event::kClick);
+  return "";
+}
+
+std::string DoubleClick(Desk& desk, Form& form, std::string_view name) {
+  if (std::string why = WhyNot(desk, form, form.At(name), false); !why.empty()) return why;
+  form.Raise(name, Event::kDoubleClick);
+  return "";
+}
+
+std::string Pick(Desk& desk, Form& form, std::string_view name, const std::vector<int>& rows) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  for (int row : rows)
+    if (row < 0 || row >= static_cast<int>(control.rows.size())) return "has no row " + std::to_string(row);
+  control.picked = rows;
+  return "";
+}
+
+}  // namespace act
+
+}  // namespace merlu

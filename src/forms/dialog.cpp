@@ -1,0 +1,62 @@
+#include "forms/dialog.h"
+
+namespace merlu {
+namespace {
+
+Control& Add(Form& form, Kind kind, const std::string& name, const std::string& caption) {
+  Control control;
+  control.kind = kind;
+  control.name = name;
+  control.caption = caption;
+  return form.Add(std::move(control));
+}
+
+}  // namespace
+
+Control& AddText(Form& form, const std::string& name, const std::string& caption, int limit) {
+  Control& control = Add(form, Kind::kText, name, caption);
+  control.limit = limit;
+  return control;
+}
+
+Control& AddMasked(Form& form, const std::string& name, const std::string& caption, const std::string& mask) {
+  Control& control = Add(form, Kind::kMasked, name, caption);
+  control.mask = mask;
+  control.text = Masked(mask, "");
+  return control;
+}
+
+Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items) {
+  Control& control = Add(form, Kind::kList, name, caption);
+  control.items = std::move(items);
+  return control;
+}
+
+Control& AddLabel(Form& form, const std::string& name, const std::string& text) {
+  Control& control = Add(form, Kind::kLabel, name, text);
+  control.text = text;
+  return control;
+}
+
+Control& AddButton(Form& form, const std::string& name, const std::string& caption) {
+  return Add(form, Kind::kButton, name, caption);
+}
+
+void AddDialogButtons(Form& form, const std::string& ok, const std::string& cancel) {
+  AddButton(form, ok, "OK");
+  AddButton(form, cancel, "Cancel");
+  form.default_button = ok;
+  form.cancel_button = cancel;
+}
+
+void ShowDialog(Desk& desk, Platform& platform, Form& form) {
+  form.loaded = true;
+  form.modal = true;
+  desk.Show(form);
+  platform.RunModal(form);
+  desk.Hide(form);
+  form.modal = false;
+  form.loaded = false;
+}
+
+}  // namespace merlu

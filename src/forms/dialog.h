@@ -1,0 +1,22 @@
+// Building and running dialogs.
+#pragma once
+
+#include <string>
+
+#include "forms/desk.h"
+#include "forms/platform.h"
+
+namespace merlu {
+
+Control& AddText(Form& form, const std::string& name, const std::string& caption, int limit = 0);
+Control& AddMasked(Form& form, const std::string& name, const std::string& caption, const std::string& mask);
+Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items);
+Control& AddLabel(Form& form, const std::string& name, const std::string& text);
+Control& AddButton(Form& form, const std::string& name, const std::string& caption);
+// "OK" and "Cancel", as default and as what Escape presses.
+void AddDialogButtons(Form& form, const std::string& ok, const std::string& cancel);
+
+// Shows the form as a dialog and returns when it no longer shows.
+void ShowDialog(Desk& desk, Platform& platform, Form& form);
+
+}  // namespace merlu

@@ -1,0 +1,87 @@
+#include "forms/form.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "base/text.h"
+
+namespace merlu {
+
+Control& Form::Add(Control control) {
+  if (!by_name_.emplace(Lower(control.name), controls_.size()).second)
+    throw std::logic_error("two controls named " + control.name + " on " + name_);
+  if (control.kind == Kind::kTab) {
+    control.page_available.assign(control.items.size(), true);
+    control.index = 0;
+  }
+  return controls_.emplace_back(std::move(control));
+}
+
+const Control* Form::Find(std::string_view name) const {
+  const auto found = by_name_.find(Lower(name));
+  return found == by_name_.end() ? nullptr : &controls_[found->second];
+}
+
+Control* Form::Find(std::string_view name) { return const_cast<Control*>(std::as_const(*this).Find(name)); }
+
+const Control& Form::At(std::string_view name) const {
+  if (const Control* control = Find(name)) return *control;
+  throw std::logic_error("no control " + std::string(name) + " on " + name_);
+}
+
+Control& Form::At(std::string_view name) { return const_cast<Control&>(std::as_const(*this).At(name)); }
+
+void Form::On(std::string_view control, Event event, std::function<void()> handler) {
+  handlers_[{At(control).name, event}] = std::move(handler);
+}
+
+bool Form::Handles(std::string_view control, Event event) const {
+  return handlers_.contains({At(control).name, event});
+}
+
+void Form::Raise(std::string_view control, Event event) {
+  const auto found = handlers_.find({At(control).name, event});
+  if (found != handlers_.end() && found->second) found->second();
+}
+
+void Form::RestoreDesign() {
+  controls_ = design_;
+  focus.clear();
+}
+
+void SelectItem(Form& form, std::string_view list, int index) {
+  Control& control = form.At(list);
+  if (index < 0 || index >= static_cast<int>(control.items.size())) {
+    control.index = -1;
+    control.text.clear();
+    return;
+  }
+  control.index = index;
+  control.text = control.items[static_cast<std::size_t>(index)];
+  form.Raise(list, Event::kClick);
+}
+
+void SelectText(Form& form, std::string_view list, std::string_view text) {
+  Control& control = form.At(list);
+  const auto found = std::find(control.items.begin(), control.items.end(), text);
+  if (found != control.items.end()) return SelectItem(form, list, static_cast<int>(found - control.items.begin()));
+  control.index = -1;
+  control.text = control.free_text ? std::string(text) : std::string();
+}
+
+std::string Masked(std::string_view mask, std::string_view text) {
+  std::string digits;
+  for (char c : text)
+    if (c >= '0' && c <= '9') digits += c;
+  std::string shown;
+  std::size_t next = 0;
+  for (char place : mask) {
+    if (place != '#')
+      shown += place;
+    else
+      shown += next < digits.size() ? digits[next++] : '_';
+  }
+  return shown;
+}
+
+}  // namespace merlu

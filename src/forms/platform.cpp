@@ -1,0 +1,24 @@
+#include "forms/platform.h"
+
+#include <algorithm>
+
+namespace merlu {
+
+Button LeastChange(const Box& box) {
+  for (Button button : {Button::kCancel, Button::kNo})
+    if (std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end()) return button;
+  return box.buttons.front();
+}
+
+std::string_view ButtonName(Button button) {
+  switch (button) {
+    case Button::kOK: return "OK";
+    case Button::kCancel: return "Cancel";
+    case Button::kYes: return "Yes";
+    case Button::kNo: return "No";
+    case Button::kRetry: return "Retry";
+  }
+  return "";
+}
+
+}  // namespace merlu

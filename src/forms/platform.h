@@ -1,0 +1,77 @@
+// The one seam to the outside world: boxes, dialogs, the clock, settings, files, painting. Each front end
+// implements it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/dates.h"
+
+namespace merlu {
+
+class Form;
+
+enum class Icon { kNone, kInfo, kQuestion, kWarning, kStop };
+enum class Button { kOK, kCancel, kYes, kNo, kRetry };
+
+struct Box {
+  std::string text;
+  std::string title;
+  Icon icon = Icon::kNone;
+  std::vector<Button> buttons = {Button::kOK};
+};
+
+// The button that changes least: what a box answers when it is closed without an answer.
+Button LeastChange(const Box& box);
+std::string_view ButtonName(Button button);
+
+struct FileQuestion {
+  enum class Kind { kOpen, kSave };
+  Kind kind = Kind::kOpen;
+  std::string title;
+  std::string filter_name;  // "MERLU Database"
+  std::string pattern;      // "*.MDB"; matches without regard to case
+  std::string extension;    // appended to a name that has none, e.g. ".MDB"
+};
+
+// What a wait screen shows.
+struct WaitScreen {
+  bool showing = false;
+  std::string title;
+  std::string text;  // what is being worked on
+  int done = 0;
+  int total = 0;  // 0 while the end is not known
+};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  virtual Button Ask(const Box& box) = 0;
+  // Path of the chosen file or folder; empty when the user cancelled.
+  virtual std::string AskFile(const FileQuestion& question) = 0;
+  virtual std::string AskFolder(const std::string& prompt) = 0;
+  // Returns when the form, shown as a dialog, no longer shows.
+  virtual void RunModal(Form& form) = 0;
+
+  // Draws what changed and lets waiting events run once.
+  virtual void Paint() = 0;
+  virtual void PaintWait(const WaitScreen& wait) = 0;
+  virtual void SetBusy(bool busy) = 0;
+  virtual void Beep() = 0;
+
+  virtual DateTime Now() = 0;
+
+  // The per-user settings store; empty text for a setting that is not there.
+  virtual std::string Setting(const std::string& section, const std::string& key) = 0;
+  virtual void StoreSetting(const std::string& section, const std::string& key, const std::string& value) = 0;
+
+  // Folder of the program, with the template and the help beside it; and the user's own data folder.
+  virtual std::string ProgramFolder() = 0;
+  virtual std::string DataFolder() = 0;
+  virtual std::uint64_t FreeBytes(const std::string& folder) = 0;
+};
+
+}  // namespace merlu

@@ -1,0 +1,31 @@
+// The per-user settings, kept by the desktop's own means or in an ini file of one's choice; and the folders
+// of the program and of the user's data.
+#pragma once
+
+#include <memory>
+#include <string>
+
+class QSettings;
+
+namespace merlu {
+
+class SettingsStore {
+ public:
+  // An empty file means the user's own settings.
+  explicit SettingsStore(const std::string& file);
+  ~SettingsStore();
+
+  std::string Value(const std::string& section, const std::string& key) const;
+  void Store(const std::string& section, const std::string& key, const std::string& value);
+  QSettings& settings() { return *settings_; }
+
+ private:
+  std::unique_ptr<QSettings> settings_;
+};
+
+// Folder of the program's data: the template and the help. Beside the program in a build, in the share
+// folder of an installation.
+std::string ProgramFolder();
+std::string UserDataFolder();
+
+}  // namespace merlu

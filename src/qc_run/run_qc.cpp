@@ -1,0 +1,81 @@
+#include "qc_run/run_qc.h"
+
+#include "qc/qc_log.h"
+#include "qc_run/walks.h"
+#include "records/structure_record.h"
+#include "records/survey_record.h"
+#include "session/messages.h"
+#include "sheets/contract.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+void Dispatch(Session& s, QCLocation& location) {
+  if (location.Is(level::kSurvey)) {
+    RunSurveyQC(s, location);
+    LoadSurveyQCList(s);
+  } else if (location.Is(level::kStructure)) {
+    RunStructureQC(s, location, location);
+    LoadStructureQCList(s);
+  } else if (const SheetSpec* sheet = location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr) {
+    RunSheetQC(s, *sheet, location);
+    LoadQCList(s, *sheet);
+  }
+}
+
+void TellResult(Session& s, QCLocation& location, int count, bool silent) {
+  if (s.StructureInactive) {
+    if (!silent) Tell(s, "QC skipped for inactive Structure", Icon::kInfo);
+    return DelQCRecordsForStructMode(s, location);
+  }
+  if (s.EquipmentInactive) {
+    if (!silent) Tell(s, "QC skipped for inactive Equipment", Icon::kInfo);
+    return DelQCRecordsForEquipMode(s, location);
+  }
+  // a clean run of a record in one month wipes its findings of the mode in all other months too
+  if (count == 0 && location.Is(level::kStructure)) DelQCRecordsForStructMode(s, location);
+  if (count == 0 && location.Is(level::kEquipment)) DelQCRecordsForEquipMode(s, location);
+  if (count == 0 && !silent) Tell(s, "QC completed, no errors found", Icon::kInfo);
+  if (count > 0) Tell(s, "QC completed with " + std::to_string(count) + " errors found", Icon::kInfo);
+}
+
+void TellRunFault(Session& s, const Fault& fault) {
+  if (fault.number == fault_number::kNotSet)
+    return TellUnder(s, "Data Validation", "There is no data to QC", Icon::kWarning);
+  TellUnder(s, "Application Error", std::to_string(fault.number) + ": " + fault.description, Icon::kStop);
+}
+
+}  // namespace
+
+std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
+  const QCLocation saved = location;
+  int count = 0;
+  try {
+    const Busy busy(s);
+    ShowWait(s, "MERLU", "Running QC ...");
+    s.platform.Paint();
+    s.EquipmentInactive = s.StructureInactive = false;
+    if (location.Is(level::kUser)) {
+      HideWait(s);
+      return 0;
+    }
+    if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No database is open.");
+    {
+      WriteBatch batch(s.db);
+      Dispatch(s, location);
+      count = CountQCErrors(s, saved);
+      batch.Commit();
+    }
+    HideWait(s);
+  } catch (const Fault& fault) {
+    HideWait(s);
+    TellRunFault(s, fault);
+    return 0;
+  }
+  TellResult(s, location, count, silent);
+  s.current = saved;
+  return static_cast<std::int16_t>(count);
+}
+
+}  // namespace merlu

@@ -1,0 +1,23 @@
+// The walks of a QC run below the record that it was started at.
+#pragma once
+
+#include <string_view>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// A survey has no rules of its own: the structure runner for each of its active structures.
+void RunSurveyQC(Session& s, QCLocation& location);
+
+// The structure's rules and then its equipment, on the structure's screen. `started_at` is where the run
+// began: a run from above first loads the screen from the record. Sets StructureInactive when the screen
+// says so, and runs nothing then.
+void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_at);
+
+// The equipment runner for all equipment of one type on the structure at the location. In activity mode a
+// walk ends at once when the first row is inactive, equipment that was checked since its last save is left
+// out, and fugitives do not run.
+void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type);
+
+}  // namespace merlu

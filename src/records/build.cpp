@@ -1,0 +1,50 @@
+#include "records/build.h"
+
+namespace merlu {
+
+Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const Place& place) {
+  Control control;
+  control.kind = kind;
+  control.name = name;
+  control.caption = caption;
+  control.parent = place.parent;
+  control.page = place.page;
+  control.block = place.block;
+  return form.Add(std::move(control));
+}
+
+Control& PutLabel(Form& form, const std::string& name, const std::string& text, const Place& place) {
+  Control& label = Put(form, Kind::kLabel, name, text, place);
+  label.text = text;
+  return label;
+}
+
+void PutField(Form& form, const FieldSpec& spec, const Place& place) {
+  Control& field = Put(form, spec.kind, spec.control, spec.caption, place);
+  field.tag = spec.tag;
+  field.numeric = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed;
+  for (const Item& item : spec.items) field.items.push_back(item.text);
+}
+
+void PutResults(Form& form, const std::string& list, const std::string& button, const std::string& first_column,
+                const Place& place) {
+  Put(form, Kind::kListView, list, "QC Results", place).columns = {first_column, "Error Description",
+                                                                   "Operator Comment"};
+  Put(form, Kind::kButton, button, "Edit QC Comment", place);
+}
+
+void SetLocked(Control& field, bool locked) {
+  field.locked = locked;
+  field.back = locked ? Back::kFace : Back::kWindow;
+}
+
+void SetFrameTitle(Form& form, const std::string& frame, const std::string& title, bool editing) {
+  form.At(frame).caption = title;
+  form.At(frame).emphasis = editing;
+}
+
+void SetCaption(Form& form, const std::string& label, const std::string& text) {
+  form.At(label).caption = form.At(label).text = text;
+}
+
+}  // namespace merlu

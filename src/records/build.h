@@ -1,0 +1,32 @@
+// Putting controls on the sheets of the main window.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/form.h"
+#include "sheets/spec.h"
+
+namespace merlu {
+
+// Where the next controls stand.
+struct Place {
+  std::string parent;
+  int page = 0;
+  std::string block;
+};
+
+Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const Place& place);
+Control& PutLabel(Form& form, const std::string& name, const std::string& text, const Place& place);
+void PutField(Form& form, const FieldSpec& spec, const Place& place);
+// A results list with its button: columns First, "Error Description", "Operator Comment".
+void PutResults(Form& form, const std::string& list, const std::string& button, const std::string& first_column,
+                const Place& place);
+
+// Read-only, or editable, with the background that goes with it.
+void SetLocked(Control& field, bool locked);
+// The title of a sheet's frame, dark red while editing.
+void SetFrameTitle(Form& form, const std::string& frame, const std::string& title, bool editing);
+void SetCaption(Form& form, const std::string& label, const std::string& text);
+
+}  // namespace merlu

@@ -1,0 +1,190 @@
+#include "records/structure_record.h"
+
+#include "base/dates.h"
+#include "qc/qc_list.h"
+#include "records/build.h"
+#include "records/structure_fields.h"
+#include "session/messages.h"
+#include "session/records.h"
+#include "sheets/contract.h"
+#include "sheets/conversions.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kNoDate = "Date of Last QC:          ";
+constexpr const char* kStatus = "chkSTRUCTURE_Status";
+constexpr const char* kList = "lvwSTRUCTURE_QCResults";
+constexpr const char* kComments = "txtSTRUCTURE_Comments";
+
+bool InMode(const Session& s, const FieldSpec& field) { return (field.mode == In::kActv) == s.InActv(); }
+
+void ShowColumns(Session& s, In mode, Cursor& row) {
+  for (const FieldSpec& field : StructureFields())
+    if (field.mode == mode) ShowField(*s.main, field, row.Field(field.column));
+}
+
+void StoreColumns(Session& s, Cursor& row) {
+  for (const FieldSpec& field : StructureFields())
+    if (InMode(s, field) && field.stored != Stored::kNone) StoreField(row, field, s.main->At(field.control));
+}
+
+void ShowId(Session& s, const char* control, const char* column) {
+  s.main->At(control).text = NullToEmpty(s.At("PD_PLATFORM_DESC").Field(column));
+}
+
+}  // namespace
+
+void PutStructureSheet(Session& s, Form& main) {
+  Put(main, Kind::kFrame, "fraStructure", "Structure", {});
+  Put(main, Kind::kTab, "tabSTRUCTURE", "", {"fraStructure"}).items = {"General Information", "QC Results"};
+  main.At("tabSTRUCTURE").page_available = {true, true};
+  Put(main, Kind::kFrame, "fraStructureDescriptive", "", {"tabSTRUCTURE"});
+  Put(main, Kind::kFrame, "fraStructureActivity", "", {"tabSTRUCTURE"});
+  for (const FieldSpec& field : StructureFields())
+    PutField(main, field, {field.mode == In::kActv ? "fraStructureActivity" : "fraStructureDescriptive", 0, field.block});
+  main.At(kComments).lines = true;
+  Put(main, Kind::kFrame, "Frame1", "", {"fraStructureActivity"});
+  Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {"Frame1"});
+  PutLabel(main, "lblNoEmissions", "No Emissions to Report", {"fraStructure"}).visible = false;
+  PutLabel(main, "lblSTRUCTURE_QCDate", kNoDate, {"fraStructure"});
+  Put(main, Kind::kButton, "cmdSTRUCTURE_AddEquip", "New Equipment", {"tabSTRUCTURE"});
+  PutResults(main, kList, "cmdSTRUCTURE_EditQCComment", "Error Source", {"tabSTRUCTURE", 1});
+  main.On("cmbMinorSourceExempt", Event::kClick, [&s, &main] {
+    if (s.editing && main.At("cmbMinorSourceExempt").text == "No") SelectItem(main, "cmbMinorSourceExemptWhat", -1);
+  });
+}
+
+void ClearStructure(Session& s) {
+  Form& main = *s.main;
+  for (const FieldSpec& field : StructureFields()) {
+    Control& control = main.At(field.control);
+    control.text.clear();
+    control.index = -1;
+    control.tip.clear();
+  }
+  main.At(kStatus).checked = false;
+  main.At("lblNoEmissions").visible = false;
+  main.At("fraStructureDescriptive").visible = !s.InActv();
+  main.At("fraStructureActivity").visible = s.InActv();
+  SetCaption(main, "lblSTRUCTURE_QCDate", kNoDate);
+}
+
+void LoadStructure(Session& s) {
+  Plainly(s, [&] {
+    if (!FindStructureRecord(s)) return Tell(s, "Structure record not found");
+    ShowId(s, "txtSTRUCTURE_CmplxID", "CMPLX_ID_NUM");
+    ShowId(s, "txtSTRUCTURE_StructID", "STRUCT_NUM");
+    ShowColumns(s, In::kDesc, s.At("PD_PLATFORM_DESC"));
+    if (s.InActv()) {
+      Cursor& month = s.At("PA_PLATFORM_ACTV");
+      ShowColumns(s, In::kActv, month);
+      const bool inactive = NullToEmpty(month.Field("status")) == "I";
+      s.main->At(kStatus).checked = inactive;
+      s.main->At("lblNoEmissions").visible = inactive;
+    }
+    LoadStructureQCList(s);
+  });
+}
+
+void LockStructure(Session& s) {
+  Form& main = *s.main;
+  SetFrameTitle(main, "fraStructure", "Structure", false);
+  for (const FieldSpec& field : StructureFields()) SetLocked(main.At(field.control), true);
+  main.At("Frame1").visible = false;
+  main.At("lblNoEmissions").visible = s.InActv() && main.At(kStatus).checked;
+  main.At(kList).back = Back::kFace;
+  main.At("cmdSTRUCTURE_EditQCComment").enabled = false;
+}
+
+void UnlockStructure(Session& s) {
+  Form& main = *s.main;
+  SetFrameTitle(main, "fraStructure", "Structure - EDIT DATA", true);
+  for (const FieldSpec& field : StructureFields())
+    if (InMode(s, field) && field.stored != Stored::kNone && field.stored != Stored::kComputed)
+      SetLocked(main.At(field.control), false);
+  main.At("Frame1").visible = s.InActv();
+  main.At("lblNoEmissions").visible = false;
+  main.At(kList).back = Back::kWindow;
+  main.At("cmdSTRUCTURE_EditQCComment").enabled = true;
+  main.focus = s.InActv() ? "txtSTRUCTURE_ProdOil" : "txtSTRUCTURE_Area";
+}
+
+void SaveStructure(Session& s) {
+  const bool saved = Plainly(s, [&] {
+    WriteBatch batch(s.db);
+    if (!FindStructureRecord(s)) {
+      Tell(s, "Record not found");
+      s.save_failed = true;
+      return;
+    }
+    Cursor& row = s.At(s.InActv() ? "PA_PLATFORM_ACTV" : "PD_PLATFORM_DESC");
+    row.Edit();
+    StoreColumns(s, row);
+    if (s.InActv()) row.SetField("status", std::string(s.main->At(kStatus).checked ? "I" : "A"));
+    row.Update();
+    if (s.InActv()) PropagateStatus(s);
+    batch.Commit();
+  });
+  if (!saved) s.save_failed = true;
+}
+
+void LoadStructureQCList(Session& s) {
+  OnSheet(s, [&] {
+    Control& list = s.main->At(kList);
+    FillWithFindings(s, list, FindingsOfStructure(s.current));
+    AddEquipmentSummary(s, list, s.current);
+    if (!FindStructureRecord(s)) return;
+    const Value& date = s.InActv() ? s.At("PA_PLATFORM_ACTV").Field("PA_QC_DT") : s.At("PD_PLATFORM_DESC").Field("PD_QC_DT");
+    if (!IsNull(date)) SetCaption(*s.main, "lblSTRUCTURE_QCDate", QCDateText(date));
+  });
+}
+
+bool StructureExists(Session& s, const std::string& complex, const std::string& structure) {
+  return !IsNull(s.db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE STRUCT_NUM=? AND CMPLX_ID_NUM=?",
+                             {structure, complex}));
+}
+
+void NewStructureRows(Session& s, const NewStructure& structure) {
+  WriteBatch batch(s.db);
+  s.PD_ID_AK = NextPDId(s);
+  Cursor& description = s.At("PD_PLATFORM_DESC");
+  description.AddNew();
+  description.SetField("PD_ID_AK", s.PD_ID_AK);
+  description.SetField("RIMA_CO_NUM", s.current.UserID);
+  description.SetField("CMPLX_ID_NUM", structure.complex);
+  description.SetField("STRUCT_NUM", structure.structure);
+  description.SetField("Area", structure.area);
+  description.SetField("Block", structure.block);
+  description.SetField("Name", structure.name);
+  description.Update();
+  description.MoveLast();
+  description.MoveFirst();
+  MoveToPDRecord(s, s.PD_ID_AK);
+
+  std::int64_t key = NextSAId(s);
+  Cursor& activity = s.At("PA_PLATFORM_ACTV");
+  for (int month = 1; month <= s.last_month; ++month, ++key) {
+    activity.AddNew();
+    activity.SetField("PD_ID_AK", s.PD_ID_AK);
+    activity.SetField("SA_ID_AK", key);
+    activity.SetField("PA_YR", std::int64_t{s.year});
+    activity.SetField("PA_MO", std::int64_t{month});
+    activity.SetField("status", std::string("A"));
+    activity.Update();
+    s.SA_ID_AK = key;
+  }
+  batch.Commit();
+}
+
+void PropagateStatus(Session& s) {
+  // rows that have the status already are left alone, which spares writing the whole table
+  const std::string update =
+      "UPDATE EA_EQUIP_ACTV SET EA_STATUS=p.status FROM ED_EQUIP_DESC d JOIN PA_PLATFORM_ACTV p ON p.PD_ID_AK=d.PD_ID_AK "
+      "WHERE d.ED_ID_AK=EA_EQUIP_ACTV.ED_ID_AK AND p.PA_YR=EA_EQUIP_ACTV.EA_YR AND p.PA_MO=EA_EQUIP_ACTV.EA_MO AND "
+      "EA_EQUIP_ACTV.EA_STATUS IS NOT p.status AND EA_EQUIP_ACTV.EA_EQUIP_TYP";
+  s.db.Execute(update + "<>'FUG'");
+  s.db.Execute(update + "='FUG'");
+}
+
+}  // namespace merlu

@@ -1,0 +1,35 @@
+// A structure: a description, and its activity in each month. Edited on the sheet fraStructure, whose
+// fields change with the mode. In activity mode its status decides the status of all its equipment for the
+// month.
+#pragma once
+
+#include <string>
+
+#include "session/session.h"
+#include "sheets/spec.h"
+
+namespace merlu {
+
+void PutStructureSheet(Session& s, Form& main);
+
+void ClearStructure(Session& s);
+void LoadStructure(Session& s);
+void LockStructure(Session& s);
+void UnlockStructure(Session& s);
+void SaveStructure(Session& s);
+void LoadStructureQCList(Session& s);
+
+// The rules of the sheet, by group: fields, sales gas composition, retired findings.
+const std::vector<RuleGroup>& StructureRules();
+
+struct NewStructure {
+  std::string complex, structure, area, block, name;
+};
+bool StructureExists(Session& s, const std::string& complex, const std::string& structure);
+// Adds the description and a month's row for each month so far. Faults are passed on.
+void NewStructureRows(Session& s, const NewStructure& structure);
+
+// Gives every equipment of every structure the status of its structure, in all months.
+void PropagateStatus(Session& s);
+
+}  // namespace merlu

@@ -1,0 +1,108 @@
+#include "records/survey_record.h"
+
+#include "qc/qc_list.h"
+#include "records/build.h"
+#include "session/messages.h"
+#include "session/records.h"
+#include "session/types.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kList = "lvwSURVEY_QCResults";
+constexpr const char* kRelationships = "lvwSURVEY_Relationships";
+constexpr const char* kButton = "cmdSURVEY_EditQCComment";
+
+void SetListsEnabled(Form& main, bool enabled) {
+  for (const char* list : {kList, kRelationships}) {
+    main.At(list).enabled = enabled;
+    main.At(list).back = enabled ? Back::kWindow : Back::kFace;
+  }
+  main.At(kButton).enabled = enabled;
+}
+
+// A row of the month for every structure; the first key stays unused. Returns the last key.
+std::int64_t AddStructureMonths(Session& s, int month) {
+  const std::int64_t key = NextSAId(s);
+  const int added = s.db.Execute(
+      "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) "
+      "SELECT ?+ROW_NUMBER() OVER (ORDER BY PD_ID_AK),PD_ID_AK,?,?,'A' FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK",
+      {key, std::int64_t{month}, std::int64_t{s.year}});
+  return added > 0 ? key + added : 0;
+}
+
+// The same for every equipment, with the row of its type. Without any activity so far nothing is added.
+void AddEquipmentMonths(Session& s, int month) {
+  const std::int64_t key = MaxEAId(s);
+  if (key == 0) return;
+  s.db.Execute(
+      "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) "
+      "SELECT ?+ROW_NUMBER() OVER (ORDER BY ED_ID_AK),ED_ID_AK,?,?,ED_EQUIP_TYP FROM ED_EQUIP_DESC ORDER BY ED_ID_AK",
+      {key, std::int64_t{s.year}, std::int64_t{month}});
+  for (const EquipmentType& type : EquipmentTypes()) {
+    if (!type.has_activity) continue;
+    s.db.Execute("INSERT INTO EA_" + std::string(type.code) +
+                     " (EA_ID_AK) SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_ID_AK>? AND EA_EQUIP_TYP=? ORDER BY EA_ID_AK",
+                 {key, std::string(type.code)});
+  }
+}
+
+}  // namespace
+
+void PutSurveySheet(Form& main) {
+  Put(main, Kind::kFrame, "fraSurvey", "Survey", {});
+  Put(main, Kind::kTab, "tabSURVEY", "", {"fraSurvey"}).items = {"QC Results"};
+  main.At("tabSURVEY").page_available = {true};
+  PutResults(main, kList, kButton, "Field Name", {"tabSURVEY"});
+  // relations between structures are not edited in this version
+  Put(main, Kind::kListView, kRelationships, "Relationships", {"tabSURVEY"}).visible = false;
+  Put(main, Kind::kButton, "cmdEditRelationship", "Edit Relationship", {"tabSURVEY"}).visible = false;
+}
+
+void ClearSurvey(Session& s) {
+  s.main->At(kList).rows.clear();
+  s.main->At(kList).picked.clear();
+}
+
+void LoadSurvey(Session& s) { LoadSurveyQCList(s); }
+
+void LockSurvey(Session& s) {
+  SetFrameTitle(*s.main, "fraSurvey", "Survey", false);
+  SetListsEnabled(*s.main, false);
+}
+
+void UnlockSurvey(Session& s) {
+  Form& main = *s.main;
+  SetFrameTitle(main, "fraSurvey", "Survey - EDIT DATA", true);
+  SetListsEnabled(main, true);
+  const auto& rows = main.At(kRelationships).rows;
+  main.At("cmdEditRelationship").enabled = rows.empty() || rows.front().front() != "No structures yet";
+  main.focus = kList;
+}
+
+void LoadSurveyQCList(Session& s) {
+  OnSheet(s, [&] {
+    Control& list = s.main->At(kList);
+    FillWithFindings(s, list, FindingsOfSurvey(s.current));
+    AddStructureSummary(s, list, s.current);
+  });
+}
+
+void AddMonthRows(Session& s) {
+  WriteBatch batch(s.db);
+  const int month = s.last_month + 1;
+  const std::int64_t last_key = AddStructureMonths(s, month);
+  AddEquipmentMonths(s, month);
+  if (s.PD_ID_AK != 0 && last_key != 0) {
+    MoveToPDRecord(s, s.PD_ID_AK);
+    MoveToPARecord(s, last_key);
+  }
+  Cursor& config = s.At("SYS_CONFIG");
+  config.Edit();
+  config.SetField("SYS_MAX_MO", std::int64_t{month});
+  config.Update();
+  batch.Commit();
+  s.last_month = month;
+}
+
+}  // namespace merlu

@@ -1,0 +1,20 @@
+// A survey: one month of the inventory year. It has no row of its own; it exists as SYS_MAX_MO and as the
+// activity rows of the month. Months are added one at a time, in order, for everything at once.
+#pragma once
+
+#include "session/session.h"
+
+namespace merlu {
+
+void PutSurveySheet(Form& main);
+void ClearSurvey(Session& s);
+void LoadSurvey(Session& s);
+void LockSurvey(Session& s);
+void UnlockSurvey(Session& s);
+void LoadSurveyQCList(Session& s);
+
+// Adds the rows of the next month for every structure and equipment, and raises SYS_MAX_MO. Structure
+// months leave one key unused at every run. Faults are passed on.
+void AddMonthRows(Session& s);
+
+}  // namespace merlu

@@ -1,0 +1,201 @@
+// The commands of a script.
+#include <algorithm>
+#include <charconv>
+
+#include "base/text.h"
+#include "forms/desk.h"
+#include "script/player.h"
+#include "shell/main_program.h"
+#include "shell/routing.h"
+
+namespace merlu {
+namespace {
+
+const Button kButtons[] = {Button::kOK, Button::kCancel, Button::kYes, Button::kNo, Button::kRetry};
+
+std::optional<int> WholeNumber(const std::string& text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+bool IsSheet(const Session& s, const Form& form) { return &form != s.main && !form.modal; }
+
+}  // namespace
+
+struct Player::Command {
+  const char* name;
+  std::size_t least, most;  // words behind the name
+  void (Player::*run)(const Words&);
+};
+
+const std::vector<Player::Command>& Player::Commands() {
+  constexpr std::size_t kAny = 1000000;
+  static const std::vector<Command> commands = {
+      {"start", 0, 1, &Player::Start},       {"answer", 1, kAny, &Player::Answer},
+      {"file", 1, kAny, &Player::File},      {"tree", 0, 0, &Player::ListTree},
+      {"select", 1, 1, &Player::Select},     {"click", 1, 1, &Player::Click},
+      {"dblclick", 1, 1, &Player::DoubleClick}, {"set", 2, 2, &Player::Set},
+      {"pick", 1, kAny, &Player::Pick},      {"get", 1, 1, &Player::Get},
+      {"controls", 0, 1, &Player::Controls}, {"forms", 0, 0, &Player::Forms},
+      {"session", 0, 0, &Player::ShowSession}, {"sql", 1, 1, &Player::Sql},
+      {"clock", 1, 1, &Player::Clock},       {"close", 0, 0, &Player::Close},
+  };
+  return commands;
+}
+
+void Player::Dispatch(const Words& words) {
+  const auto& commands = Commands();
+  const auto command = std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return words.front() == c.name; });
+  if (command == commands.end()) Fail("unknown command " + words.front());
+  const std::size_t count = words.size() - 1;
+  if (count < command->least || count > command->most) Fail(std::string(command->name) + " takes other words than these");
+  (this->*command->run)(words);
+}
+
+std::pair<Form*, Control*> Player::Look(const std::string& name) {
+  Desk& desk = session_.desk;
+  std::vector<Form*> order;
+  if (Form* dialog = desk.Dialog()) order.push_back(dialog);
+  for (auto at = desk.showing.rbegin(); at != desk.showing.rend(); ++at)
+    if (IsSheet(session_, **at)) order.push_back(*at);
+  if (session_.main != nullptr) order.push_back(session_.main);
+  for (const auto& form : desk.forms) order.push_back(form.get());
+  for (Form* form : order)
+    if (Control* control = form->Find(name)) return {form, control};
+  Fail("unknown control " + name);
+}
+
+void Player::Start(const Words& words) {
+  if (session_.desk.Dialog() != nullptr) Fail("a dialog is open");
+  if (session_.editing) Fail("an edit is open");
+  if (words.size() > 1) settings_.Store(kSettingSection, kSettingPath, words[1]);
+  if (session_.main != nullptr && !session_.ended) CloseMainWindow(session_);
+  Main(session_);
+}
+
+void Player::Answer(const Words& words) {
+  std::vector<Button> queued;
+  for (auto word = words.begin() + 1; word != words.end(); ++word) {
+    const auto* button = std::find_if(std::begin(kButtons), std::end(kButtons), [&](Button b) { return ButtonName(b) == *word; });
+    if (button == std::end(kButtons)) Fail("unknown answer " + *word);
+    queued.push_back(*button);
+  }
+  answers_.insert(answers_.end(), queued.begin(), queued.end());
+}
+
+void Player::File(const Words& words) { files_.insert(files_.end(), words.begin() + 1, words.end()); }
+
+void Player::ListTree(const Words&) { reply_.extra["nodes"] = TreeJson(session_.tree); }
+
+void Player::Select(const Words& words) {
+  const auto [form, tree] = Look("tvwTree");
+  Done("tvwTree", WhyNot(session_.desk, *form, *tree, true));
+  const int node = session_.tree.Find(words[1]);
+  if (node < 0) Fail("unknown node \"" + words[1] + "\"");
+  ClickNode(session_, node);
+}
+
+void Player::Click(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  Done(control->name, act::Click(session_.desk, *form, control->name));
+}
+
+void Player::DoubleClick(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  if (control->kind != Kind::kListView) Fail(control->name + " is not a list");
+  Done(control->name, act::DoubleClick(session_.desk, *form, control->name));
+}
+
+void Player::SetPage(Form& form, Control& tab, const std::string& value) {
+  const auto caption = std::find(tab.items.begin(), tab.items.end(), value);
+  const std::optional<int> number = WholeNumber(value);
+  if (caption == tab.items.end() && !number) Fail(tab.name + " has no page \"" + value + "\"");
+  const int page = caption != tab.items.end() ? static_cast<int>(caption - tab.items.begin()) : *number;
+  Done(tab.name, act::Page(session_.desk, form, tab.name, page));
+}
+
+void Player::Set(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  const std::string name = control->name;
+  const std::string& value = words[2];
+  Desk& desk = session_.desk;
+  switch (control->kind) {
+    case Kind::kText:
+    case Kind::kMasked:
+    case Kind::kList:
+      Done(name, WhyNot(desk, *form, *control, true));
+      act::GotFocus(desk, *form, name);
+      Done(name, control->kind == Kind::kList ? act::Choose(desk, *form, name, value) : act::Type(desk, *form, name, value));
+      act::LostFocus(desk, *form, name);
+      return;
+    case Kind::kCheck:
+      if (value != "on" && value != "off") Fail(name + " takes on or off");
+      return Done(name, act::Check(desk, *form, name, value == "on"));
+    case Kind::kTab: return SetPage(*form, *control, value);
+    default: Fail(name + " cannot be set");
+  }
+}
+
+void Player::Pick(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  if (control->kind != Kind::kListView) Fail(control->name + " is not a list");
+  std::vector<int> rows;
+  for (std::size_t i = 2; i < words.size(); ++i) {
+    const std::optional<int> row = WholeNumber(words[i]);
+    if (!row) Fail("no row number: " + words[i]);
+    rows.push_back(*row);
+  }
+  Done(control->name, act::Pick(session_.desk, *form, control->name, rows));
+}
+
+void Player::Get(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  if (!form->loaded) Fail(control->name + " is not on the screen");
+  reply_.extra["control"] = ControlJson(*form, *control);
+}
+
+void Player::Controls(const Words& words) {
+  Desk& desk = session_.desk;
+  const Form* form = words.size() > 1 ? desk.Find(words[1]) : desk.showing.empty() ? nullptr : desk.showing.back();
+  if (form == nullptr || !form->loaded) Fail(words.size() > 1 ? "unknown form " + words[1] : "no form is showing");
+  Json list = Json::array();
+  for (const Control& control : form->controls()) list.push_back(ControlJson(*form, control));
+  reply_.extra["controls"] = list;
+}
+
+void Player::Forms(const Words&) {
+  Json names = Json::array();
+  for (const Form* form : session_.desk.showing) names.push_back(form->name());
+  reply_.extra["top"] = names.empty() ? Json("") : names.back();
+  reply_.extra["forms"] = names;
+}
+
+void Player::ShowSession(const Words&) { AddSession(reply_.extra, session_); }
+
+void Player::Sql(const Words& words) {
+  const Rows result = session_.db.ReadOnlyQuery(words[1]);
+  Json rows = Json::array();
+  for (const Values& values : result.rows) {
+    Json row = Json::array();
+    for (const Value& value : values) row.push_back(ValueJson(value));
+    rows.push_back(row);
+  }
+  reply_.extra["columns"] = result.columns;
+  reply_.extra["rows"] = rows;
+}
+
+void Player::Clock(const Words& words) {
+  const std::optional<DateTime> date = ParseDate(words[1]);
+  if (!date) Fail("no date and time: " + words[1]);
+  clock_ = date;
+}
+
+void Player::Close(const Words&) {
+  if (session_.main == nullptr || !session_.main->visible) Fail("no window is open");
+  if (session_.desk.Dialog() != nullptr) Fail("frmMain is not on the screen");
+  CloseMainWindow(session_);
+}
+
+}  // namespace merlu

@@ -1,0 +1,152 @@
+#include "script/player.h"
+
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <istream>
+#include <ostream>
+
+#include "base/fault.h"
+#include "base/text.h"
+#include "script/words.h"
+#include "shell/dialogs.h"
+#include "shell/main_program.h"
+
+namespace merlu {
+namespace {
+
+// A command that could not be done; its text says why.
+struct Refused {
+  std::string why;
+};
+
+bool IsSkipped(const std::string& line) {
+  const auto first = line.find_first_not_of(" \t\r");
+  return first == std::string::npos || line[first] == '#';
+}
+
+}  // namespace
+
+Player::Player(std::istream& in, std::ostream& out, const PlayOptions& options)
+    : in_(in), out_(out), stop_on_error_(options.stop_on_error), settings_(options.settings_file), clock_(options.clock) {}
+
+int Player::Run() {
+  while (Next()) {
+    Carry();
+    Emit();
+  }
+  at_end_ = true;
+  if (session_.main != nullptr && !session_.ended) CloseMainWindow(session_);
+  return failed_ ? 1 : 0;
+}
+
+bool Player::Next() {
+  if (at_end_ || (stop_on_error_ && failed_)) return false;
+  std::string line;
+  do {
+    if (!std::getline(in_, line)) return false;
+  } while (IsSkipped(line));
+  if (line.ends_with('\r')) line.pop_back();
+  reply_ = Reply();
+  reply_.line = line;
+  ++count_;
+  return true;
+}
+
+void Player::Carry() {
+  CloseSplash(session_);
+  try {
+    const auto words = SplitWords(reply_.line);
+    if (!words) Fail("a quote is not closed");
+    Dispatch(*words);
+  } catch (const Refused& refused) {
+    reply_.ok = false;
+    if (reply_.error.empty()) reply_.error = refused.why;
+  } catch (const Fault& fault) {
+    reply_.ok = false;
+    reply_.error = fault.description;
+  }
+}
+
+void Player::Emit() {
+  Json answer = {{"n", count_}, {"cmd", reply_.line}, {"ok", reply_.ok}};
+  if (!reply_.ok) answer["error"] = reply_.error;
+  if (!reply_.modal.empty()) answer["modal"] = reply_.modal;
+  answer.update(reply_.extra);
+  answer["boxes"] = reply_.boxes;
+  out_ << Line(answer) << std::endl;
+  failed_ = failed_ || !reply_.ok;
+}
+
+void Player::Fail(const std::string& why) { throw Refused{why}; }
+
+void Player::Done(const std::string& name, const std::string& refusal) {
+  if (!refusal.empty()) Fail(name + " " + refusal);
+}
+
+Button Player::Ask(const Box& box) {
+  Button answer = box.buttons.front();
+  if (box.buttons.size() > 1) {
+    const bool queued = !answers_.empty() &&
+                        std::find(box.buttons.begin(), box.buttons.end(), answers_.front()) != box.buttons.end();
+    answer = queued ? answers_.front() : LeastChange(box);
+    if (!answers_.empty()) answers_.pop_front();
+    if (!queued) {
+      reply_.ok = false;
+      if (reply_.error.empty()) reply_.error = "unanswered box: " + box.text;
+    }
+  }
+  reply_.boxes.push_back(BoxJson(box, answer));
+  return answer;
+}
+
+std::string Player::NextFile() {
+  if (files_.empty()) return "";
+  std::string path = std::move(files_.front());
+  files_.pop_front();
+  return path;
+}
+
+std::string Player::AskFile(const FileQuestion&) { return NextFile(); }
+std::string Player::AskFolder(const std::string&) { return NextFile(); }
+
+void Player::RunModal(Form& form) {
+  reply_.modal = form.name();
+  Emit();
+  while (form.visible) {
+    if (!Next()) {
+      at_end_ = true;
+      if (!form.cancel_button.empty()) form.Raise(form.cancel_button, Event::kClick);
+      session_.desk.Hide(form);
+      return;
+    }
+    Carry();
+    // the command that closed the dialog answers when the opener has done the rest
+    if (form.visible) Emit();
+  }
+}
+
+DateTime Player::Now() {
+  if (clock_) return *clock_;
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+  localtime_r(&now, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+}
+
+std::string Player::Setting(const std::string& section, const std::string& key) { return settings_.Value(section, key); }
+
+void Player::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
+  settings_.Store(section, key, value);
+}
+
+std::string Player::ProgramFolder() { return merlu::ProgramFolder(); }
+std::string Player::DataFolder() { return UserDataFolder(); }
+
+std::uint64_t Player::FreeBytes(const std::string& folder) {
+  std::error_code error;
+  const auto space = std::filesystem::space(folder, error);
+  return error ? 0 : space.available;
+}
+
+}  // namespace merlu

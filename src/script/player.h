@@ -1,0 +1,108 @@
+// Plays commands on the screens without a window.
+#pragma once
+
+#include <deque>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/platform.h"
+#include "host/settings_store.h"
+#include "script/json_views.h"
+#include "session/session.h"
+
+namespace merlu {
+
+struct PlayOptions {
+  std::string settings_file;       // empty: the user's own
+  std::optional<DateTime> clock;   // empty: the real one
+  bool stop_on_error = false;
+};
+
+// The platform of a script: boxes and dialogs are answered from queues, nothing is painted. A dialog runs
+// the commands that follow until it closes.
+class Player : public Platform {
+ public:
+  Player(std::istream& in, std::ostream& out, const PlayOptions& options);
+
+  // Plays all commands; 0 when every one could be done, otherwise 1.
+  int Run();
+
+  Session& session() { return session_; }
+
+  Button Ask(const Box& box) override;
+  std::string AskFile(const FileQuestion& question) override;
+  std::string AskFolder(const std::string& prompt) override;
+  void RunModal(Form& form) override;
+  void Paint() override {}
+  void PaintWait(const WaitScreen&) override {}
+  void SetBusy(bool) override {}
+  void Beep() override {}
+  DateTime Now() override;
+  std::string Setting(const std::string& section, const std::string& key) override;
+  void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
+  std::string ProgramFolder() override;
+  std::string DataFolder() override;
+  std::uint64_t FreeBytes(const std::string& folder) override;
+
+ private:
+  using Words = std::vector<std::string>;
+  struct Command;
+  static const std::vector<Command>& Commands();
+
+  // Reads the next command into the reply; false at the end of the input.
+  bool Next();
+  void Carry();
+  void Emit();
+  void Dispatch(const Words& words);
+  [[noreturn]] void Fail(const std::string& why);
+  std::string NextFile();
+
+  // A control by its name, as the script finds it; fails for an unknown one.
+  std::pair<Form*, Control*> Look(const std::string& name);
+  // Fails with the control's name in front when an act was refused.
+  void Done(const std::string& name, const std::string& refusal);
+
+  void Start(const Words& words);
+  void Answer(const Words& words);
+  void File(const Words& words);
+  void ListTree(const Words& words);
+  void Select(const Words& words);
+  void Click(const Words& words);
+  void DoubleClick(const Words& words);
+  void Set(const Words& words);
+  void SetPage(Form& form, Control& tab, const std::string& value);
+  void Pick(const Words& words);
+  void Get(const Words& words);
+  void Controls(const Words& words);
+  void Forms(const Words& words);
+  void ShowSession(const Words& words);
+  void Sql(const Words& words);
+  void Clock(const Words& words);
+  void Close(const Words& words);
+
+  std::istream& in_;
+  std::ostream& out_;
+  bool stop_on_error_;
+  SettingsStore settings_;
+  std::optional<DateTime> clock_;
+  Session session_{*this};
+  std::deque<Button> answers_;
+  std::deque<std::string> files_;
+
+  struct Reply {
+    std::string line;
+    bool ok = true;
+    std::string error;
+    std::string modal;
+    Json extra = Json::object();
+    Json boxes = Json::array();
+  };
+  Reply reply_;
+  int count_ = 0;
+  bool failed_ = false;
+  bool at_end_ = false;
+};
+
+}  // namespace merlu

@@ -1,0 +1,40 @@
+#include "session/messages.h"
+
+namespace merlu {
+
+void TellUnder(Session& s, const std::string& title, const std::string& text, Icon icon) {
+  s.platform.Ask({text, title, icon, {Button::kOK}});
+}
+
+void Tell(Session& s, const std::string& text, Icon icon) { TellUnder(s, s.title, text, icon); }
+
+Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon) {
+  return s.platform.Ask({text, s.title, icon, std::move(buttons)});
+}
+
+void TellFault(Session& s, const Fault& fault) { Tell(s, fault.description + " " + std::to_string(fault.number)); }
+
+void TellFaultNumberFirst(Session& s, const Fault& fault) {
+  Tell(s, std::to_string(fault.number) + " " + fault.description);
+}
+
+void ShowWait(Session& s, const std::string& title, const std::string& text) {
+  s.wait = {true, title, text, 0, 0};
+  s.platform.PaintWait(s.wait);
+}
+
+void Progress(Session& s, const std::string& text, int done, int total) {
+  if (!s.wait.showing) return;
+  s.wait.text = text;
+  s.wait.done = done;
+  s.wait.total = total;
+  s.platform.PaintWait(s.wait);
+}
+
+void HideWait(Session& s) {
+  if (!s.wait.showing) return;
+  s.wait.showing = false;
+  s.platform.PaintWait(s.wait);
+}
+
+}  // namespace merlu

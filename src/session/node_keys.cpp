@@ -1,0 +1,111 @@
+#include "session/node_keys.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace merlu {
+namespace {
+
+// Cuts a key field by field.
+class Cutter {
+ public:
+  explicit Cutter(const std::string& key) : key_(key) {}
+  std::string Text(std::size_t width) { return Trim(Next(width)); }
+  int Number(std::size_t width) { return static_cast<int>(LeadingNumber(Next(width))); }
+
+ private:
+  std::string Next(std::size_t width) {
+    const std::string field = FirstCharacters(key_.substr(at_), width);
+    at_ += field.size();
+    return field;
+  }
+  const std::string& key_;
+  std::size_t at_ = 1;  // behind the letter
+};
+
+void CutStructure(Cutter& cut, QCLocation& location) {
+  location.CmplxID = cut.Text(7);
+  location.StructID = cut.Text(2);
+}
+
+void CutEquipment(Cutter& cut, QCLocation& location) {
+  location.EquipType = cut.Text(3);
+  location.EquipID = cut.Text(8);
+}
+
+}  // namespace
+
+std::string UserKey(std::string_view user) { return "K" + PadLeft(LastCharacters(user, 5), 5); }
+
+std::string SurveyKey(std::string_view user, int month, int year) {
+  return UserKey(user) + PadLeft(std::to_string(month), 2) + PadLeft(std::to_string(year), 4);
+}
+
+std::string StructureMonthKey(std::string_view user, int month, int year, std::string_view complex,
+                              std::string_view structure) {
+  return SurveyKey(user, month, year) + PadLeft(complex, 7) + PadLeft(structure, 2);
+}
+
+std::string StructureKey(std::string_view user, std::string_view complex, std::string_view structure) {
+  return UserKey(user) + PadLeft(complex, 7) + PadLeft(structure, 2);
+}
+
+std::string EquipmentSuffix(std::string_view type, std::string_view id) { return PadLeft(type, 3) + PadLeft(id, 8); }
+
+std::string KeyOf(const QCLocation& l, Mode mode) {
+  const bool activity = mode == Mode::kActv;
+  if (l.Is(level::kUser)) return UserKey(l.UserID);
+  if (l.Is(level::kSurvey)) return SurveyKey(l.UserID, l.Month, l.Year);
+  const std::string structure = activity ? StructureMonthKey(l.UserID, l.Month, l.Year, l.CmplxID, l.StructID)
+                                         : StructureKey(l.UserID, l.CmplxID, l.StructID);
+  if (l.Is(level::kStructure)) return structure;
+  if (l.Is(level::kEquipment)) return structure + EquipmentSuffix(l.EquipType, l.EquipID);
+  return "";
+}
+
+QCLocation ParseNodeKey(const std::string& key) {
+  QCLocation location;
+  location.Level = level::kUnknown;
+  const std::size_t length = CountCharacters(key);
+  if (length != kUserKeyLength && length != kSurveyKeyLength && length != kStructureMonthKeyLength &&
+      length != kEquipmentMonthKeyLength)
+    return location;
+  Cutter cut(key);
+  location.Level = level::kUser;
+  location.UserID = cut.Text(5);
+  if (length >= kSurveyKeyLength) {
+    location.Level = level::kSurvey;
+    location.Month = cut.Number(2);
+    location.Year = cut.Number(4);
+  }
+  if (length >= kStructureMonthKeyLength) {
+    location.Level = level::kStructure;
+    CutStructure(cut, location);
+  }
+  if (length >= kEquipmentMonthKeyLength) {
+    location.Level = level::kEquipment;
+    CutEquipment(cut, location);
+  }
+  return location;
+}
+
+QCLocation ParseDescNodeKey(const std::string& key) {
+  QCLocation location;
+  location.Level = level::kUnknown;
+  const std::size_t length = CountCharacters(key);
+  if (length != kUserKeyLength && length != kStructureKeyLength && length != kEquipmentKeyLength) return location;
+  Cutter cut(key);
+  location.Level = level::kUser;
+  location.UserID = cut.Text(5);
+  if (length >= kStructureKeyLength) {
+    location.Level = level::kStructure;
+    CutStructure(cut, location);
+  }
+  if (length >= kEquipmentKeyLength) {
+    location.Level = level::kEquipment;
+    CutEquipment(cut, location);
+  }
+  return location;
+}
+
+}  // namespace merlu

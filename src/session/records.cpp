@@ -1,0 +1,114 @@
+#include "session/records.h"
+
+#include <string>
+
+#include "base/text.h"
+#include "session/messages.h"
+
+namespace merlu {
+namespace {
+
+bool StandsOn(Cursor& cursor, std::string_view column, std::int64_t id) {
+  return cursor.HasRow() && ToInteger(cursor.Field(column)) == id;
+}
+
+// Brings the cursor to the row with that key, without a find when it stands there.
+bool Bring(Session& s, std::string_view table, std::string_view column, std::int64_t id) {
+  Cursor& cursor = s.At(table);
+  return StandsOn(cursor, column, id) || cursor.FindFirst({{column, id}});
+}
+
+bool MoveTo(Session& s, std::string_view table, std::string_view column, std::int64_t id, std::int64_t& current,
+            const char* what) {
+  bool found = false;
+  Plainly(s, [&] {
+    found = Bring(s, table, column, id);
+    if (found)
+      current = id;
+    else
+      Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
+  });
+  return found;
+}
+
+std::int64_t Highest(Session& s, std::string_view sql) {
+  std::int64_t highest = 0;
+  Plainly(s, [&] { highest = ToInteger(s.db.Single(sql)); });
+  return highest;
+}
+
+// Maximum plus 1, and 1 in an empty table; 0 after a fault.
+std::int64_t Next(Session& s, std::string_view sql) {
+  std::int64_t next = 0;
+  Plainly(s, [&] { next = ToInteger(s.db.Single(sql)) + 1; });
+  return next;
+}
+
+}  // namespace
+
+bool MoveToPDRecord(Session& s, std::int64_t id) {
+  return MoveTo(s, "PD_PLATFORM_DESC", "PD_ID_AK", id, s.PD_ID_AK, "Platform Desc");
+}
+
+bool MoveToPARecord(Session& s, std::int64_t id) {
+  return MoveTo(s, "PA_PLATFORM_ACTV", "SA_ID_AK", id, s.SA_ID_AK, "Platform Actv");
+}
+
+bool MoveToEDRecord(Session& s, std::int64_t id) {
+  return MoveTo(s, "ED_EQUIP_DESC", "ED_ID_AK", id, s.ED_ID_AK, "Equip Desc");
+}
+
+bool MoveToEARecord(Session& s, std::int64_t id) {
+  return MoveTo(s, "EA_EQUIP_ACTV", "EA_ID_AK", id, s.EA_ID_AK, "Equip Activity");
+}
+
+bool MoveToPAActvRecordByMo(Session& s, std::int64_t id, int month, int year) {
+  bool found = false;
+  Plainly(s, [&] {
+    Cursor& pa = s.At("PA_PLATFORM_ACTV");
+    found = (StandsOn(pa, "PD_ID_AK", id) && ToInteger(pa.Field("PA_MO")) == month &&
+             ToInteger(pa.Field("PA_YR")) == year) ||
+            pa.FindFirst({{"PD_ID_AK", id}, {"PA_MO", std::int64_t{month}}, {"PA_YR", std::int64_t{year}}});
+    if (found)
+      s.SA_ID_AK = ToInteger(pa.Field("SA_ID_AK"));
+    else
+      Tell(s, "Platform Actv ID " + std::to_string(id) + " not found in MoveToPAActvRecordByMo!");
+  });
+  return found;
+}
+
+bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed_table, std::string_view ea_table) {
+  if (s.InActv()) {
+    if (!Bring(s, "EA_EQUIP_ACTV", "EA_ID_AK", s.EA_ID_AK)) return false;
+    if (!ea_table.empty() && !Bring(s, ea_table, "EA_ID_AK", s.EA_ID_AK)) return false;
+    s.ED_ID_AK = ToInteger(s.At("EA_EQUIP_ACTV").Field("ED_ID_AK"));
+  }
+  Cursor& ed = s.At("ED_EQUIP_DESC");
+  if (!StandsOn(ed, "ED_ID_AK", s.ED_ID_AK) && ed.RecordCount() == 0) Tell(s, "EquipDesc is empty");
+  if (!Bring(s, "ED_EQUIP_DESC", "ED_ID_AK", s.ED_ID_AK)) return false;
+  if (!Bring(s, ed_table, "ED_ID_AK", s.ED_ID_AK)) return false;
+  const std::int64_t structure = ToInteger(ed.Field("PD_ID_AK"));
+  if (!MoveToPDRecord(s, structure)) return false;
+  if (s.InActv() && !ea_table.empty()) return MoveToPAActvRecordByMo(s, structure, location.Month, location.Year);
+  return true;
+}
+
+bool FindStructureRecord(Session& s) {
+  if (s.InActv()) {
+    if (!Bring(s, "PA_PLATFORM_ACTV", "SA_ID_AK", s.SA_ID_AK)) return false;
+    s.PD_ID_AK = ToInteger(s.At("PA_PLATFORM_ACTV").Field("PD_ID_AK"));
+  }
+  return Bring(s, "PD_PLATFORM_DESC", "PD_ID_AK", s.PD_ID_AK);
+}
+
+bool FindOperatorRecord(Session& s) {
+  return s.At("CO_COMPANY").FindFirst({{"RIMA_CO_NUM", Trim(s.current.UserID)}});
+}
+
+std::int64_t NextPDId(Session& s) { return Next(s, "SELECT MAX(PD_ID_AK) AS PD from PD_PLATFORM_DESC;"); }
+std::int64_t NextSAId(Session& s) { return Next(s, "SELECT MAX(SA_ID_AK) AS PA from PA_PLATFORM_ACTV;"); }
+std::int64_t NextEDId(Session& s) { return Next(s, "SELECT MAX(ED_ID_AK) AS ED from ED_EQUIP_DESC;"); }
+std::int64_t MaxEAId(Session& s) { return Highest(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;"); }
+std::int64_t NextEAId(Session& s) { return Next(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;"); }
+
+}  // namespace merlu

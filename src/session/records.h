@@ -1,0 +1,37 @@
+// Finding the rows of the hierarchy, and the keys of new ones. The session's current keys are kept in step
+// with the rows that the cursors stand on.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Each moves its cursor to the row and sets the session's current key. When the cursor stands on the row
+// already nothing moves. Without the row: a message ("Platform Desc ID 7 not found!"), false, and no
+// current row. A fault goes to the plain handler, and the result is false.
+bool MoveToPDRecord(Session& s, std::int64_t PD_ID_AK);
+bool MoveToPARecord(Session& s, std::int64_t SA_ID_AK);
+bool MoveToPAActvRecordByMo(Session& s, std::int64_t PD_ID_AK, int month, int year);
+bool MoveToEDRecord(Session& s, std::int64_t ED_ID_AK);
+bool MoveToEARecord(Session& s, std::int64_t EA_ID_AK);
+
+// Brings all rows of the current equipment into place: the master rows, the type's rows (`ed_table`,
+// `ea_table`; no ea_table for fugitives), the structure's row and, in activity mode, its month. False when
+// one is missing.
+bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed_table, std::string_view ea_table);
+// The current structure's rows: the description and, in activity mode, the month by its key.
+bool FindStructureRecord(Session& s);
+bool FindOperatorRecord(Session& s);
+
+// Keys are the highest in use plus 1. MaxEAId is the highest itself, for callers that add 1 before each row.
+// A fault goes to the plain handler, and the result is 0.
+std::int64_t NextPDId(Session& s);
+std::int64_t NextSAId(Session& s);
+std::int64_t NextEDId(Session& s);
+std::int64_t MaxEAId(Session& s);
+std::int64_t NextEAId(Session& s);
+
+}  // namespace merlu

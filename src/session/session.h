@@ -1,0 +1,92 @@
+// The state of one run, in plain records. Made in main, so that a test can hold two. Nothing here decides
+// anything: procedures of the units take the session first.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/desk.h"
+#include "forms/platform.h"
+#include "session/location.h"
+#include "session/tree.h"
+#include "store/cursor.h"
+#include "store/database.h"
+
+namespace merlu {
+
+// The long-lived cursors, one per table, open as long as the database is.
+class Cursors {
+ public:
+  // kNotSet when the cursor was never opened.
+  Cursor& At(std::string_view table);
+  bool IsOpen() const { return !by_table_.empty(); }
+  void Open(Database& db, std::string_view table);
+  void Close() { by_table_.clear(); }
+
+ private:
+  std::map<std::string, std::unique_ptr<Cursor>, std::less<>> by_table_;
+};
+
+inline constexpr std::size_t kPageMemorySize = 19;  // type numbers 0 to 18
+using PageMemory = std::array<std::uint8_t, kPageMemorySize>;
+
+struct Session {
+  explicit Session(Platform& platform) : platform(platform) {}
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  Platform& platform;
+  Desk desk;
+  Form* main = nullptr;  // frmMain, with the sheets of operator, survey and structure
+  WaitScreen wait;
+
+  // The run
+  std::string title = "MERLU-2017";  // of every message box
+  std::string version;               // program version text
+  std::string path;                  // of the database file
+  Mode mode = Mode::kNone;
+  bool ended = false;                // the program has ended
+
+  // The open file
+  Database db;
+  Cursors cursors;
+  int year = 0;         // sys_yr
+  int last_month = 0;   // SYS_MAX_MO
+  int check_level = 0;  // ERR_CHK_LVL; read, and nothing depends on it
+
+  // Where the user stands
+  QCLocation current, previous, last_desc, last_actv;
+  std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;  // rows of the hierarchy cursors
+  std::string node_status;  // of the selected structure month: "A", "I" or empty
+  std::string status_text;  // what the status bar shows: the path of the selected node
+
+  // The edit
+  bool editing = false;
+  bool save_failed = false;  // a save or the first-run dialog was not carried through
+  bool InSaveQC = false;     // the QC run is the one that the save began
+  bool EquipmentInactive = false;
+  bool StructureInactive = false;
+  PageMemory last_page_desc{}, last_page_actv{};  // by type number
+
+  // The tree
+  Tree tree;
+  bool mode_changed_to_actv = false;
+  bool mode_changed_to_desc = false;
+  KeyList structure_list{1001};            // PD_ID_AK, description mode
+  KeyList equipment_list{40001};           // ED_ID_AK, description mode
+  KeyList structure_month_list{12001};     // SA_ID_AK, activity mode
+  KeyList equipment_month_list{480001};    // EA_ID_AK, activity mode
+  TreeRecord activity_record, description_record;
+  std::vector<bool> tree_expansion;        // kept by SaveTreeExpansion
+
+  bool InDesc() const { return mode == Mode::kDesc; }
+  bool InActv() const { return mode == Mode::kActv; }
+  Cursor& At(std::string_view table) { return cursors.At(table); }
+};
+
+}  // namespace merlu

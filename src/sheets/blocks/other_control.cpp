@@ -1,0 +1,29 @@
+#include "base/text.h"
+#include "sheets/blocks/blocks.h"
+
+namespace merlu {
+
+void AddOtherControl(SheetSpec& sheet, const OtherControl& block) {
+  const std::string device = "cmb" + block.letters + "_OtherControlDevice";
+  const std::string description = "txt" + block.letters + "_OtherControlDesc";
+  const std::string efficiency = "txt" + block.letters + "_OtherControlEff";
+
+  FieldSpec described = Text(In::kDesc, description, "Description:", block.description_tag, "OTH_CTRL_DESC");
+  described.label = block.description_label;
+  std::vector<FieldSpec> fields = {
+      YesNo(In::kDesc, device, "Other Control Device (Y/N):", block.device_tag, "OTH_CTRL_DEVICE"), described};
+  std::vector<std::string> dependents = {description};
+  std::vector<Rule> rules = {{1, In::kDesc, description, Required(), Reads(device, {"Yes"})}};
+  int order = 1;
+  for (const std::string& gas : block.efficiencies) {
+    fields.push_back(Number(In::kDesc, efficiency + gas, gas + " Efficiency (%):", gas + block.efficiency_tag,
+                            "OTH_CTRL_EFFIC_" + Upper(gas)));
+    dependents.push_back(efficiency + gas);
+    rules.push_back({++order, In::kDesc, efficiency + gas, RangeIfFilled(0, 99.9), Reads(device, {"Yes"})});
+  }
+  sheet.Add(block.page, "Other control device", fields);
+  sheet.enablings.push_back({.list = device, .texts = {"Yes"}, .fields = dependents});
+  sheet.rules.push_back({"Check" + block.letters + "OtherControl", rules});
+}
+
+}  // namespace merlu

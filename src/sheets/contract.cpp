@@ -1,0 +1,213 @@
+#include "sheets/contract.h"
+
+#include "base/dates.h"
+#include "qc/qc_list.h"
+#include "qc/qc_log.h"
+#include "session/messages.h"
+#include "session/records.h"
+#include "sheets/conversions.h"
+#include "sheets/rules.h"
+#include "sheets/sheet_form.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kNotFound = "Equipment record not found";
+constexpr const char* kNoDate = "Date of Last QC:          ";
+
+bool IsMonthly(const FieldSpec& field) { return field.mode == In::kActv; }
+
+void SetLabel(Form& form, const std::string& label, const std::string& text) {
+  form.At(label).caption = form.At(label).text = text;
+}
+
+void ShowMonthlyBlock(Form& form, const SheetSpec& sheet, bool show) {
+  for (const FieldSpec& field : sheet.fields) {
+    if (!IsMonthly(field)) continue;
+    form.At(field.control).visible = show;
+    if (!field.label.empty()) form.At(field.label).visible = show;
+  }
+  form.At(sheet.comments()).visible = show;
+  form.At(sheet.comments_label()).visible = show;
+  form.At(sheet.status_box()).visible = show;
+}
+
+void SetTitle(Form& form, const SheetSpec& sheet, const std::string& title, bool editing) {
+  form.At(sheet.frame()).caption = form.caption = title;
+  form.At(sheet.frame()).emphasis = editing;
+}
+
+// The lists of the description come before the month, the texts after it.
+void LoadDescription(Session& s, Form& form, const SheetSpec& sheet, bool lists) {
+  Cursor& row = s.At(sheet.ed_table());
+  for (const FieldSpec& field : sheet.fields)
+    if (!IsMonthly(field) && (field.kind == Kind::kList) == lists && !field.column.empty())
+      ShowField(form, field, row.Field(field.column));
+}
+
+void LoadMonth(Session& s, Form& form, const SheetSpec& sheet) {
+  Cursor& master = s.At("EA_EQUIP_ACTV");
+  const std::string status = NullToEmpty(master.Field("EA_STATUS"));
+  form.At(sheet.status_box()).checked = status == "I";
+  form.At("lblNoEmissions").visible = status == "I";
+  form.At(sheet.comments()).text = NullToEmpty(master.Field("EA_COMNT_TXT"));
+  Cursor& row = s.At(sheet.ea_table());
+  for (const FieldSpec& field : sheet.fields)
+    if (IsMonthly(field)) ShowField(form, field, row.Field(field.column));
+  if (!IsNull(master.Field("EA_QC_DT"))) SetLabel(form, sheet.date_label(), QCDateText(master.Field("EA_QC_DT")));
+  if (sheet.after_monthly_load) sheet.after_monthly_load(s, form);
+}
+
+void Unlock(Control& field) {
+  field.locked = false;
+  field.back = Back::kWindow;
+}
+
+void SaveMonth(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
+  Cursor& master = s.At("EA_EQUIP_ACTV");
+  const bool inactive = form.At(sheet.status_box()).checked;
+  master.Edit();
+  master.SetField("EA_COMNT_TXT", FieldText(form.At(sheet.comments()).text));
+  master.SetField("EA_STATUS", std::string(inactive ? "I" : "A"));
+  if (!after_qc) master.SetField("EA_QC_DT", Null{});
+  master.Update();
+  form.At("lblNoEmissions").visible = inactive;
+  Cursor& row = s.At(sheet.ea_table());
+  row.Edit();
+  for (const FieldSpec& field : sheet.fields)
+    if (IsMonthly(field)) StoreField(row, field, form.At(field.control));
+  row.Update();
+}
+
+void SaveDescription(Session& s, Form& form, const SheetSpec& sheet) {
+  Cursor& row = s.At(sheet.ed_table());
+  row.Edit();
+  for (const FieldSpec& field : sheet.fields)
+    if (!IsMonthly(field) && !field.column.empty()) StoreField(row, field, form.At(field.control));
+  row.Update();
+}
+
+void StampMonth(Session& s) {
+  Cursor& master = s.At("EA_EQUIP_ACTV");
+  master.Edit();
+  master.SetField("EA_QC_DT", StoredDate(s.platform.Now()));
+  master.Update();
+}
+
+}  // namespace
+
+std::string QCDateText(const Value& date) {
+  const auto parsed = ParseDate(NullToEmpty(date));
+  return "Date of Last QC: " + (parsed ? SheetDate(*parsed) : NullToEmpty(date));
+}
+
+void ClearFrame(Session& s, const SheetSpec& sheet) {
+  Form& form = SheetForm(s, sheet);
+  for (Control& control : form.controls()) {
+    if (control.kind == Kind::kText || control.kind == Kind::kList) {
+      control.text.clear();
+      control.index = -1;
+      control.tip.clear();
+    }
+  }
+  form.At(sheet.status_box()).checked = false;
+  form.At("lblNoEmissions").visible = false;
+  SetLabel(form, sheet.date_label(), kNoDate);
+  ShowMonthlyBlock(form, sheet, s.InActv());
+  auto& available = form.At(sheet.tab()).page_available;
+  for (std::size_t page = 1; page + 1 < available.size(); ++page) available[page] = !s.InActv();
+  const std::string& title = s.InActv() ? sheet.cleared_title_actv : sheet.cleared_title_desc;
+  if (!title.empty()) SetTitle(form, sheet, title, form.At(sheet.frame()).emphasis);
+}
+
+bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) {
+  return FindEquipRecord(s, location, sheet.ed_table(), sheet.ea_table());
+}
+
+void LoadFrame(Session& s, const SheetSpec& sheet) {
+  OnSheet(s, [&] {
+    Form& form = SheetForm(s, sheet);
+    if (!FindRecord(s, sheet, s.current)) return Tell(s, kNotFound);
+    LoadDescription(s, form, sheet, true);
+    if (s.InActv()) LoadMonth(s, form, sheet);
+    LoadDescription(s, form, sheet, false);
+    const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
+    form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
+    if (s.node_status == "I" && s.InActv()) form.At("lblNoEmissions").visible = true;
+    LoadQCList(s, sheet);
+  });
+}
+
+void LockFrame(Session& s, const SheetSpec& sheet) {
+  Form& form = SheetForm(s, sheet);
+  form.At(sheet.comment_button()).enabled = false;
+  SetTitle(form, sheet, sheet.title, false);
+  for (Control& control : form.controls()) {
+    if (control.kind != Kind::kText && control.kind != Kind::kList) continue;
+    control.locked = true;
+    control.back = Back::kFace;
+  }
+  form.At("Frame1").visible = false;
+  form.At(sheet.list()).back = Back::kFace;
+}
+
+void UnlockFrame(Session& s, const SheetSpec& sheet) {
+  Form& form = SheetForm(s, sheet);
+  form.At(sheet.comment_button()).enabled = true;
+  form.At(sheet.list()).back = Back::kWindow;
+  if (s.InActv()) form.At("Frame1").visible = true;
+  if (s.InActv() || sheet.comments_unlock_in_desc) Unlock(form.At(sheet.comments()));
+  for (const FieldSpec& field : sheet.fields)
+    if (IsMonthly(field) == s.InActv() && field.stored != Stored::kComputed) Unlock(form.At(field.control));
+  SetTitle(form, sheet, sheet.edit_title, true);
+  ApplyEnablings(s, form, sheet, Enabling::At::kUnlock);
+  form.focus = s.InActv() ? sheet.focus_actv : sheet.focus_desc;
+}
+
+void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
+  const bool done = OnSheet(s, [&] {
+    Form& form = SheetForm(s, sheet);
+    WriteBatch batch(s.db);
+    if (!FindRecord(s, sheet, s.current)) {
+      Tell(s, kNotFound);
+      s.save_failed = true;
+      return;
+    }
+    if (s.InActv())
+      SaveMonth(s, form, sheet, after_qc);
+    else
+      SaveDescription(s, form, sheet);
+    batch.Commit();
+  });
+  if (!done) s.save_failed = true;
+}
+
+void LoadQCList(Session& s, const SheetSpec& sheet) {
+  OnSheet(s, [&] {
+    Form& form = SheetForm(s, sheet);
+    FillWithFindings(s, form.At(sheet.list()), FindingsOfEquipment(s.current, sheet.type));
+    if (!FindRecord(s, sheet, s.current)) return;
+    const Value& date = s.InActv() ? s.At("EA_EQUIP_ACTV").Field("EA_QC_DT") : s.At("ED_EQUIP_DESC").Field("ED_QC_DT");
+    if (!IsNull(date)) SetLabel(form, sheet.date_label(), QCDateText(date));
+  });
+}
+
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
+  s.current = location;
+  const bool showing = IsShowing(s, sheet);
+  Form& form = SheetForm(s, sheet);
+  if (!showing) {
+    ClearFrame(s, sheet);
+    LoadFrame(s, sheet);
+  }
+  if (form.At(sheet.status_box()).checked) {
+    DelQCRecordsForLocAndBelow(s, location);
+    s.EquipmentInactive = true;
+  } else {
+    RunRules(s, form, location, sheet.rules);
+    if (FindRecord(s, sheet, location) && s.InActv()) StampMonth(s);
+  }
+  if (!showing) UnloadSheet(s, sheet);
+}
+
+}  // namespace merlu

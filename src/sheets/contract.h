@@ -1,0 +1,34 @@
+// What every equipment sheet does, given its table. For a type <TYP> these are its Clear<TYP>Frame,
+// Load<TYP>Frame and so on; the type's own file says where it differs.
+//
+// The controls hold an edit until it is saved; there is no private copy and no mark of change. Each
+// operation begins by finding the record again, since the cursors are shared.
+#pragma once
+
+#include "sheets/spec.h"
+
+namespace merlu {
+
+// Blanks every field and shapes the sheet for the session's mode.
+void ClearFrame(Session& s, const SheetSpec& sheet);
+// Brings the rows of the current equipment into place.
+bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location);
+// Copies the record to the controls and fills the QC list. "Equipment record not found" when it is missing.
+void LoadFrame(Session& s, const SheetSpec& sheet);
+// Makes the sheet read-only.
+void LockFrame(Session& s, const SheetSpec& sheet);
+// Makes the fields of the session's mode editable.
+void UnlockFrame(Session& s, const SheetSpec& sheet);
+// Writes the fields of the session's mode. Sets the session's save_failed when that could not be done. A
+// save without a QC run of its own empties the month's date of last QC, since the record then needs one.
+void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc);
+// Fills the list of findings and the date label.
+void LoadQCList(Session& s, const SheetSpec& sheet);
+// Runs the type's rules for the location in the session's mode, on the sheet that shows or on a hidden one.
+// Faults are passed on.
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location);
+
+// The text of a date label.
+std::string QCDateText(const Value& date);
+
+}  // namespace merlu

@@ -1,0 +1,122 @@
+#include "sheets/rules.h"
+
+#include <algorithm>
+
+#include "base/numbers.h"
+#include "qc/checks.h"
+#include "qc/qc_log.h"
+#include "session/messages.h"
+#include "session/records.h"
+
+namespace merlu {
+namespace {
+
+CheckSpec WithBounds(std::string name, double low, double high, std::function<void(RuleRun&)> run) {
+  return {std::move(name), std::move(run), low, high, true, ""};
+}
+
+bool IsOneOf(const Form& form, const std::string& list, const std::vector<std::string>& texts) {
+  return std::find(texts.begin(), texts.end(), form.At(list).text) != texts.end();
+}
+
+std::string Words(const std::string& list, const char* verb, const std::vector<std::string>& texts) {
+  std::string words = list + verb;
+  for (std::size_t i = 0; i < texts.size(); ++i) words += (i == 0 ? "\"" : " or \"") + texts[i] + "\"";
+  return words;
+}
+
+bool RunsIn(In rule, Mode mode) {
+  return rule == In::kBoth || (rule == In::kActv) == (mode == Mode::kActv);
+}
+
+}  // namespace
+
+CheckSpec RequiredRange(double low, double high) {
+  return WithBounds("CheckRequiredRange", low, high,
+                    [=](RuleRun& r) { CheckRequiredRange(r.s, r.location, r.field, low, high); });
+}
+
+CheckSpec Required() {
+  return {"CheckRequired", [](RuleRun& r) {
+            if (CheckRequired(r.s, r.location, r.field)) MarkField(r.s, true, r.field);
+          }};
+}
+
+CheckSpec RequiredMarked() {
+  return {"CheckRequiredMarked", [](RuleRun& r) { CheckRequiredMarked(r.s, r.location, r.field); }};
+}
+
+CheckSpec RangeIfFilled(double low, double high) {
+  return WithBounds("CheckRange", low, high, [=](RuleRun& r) {
+    if (IsFilled(r.field) && CheckRange(r.s, r.location, r.field, low, high)) MarkField(r.s, true, r.field);
+  });
+}
+
+CheckSpec RequiredRangeIfFilled(double low, double high) {
+  return WithBounds("CheckRequiredRange", low, high, [=](RuleRun& r) {
+    if (IsFilled(r.field)) CheckRequiredRange(r.s, r.location, r.field, low, high);
+  });
+}
+
+CheckSpec EmptyUnlessNumeric() {
+  return {"EmptyUnlessNumeric", [](RuleRun& r) {
+            if (!IsNumericText(r.field.text)) r.field.text.clear();
+          }};
+}
+
+CheckSpec NotOver(const std::string& other, const std::string& text) {
+  return Own("NotOver " + other, text, [=](RuleRun& r) {
+    const Control& limit = r.form.At(other);
+    if (!IsFilled(r.field) || !IsFilled(limit)) return;
+    const bool failed = LeadingNumber(r.field.text) > LeadingNumber(limit.text);
+    Judge(r.s, r.location, r.field, failed, text);
+    if (failed) MarkField(r.s, true, r.field);
+  });
+}
+
+CheckSpec Own(const std::string& name, const std::string& text, std::function<void(RuleRun&)> run) {
+  CheckSpec check{name, std::move(run)};
+  check.text = text;
+  return check;
+}
+
+bool ExceedsStructureTotal(Session& s, const std::string& column, const std::string& text) {
+  const double stored = column.empty() ? 0 : ToNumber(s.At("PA_PLATFORM_ACTV").Field(column));
+  const float total = static_cast<float>(stored);
+  return static_cast<float>(LeadingNumber(text)) > total && RoundHalfToEven(total) != 0;
+}
+
+CheckSpec WithinStructureTotal(const std::string& text, std::function<std::string(const Form&)> column) {
+  return Own("WithinStructureTotal", text, [=](RuleRun& r) {
+    if (!FindStructureRecord(r.s)) return;
+    const bool failed = ExceedsStructureTotal(r.s, column(r.form), r.field.text);
+    Judge(r.s, r.location, r.field, failed, text);
+    if (failed) MarkField(r.s, true, r.field);
+  });
+}
+
+Condition Reads(const std::string& list, std::vector<std::string> texts) {
+  return {Words(list, " reads ", texts), [=](const Form& form) { return IsOneOf(form, list, texts); }};
+}
+
+Condition ReadsNone(const std::string& list, std::vector<std::string> texts) {
+  return {Words(list, " does not read ", texts), [=](const Form& form) { return !IsOneOf(form, list, texts); }};
+}
+
+void RunRules(Session& s, Form& form, QCLocation& location, const std::vector<RuleGroup>& groups) {
+  for (const RuleGroup& group : groups) {
+    // a fault ends its group, as one procedure; the next group runs
+    OnSheet(s, [&] {
+      for (const Rule& rule : group.rules) {
+        if (!RunsIn(rule.mode, s.mode)) continue;
+        RuleRun run{s, location, form, form.At(rule.field)};
+        if (!rule.when.holds || rule.when.holds(form))
+          rule.check.run(run);
+        else if (rule.clears)
+          ClearQCField(s, location, run.field.tag);
+      }
+    });
+  }
+}
+
+}  // namespace merlu

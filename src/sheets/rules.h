@@ -1,0 +1,43 @@
+// The checks and conditions that rule tables are written with, and their run.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sheets/spec.h"
+
+namespace merlu {
+
+// Required and within low to high, both inclusive; marks the field either way.
+CheckSpec RequiredRange(double low, double high);
+// Required; marks the field on failure and leaves its colour otherwise.
+CheckSpec Required();
+// Required; marks the field either way.
+CheckSpec RequiredMarked();
+// Nothing while blank; otherwise within low to high, marked on failure only.
+CheckSpec RangeIfFilled(double low, double high);
+// Nothing while blank; otherwise as RequiredRange.
+CheckSpec RequiredRangeIfFilled(double low, double high);
+// A text that is no number is emptied on the sheet.
+CheckSpec EmptyUnlessNumeric();
+// Fails with `text` when the field is strictly greater than the other one; nothing while either is blank.
+CheckSpec NotOver(const std::string& other, const std::string& text);
+// A check of the sheet's own.
+CheckSpec Own(const std::string& name, const std::string& text, std::function<void(RuleRun&)> run);
+
+// Fails with `text` when the field's number is over the column of the structure's month, both in single
+// precision, and that column, rounded to a whole number, is not 0. A Null column, or none (`column` gives
+// an empty name), counts as 0. Nothing when the structure's rows cannot be found.
+CheckSpec WithinStructureTotal(const std::string& text, std::function<std::string(const Form&)> column);
+// The comparison alone; true when the value is over the total. Nothing is written.
+bool ExceedsStructureTotal(Session& s, const std::string& column, const std::string& text);
+
+// True while the list reads one of the texts.
+Condition Reads(const std::string& list, std::vector<std::string> texts);
+Condition ReadsNone(const std::string& list, std::vector<std::string> texts);
+
+// Runs the groups in order: the rules of the session's mode whose condition holds; a rule whose condition is
+// false withdraws its field's finding, unless it says otherwise.
+void RunRules(Session& s, Form& form, QCLocation& location, const std::vector<RuleGroup>& groups);
+
+}  // namespace merlu

@@ -1,0 +1,24 @@
+// The logical form of an equipment sheet, made from its table.
+#pragma once
+
+#include "sheets/spec.h"
+
+namespace merlu {
+
+// The sheet's form: made at the first call, loaded (with its design state) when it is not loaded.
+Form& SheetForm(Session& s, const SheetSpec& sheet);
+
+// Drops the form's state; it no longer shows.
+void UnloadSheet(Session& s, const SheetSpec& sheet);
+
+// True while the sheet is on the screen.
+bool IsShowing(Session& s, const SheetSpec& sheet);
+
+// Applies the table of what enables what: the rows of that moment and of the session's mode; at a click
+// those of the list that was clicked.
+void ApplyEnablings(Session& s, Form& form, const SheetSpec& sheet, Enabling::At at, const std::string& list = "");
+
+// What an enabling does to one field.
+void SetField(Control& field, bool on, const Enabling& how);
+
+}  // namespace merlu

@@ -1,0 +1,147 @@
+// What a sheet of an equipment type is made of, as tables: its fields, what enables what, and its rules.
+// sheets/contract gives the sheet its behaviour from these tables; the catalogue and the rule reference
+// are printed from them.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/form.h"
+#include "session/session.h"
+
+namespace merlu {
+
+// The mode that a field belongs to, or that a rule runs in.
+enum class In { kDesc, kActv, kBoth };
+
+// How a field is kept in its column.
+enum class Stored {
+  kNumber,       // the leading number of a numeric text, Null for any other text
+  kText,         // the text as it stands, Null when empty
+  kYesNo,        // a list of "Yes" and "No" as a yes/no, Null without a choice
+  kCode,         // a list's item as its code; without a choice the column stays as it was
+  kItemText,     // a list's item as its text, Null without a choice
+  kDestination,  // "Vent: " or "Flare: " and an ID, as VEN or FLA and the ID
+  kComputed,     // a number that a rule computes
+  kNone
+};
+
+struct Item {
+  std::string text;
+  std::string code;
+};
+
+struct FieldSpec {
+  In mode = In::kDesc;
+  Kind kind = Kind::kText;
+  std::string control;
+  std::string caption;
+  std::string tag;
+  std::string column;  // of ED_<type> in kDesc, of EA_<type> in kActv
+  Stored stored = Stored::kNone;
+  std::vector<Item> items;
+  std::string label;  // name of the caption's control, when it has one
+  int page = 0;
+  std::string block;  // heading on the page
+};
+
+// Makers of fields, one a line in a type's table.
+FieldSpec Number(In mode, std::string control, std::string caption, std::string tag, std::string column);
+FieldSpec Text(In mode, std::string control, std::string caption, std::string tag, std::string column);
+FieldSpec YesNo(In mode, std::string control, std::string caption, std::string tag, std::string column);
+FieldSpec Coded(In mode, std::string control, std::string caption, std::string tag, std::string column,
+                std::vector<Item> items);
+FieldSpec ItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
+                   std::vector<std::string> items);
+
+// A rule in the middle of its run.
+struct RuleRun {
+  Session& s;
+  QCLocation& location;
+  Form& form;
+  Control& field;
+};
+
+// What a rule does with its field, and how the catalogue calls it.
+struct CheckSpec {
+  std::string name;
+  std::function<void(RuleRun&)> run;
+  double low = 0, high = 0;
+  bool has_bounds = false;
+  std::string text;  // of the finding, for a check that is no primitive
+};
+
+// When a rule applies: its words for the reader, and the test. No test means always.
+struct Condition {
+  std::string words;
+  std::function<bool(const Form&)> holds;
+};
+
+struct Rule {
+  int order = 0;
+  In mode = In::kDesc;
+  std::string field;
+  CheckSpec check;
+  Condition when;
+  // Whether a rule whose condition is false withdraws its field's finding.
+  bool clears = true;
+};
+
+struct RuleGroup {
+  std::string name;
+  std::vector<Rule> rules;
+};
+
+// Fields that are on while a list reads one of some texts, and off otherwise. Off is disabled with the
+// read-only background, on is enabled with the editable one. Texts stay unless `empties` says so.
+struct Enabling {
+  enum class At { kUnlock, kClick, kBoth };
+  At at = At::kBoth;
+  In mode = In::kBoth;
+  std::string list;
+  std::vector<std::string> texts;
+  bool reads = true;  // false: on while the list reads none of the texts
+  std::vector<std::string> fields;
+  bool locks = false;        // off also locks, on also unlocks
+  bool empties = false;      // a click that turns them off empties their texts
+  bool keeps_colour = false; // off leaves the background alone
+  bool only_off = false;     // what would be on stays as it is
+};
+
+struct SheetSpec {
+  std::string type;        // EquipmentType code
+  int number = 0;          // type number
+  std::string letters;     // of the names of the form and its controls
+  std::string title;       // of the frame in view
+  std::string edit_title;  // of the frame while editing
+  // Of the frame when cleared, by mode; empty leaves the title alone
+  std::string cleared_title_actv, cleared_title_desc;
+  std::vector<std::string> pages;
+  std::string comments_caption = "Comments:";
+  std::string comments_tag;
+  bool comments_unlock_in_desc = false;
+  std::vector<FieldSpec> fields;
+  std::vector<Enabling> enablings;
+  std::vector<RuleGroup> rules;  // in the order in which a run calls them
+  std::string focus_actv, focus_desc;
+  // Deviations of the type, run at the end of the step that they are named after
+  std::function<void(Session&, Form&)> after_monthly_load;
+
+  std::string form() const { return "frm" + letters; }
+  std::string frame() const { return "fra" + letters; }
+  std::string tab() const { return "tab" + letters; }
+  std::string list() const { return "lvw" + letters + "_QCResults"; }
+  std::string date_label() const { return "lbl" + letters + "_QCDate"; }
+  std::string comment_button() const { return "cmd" + letters + "_EditQCComment"; }
+  std::string status_box() const { return "chk" + letters + "_Status"; }
+  std::string comments() const { return "txt" + letters + "_Comments"; }
+  std::string comments_label() const { return "lbl" + letters + "_Comments"; }
+  std::string ed_table() const { return "ED_" + type; }
+  std::string ea_table() const { return "EA_" + type; }
+
+  // Adds fields under a heading of a page.
+  void Add(int page, const std::string& block, std::vector<FieldSpec> more);
+};
+
+}  // namespace merlu

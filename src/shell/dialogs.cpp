@@ -1,0 +1,255 @@
+#include "shell/dialogs.h"
+
+#include <array>
+#include <cstdio>
+
+#include "base/text.h"
+#include "forms/dialog.h"
+#include "records/equipment_record.h"
+#include "records/operator_record.h"
+#include "records/structure_record.h"
+#include "records/survey_record.h"
+#include "session/messages.h"
+#include "session/node_keys.h"
+#include "session/records.h"
+#include "shell/program_end.h"
+#include "shell/trees.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kComplexLimit = 7, kStructureLimit = 2, kEquipmentLimit = 8, kOperatorLimit = 5;
+
+void Preset(Form& form, const char* name, const std::string& text) {
+  Control& control = form.At(name);
+  control.text = text;
+  control.locked = true;
+  control.back = Back::kFace;
+}
+
+// The dialog of that name with its design state: made at the first call.
+template <typename Make>
+Form& Dialog(Session& s, const char* name, const char* caption, Make&& make) {
+  Form* found = s.desk.Find(name);
+  if (found == nullptr) {
+    found = &s.desk.Own(std::make_unique<Form>(name, caption));
+    make(*found);
+    found->KeepDesign();
+    Form& form = *found;
+    form.On(form.cancel_button, Event::kClick, [&s, &form] { s.desk.Hide(form); });
+  }
+  found->RestoreDesign();
+  return *found;
+}
+
+// ---- the first run ----
+
+Form& NewUserDialog(Session& s) {
+  return Dialog(s, "frmNewUser", "New User", [&s](Form& form) {
+    AddLabel(form, "lblHeading", "Please enter your User Information");
+    AddLabel(form, "lblNote", "Only the owner/lessees can be listed as the Registered User");
+    AddText(form, "txtUserID", "RIMA Company No*:", kOperatorLimit).tip = "(5 characters or less)";
+    AddText(form, "txtUSER_InvYr", "Inventory Year*:").text = "2017";
+    PutOperatorFields(form, "");
+    AddLabel(form, "lblLegend", "* = Required Information");
+    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
+    form.On("cmdOK", Event::kClick, [&s, &form] {
+      if (!ValidateNewOperator(s, form)) return;
+      if (!Plainly(s, [&] { NewOperatorRow(s, form); })) return;
+      s.save_failed = false;
+      s.desk.Hide(form);
+    });
+  });
+}
+
+// ---- a new structure ----
+
+struct Needed {
+  const char* control;
+  const char* message;
+};
+
+constexpr std::array<Needed, 5> kStructureFields = {{
+    {"txtComplxID", "Please supply a valid RIMA Complex ID (7 chars)"},
+    {"txtStructID", "Please supply a valid RIMA Structure ID (2 chars)"},
+    {"txtArea", "Please supply a valid Area"},
+    {"txtBlock", "Please supply a valid Block"},
+    {"txtName", "Please supply a valid Name"},
+}};
+
+void Refuse(Session& s, Form& form, const char* control, const char* message) {
+  Tell(s, message, Icon::kWarning);
+  form.focus = control;
+}
+
+void ShowNewStructure(Session& s, const NewStructure& structure) {
+  const std::string& user = s.current.UserID;
+  const std::string key =
+      s.InActv() ? StructureMonthKey(user, s.current.Month, s.current.Year, structure.complex, structure.structure)
+                 : StructureKey(user, structure.complex, structure.structure);
+  const std::string parent = s.InActv() ? SurveyKey(user, s.current.Month, s.current.Year) : UserKey(user);
+  s.structure_list.Add(key, s.PD_ID_AK);
+  if (s.InActv()) s.structure_month_list.Add(key, s.SA_ID_AK);
+  AddAndSelect(s, parent, key, StructureText(structure.area, structure.block, structure.name));
+}
+
+void MakeStructure(Session& s, Form& form) {
+  for (const Needed& field : kStructureFields)
+    if (Trim(form.At(field.control).text).empty()) return Refuse(s, form, field.control, field.message);
+  const NewStructure structure{Trim(form.At("txtComplxID").text), Trim(form.At("txtStructID").text),
+                               form.At("txtArea").text, form.At("txtBlock").text, form.At("txtName").text};
+  Plainly(s, [&] {
+    if (StructureExists(s, structure.complex, structure.structure)) {
+      Refuse(s, form, "txtStructID",
+             "This Complex/Structure ID already exists. Please enter unique Complex/Structure ID.");
+      form.At("txtStructID").text.clear();
+      return;
+    }
+    NewStructureRows(s, structure);
+    s.desk.Hide(form);
+    ShowNewStructure(s, structure);
+  });
+}
+
+// ---- new equipment ----
+
+void ShowNewEquipment(Session& s, const EquipmentType& type, const std::string& id) {
+  if (s.InActv() && !type.has_activity) return;  // no place in the tree of activity
+  QCLocation at = s.current;
+  at.Level = level::kStructure;
+  const std::string parent = KeyOf(at, s.mode);
+  const std::string key = parent + EquipmentSuffix(type.code, id);
+  if (s.InActv())
+    s.equipment_month_list.Add(key, s.EA_ID_AK);
+  else
+    s.equipment_list.Add(key, s.ED_ID_AK);
+  AddAndSelect(s, parent, key, std::string(type.tree_name) + ": " + id);
+}
+
+void MakeEquipment(Session& s, Form& form) {
+  const std::string id = Trim(form.At("txtEquipID").text);
+  if (id.empty()) return Refuse(s, form, "txtEquipID", "Please supply a valid Equipment ID (8 chars max)");
+  const EquipmentType* type = FindTypeByName(form.At("cmbEquipType").text);
+  if (type == nullptr) return Refuse(s, form, "cmbEquipType", "Please select an Equipment Type");
+  try {
+    if (EquipmentExists(s, *type, id))
+      return Refuse(s, form, "txtEquipID", "This Equipment ID already exists. Please enter a unique ID.");
+    NewEquipRows(s, *type, id);
+    s.desk.Hide(form);
+    ShowNewEquipment(s, *type, id);
+  } catch (const Fault& fault) {
+    if (fault.number == fault_number::kDuplicateKey) return Refuse(s, form, "txtEquipID", "Please supply a unique Equipment ID");
+    TellFault(s, fault);
+  }
+}
+
+std::vector<std::string> TypeNames() {
+  std::vector<std::string> names;
+  for (const EquipmentType& type : EquipmentTypes()) names.emplace_back(type.dialog_name);
+  return names;
+}
+
+Form& AboutForm(Session& s) {
+  Form& form = Dialog(s, "frmAbout", "About MERLU-2017", [&s](Form& about) {
+    AddLabel(about, "lblTitle", s.title);
+    AddLabel(about, "lblDescription", "RIMA Pelagic Field Reporting Suite");
+    AddLabel(about, "lblVersion", "Version 1.0.5 November 2016 Update");
+    AddLabel(about, "Label1", "Windows XP/Vista/7/8/10");
+    AddButton(about, "cmdOK", "OK");
+    about.default_button = about.cancel_button = "cmdOK";
+  });
+  return form;
+}
+
+}  // namespace
+
+bool ShowNewOperator(Session& s, const char* farewell) {
+  Form& form = NewUserDialog(s);
+  form.focus = "txtUserID";
+  s.save_failed = true;  // until OK has written the operator
+  ShowDialog(s.desk, s.platform, form);
+  if (s.save_failed) {
+    Tell(s, farewell);
+    EndProgram(s);
+    return false;
+  }
+  Cursor& company = s.At("CO_COMPANY");
+  company.MoveFirst();
+  company.Edit();
+  company.SetField("ProgramVersion", s.version);
+  company.Update();
+  return true;
+}
+
+void OpenNewStructure(Session& s) {
+  Form& form = Dialog(s, "frmNewStructure", "New Structure", [&s](Form& made) {
+    AddText(made, "txtUserID", "RIMA Company No:");
+    AddText(made, "txtComplxID", "RIMA Complex ID (5 chars):", kComplexLimit);
+    AddText(made, "txtStructID", "RIMA Structure ID (2 chars):", kStructureLimit);
+    AddText(made, "txtArea", "Area:");
+    AddText(made, "txtBlock", "Block:");
+    AddText(made, "txtName", "Name:");
+    AddDialogButtons(made, "cmdOK", "cmdCANCEL");
+    made.On("cmdOK", Event::kClick, [&s, &made] { MakeStructure(s, made); });
+  });
+  Preset(form, "txtUserID", s.current.UserID);
+  form.focus = "txtComplxID";
+  ShowDialog(s.desk, s.platform, form);
+}
+
+void OpenNewEquipment(Session& s) {
+  Form& form = Dialog(s, "frmNewEquipment", "New Equipment", [&s](Form& made) {
+    AddText(made, "txtUserID", "RIMA Company No:");
+    AddText(made, "txtComplxID", "RIMA Complex ID:");
+    AddText(made, "txtStructID", "RIMA Structure ID:");
+    AddText(made, "txtEquipID", "Equipment ID (8 chars max):", kEquipmentLimit);
+    AddList(made, "cmbEquipType", "Equipment Type:", TypeNames());
+    AddDialogButtons(made, "cmdOK", "cmdCANCEL");
+    made.On("cmdOK", Event::kClick, [&s, &made] { MakeEquipment(s, made); });
+  });
+  Preset(form, "txtUserID", s.current.UserID);
+  Preset(form, "txtComplxID", s.current.CmplxID);
+  Preset(form, "txtStructID", s.current.StructID);
+  form.focus = "txtEquipID";
+  ShowDialog(s.desk, s.platform, form);
+}
+
+void DeleteCurrent(Session& s) {
+  const bool structure = s.current.Is(level::kStructure);
+  if (!structure && !s.current.Is(level::kEquipment)) return;
+  const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
+                                   : "Are you sure you wish to delete this equipment data?";
+  if (AskUser(s, question, {Button::kOK, Button::kCancel}) != Button::kOK) return;
+  if (Plainly(s, [&] { DeleteCurrentRecord(s); })) RefreshDescTree(s);
+}
+
+void AddNextMonth(Session& s) {
+  Plainly(s, [&] {
+    if (s.At("CO_COMPANY").RecordCount() == 0) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
+    if (s.last_month == 12) return Tell(s, "All 12 months have already been added to this inventory.");
+    {
+      const Busy busy(s);
+      AddMonthRows(s);
+    }
+    std::array<char, 48> text;
+    std::snprintf(text.data(), text.size(), "Monthly Survey: %d/%02d", s.year, s.last_month);
+    const std::string& user = s.current.UserID;
+    AddAndSelect(s, UserKey(user), SurveyKey(user, s.last_month, s.year), text.data());
+    Tell(s, "Survey Month added to Activity Database");
+    RefreshTree(s);
+  });
+}
+
+void OpenAbout(Session& s) { ShowDialog(s.desk, s.platform, AboutForm(s)); }
+
+void ShowSplash(Session& s) {
+  s.desk.Show(AboutForm(s));
+  s.platform.Paint();
+}
+
+void CloseSplash(Session& s) {
+  Form* splash = s.desk.Find("frmAbout");
+  if (splash != nullptr && splash->visible && !splash->modal) s.desk.Hide(*splash);
+}
+
+}  // namespace merlu

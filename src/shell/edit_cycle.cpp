@@ -1,0 +1,78 @@
+#include "shell/edit_cycle.h"
+
+#include "qc_run/run_qc.h"
+#include "records/operator_record.h"
+#include "shell/routing.h"
+#include "shell/trees.h"
+
+namespace merlu {
+namespace {
+
+// Commands that would leave the record in the middle of its edit.
+constexpr const char* kOtherRoutes[] = {"mnuFile", "mnuEdit", "tvwTree", "cmdEditMode",
+                                        "cmdUSER_AddStructure", "cmdUSER_AddSurvey", "cmdSTRUCTURE_AddEquip"};
+constexpr const char* kEditButtons[] = {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"};
+
+void SetEditing(Session& s, bool editing) {
+  for (const char* name : kOtherRoutes) s.main->At(name).enabled = !editing;
+  s.tree.enabled = !editing;
+  s.main->At("cmdEdit").visible = !editing;
+  for (const char* name : kEditButtons) s.main->At(name).visible = editing;
+}
+
+}  // namespace
+
+void UnlockInterface(Session& s) {
+  SetEditing(s, false);
+  s.main->At(s.InActv() ? "mnuENewSurvey" : "mnuENewStructure").visible = true;
+}
+
+void BeginEdit(Session& s) {
+  SetEditing(s, true);
+  s.editing = true;
+  UnlockSheet(s);
+}
+
+void SaveEdits(Session& s) {
+  s.save_failed = false;
+  SaveSheet(s, false);
+  if (s.save_failed) return;
+  ClearSheet(s);
+  LoadSheet(s);
+  BeginEdit(s);
+}
+
+void SaveExit(Session& s) {
+  s.save_failed = false;
+  if (s.current.Is(level::kUser) && !ValidateOperator(s)) {
+    s.save_failed = true;
+    return;
+  }
+  const QCLocation here = s.current;
+  s.InSaveQC = true;
+  RunQC(s, here, true);
+  s.InSaveQC = false;
+  s.current = here;  // a run that a fault ended stands elsewhere; the save belongs to this record
+  SaveSheet(s, true);
+  if (s.save_failed) return;
+  SaveTreeExpansion(s);
+  SelectRoot(s);
+  s.current = here;
+  ReselectLocation(s);
+  RestoreTreeExpansion(s);
+  UnlockInterface(s);
+  LockSheet(s);
+  s.editing = false;
+}
+
+void CancelEdit(Session& s) {
+  ClearSheet(s);
+  LoadSheet(s);
+  UnlockInterface(s);
+  LockSheet(s);
+  s.editing = false;
+}
+
+void RunQCHere(Session& s) { RunQC(s, s.current, false); }
+
+}  // namespace merlu

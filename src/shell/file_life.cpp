@@ -1,0 +1,38 @@
+#include "shell/file_life.h"
+
+#include "session/messages.h"
+#include "shell/main_program.h"
+#include "shell/program_end.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kPreviousVersion =
+    "You are trying to open a previous version of the MERLU database. If you would like to use your previous MERLU "
+    "data, you must request your 2014 files from RIMA, because the MERLU 2017 program structure is slightly "
+    "different. Then you will need to import the data.";
+
+}  // namespace
+
+void LocateDatabase(Session& s) {
+  const std::string path = s.platform.AskFile(
+      {FileQuestion::Kind::kOpen, "MERLU-2017 - Locate Database", "MERLU Database", "*.MDB", ".MDB"});
+  if (path.empty()) return;
+  if (!IsCurrentDatabase(path)) return TellUnder(s, "Data Validation", kPreviousVersion, Icon::kWarning);
+  s.platform.StoreSetting(kSettingSection, kSettingPath, path);
+  EndProgram(s);
+  Main(s);
+}
+
+void CreateNewDatabase(Session& s) {
+  const std::string folder = s.platform.AskFolder("Select a Folder for the new MERLU database...");
+  if (folder.empty()) return;
+  Plainly(s, [&] {
+    const std::string path = NextFreeFileName(WithSeparator(folder) + "MERLU.mdb");
+    CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path);
+    Tell(s, "New database successfully created:\n" + path, Icon::kInfo);
+  });
+}
+
+}  // namespace merlu

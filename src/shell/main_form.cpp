@@ -1,0 +1,130 @@
+#include "shell/main_form.h"
+
+#include "qc/comment_dialog.h"
+#include "records/build.h"
+#include "records/operator_record.h"
+#include "records/structure_record.h"
+#include "records/survey_record.h"
+#include "shell/dialogs.h"
+#include "shell/edit_cycle.h"
+#include "shell/edit_modes.h"
+#include "shell/file_life.h"
+#include "shell/main_program.h"
+
+namespace merlu {
+namespace {
+
+using Command = void (*)(Session&);
+
+struct MenuCommand {
+  const char* name;
+  const char* caption;  // "-" is a separator
+  const char* parent;
+  Command run;  // null for a menu, a separator, or a command that is not offered yet
+};
+
+constexpr MenuCommand kMenus[] = {
+    {"mnuFile", "&File", "", nullptr},
+    {"mnuFileSelectDatabase", "Open a different MERLU database", "mnuFile", LocateDatabase},
+    {"mnuFileCreateNewDB", "Create New MERLU Database", "mnuFile", CreateNewDatabase},
+    {"mnuFBar1", "-", "mnuFile", nullptr},
+    {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", nullptr},
+    {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", nullptr},
+    {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", nullptr},
+    {"mnuFBar2", "-", "mnuFile", nullptr},
+    {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
+    {"mnuEdit", "&Edit", "", nullptr},
+    {"mnuSetEditMode", "Change to Activity Edit Mode", "mnuEdit", ChangeEditMode},
+    {"mnuEBar1", "-", "mnuEdit", nullptr},
+    {"mnuENewSurvey", "Add Next Monthly Survey", "mnuEdit", AddNextMonth},
+    {"mnuENewStructure", "New Structure", "mnuEdit", OpenNewStructure},
+    {"mnuENewEquipment", "New Equipment", "mnuEdit", OpenNewEquipment},
+    {"mnuEditBar", "-", "mnuEdit", nullptr},
+    {"mnuEDelete", "Delete", "mnuEdit", DeleteCurrent},
+    {"mnuQC", "&QC", "", nullptr},
+    {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
+    {"mnuHelp", "&Help", "", nullptr},
+    {"mnuHAbout", "About MERLU-2017", "mnuHelp", OpenAbout},
+};
+
+struct ButtonCommand {
+  const char* name;
+  const char* caption;
+  bool visible;
+  Command run;
+};
+
+void PressQC(Session& s) {
+  if (!s.tree.nodes.empty()) RunQCHere(s);
+}
+
+constexpr ButtonCommand kButtons[] = {
+    {"cmdEditMode", "Program Mode", true, PressEditMode},
+    {"cmdQC", "Run QC", false, PressQC},
+    {"cmdCANCEL", "Cancel", false, CancelEdit},
+    {"cmdSaveEdits", "Save", false, SaveEdits},
+    {"cmdSaveExit", "End Edit && Save", false, SaveExit},
+    {"cmdEdit", "Edit Data", false, BeginEdit},
+};
+
+struct SheetCommand {
+  const char* name;
+  Command run;
+};
+
+constexpr SheetCommand kSheetButtons[] = {
+    {"cmdUSER_AddStructure", OpenNewStructure},
+    {"cmdUSER_AddSurvey", AddNextMonth},
+    {"cmdSTRUCTURE_AddEquip", OpenNewEquipment},
+};
+
+void PutMenus(Session& s, Form& main) {
+  for (const MenuCommand& menu : kMenus) {
+    Control& control = Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent});
+    const bool is_command = *menu.parent != '\0' && menu.caption != std::string("-");
+    control.enabled = !is_command || menu.run != nullptr;
+    if (menu.run != nullptr) main.On(menu.name, Event::kClick, [&s, run = menu.run] { run(s); });
+  }
+}
+
+void PutButtons(Session& s, Form& main) {
+  for (const ButtonCommand& button : kButtons) {
+    Put(main, Kind::kButton, button.name, button.caption, {}).visible = button.visible;
+    main.On(button.name, Event::kClick, [&s, run = button.run] { run(s); });
+  }
+}
+
+void ConnectSheets(Session& s, Form& main) {
+  for (const SheetCommand& button : kSheetButtons)
+    main.On(button.name, Event::kClick, [&s, run = button.run] { run(s); });
+  for (const std::string sheet : {"SURVEY", "STRUCTURE"}) {
+    const std::string list = "lvw" + sheet + "_QCResults";
+    const auto comment = [&s, &main, list] { EditQCComment(s, main, list); };
+    main.On("cmd" + sheet + "_EditQCComment", Event::kClick, comment);
+    main.On(list, Event::kDoubleClick, comment);
+  }
+}
+
+}  // namespace
+
+void MakeMainForm(Session& s) {
+  if (s.main == nullptr) {
+    Form& main = s.desk.Own(std::make_unique<Form>("frmMain", "RIMA Pelagic Field Reporting Suite (MERLU-2017)"));
+    s.main = &main;
+    PutMenus(s, main);
+    Put(main, Kind::kTree, "tvwTree", "", {});
+    PutOperatorSheet(main);
+    PutSurveySheet(main);
+    PutStructureSheet(s, main);
+    PutButtons(s, main);
+    ConnectSheets(s, main);
+    for (const char* frame : {"fraUserInfo", "fraSurvey", "fraStructure"}) main.At(frame).visible = false;
+    main.KeepDesign();
+  }
+  s.main->RestoreDesign();
+  s.main->caption = "RIMA Pelagic Field Reporting Suite (MERLU-2017)";
+  s.main->front = "none";
+  s.main->loaded = true;
+}
+
+}  // namespace merlu

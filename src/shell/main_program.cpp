@@ -1,0 +1,103 @@
+#include "shell/main_program.h"
+
+#include "base/text.h"
+#include "session/messages.h"
+#include "shell/dialogs.h"
+#include "shell/edit_cycle.h"
+#include "shell/edit_modes.h"
+#include "shell/main_form.h"
+#include "shell/open_database.h"
+#include "shell/program_end.h"
+#include "shell/routing.h"
+#include "shell/trees.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+// Where the database lies when no setting names one: beside the program, or with the user's own data when
+// nothing can be written there. A first start finds a fresh copy of the template.
+std::string DefaultPath(Session& s) {
+  std::string folder = s.platform.ProgramFolder();
+  if (!CanWriteFolder(folder)) folder = s.platform.DataFolder();
+  const std::string path = WithSeparator(folder) + "merlu.mdb";
+  if (!FileExists(path)) Plainly(s, [&] { CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path); });
+  return path;
+}
+
+std::string PathFromSettings(Session& s) {
+  std::string path = s.platform.Setting(kSettingSection, kSettingPath);
+  if (path.empty()) return DefaultPath(s);
+  // a value that names no database file gets the default name, with no separator
+  if (path.size() < 4 || Lower(path.substr(path.size() - 4)) != ".mdb") path += "merlu.mdb";
+  return path;
+}
+
+void ResetRun(Session& s) {
+  s.version.clear();
+  s.mode = Mode::kNone;
+  s.ended = s.editing = s.save_failed = s.InSaveQC = false;
+  s.year = s.last_month = s.check_level = 0;
+  s.current = s.previous = s.last_desc = s.last_actv = QCLocation();
+  s.mode_changed_to_actv = s.mode_changed_to_desc = false;
+  s.node_status.clear();
+  s.status_text.clear();
+  s.tree.Clear();
+  s.tree.enabled = true;
+}
+
+void LoadMainForm(Session& s) {
+  if (s.InActv())
+    RefreshTree(s);
+  else
+    RefreshDescTree(s);
+  if (s.ended || s.tree.nodes.empty()) return;
+  UnlockInterface(s);
+  LockSheet(s);
+}
+
+}  // namespace
+
+void Main(Session& s) {
+  ResetRun(s);
+  s.path = PathFromSettings(s);
+  MakeMainForm(s);
+  if (OpenDatabaseAndCursors(s)) Plainly(s, [&] { SetStartMode(s); });
+  if (s.save_failed || s.ended) return;
+  LoadMainForm(s);
+  if (s.ended) return;
+  s.desk.Show(*s.main);
+  for (Form* form : std::vector<Form*>(s.desk.showing))
+    if (form != s.main) s.desk.Show(*form);  // a sheet lies over the main window
+  s.main->focus = "tvwTree";
+  ShowSplash(s);
+}
+
+void CloseDatabase(Session& s) {
+  s.cursors.Close();
+  s.db.Close();
+}
+
+void EndProgram(Session& s) {
+  while (!s.desk.showing.empty()) {
+    Form& form = *s.desk.showing.back();
+    s.desk.Hide(form);
+    form.loaded = false;
+  }
+  CloseDatabase(s);
+  s.tree.Clear();
+  s.ended = true;
+}
+
+bool CloseMainWindow(Session& s) {
+  if (s.editing) {
+    Tell(s, "Sorry, you may not end the program while in edit mode.", Icon::kWarning);
+    return false;
+  }
+  EndProgram(s);
+  return true;
+}
+
+void ExitProgram(Session& s) { CloseMainWindow(s); }
+
+}  // namespace merlu

@@ -1,0 +1,182 @@
+#include "shell/routing.h"
+
+#include "records/operator_record.h"
+#include "records/structure_record.h"
+#include "records/survey_record.h"
+#include "session/messages.h"
+#include "session/node_keys.h"
+#include "sheets/contract.h"
+#include "sheets/sheet_form.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+const SheetSpec* SheetAt(const QCLocation& location) {
+  return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
+}
+
+struct LevelSheet {
+  const char* level;
+  const char* frame;
+  void (*clear)(Session&);
+  void (*load)(Session&);
+  void (*lock)(Session&);
+  void (*unlock)(Session&);
+};
+
+constexpr LevelSheet kLevels[] = {
+    {level::kUser, "fraUserInfo", ClearOperator, LoadOperator, LockOperator, UnlockOperator},
+    {level::kSurvey, "fraSurvey", ClearSurvey, LoadSurvey, LockSurvey, UnlockSurvey},
+    {level::kStructure, "fraStructure", ClearStructure, LoadStructure, LockStructure, UnlockStructure},
+};
+
+const LevelSheet* LevelAt(const QCLocation& location) {
+  for (const LevelSheet& row : kLevels)
+    if (location.Is(row.level)) return &row;
+  return nullptr;
+}
+
+// The three sheets of the main window are out of sight while an equipment sheet shows.
+void PlaceSheet(Session& s) {
+  for (const LevelSheet& row : kLevels) s.main->At(row.frame).visible = !s.current.Is(level::kEquipment);
+}
+
+void HidePreviousSheet(Session& s) {
+  if (const SheetSpec* sheet = SheetAt(s.previous)) UnloadSheet(s, *sheet);
+}
+
+struct LevelCommands {
+  const char* level;
+  Mode mode;
+  bool qc;
+  int new_survey;  // -1: unchanged
+  bool new_structure, new_equipment, remove;
+};
+
+constexpr LevelCommands kCommands[] = {
+    {level::kUser, Mode::kActv, false, 1, false, false, false},
+    {level::kUser, Mode::kDesc, false, 0, true, false, false},
+    {level::kSurvey, Mode::kActv, true, -1, true, false, false},
+    {level::kStructure, Mode::kActv, true, -1, true, true, false},
+    {level::kStructure, Mode::kDesc, true, -1, true, true, true},
+    {level::kEquipment, Mode::kActv, true, -1, false, true, false},
+    {level::kEquipment, Mode::kDesc, true, -1, true, true, true},
+};
+
+void SetEditButton(Form& main, bool on) {
+  main.At("cmdEdit").enabled = on;
+  main.At("cmdEdit").visible = on;
+}
+
+void SetCommands(Session& s) {
+  Form& main = *s.main;
+  SetEditButton(main, !s.current.Is(level::kUnknown));
+  for (const LevelCommands& row : kCommands) {
+    if (!s.current.Is(row.level) || s.mode != row.mode) continue;
+    main.At("cmdQC").visible = row.qc;
+    main.At("mnuFQC").enabled = row.qc;
+    if (row.new_survey >= 0) main.At("mnuENewSurvey").enabled = row.new_survey == 1;
+    main.At("mnuENewStructure").enabled = row.new_structure;
+    main.At("mnuENewEquipment").enabled = row.new_equipment;
+    main.At("mnuEDelete").enabled = main.At("mnuEditBar").enabled = row.remove;
+  }
+  if (s.current.Is(level::kStructure)) {
+    main.At("cmdSTRUCTURE_AddEquip").enabled = true;
+    main.At("cmdSTRUCTURE_AddEquip").visible = true;
+  }
+  if (s.current.Is(level::kEquipment) && s.InActv() && s.node_status == "I") SetEditButton(main, false);
+}
+
+void TakeActivityKeys(Session& s, const std::string& key) {
+  const std::size_t length = key.size();
+  if (length == kStructureMonthKeyLength) {
+    if (const auto* id = s.structure_month_list.Find(key)) s.SA_ID_AK = *id;
+  } else if (length == kEquipmentMonthKeyLength) {
+    if (const auto* id = s.equipment_month_list.Find(key)) s.EA_ID_AK = *id;
+    const TreeRecord::Row* row = s.activity_record.FindTag(key.substr(0, kStructureMonthKeyLength));
+    s.node_status = row == nullptr ? "" : row->Status;
+  }
+}
+
+void TakeDescriptionKeys(Session& s, const std::string& key) {
+  if (key.size() == kStructureKeyLength) {
+    if (const auto* id = s.structure_list.Find(key)) s.PD_ID_AK = *id;
+  } else if (key.size() == kEquipmentKeyLength) {
+    if (const auto* id = s.equipment_list.Find(key)) s.ED_ID_AK = *id;
+  }
+}
+
+void TakeLocation(Session& s, const std::string& key) {
+  s.previous = s.current;
+  s.editing = false;
+  if (s.InActv()) {
+    s.current = ParseNodeKey(key);
+    if (s.current.Is(level::kUnknown))
+      Tell(s, "Invalid Key len " + std::to_string(key.size()) + " in ParseNodeKey with " + key);
+    TakeActivityKeys(s, key);
+  } else {
+    s.current = ParseDescNodeKey(key);
+    TakeDescriptionKeys(s, key);
+  }
+}
+
+}  // namespace
+
+void ClearSheet(Session& s) {
+  if (const LevelSheet* at = LevelAt(s.current)) at->clear(s);
+  if (const SheetSpec* sheet = SheetAt(s.current)) ClearFrame(s, *sheet);
+}
+
+void LoadSheet(Session& s) {
+  if (const LevelSheet* at = LevelAt(s.current)) at->load(s);
+  if (const SheetSpec* sheet = SheetAt(s.current)) LoadFrame(s, *sheet);
+}
+
+void LockSheet(Session& s) {
+  if (const LevelSheet* at = LevelAt(s.current)) at->lock(s);
+  if (const SheetSpec* sheet = SheetAt(s.current)) LockFrame(s, *sheet);
+}
+
+void UnlockSheet(Session& s) {
+  if (const LevelSheet* at = LevelAt(s.current)) at->unlock(s);
+  if (const SheetSpec* sheet = SheetAt(s.current)) UnlockFrame(s, *sheet);
+}
+
+void SaveSheet(Session& s, bool after_qc) {
+  if (s.current.Is(level::kUser)) SaveOperator(s);
+  if (s.current.Is(level::kStructure)) {
+    // the tree record tells the truth before the structure is saved
+    TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;
+    if (row != nullptr) row->Status = s.main->At("chkSTRUCTURE_Status").checked ? "I" : "A";
+    SaveStructure(s);
+  }
+  if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
+}
+
+void ShowSheet(Session& s) {
+  if (const SheetSpec* sheet = SheetAt(s.current)) {
+    if (Form* dialog = s.desk.Find("frmNewEquipment")) s.desk.Hide(*dialog);
+    s.desk.Show(SheetForm(s, *sheet));
+    return;
+  }
+  const LevelSheet* at = LevelAt(s.current);
+  s.main->front = at == nullptr ? "none" : at->frame;
+}
+
+void ClickNode(Session& s, int node) {
+  s.tree.selected = node;
+  s.tree.ExpandAncestors(node);
+  ++s.tree.revision;
+  TakeLocation(s, s.tree.nodes[static_cast<std::size_t>(node)].key);
+  SetCommands(s);
+  ClearSheet(s);
+  LoadSheet(s);
+  LockSheet(s);
+  PlaceSheet(s);
+  ShowSheet(s);
+  if (s.previous.EquipType != s.current.EquipType) HidePreviousSheet(s);
+  s.status_text = s.tree.FullPath(node);
+}
+
+}  // namespace merlu

@@ -1,0 +1,21 @@
+// How a selected node becomes a sheet that shows. Six acts are dispatched on the level of the location and,
+// for equipment, on its type.
+#pragma once
+
+#include "session/session.h"
+
+namespace merlu {
+
+void ClearSheet(Session& s);
+void LoadSheet(Session& s);
+void LockSheet(Session& s);
+void UnlockSheet(Session& s);
+// Operator, structure and equipment; a survey has nothing to save. Sets save_failed when it could not be
+// done. `after_qc`: the QC run of the same command has judged the values.
+void SaveSheet(Session& s, bool after_qc);
+void ShowSheet(Session& s);
+
+// What a click on a node does: takes the location from its key, sets buttons and menus, shows its sheet.
+void ClickNode(Session& s, int node);
+
+}  // namespace merlu

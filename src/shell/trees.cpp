@@ -1,0 +1,241 @@
+#include "shell/trees.h"
+
+#include <array>
+#include <cstdio>
+
+#include "base/text.h"
+#include "session/messages.h"
+#include "session/node_keys.h"
+#include "session/types.h"
+#include "shell/program_end.h"
+#include "shell/routing.h"
+
+namespace merlu {
+namespace {
+
+constexpr std::size_t kMostEquipmentMonths = 40000;
+constexpr const char* kFarewell = "Sorry, cannot proceed without User Information - TARNE is shutting down now...";
+
+// The types in the order of the build; fugitives stand in the description tree only.
+constexpr std::array<std::string_view, 16> kBuildOrder = {"AMI", "BOI", "DIE", "DRI", "FLA", "FUG", "GLY", "LOA",
+                                                          "LOS", "MUD", "NGE", "NGT", "PNE", "PRE", "STO", "VEN"};
+
+std::string SurveyText(int year, int month) {
+  std::array<char, 48> text;
+  std::snprintf(text.data(), text.size(), "Monthly Survey %d/%02d", year, month);
+  return text.data();
+}
+
+std::string EquipmentText(std::string_view type, std::string_view id) {
+  return TreeTypeName(type) + ": " + Trim(id);
+}
+
+std::vector<std::string> Operators(Session& s) {
+  std::vector<std::string> ids;
+  s.db.ForEach("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid", {},
+               [&](const RowView& row) { ids.emplace_back(row.Text(0)); });
+  return ids;
+}
+
+void AddOperators(Session& s, const std::vector<std::string>& ids) {
+  for (const std::string& id : ids) s.tree.Add("", UserKey(id), "Operator: " + Trim(id));
+}
+
+void AddSurveys(Session& s, const std::vector<std::string>& ids) {
+  for (const std::string& id : ids)
+    for (int month = 1; month <= s.last_month; ++month)
+      s.tree.Add(UserKey(id), SurveyKey(id, month, s.year), SurveyText(s.year, month));
+}
+
+void TellMissing(Session& s, const char* what, std::int64_t id) {
+  Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
+}
+
+void AddStructureMonths(Session& s) {
+  s.structure_month_list.Reset();
+  s.db.ForEach(
+      "SELECT a.SA_ID_AK,a.PA_MO,a.PA_YR,a.status,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,p.Area,p.Block,p.Name,"
+      "p.PD_ID_AK,a.PD_ID_AK FROM PA_PLATFORM_ACTV a LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK ORDER BY a.SA_ID_AK",
+      {}, [&](const RowView& row) {
+        if (row.IsNull(10)) return TellMissing(s, "Platform Desc", row.Integer(11));
+        const std::string_view user = row.Text(4);
+        const int month = static_cast<int>(row.Integer(1)), year = static_cast<int>(row.Integer(2));
+        const std::string key = StructureMonthKey(user, month, year, row.Text(5), row.Text(6));
+        s.tree.Add(SurveyKey(user, month, year), key, StructureText(row.Text(7), row.Text(8), row.Text(9)));
+        s.structure_month_list.Add(key, row.Integer(0));
+        s.activity_record.Append(row.Integer(0), key, FirstCharacters(row.Text(3), 1));
+      });
+}
+
+void AddStructures(Session& s) {
+  s.structure_list.Reset();
+  s.db.ForEach("SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name,status FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK",
+               {}, [&](const RowView& row) {
+                 const std::string key = StructureKey(row.Text(1), row.Text(2), row.Text(3));
+                 s.tree.Add(UserKey(row.Text(1)), key, StructureText(row.Text(4), row.Text(5), row.Text(6)));
+                 s.structure_list.Add(key, row.Integer(0));
+                 s.description_record.Append(row.Integer(0), key, FirstCharacters(row.Text(7), 1));
+               });
+}
+
+void EndAtTheLimit(Session& s) {
+  s.platform.Beep();
+  TellUnder(s, "Program shutting down",
+            "An internal array is not large enough for your structures. Please contact Technical Support.", Icon::kStop);
+  EndProgram(s);
+}
+
+// Nodes of one type; false when the limit was met and the program has ended.
+bool AddEquipNode(Session& s, std::string_view type) {
+  bool full = false;
+  s.db.ForEach(
+      "SELECT t.EA_ID_AK,a.ED_ID_AK,a.EA_MO,a.EA_YR,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,"
+      "a.EA_ID_AK,d.ED_ID_AK,p.PD_ID_AK FROM EA_" + std::string(type) + " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
+      "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.EA_ID_AK",
+      {}, [&](const RowView& row) {
+        if (full) return;
+        if (row.IsNull(9)) return TellMissing(s, "Equip Activity", row.Integer(0));
+        if (row.IsNull(10)) return TellMissing(s, "Equip Desc", row.Integer(1));
+        if (row.IsNull(11)) return TellMissing(s, "Platform Desc", row.Integer(5));
+        const std::string parent = StructureMonthKey(row.Text(6), static_cast<int>(row.Integer(2)),
+                                                     static_cast<int>(row.Integer(3)), row.Text(7), row.Text(8));
+        const std::string key = parent + EquipmentSuffix(type, row.Text(4));
+        s.tree.Add(parent, key, EquipmentText(type, row.Text(4)));
+        s.equipment_month_list.Add(key, row.Integer(0));
+        full = s.equipment_month_list.size() == kMostEquipmentMonths;
+      });
+  if (full) EndAtTheLimit(s);
+  return !full;
+}
+
+void AddDescEquipNode(Session& s, std::string_view type) {
+  s.db.ForEach("SELECT t.ED_ID_AK,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_ID_AK,p.PD_ID_AK "
+               "FROM ED_" + std::string(type) + " t LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=t.ED_ID_AK "
+               "LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.ED_ID_AK",
+               {}, [&](const RowView& row) {
+                 if (row.IsNull(6)) return TellMissing(s, "Equip Desc", row.Integer(0));
+                 if (row.IsNull(7)) return TellMissing(s, "Platform Desc", row.Integer(2));
+                 const std::string parent = StructureKey(row.Text(3), row.Text(4), row.Text(5));
+                 const std::string key = parent + EquipmentSuffix(type, row.Text(1));
+                 s.tree.Add(parent, key, EquipmentText(type, row.Text(1)));
+                 s.equipment_list.Add(key, row.Integer(0));
+               });
+}
+
+void SortTree(Session& s) { s.tree.Sort(); }
+
+void ClickExisting(Session& s, const std::string& key) {
+  const int node = s.tree.Find(key);
+  if (node < 0) throw Fault(fault_number::kNoSuchNode, "MERLU tree", "Element not found");
+  ClickNode(s, node);
+}
+
+// After a change of mode: month and year from the last activity location, the rest from the current one.
+void SelectAfterModeChangeToActv(Session& s) {
+  QCLocation target = s.current;
+  target.Month = s.last_actv.Month;
+  target.Year = s.last_actv.Year;
+  const bool no_month = target.Month == 0 && target.Year == 0;
+  const std::string key = no_month || target.Is(level::kUser) ? "" : KeyOf(target, Mode::kActv);
+  if (key.empty())
+    SelectRoot(s);
+  else
+    ClickExisting(s, key);
+}
+
+void SelectAfterModeChangeToDesc(Session& s) {
+  if (s.current.Is(level::kUser)) return SelectRoot(s);
+  if (s.current.Is(level::kStructure) || s.current.Is(level::kEquipment)) ClickExisting(s, KeyOf(s.current, Mode::kDesc));
+}
+
+// The tree of activity without its selection; false when the program has ended.
+bool BuildActivityTree(Session& s) {
+  s.tree.Clear();
+  if (s.At("CO_COMPANY").RecordCount() == 0 && !ShowNewOperator(s, kFarewell)) return false;
+  const std::vector<std::string> ids = Operators(s);
+  AddOperators(s, ids);
+  AddSurveys(s, ids);
+  AddStructureMonths(s);
+  s.equipment_month_list.Reset();
+  for (std::string_view type : kBuildOrder)
+    if (FindType(type)->has_activity && !AddEquipNode(s, type)) return false;
+  SortTree(s);
+  if (!s.tree.nodes.empty()) s.tree.nodes.front().expanded = true;
+  return true;
+}
+
+void BuildDescriptionTree(Session& s) {
+  s.tree.Clear();
+  AddOperators(s, Operators(s));
+  AddStructures(s);
+  s.equipment_list.Reset();
+  for (std::string_view type : kBuildOrder) AddDescEquipNode(s, type);
+  SortTree(s);
+  if (!s.tree.nodes.empty()) s.tree.nodes.front().expanded = true;
+}
+
+}  // namespace
+
+std::string StructureText(std::string_view area, std::string_view block, std::string_view name) {
+  return std::string(area).append(", ").append(block).append(", ").append(name);
+}
+
+void RefreshTree(Session& s) {
+  const Busy busy(s);
+  try {
+    if (!BuildActivityTree(s)) return;
+    if (s.mode_changed_to_actv)
+      SelectAfterModeChangeToActv(s);
+    else
+      SelectRoot(s);
+    s.mode_changed_to_actv = false;
+  } catch (const Fault& fault) {
+    TellUnder(s, "Error", fault.description, Icon::kNone);
+  }
+}
+
+void RefreshDescTree(Session& s) {
+  const Busy busy(s);
+  try {
+    BuildDescriptionTree(s);
+    if (s.mode_changed_to_desc)
+      SelectAfterModeChangeToDesc(s);
+    else
+      SelectRoot(s);
+    s.mode_changed_to_desc = false;
+  } catch (const Fault&) {
+    // a description tree that cannot be built, or a node that is gone, ends here without a word
+  }
+}
+
+void SaveTreeExpansion(Session& s) {
+  s.tree_expansion.clear();
+  for (const TreeNode& node : s.tree.nodes) s.tree_expansion.push_back(node.expanded);
+}
+
+void RestoreTreeExpansion(Session& s) {
+  for (std::size_t i = 0; i < s.tree.nodes.size() && i < s.tree_expansion.size(); ++i)
+    s.tree.nodes[i].expanded = s.tree_expansion[i];
+  ++s.tree.revision;
+}
+
+void ReselectLocation(Session& s) {
+  const std::string wanted = KeyOf(s.current, s.mode);
+  for (TreeNode& node : s.tree.nodes)
+    if (node.key.size() < wanted.size() && wanted.starts_with(node.key)) node.expanded = true;
+  if (const int node = s.tree.Find(wanted); node >= 0) ClickNode(s, node);
+}
+
+void SelectRoot(Session& s) {
+  if (s.tree.nodes.empty()) return;
+  s.tree.nodes.front().expanded = true;
+  ClickNode(s, 0);
+}
+
+void AddAndSelect(Session& s, const std::string& parent_key, const std::string& key, const std::string& text) {
+  const int node = s.tree.Add(parent_key, key, text);
+  s.tree.SortChildren(s.tree.nodes[static_cast<std::size_t>(node)].parent);
+  ClickNode(s, node);
+}
+
+}  // namespace merlu

@@ -1,0 +1,30 @@
+// Building the navigation tree of each mode, and moving in it.
+#pragma once
+
+#include <string>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Rebuild the tree of activity, or of descriptions, from the tables and select a node: the root, or, after
+// a change of mode, the node where the user stood. A fault in the first shows under "Error"; the second
+// ends silently.
+void RefreshTree(Session& s);
+void RefreshDescTree(Session& s);
+
+// Remembers every node's expanded state by its index, and puts it back while the nodes are the same.
+void SaveTreeExpansion(Session& s);
+void RestoreTreeExpansion(Session& s);
+
+// Finds the node of the current location again, expands what leads to it, and clicks it.
+void ReselectLocation(Session& s);
+// Expands the first root, selects and clicks it. Nothing in an empty tree.
+void SelectRoot(Session& s);
+
+// Adds a node under its parent, sorts, and selects and clicks it. Faults are passed on.
+void AddAndSelect(Session& s, const std::string& parent_key, const std::string& key, const std::string& text);
+
+std::string StructureText(std::string_view area, std::string_view block, std::string_view name);
+
+}  // namespace merlu

@@ -1,0 +1,155 @@
+#include "store/cursor.h"
+
+#include "base/fault.h"
+#include "base/text.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kSource = "MERLU store";
+
+}  // namespace
+
+Cursor::Cursor(Database& db, std::string table) : db_(db), table_(std::move(table)) {
+  columns_ = db_.Query("SELECT * FROM [" + table_ + "] LIMIT 0").columns;
+  select_ = "SELECT rowid,* FROM [" + table_ + "] ";
+  MoveFirst();
+}
+
+std::int64_t Cursor::RecordCount() {
+  return ToInteger(db_.Single("SELECT EXISTS(SELECT 1 FROM [" + table_ + "])"));
+}
+
+bool Cursor::Load(std::string_view tail, const Values& values) {
+  change_ = Change::kNone;  // a move abandons a change that was begun
+  pending_.clear();
+  return Fetch(tail, values);
+}
+
+bool Cursor::Fetch(std::string_view tail, const Values& values) {
+  std::string sql;
+  sql.reserve(select_.size() + tail.size());
+  sql.append(select_).append(tail);
+  bool found = false;
+  db_.ForEach(sql, values, [&](const RowView& row) {
+    found = true;
+    row_id_ = row.Integer(0);
+    row_.resize(columns_.size());
+    for (std::size_t i = 0; i < row_.size(); ++i) row_[i] = row.At(static_cast<int>(i) + 1);
+  });
+  if (found) {
+    position_ = Position::kOnRow;
+    seen_changes_ = db_.ChangeCount();
+  }
+  return found;
+}
+
+void Cursor::MoveFirst() {
+  if (!Load("ORDER BY rowid LIMIT 1", {})) position_ = Position::kEmpty;
+}
+
+void Cursor::MoveLast() {
+  if (!Load("ORDER BY rowid DESC LIMIT 1", {})) position_ = Position::kEmpty;
+}
+
+void Cursor::MoveNext() {
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  if (!Load("WHERE rowid>? ORDER BY rowid LIMIT 1", {row_id_})) position_ = Position::kAfter;
+}
+
+bool Cursor::FindFirst(const Criteria& criteria) {
+  std::string condition;
+  Values values;
+  values.reserve(criteria.size());
+  for (const auto& [column, value] : criteria) {
+    condition.append(condition.empty() ? "[" : " AND [").append(column).append("]=?");
+    values.push_back(value);
+  }
+  return FindFirstWhere(std::move(condition), std::move(values));
+}
+
+bool Cursor::FindFirstWhere(std::string condition, Values values) {
+  condition_ = std::move(condition);
+  condition_values_ = std::move(values);
+  no_match_ = !Load("WHERE " + condition_ + " ORDER BY rowid LIMIT 1", condition_values_);
+  if (no_match_) position_ = Position::kAfter;
+  return !no_match_;
+}
+
+bool Cursor::FindNext() {
+  Values values = condition_values_;
+  values.emplace_back(row_id_);
+  no_match_ = !Load("WHERE " + condition_ + " AND rowid>? ORDER BY rowid LIMIT 1", values);
+  if (no_match_) position_ = Position::kAfter;
+  return !no_match_;
+}
+
+std::size_t Cursor::ColumnIndex(std::string_view column) const {
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    if (EqualsIgnoringCase(columns_[i], column)) return i;
+  throw Fault(fault_number::kNoSuchItem, kSource,
+              "Item not found in this collection: " + table_ + "." + std::string(column) + ".");
+}
+
+void Cursor::Refresh() {
+  if (seen_changes_ == db_.ChangeCount()) return;
+  // a row that a statement deleted is not found, and the cursor still stands on what it read
+  Fetch("WHERE rowid=?", {row_id_});
+  seen_changes_ = db_.ChangeCount();
+}
+
+const Value& Cursor::Field(std::string_view column) {
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  Refresh();
+  return row_[ColumnIndex(column)];
+}
+
+void Cursor::Edit() {
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  change_ = Change::kEdit;
+  pending_.clear();
+}
+
+void Cursor::AddNew() {
+  change_ = Change::kAdd;
+  pending_.clear();
+}
+
+void Cursor::SetField(std::string_view column, Value value) {
+  if (change_ == Change::kNone) throw Fault(fault_number::kNoChange, kSource, "Update without AddNew or Edit.");
+  pending_.emplace_back(ColumnIndex(column), std::move(value));
+}
+
+void Cursor::Update() {
+  const Change change = std::exchange(change_, Change::kNone);
+  std::vector<std::pair<std::size_t, Value>> pending = std::move(pending_);
+  pending_.clear();
+  if (change == Change::kNone) throw Fault(fault_number::kNoChange, kSource, "Update without AddNew or Edit.");
+  std::string names, marks;
+  Values values;
+  for (auto& [column, value] : pending) {
+    const std::string& name = columns_[column];
+    if (change == Change::kEdit)
+      names.append(names.empty() ? "[" : ",[").append(name).append("]=?");
+    else
+      names.append(names.empty() ? "[" : ",[").append(name).append("]"), marks.append(marks.empty() ? "?" : ",?");
+    values.push_back(std::move(value));
+  }
+  if (change == Change::kAdd) {
+    db_.Execute(names.empty() ? "INSERT INTO [" + table_ + "] DEFAULT VALUES"
+                              : "INSERT INTO [" + table_ + "] (" + names + ") VALUES (" + marks + ")",
+                values);
+    if (position_ == Position::kEmpty) MoveFirst();
+  } else if (!names.empty()) {
+    values.emplace_back(row_id_);
+    if (db_.Execute("UPDATE [" + table_ + "] SET " + names + " WHERE rowid=?", values) == 0)
+      throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
+  }
+}
+
+void Cursor::Delete() {
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  db_.Execute("DELETE FROM [" + table_ + "] WHERE rowid=?", {row_id_});
+}
+
+}  // namespace merlu

@@ -1,0 +1,89 @@
+// The current-row record set over one table: an updatable view of all its rows in their natural order.
+//
+// The current row is shared state: whoever reads a field reads the row that the last move left there, so
+// every operation first finds its record again. A find by key is one indexed look-up with bound values.
+// The cursor may stand on a row that a statement has deleted since: its fields then read as they were.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "store/database.h"
+#include "store/value.h"
+
+namespace merlu {
+
+// Columns and the values that they must equal. A Null value matches nothing.
+using Criteria = std::vector<std::pair<std::string_view, Value>>;
+
+class Cursor {
+ public:
+  // Opens the cursor on its first row. kNoSuchTable when the table is missing. `db` outlives the cursor.
+  Cursor(Database& db, std::string table);
+
+  const std::string& table() const { return table_; }
+  const std::vector<std::string>& columns() const { return columns_; }
+
+  bool BOF() const { return position_ == Position::kBefore || position_ == Position::kEmpty; }
+  bool EOF_() const { return position_ == Position::kAfter || position_ == Position::kEmpty; }
+  // Zero exactly when the table has no rows.
+  std::int64_t RecordCount();
+
+  void MoveFirst();
+  void MoveNext();
+  void MoveLast();
+
+  // Move to the first row that meets the criteria, or to the next one after the current row; NoMatch tells
+  // the result, and after a failed find there is no current row. Return true on a match.
+  bool FindFirst(const Criteria& criteria);
+  // The same with a condition of the caller's own; values are bound to its question marks.
+  bool FindFirstWhere(std::string condition, Values values);
+  bool FindNext();
+  bool NoMatch() const { return no_match_; }
+
+  // Change of the current row, or a new row: Edit or AddNew, then SetField, then Update. A new row does not
+  // become current. kDuplicateKey when the key exists; kNoCurrentRow without a row to edit.
+  void Edit();
+  void AddNew();
+  void SetField(std::string_view column, Value value);
+  void Update();
+  void Delete();
+
+  // Reads the table again: the cursor stands on its first row then.
+  void Requery() { MoveFirst(); }
+
+  // Value of a column of the current row. kNoSuchItem for an unknown column, kNoCurrentRow without a row.
+  const Value& Field(std::string_view column);
+
+  bool HasRow() const { return position_ == Position::kOnRow; }
+
+ private:
+  enum class Position { kBefore, kOnRow, kAfter, kEmpty };
+  enum class Change { kNone, kEdit, kAdd };
+
+  std::size_t ColumnIndex(std::string_view column) const;
+  // Runs a query of all columns with the row's id in front, and takes its first row as the current one.
+  bool Load(std::string_view tail, const Values& values);
+  bool Fetch(std::string_view tail, const Values& values);
+  void Refresh();
+
+  Database& db_;
+  std::string table_;
+  std::string select_;
+  std::vector<std::string> columns_;
+  Position position_ = Position::kEmpty;
+  std::int64_t row_id_ = 0;
+  Values row_;
+  std::int64_t seen_changes_ = 0;
+  bool no_match_ = false;
+  std::string condition_;
+  Values condition_values_;
+  Change change_ = Change::kNone;
+  std::vector<std::pair<std::size_t, Value>> pending_;
+};
+
+}  // namespace merlu

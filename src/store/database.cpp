@@ -1,0 +1,290 @@
+#include "store/database.h"
+
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <set>
+
+#include "base/fault.h"
+#include "base/text.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kSource = "MERLU store";
+constexpr int kBusyMilliseconds = 250;  // long enough for a backup's glance at the file, too short to annoy
+
+int FaultNumber(int extended, const std::string& message) {
+  switch (extended) {
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_ROWID: return fault_number::kDuplicateKey;
+    case SQLITE_CONSTRAINT_FOREIGNKEY: return fault_number::kReference;
+    default: break;
+  }
+  switch (extended & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return fault_number::kInUseTable;
+    case SQLITE_NOTADB: return fault_number::kNotADatabase;
+    case SQLITE_CORRUPT: return fault_number::kDamaged;
+    case SQLITE_FULL: return fault_number::kDiskFullStore;
+    case SQLITE_READONLY: return fault_number::kReadOnly;
+    case SQLITE_CANTOPEN: return fault_number::kPathNotFound;
+    default: break;
+  }
+  if (message.starts_with("no such table")) return fault_number::kNoSuchTable;
+  if (message.starts_with("no such column")) return fault_number::kNoSuchItem;
+  return fault_number::kOther;
+}
+
+std::string Described(int number, const std::string& message) {
+  switch (number) {
+    case fault_number::kInUseTable: return "The database is locked by another program.";
+    case fault_number::kNotADatabase: return "The file is not a MERLU database.";
+    case fault_number::kDamaged: return "The database file is damaged (" + message + ").";
+    case fault_number::kDiskFullStore: return "There is not enough room on the disk for the database.";
+    case fault_number::kReadOnly: return "The database file is read-only.";
+    default: return message;
+  }
+}
+
+bool IsBoolean(sqlite3_stmt* statement, int column) {
+  const char* type = sqlite3_column_decltype(statement, column);
+  return type != nullptr && EqualsIgnoringCase(type, "BOOLEAN");
+}
+
+// Lets reading statements pass, nothing else.
+int ReadersOnly(void*, int action, const char* first, const char* second, const char*, const char*) {
+  static const std::set<std::string> kReadingPragmas = {"table_info", "table_xinfo", "index_list", "index_info", "foreign_key_list",
+                                                        "foreign_key_check", "integrity_check", "quick_check"};
+  switch (action) {
+    case SQLITE_SELECT:
+    case SQLITE_READ:
+    case SQLITE_RECURSIVE: return SQLITE_OK;
+    case SQLITE_FUNCTION:
+      return second != nullptr && EqualsIgnoringCase(second, "load_extension") ? SQLITE_DENY : SQLITE_OK;
+    case SQLITE_PRAGMA: return first != nullptr && kReadingPragmas.contains(Lower(first)) ? SQLITE_OK : SQLITE_DENY;
+    default: return SQLITE_DENY;
+  }
+}
+
+// No write permission for anybody marks a file as read-only, also for the superuser.
+bool IsMarkedReadOnly(const std::string& path) {
+  using std::filesystem::perms;
+  std::error_code error;
+  const auto status = std::filesystem::status(path, error);
+  const auto writers = perms::owner_write | perms::group_write | perms::others_write;
+  return !error && (status.permissions() & writers) == perms::none;
+}
+
+}  // namespace
+
+int RowView::size() const { return sqlite3_column_count(statement_); }
+bool RowView::IsNull(int c) const { return sqlite3_column_type(statement_, c) == SQLITE_NULL; }
+std::int64_t RowView::Integer(int c) const { return sqlite3_column_int64(statement_, c); }
+double RowView::Number(int c) const { return sqlite3_column_double(statement_, c); }
+
+std::string_view RowView::Text(int c) const {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, c));
+  return text == nullptr ? std::string_view()
+                         : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, c)));
+}
+
+Value RowView::At(int c) const {
+  switch (sqlite3_column_type(statement_, c)) {
+    case SQLITE_NULL: return Null{};
+    case SQLITE_INTEGER:
+      if (IsBoolean(statement_, c)) return Integer(c) != 0;
+      return Integer(c);
+    case SQLITE_FLOAT: return Number(c);
+    default: return std::string(Text(c));
+  }
+}
+
+// A statement between its first step and its reset. A cached statement that is already running (a query
+// inside a query) is prepared once more for the inner use.
+class Database::Running {
+ public:
+  Running(Database& db, std::string_view sql, const Values& values) : db_(db) {
+    statement_ = db.Prepare(sql);
+    if (sqlite3_stmt_busy(statement_)) {
+      if (sqlite3_prepare_v2(db.db_, sql.data(), static_cast<int>(sql.size()), &statement_, nullptr) != SQLITE_OK)
+        db.Fail(sqlite3_extended_errcode(db.db_));
+      own_.reset(statement_);
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i) + 1, values[i]);
+  }
+  ~Running() {
+    sqlite3_reset(statement_);
+    sqlite3_clear_bindings(statement_);
+  }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+  bool Step() {
+    const int code = sqlite3_step(statement_);
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) return false;
+    db_.Fail(sqlite3_extended_errcode(db_.db_));
+  }
+  RowView row() const { return RowView(statement_); }
+  sqlite3_stmt* statement() const { return statement_; }
+
+ private:
+  void Bind(int at, const Value& value) {
+    if (const auto* b = std::get_if<bool>(&value)) sqlite3_bind_int(statement_, at, *b ? 1 : 0);
+    if (const auto* i = std::get_if<std::int64_t>(&value)) sqlite3_bind_int64(statement_, at, *i);
+    if (const auto* d = std::get_if<double>(&value)) sqlite3_bind_double(statement_, at, *d);
+    if (const auto* s = std::get_if<std::string>(&value))
+      sqlite3_bind_text(statement_, at, s->data(), static_cast<int>(s->size()), SQLITE_STATIC);
+  }
+
+  Database& db_;
+  sqlite3_stmt* statement_ = nullptr;
+  std::unique_ptr<sqlite3_stmt, Finalizer> own_;
+};
+
+void Database::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Database::~Database() { Close(); }
+
+void Database::Fail(int code) const {
+  const std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
+  const int number = FaultNumber(code, message);
+  throw Fault(number, kSource, Described(number, message));
+}
+
+void Database::Open(const std::string& path) {
+  Close();
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error))
+    throw Fault(fault_number::kPathNotFound, kSource, "Could not find file '" + path + "'.");
+  path_ = path;
+  const int code = sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+  try {
+    if (code != SQLITE_OK) Fail(code);
+    if (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path)) Fail(SQLITE_READONLY);
+    sqlite3_busy_timeout(db_, kBusyMilliseconds);
+    Execute("PRAGMA foreign_keys=ON");
+    Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
+  } catch (const Fault& fault) {
+    Close();
+    if (fault.number == fault_number::kInUseTable) throw Fault(fault_number::kInUse, kSource, fault.description);
+    throw;
+  }
+}
+
+void Database::Close() {
+  if (db_ == nullptr) return;
+  cache_.clear();
+  if (!sqlite3_get_autocommit(db_)) sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
+  sqlite3_close_v2(db_);
+  db_ = nullptr;
+  batches_ = 0;
+}
+
+sqlite3_stmt* Database::Prepare(std::string_view sql) {
+  if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No database is open.");
+  if (const auto found = cache_.find(sql); found != cache_.end()) return found->second.get();
+  sqlite3_stmt* statement = nullptr;
+  if (sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement, nullptr) !=
+      SQLITE_OK)
+    Fail(sqlite3_extended_errcode(db_));
+  cache_.emplace(std::string(sql), statement);
+  return statement;
+}
+
+int Database::Execute(std::string_view sql, const Values& values) {
+  Running run(*this, sql, values);
+  while (run.Step()) {
+  }
+  return sqlite3_changes(db_);
+}
+
+int Database::ForEach(std::string_view sql, const Values& values, const std::function<void(const RowView&)>& each) {
+  Running run(*this, sql, values);
+  int count = 0;
+  for (; run.Step(); ++count) each(run.row());
+  return count;
+}
+
+Rows Database::Query(std::string_view sql, const Values& values) {
+  Running run(*this, sql, values);
+  Rows result;
+  const int width = sqlite3_column_count(run.statement());
+  for (int c = 0; c < width; ++c) result.columns.emplace_back(sqlite3_column_name(run.statement(), c));
+  while (run.Step()) {
+    Values row;
+    row.reserve(static_cast<std::size_t>(width));
+    for (int c = 0; c < width; ++c) row.push_back(run.row().At(c));
+    result.rows.push_back(std::move(row));
+  }
+  return result;
+}
+
+Value Database::Single(std::string_view sql, const Values& values) {
+  Running run(*this, sql, values);
+  return run.Step() ? run.row().At(0) : Value();
+}
+
+Rows Database::ReadOnlyQuery(const std::string& sql) {
+  if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No database is open.");
+  // the text's own preparation is judged; a cached statement would not be
+  sqlite3_set_authorizer(db_, ReadersOnly, nullptr);
+  sqlite3_stmt* statement = nullptr;
+  const char* tail = nullptr;
+  const int code = sqlite3_prepare_v2(db_, sql.c_str(), -1, &statement, &tail);
+  const std::string message = code == SQLITE_OK ? "" : sqlite3_errmsg(db_);
+  sqlite3_set_authorizer(db_, nullptr, nullptr);
+  const std::unique_ptr<sqlite3_stmt, Finalizer> owner(statement);
+  if (code == SQLITE_AUTH) throw Fault(fault_number::kReadOnly, kSource, "Only statements that read are allowed.");
+  if (code != SQLITE_OK) throw Fault(FaultNumber(code, message), kSource, message);
+  if (statement == nullptr || !sqlite3_stmt_readonly(statement) ||
+      std::string_view(tail).find_first_not_of(" \t\r\n;") != std::string_view::npos)
+    throw Fault(fault_number::kReadOnly, kSource, "Only one statement that reads is allowed.");
+  Rows result;
+  const int width = sqlite3_column_count(statement);
+  for (int c = 0; c < width; ++c) result.columns.emplace_back(sqlite3_column_name(statement, c));
+  int step = 0;
+  while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
+    Values& row = result.rows.emplace_back();
+    for (int c = 0; c < width; ++c) row.push_back(RowView(statement).At(c));
+  }
+  if (step != SQLITE_DONE) Fail(sqlite3_extended_errcode(db_));
+  return result;
+}
+
+bool Database::HasTable(std::string_view name) {
+  return !IsNull(Single("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE", {std::string(name)}));
+}
+
+std::int64_t Database::ChangeCount() const { return db_ == nullptr ? 0 : sqlite3_total_changes64(db_); }
+
+WriteBatch::WriteBatch(Database& db) : db_(db) {
+  if (db_.batches_ == 0) db_.Execute("BEGIN IMMEDIATE");
+  ++db_.batches_;
+}
+
+void WriteBatch::Commit() {
+  if (!open_) return;
+  open_ = false;
+  if (--db_.batches_ > 0) return;
+  // the engine ends a batch by itself when the disk fails; nothing is left to commit then
+  if (sqlite3_get_autocommit(db_.db_)) return;
+  try {
+    db_.Execute("COMMIT");
+  } catch (const Fault&) {
+    sqlite3_exec(db_.db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    throw;
+  }
+}
+
+WriteBatch::~WriteBatch() {
+  try {
+    if (db_.IsOpen()) Commit();
+  } catch (const Fault&) {
+    // the caller is already on its way out with the fault that matters
+  }
+}
+
+}  // namespace merlu

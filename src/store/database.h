@@ -1,0 +1,115 @@
+// One open SQLite file. Statements are prepared once and kept; values are bound, never put into the text.
+// Every failure is a Fault whose number is one of fault_number.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "store/value.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace merlu {
+
+// The row that a running query stands on; valid during the call that hands it out.
+class RowView {
+ public:
+  explicit RowView(sqlite3_stmt* statement) : statement_(statement) {}
+  int size() const;
+  bool IsNull(int column) const;
+  std::int64_t Integer(int column) const;
+  double Number(int column) const;
+  std::string_view Text(int column) const;  // empty for Null
+  // A column declared BOOLEAN gives a yes/no.
+  Value At(int column) const;
+
+ private:
+  sqlite3_stmt* statement_;
+};
+
+struct Rows {
+  std::vector<std::string> columns;
+  std::vector<Values> rows;
+};
+
+class Database {
+ public:
+  Database() = default;
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  // Opens an existing file for reading and writing, with foreign keys on. The file must be a database,
+  // not read-only, and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse).
+  // Nothing is written.
+  void Open(const std::string& path);
+  // Never fails. A batch that is still open is committed.
+  void Close();
+  bool IsOpen() const { return db_ != nullptr; }
+  const std::string& path() const { return path_; }
+
+  // Runs a statement; returns the number of rows it changed.
+  int Execute(std::string_view sql, const Values& values = {});
+  // Runs a query and keeps all rows.
+  Rows Query(std::string_view sql, const Values& values = {});
+  // Runs a query and hands each row to `each`; returns the number of rows.
+  int ForEach(std::string_view sql, const Values& values, const std::function<void(const RowView&)>& each);
+  // First column of the first row, Null without rows.
+  Value Single(std::string_view sql, const Values& values = {});
+
+  // As Query, for a statement from outside: one statement that only reads, anything else is refused.
+  Rows ReadOnlyQuery(const std::string& sql);
+
+  bool HasTable(std::string_view name);
+
+  // Grows with every row that a statement of this connection changes.
+  std::int64_t ChangeCount() const;
+
+ private:
+  friend class Cursor;
+  friend class WriteBatch;
+  class Running;  // a prepared statement in use
+
+  sqlite3_stmt* Prepare(std::string_view sql);
+  [[noreturn]] void Fail(int code) const;
+
+  struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+  };
+  using Cache = std::unordered_map<std::string, std::unique_ptr<sqlite3_stmt, Finalizer>, TextHash, std::equal_to<>>;
+
+  sqlite3* db_ = nullptr;
+  std::string path_;
+  Cache cache_;
+  int batches_ = 0;
+};
+
+// Many writes, one commit. The outermost batch begins and commits; it commits when it goes out of scope
+// also after a fault, so that work half done stays and a power cut leaves the file whole.
+class WriteBatch {
+ public:
+  // kInUseTable when another process holds the file.
+  explicit WriteBatch(Database& db);
+  ~WriteBatch();
+  WriteBatch(const WriteBatch&) = delete;
+  WriteBatch& operator=(const WriteBatch&) = delete;
+
+  // Commits now, so that a failing commit can be told. Without a call the destructor commits silently.
+  void Commit();
+
+ private:
+  Database& db_;
+  bool open_ = true;
+};
+
+}  // namespace merlu

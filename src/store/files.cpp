@@ -1,0 +1,64 @@
+#include "store/files.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "base/fault.h"
+#include "store/database.h"
+
+namespace merlu {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr const char* kSource = "MERLU files";
+
+}  // namespace
+
+bool FileExists(const std::string& path) {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+bool CanWriteFolder(const std::string& folder) { return ::access(folder.c_str(), W_OK | X_OK) == 0; }
+
+std::string WithSeparator(const std::string& folder) { return folder.ends_with('/') ? folder : folder + "/"; }
+
+void CopyDatabase(const std::string& from, const std::string& to) {
+  std::error_code error;
+  if (!fs::is_regular_file(from, error)) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + from);
+  const std::string part = to + ".part";
+  fs::create_directories(fs::path(to).parent_path(), error);
+  if (fs::copy_file(from, part, fs::copy_options::overwrite_existing, error)) {
+    fs::permissions(part, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
+    if (!error) fs::rename(part, to, error);
+    if (!error) return;
+  }
+  const std::string why = error.message();
+  fs::remove(part, error);
+  throw Fault(fault_number::kFileAccess, kSource, "Cannot make the file " + to + ": " + why + ".");
+}
+
+std::string NextFreeFileName(const std::string& path) {
+  const fs::path wanted(path);
+  std::string free = path;
+  for (int count = 1; FileExists(free); ++count)
+    free = (wanted.parent_path() / (wanted.stem().string() + std::to_string(count) + wanted.extension().string())).string();
+  return free;
+}
+
+bool TableExists(const std::string& path, std::string_view table) {
+  Database db;
+  db.Open(path);
+  return db.HasTable(table);
+}
+
+bool IsCurrentDatabase(const std::string& path) {
+  try {
+    return TableExists(path, "EA_LOA");
+  } catch (const Fault&) {
+    return true;  // its failure shows when it is opened
+  }
+}
+
+}  // namespace merlu

@@ -1,0 +1,28 @@
+// Database files on disk: their paths, copies and first looks.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace merlu {
+
+bool FileExists(const std::string& path);
+// Whether a file can be made in the folder.
+bool CanWriteFolder(const std::string& folder);
+// The folder with a separator at its end.
+std::string WithSeparator(const std::string& folder);
+
+// Copies a file to a path that does not exist yet, under a temporary name first, so that no half file is
+// left behind. kFileNotFound, kFileAccess.
+void CopyDatabase(const std::string& from, const std::string& to);
+
+// The path itself, or the first of base1, base2, ... with its extension that does not exist.
+std::string NextFreeFileName(const std::string& path);
+
+// Whether the file has the table. A file that cannot be opened is a fault.
+bool TableExists(const std::string& path, std::string_view table);
+
+// False only for a database file without the table EA_LOA, which files of the earlier version lack.
+bool IsCurrentDatabase(const std::string& path);
+
+}  // namespace merlu
