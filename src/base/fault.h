@@ -21,6 +21,7 @@ inline constexpr int kDuplicateKey = 3022;      // a key that exists
 inline constexpr int kPathNotFound = 3024;      // the database file is not there
 inline constexpr int kDiskFullStore = 3026;     // no room in the database's file system
 inline constexpr int kReadOnly = 3051;          // the file cannot be opened for writing
+inline constexpr int kSyntax = 3075;            // criteria that cannot be read
 inline constexpr int kNoSuchTable = 3078;       // a table that the file lacks
 inline constexpr int kOther = 3146;             // any other failure of the engine
 inline constexpr int kRecordDeleted = 3167;     // a change of a row that is gone

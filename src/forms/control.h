@@ -47,6 +47,7 @@ struct Control {
   bool lines = false;   // holds several lines of text
   std::string label;    // name of the label control that is this field's caption, when it has a name
   bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
+  std::string note;     // name of a label control that stands behind the field
   std::string tip;      // what the front end tells when the control is pointed at, e.g. its finding
 };
 

@@ -55,10 +55,8 @@ void AddMasterFields(const SheetSpec& sheet, Json& fields) {
 Json RuleJson(const RuleGroup& group, const Rule& rule) {
   Json json = {{"group", group.name}, {"order", rule.order}, {"mode", InName(rule.mode)}, {"field", rule.field},
                {"check", rule.check.name}};
-  if (rule.check.has_bounds) {
-    json["low"] = rule.check.low;
-    json["high"] = rule.check.high;
-  }
+  if (rule.check.has_low) json["low"] = rule.check.low;
+  if (rule.check.has_high) json["high"] = rule.check.high;
   if (!rule.check.text.empty()) json["text"] = rule.check.text;
   json["when"] = rule.when.words;
   return json;
@@ -67,7 +65,7 @@ Json RuleJson(const RuleGroup& group, const Rule& rule) {
 Json SheetJson(const SheetSpec& sheet) {
   Json fields = Json::array(), rules = Json::array();
   for (const FieldSpec& field : sheet.fields) fields.push_back(FieldJson(sheet, field));
-  AddMasterFields(sheet, fields);
+  if (sheet.has_activity) AddMasterFields(sheet, fields);
   for (const RuleGroup& group : sheet.rules)
     for (const Rule& rule : group.rules) rules.push_back(RuleJson(group, rule));
   return {{"type", sheet.type}, {"number", sheet.number}, {"form", sheet.form()}, {"frame", sheet.frame()},
@@ -79,8 +77,7 @@ Json SheetJson(const SheetSpec& sheet) {
 
 Json Catalogue() {
   Json sheets = Json::array();
-  for (const SheetSpec* sheet : AllSheets())
-    if (HasOwnTable(*sheet)) sheets.push_back(SheetJson(*sheet));
+  for (const SheetSpec* sheet : AllSheets()) sheets.push_back(SheetJson(*sheet));
   return {{"sheets", sheets}};
 }
 

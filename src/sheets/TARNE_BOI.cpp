@@ -72,20 +72,21 @@ void AddFields(SheetSpec& sheet) {
 
 void AddEnablings(SheetSpec& sheet) {
   using At = Enabling::At;
-  sheet.enablings = {
-      {.at = At::kUnlock, .mode = ACTV, .list = kFuel, .texts = kOilFuels, .fields = kMonthlyOilSet, .locks = true},
-      {.at = At::kUnlock, .mode = ACTV, .list = kFuel, .texts = kOilFuels, .reads = false, .fields = {kTotalGas}, .locks = true},
-      {.at = At::kClick, .mode = DESC, .list = kFuel, .texts = kOilFuels, .reads = false, .fields = kGasSet},
-      {.at = At::kClick, .mode = DESC, .list = kFuel, .texts = kOilFuels, .fields = kOilSet},
-      {.at = At::kClick, .mode = DESC, .list = kFuel, .texts = kOilFuels, .fields = kMonthlyOilSet, .keeps_colour = true},
-      {.at = At::kClick, .mode = ACTV, .list = kFuel, .texts = kOilFuels, .reads = false, .fields = {kTotalGas}},
+  using Does = Enabling::Does;
+  sheet.Add({
+      {.at = At::kUnlock, .mode = ACTV, .when = OilFuel(), .fields = kMonthlyOilSet, .does = Does::kEnableAndLock},
+      {.at = At::kUnlock, .mode = ACTV, .when = GasFuel(), .fields = {kTotalGas}, .does = Does::kEnableAndLock},
+      {.at = At::kClick, .mode = DESC, .lists = {kFuel}, .when = GasFuel(), .fields = kGasSet},
+      {.at = At::kClick, .mode = DESC, .lists = {kFuel}, .when = OilFuel(), .fields = kOilSet},
+      {.at = At::kClick, .mode = DESC, .lists = {kFuel}, .when = OilFuel(), .fields = kMonthlyOilSet, .keeps_colour = true},
+      {.at = At::kClick, .mode = ACTV, .lists = {kFuel}, .when = GasFuel(), .fields = {kTotalGas}},
       // in activity mode a gas fuel turns the oil fields off, and an oil fuel turns nothing on
-      {.at = At::kClick, .mode = ACTV, .list = kFuel, .texts = kOilFuels, .fields = kMonthlyOilSet, .only_off = true},
-  };
+      {.at = At::kClick, .mode = ACTV, .lists = {kFuel}, .when = OilFuel(), .fields = kMonthlyOilSet, .only_off = true},
+  });
 }
 
 std::vector<Rule> FieldRules() {
-  const bool kStays = false;  // a false condition leaves the field's finding alone
+  constexpr Otherwise kStays = Otherwise::kNothing;
   return {
       {1, DESC, "txtBOI_HeatInputRate", EmptyUnlessNumeric()},
       {1, DESC, "txtBOI_MaxRatedHeatInputRate", EmptyUnlessNumeric()},

@@ -41,12 +41,14 @@ SheetSpec Flare() {
                       .temperature_caption = "Avg. Combustion Temp. (°F):", .velocity_tag = "Avg. Exit Velocity",
                       .temperature_tag = "Avg. Combustion Temperature"});
 
-  sheet.enablings = {
-      {.at = Enabling::At::kUnlock, .mode = ACTV, .list = kPilot, .texts = {"Yes"},
-       .fields = {"cmbFLA_PilotIncludedInVolume"}, .locks = true},
-      {.at = Enabling::At::kUnlock, .mode = DESC, .list = kPilot, .texts = {"Yes"}, .fields = {"txtFLA_PilotFuelFeedRate"}},
-      {.at = Enabling::At::kClick, .list = kPilot, .texts = {"Yes"}, .fields = {"txtFLA_PilotFuelFeedRate"}, .empties = true},
-  };
+  using At = Enabling::At;
+  sheet.Add({
+      {.at = At::kUnlock, .mode = ACTV, .lists = {kPilot}, .when = Reads(kPilot, {"Yes"}),
+       .fields = {"cmbFLA_PilotIncludedInVolume"}, .does = Enabling::Does::kEnableAndLock},
+      {.at = At::kUnlock, .mode = DESC, .lists = {kPilot}, .when = Reads(kPilot, {"Yes"}), .fields = {"txtFLA_PilotFuelFeedRate"}},
+      {.at = At::kClick, .lists = {kPilot}, .when = Reads(kPilot, {"Yes"}), .fields = {"txtFLA_PilotFuelFeedRate"},
+       .empties = Enabling::Empties::kAtClick},
+  });
 
   sheet.rules = {{"CheckFLAFields", {
       {1, ACTV, "txtFLA_HrsOperated", RequiredRange(0, 744)},

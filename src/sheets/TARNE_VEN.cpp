@@ -26,12 +26,8 @@ SheetSpec Vent() {
   sheet.Add(0, "Vent", {
       Coded(DESC, "cmbVEN_VentType", "Vent Type:", "Vent Type", "VENT_TYP", {{"High Pressure", "H"}, {"Low Pressure", "L"}}),
   });
-  sheet.Add(1, "Control technology", {
-      Coded(DESC, kControl, "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
-            {{"Condenser", "CND"}, {"None", "NONE"}}),
-      Number(DESC, "txtVEN_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP"),
-      Number(DESC, "txtVEN_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES"),
-  });
+  AddControlTechnology(sheet, {.letters = "VEN", .items = {{"Condenser", "CND"}, {"None", "NONE"}},
+                               .with_condenser = {"Condenser"}});
   sheet.Add(0, "Monthly activity", {
       Number(ACTV, "txtVEN_HrsOperated", "Hours Operated (hrs), including upsets:", "Hours Operated, excl upsets", "OP_HR"),
       Number(ACTV, "txtVEN_VolVented", "Volume Vented (Mscf), including upsets:", "Volume Vented, incl upsets", "VOL_VENTED"),
@@ -43,10 +39,6 @@ SheetSpec Vent() {
   AddStack(sheet, 0, {.letters = "VEN", .temperature_control = "txtVEN_StackT",
                       .temperature_caption = "Avg. Exit Temperature (°F):", .velocity_tag = "Exit Velocity",
                       .temperature_tag = "Exit Temperature"});
-
-  sheet.enablings = {
-      {.list = kControl, .texts = {"Condenser"}, .fields = {"txtVEN_CondenserT", "txtVEN_CondenserP"}},
-  };
 
   sheet.rules = {{"CheckVENFields", {
       {1, DESC, "cmbVEN_VentType", Required()},

@@ -5,6 +5,7 @@
 #include "qc/qc_log.h"
 #include "session/messages.h"
 #include "session/records.h"
+#include "sheets/blocks/blocks.h"
 #include "sheets/conversions.h"
 #include "sheets/rules.h"
 #include "sheets/sheet_form.h"
@@ -12,7 +13,6 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kNotFound = "Equipment record not found";
 constexpr const char* kNoDate = "Date of Last QC:          ";
 
 bool IsMonthly(const FieldSpec& field) { return field.mode == In::kActv; }
@@ -24,12 +24,12 @@ void SetLabel(Form& form, const std::string& label, const std::string& text) {
 void ShowMonthlyBlock(Form& form, const SheetSpec& sheet, bool show) {
   for (const FieldSpec& field : sheet.fields) {
     if (!IsMonthly(field)) continue;
-    form.At(field.control).visible = show;
-    if (!field.label.empty()) form.At(field.label).visible = show;
+    for (const std::string& name : {field.control, field.label, field.note_label})
+      if (!name.empty()) form.At(name).visible = show;
   }
-  form.At(sheet.comments()).visible = show;
-  form.At(sheet.comments_label()).visible = show;
-  form.At(sheet.status_box()).visible = show;
+  if (!sheet.has_activity) return;
+  for (const std::string& name : {sheet.comments(), sheet.comments_label(), sheet.status_box()})
+    form.At(name).visible = show;
 }
 
 void SetTitle(Form& form, const SheetSpec& sheet, const std::string& title, bool editing) {
@@ -40,9 +40,11 @@ void SetTitle(Form& form, const SheetSpec& sheet, const std::string& title, bool
 // The lists of the description come before the month, the texts after it.
 void LoadDescription(Session& s, Form& form, const SheetSpec& sheet, bool lists) {
   Cursor& row = s.At(sheet.ed_table());
-  for (const FieldSpec& field : sheet.fields)
-    if (!IsMonthly(field) && (field.kind == Kind::kList) == lists && !field.column.empty())
-      ShowField(form, field, row.Field(field.column));
+  for (const FieldSpec& field : sheet.fields) {
+    if (IsMonthly(field) || (field.kind == Kind::kList) != lists || field.column.empty() || !field.loads) continue;
+    if (field.stored == Stored::kDestination) LoadVentFlareList(s, form, sheet.destination, sheet.sent_to);
+    ShowField(form, field, row.Field(field.column));
+  }
 }
 
 void LoadMonth(Session& s, Form& form, const SheetSpec& sheet) {
@@ -59,11 +61,12 @@ void LoadMonth(Session& s, Form& form, const SheetSpec& sheet) {
 }
 
 void Unlock(Control& field) {
+  if (field.kind == Kind::kOption) field.enabled = true;
   field.locked = false;
   field.back = Back::kWindow;
 }
 
-void SaveMonth(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
+void SaveMasterRow(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
   Cursor& master = s.At("EA_EQUIP_ACTV");
   const bool inactive = form.At(sheet.status_box()).checked;
   master.Edit();
@@ -72,6 +75,17 @@ void SaveMonth(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
   if (!after_qc) master.SetField("EA_QC_DT", Null{});
   master.Update();
   form.At("lblNoEmissions").visible = inactive;
+}
+
+// Null for a column that the record has no use for.
+void StoreOrDrop(Cursor& row, const FieldSpec& field, const Form& form) {
+  if (field.kept_when.holds && !field.kept_when.holds(form))
+    row.SetField(field.column, Null{});
+  else
+    StoreField(row, field, form.At(field.control));
+}
+
+void SaveTypeRow(Session& s, Form& form, const SheetSpec& sheet) {
   Cursor& row = s.At(sheet.ea_table());
   row.Edit();
   for (const FieldSpec& field : sheet.fields)
@@ -79,11 +93,17 @@ void SaveMonth(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
   row.Update();
 }
 
+void SaveMonth(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
+  if (sheet.month_row_first) SaveTypeRow(s, form, sheet);
+  SaveMasterRow(s, form, sheet, after_qc);
+  if (!sheet.month_row_first) SaveTypeRow(s, form, sheet);
+}
+
 void SaveDescription(Session& s, Form& form, const SheetSpec& sheet) {
   Cursor& row = s.At(sheet.ed_table());
   row.Edit();
   for (const FieldSpec& field : sheet.fields)
-    if (!IsMonthly(field) && !field.column.empty()) StoreField(row, field, form.At(field.control));
+    if (!IsMonthly(field) && !field.column.empty()) StoreOrDrop(row, field, form);
   row.Update();
 }
 
@@ -109,8 +129,8 @@ void ClearFrame(Session& s, const SheetSpec& sheet) {
       control.index = -1;
       control.tip.clear();
     }
+    control.checked = false;
   }
-  form.At(sheet.status_box()).checked = false;
   form.At("lblNoEmissions").visible = false;
   SetLabel(form, sheet.date_label(), kNoDate);
   ShowMonthlyBlock(form, sheet, s.InActv());
@@ -118,6 +138,7 @@ void ClearFrame(Session& s, const SheetSpec& sheet) {
   for (std::size_t page = 1; page + 1 < available.size(); ++page) available[page] = !s.InActv();
   const std::string& title = s.InActv() ? sheet.cleared_title_actv : sheet.cleared_title_desc;
   if (!title.empty()) SetTitle(form, sheet, title, form.At(sheet.frame()).emphasis);
+  if (sheet.after_clear) sheet.after_clear(s, form);
 }
 
 bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) {
@@ -127,10 +148,11 @@ bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) 
 void LoadFrame(Session& s, const SheetSpec& sheet) {
   OnSheet(s, [&] {
     Form& form = SheetForm(s, sheet);
-    if (!FindRecord(s, sheet, s.current)) return Tell(s, kNotFound);
+    if (!FindRecord(s, sheet, s.current)) return Tell(s, sheet.not_found_on_load);
     LoadDescription(s, form, sheet, true);
     if (s.InActv()) LoadMonth(s, form, sheet);
     LoadDescription(s, form, sheet, false);
+    if (sheet.after_load) sheet.after_load(s, form);
     const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
     form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
     if (s.node_status == "I" && s.InActv()) form.At("lblNoEmissions").visible = true;
@@ -143,11 +165,12 @@ void LockFrame(Session& s, const SheetSpec& sheet) {
   form.At(sheet.comment_button()).enabled = false;
   SetTitle(form, sheet, sheet.title, false);
   for (Control& control : form.controls()) {
+    if (control.kind == Kind::kOption) control.enabled = false;
     if (control.kind != Kind::kText && control.kind != Kind::kList) continue;
     control.locked = true;
     control.back = Back::kFace;
   }
-  form.At("Frame1").visible = false;
+  if (sheet.has_activity) form.At("Frame1").visible = false;
   form.At(sheet.list()).back = Back::kFace;
 }
 
@@ -156,7 +179,7 @@ void UnlockFrame(Session& s, const SheetSpec& sheet) {
   form.At(sheet.comment_button()).enabled = true;
   form.At(sheet.list()).back = Back::kWindow;
   if (s.InActv()) form.At("Frame1").visible = true;
-  if (s.InActv() || sheet.comments_unlock_in_desc) Unlock(form.At(sheet.comments()));
+  if (s.InActv() || sheet.comments_unlock_in_desc || !sheet.has_activity) Unlock(form.At(sheet.comments()));
   for (const FieldSpec& field : sheet.fields)
     if (IsMonthly(field) == s.InActv() && field.stored != Stored::kComputed) Unlock(form.At(field.control));
   SetTitle(form, sheet, sheet.edit_title, true);
@@ -169,7 +192,7 @@ void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
     Form& form = SheetForm(s, sheet);
     WriteBatch batch(s.db);
     if (!FindRecord(s, sheet, s.current)) {
-      Tell(s, kNotFound);
+      Tell(s, sheet.not_found_on_save);
       s.save_failed = true;
       return;
     }
@@ -200,12 +223,13 @@ void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
     ClearFrame(s, sheet);
     LoadFrame(s, sheet);
   }
-  if (form.At(sheet.status_box()).checked) {
-    DelQCRecordsForLocAndBelow(s, location);
+  if (sheet.has_activity && form.At(sheet.status_box()).checked) {
+    sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location) : DelQCRecordsForLocAndBelow(s, location);
     s.EquipmentInactive = true;
   } else {
+    if (sheet.before_rules) sheet.before_rules(s, location);
     RunRules(s, form, location, sheet.rules);
-    if (FindRecord(s, sheet, location) && s.InActv()) StampMonth(s);
+    if (FindRecord(s, sheet, location) && s.InActv() && sheet.has_activity) StampMonth(s);
   }
   if (!showing) UnloadSheet(s, sheet);
 }

@@ -1,5 +1,7 @@
 #include "sheets/conversions.h"
 
+#include <algorithm>
+
 #include "base/numbers.h"
 #include "base/text.h"
 
@@ -29,22 +31,55 @@ Value FieldYesNo(std::string_view text) {
   return Upper(text) == "YES";
 }
 
+Value StoredDestination(std::string_view item) {
+  // a vent is told by its word and colon, a flare by its word alone
+  if (item.starts_with("Vent:")) return std::string("VEN").append(item.substr(std::min<std::size_t>(6, item.size())));
+  if (item.starts_with("Flare")) return std::string("FLA").append(item.substr(std::min<std::size_t>(7, item.size())));
+  return Null{};
+}
+
+std::string DestinationItem(std::string_view stored) {
+  if (stored.starts_with("VEN")) return std::string("Vent: ").append(stored.substr(3));
+  if (stored.starts_with("FLA")) return std::string("Flare: ").append(stored.substr(3));
+  return "";
+}
+
 void StoreField(Cursor& row, const FieldSpec& spec, const Control& field) {
   switch (spec.stored) {
     case Stored::kNumber:
     case Stored::kComputed: return row.SetField(spec.column, FieldNumber(field.text));
     case Stored::kText:
     case Stored::kItemText: return row.SetField(spec.column, FieldText(field.text));
-    case Stored::kYesNo: return row.SetField(spec.column, FieldYesNo(field.text));
+    case Stored::kYesNo:
+      return row.SetField(spec.column, spec.kind == Kind::kOption ? Value(field.checked) : FieldYesNo(field.text));
+    case Stored::kDestination: return row.SetField(spec.column, StoredDestination(field.text));
     case Stored::kCode: {
       const int index = IndexOf(spec, field.text, &Item::text);
       if (index >= 0) row.SetField(spec.column, spec.items[static_cast<std::size_t>(index)].code);
       return;
     }
-    case Stored::kDestination:
     case Stored::kNone: return;
   }
 }
+
+namespace {
+
+// Item of a coded or text list for a stored value.
+int ItemFor(const FieldSpec& spec, const Value& value) {
+  int index = -1;
+  if (!IsNull(value)) index = IndexOf(spec, NullToEmpty(value), spec.stored == Stored::kCode ? &Item::code : &Item::text);
+  const bool known = index >= 0 && (spec.known_items < 0 || index < spec.known_items);
+  return known ? index : spec.fallback;
+}
+
+void ShowYesNo(Form& form, const FieldSpec& spec, const Value& value) {
+  if (spec.kind == Kind::kOption)
+    form.At(spec.control).checked = ToNumber(value) != 0;
+  else
+    SelectItem(form, spec.control, IsNull(value) ? -1 : ToNumber(value) != 0 ? 0 : 1);
+}
+
+}  // namespace
 
 void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
   switch (spec.stored) {
@@ -54,15 +89,11 @@ void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
       if (!IsNull(value)) form.At(spec.control).text = NullToEmpty(value);
       return;
     case Stored::kItemText:
-      if (!IsNull(value)) SelectText(form, spec.control, NullToEmpty(value));
-      return;
-    case Stored::kYesNo: {
-      const bool known = !IsNull(value);
-      return SelectItem(form, spec.control, known ? (ToNumber(value) != 0 ? 0 : 1) : -1);
-    }
-    case Stored::kCode:
-      return SelectItem(form, spec.control, IsNull(value) ? -1 : IndexOf(spec, NullToEmpty(value), &Item::code));
-    case Stored::kDestination:
+      if (spec.free_text && !IsNull(value)) return SelectText(form, spec.control, NullToEmpty(value));
+      return SelectItem(form, spec.control, ItemFor(spec, value));
+    case Stored::kCode: return SelectItem(form, spec.control, ItemFor(spec, value));
+    case Stored::kYesNo: return ShowYesNo(form, spec, value);
+    case Stored::kDestination: return SelectText(form, spec.control, DestinationItem(NullToEmpty(value)));
     case Stored::kNone: return;
   }
 }

@@ -15,6 +15,10 @@ Value FieldText(std::string_view text);
 // Null for empty text, otherwise whether it is "YES" in any case.
 Value FieldYesNo(std::string_view text);
 
+// The column's form of a remote vent or flare ("Flare: F1" is FLAF1, anything else Null), and its item back.
+Value StoredDestination(std::string_view item);
+std::string DestinationItem(std::string_view stored);
+
 // Sets the field's column in a cursor under change. A list whose text is no item with a code leaves the
 // column as it was.
 void StoreField(Cursor& row, const FieldSpec& spec, const Control& field);

@@ -12,7 +12,11 @@ namespace merlu {
 namespace {
 
 CheckSpec WithBounds(std::string name, double low, double high, std::function<void(RuleRun&)> run) {
-  return {std::move(name), std::move(run), low, high, true, ""};
+  CheckSpec check{std::move(name), std::move(run)};
+  check.low = low;
+  check.high = high;
+  check.has_low = check.has_high = true;
+  return check;
 }
 
 bool IsOneOf(const Form& form, const std::string& list, const std::vector<std::string>& texts) {
@@ -86,6 +90,58 @@ bool ExceedsStructureTotal(Session& s, const std::string& column, const std::str
   return static_cast<float>(LeadingNumber(text)) > total && RoundHalfToEven(total) != 0;
 }
 
+CheckSpec RangeIfFilledMarked(double low, double high) {
+  return WithBounds("CheckRange", low, high, [=](RuleRun& r) {
+    if (IsFilled(r.field)) MarkField(r.s, CheckRange(r.s, r.location, r.field, low, high), r.field);
+  });
+}
+
+CheckSpec AtLeast(float minimum) {
+  CheckSpec check{"CheckMin", [=](RuleRun& r) { MarkField(r.s, CheckMin(r.s, r.location, r.field, minimum), r.field); }};
+  check.low = minimum;
+  check.has_low = true;
+  return check;
+}
+
+CheckSpec OnlyWithdraws() {
+  return {"none", [](RuleRun&) {}};
+}
+
+namespace {
+
+// A filled field in its range and within the structure's total; true when it failed.
+bool FailsRangeOrTotal(RuleRun& r, double low, double high, const std::string& column, const std::string& text) {
+  bool failed = CheckRange(r.s, r.location, r.field, low, high);
+  if (FindStructureRecord(r.s)) {
+    const bool over = ExceedsStructureTotal(r.s, column, r.field.text);
+    Judge(r.s, r.location, r.field, over, text);
+    failed = failed || over;
+  }
+  return failed;
+}
+
+}  // namespace
+
+CheckSpec RequiredRangeWithinTotal(double low, double high, const std::string& column, const std::string& text) {
+  CheckSpec check = WithBounds("RequiredRangeWithinTotal " + column, low, high, [=](RuleRun& r) {
+    bool failed = CheckRequired(r.s, r.location, r.field);
+    if (IsFilled(r.field)) failed = FailsRangeOrTotal(r, low, high, column, text) || failed;
+    MarkField(r.s, failed, r.field);
+  });
+  check.text = text;
+  return check;
+}
+
+CheckSpec RangeWithinTotalIfFilled(double low, double high, const std::string& column, const std::string& text) {
+  CheckSpec check = WithBounds("RangeWithinTotalIfFilled " + column, low, high, [=](RuleRun& r) {
+    if (!IsFilled(r.field)) return;
+    CheckRequired(r.s, r.location, r.field);
+    MarkField(r.s, FailsRangeOrTotal(r, low, high, column, text), r.field);
+  });
+  check.text = text;
+  return check;
+}
+
 CheckSpec WithinStructureTotal(const std::string& text, std::function<std::string(const Form&)> column) {
   return Own("WithinStructureTotal", text, [=](RuleRun& r) {
     if (!FindStructureRecord(r.s)) return;
@@ -103,6 +159,14 @@ Condition ReadsNone(const std::string& list, std::vector<std::string> texts) {
   return {Words(list, " does not read ", texts), [=](const Form& form) { return !IsOneOf(form, list, texts); }};
 }
 
+Condition Both(const Condition& a, const Condition& b) {
+  return {a.words + " and " + b.words, [=](const Form& form) { return a.holds(form) && b.holds(form); }};
+}
+
+Condition Either(const Condition& a, const Condition& b) {
+  return {"(" + a.words + ") or " + b.words, [=](const Form& form) { return a.holds(form) || b.holds(form); }};
+}
+
 void RunRules(Session& s, Form& form, QCLocation& location, const std::vector<RuleGroup>& groups) {
   for (const RuleGroup& group : groups) {
     // a fault ends its group, as one procedure; the next group runs
@@ -112,8 +176,10 @@ void RunRules(Session& s, Form& form, QCLocation& location, const std::vector<Ru
         RuleRun run{s, location, form, form.At(rule.field)};
         if (!rule.when.holds || rule.when.holds(form))
           rule.check.run(run);
-        else if (rule.clears)
+        else if (rule.otherwise == Otherwise::kWithdraw)
           ClearQCField(s, location, run.field.tag);
+        else if (rule.otherwise == Otherwise::kWithdrawBlank)
+          ClearQCError(s, location, run.field.tag, finding::kBlank);
       }
     });
   }

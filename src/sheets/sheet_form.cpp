@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "qc/comment_dialog.h"
+#include "sheets/blocks/blocks.h"
 
 namespace merlu {
 namespace {
@@ -24,23 +25,35 @@ Control MakeLabel(std::string name, std::string text, std::string parent, int pa
 }
 
 void AddField(Form& form, const SheetSpec& sheet, const FieldSpec& spec) {
-  Control field = Make(spec.kind, spec.control, spec.caption, sheet.tab(), spec.page);
+  const bool off_page = spec.page == kOffPage;
+  const std::string parent = spec.frame.empty() ? sheet.tab() : spec.frame;
+  const int page = off_page ? 0 : spec.page;
+  const auto add_label = [&](const std::string& name, const std::string& text) {
+    if (name.empty()) return;
+    Control label = MakeLabel(name, text, parent, page);
+    label.block = spec.block;
+    form.Add(std::move(label));
+  };
+  Control field = Make(spec.kind, spec.control, spec.caption, parent, page);
   field.tag = spec.tag;
   field.block = spec.block;
   field.label = spec.label;
+  field.note = spec.note_label;
+  field.free_text = spec.free_text;
+  field.visible = !off_page;
   field.numeric = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed;
   for (const Item& item : spec.items) field.items.push_back(item.text);
-  if (!spec.label.empty()) {
-    Control label = MakeLabel(spec.label, spec.caption, sheet.tab(), spec.page);
-    label.block = spec.block;
-    form.Add(std::move(label));
-  }
+  add_label(spec.label, spec.caption);
   form.Add(std::move(field));
+  add_label(spec.note_label, spec.note);
 }
 
 void AddStatusAndComments(Form& form, const SheetSpec& sheet) {
-  form.Add(Make(Kind::kFrame, "Frame1", "", sheet.tab()));
-  form.Add(Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", "Frame1"));
+  if (sheet.has_activity) {
+    form.Add(Make(Kind::kFrame, "Frame1", "", sheet.tab()));
+    form.Add(Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", "Frame1"));
+    form.At("Frame1").visible = false;
+  }
   form.Add(MakeLabel(sheet.comments_label(), sheet.comments_caption, sheet.tab()));
   Control comments = Make(Kind::kText, sheet.comments(), sheet.comments_caption, sheet.tab());
   comments.tag = sheet.comments_tag;
@@ -58,20 +71,27 @@ void AddResultsPage(Form& form, const SheetSpec& sheet) {
   form.Add(Make(Kind::kButton, sheet.comment_button(), "Edit QC Comment", sheet.tab(), page));
 }
 
+// What a click on a list does: refills the list of remote vents and flares when it is the destination, and
+// applies the rows of the table.
+void ClickList(Session& s, Form& form, const SheetSpec& sheet, const std::string& list) {
+  if (s.editing && list == sheet.destination && sheet.RefillsFor(form.At(list).text))
+    LoadVentFlareList(s, form, sheet.destination, sheet.sent_to);
+  ApplyEnablings(s, form, sheet, Enabling::At::kClick, list);
+}
+
 void ConnectEvents(Session& s, Form& form, const SheetSpec& sheet) {
   form.On(sheet.tab(), Event::kClick, [&s, &form, &sheet] {
     PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
     memory.at(static_cast<std::size_t>(sheet.number)) = static_cast<std::uint8_t>(form.At(sheet.tab()).index);
   });
-  for (const Enabling& enabling : sheet.enablings) {
-    if (enabling.at == Enabling::At::kUnlock || form.Handles(enabling.list, Event::kClick)) continue;
-    form.On(enabling.list, Event::kClick, [&s, &form, &sheet, list = enabling.list] {
-      if (s.editing) ApplyEnablings(s, form, sheet, Enabling::At::kClick, list);
-    });
-  }
+  for (const Enabling& enabling : sheet.enablings)
+    for (const std::string& list : enabling.lists)
+      if (!form.Handles(list, Event::kClick))
+        form.On(list, Event::kClick, [&s, &form, &sheet, list] { ClickList(s, form, sheet, list); });
   const auto comment = [&s, &form, list = sheet.list()] { EditQCComment(s, form, list); };
   form.On(sheet.comment_button(), Event::kClick, comment);
   form.On(sheet.list(), Event::kDoubleClick, comment);
+  if (sheet.connect) sheet.connect(s, form);
 }
 
 Form& MakeForm(Session& s, const SheetSpec& sheet) {
@@ -80,6 +100,7 @@ Form& MakeForm(Session& s, const SheetSpec& sheet) {
   Control tab = Make(Kind::kTab, sheet.tab(), "", sheet.frame());
   tab.items = sheet.pages;
   form.Add(std::move(tab));
+  for (const Control& control : sheet.extra) form.Add(control);
   const auto add = [&](bool monthly) {
     for (const FieldSpec& field : sheet.fields)
       if ((field.mode == In::kActv) == monthly) AddField(form, sheet, field);
@@ -91,7 +112,6 @@ Form& MakeForm(Session& s, const SheetSpec& sheet) {
   form.Add(MakeLabel(sheet.date_label(), "Date of Last QC:  0/0/00", sheet.frame()));
   AddResultsPage(form, sheet);
   form.At("lblNoEmissions").visible = false;
-  form.At("Frame1").visible = false;
   form.KeepDesign();
   ConnectEvents(s, form, sheet);
   return form;
@@ -121,25 +141,34 @@ bool IsShowing(Session& s, const SheetSpec& sheet) {
   return form != nullptr && form->visible;
 }
 
-void SetField(Control& field, bool on, const Enabling& how) {
-  field.enabled = on;
-  if (how.locks) field.locked = !on;
-  if (on || !how.keeps_colour) field.back = on ? Back::kWindow : Back::kFace;
+namespace {
+
+bool Applies(const Session& s, const Enabling& row, Enabling::At at, const std::string& list) {
+  if (row.at != Enabling::At::kBoth && row.at != at) return false;
+  if (row.mode != In::kBoth && (row.mode == In::kActv) != s.InActv()) return false;
+  if (at == Enabling::At::kUnlock) return true;
+  return (s.editing || row.in_view_too) && std::find(row.lists.begin(), row.lists.end(), list) != row.lists.end();
 }
+
+void Turn(Control& field, bool on, const Enabling& how, Enabling::At at) {
+  if (how.does != Enabling::Does::kLock) field.enabled = on;
+  if (how.does != Enabling::Does::kEnable) field.locked = !on;
+  if (on || !how.keeps_colour) field.back = on ? Back::kWindow : Back::kFace;
+  const bool empties = how.empties == Enabling::Empties::kAlways ||
+                       (how.empties == Enabling::Empties::kAtClick && at == Enabling::At::kClick);
+  if (on || !empties) return;
+  field.text.clear();
+  field.index = -1;
+}
+
+}  // namespace
 
 void ApplyEnablings(Session& s, Form& form, const SheetSpec& sheet, Enabling::At at, const std::string& list) {
   for (const Enabling& row : sheet.enablings) {
-    if (row.at != Enabling::At::kBoth && row.at != at) continue;
-    if (row.mode != In::kBoth && (row.mode == In::kActv) != s.InActv()) continue;
-    if (!list.empty() && row.list != list) continue;
-    const bool reads = std::find(row.texts.begin(), row.texts.end(), form.At(row.list).text) != row.texts.end();
-    const bool on = reads == row.reads;
+    if (!Applies(s, row, at, list)) continue;
+    const bool on = row.when.holds(form);
     if (on && row.only_off) continue;
-    for (const std::string& name : row.fields) {
-      Control& field = form.At(name);
-      SetField(field, on, row);
-      if (!on && row.empties && at == Enabling::At::kClick) field.text.clear();
-    }
+    for (const std::string& name : row.fields) Turn(form.At(name), on, row, at);
   }
 }
 

@@ -15,10 +15,7 @@ void UnloadSheet(Session& s, const SheetSpec& sheet);
 bool IsShowing(Session& s, const SheetSpec& sheet);
 
 // Applies the table of what enables what: the rows of that moment and of the session's mode; at a click
-// those of the list that was clicked.
+// those that the clicked list applies.
 void ApplyEnablings(Session& s, Form& form, const SheetSpec& sheet, Enabling::At at, const std::string& list = "");
-
-// What an enabling does to one field.
-void SetField(Control& field, bool on, const Enabling& how);
 
 }  // namespace merlu

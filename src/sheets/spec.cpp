@@ -59,4 +59,8 @@ void SheetSpec::Add(int page, const std::string& block, std::vector<FieldSpec> m
   }
 }
 
+void SheetSpec::Add(std::vector<Enabling> more) {
+  for (Enabling& enabling : more) enablings.push_back(std::move(enabling));
+}
+
 }  // namespace merlu

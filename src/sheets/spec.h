@@ -27,6 +27,12 @@ enum class Stored {
   kNone
 };
 
+// A condition in words for the reader, and its test. No test means always.
+struct Condition {
+  std::string words;
+  std::function<bool(const Form&)> holds;
+};
+
 struct Item {
   std::string text;
   std::string code;
@@ -42,9 +48,18 @@ struct FieldSpec {
   Stored stored = Stored::kNone;
   std::vector<Item> items;
   std::string label;  // name of the caption's control, when it has one
-  int page = 0;
+  int page = 0;       // kOffPage: on no page, so that the user never sees it
   std::string block;  // heading on the page
+  std::string frame;  // frame on the page that holds it, when it stands in one
+  std::string note_label, note;  // a label behind the field, and its text
+  bool free_text = false;        // a list that takes texts that are no item
+  bool loads = true;             // false: a load leaves the field as the clear did
+  int known_items = -1;          // items that a load knows, from the first on; -1 for all
+  int fallback = -1;             // item that a load selects for any other value, Null included
+  Condition kept_when;           // a save stores Null while it does not hold
 };
+
+inline constexpr int kOffPage = -1;
 
 // Makers of fields, one a line in a type's table.
 FieldSpec Number(In mode, std::string control, std::string caption, std::string tag, std::string column);
@@ -67,16 +82,13 @@ struct RuleRun {
 struct CheckSpec {
   std::string name;
   std::function<void(RuleRun&)> run;
-  double low = 0, high = 0;
-  bool has_bounds = false;
+  double low = 0, high = 0;  // both inclusive
+  bool has_low = false, has_high = false;
   std::string text;  // of the finding, for a check that is no primitive
 };
 
-// When a rule applies: its words for the reader, and the test. No test means always.
-struct Condition {
-  std::string words;
-  std::function<bool(const Form&)> holds;
-};
+// What a rule whose condition is false does about its field's finding.
+enum class Otherwise { kWithdraw, kNothing, kWithdrawBlank };
 
 struct Rule {
   int order = 0;
@@ -84,8 +96,7 @@ struct Rule {
   std::string field;
   CheckSpec check;
   Condition when;
-  // Whether a rule whose condition is false withdraws its field's finding.
-  bool clears = true;
+  Otherwise otherwise = Otherwise::kWithdraw;
 };
 
 struct RuleGroup {
@@ -93,20 +104,22 @@ struct RuleGroup {
   std::vector<Rule> rules;
 };
 
-// Fields that are on while a list reads one of some texts, and off otherwise. Off is disabled with the
-// read-only background, on is enabled with the editable one. Texts stay unless `empties` says so.
+// Fields that are on while a condition holds, and off otherwise. Off is disabled with the read-only
+// background, on is enabled with the editable one. Texts stay unless `empties` says so.
 struct Enabling {
   enum class At { kUnlock, kClick, kBoth };
+  enum class Does { kEnable, kLock, kEnableAndLock };
+  enum class Empties { kNever, kAtClick, kAlways };
   At at = At::kBoth;
   In mode = In::kBoth;
-  std::string list;
-  std::vector<std::string> texts;
-  bool reads = true;  // false: on while the list reads none of the texts
+  std::vector<std::string> lists;  // whose click applies the row
+  Condition when;
   std::vector<std::string> fields;
-  bool locks = false;        // off also locks, on also unlocks
-  bool empties = false;      // a click that turns them off empties their texts
-  bool keeps_colour = false; // off leaves the background alone
-  bool only_off = false;     // what would be on stays as it is
+  Does does = Does::kEnable;       // kLock: off is read-only and stays enabled
+  Empties empties = Empties::kNever;
+  bool keeps_colour = false;       // off leaves the background alone
+  bool only_off = false;           // what would be on stays as it is
+  bool in_view_too = false;        // a click acts also while the sheet is not edited
 };
 
 struct SheetSpec {
@@ -125,8 +138,20 @@ struct SheetSpec {
   std::vector<Enabling> enablings;
   std::vector<RuleGroup> rules;  // in the order in which a run calls them
   std::string focus_actv, focus_desc;
+  bool has_activity = true;  // false: no months, no status, no activity table
+  std::string destination;   // routing: the list of destinations ...
+  std::string sent_to;       // ... and that of the remote vent or flare
+  std::string keeps_sent_to_for;  // destination whose choice leaves that list as it was
+  std::string not_found_on_load = "Equipment record not found";
+  std::string not_found_on_save = "Equipment record not found";
+  bool month_row_first = false;       // a save writes the type's row before the master row
+  bool inactive_takes_comments = false;  // a run over an inactive record withdraws explained findings too
+  std::vector<Control> extra;         // further controls, with their parents
   // Deviations of the type, run at the end of the step that they are named after
-  std::function<void(Session&, Form&)> after_monthly_load;
+  using Step = std::function<void(Session&, Form&)>;
+  Step after_clear, after_monthly_load, after_load;
+  Step connect;                       // events of its own
+  std::function<void(Session&, QCLocation&)> before_rules;
 
   std::string form() const { return "frm" + letters; }
   std::string frame() const { return "fra" + letters; }
@@ -138,10 +163,14 @@ struct SheetSpec {
   std::string comments() const { return "txt" + letters + "_Comments"; }
   std::string comments_label() const { return "lbl" + letters + "_Comments"; }
   std::string ed_table() const { return "ED_" + type; }
-  std::string ea_table() const { return "EA_" + type; }
+  // Empty for a type without activity.
+  std::string ea_table() const { return has_activity ? "EA_" + type : ""; }
+
+  bool RefillsFor(const std::string& chosen) const { return chosen.empty() || chosen != keeps_sent_to_for; }
 
   // Adds fields under a heading of a page.
   void Add(int page, const std::string& block, std::vector<FieldSpec> more);
+  void Add(std::vector<Enabling> more);
 };
 
 }  // namespace merlu

@@ -19,10 +19,11 @@ void AddOtherControl(SheetSpec& sheet, const OtherControl& block) {
     fields.push_back(Number(In::kDesc, efficiency + gas, gas + " Efficiency (%):", gas + block.efficiency_tag,
                             "OTH_CTRL_EFFIC_" + Upper(gas)));
     dependents.push_back(efficiency + gas);
-    rules.push_back({++order, In::kDesc, efficiency + gas, RangeIfFilled(0, 99.9), Reads(device, {"Yes"})});
+    const CheckSpec range = block.marks_passes ? RangeIfFilledMarked(0, 99.9) : RangeIfFilled(0, 99.9);
+    rules.push_back({++order, In::kDesc, efficiency + gas, range, Reads(device, {"Yes"})});
   }
   sheet.Add(block.page, "Other control device", fields);
-  sheet.enablings.push_back({.list = device, .texts = {"Yes"}, .fields = dependents});
+  sheet.Add({{.mode = block.mode, .lists = {device}, .when = Reads(device, {"Yes"}), .fields = dependents}});
   sheet.rules.push_back({"Check" + block.letters + "OtherControl", rules});
 }
 

@@ -1,0 +1,259 @@
+// Amine unit: the composition of the unprocessed gas with its total, the inputs of the emissions model, and
+// where the vented gas goes.
+#include "base/numbers.h"
+#include "qc/checks.h"
+#include "qc/qc_log.h"
+#include "session/records.h"
+#include "sheets/blocks/blocks.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+constexpr In ACTV = In::kActv;
+constexpr In DESC = In::kDesc;
+constexpr const char* kThroughput = "txtAMI_TotalGasThru";
+constexpr const char* kHours = "txtAMI_HrsOperated";
+constexpr const char* kTotal = "txtAMI_UNGConcTotal";
+constexpr const char* kModel = "OptAMI_ModlEdit";
+constexpr const char* kFlashTank = "cmbAmi_UseFlashTank";
+constexpr const char* kDestination = "cmbAMI_GasesVentOrFlare";
+constexpr const char* kSystem = "Routed to System";
+constexpr const char* kTechnology = "cmbAMI_ControlTechnology";
+constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
+constexpr const char* kRecovery = "Sulfur Recovery (SR)";
+constexpr const char* kBothTechnologies = "SR + VR/C";
+constexpr double kLeastTotal = 99.8, kMostTotal = 100;
+
+// In the order of the sum and of the rules.
+constexpr const char* kConcentrations[] = {"ConcNGH2S", "ConcMethane", "ConcEthane", "ConcC3HC", "ConcC4HC", "ConcC5HC",
+                                           "ConcC6HC", "ConcC7HC", "ConcC8plusHC", "ConcO2", "ConcCO2", "ConcN2"};
+
+std::string TextBox(const char* field) { return std::string("txtAMI_") + field; }
+
+Condition ModelInputs() {
+  return {std::string(kModel) + " is set", [](const Form& form) { return form.At(kModel).checked; }};
+}
+
+// The check while there is a flash tank; without one the field looks passed and its finding stays.
+CheckSpec WithFlashTank(const CheckSpec& check) {
+  CheckSpec wrapped = check;
+  wrapped.run = [check](RuleRun& r) {
+    if (r.form.At(kFlashTank).text == "Yes")
+      check.run(r);
+    else
+      MarkField(r.s, false, r.field);
+  };
+  return wrapped;
+}
+
+Condition WithModelAndFlashTank() { return {ModelInputs().words + " (and " + kFlashTank + " reads \"Yes\")", ModelInputs().holds}; }
+
+// A plain finding beside the range's mark; nothing without the structure's month.
+void CheckThroughputOfStructure(RuleRun& r) {
+  if (!IsFilled(r.field) || !FindStructureRecord(r.s)) return;
+  Judge(r.s, r.location, r.field, ExceedsStructureTotal(r.s, "THRU_NG", r.field.text), "Value exceeds N.G. throughput for structure");
+}
+
+// Runs only on hours that passed their own check.
+void CheckZeroHours(RuleRun& r) {
+  const double hours = LeadingNumber(r.field.text);
+  if (!IsFilled(r.field) || hours < 0 || hours > 744) return;
+  const Control& throughput = r.form.At(kThroughput);
+  const bool active = !r.form.At("chkAMI_Status").checked && IsFilled(throughput) && LeadingNumber(throughput.text) > 0;
+  const bool failed = active && !(hours > 0);
+  Judge(r.s, r.location, r.field, failed, "Zero hours for active equipment");
+  if (failed) MarkField(r.s, true, r.field);
+}
+
+void CheckTotal(RuleRun& r) {
+  double sum = 0;
+  for (const char* name : kConcentrations) {
+    const std::string& text = r.form.At(TextBox(name)).text;
+    if (IsNumericText(text)) sum += LeadingNumber(text);
+  }
+  r.field.text = GeneralNumber(sum);
+  const bool marked = sum < kLeastTotal || sum > kMostTotal;
+  CheckRequiredRange(r.s, r.location, r.field, kLeastTotal, kMostTotal);
+  if (!marked) r.field.back = Back::kFace;  // it is no input
+}
+
+FieldSpec Concentration(const char* field, const char* caption, const char* tag, const char* column) {
+  return Number(DESC, TextBox(field), caption, std::string(tag) + " Concentration", column);
+}
+
+FieldSpec Option(const char* control, const char* caption, const char* column) {
+  FieldSpec field = YesNo(DESC, control, caption, "", column);
+  field.kind = Kind::kOption;
+  field.items.clear();
+  field.frame = "fraAMI2";
+  if (field.column.empty()) field.stored = Stored::kNone;
+  return field;
+}
+
+void AddMonthAndComposition(SheetSpec& sheet) {
+  sheet.Add(0, "Monthly activity", {
+      Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
+      Number(ACTV, kHours, "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+  });
+  FieldSpec total = Number(DESC, kTotal, "Total:", "Unprocessed Natural Gas Concentrations Total", "UNG_CONC_TOTAL");
+  total.stored = Stored::kComputed;
+  sheet.Add(0, "Unprocessed Natural Gas Concentrations (% by volume)", {
+      Concentration("ConcNGH2S", "H2S:", "H2S", "Conc_NGH2S"),
+      Concentration("ConcMethane", "Methane:", "Methane", "Conc_Methane"),
+      Concentration("ConcEthane", "Ethane:", "Ethane", "Conc_Ethane"),
+      Concentration("ConcC3HC", "C3 Hydrocarbons:", "C3 Hyrdrocarbon", "Conc_C3HC"),
+      Concentration("ConcC4HC", " C4 Hydrocarbons:", "C4 Hyrdrocarbon", "Conc_C4HC"),
+      Concentration("ConcC5HC", "C5 Hydrocarbons:", "C5 Hyrdrocarbon", "Conc_C5HC"),
+      Concentration("ConcC6HC", "C6 Hydrocarbons:", "C6 Hyrdrocarbon", "Conc_C6HC"),
+      Concentration("ConcC7HC", "C7 Hydrocarbons:", "C7 Hyrdrocarbon", "Conc_C7HC"),
+      Concentration("ConcC8plusHC", "C8+ Hydrocarbons:", "C8+ Hyrdrocarbon", "Conc_C8plus_HC"),
+      Concentration("ConcO2", "O2:", "O2", "CONC_O2"),
+      Concentration("ConcCO2", "CO2:", "CO2", "CONC_CO2"),
+      Concentration("ConcN2", "N2:", "N2", "CONC_N2"),
+      total,
+  });
+}
+
+void AddModelInputs(SheetSpec& sheet) {
+  Control frame;
+  frame.name = "fraAMI2";
+  frame.kind = Kind::kFrame;
+  frame.caption = "Specify emissions by";
+  frame.parent = sheet.tab();
+  frame.page = 1;
+  sheet.extra = {frame};
+  sheet.Add(1, "Specify emissions by", {
+      Option("zOptAMI_EmisEdit", "Quantity emitted (%)", ""),
+      Option(kModel, "Model inputs", "MODELINPUTS_FLG"),
+  });
+  sheet.Add(1, "Sour gas and flash tank", {
+      ItemText(DESC, "cmbAMI_AmineType", "Amine Type:", "Amine Type", "AMINE_TYP", {"MEA", "DEA", "TEA", "MDEA", "GDA"}),
+      Number(DESC, "txtAMI_SourTemp", "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature", "Sour_Temp"),
+      Number(DESC, "txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure", "Sour_Pres"),
+      YesNo(DESC, kFlashTank, "Equipped with a flash tank:", "Equipped with flash tank?", "FLASHTANK_FLG"),
+      Number(DESC, "txtAMI_FlashTemp", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "Flash_Temp"),
+      Number(DESC, "txtAMI_FlashPress", "Flash Tank pressure (psig):", "Flash Tank  Pressure", "Flash_Pres"),
+      Coded(DESC, "cmbAmi_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
+            {{"Vented", "VL"}, {"Flared", "FL"}, {kSystem, "RS"}}),
+      Number(DESC, "txtAMI_Nbr", "Number of Absorber Trays:", "Number of Absorb trays", "NUM"),
+  });
+  sheet.Add(1, "Lean amine feed", {
+      Number(DESC, "txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure", "Amine_Feed_Pres"),
+      Number(DESC, "txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature", "Amine_Feed_Temp"),
+      Number(DESC, "txtAMI_AmineFeedFlowRate", "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate", "Amine_Feed_FlowRate"),
+      Number(DESC, "txtAMI_AmineFeedAminePct", "lean amine feed amine content (% wt):", "Lean Amine feed amine content", "Amine_Feed_AminePct"),
+      Number(DESC, "txtAMI_AmineFeedH2SPct", "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content", "Amine_Feed_H2SPct"),
+      Number(DESC, "txtAMI_AmineFeedCO2Pct", "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content", "Amine_Feed_CO2Pct"),
+  });
+}
+
+void AddVentilationAndControl(SheetSpec& sheet) {
+  using Empties = Enabling::Empties;
+  AddRouting(sheet, {.letters = "AMI", .page = 2, .to_system = true, .destination_caption = "Emission Destination",
+                     .temperature_control = "txtAMI_ExhaustOutletT", .temperature_column = "EXH_OUT_TEMP",
+                     .note_label = "lblAMI_VentedToIDNote", .note = "(selected from current structure)"});
+  sheet.keeps_sent_to_for = kSystem;
+  sheet.Add({{.lists = {kDestination}, .when = ReadsNone(kDestination, {kSystem}),
+              .fields = {"cmbAMI_VentedToID", "txtAMI_ExhaustOutletHgt", "txtAMI_ExhaustOutletInnerDiam", "txtAMI_ExhaustOutletExitVel",
+                         "txtAMI_ExhaustOutletT", "txtAMI_ExhaustOutletAngle", "txtAMI_FlareFeedRate", "txtAMI_FlareCombustionT",
+                         "txtAMI_FlareEfficiency"},
+              .empties = Empties::kAlways, .only_off = true}});
+  AddControlTechnology(sheet, {.letters = "AMI", .page = 3,
+                               .items = {{"None", "NONE"}, {kCondenser, "VR/C"}, {kRecovery, "SR"}, {kBothTechnologies, "SRVC"}},
+                               .with_condenser = {kCondenser, kBothTechnologies}, .empties = Empties::kAlways});
+  sheet.Add(3, "Control technology", {
+      Number(DESC, "txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency", "SRU_RECOVERY_EFFIC"),
+  });
+  sheet.Add({{.lists = {kTechnology}, .when = Reads(kTechnology, {kRecovery, kBothTechnologies}),
+              .fields = {"txtAMI_SRURecoveryEff"}, .empties = Empties::kAlways}});
+}
+
+std::vector<Rule> FieldRules() {
+  std::vector<Rule> rules = {
+      {1, ACTV, kThroughput, RequiredRange(0, 15500)},
+      {2, ACTV, kThroughput, Own("WithinStructureTotal", "Value exceeds N.G. throughput for structure", CheckThroughputOfStructure)},
+      {3, ACTV, kHours, RequiredRange(0, 744)},
+      {4, ACTV, kHours, Own("ZeroHours", "Zero hours for active equipment", CheckZeroHours)},
+  };
+  int order = 4;
+  for (const char* name : kConcentrations) rules.push_back({++order, DESC, TextBox(name), RequiredRange(0, 100)});
+  CheckSpec total = Own("ConcentrationsTotal", "", CheckTotal);
+  total.low = kLeastTotal;
+  total.high = kMostTotal;
+  total.has_low = total.has_high = true;
+  rules.push_back({++order, DESC, kTotal, total});
+  return rules;
+}
+
+std::vector<Rule> ModelInputRules() {
+  constexpr Otherwise kStays = Otherwise::kNothing;  // without model inputs nothing runs, not even the unmarking
+  const Condition model = ModelInputs(), flash = WithModelAndFlashTank();
+  return {
+      {18, DESC, "cmbAMI_AmineType", Required(), model, kStays},
+      {19, DESC, kFlashTank, Required(), model, kStays},
+      {20, DESC, "txtAMI_SourPress", RequiredRange(0, 1000), model, kStays},
+      {21, DESC, "txtAMI_SourTemp", RequiredRange(32, 180), model, kStays},
+      {22, DESC, "cmbAmi_Disposition", WithFlashTank(Required()), flash, kStays},
+      {23, DESC, "txtAMI_FlashTemp", WithFlashTank(RequiredRange(32, 180)), flash, kStays},
+      {24, DESC, "txtAMI_FlashPress", WithFlashTank(RequiredRange(0, 200)), flash, kStays},
+      {25, DESC, "txtAMI_Nbr", RequiredRange(0, 22), model, kStays},
+      {26, DESC, "txtAMI_AmineFeedPress", RequiredRange(0, 1600), model, kStays},
+      {27, DESC, "txtAMI_AmineFeedTemp", RequiredRange(32, 180), model, kStays},
+      {28, DESC, "txtAMI_AmineFeedFlowRate", RequiredRange(0, 400), model, kStays},
+      {29, DESC, "txtAMI_AmineFeedAminePct", RequiredRange(0, 50), model, kStays},
+      {30, DESC, "txtAMI_AmineFeedH2SPct", RequiredRange(0, 1), model, kStays},
+      {31, DESC, "txtAMI_AmineFeedCO2Pct", RequiredRange(0, 1), model, kStays},
+  };
+}
+
+std::vector<Rule> VentilationRules() {
+  const Condition local = Local(kDestination), flared = FlaredLocally(kDestination);
+  const Condition condenser = Reads(kTechnology, {kBothTechnologies, kCondenser});
+  return {
+      {32, DESC, kDestination, RequiredMarked()},
+      {33, DESC, "cmbAMI_VentedToID", RequiredRemoteID(kDestination, Fallback::kTextAndIndex), Remote(kDestination)},
+      {34, DESC, "txtAMI_ExhaustOutletHgt", RequiredRange(-30, 100), local},
+      {35, DESC, "txtAMI_ExhaustOutletInnerDiam", RequiredRange(2, 12), local},
+      {36, DESC, "txtAMI_ExhaustOutletExitVel", RequiredRange(5, 1100), local},
+      {37, DESC, "txtAMI_ExhaustOutletT", RequiredRange(70, 250), VentedLocally(kDestination)},
+      {38, DESC, "txtAMI_ExhaustOutletAngle", RequiredRange(0, 180), local},
+      {39, DESC, "txtAMI_FlareFeedRate", RequiredRange(0, 4000), flared},
+      {40, DESC, "txtAMI_FlareCombustionT", RequiredRange(1400, 2000), flared},
+      {41, DESC, "txtAMI_FlareEfficiency", RequiredRange(50, 99.9), flared},
+      {42, DESC, kTechnology, Required()},
+      {43, DESC, "txtAMI_CondenserT", RequiredRange(32, 212), condenser},
+      {44, DESC, "txtAMI_CondenserP", RequiredRange(0.5, 1000), condenser},
+      {45, DESC, "txtAMI_SRURecoveryEff", RequiredRange(50, 99.9), Reads(kTechnology, {kBothTechnologies, kRecovery})},
+  };
+}
+
+SheetSpec Amine() {
+  SheetSpec sheet;
+  sheet.type = "AMI";
+  sheet.number = 1;
+  sheet.letters = "AMI";
+  sheet.title = "Amine Unit";
+  sheet.edit_title = "Amine Unit - EDIT DATA";
+  sheet.pages = {"General Info.", "Model Inputs", "Ventilation System", "Control Equipment", "QC Results"};
+  sheet.comments_tag = "Comments";
+  sheet.focus_actv = kThroughput;
+  sheet.focus_desc = "txtAMI_ConcNGH2S";
+  sheet.inactive_takes_comments = true;
+  sheet.before_rules = [](Session& s, QCLocation& location) { DelQCRecordsForLocAndBelow(s, location); };
+  AddMonthAndComposition(sheet);
+  AddModelInputs(sheet);
+  AddVentilationAndControl(sheet);
+  sheet.rules = {{"CheckAMIFields", FieldRules()}, {"CheckAMIModelInputs", ModelInputRules()}, {"CheckAMIVentilation", VentilationRules()}};
+  AddOtherControl(sheet, {.letters = "AMI", .page = 3, .efficiency_tag = " Efficiency", .marks_passes = true});
+  return sheet;
+}
+
+}  // namespace
+
+const SheetSpec& TARNE_AMI() {
+  static const SheetSpec sheet = Amine();
+  return sheet;
+}
+
+}  // namespace merlu
