@@ -1,5 +1,6 @@
 #include "store/files.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,6 +13,13 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kSource = "MERLU files";
+
+void SeeOnDisk(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool synced = file >= 0 && ::fsync(file) == 0;
+  if (file >= 0) ::close(file);
+  if (!synced) throw Fault(fault_number::kFileAccess, kSource, "The file " + path + " could not be written to the disk.");
+}
 
 }  // namespace
 
@@ -37,6 +45,44 @@ void CopyDatabase(const std::string& from, const std::string& to) {
   const std::string why = error.message();
   fs::remove(part, error);
   throw Fault(fault_number::kFileAccess, kSource, "Cannot make the file " + to + ": " + why + ".");
+}
+
+std::uint64_t FileSize(const std::string& path) {
+  std::error_code error;
+  const std::uint64_t size = fs::file_size(path, error);
+  return error ? 0 : size;
+}
+
+void CompactInto(const std::string& from, const std::string& to) {
+  if (FileExists(to)) throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " exists already.");
+  try {
+    Database db;
+    db.Open(from);
+    db.Execute("VACUUM INTO ?", {to});
+    SeeOnDisk(to);
+  } catch (const Fault&) {
+    std::error_code error;
+    fs::remove(to, error);
+    throw;
+  }
+}
+
+void RemoveFile(const std::string& path) {
+  std::error_code error;
+  if (fs::remove(path, error)) return;
+  if (!error) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + path);
+  throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": " + error.message() + ".");
+}
+
+void MoveFile(const std::string& from, const std::string& to) {
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (error == std::errc::cross_device_link) {
+    CopyDatabase(from, to);
+    fs::remove(from, error);
+    error.clear();
+  }
+  if (error) throw Fault(fault_number::kFileAccess, kSource, "Cannot move the file " + from + ": " + error.message() + ".");
 }
 
 std::string NextFreeFileName(const std::string& path) {

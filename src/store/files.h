@@ -1,6 +1,7 @@
 // Database files on disk: their paths, copies and first looks.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,18 @@ std::string WithSeparator(const std::string& folder);
 // Copies a file to a path that does not exist yet, under a temporary name first, so that no half file is
 // left behind. kFileNotFound, kFileAccess.
 void CopyDatabase(const std::string& from, const std::string& to);
+
+// Size in bytes; 0 for a file that is not there.
+std::uint64_t FileSize(const std::string& path);
+
+// Writes the rows of a database file into a new one, as small as they are, and sees it on the disk. The new
+// file must not exist, and none is left after a failure that began here. kFileAccess and the faults of the
+// store.
+void CompactInto(const std::string& from, const std::string& to);
+// kFileNotFound, kFileAccess.
+void RemoveFile(const std::string& path);
+// Also from one file system to another. kFileAccess.
+void MoveFile(const std::string& from, const std::string& to);
 
 // The path itself, or the first of base1, base2, ... with its extension that does not exist.
 std::string NextFreeFileName(const std::string& path);
