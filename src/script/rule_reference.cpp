@@ -1,0 +1,84 @@
+#include "script/rule_reference.h"
+
+#include "base/numbers.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+// A text in a cell of a table.
+std::string Cell(std::string text) {
+  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += 2) text.insert(at, "\\");
+  return text;
+}
+
+std::string Row(const std::vector<std::string>& cells) {
+  std::string row = "|";
+  for (const std::string& cell : cells) row += " " + Cell(cell) + " |";
+  return row + "\n";
+}
+
+const char* When(In mode) {
+  return mode == In::kActv ? "each month" : mode == In::kDesc ? "description" : "description and each month";
+}
+
+std::string NameOf(const SheetSpec& sheet, const std::string& control) {
+  for (const FieldSpec& field : sheet.fields)
+    if (field.control == control) return field.caption.empty() ? field.tag : field.caption;
+  return control;
+}
+
+// A condition speaks of lists by their control names; readers know them by their captions.
+std::string Readable(const SheetSpec& sheet, std::string words) {
+  for (const FieldSpec& field : sheet.fields)
+    for (std::size_t at = 0; (at = words.find(field.control, at)) != std::string::npos;)
+      words.replace(at, field.control.size(), "*" + NameOf(sheet, field.control) + "*");
+  return words;
+}
+
+std::string Demand(const CheckSpec& check) {
+  std::string demand;
+  if (check.name.starts_with("CheckRequired") || check.name.starts_with("RequiredRange") || check.name == "CheckMin") demand = "required";
+  if (check.has_low && check.has_high)
+    demand += (demand.empty() ? "" : ", ") + GeneralNumber(check.low) + " to " + GeneralNumber(check.high);
+  else if (check.has_low)
+    demand += (demand.empty() ? "" : ", ") + std::string("at least ") + GeneralNumber(check.low);
+  if (!check.text.empty()) demand += (demand.empty() ? "" : "; ") + std::string("“") + check.text + "”";
+  if (check.name == "EmptyUnlessNumeric") demand = "emptied when it is no number";
+  return demand.empty() ? check.name : demand;
+}
+
+std::string Fields(const SheetSpec& sheet) {
+  std::string text = Row({"Field", "Name in findings", "Entered", "Choices"}) + Row({"---", "---", "---", "---"});
+  for (const FieldSpec& field : sheet.fields) {
+    if (field.page == kOffPage) continue;
+    std::string choices;
+    for (const Item& item : field.items) choices += (choices.empty() ? "" : "; ") + item.text;
+    text += Row({field.caption, field.tag, When(field.mode), choices});
+  }
+  return text;
+}
+
+std::string Rules(const SheetSpec& sheet) {
+  std::string text = Row({"Field", "Held to", "When", "Checked"}) + Row({"---", "---", "---", "---"});
+  for (const RuleGroup& group : sheet.rules)
+    for (const Rule& rule : group.rules) {
+      if (rule.check.name == "none") continue;
+      text += Row({NameOf(sheet, rule.field), Demand(rule.check), Readable(sheet, rule.when.words), When(rule.mode)});
+    }
+  return text;
+}
+
+}  // namespace
+
+std::string RuleReference() {
+  std::string text =
+      "# Rule reference\n\nEvery field of every equipment sheet and every rule that it is held to. This page is made from the\n"
+      "tables that the program runs on, by `tools/make-docs`. Bounds are inclusive. A structure's total that is\n"
+      "blank, or that rounds to 0, limits nothing.\n";
+  for (const SheetSpec* sheet : AllSheets())
+    text += "\n## " + sheet->title + " (" + sheet->type + ")\n\n" + Fields(*sheet) + "\n" + Rules(*sheet);
+  return text;
+}
+
+}  // namespace merlu

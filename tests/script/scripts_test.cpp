@@ -1,0 +1,90 @@
+// Journeys by script: every tests/scripts/*.merlu, and the examples, against their expected replies. A
+// script runs in a folder of its own that holds a fresh inventory.mdb; {folder} stands for that folder in
+// the replies. With MERLU_UPDATE_EXPECTED set, the expected replies are written instead.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "script/player.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+// Too long to keep every reply: played to the end instead.
+const std::string kYear = "year-of-all-types";
+
+std::string ReadFile(const fs::path& path) {
+  std::ifstream in(path);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+std::string Replace(std::string text, const std::string& what, const std::string& with) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size()) text.replace(at, what.size(), with);
+  return text;
+}
+
+std::vector<fs::path> Scripts() {
+  std::vector<fs::path> scripts;
+  for (const char* folder : {"tests/scripts", "examples"})
+    for (const auto& entry : fs::directory_iterator(fs::path(MERLU_SOURCE_FOLDER) / folder))
+      if (entry.path().extension() == ".merlu" && entry.path().stem() != kYear) scripts.push_back(entry.path());
+  std::sort(scripts.begin(), scripts.end());
+  return scripts;
+}
+
+std::string Play(const fs::path& script, const TemporaryFolder& folder, int& status) {
+  CopyTemplate(folder);
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
+  std::istringstream in(Replace(ReadFile(script), "{folder}", folder.path()));
+  std::ostringstream out;
+  PlayOptions options;
+  options.settings_file = folder.path("settings.ini");
+  options.clock = DateTime{2017, 3, 5, 14, 2, 0};
+  status = Player(in, out, options).Run();
+  fs::current_path(before);
+  return Replace(out.str(), folder.path(), "{folder}");
+}
+
+class Script : public testing::TestWithParam<fs::path> {};
+
+TEST_P(Script, gets_the_expected_replies) {
+  const TemporaryFolder folder;
+  int status = 0;
+  const std::string replies = Play(GetParam(), folder, status);
+  const fs::path expected =
+      fs::path(MERLU_SOURCE_FOLDER) / "tests/scripts" / (GetParam().stem().string() + ".expected");
+  if (std::getenv("MERLU_UPDATE_EXPECTED") != nullptr) std::ofstream(expected) << replies;
+  std::istringstream got(replies), wanted(ReadFile(expected));
+  std::string got_line, wanted_line;
+  for (int line = 1; std::getline(wanted, wanted_line); ++line) {
+    ASSERT_TRUE(std::getline(got, got_line)) << "no reply " << line;
+    ASSERT_EQ(got_line, wanted_line) << "reply " << line;
+  }
+  EXPECT_FALSE(std::getline(got, got_line)) << got_line;
+}
+
+TEST(YearScript, over_every_type_is_never_refused_and_ends_clean) {
+  const TemporaryFolder folder;
+  int status = 1;
+  const std::string replies = Play(fs::path(MERLU_SOURCE_FOLDER) / "examples" / (kYear + ".merlu"), folder, status);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(replies.find("QC completed with"), std::string::npos);
+  EXPECT_EQ(ToInteger(RawValue(folder.path("inventory.mdb"), "SELECT COUNT(*) FROM QC")), 0);
+  EXPECT_EQ(ToInteger(RawValue(folder.path("inventory.mdb"), "SELECT COUNT(*) FROM EA_EQUIP_ACTV WHERE EA_QC_DT IS NOT NULL")), 15 * 12);
+}
+
+INSTANTIATE_TEST_SUITE_P(journeys, Script, testing::ValuesIn(Scripts()), [](const auto& info) {
+  std::string name = info.param.stem().string();
+  for (char& c : name)
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  return name;
+});
+
+}  // namespace
+}  // namespace merlu::test
