@@ -7,6 +7,14 @@
 #include "qc/qc_log.h"
 
 namespace merlu {
+namespace {
+
+bool IsOutside(const Control& field, double low, double high) {
+  const double number = LeadingNumber(field.text);
+  return number > high || number < low;
+}
+
+}  // namespace
 
 bool IsFilled(const Control& field) { return field.text.find_first_not_of(' ') != std::string::npos; }
 
@@ -40,15 +48,23 @@ bool CheckRequired(Session& s, QCLocation& location, Control& field) {
 }
 
 bool CheckRange(Session& s, QCLocation& location, Control& field, double low, double high) {
-  const double number = LeadingNumber(field.text);
-  const bool failed = number > high || number < low;
+  const bool failed = IsOutside(field, low, high);
   Judge(s, location, field, failed, RangeText(low, high));
   return failed;
 }
 
 bool CheckRequiredRange(Session& s, QCLocation& location, Control& field, double low, double high) {
-  bool failed = CheckRequired(s, location, field);
-  if (IsFilled(field) && CheckRange(s, location, field, low, high)) failed = true;
+  const bool filled = IsFilled(field);
+  const bool out_of_range = filled && IsOutside(field, low, high);
+  const bool failed = !filled || out_of_range;
+  if (!filled) {
+    Judge(s, location, field, true, finding::kBlank);
+  } else if (out_of_range) {
+    ClearQCError(s, location, field.tag, finding::kBlank);
+    Judge(s, location, field, true, RangeText(low, high));
+  } else {
+    ClearQCErrors(s, location, field.tag, {finding::kBlank, RangeText(low, high)});
+  }
   MarkField(s, failed, field);
   return failed;
 }

@@ -1,5 +1,7 @@
 #include "qc/qc_log.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "session/messages.h"
 
@@ -105,8 +107,14 @@ void AddQCError(Session& s, QCLocation& location, const std::string& field_id, c
 }
 
 void ClearQCError(Session& s, QCLocation& location, const std::string& field_id, const std::string& description) {
+  ClearQCErrors(s, location, field_id, {description});
+}
+
+void ClearQCErrors(Session& s, QCLocation& location, const std::string& field_id, std::initializer_list<std::string> descriptions) {
   OnSheet(s, [&] {
-    if (Find(s, location, field_id) && NullToEmpty(s.At("QC").Field("Desc")) == description) DeleteCurrent(s);
+    if (!Find(s, location, field_id)) return;
+    const std::string text = NullToEmpty(s.At("QC").Field("Desc"));
+    if (std::find(descriptions.begin(), descriptions.end(), text) != descriptions.end()) DeleteCurrent(s);
   });
 }
 

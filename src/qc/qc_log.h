@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,8 @@ bool FindQCRecord(Session& s, QCLocation& location, std::string_view field_id);
 void AddQCError(Session& s, QCLocation& location, const std::string& field_id, const std::string& description);
 // Withdraws the finding when its text is this one.
 void ClearQCError(Session& s, QCLocation& location, const std::string& field_id, const std::string& description);
+// The same for one of several texts, with one look-up.
+void ClearQCErrors(Session& s, QCLocation& location, const std::string& field_id, std::initializer_list<std::string> descriptions);
 // Withdraws the field's finding whatever its text.
 void ClearQCField(Session& s, QCLocation& location, const std::string& field_id);
 

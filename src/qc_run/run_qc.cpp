@@ -11,17 +11,21 @@
 namespace merlu {
 namespace {
 
-void Dispatch(Session& s, QCLocation& location) {
-  if (location.Is(level::kSurvey)) {
-    RunSurveyQC(s, location);
-    LoadSurveyQCList(s);
-  } else if (location.Is(level::kStructure)) {
-    RunStructureQC(s, location, location);
-    LoadStructureQCList(s);
-  } else if (const SheetSpec* sheet = location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr) {
-    RunSheetQC(s, *sheet, location);
-    LoadQCList(s, *sheet);
-  }
+const SheetSpec* SheetAt(const QCLocation& location) {
+  return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
+}
+
+void Run(Session& s, QCLocation& location) {
+  if (location.Is(level::kSurvey)) RunSurveyQC(s, location);
+  else if (location.Is(level::kStructure)) RunStructureQC(s, location, location);
+  else if (const SheetSpec* sheet = SheetAt(location)) RunSheetQC(s, *sheet, location);
+}
+
+// The list of the sheet that the run was started on.
+void LoadList(Session& s, const QCLocation& location) {
+  if (location.Is(level::kSurvey)) LoadSurveyQCList(s);
+  if (location.Is(level::kStructure)) LoadStructureQCList(s);
+  if (const SheetSpec* sheet = SheetAt(location)) LoadQCList(s, *sheet);
 }
 
 void TellResult(Session& s, QCLocation& location, int count, bool silent) {
@@ -63,7 +67,8 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
     if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No database is open.");
     {
       WriteBatch batch(s.db);
-      Dispatch(s, location);
+      Run(s, location);
+      s.current = saved;
       count = CountQCErrors(s, saved);
       batch.Commit();
     }
@@ -73,8 +78,9 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
     TellRunFault(s, fault);
     return 0;
   }
+  location = saved;
   TellResult(s, location, count, silent);
-  s.current = saved;
+  LoadList(s, saved);
   return static_cast<std::int16_t>(count);
 }
 

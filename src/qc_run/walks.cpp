@@ -1,6 +1,7 @@
 #include "qc_run/walks.h"
 
 #include <array>
+#include <set>
 #include <vector>
 
 #include "base/dates.h"
@@ -65,6 +66,15 @@ std::vector<EquipmentRow> EquipmentOf(Session& s, const QCLocation& l, const std
   return rows;
 }
 
+// The types that the structure has at all: the others need no walk.
+std::set<std::string> TypesOn(Session& s, const QCLocation& l) {
+  std::set<std::string> types;
+  s.db.ForEach("SELECT DISTINCT d.ED_EQUIP_TYP FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
+               "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?",
+               {Trim(l.UserID), l.CmplxID, l.StructID}, [&](const RowView& row) { types.emplace(row.Text(0)); });
+  return types;
+}
+
 // Brings the cursors to the equipment; false when it does not run.
 bool Position(Session& s, const QCLocation& location, const EquipmentRow& row, bool months) {
   if (months)
@@ -119,9 +129,10 @@ void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_
   }
   RunRules(s, *s.main, location, StructureRules());
   int done = 0;
+  const std::set<std::string> present = TypesOn(s, location);
   for (std::string_view type : kWalkedTypes) {
     if (!from_above) Progress(s, TreeTypeName(type), done++, static_cast<int>(kWalkedTypes.size()));
-    WalkEquipmentQC(s, location, type);
+    if (present.contains(std::string(type))) WalkEquipmentQC(s, location, type);
   }
   location.Level = level::kStructure;
   StampStructure(s);

@@ -58,7 +58,9 @@ Json RuleJson(const RuleGroup& group, const Rule& rule) {
   if (rule.check.has_low) json["low"] = rule.check.low;
   if (rule.check.has_high) json["high"] = rule.check.high;
   if (!rule.check.text.empty()) json["text"] = rule.check.text;
-  json["when"] = rule.when.words;
+  std::string when = rule.when.words;
+  if (rule.check.only_if_filled) when += when.empty() ? "the field is filled" : " and the field is filled";
+  json["when"] = when;
   return json;
 }
 

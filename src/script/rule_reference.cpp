@@ -38,7 +38,9 @@ std::string Readable(const SheetSpec& sheet, std::string words) {
 
 std::string Demand(const CheckSpec& check) {
   std::string demand;
-  if (check.name.starts_with("CheckRequired") || check.name.starts_with("RequiredRange") || check.name == "CheckMin") demand = "required";
+  if (check.only_if_filled)
+    demand = "when filled";
+  else if (check.name.starts_with("CheckRequired") || check.name.starts_with("RequiredRange") || check.name == "CheckMin") demand = "required";
   if (check.has_low && check.has_high)
     demand += (demand.empty() ? "" : ", ") + GeneralNumber(check.low) + " to " + GeneralNumber(check.high);
   else if (check.has_low)

@@ -9,7 +9,7 @@ namespace merlu {
 namespace {
 
 bool StandsOn(Cursor& cursor, std::string_view column, std::int64_t id) {
-  return cursor.HasRow() && ToInteger(cursor.Field(column)) == id;
+  return cursor.HasRow() && ToInteger(cursor.LastRead(column)) == id;
 }
 
 // Brings the cursor to the row with that key, without a find when it stands there.
@@ -66,8 +66,8 @@ bool MoveToPAActvRecordByMo(Session& s, std::int64_t id, int month, int year) {
   bool found = false;
   Plainly(s, [&] {
     Cursor& pa = s.At("PA_PLATFORM_ACTV");
-    found = (StandsOn(pa, "PD_ID_AK", id) && ToInteger(pa.Field("PA_MO")) == month &&
-             ToInteger(pa.Field("PA_YR")) == year) ||
+    found = (StandsOn(pa, "PD_ID_AK", id) && ToInteger(pa.LastRead("PA_MO")) == month &&
+             ToInteger(pa.LastRead("PA_YR")) == year) ||
             pa.FindFirst({{"PD_ID_AK", id}, {"PA_MO", std::int64_t{month}}, {"PA_YR", std::int64_t{year}}});
     if (found)
       s.SA_ID_AK = ToInteger(pa.Field("SA_ID_AK"));

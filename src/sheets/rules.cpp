@@ -19,6 +19,15 @@ CheckSpec WithBounds(std::string name, double low, double high, std::function<vo
   return check;
 }
 
+// A check with bounds that leaves a blank field alone.
+CheckSpec IfFilled(std::string name, double low, double high, std::function<void(RuleRun&)> run) {
+  CheckSpec check = WithBounds(std::move(name), low, high, [run = std::move(run)](RuleRun& r) {
+    if (IsFilled(r.field)) run(r);
+  });
+  check.only_if_filled = true;
+  return check;
+}
+
 bool IsOneOf(const Form& form, const std::string& list, const std::vector<std::string>& texts) {
   return std::find(texts.begin(), texts.end(), form.At(list).text) != texts.end();
 }
@@ -51,15 +60,14 @@ CheckSpec RequiredMarked() {
 }
 
 CheckSpec RangeIfFilled(double low, double high) {
-  return WithBounds("CheckRange", low, high, [=](RuleRun& r) {
-    if (IsFilled(r.field) && CheckRange(r.s, r.location, r.field, low, high)) MarkField(r.s, true, r.field);
+  return IfFilled("CheckRange", low, high, [=](RuleRun& r) {
+    if (CheckRange(r.s, r.location, r.field, low, high)) MarkField(r.s, true, r.field);
   });
 }
 
 CheckSpec RequiredRangeIfFilled(double low, double high) {
-  return WithBounds("CheckRequiredRange", low, high, [=](RuleRun& r) {
-    if (IsFilled(r.field)) CheckRequiredRange(r.s, r.location, r.field, low, high);
-  });
+  return IfFilled("CheckRequiredRange", low, high,
+                  [=](RuleRun& r) { CheckRequiredRange(r.s, r.location, r.field, low, high); });
 }
 
 CheckSpec EmptyUnlessNumeric() {
@@ -91,9 +99,8 @@ bool ExceedsStructureTotal(Session& s, const std::string& column, const std::str
 }
 
 CheckSpec RangeIfFilledMarked(double low, double high) {
-  return WithBounds("CheckRange", low, high, [=](RuleRun& r) {
-    if (IsFilled(r.field)) MarkField(r.s, CheckRange(r.s, r.location, r.field, low, high), r.field);
-  });
+  return IfFilled("CheckRange", low, high,
+                  [=](RuleRun& r) { MarkField(r.s, CheckRange(r.s, r.location, r.field, low, high), r.field); });
 }
 
 CheckSpec AtLeast(float minimum) {
@@ -133,8 +140,7 @@ CheckSpec RequiredRangeWithinTotal(double low, double high, const std::string& c
 }
 
 CheckSpec RangeWithinTotalIfFilled(double low, double high, const std::string& column, const std::string& text) {
-  CheckSpec check = WithBounds("RangeWithinTotalIfFilled " + column, low, high, [=](RuleRun& r) {
-    if (!IsFilled(r.field)) return;
+  CheckSpec check = IfFilled("RangeWithinTotal " + column, low, high, [=](RuleRun& r) {
     CheckRequired(r.s, r.location, r.field);
     MarkField(r.s, FailsRangeOrTotal(r, low, high, column, text), r.field);
   });

@@ -84,6 +84,7 @@ struct CheckSpec {
   std::function<void(RuleRun&)> run;
   double low = 0, high = 0;  // both inclusive
   bool has_low = false, has_high = false;
+  bool only_if_filled = false;  // a blank field is not looked at
   std::string text;  // of the finding, for a check that is no primitive
 };
 

@@ -104,6 +104,11 @@ const Value& Cursor::Field(std::string_view column) {
   return row_[ColumnIndex(column)];
 }
 
+const Value& Cursor::LastRead(std::string_view column) const {
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  return row_[ColumnIndex(column)];
+}
+
 void Cursor::Edit() {
   if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
   change_ = Change::kEdit;

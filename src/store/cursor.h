@@ -59,6 +59,9 @@ class Cursor {
   // Value of a column of the current row. kNoSuchItem for an unknown column, kNoCurrentRow without a row.
   const Value& Field(std::string_view column);
 
+  // The column as the last read left it: enough for a key, which never changes.
+  const Value& LastRead(std::string_view column) const;
+
   bool HasRow() const { return position_ == Position::kOnRow; }
 
  private:

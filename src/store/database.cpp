@@ -160,7 +160,7 @@ void Database::Open(const std::string& path) {
   if (!std::filesystem::is_regular_file(path, error))
     throw Fault(fault_number::kPathNotFound, kSource, "Could not find file '" + path + "'.");
   path_ = path;
-  const int code = sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int code = sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code);
     if (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path)) Fail(SQLITE_READONLY);

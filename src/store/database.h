@@ -1,5 +1,5 @@
 // One open SQLite file. Statements are prepared once and kept; values are bound, never put into the text.
-// Every failure is a Fault whose number is one of fault_number.
+// One thread uses a connection. Every failure is a Fault whose number is one of fault_number.
 #pragma once
 
 #include <cstdint>

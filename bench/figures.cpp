@@ -1,0 +1,70 @@
+#include "figures.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace merlu::bench {
+namespace {
+
+double MedianMs(std::vector<double> seconds) {
+  if (seconds.empty()) return 0;
+  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
+  std::nth_element(seconds.begin(), middle, seconds.end());
+  return *middle * 1000;
+}
+
+void RunMeasure(benchmark::State& state, const Measure& measure) {
+  std::vector<double> ours, plain;
+  try {
+    for (auto step : state) {
+      (void)step;
+      const Pair pair = measure.once();
+      state.SetIterationTime(pair.ours);
+      ours.push_back(pair.ours);
+      plain.push_back(pair.plain);
+    }
+  } catch (const std::exception& failure) {
+    return state.SkipWithError(failure.what());
+  }
+  state.counters["ours_ms"] = MedianMs(ours);
+  state.counters["plain_ms"] = MedianMs(plain);
+  state.counters["aim"] = measure.aim;
+}
+
+}  // namespace
+
+void Register(const std::vector<Measure>& measures) {
+  for (const Measure& measure : measures)
+    benchmark::RegisterBenchmark(measure.name.c_str(),
+                                 [measure](benchmark::State& state) { RunMeasure(state, measure); })
+        ->UseManualTime()
+        ->Iterations(measure.repetitions)
+        ->Unit(benchmark::kMillisecond);
+}
+
+void TableReporter::ReportRuns(const std::vector<Run>& runs) {
+  ConsoleReporter::ReportRuns(runs);
+  for (const Run& run : runs) {
+    const auto figure = [&](const char* name) {
+      const auto found = run.counters.find(name);
+      return found == run.counters.end() ? 0.0 : static_cast<double>(found->second);
+    };
+    if (!run.error_occurred)
+      rows_.push_back({run.run_name.function_name, figure("ours_ms"), figure("plain_ms"), figure("aim")});
+  }
+}
+
+void TableReporter::Finalize() {
+  std::printf("\n%-52s %10s %10s %7s %7s\n", "medians", "ours ms", "plain ms", "ratio", "aim");
+  for (const Row& row : rows_) {
+    std::printf("%-52s %10.2f", row.name.c_str(), row.ours_ms);
+    if (row.plain_ms > 0) {
+      std::printf(" %10.2f %7.2f", row.plain_ms, row.ours_ms / row.plain_ms);
+      if (row.aim > 0)
+        std::printf(" %7.2g%s", row.aim, row.ours_ms > row.aim * row.plain_ms ? "  missed" : "");
+    }
+    std::printf("\n");
+  }
+}
+
+}  // namespace merlu::bench

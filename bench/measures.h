@@ -1,0 +1,20 @@
+// What is measured. Each list takes the files from the workshop, which outlives it.
+#pragma once
+
+#include <vector>
+
+#include "figures.h"
+#include "workshop.h"
+
+namespace merlu::bench {
+
+// Starting the program, without a window.
+std::vector<Measure> StartMeasures(const Workshop& shop);
+// Keyed finds, hidden sheets, the tree of activity.
+std::vector<Measure> ReadMeasures(const Workshop& shop);
+// Adding a month.
+std::vector<Measure> MonthMeasures(const Workshop& shop);
+// A survey's QC run.
+std::vector<Measure> QCMeasures(const Workshop& shop);
+
+}  // namespace merlu::bench

@@ -1,0 +1,55 @@
+// SQLite itself, with prepared statements and nothing in between: what the benchmarks measure against.
+// Failures throw std::runtime_error.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace merlu::bench {
+
+class PlainFile {
+ public:
+  // Foreign keys are on, as in the program: the same rows are held to the same relations.
+  explicit PlainFile(const std::string& path);
+  ~PlainFile();
+  PlainFile(const PlainFile&) = delete;
+  PlainFile& operator=(const PlainFile&) = delete;
+
+  void Run(const char* sql);
+
+ private:
+  friend class PlainStatement;
+  sqlite3* db_ = nullptr;
+};
+
+class PlainStatement {
+ public:
+  PlainStatement(PlainFile& file, const std::string& sql);
+  ~PlainStatement();
+  PlainStatement(PlainStatement&& other) noexcept;
+  PlainStatement(const PlainStatement&) = delete;
+  PlainStatement& operator=(const PlainStatement&) = delete;
+
+  // Values of the question marks, counted from 1. A text must outlive the step.
+  PlainStatement& Bind(int at, std::int64_t value);
+  PlainStatement& Bind(int at, const std::string& value);
+
+  bool Step();
+  void Reset();
+  // A statement without rows, from its first step to its reset.
+  void Execute();
+  // Every row with every column; the result depends on all of them, so that none is left unread.
+  std::size_t ReadAll();
+  // The columns of the row that it stands on.
+  std::size_t ReadRow() const;
+  std::int64_t Integer(int column) const;
+  std::string Text(int column) const;
+
+ private:
+  sqlite3_stmt* statement_ = nullptr;
+};
+
+}  // namespace merlu::bench

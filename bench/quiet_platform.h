@@ -1,0 +1,45 @@
+// The outside world of a run that nobody watches: every box is answered with its first button, dialogs close
+// at once, nothing is painted, and the settings name one database file.
+#pragma once
+
+#include <string>
+
+#include "forms/platform.h"
+
+namespace merlu {
+
+class QuietPlatform : public Platform {
+ public:
+  QuietPlatform() = default;
+  explicit QuietPlatform(std::string database) : database_(std::move(database)) {}
+
+  // Boxes so far, and the text of the last one: a run that should say nothing can be held to it.
+  int boxes() const { return boxes_; }
+  const std::string& last_box() const { return last_box_; }
+
+  Button Ask(const Box& box) override {
+    ++boxes_;
+    last_box_ = box.text;
+    return box.buttons.front();
+  }
+  std::string AskFile(const FileQuestion&) override { return ""; }
+  std::string AskFolder(const std::string&) override { return ""; }
+  void RunModal(Form&) override {}
+  void Paint() override {}
+  void PaintWait(const WaitScreen&) override {}
+  void SetBusy(bool) override {}
+  void Beep() override {}
+  DateTime Now() override { return {2017, 12, 31, 12, 0, 0}; }
+  std::string Setting(const std::string&, const std::string&) override { return database_; }
+  void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
+  std::string ProgramFolder() override { return "."; }
+  std::string DataFolder() override { return "."; }
+  std::uint64_t FreeBytes(const std::string&) override { return 0; }
+
+ private:
+  std::string database_;
+  int boxes_ = 0;
+  std::string last_box_;
+};
+
+}  // namespace merlu
