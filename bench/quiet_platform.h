@@ -35,6 +35,8 @@ class QuietPlatform : public Platform {
   std::string ProgramFolder() override { return "."; }
   std::string DataFolder() override { return "."; }
   std::uint64_t FreeBytes(const std::string&) override { return 0; }
+  void WriteReport(const InventoryReport&, const std::string&, const std::function<void(int, int)>&) override {}
+  void OpenDocument(const std::string&) override {}
 
  private:
   std::string database_;

@@ -1,5 +1,5 @@
 // merlu: the desktop program, and its commands without a window.
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <fstream>
@@ -42,7 +42,8 @@ int RunScript(int argc, char** argv) {
       return Usage();
     }
   }
-  const QCoreApplication application(argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for reports, and never a display
+  const QGuiApplication application(argc, argv);
   if (file.empty()) return Player(std::cin, std::cout, options).Run();
   std::ifstream in(file);
   if (!in) {

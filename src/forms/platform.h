@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/dates.h"
+#include "forms/report.h"
 
 namespace merlu {
 
@@ -71,6 +73,11 @@ class Platform {
   // Folder of the program, with the template and the help beside it; and the user's own data folder.
   virtual std::string ProgramFolder() = 0;
   virtual std::string DataFolder() = 0;
+  // Paints the report as a PDF at the path; faults are thrown.
+  virtual void WriteReport(const InventoryReport& report, const std::string& path,
+                           const std::function<void(int done, int total)>& progress) = 0;
+  // Hands a document to the system to open.
+  virtual void OpenDocument(const std::string& path) = 0;
   virtual std::uint64_t FreeBytes(const std::string& folder) = 0;
 };
 

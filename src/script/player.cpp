@@ -8,6 +8,7 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "host/report_pdf.h"
 #include "script/words.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
@@ -74,6 +75,7 @@ void Player::Emit() {
   if (!reply_.modal.empty()) answer["modal"] = reply_.modal;
   answer.update(reply_.extra);
   answer["boxes"] = reply_.boxes;
+  if (!reply_.opened.empty()) answer["opened"] = reply_.opened;
   out_ << Line(answer) << std::endl;
   failed_ = failed_ || !reply_.ok;
 }
@@ -142,6 +144,12 @@ void Player::StoreSetting(const std::string& section, const std::string& key, co
 
 std::string Player::ProgramFolder() { return merlu::ProgramFolder(); }
 std::string Player::DataFolder() { return UserDataFolder(); }
+
+void Player::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+  WriteReportPdf(report, path, progress);
+}
+
+void Player::OpenDocument(const std::string& path) { reply_.opened.push_back(path); }
 
 std::uint64_t Player::FreeBytes(const std::string& folder) {
   std::error_code error;

@@ -45,6 +45,9 @@ class Player : public Platform {
   std::string ProgramFolder() override;
   std::string DataFolder() override;
   std::uint64_t FreeBytes(const std::string& folder) override;
+  void WriteReport(const InventoryReport& report, const std::string& path,
+                   const std::function<void(int done, int total)>& progress) override;
+  void OpenDocument(const std::string& path) override;
 
  private:
   using Words = std::vector<std::string>;
@@ -98,6 +101,7 @@ class Player : public Platform {
     std::string modal;
     Json extra = Json::object();
     Json boxes = Json::array();
+    Json opened = Json::array();
   };
   Reply reply_;
   int count_ = 0;

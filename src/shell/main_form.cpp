@@ -5,6 +5,7 @@
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "shell/annual_summary.h"
 #include "shell/dialogs.h"
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
@@ -30,7 +31,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFBar1", "-", "mnuFile", nullptr},
     {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", nullptr},
     {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", nullptr},
-    {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", nullptr},
+    {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", ExportAnnualSummary},
     {"mnuFBar2", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
     {"mnuEdit", "&Edit", "", nullptr},

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "forms/desk.h"
+#include "host/report_pdf.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
@@ -278,6 +279,10 @@ void TestRun::RunModal(Form& form) {
     script(form);
   }
   if (form.visible) form.Raise(form.cancel_button, Event::kClick);
+}
+
+void TestRun::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+  WriteReportPdf(report, path, progress);
 }
 
 void TestRun::PaintWait(const WaitScreen& wait) {

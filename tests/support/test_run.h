@@ -126,6 +126,10 @@ class TestRun : public Platform {
   std::string ProgramFolder() override { return program_folder; }
   std::string DataFolder() override { return data_folder; }
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
+  void WriteReport(const InventoryReport& report, const std::string& path,
+                   const std::function<void(int done, int total)>& progress) override;
+  void OpenDocument(const std::string& path) override { opened.push_back(path); }
+  std::vector<std::string> opened;
   std::uint64_t free_bytes = std::uint64_t{1} << 40;
   std::vector<FileQuestion> file_questions;
   std::vector<std::string> folder_prompts;

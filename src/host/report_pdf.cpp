@@ -1,0 +1,230 @@
+#include "host/report_pdf.h"
+
+#include <QFile>
+#include <QFontMetricsF>
+#include <QHash>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <array>
+#include <memory>
+
+#include "base/fault.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kResolution = 600;
+constexpr qreal kPoint = kResolution / 72.0;
+constexpr qreal kMargin = 54 * kPoint;
+constexpr qreal kGap = 8 * kPoint;
+constexpr int kProgressStep = 500;
+const QColor kInk(30, 30, 30), kQuiet(95, 95, 95), kRule(200, 200, 200), kBand(240, 242, 245);
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+[[noreturn]] void CannotWrite(const QString& path) {
+  throw Fault(fault_number::kFileAccess, "MERLU report", "Cannot write the file " + path.toStdString() + ".");
+}
+
+// A font and the lines that texts make in a width; equal texts are broken once.
+class Style {
+ public:
+  Style(qreal points, bool bold, const QPdfWriter& device) {
+    font_.setFamilies({"DejaVu Sans", "Noto Sans", "sans-serif"});
+    font_.setPointSizeF(points);
+    font_.setBold(bold);
+    // a trace of spacing keeps letters apart that a font would join, so that copied texts are what was written
+    font_.setLetterSpacing(QFont::AbsoluteSpacing, 0.25);
+    metrics_ = std::make_unique<QFontMetricsF>(font_, const_cast<QPdfWriter*>(&device));
+  }
+  const QFont& font() const { return font_; }
+  qreal LineHeight() const { return metrics_->height(); }
+  qreal Ascent() const { return metrics_->ascent(); }
+  qreal Width(const QString& text) const { return metrics_->horizontalAdvance(text); }
+
+  const QStringList& Lines(const QString& text, qreal width) {
+    QHash<QString, QStringList>& broken = broken_[qRound64(width)];
+    const auto found = broken.constFind(text);
+    if (found != broken.constEnd()) return *found;
+    return *broken.insert(text, Break(text, width));
+  }
+
+ private:
+  QStringList Break(const QString& text, qreal width) const {
+    QStringList lines;
+    QString line;
+    for (const QString& word : text.split(' ')) {
+      const QString longer = line.isEmpty() ? word : line + ' ' + word;
+      if (Width(longer) <= width) {
+        line = longer;
+        continue;
+      }
+      if (!line.isEmpty()) lines << line;
+      line = word;
+      while (Width(line) > width && line.size() > 1) lines << CutToWidth(line, width);
+    }
+    lines << line;
+    return lines;
+  }
+  // Takes from a word that is wider than its column as much as fits.
+  QString CutToWidth(QString& word, qreal width) const {
+    qsizetype count = word.size() - 1;
+    while (count > 1 && Width(word.left(count)) > width) --count;
+    const QString head = word.left(count);
+    word = word.mid(count);
+    return head;
+  }
+
+  QFont font_;
+  std::unique_ptr<QFontMetricsF> metrics_;
+  QHash<qint64, QHash<QString, QStringList>> broken_;
+};
+
+class Pages {
+ public:
+  Pages(const InventoryReport& report, QPdfWriter& writer, QPainter& painter)
+      : report_(report), writer_(writer), painter_(painter), title_(17, true, writer), strong_(9.5, true, writer), text_(8.5, false, writer) {
+    width_ = writer.width();
+    height_ = writer.height();
+    const qreal rest = width_ - 2 * kGap;
+    columns_ = {rest * 0.28, rest * 0.36, rest * 0.36};
+  }
+
+  void Paint(const std::function<void(int, int)>& progress) {
+    FirstPageHead();
+    int done = 0;
+    for (const ReportSection& section : report_.sections) {
+      section_ = &section;
+      SectionHead(false);
+      for (const ReportLine& line : section.lines) {
+        Row(line);
+        if (++done % kProgressStep == 0) progress(done, report_.findings);
+      }
+      y_ += kGap;
+    }
+    Foot();
+  }
+
+ private:
+  qreal FootTop() const { return height_ - 2.2 * text_.LineHeight(); }
+
+  // Writes a text into a width at the present height; returns how far down it went.
+  qreal Write(Style& style, const QString& text, qreal x, qreal width, const QColor& color = kInk) {
+    painter_.setFont(style.font());
+    painter_.setPen(color);
+    qreal y = y_;
+    for (const QString& line : style.Lines(text, width)) {
+      painter_.drawText(QPointF(x, y + style.Ascent()), line);
+      y += style.LineHeight();
+    }
+    return y - y_;
+  }
+
+  void Rule() {
+    painter_.setPen(QPen(kRule, 0.6 * kPoint));
+    painter_.drawLine(QPointF(0, y_), QPointF(width_, y_));
+  }
+
+  void FirstPageHead() {
+    y_ += Write(title_, Q(report_.title + " " + report_.year), 0, width_);
+    y_ += kGap / 2;
+    for (const std::string& line : report_.operator_lines) y_ += Write(text_, Q(line), 0, width_, kQuiet);
+    y_ += Write(text_, "Date of run: " + Q(SheetDate(report_.printed)), 0, width_, kQuiet);
+    y_ += kGap;
+    const qreal band = strong_.LineHeight() * static_cast<qreal>(strong_.Lines(Q(report_.summary), width_ - 2 * kGap).size()) + kGap;
+    painter_.fillRect(QRectF(0, y_, width_, band), kBand);
+    y_ += kGap / 2;
+    y_ += Write(strong_, Q(report_.summary), kGap, width_ - 2 * kGap);
+    y_ += kGap * 1.5;
+  }
+
+  void ColumnHeads() {
+    const std::array<const char*, 3> heads = {"Equipment", "Item", "Finding"};
+    qreal x = 0;
+    for (std::size_t i = 0; i < heads.size(); ++i) {
+      Write(text_, heads[i], x, columns_[i], kQuiet);
+      x += columns_[i] + kGap;
+    }
+    y_ += text_.LineHeight() + kGap / 4;
+    Rule();
+    y_ += kGap / 4;
+  }
+
+  void SectionHead(bool continued) {
+    // a heading never stands alone at the end of a page
+    if (!continued && y_ + 6 * strong_.LineHeight() > FootTop()) NextPage();
+    QString heading = Q(section_->heading);
+    if (!section_->place.empty()) heading = Q(section_->place) + " – " + heading;
+    if (continued) heading += " (continued)";
+    y_ += Write(strong_, heading, 0, width_);
+    y_ += kGap / 4;
+    ColumnHeads();
+  }
+
+  void Row(const ReportLine& line) {
+    const std::array<QString, 3> cells = {Q(line.where), Q(line.item), Q(line.finding)};
+    qsizetype lines = 1;
+    for (std::size_t i = 0; i < cells.size(); ++i) lines = std::max(lines, text_.Lines(cells[i], columns_[i]).size());
+    const qreal height = static_cast<qreal>(lines) * text_.LineHeight();
+    if (y_ + height > FootTop()) {
+      NextPage();
+      SectionHead(true);
+    }
+    qreal x = 0;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      Write(text_, cells[i], x, columns_[i]);
+      x += columns_[i] + kGap;
+    }
+    y_ += height + kGap / 4;
+  }
+
+  void Foot() {
+    y_ = FootTop() + text_.LineHeight() / 2;
+    Rule();
+    y_ += kGap / 4;
+    Write(text_, Q(report_.title + " " + report_.year + (report_.operator_lines.empty() ? "" : " · " + report_.operator_lines.front())), 0,
+          width_ * 0.8, kQuiet);
+    const QString page = "Page " + QString::number(page_);
+    Write(text_, page, width_ - text_.Width(page), width_, kQuiet);
+  }
+
+  void NextPage() {
+    Foot();
+    writer_.newPage();
+    ++page_;
+    y_ = 0;
+  }
+
+  const InventoryReport& report_;
+  QPdfWriter& writer_;
+  QPainter& painter_;
+  Style title_, strong_, text_;
+  std::array<qreal, 3> columns_{};
+  qreal width_ = 0, height_ = 0, y_ = 0;
+  int page_ = 1;
+  const ReportSection* section_ = nullptr;
+};
+
+}  // namespace
+
+void WriteReportPdf(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+  QFile file(Q(path));
+  if (!file.open(QIODevice::WriteOnly)) CannotWrite(file.fileName());
+  {
+    QPdfWriter writer(&file);
+    writer.setResolution(kResolution);
+    writer.setPageSize(QPageSize(QPageSize::Letter));
+    writer.setPageMargins(QMarginsF(kMargin / kPoint, kMargin / kPoint, kMargin / kPoint, kMargin / kPoint), QPageLayout::Point);
+    writer.setTitle(Q(report.title + " " + report.year));
+    writer.setCreator("MERLU-2017");
+    QPainter painter;
+    if (!painter.begin(&writer)) CannotWrite(file.fileName());
+    Pages(report, writer, painter).Paint(progress);
+    if (!painter.end()) CannotWrite(file.fileName());
+  }
+  if (!file.flush() || file.error() != QFileDevice::NoError) CannotWrite(file.fileName());
+}
+
+}  // namespace merlu

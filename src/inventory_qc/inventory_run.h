@@ -1,0 +1,19 @@
+// The annual pass: missing data and inconsistencies in all records of all months, kept in QCInventory. It
+// reads the stored rows and needs no screen; findings of the monthly log, sheets and location stay as they
+// are.
+#pragma once
+
+#include "forms/report.h"
+#include "session/session.h"
+
+namespace merlu {
+
+// Empties QCInventory, runs every pass in order, drops what belongs to inactive structure months, and adds
+// the summary row. A fault in a pass is told and ends that pass; other faults are passed on.
+void RunInventoryPasses(Session& s);
+
+// What QCInventory says, ready to be printed: the summary, the operator, and the findings by level,
+// location and item.
+InventoryReport ReadInventoryReport(Session& s);
+
+}  // namespace merlu

@@ -1,0 +1,87 @@
+#include "shell/annual_summary.h"
+
+#include "inventory_qc/inventory_run.h"
+#include "session/messages.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kEntryError = "Data Entry Error";
+constexpr const char* kNoPermission =
+    "There was an error saving the report.\nMake sure you have permission to create files in the selected directory.\n"
+    "You must select another location in order to save the report.";
+
+std::int64_t CountOf(Session& s, const char* sql) { return ToInteger(s.db.Single(sql)); }
+
+bool HasWhatItNeeds(Session& s) {
+  const std::int64_t structures = CountOf(s, "SELECT Count(PD_PLATFORM_DESC.PD_ID_AK) AS PD_ID_AK_COUNT FROM PD_PLATFORM_DESC;");
+  if (structures == 0) {
+    TellUnder(s, kEntryError, "You must create a platform and enter equipment first.", Icon::kNone);
+    return false;
+  }
+  const std::int64_t equipment = CountOf(s, "SELECT Count(ED_EQUIP_DESC.ED_ID_AK) AS ED_ID_AK_COUNT FROM ED_EQUIP_DESC;");
+  if (structures == 1 && equipment == 0) {
+    TellUnder(s, kEntryError, "You must enter equipment first.", Icon::kNone);
+    return false;
+  }
+  return true;
+}
+
+bool IsWanted(Session& s) {
+  if (s.last_month >= 12) return true;
+  const Button answer = s.platform.Ask({"You have completed fewer than 12 surveys\nAre you sure you want to run the QA Summary now?",
+                                        "Incomplete Inventory", Icon::kQuestion, {Button::kYes, Button::kNo}});
+  if (answer == Button::kYes) return true;
+  Tell(s, "Inventory QC terminated.");
+  return false;
+}
+
+// The path under which the report is written before it takes its own name.
+std::string TemporaryName(const std::string& path) {
+  const auto at = path.rfind(".pdf");
+  return at == std::string::npos ? path + ".rpt" : path.substr(0, at) + ".rpt" + path.substr(at + 4);
+}
+
+void RenderReport(Session& s, const std::string& path) {
+  const Busy busy(s);
+  const std::string temporary = TemporaryName(path);
+  try {
+    if (FileExists(temporary)) RemoveFile(temporary);
+    s.platform.WriteReport(ReadInventoryReport(s), temporary, [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
+    MoveFile(temporary, path);
+  } catch (const Fault& fault) {
+    if (FileExists(temporary)) Plainly(s, [&] { RemoveFile(temporary); });
+    HideWait(s);
+    if (fault.number == fault_number::kFileAccess) return TellUnder(s, s.title, kNoPermission, Icon::kStop);
+    return TellFaultNumberFirst(s, fault);
+  }
+  HideWait(s);
+  s.platform.OpenDocument(path);
+}
+
+}  // namespace
+
+void RunInventoryQC(Session& s, const std::string& path) {
+  try {
+    const Busy busy(s);
+    ShowWait(s, "Preparing QA Summary", "Please Wait...");
+    RunInventoryPasses(s);
+    RenderReport(s, path);
+  } catch (const Fault& fault) {
+    HideWait(s);
+    Tell(s, "Error displaying report. " + fault.description);
+  }
+}
+
+void ExportAnnualSummary(Session& s) {
+  Plainly(s, [&] {
+    if (!HasWhatItNeeds(s) || !IsWanted(s)) return;
+    const std::string path = s.platform.AskFile(
+        {FileQuestion::Kind::kSave, "Save Annual Inventory Summary as...", "PDF (*.pdf) ", "*.pdf", ".pdf"});
+    if (path.empty()) return Tell(s, "No file name given, cancelling export.");
+    RunInventoryQC(s, path);
+  });
+}
+
+}  // namespace merlu
