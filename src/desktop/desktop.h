@@ -5,6 +5,9 @@
 
 namespace merlu {
 
+// The one style of the program, on the application that exists.
+void SetUpLook();
+
 // Runs the program in windows; an empty settings file means the user's own settings. Returns the exit
 // status.
 int RunDesktop(int argc, char** argv, const std::string& settings_file);

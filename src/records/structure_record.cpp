@@ -45,7 +45,7 @@ void PutStructureSheet(Session& s, Form& main) {
     PutField(main, field, {field.mode == In::kActv ? "fraStructureActivity" : "fraStructureDescriptive", 0, field.block});
   main.At(kComments).lines = true;
   Put(main, Kind::kFrame, "Frame1", "", {"fraStructureActivity"});
-  Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {"Frame1"});
+  Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {"Frame1", 0, "Comments"});
   PutLabel(main, "lblNoEmissions", "No Emissions to Report", {"fraStructure"}).visible = false;
   PutLabel(main, "lblSTRUCTURE_QCDate", kNoDate, {"fraStructure"});
   Put(main, Kind::kButton, "cmdSTRUCTURE_AddEquip", "New Equipment", {"tabSTRUCTURE"});

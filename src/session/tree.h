@@ -24,7 +24,8 @@ struct Tree {
   std::vector<int> roots;
   int selected = -1;
   bool enabled = true;
-  std::uint64_t revision = 0;  // grows with every change of nodes or order
+  std::uint64_t revision = 0;   // grows with every change of nodes or order
+  std::uint64_t expansion = 0;  // grows when nodes were expanded or collapsed by the program
 
   void Clear();
   // Adds a node under the one with the parent key (empty: a root). kKeyNotUnique for a key that exists,

@@ -48,17 +48,30 @@ void AddField(Form& form, const SheetSpec& sheet, const FieldSpec& spec) {
   add_label(spec.note_label, spec.note);
 }
 
+// They stand with the first fields of the month.
+std::string MonthlyBlock(const SheetSpec& sheet) {
+  for (const FieldSpec& field : sheet.fields)
+    if (field.mode == In::kActv) return field.block;
+  return "Comments";
+}
+
 void AddStatusAndComments(Form& form, const SheetSpec& sheet) {
+  const std::string block = MonthlyBlock(sheet);
   if (sheet.has_activity) {
     form.Add(Make(Kind::kFrame, "Frame1", "", sheet.tab()));
-    form.Add(Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", "Frame1"));
+    Control status = Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", "Frame1");
+    status.block = block;
+    form.Add(std::move(status));
     form.At("Frame1").visible = false;
   }
-  form.Add(MakeLabel(sheet.comments_label(), sheet.comments_caption, sheet.tab()));
+  Control label = MakeLabel(sheet.comments_label(), sheet.comments_caption, sheet.tab());
+  label.block = block;
+  form.Add(std::move(label));
   Control comments = Make(Kind::kText, sheet.comments(), sheet.comments_caption, sheet.tab());
   comments.tag = sheet.comments_tag;
   comments.label = sheet.comments_label();
   comments.lines = true;
+  comments.block = block;
   form.Add(std::move(comments));
 }
 

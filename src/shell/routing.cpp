@@ -167,7 +167,6 @@ void ShowSheet(Session& s) {
 void ClickNode(Session& s, int node) {
   s.tree.selected = node;
   s.tree.ExpandAncestors(node);
-  ++s.tree.revision;
   TakeLocation(s, s.tree.nodes[static_cast<std::size_t>(node)].key);
   SetCommands(s);
   ClearSheet(s);

@@ -216,19 +216,21 @@ void SaveTreeExpansion(Session& s) {
 void RestoreTreeExpansion(Session& s) {
   for (std::size_t i = 0; i < s.tree.nodes.size() && i < s.tree_expansion.size(); ++i)
     s.tree.nodes[i].expanded = s.tree_expansion[i];
-  ++s.tree.revision;
+  ++s.tree.expansion;
 }
 
 void ReselectLocation(Session& s) {
   const std::string wanted = KeyOf(s.current, s.mode);
   for (TreeNode& node : s.tree.nodes)
     if (node.key.size() < wanted.size() && wanted.starts_with(node.key)) node.expanded = true;
+  ++s.tree.expansion;
   if (const int node = s.tree.Find(wanted); node >= 0) ClickNode(s, node);
 }
 
 void SelectRoot(Session& s) {
   if (s.tree.nodes.empty()) return;
   s.tree.nodes.front().expanded = true;
+  ++s.tree.expansion;
   ClickNode(s, 0);
 }
 

@@ -1,0 +1,28 @@
+#include "desktop/acts.h"
+
+#include "session/messages.h"
+
+namespace merlu {
+
+void Acts::Run(const std::function<void()>& act) {
+  if (IsDrawing()) return;
+  try {
+    act();
+  } catch (const Fault& fault) {
+    TellFault(s, fault);
+  }
+  Redraw();
+}
+
+void Acts::Do(const std::function<std::string()>& act) {
+  Run([&] { act(); });
+}
+
+void Acts::Redraw() {
+  if (IsDrawing()) return;
+  ++drawing_;
+  emit Changed();
+  --drawing_;
+}
+
+}  // namespace merlu

@@ -1,0 +1,35 @@
+// The one way of a user's act from a widget to the logical screens: the act is done, its faults are told,
+// and everything that changed is drawn again.
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+#include <string>
+
+#include "session/session.h"
+
+namespace merlu {
+
+class Acts : public QObject {
+  Q_OBJECT
+ public:
+  explicit Acts(Session& session) : s(session) {}
+
+  // An act that may be refused: it returns why, and a refused act is simply not done.
+  void Do(const std::function<std::string()>& act);
+  void Run(const std::function<void()>& act);
+  // True while widgets are being changed to show the state: their signals are no acts then.
+  bool IsDrawing() const { return drawing_ > 0; }
+  void Redraw();
+
+  Session& s;
+
+ signals:
+  void Changed();
+
+ private:
+  int drawing_ = 0;
+};
+
+}  // namespace merlu

@@ -1,0 +1,77 @@
+// The widgets of a logical form, each under its control's name, kept in step with the controls.
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QWidget>
+
+#include <vector>
+
+#include "desktop/acts.h"
+#include "desktop/fields.h"
+#include "forms/desk.h"
+#include "forms/form.h"
+
+namespace merlu {
+
+class ResultsList;
+
+// What stands for one control.
+struct Bound {
+  const Control* control = nullptr;
+  QWidget* widget = nullptr;
+  QLabel* caption = nullptr;  // beside it
+  QLabel* mark = nullptr;     // at its end, when it is flagged
+  QWidget* row = nullptr;     // that holds field, mark and note
+  Control shown;              // the state that the widgets show
+  bool drawn = false;
+};
+
+class FormBinding : public QObject {
+ public:
+  FormBinding(Acts& acts, Form& form, QObject* parent) : QObject(parent), acts_(acts), form_(form) {}
+
+  Form& form() { return form_; }
+
+  // A field in a row of its own with its mark; a caption is made when there is room for one beside it.
+  Bound& AddField(const Control& control, QWidget* parent, bool with_caption);
+  Bound& AddLabel(const Control& control, QWidget* parent);
+  Bound& AddButton(const Control& control, QWidget* parent);
+  Bound& AddList(const Control& control, QWidget* parent);
+  Bound& AddTab(const Control& control, QWidget* parent);
+  // A widget made elsewhere that only shows the control's caption and visibility.
+  Bound& AddFrame(const Control& control, QWidget* widget);
+
+  // Draws what changed. True when a field appeared or went, so that its place must be laid out anew.
+  bool Sync();
+  // Gives the focus that the form asks for.
+  void TakeFocus();
+  QWidget* Find(const std::string& name) const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  Bound& Add(const Control& control, QWidget* widget);
+  QWidget* MakeField(const Control& control, QWidget* parent);
+  QWidget* MakeLine(const Control& control, QWidget* parent);
+  QWidget* MakeChoice(const Control& control, QWidget* parent);
+  void TypeInto(const std::string& name, QLineEdit& line);
+
+  void Show(Bound& bound, const Control& now);
+  void ShowText(QWidget& widget, const Control& now);
+  void ShowList(ListField& list, const Control& now, const Control& shown, bool drawn);
+  void ShowState(Bound& bound, const Control& now);
+  void ShowTab(QTabWidget& tab, const Control& now);
+
+  Acts& acts_;
+  Form& form_;
+  std::vector<std::unique_ptr<Bound>> bound_;
+};
+
+// The text of a caption: '&' doubled in captions is one, and a field without caption goes by its tag.
+QString CaptionOf(const Control& control);
+
+}  // namespace merlu

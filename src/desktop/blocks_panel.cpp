@@ -1,0 +1,130 @@
+#include "desktop/blocks_panel.h"
+
+#include <QResizeEvent>
+
+#include <algorithm>
+
+#include "desktop/look.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kMargin = 12, kBetweenBlocks = 16, kBetweenRows = 8, kBetweenColumns = 28, kToField = 10;
+constexpr int kNarrowestColumn = 380;
+
+}  // namespace
+
+BlocksPanel::Block& BlocksPanel::BlockOf(const std::string& heading) {
+  const auto found = std::find_if(blocks_.begin(), blocks_.end(), [&](const Block& b) { return b.heading == heading; });
+  if (found != blocks_.end()) return *found;
+  auto* title = new QLabel(QString::fromStdString(heading), this);
+  QFont bold = title->font();
+  bold.setBold(true);
+  title->setFont(bold);
+  title->setTextFormat(Qt::PlainText);
+  QPalette quiet = title->palette();
+  quiet.setColor(QPalette::WindowText, Quiet(quiet));
+  title->setPalette(quiet);
+  auto* rule = new QFrame(this);
+  rule->setFixedHeight(1);
+  QPalette line = rule->palette();
+  line.setColor(QPalette::Window, Line(line));
+  rule->setPalette(line);
+  rule->setAutoFillBackground(true);
+  return blocks_.emplace_back(Block{heading, title, rule, {}});
+}
+
+void BlocksPanel::Add(const std::string& heading, Bound& bound, QLabel* note) { BlockOf(heading).rows.push_back({&bound, note}); }
+
+bool BlocksPanel::HasVisible(const Block& block) {
+  return std::any_of(block.rows.begin(), block.rows.end(), [](const Row& row) { return !row.bound->row->isHidden(); });
+}
+
+int BlocksPanel::CaptionWidth(int column) const {
+  int widest = 0;
+  for (const Block& block : blocks_)
+    for (const Row& row : block.rows)
+      if (row.bound->caption != nullptr)
+        widest = std::max(widest, row.bound->caption->fontMetrics().horizontalAdvance(row.bound->caption->text()) + 4);
+  return std::min(widest, column / 2);
+}
+
+int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move) {
+  QWidget* field = row.bound->row;
+  QLabel* caption = row.bound->caption;
+  const int left = x + caption_width + kToField;
+  const int note_width = row.note != nullptr ? row.note->sizeHint().width() + 6 : 0;
+  int height = field->sizeHint().height();
+  if (caption != nullptr) height = std::max(height, caption->heightForWidth(caption_width));
+  if (!move) return height;
+  const int field_height = row.bound->control->lines ? height : field->sizeHint().height();
+  field->setGeometry(left, y + (height - field_height) / 2, x + width - left - note_width, field_height);
+  if (row.note != nullptr) row.note->setGeometry(x + width - note_width, y, note_width, height);
+  if (caption != nullptr) caption->setGeometry(x, y + (row.bound->control->lines ? 4 : 0), caption_width, height);
+  return height;
+}
+
+int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width, bool move) {
+  const bool visible = HasVisible(block);
+  if (move) {
+    block.title->setVisible(visible && !block.heading.empty());
+    block.rule->setVisible(visible && !block.heading.empty());
+  }
+  if (!visible) return 0;
+  int at = y;
+  if (!block.heading.empty()) {
+    const int title_height = block.title->sizeHint().height();
+    if (move) {
+      block.title->setGeometry(x, at, width, title_height);
+      block.rule->setGeometry(x, at + title_height + 3, width, 1);
+    }
+    at += title_height + 4 + kBetweenRows;
+  }
+  for (const Row& row : block.rows) {
+    if (row.bound->row->isHidden()) continue;
+    at += PlaceRow(row, x, at, width, caption_width, move) + kBetweenRows;
+  }
+  return at - kBetweenRows - y + kBetweenBlocks;
+}
+
+void BlocksPanel::Arrange() {
+  const int room = width() - 2 * kMargin;
+  const int shown = static_cast<int>(std::count_if(blocks_.begin(), blocks_.end(), HasVisible));
+  const int columns = shown > 1 && room >= 2 * kNarrowestColumn + kBetweenColumns ? 2 : 1;
+  const int column = columns == 2 ? (room - kBetweenColumns) / 2 : std::min(room, 760);
+  const int captions = CaptionWidth(column);
+  int total = 0;
+  for (Block& block : blocks_) total += Place(block, 0, 0, column, captions, false);
+  int x = kMargin, y = kMargin, tallest = 0;
+  for (Block& block : blocks_) {
+    const int height = Place(block, 0, 0, column, captions, false);
+    // the second column begins where the first would grow past its half
+    if (columns == 2 && x == kMargin && y > kMargin && height > 0 && y - kMargin + height / 2 > total / 2) {
+      x += column + kBetweenColumns;
+      y = kMargin;
+    }
+    Place(block, x, y, column, captions, true);
+    y += height;
+    tallest = std::max(tallest, y);
+  }
+  setMinimumHeight(tallest);
+  // a page that became lower does not keep an empty end to scroll to
+  if (parentWidget() != nullptr) resize(width(), std::max(tallest, parentWidget()->height()));
+}
+
+void BlocksPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (event->oldSize().width() != event->size().width()) Arrange();
+}
+
+ScrollingPage::ScrollingPage(BlocksPanel* panel, QWidget* parent) : QScrollArea(parent) {
+  setWidgetResizable(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFrameShape(QFrame::NoFrame);
+  setWidget(panel);
+  panel->setAutoFillBackground(false);
+  viewport()->setAutoFillBackground(false);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+}  // namespace merlu

@@ -1,0 +1,57 @@
+// A page of fields: blocks with a heading, in one or two columns by the room there is. Captions end at a
+// common edge and wrap; what does not fit scrolls.
+#pragma once
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QWidget>
+
+#include <string>
+#include <vector>
+
+#include "desktop/binding.h"
+
+namespace merlu {
+
+class BlocksPanel : public QWidget {
+  Q_OBJECT
+ public:
+  explicit BlocksPanel(QWidget* parent) : QWidget(parent) {}
+
+  // Adds a field below the heading; blocks stand in the order in which they were named first.
+  void Add(const std::string& heading, Bound& bound, QLabel* note);
+  // Lays out what is visible now.
+  void Arrange();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Row {
+    Bound* bound;
+    QLabel* note;
+  };
+  struct Block {
+    std::string heading;
+    QLabel* title;
+    QFrame* rule;
+    std::vector<Row> rows;
+  };
+  Block& BlockOf(const std::string& heading);
+  static bool HasVisible(const Block& block);
+  int CaptionWidth(int column) const;
+  // Places a block, or only measures it; returns its height.
+  int Place(Block& block, int x, int y, int width, int caption_width, bool move);
+  static int PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move);
+
+  std::vector<Block> blocks_;
+};
+
+// A panel that scrolls inside its page.
+class ScrollingPage : public QScrollArea {
+  Q_OBJECT
+ public:
+  ScrollingPage(BlocksPanel* panel, QWidget* parent);
+};
+
+}  // namespace merlu

@@ -1,0 +1,231 @@
+#include "desktop/desktop_app.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStorageInfo>
+#include <QStyle>
+#include <QTimer>
+#include <QUrl>
+
+#include <algorithm>
+
+#include "desktop/wait_window.h"
+#include "host/report_pdf.h"
+#include "shell/dialogs.h"
+#include "shell/main_program.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kSplashMilliseconds = 2500;
+constexpr int kWaitShowsAfter = 150;   // a shorter wait would only flicker
+constexpr int kWaitPaintsEvery = 80;
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+QMessageBox::StandardButton Standard(Button button) {
+  switch (button) {
+    case Button::kOK: return QMessageBox::Ok;
+    case Button::kCancel: return QMessageBox::Cancel;
+    case Button::kYes: return QMessageBox::Yes;
+    case Button::kNo: return QMessageBox::No;
+    case Button::kRetry: return QMessageBox::Retry;
+  }
+  return QMessageBox::NoButton;
+}
+
+QMessageBox::Icon Picture(Icon icon) {
+  switch (icon) {
+    case Icon::kNone: return QMessageBox::NoIcon;
+    case Icon::kInfo: return QMessageBox::Information;
+    case Icon::kQuestion: return QMessageBox::Question;
+    case Icon::kWarning: return QMessageBox::Warning;
+    case Icon::kStop: return QMessageBox::Critical;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// Both cases of the pattern: names are matched without regard to case.
+QString Filter(const FileQuestion& question) {
+  const QString pattern = Q(question.pattern);
+  return Q(question.filter_name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
+}
+
+}  // namespace
+
+DesktopApp::DesktopApp(const std::string& settings_file) : settings_(settings_file) {
+  connect(&acts_, &Acts::Changed, this, &DesktopApp::Sync);
+  qApp->installEventFilter(this);
+}
+
+DesktopApp::~DesktopApp() { qApp->removeEventFilter(this); }
+
+bool DesktopApp::Start() {
+  acts_.Run([this] { Main(session_); });
+  return !session_.ended && window_ != nullptr;
+}
+
+QWidget* DesktopApp::Parent() const {
+  for (auto at = dialogs_.rbegin(); at != dialogs_.rend(); ++at)
+    if (*at != nullptr && (*at)->isVisible()) return *at;
+  return window_.get();
+}
+
+// ---- drawing ----
+
+void DesktopApp::Sync() {
+  if (session_.ended) {
+    splash_.reset();
+    if (window_ != nullptr) window_->hide();
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    return;
+  }
+  if (session_.main != nullptr && session_.main->visible) {
+    if (window_ == nullptr) window_ = std::make_unique<MainWindow>(acts_, settings_.settings());
+    window_->Sync();
+    if (window_->isHidden()) window_->show();
+  }
+  for (const auto& dialog : dialogs_)
+    if (dialog != nullptr) dialog->Sync();
+  SyncSplash();
+}
+
+void DesktopApp::SyncSplash() {
+  const Form* about = session_.desk.Find("frmAbout");
+  const bool shows = about != nullptr && about->visible && !about->modal;
+  if (!shows) {
+    if (splash_ != nullptr) splash_.release()->deleteLater();
+    return;
+  }
+  if (splash_ != nullptr || window_ == nullptr) return;
+  splash_ = std::make_unique<Splash>(*about, window_.get());
+  splash_->show();
+  QTimer::singleShot(kSplashMilliseconds, this, [this] { acts_.Run([this] { CloseSplash(session_); }); });
+}
+
+bool DesktopApp::eventFilter(QObject* watched, QEvent* event) {
+  const bool touched = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress;
+  if (touched && splash_ != nullptr && !acts_.IsDrawing()) acts_.Run([this] { CloseSplash(session_); });
+  return QObject::eventFilter(watched, event);
+}
+
+void DesktopApp::Paint() {
+  acts_.Redraw();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void DesktopApp::PaintWait(const WaitScreen& wait) {
+  if (!wait.showing) {
+    wait_.reset();
+    waiting_.invalidate();
+    return;
+  }
+  if (!waiting_.isValid()) waiting_.start();
+  if (waiting_.elapsed() < kWaitShowsAfter) return;
+  if (wait_ != nullptr && painted_.elapsed() < kWaitPaintsEvery) return;
+  if (wait_ == nullptr) wait_ = std::make_unique<WaitWindow>(Parent());
+  static_cast<WaitWindow*>(wait_.get())->Show(wait);
+  painted_.start();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void DesktopApp::SetBusy(bool busy) {
+  if (busy)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+void DesktopApp::Beep() { QApplication::beep(); }
+
+// ---- boxes and dialogs ----
+
+Button DesktopApp::Ask(const Box& box) {
+  acts_.Redraw();  // what the box speaks of shows behind it
+  QMessageBox message(Parent());
+  message.setWindowTitle(Q(box.title));
+  message.setTextFormat(Qt::PlainText);
+  message.setText(Q(box.text));
+  message.setIcon(Picture(box.icon));
+  for (Button button : box.buttons) message.addButton(Standard(button));
+  message.setDefaultButton(Standard(box.buttons.front()));
+  message.setEscapeButton(Standard(LeastChange(box)));
+  // a busy pointer would tell the user to wait for a box that waits for him
+  const bool busy = QApplication::overrideCursor() != nullptr;
+  if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const auto pressed = static_cast<QMessageBox::StandardButton>(message.exec());
+  if (busy) QApplication::restoreOverrideCursor();
+  for (Button button : box.buttons)
+    if (Standard(button) == pressed) return button;
+  return LeastChange(box);
+}
+
+std::string DesktopApp::AskFile(const FileQuestion& question) {
+  QFileDialog dialog(Parent(), Q(question.title), QString(), Filter(question));
+  const bool save = question.kind == FileQuestion::Kind::kSave;
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  QString suffix = Q(question.extension);
+  dialog.setDefaultSuffix(suffix.startsWith('.') ? suffix.mid(1) : suffix);
+  dialog.setDirectory(QFileInfo(Q(session_.path)).absolutePath());
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
+  return dialog.selectedFiles().first().toStdString();
+}
+
+std::string DesktopApp::AskFolder(const std::string& prompt) {
+  return QFileDialog::getExistingDirectory(Parent(), Q(prompt), QFileInfo(Q(session_.path)).absolutePath()).toStdString();
+}
+
+void DesktopApp::RunModal(Form& form) {
+  QPointer<FormDialog> dialog = new FormDialog(acts_, form, Parent());
+  dialogs_.push_back(dialog);
+  acts_.Redraw();
+  dialog->Sync();
+  dialog->show();
+  // focus is taken once the window is there
+  dialog->Sync();
+  QEventLoop loop;
+  connect(&acts_, &Acts::Changed, &loop, [&] {
+    if (!form.visible) loop.quit();
+  });
+  connect(qApp, &QCoreApplication::aboutToQuit, &loop, &QEventLoop::quit);
+  if (form.visible) loop.exec();
+  std::erase(dialogs_, dialog);
+  if (dialog != nullptr) {
+    dialog->hide();
+    dialog->deleteLater();
+  }
+}
+
+// ---- the outside world ----
+
+DateTime DesktopApp::Now() {
+  const QDateTime now = QDateTime::currentDateTime();
+  return {now.date().year(), now.date().month(), now.date().day(), now.time().hour(), now.time().minute(), now.time().second()};
+}
+
+std::string DesktopApp::Setting(const std::string& section, const std::string& key) { return settings_.Value(section, key); }
+
+void DesktopApp::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
+  settings_.Store(section, key, value);
+}
+
+std::string DesktopApp::ProgramFolder() { return merlu::ProgramFolder(); }
+std::string DesktopApp::DataFolder() { return UserDataFolder(); }
+
+std::uint64_t DesktopApp::FreeBytes(const std::string& folder) {
+  return static_cast<std::uint64_t>(std::max<qint64>(0, QStorageInfo(Q(folder)).bytesAvailable()));
+}
+
+void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+  WriteReportPdf(report, path, progress);
+}
+
+void DesktopApp::OpenDocument(const std::string& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(Q(path))); }
+
+}  // namespace merlu

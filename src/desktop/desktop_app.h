@@ -1,0 +1,67 @@
+// The program in windows: the platform that boxes, dialogs and painting go through, and the windows that
+// show the session's forms.
+#pragma once
+
+#include <QObject>
+#include <QElapsedTimer>
+#include <QPointer>
+
+#include <memory>
+
+#include "desktop/acts.h"
+#include "desktop/form_dialog.h"
+#include "desktop/main_window.h"
+#include "forms/platform.h"
+#include "host/settings_store.h"
+
+namespace merlu {
+
+class DesktopApp : public QObject, public Platform {
+  Q_OBJECT
+ public:
+  // An empty settings file means the user's own settings.
+  explicit DesktopApp(const std::string& settings_file);
+  ~DesktopApp() override;
+
+  // Runs the start; false when the program has ended in it.
+  bool Start();
+  Session& session() { return session_; }
+  MainWindow* window() { return window_.get(); }
+
+  Button Ask(const Box& box) override;
+  std::string AskFile(const FileQuestion& question) override;
+  std::string AskFolder(const std::string& prompt) override;
+  void RunModal(Form& form) override;
+  void Paint() override;
+  void PaintWait(const WaitScreen& wait) override;
+  void SetBusy(bool busy) override;
+  void Beep() override;
+  DateTime Now() override;
+  std::string Setting(const std::string& section, const std::string& key) override;
+  void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
+  std::string ProgramFolder() override;
+  std::string DataFolder() override;
+  std::uint64_t FreeBytes(const std::string& folder) override;
+  void WriteReport(const InventoryReport& report, const std::string& path,
+                   const std::function<void(int done, int total)>& progress) override;
+  void OpenDocument(const std::string& path) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Sync();
+  void SyncSplash();
+  QWidget* Parent() const;
+
+  SettingsStore settings_;
+  Session session_{*this};
+  Acts acts_{session_};
+  std::unique_ptr<MainWindow> window_;
+  std::unique_ptr<QWidget> splash_;
+  std::unique_ptr<QWidget> wait_;
+  std::vector<QPointer<FormDialog>> dialogs_;
+  QElapsedTimer waiting_, painted_;
+};
+
+}  // namespace merlu

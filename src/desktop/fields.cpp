@@ -1,0 +1,101 @@
+#include "desktop/fields.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTimer>
+#include <QWheelEvent>
+
+#include "desktop/look.h"
+
+namespace merlu {
+
+void SetLook(QWidget& widget, const char* property, const QVariant& value) {
+  if (widget.property(property) == value) return;
+  widget.setProperty(property, value);
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+}
+
+const char* LookName(Back back) { return back == Back::kFlag ? "flag" : back == Back::kFace ? "face" : "window"; }
+
+void LineField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  entered_by_mouse_ = event->reason() == Qt::MouseFocusReason;
+  selectAll();
+}
+
+void LineField::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  // the press that entered the field would otherwise have put the caret into the selected text
+  if (entered_by_mouse_ && !hasSelectedText()) selectAll();
+  entered_by_mouse_ = false;
+}
+
+ListField::ListField(QWidget* parent) : QComboBox(parent) {
+  setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void ListField::SetState(bool locked, Back back) {
+  locked_ = locked;
+  back_ = back;
+  if (lineEdit() != nullptr) lineEdit()->setReadOnly(locked);
+  update();
+}
+
+void ListField::showPopup() {
+  if (!locked_) QComboBox::showPopup();
+}
+
+QSize ListField::sizeHint() const {
+  int widest = fontMetrics().horizontalAdvance(QString(11, '0'));
+  for (int i = 0; i < count(); ++i) widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+  return {widest + 42, fontMetrics().height() + 10};
+}
+
+void ListField::wheelEvent(QWheelEvent* event) {
+  // a list under the pointer must not change while the page is scrolled
+  event->ignore();
+}
+
+void ListField::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return QApplication::clipboard()->setText(currentText());
+  if (locked_) return event->ignore();
+  QComboBox::keyPressEvent(event);
+}
+
+void ListField::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool flagged = isEnabled() && back_ == Back::kFlag;
+  const bool plain = isEnabled() && back_ == Back::kWindow;
+  const QColor ground = flagged ? kFlagBack : plain ? palette().color(QPalette::Base) : FaceColour(palette());
+  const QColor ink = flagged ? kFlagText : isEnabled() ? palette().color(QPalette::WindowText) : Quiet(palette());
+  const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
+  const QColor border = focused ? Accent(palette()) : plain ? Border(palette()) : Line(palette());
+  painter.setBrush(ground);
+  painter.setPen(QPen(border, focused ? 2 : 1));
+  const qreal inset = focused ? 1 : 0.5;
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3, 3);
+  if (lineEdit() == nullptr) {
+    painter.setPen(ink);
+    const QRect room = rect().adjusted(8, 0, -26, 0);
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
+  }
+  if (locked_) return;
+  const QPointF tip(width() - 14, height() / 2.0 + 2);
+  painter.setPen(QPen(isEnabled() ? ink : Line(palette()), 1.5));
+  painter.drawPolyline(QPolygonF({tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}));
+}
+
+NotesField::NotesField(QWidget* parent) : QPlainTextEdit(parent) { setTabChangesFocus(true); }
+
+void NotesField::focusInEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusInEvent(event);
+  if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason) selectAll();
+}
+
+}  // namespace merlu

@@ -1,0 +1,63 @@
+// The widgets of fields. Each shows a control's state and tells its four looks apart: editable, read only,
+// disabled, flagged.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "forms/control.h"
+
+namespace merlu {
+
+// Sets the property that the style sheet reads, and repolishes when it changed.
+void SetLook(QWidget& widget, const char* property, const QVariant& value);
+// "window", "face" or "flag".
+const char* LookName(Back back);
+
+// A line of text, or a masked box: the text is selected when the field is entered.
+class LineField : public QLineEdit {
+  Q_OBJECT
+ public:
+  explicit LineField(QWidget* parent) : QLineEdit(parent) {}
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  bool entered_by_mouse_ = false;
+};
+
+// A list of fixed items, or of items and free text. While locked it shows its text and does not open.
+class ListField : public QComboBox {
+  Q_OBJECT
+ public:
+  explicit ListField(QWidget* parent);
+  void SetState(bool locked, Back back);
+  bool locked() const { return locked_; }
+  void showPopup() override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool locked_ = false;
+  Back back_ = Back::kWindow;
+};
+
+// Several lines of text; Tab leaves it.
+class NotesField : public QPlainTextEdit {
+  Q_OBJECT
+ public:
+  explicit NotesField(QWidget* parent);
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+};
+
+}  // namespace merlu

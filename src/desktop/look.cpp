@@ -1,0 +1,63 @@
+#include "desktop/look.h"
+
+namespace merlu {
+namespace {
+
+QColor Mix(const QColor& a, const QColor& b, qreal share) {
+  return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - share) + b.redF() * share), static_cast<float>(a.greenF() * (1 - share) + b.greenF() * share),
+                          static_cast<float>(a.blueF() * (1 - share) + b.blueF() * share));
+}
+
+}  // namespace
+
+bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
+
+QColor Accent(const QPalette& palette) { return IsDark(palette) ? QColor(90, 150, 220) : QColor(45, 108, 180); }
+
+QColor EditingRed(const QPalette& palette) { return IsDark(palette) ? QColor(255, 118, 118) : QColor(192, 0, 0); }
+
+QColor Quiet(const QPalette& palette) {
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.35);
+}
+
+QColor Line(const QPalette& palette) { return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78); }
+
+QColor Border(const QPalette& palette) { return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.55); }
+
+QColor FaceColour(const QPalette& palette) { return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015); }
+
+QString StyleSheet(const QPalette& palette) {
+  const QString form = QStringLiteral(R"(
+    QLineEdit, QPlainTextEdit { border: 1px solid %1; border-radius: 3px; padding: 3px 6px; background: %2; color: %3;
+                                selection-background-color: %4; selection-color: white; }
+    QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid %4; padding: 2px 5px; }
+    QLineEdit[look="face"], QPlainTextEdit[look="face"] { background: %5; border-color: %6; }
+    QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { background: rgb(255,128,128); color: rgb(40,10,10); border-color: rgb(170,50,50); }
+    QLineEdit:disabled, QPlainTextEdit:disabled { background: %5; border-color: %6; color: %7; }
+    QComboBox QLineEdit { border: none; padding: 0; background: transparent; }
+    QLabel:disabled, QCheckBox:disabled, QRadioButton:disabled { color: %7; }
+    QPushButton { border: 1px solid %1; border-radius: 4px; padding: 5px 15px; background: %2; color: %3; }
+    QPushButton:hover { border-color: %4; }
+    QPushButton:pressed { background: %5; }
+    QPushButton:focus { border: 2px solid %4; padding: 4px 14px; }
+    QPushButton:disabled { color: %7; background: %5; border-color: %6; }
+    QPushButton[main="true"] { background: %4; color: white; border-color: %4; }
+    QPushButton[main="true"]:focus { border-color: %3; }
+    QTabWidget::pane { border: 1px solid %6; border-radius: 4px; top: -1px; background: %8; }
+    QTabBar::tab { padding: 6px 14px; border: 1px solid %6; border-bottom: none; border-top-left-radius: 4px;
+                   border-top-right-radius: 4px; margin-right: 2px; background: %5; color: %3; }
+    QTabBar::tab:selected { background: %8; font-weight: bold; }
+    QTabBar::tab:disabled { color: %7; }
+    QTreeView { border: 1px solid %6; background: %2; alternate-background-color: %5; color: %3;
+                selection-background-color: %4; selection-color: white; }
+    QTreeView:disabled { color: %7; }
+    QTreeView#tvwTree { border: none; background: %8; }
+    QScrollArea { border: none; background: transparent; }
+  )");
+  const auto name = [](const QColor& colour) { return colour.name(); };
+  const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);
+  return form.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
+                  name(FaceColour(palette)), name(Line(palette)), name(Mix(ink, ground, 0.55)), name(Mix(ground, palette.color(QPalette::Base), 0.5)));
+}
+
+}  // namespace merlu

@@ -1,0 +1,25 @@
+// Colours and the one style of the program, made from the desktop's palette so that light and dark themes
+// both work.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <QString>
+
+namespace merlu {
+
+bool IsDark(const QPalette& palette);
+QColor Accent(const QPalette& palette);
+// Title of a sheet while it is edited: dark red, or a red light enough to read on a dark ground.
+QColor EditingRed(const QPalette& palette);
+QColor Quiet(const QPalette& palette);     // captions of lesser things
+QColor Line(const QPalette& palette);      // thin borders and rules
+QColor Border(const QPalette& palette);    // of what can be edited
+QColor FaceColour(const QPalette& palette);  // background of what is read-only
+
+inline const QColor kFlagBack(255, 128, 128);
+inline const QColor kFlagText(40, 10, 10);
+
+QString StyleSheet(const QPalette& palette);
+
+}  // namespace merlu

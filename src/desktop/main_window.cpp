@@ -1,0 +1,296 @@
+#include "desktop/main_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QStatusBar>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+
+#include "base/dates.h"
+#include "desktop/look.h"
+#include "qc/qc_log.h"
+#include "session/messages.h"
+#include "shell/main_program.h"
+#include "shell/routing.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kMainButtons[] = {"cmdEditMode", "cmdQC", "cmdCANCEL", "cmdSaveEdits", "cmdSaveExit", "cmdEdit"};
+constexpr int kTreeWidth = 280;
+
+struct ShortcutRow {
+  const char* button;
+  const char* keys;
+};
+constexpr ShortcutRow kShortcuts[] = {{"cmdEdit", "Ctrl+E"}, {"cmdSaveEdits", "Ctrl+S"}, {"cmdCANCEL", "Escape"},
+                                      {"cmdSaveExit", "Ctrl+Return"}, {"cmdQC", "F5"}, {"cmdEditMode", "Ctrl+M"}};
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+// Rows of one calm height.
+class TreeRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return {size.width(), option.fontMetrics.height() + 6};
+  }
+};
+
+}  // namespace
+
+MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s), settings_(settings) {
+  setObjectName("frmMain");
+  MakeMenus();
+  splitter_ = new QSplitter(this);
+  MakeTree();
+  auto* right = new QWidget(splitter_);
+  auto* column = new QVBoxLayout(right);
+  column->setContentsMargins(14, 12, 14, 10);
+  column->setSpacing(10);
+  sheets_ = new QStackedWidget(right);
+  blank_ = new QWidget(sheets_);
+  sheets_->addWidget(blank_);
+  column->addWidget(sheets_, 1);
+  auto* row = new QWidget(right);
+  MakeButtons(row);
+  column->addWidget(row);
+  splitter_->addWidget(right);
+  splitter_->setStretchFactor(1, 1);
+  splitter_->setChildrenCollapsible(false);
+  splitter_->setSizes({kTreeWidth, 900});
+  setCentralWidget(splitter_);
+  path_ = new QLabel(this);
+  path_->setObjectName("SB1");
+  findings_ = new QLabel(this);
+  findings_->setObjectName("findings");
+  statusBar()->addWidget(path_, 1);
+  statusBar()->addPermanentWidget(findings_);
+  MakeShortcuts();
+  setMinimumSize(900, 600);
+  resize(1180, 760);
+  restoreGeometry(settings_.value("Window/geometry").toByteArray());
+  splitter_->restoreState(settings_.value("Window/splitter").toByteArray());
+}
+
+MainWindow::~MainWindow() {
+  settings_.setValue("Window/geometry", saveGeometry());
+  settings_.setValue("Window/splitter", splitter_->saveState());
+}
+
+// ---- making ----
+
+void MainWindow::MakeMenus() {
+  for (const Control& control : s_.main->controls()) {
+    if (control.kind != Kind::kMenu) continue;
+    const std::string name = control.name;
+    if (control.parent.empty()) {
+      menus_[name] = menuBar()->addMenu(Q(control.caption));
+      menus_[name]->setObjectName(Q(name));
+      continue;
+    }
+    QMenu* menu = menus_.at(control.parent);
+    QAction* action = control.caption == "-" ? menu->addSeparator() : menu->addAction(Q(control.caption));
+    action->setObjectName(Q(name));
+    actions_[name] = action;
+    connect(action, &QAction::triggered, this, [this, name] {
+      acts_.Do([&] { return act::Click(s_.desk, *s_.main, name); });
+    });
+  }
+}
+
+void MainWindow::MakeTree() {
+  tree_ = new QTreeView(splitter_);
+  tree_->setObjectName("tvwTree");
+  tree_->setAccessibleName("Navigation tree");
+  model_ = new TreeModel(s_.tree, tree_);
+  tree_->setModel(model_);
+  tree_->setItemDelegate(new TreeRows(tree_));
+  tree_->setHeaderHidden(true);
+  tree_->setUniformRowHeights(true);
+  tree_->setIndentation(16);
+  tree_->setContextMenuPolicy(Qt::CustomContextMenu);
+  tree_->setMinimumWidth(160);
+  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& now) { ClickTreeNode(now); });
+  connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+    if (!acts_.IsDrawing()) s_.tree.nodes[static_cast<std::size_t>(TreeModel::NodeOf(index))].expanded = true;
+  });
+  connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
+    if (!acts_.IsDrawing()) s_.tree.nodes[static_cast<std::size_t>(TreeModel::NodeOf(index))].expanded = false;
+  });
+  connect(tree_, &QTreeView::customContextMenuRequested, this, &MainWindow::ShowEditMenu);
+}
+
+void MainWindow::MakeButtons(QWidget* place) {
+  auto* row = new QHBoxLayout(place);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(8);
+  buttons_ = std::make_unique<FormBinding>(acts_, *s_.main, nullptr);
+  for (const char* name : kMainButtons) {
+    Bound& button = buttons_->AddButton(s_.main->At(name), place);
+    row->addWidget(button.widget);
+    if (std::string(name) == "cmdEditMode") row->addStretch(1);
+  }
+  for (const char* name : {"cmdEdit", "cmdSaveExit"}) SetLook(*buttons_->Find(name), "main", true);
+}
+
+QAction* MainWindow::MakeShortcut(const QString& keys, const char* button) {
+  auto* action = new QAction(this);
+  action->setShortcut(QKeySequence(keys));
+  connect(action, &QAction::triggered, this, [this, button] {
+    // the field that is being typed in hands over its text first
+    if (QWidget* focus = focusWidget(); focus != nullptr && s_.main->Handles(button, Event::kClick)) {
+      focus->clearFocus();
+      focus->setFocus();
+    }
+    acts_.Do([&] { return act::Click(s_.desk, *s_.main, button); });
+  });
+  addAction(action);
+  return action;
+}
+
+void MainWindow::MakeShortcuts() {
+  for (const ShortcutRow& row : kShortcuts) {
+    MakeShortcut(row.keys, row.button);
+    QWidget* button = buttons_->Find(row.button);
+    button->setToolTip(QKeySequence(row.keys).toString(QKeySequence::NativeText));
+  }
+}
+
+// ---- acts ----
+
+void MainWindow::ClickTreeNode(const QModelIndex& index) {
+  const int node = TreeModel::NodeOf(index);
+  if (acts_.IsDrawing() || node < 0 || !s_.tree.enabled || node == s_.tree.selected) return;
+  acts_.Run([&] { ClickNode(s_, node); });
+}
+
+void MainWindow::ShowEditMenu(const QPoint& at) {
+  if (!s_.tree.enabled) return;
+  const int node = TreeModel::NodeOf(tree_->indexAt(at));
+  if (node >= 0 && node != s_.tree.selected) acts_.Run([&] { ClickNode(s_, node); });
+  menus_.at("mnuEdit")->popup(tree_->viewport()->mapToGlobal(at));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  bool closed = s_.ended;
+  if (!closed) acts_.Run([&] { closed = CloseMainWindow(s_); });
+  event->setAccepted(closed);
+}
+
+// ---- drawing ----
+
+void MainWindow::SyncMenus() {
+  for (const auto& [name, menu] : menus_) {
+    const Control& control = s_.main->At(name);
+    menu->setEnabled(control.enabled);
+    menu->menuAction()->setVisible(control.visible);
+  }
+  for (const auto& [name, action] : actions_) {
+    const Control& control = s_.main->At(name);
+    action->setText(Q(control.caption));
+    action->setEnabled(control.enabled);
+    action->setVisible(control.visible);
+  }
+}
+
+void MainWindow::SyncExpansion() {
+  for (std::size_t node = 0; node < s_.tree.nodes.size(); ++node) {
+    if (s_.tree.nodes[node].children.empty()) continue;
+    const QModelIndex index = model_->IndexOf(static_cast<int>(node));
+    if (tree_->isExpanded(index) != s_.tree.nodes[node].expanded) tree_->setExpanded(index, s_.tree.nodes[node].expanded);
+  }
+}
+
+void MainWindow::SyncTree() {
+  if (seen_revision_ != s_.tree.revision) {
+    model_->Reset();
+    seen_revision_ = s_.tree.revision;
+    seen_expansion_ = ~std::uint64_t{0};
+  }
+  if (seen_expansion_ != s_.tree.expansion) {
+    SyncExpansion();
+    seen_expansion_ = s_.tree.expansion;
+  }
+  const QModelIndex selected = model_->IndexOf(s_.tree.selected);
+  if (tree_->currentIndex() != selected) {
+    tree_->setCurrentIndex(selected);
+    if (selected.isValid()) tree_->scrollTo(selected);
+  }
+  tree_->setEnabled(s_.tree.enabled);
+}
+
+SheetView* MainWindow::ViewOf(Form& form, const std::string& frame) {
+  SheetView*& view = views_[form.name() + "." + frame];
+  if (view == nullptr) {
+    view = new SheetView(acts_, form, frame, sheets_);
+    if (&form != s_.main) view->setObjectName(Q(form.name()));
+    sheets_->addWidget(view);
+  }
+  return view;
+}
+
+SheetView* MainWindow::SheetToShow() {
+  for (auto at = s_.desk.showing.rbegin(); at != s_.desk.showing.rend(); ++at) {
+    Form& form = **at;
+    if (form.modal || &form == s_.main || form.name() == "frmAbout") continue;
+    for (const Control& control : form.controls())
+      if (control.kind == Kind::kFrame && control.parent.empty()) return ViewOf(form, control.name);
+  }
+  const Control* front = s_.main->Find(s_.main->front);
+  return front == nullptr || !front->visible ? nullptr : ViewOf(*s_.main, front->name);
+}
+
+QString MainWindow::Where() const {
+  const QCLocation& at = s_.current;
+  QStringList parts;
+  if (at.Is(level::kUser)) parts << "RIMA company no. " + Q(at.UserID) << Q("inventory of " + std::to_string(s_.year));
+  if (at.Is(level::kEquipment)) parts << Q(at.EquipID);
+  if (s_.tree.selected >= 0 && (at.Is(level::kEquipment) || at.Is(level::kStructure))) {
+    const TreeNode& node = s_.tree.nodes[static_cast<std::size_t>(s_.tree.selected)];
+    const int structure = at.Is(level::kEquipment) ? node.parent : s_.tree.selected;
+    parts << Q(s_.tree.nodes[static_cast<std::size_t>(structure)].text);
+  }
+  if (at.Month > 0) parts << Q(MonthName(at.Month) + " " + std::to_string(at.Year));
+  return parts.join("  ·  ");
+}
+
+void MainWindow::SyncSheet() {
+  SheetView* view = SheetToShow();
+  if (view != nullptr) view->Sync(Where());
+  QWidget* widget = view == nullptr ? blank_ : view;
+  if (sheets_->currentWidget() != widget) sheets_->setCurrentWidget(widget);
+  if (view != nullptr) view->TakeFocus();
+  if (s_.main->focus == "tvwTree") {
+    s_.main->focus.clear();
+    tree_->setFocus();
+  }
+}
+
+void MainWindow::SyncStatus() {
+  path_->setText(Q(s_.status_text));
+  QString right;
+  if (s_.db.IsOpen() && !s_.current.Is(level::kUser) && !s_.current.Level.empty()) {
+    const int count = CountQCErrors(s_, s_.current);
+    right = count == 0 ? tr("No findings here") : count == 1 ? tr("1 finding here") : tr("%1 findings here").arg(count);
+  }
+  const QString mode = s_.InDesc() ? tr("Description Edit Mode") : s_.InActv() ? tr("Activity Edit Mode") : QString();
+  findings_->setText(QStringList({right, mode}).filter(QRegularExpression(".")).join("  ·  "));
+}
+
+void MainWindow::Sync() {
+  setWindowTitle(Q(s_.main->caption));
+  SyncMenus();
+  SyncTree();
+  SyncSheet();
+  buttons_->Sync();
+  SyncStatus();
+}
+
+}  // namespace merlu

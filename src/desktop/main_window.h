@@ -1,0 +1,71 @@
+// The main window: menus, tree, the sheet of the selected node, the buttons of all sheets, status bar.
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTreeView>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "desktop/acts.h"
+#include "desktop/sheet_view.h"
+#include "desktop/tree_model.h"
+
+class QSettings;
+
+namespace merlu {
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  // Made when the main form exists. `settings` keeps sizes from run to run.
+  MainWindow(Acts& acts, QSettings& settings);
+  ~MainWindow() override;
+
+  // Draws what changed.
+  void Sync();
+  QTreeView& tree() { return *tree_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void MakeMenus();
+  void MakeTree();
+  void MakeButtons(QWidget* place);
+  void MakeShortcuts();
+  QAction* MakeShortcut(const QString& keys, const char* button);
+  void ClickTreeNode(const QModelIndex& index);
+  void ShowEditMenu(const QPoint& at);
+
+  void SyncMenus();
+  void SyncTree();
+  void SyncExpansion();
+  void SyncSheet();
+  void SyncStatus();
+  SheetView* SheetToShow();
+  SheetView* ViewOf(Form& form, const std::string& frame);
+  QString Where() const;
+
+  Acts& acts_;
+  Session& s_;
+  QSettings& settings_;
+  std::map<std::string, QMenu*> menus_;
+  std::map<std::string, QAction*> actions_;
+  QSplitter* splitter_ = nullptr;
+  QTreeView* tree_ = nullptr;
+  TreeModel* model_ = nullptr;
+  std::uint64_t seen_revision_ = ~std::uint64_t{0}, seen_expansion_ = ~std::uint64_t{0};
+  QStackedWidget* sheets_ = nullptr;
+  QWidget* blank_ = nullptr;
+  std::map<std::string, SheetView*> views_;
+  std::unique_ptr<FormBinding> buttons_;
+  QLabel* path_ = nullptr;
+  QLabel* findings_ = nullptr;
+};
+
+}  // namespace merlu

@@ -1,0 +1,79 @@
+#include "desktop/results_list.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "desktop/look.h"
+
+namespace merlu {
+
+ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* parent)
+    : QTreeWidget(parent), empty_text_(std::move(empty_text)) {
+  QStringList heads;
+  for (const std::string& column : control.columns) heads << QString::fromStdString(column);
+  setHeaderLabels(heads);
+  setRootIsDecorated(false);
+  setAlternatingRowColors(true);
+  setWordWrap(true);
+  setUniformRowHeights(false);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setAllColumnsShowFocus(true);
+  header()->setStretchLastSection(true);
+  header()->setSectionsMovable(false);
+  connect(this, &QTreeWidget::itemDoubleClicked, this, [this] { emit Opened(); });
+}
+
+void ResultsList::ShowRows(const Control& control) {
+  clear();
+  for (const auto& row : control.rows) {
+    auto* item = new QTreeWidgetItem(this);
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      item->setText(static_cast<int>(i), QString::fromStdString(row[i]));
+      item->setTextAlignment(static_cast<int>(i), Qt::AlignTop | Qt::AlignLeft);
+    }
+  }
+  viewport()->update();
+}
+
+void ResultsList::ShowPicked(const Control& control) {
+  clearSelection();
+  for (int row : control.picked)
+    if (QTreeWidgetItem* item = topLevelItem(row)) item->setSelected(true);
+}
+
+QList<int> ResultsList::Picked() const {
+  QList<int> rows;
+  for (QTreeWidgetItem* item : selectedItems()) rows << indexOfTopLevelItem(item);
+  return rows;
+}
+
+void ResultsList::FitColumns() {
+  if (columnCount() < 2) return;
+  const int width = viewport()->width();
+  setColumnWidth(0, width * 28 / 100);
+  for (int column = 1; column + 1 < columnCount(); ++column) setColumnWidth(column, width * 36 / 100);
+}
+
+void ResultsList::resizeEvent(QResizeEvent* event) {
+  QTreeWidget::resizeEvent(event);
+  if (event->oldSize().width() != event->size().width()) FitColumns();
+}
+
+void ResultsList::keyPressEvent(QKeyEvent* event) {
+  if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !selectedItems().isEmpty()) {
+    emit Opened();
+    return;
+  }
+  QTreeWidget::keyPressEvent(event);
+}
+
+void ResultsList::paintEvent(QPaintEvent* event) {
+  QTreeWidget::paintEvent(event);
+  if (topLevelItemCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(Quiet(palette()));
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, empty_text_);
+}
+
+}  // namespace merlu

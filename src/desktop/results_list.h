@@ -1,0 +1,32 @@
+// A list of rows: findings, surveys, structures. Rows alternate, texts wrap, a grey line says so when there
+// is nothing.
+#pragma once
+
+#include <QTreeWidget>
+
+#include "forms/control.h"
+
+namespace merlu {
+
+class ResultsList : public QTreeWidget {
+  Q_OBJECT
+ public:
+  ResultsList(const Control& control, QString empty_text, QWidget* parent);
+  void ShowRows(const Control& control);
+  void ShowPicked(const Control& control);
+  QList<int> Picked() const;
+
+ signals:
+  void Opened();  // Enter or a double click on a row
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void FitColumns();
+  QString empty_text_;
+};
+
+}  // namespace merlu

@@ -1,0 +1,179 @@
+#include "desktop/sheet_view.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+#include "desktop/look.h"
+#include "desktop/results_list.h"
+
+namespace merlu {
+namespace {
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+bool IsField(Kind kind) {
+  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck || kind == Kind::kOption;
+}
+
+}  // namespace
+
+SheetView::SheetView(Acts& acts, Form& form, const std::string& frame, QWidget* parent)
+    : QWidget(parent), acts_(acts), binding_(acts, form, this), frame_(frame) {
+  for (const Control& control : form.controls())
+    if (control.kind == Kind::kTab && control.parent == frame) tab_ = control.name;
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(8);
+  MakeBand();
+  MakePages();
+}
+
+bool SheetView::IsInside(const Control& control, const std::string& ancestor) const {
+  const Form& form = const_cast<SheetView*>(this)->binding_.form();
+  for (const Control* at = &control; !at->parent.empty(); at = &form.At(at->parent))
+    if (at->parent == ancestor) return true;
+  return false;
+}
+
+bool SheetView::IsOnPage(const Control& control, int page) const {
+  const Form& form = const_cast<SheetView*>(this)->binding_.form();
+  for (const Control* at = &control; !at->parent.empty(); at = &form.At(at->parent))
+    if (at->parent == tab_) return at->page == page;
+  return false;
+}
+
+bool SheetView::IsCaptionOrNote(const std::string& label) const {
+  const Form& form = const_cast<SheetView*>(this)->binding_.form();
+  return std::any_of(form.controls().begin(), form.controls().end(),
+                     [&](const Control& c) { return c.label == label || c.note == label; });
+}
+
+// ---- the title band ----
+
+void SheetView::MakeBand() {
+  auto* band = new QWidget(this);
+  auto* grid = new QGridLayout(band);
+  grid->setContentsMargins(0, 0, 0, 6);
+  grid->setVerticalSpacing(2);
+  title_ = new QLabel(band);
+  title_->setTextFormat(Qt::PlainText);
+  where_ = new QLabel(band);
+  where_->setTextFormat(Qt::PlainText);
+  where_->setObjectName("where");
+  QPalette quiet = where_->palette();
+  quiet.setColor(QPalette::WindowText, Quiet(quiet));
+  where_->setPalette(quiet);
+  grid->addWidget(title_, 0, 0);
+  grid->addWidget(where_, 1, 0);
+  grid->setColumnStretch(0, 1);
+  int row = 0;
+  for (const Control& control : binding_.form().controls()) {
+    if (control.kind != Kind::kLabel || control.parent != frame_) continue;
+    Bound& label = binding_.AddLabel(control, band);
+    label.widget->setPalette(quiet);
+    static_cast<QLabel*>(label.widget)->setWordWrap(false);
+    if (control.name == "lblNoEmissions")
+      label.widget->setStyleSheet(QString("QLabel { border: 1px solid %1; border-radius: 9px; padding: 1px 10px; }").arg(Line(palette()).name()));
+    grid->addWidget(label.widget, row++, 1, Qt::AlignRight);
+  }
+  binding_.AddFrame(binding_.form().At(frame_), band);
+  layout()->addWidget(band);
+}
+
+void SheetView::ShowBand(const QString& where) {
+  const Control& frame = binding_.form().At(frame_);
+  QFont font = title_->font();
+  font.setPointSizeF(this->font().pointSizeF() * 1.45);
+  font.setBold(frame.emphasis);
+  title_->setFont(font);
+  QPalette colours = palette();
+  if (frame.emphasis) colours.setColor(QPalette::WindowText, EditingRed(palette()));
+  title_->setPalette(colours);
+  title_->setText(Q(frame.caption));
+  where_->setText(where);
+}
+
+// ---- the pages ----
+
+void SheetView::MakePages() {
+  const Control& tab = binding_.form().At(tab_);
+  tabs_ = static_cast<QTabWidget*>(binding_.AddTab(tab, this).widget);
+  for (int page = 0; page < static_cast<int>(tab.items.size()); ++page) {
+    auto* place = new QWidget(tabs_);
+    FillPage(page, place);
+    tabs_->addTab(place, Q(tab.items[static_cast<std::size_t>(page)]));
+  }
+  layout()->addWidget(tabs_);
+  static_cast<QVBoxLayout*>(layout())->setStretchFactor(tabs_, 1);
+}
+
+void SheetView::AddTo(BlocksPanel& panel, const Control& control) {
+  const bool captioned = control.kind != Kind::kCheck && control.kind != Kind::kOption;
+  Bound& bound = binding_.AddField(control, &panel, captioned);
+  QLabel* note = nullptr;
+  if (!control.note.empty()) note = static_cast<QLabel*>(binding_.AddLabel(binding_.form().At(control.note), &panel).widget);
+  panel.Add(control.block, bound, note);
+}
+
+void SheetView::FillPage(int page, QWidget* place) {
+  auto* column = new QVBoxLayout(place);
+  column->setContentsMargins(12, 12, 12, 12);
+  column->setSpacing(8);
+  auto* panel = new BlocksPanel(place);
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  bool has_fields = false, has_buttons = false;
+  QWidget* list = nullptr;
+  for (const Control& control : binding_.form().controls()) {
+    if (!IsOnPage(control, page)) continue;
+    if (IsField(control.kind)) {
+      AddTo(*panel, control);
+      has_fields = true;
+    } else if (control.kind == Kind::kListView && control.visible) {
+      list = binding_.AddList(control, place).widget;
+      results_ = control.name;
+      results_page_ = page;
+    } else if (control.kind == Kind::kButton && control.visible) {
+      buttons->addWidget(binding_.AddButton(control, place).widget);
+      has_buttons = true;
+    } else if (control.kind == Kind::kLabel && !IsCaptionOrNote(control.name)) {
+      QWidget* label = binding_.AddLabel(control, place).widget;
+      QFont bold = label->font();
+      bold.setBold(true);
+      label->setFont(bold);
+      column->addWidget(label);
+    }
+  }
+  if (list != nullptr) column->addWidget(list, 1);
+  if (has_fields) {
+    column->addWidget(new ScrollingPage(panel, place), 1);
+    panels_.push_back(panel);
+  } else {
+    delete panel;
+  }
+  buttons->addStretch(1);
+  if (has_buttons)
+    column->addLayout(buttons);
+  else
+    delete buttons;
+}
+
+void SheetView::ShowCount() {
+  if (results_page_ < 0) return;
+  const std::size_t count = binding_.form().At(results_).rows.size();
+  const QString caption = Q(binding_.form().At(tab_).items[static_cast<std::size_t>(results_page_)]);
+  const QString text = count == 0 ? caption : caption + QString(" (%1)").arg(count);
+  if (tabs_->tabText(results_page_) != text) tabs_->setTabText(results_page_, text);
+}
+
+void SheetView::Sync(const QString& where) {
+  ShowBand(where);
+  if (binding_.Sync())
+    for (BlocksPanel* panel : panels_) panel->Arrange();
+  ShowCount();
+}
+
+}  // namespace merlu

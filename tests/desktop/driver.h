@@ -1,0 +1,171 @@
+// Drives the real windows by the names of their widgets.
+#pragma once
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "desktop/desktop_app.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+
+class Driver {
+ public:
+  // On a copy of the template in a folder of its own, or on a file that is there.
+  explicit Driver(const std::string& database = "") {
+    path_ = database.empty() ? CopyTemplate(folder_) : database;
+    app = std::make_unique<DesktopApp>(folder_.path("settings.ini"));
+    app->StoreSetting("Options", "DBloc", path_);
+  }
+
+  // Runs the steps, each when the dialog or box before it is open; then starts the program.
+  void Start() {
+    app->Start();
+    Settle();
+    CloseSplash();
+  }
+  void CloseSplash() {
+    if (QWidget* splash = Top("frmAbout")) QTest::mouseClick(splash, Qt::LeftButton);
+    Settle();
+  }
+
+  // The next dialog or box that opens is handed to the step.
+  void OnNextModal(std::function<void(QWidget*)> step) {
+    steps_.push_back(std::move(step));
+    Watch();
+  }
+  void OnNextBox(QMessageBox::StandardButton button = QMessageBox::Ok) {
+    OnNextModal([this, button](QWidget* widget) {
+      auto* box = qobject_cast<QMessageBox*>(widget);
+      QVERIFY2(box != nullptr, "a message box");
+      texts.push_back(box->text());
+      QTest::mouseClick(box->button(button), Qt::LeftButton);
+    });
+  }
+  bool AllModalsCame() const { return steps_.empty(); }
+
+  QWidget* Widget(const char* name) {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr)
+      if (auto* found = modal->findChild<QWidget*>(name)) return found;
+    QWidget* hidden = nullptr;
+    for (QWidget* widget : app->window()->findChildren<QWidget*>(name)) {
+      if (widget->isVisible()) return widget;
+      hidden = widget;
+    }
+    return hidden;
+  }
+  template <typename Type>
+  Type* Find(const char* name) {
+    return qobject_cast<Type*>(Widget(name));
+  }
+  void Click(const char* name) {
+    auto* button = Find<QPushButton>(name);
+    QVERIFY2(button != nullptr && button->isVisible() && button->isEnabled(), name);
+    QTest::mouseClick(button, Qt::LeftButton);
+    Settle();
+  }
+  void Type(const char* name, const QString& text) {
+    QWidget* field = Widget(name);
+    QVERIFY2(field != nullptr && field->isEnabled(), name);
+    field->setFocus();
+    if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
+    if (auto* notes = qobject_cast<QPlainTextEdit*>(field)) notes->selectAll();
+    QTest::keyClicks(field, text);
+  }
+  void Choose(const char* name, const QString& item) {
+    auto* list = Find<ListField>(name);
+    QVERIFY2(list != nullptr && list->isEnabled() && !list->locked(), name);
+    const int index = list->findText(item);
+    QVERIFY2(index >= 0, qPrintable(item));
+    list->setCurrentIndex(index);
+    emit list->activated(index);
+    Settle();
+  }
+  QString Text(const char* name) {
+    QWidget* widget = Widget(name);
+    if (auto* line = qobject_cast<QLineEdit*>(widget)) return line->text();
+    if (auto* notes = qobject_cast<QPlainTextEdit*>(widget)) return notes->toPlainText();
+    if (auto* list = qobject_cast<QComboBox*>(widget)) return list->currentText();
+    if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
+    return {};
+  }
+  void Command(const char* name) {
+    auto* action = app->window()->findChild<QAction*>(name);
+    QVERIFY2(action != nullptr && action->isEnabled() && action->isVisible(), name);
+    action->trigger();
+    Settle();
+  }
+  void Select(const std::string& key) {
+    Session& s = app->session();
+    const int node = s.tree.Find(key);
+    QVERIFY2(node >= 0, key.c_str());
+    QTreeView& tree = app->window()->tree();
+    QVERIFY(tree.isEnabled());
+    tree.setCurrentIndex(static_cast<TreeModel*>(tree.model())->IndexOf(node));
+    Settle();
+  }
+  Value Sql(const std::string& sql) { return app->session().db.Single(sql); }
+
+  void FillNewOperator() {
+    OnNextModal([this](QWidget*) {
+      for (const auto& [name, text] : std::vector<std::pair<const char*, const char*>>{{"txtUserID", "12345"},
+                                                                                       {"txtUSER_Company", "Blue Water"},
+                                                                                       {"txtUSER_Address1", "1 Quay"},
+                                                                                       {"txtUSER_City", "Port"},
+                                                                                       {"txtUSER_State", "TX"},
+                                                                                       {"txtUSER_Zip", "77001"},
+                                                                                       {"txtUSER_Contact", "A. Person"},
+                                                                                       {"txtUSER_Phone", "5551234567"},
+                                                                                       {"txtUSER_Email", "a@b.example"}})
+        Type(name, text);
+      Click("cmdOK");
+    });
+  }
+
+  static void Settle() { QCoreApplication::processEvents(); }
+  QWidget* Top(const char* name) {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+      if (widget->objectName() == name && widget->isVisible()) return widget;
+    return nullptr;
+  }
+
+  std::unique_ptr<DesktopApp> app;
+  std::deque<QString> texts;  // of the boxes that were answered
+  const std::string& path() const { return path_; }
+  const TemporaryFolder& folder() const { return folder_; }
+
+ private:
+  // Looks again whenever the event loop is idle, until a dialog is open for the step.
+  void Watch() {
+    QTimer::singleShot(1, qApp, [this] {
+      if (steps_.empty()) return;
+      QWidget* modal = QApplication::activeModalWidget();
+      if (modal == nullptr || modal == seen_) return Watch();
+      seen_ = modal;
+      const auto step = std::move(steps_.front());
+      steps_.pop_front();
+      if (!steps_.empty()) Watch();
+      step(modal);
+      seen_ = nullptr;
+    });
+  }
+
+  TemporaryFolder folder_;
+  std::string path_;
+  std::deque<std::function<void(QWidget*)>> steps_;
+  QPointer<QWidget> seen_;
+};
+
+}  // namespace merlu::test

@@ -1,0 +1,188 @@
+// Saves pictures of the screens: merlu_pictures FOLDER
+#include <QDir>
+#include <QTreeWidget>
+
+#include <fstream>
+#include <sstream>
+
+#include "desktop/desktop.h"
+#include "desktop/look.h"
+#include "driver.h"
+#include "script/player.h"
+
+namespace merlu::test {
+namespace {
+
+// Plays the lines of a script, and leaves the database that they made.
+void Prepare(const TemporaryFolder& folder, const std::string& lines) {
+  std::istringstream in("start " + folder.path("inventory.mdb") + "\n" + lines);
+  std::ostringstream out;
+  PlayOptions options;
+  options.settings_file = folder.path("prepare.ini");
+  options.clock = DateTime{2017, 3, 5, 14, 2, 0};
+  if (Player(in, out, options).Run() != 0) qWarning("%s", out.str().c_str());
+}
+
+std::string ReadExample(const char* name) {
+  std::ifstream in(std::string(MERLU_SOURCE_FOLDER) + "/examples/" + name);
+  std::stringstream text;
+  text << in.rdbuf();
+  std::string lines = text.str();
+  const std::string start = "start inventory.mdb\n";
+  return lines.erase(lines.find(start), start.size());
+}
+
+class Pictures {
+ public:
+  explicit Pictures(const QString& folder) : folder_(folder) { QDir().mkpath(folder); }
+
+  void Save(QWidget* widget, const QString& name) {
+    Driver::Settle();
+    widget->grab().save(folder_ + "/" + name + ".png");
+  }
+
+  void FirstRun() {
+    Driver driver;
+    driver.OnNextModal([&](QWidget* dialog) {
+      Save(dialog, "01-first-run");
+      driver.Type("txtUserID", "12345");
+      driver.Type("txtUSER_Phone", "555123");
+      Save(dialog, "02-first-run-typing");
+      driver.OnNextBox();
+      dialog->close();
+    });
+    driver.Start();
+  }
+
+  void Sheets(const QSize& size, const QString& suffix) {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("year-of-all-types.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    MainWindow* window = driver.app->window();
+    window->resize(size);
+    Save(window, "10-operator" + suffix);
+    driver.Click("cmdEdit");
+    Save(window, "11-operator-edit" + suffix);
+    driver.Click("cmdCANCEL");
+    driver.Select("K12345 32017");
+    Save(window, "12-survey" + suffix);
+    const std::string structure = "K12345 32017   1001 1";
+    driver.Select(structure);
+    Save(window, "13-structure-month" + suffix);
+    for (const TreeNode& node : std::vector<TreeNode>(driver.app->session().tree.nodes)) {
+      if (node.key.size() != 32 || !node.key.starts_with(structure)) continue;
+      driver.Select(node.key);
+      driver.Click("cmdEdit");
+      Save(window, QString("20-%1-month-edit%2").arg(QString::fromStdString(node.key.substr(21, 3)), suffix));
+      driver.Click("cmdCANCEL");
+    }
+    driver.Select("K12345");
+    driver.Command("mnuSetEditMode");
+    driver.Select("K12345   1001 1");
+    driver.Click("cmdEdit");
+    Save(window, "14-structure-edit" + suffix);
+    driver.Click("cmdCANCEL");
+    for (const TreeNode& node : std::vector<TreeNode>(driver.app->session().tree.nodes)) {
+      if (node.key.size() != 26) continue;
+      driver.Select(node.key);
+      driver.Click("cmdEdit");
+      for (auto* tab : window->findChildren<QTabWidget*>()) {
+        if (!tab->isVisible()) continue;
+        for (int page = 0; page + 1 < tab->count(); ++page) {
+          tab->setCurrentIndex(page);
+          Save(window, QString("30-%1-page%2%3").arg(QString::fromStdString(node.key.substr(15, 3))).arg(page).arg(suffix));
+        }
+        tab->setCurrentIndex(0);
+        break;
+      }
+      driver.Click("cmdCANCEL");
+    }
+  }
+
+  void Findings(const QString& suffix) {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("first-month.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    MainWindow* window = driver.app->window();
+    driver.Select("K12345 22017   1001 1FLA      F1");
+    driver.Click("cmdEdit");
+    driver.Type("txtFLA_HrsOperated", "745");
+    driver.Type("txtFLA_VolFlared", "");
+    QTest::keyClick(driver.Widget("txtFLA_VolFlared"), Qt::Key_Backspace);
+    driver.OnNextModal([&](QWidget* box) {
+      Save(box, "40-box" + suffix);
+      box->close();
+    });
+    driver.Click("cmdQC");
+    driver.Widget("txtFLA_VolFlared")->setFocus();
+    Save(window, "41-flagged" + suffix);
+    driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(2);
+    Save(window, "42-findings" + suffix);
+    auto* list = driver.Find<QTreeWidget>("lvwFLA_QCResults");
+    list->topLevelItem(0)->setSelected(true);
+    driver.OnNextModal([&](QWidget* dialog) {
+      Save(dialog, "43-comment" + suffix);
+      dialog->close();
+    });
+    driver.Click("cmdFLA_EditQCComment");
+    driver.Click("cmdCANCEL");
+    driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(0);
+    driver.Select("K12345 22017");
+    Save(window, "44-survey-summary" + suffix);
+    driver.Select("K12345");
+    driver.Command("mnuSetEditMode");
+    driver.OnNextModal([&](QWidget* dialog) {
+      Save(dialog, "45-new-structure" + suffix);
+      dialog->close();
+    });
+    driver.Click("cmdUSER_AddStructure");
+    driver.Select("K12345   1001 1");
+    driver.OnNextModal([&](QWidget* dialog) {
+      Save(dialog, "46-new-equipment" + suffix);
+      dialog->close();
+    });
+    driver.Click("cmdSTRUCTURE_AddEquip");
+  }
+
+ private:
+  QString folder_;
+};
+
+QPalette DarkPalette() {
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(45, 45, 48));
+  dark.setColor(QPalette::WindowText, QColor(228, 228, 228));
+  dark.setColor(QPalette::Base, QColor(30, 30, 32));
+  dark.setColor(QPalette::AlternateBase, QColor(38, 38, 41));
+  dark.setColor(QPalette::Text, QColor(228, 228, 228));
+  dark.setColor(QPalette::Button, QColor(52, 52, 56));
+  dark.setColor(QPalette::ButtonText, QColor(228, 228, 228));
+  dark.setColor(QPalette::Highlight, QColor(60, 110, 170));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  return dark;
+}
+
+}  // namespace
+}  // namespace merlu::test
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  merlu::SetUpLook();
+  merlu::test::Pictures pictures(argc > 1 ? argv[1] : "pictures");
+  const QStringList what = application.arguments().mid(2);
+  if (what.isEmpty() || what.contains("first")) pictures.FirstRun();
+  if (what.isEmpty() || what.contains("sheets")) pictures.Sheets({1280, 800}, "");
+  if (what.isEmpty() || what.contains("findings")) pictures.Findings("");
+  if (what.isEmpty() || what.contains("small")) pictures.Sheets({1024, 700}, "-small");
+  if (what.isEmpty() || what.contains("dark")) {
+    QApplication::setPalette(merlu::test::DarkPalette());
+    merlu::SetUpLook();
+    pictures.Findings("-dark");
+  }
+  return 0;
+}
