@@ -8,11 +8,14 @@
 
 #include "desktop/look.h"
 #include "desktop/results_list.h"
+#include "qc/qc_list.h"
 
 namespace merlu {
 namespace {
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+constexpr const char* kResultsCaption = "QC Results";
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck || kind == Kind::kOption;
@@ -126,17 +129,18 @@ void SheetView::FillPage(int page, QWidget* place) {
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
   bool has_fields = false, has_buttons = false;
-  QWidget* list = nullptr;
   for (const Control& control : binding_.form().controls()) {
     if (!IsOnPage(control, page)) continue;
     if (IsField(control.kind)) {
       AddTo(*panel, control);
       has_fields = true;
-    } else if (control.kind == Kind::kListView && control.visible) {
-      list = binding_.AddList(control, place).widget;
+    } else if (control.kind == Kind::kListView) {
+      QWidget* list = binding_.AddList(control, place).widget;
+      column->addWidget(list, 1);
+      if (control.caption != kResultsCaption) continue;
       results_ = control.name;
       results_page_ = page;
-    } else if (control.kind == Kind::kButton && control.visible) {
+    } else if (control.kind == Kind::kButton) {
       buttons->addWidget(binding_.AddButton(control, place).widget);
       has_buttons = true;
     } else if (control.kind == Kind::kLabel && !IsCaptionOrNote(control.name)) {
@@ -147,7 +151,6 @@ void SheetView::FillPage(int page, QWidget* place) {
       column->addWidget(label);
     }
   }
-  if (list != nullptr) column->addWidget(list, 1);
   if (has_fields) {
     column->addWidget(new ScrollingPage(panel, place), 1);
     panels_.push_back(panel);
@@ -163,7 +166,8 @@ void SheetView::FillPage(int page, QWidget* place) {
 
 void SheetView::ShowCount() {
   if (results_page_ < 0) return;
-  const std::size_t count = binding_.form().At(results_).rows.size();
+  const auto& rows = binding_.form().At(results_).rows;
+  const auto count = std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row.back() != kSummaryMark; });
   const QString caption = Q(binding_.form().At(tab_).items[static_cast<std::size_t>(results_page_)]);
   const QString text = count == 0 ? caption : caption + QString(" (%1)").arg(count);
   if (tabs_->tabText(results_page_) != text) tabs_->setTabText(results_page_, text);

@@ -118,9 +118,11 @@ Form& MakeForm(Session& s, const SheetSpec& sheet) {
     for (const FieldSpec& field : sheet.fields)
       if ((field.mode == In::kActv) == monthly) AddField(form, sheet, field);
   };
+  // the month stands first; comments without a month come last
   add(true);
-  AddStatusAndComments(form, sheet);
+  if (sheet.has_activity) AddStatusAndComments(form, sheet);
   add(false);
+  if (!sheet.has_activity) AddStatusAndComments(form, sheet);
   form.Add(MakeLabel("lblNoEmissions", "No Emissions to Report", sheet.frame()));
   form.Add(MakeLabel(sheet.date_label(), "Date of Last QC:  0/0/00", sheet.frame()));
   AddResultsPage(form, sheet);

@@ -1,6 +1,8 @@
 // Drives the real windows by the names of their widgets.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -48,7 +50,7 @@ class Driver {
   void OnNextBox(QMessageBox::StandardButton button = QMessageBox::Ok) {
     OnNextModal([this, button](QWidget* widget) {
       auto* box = qobject_cast<QMessageBox*>(widget);
-      QVERIFY2(box != nullptr, "a message box");
+      ASSERT_TRUE(box != nullptr) << "a message box";
       texts.push_back(box->text());
       QTest::mouseClick(box->button(button), Qt::LeftButton);
     });
@@ -72,13 +74,13 @@ class Driver {
   }
   void Click(const char* name) {
     auto* button = Find<QPushButton>(name);
-    QVERIFY2(button != nullptr && button->isVisible() && button->isEnabled(), name);
+    ASSERT_TRUE(button != nullptr && button->isVisible() && button->isEnabled()) << name;
     QTest::mouseClick(button, Qt::LeftButton);
     Settle();
   }
   void Type(const char* name, const QString& text) {
     QWidget* field = Widget(name);
-    QVERIFY2(field != nullptr && field->isEnabled(), name);
+    ASSERT_TRUE(field != nullptr && field->isEnabled()) << name;
     field->setFocus();
     if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
     if (auto* notes = qobject_cast<QPlainTextEdit*>(field)) notes->selectAll();
@@ -86,9 +88,9 @@ class Driver {
   }
   void Choose(const char* name, const QString& item) {
     auto* list = Find<ListField>(name);
-    QVERIFY2(list != nullptr && list->isEnabled() && !list->locked(), name);
+    ASSERT_TRUE(list != nullptr && list->isEnabled() && !list->locked()) << name;
     const int index = list->findText(item);
-    QVERIFY2(index >= 0, qPrintable(item));
+    ASSERT_TRUE(index >= 0) << item.toStdString();
     list->setCurrentIndex(index);
     emit list->activated(index);
     Settle();
@@ -103,16 +105,16 @@ class Driver {
   }
   void Command(const char* name) {
     auto* action = app->window()->findChild<QAction*>(name);
-    QVERIFY2(action != nullptr && action->isEnabled() && action->isVisible(), name);
+    ASSERT_TRUE(action != nullptr && action->isEnabled() && action->isVisible()) << name;
     action->trigger();
     Settle();
   }
   void Select(const std::string& key) {
     Session& s = app->session();
     const int node = s.tree.Find(key);
-    QVERIFY2(node >= 0, key.c_str());
+    ASSERT_TRUE(node >= 0) << key;
     QTreeView& tree = app->window()->tree();
-    QVERIFY(tree.isEnabled());
+    ASSERT_TRUE(tree.isEnabled());
     tree.setCurrentIndex(static_cast<TreeModel*>(tree.model())->IndexOf(node));
     Settle();
   }
@@ -134,7 +136,15 @@ class Driver {
     });
   }
 
-  static void Settle() { QCoreApplication::processEvents(); }
+  // Lets the program draw, and gives its window the keyboard as a window manager would.
+  void Settle() {
+    QCoreApplication::processEvents();
+    QWidget* top = QApplication::activeModalWidget();
+    if (top == nullptr) top = app->window();
+    if (top == nullptr || !top->isVisible() || top->isActiveWindow()) return;
+    top->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(top));
+  }
   QWidget* Top(const char* name) {
     for (QWidget* widget : QApplication::topLevelWidgets())
       if (widget->objectName() == name && widget->isVisible()) return widget;
@@ -149,7 +159,7 @@ class Driver {
  private:
   // Looks again whenever the event loop is idle, until a dialog is open for the step.
   void Watch() {
-    QTimer::singleShot(1, qApp, [this] {
+    QTimer::singleShot(1, &guard_, [this] {
       if (steps_.empty()) return;
       QWidget* modal = QApplication::activeModalWidget();
       if (modal == nullptr || modal == seen_) return Watch();
@@ -157,6 +167,7 @@ class Driver {
       const auto step = std::move(steps_.front());
       steps_.pop_front();
       if (!steps_.empty()) Watch();
+      Settle();
       step(modal);
       seen_ = nullptr;
     });
@@ -166,6 +177,7 @@ class Driver {
   std::string path_;
   std::deque<std::function<void(QWidget*)>> steps_;
   QPointer<QWidget> seen_;
+  QObject guard_;  // ends the waiting timers with the driver
 };
 
 }  // namespace merlu::test

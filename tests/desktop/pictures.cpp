@@ -37,7 +37,7 @@ class Pictures {
   explicit Pictures(const QString& folder) : folder_(folder) { QDir().mkpath(folder); }
 
   void Save(QWidget* widget, const QString& name) {
-    Driver::Settle();
+    QCoreApplication::processEvents();
     widget->grab().save(folder_ + "/" + name + ".png");
   }
 
