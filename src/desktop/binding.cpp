@@ -266,7 +266,7 @@ void FormBinding::ShowState(Bound& bound, const Control& now) {
   bound.widget->setToolTip(flagged ? Q(now.tip) : QString());
   bound.mark->setText(flagged ? "!" : "");
   QPalette red = bound.mark->palette();
-  red.setColor(QPalette::WindowText, EditingRed(bound.widget->palette()));
+  red.setColor(QPalette::WindowText, EditingRed(bound.row->palette()));
   bound.mark->setPalette(red);
 }
 

@@ -1,5 +1,8 @@
 #include "desktop/look.h"
 
+#include <QPainter>
+#include <QStyleOption>
+
 namespace merlu {
 namespace {
 
@@ -25,6 +28,36 @@ QColor Line(const QPalette& palette) { return Mix(palette.color(QPalette::Window
 QColor Border(const QPalette& palette) { return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.55); }
 
 QColor FaceColour(const QPalette& palette) { return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015); }
+
+LookStyle::LookStyle() : QProxyStyle("Fusion") {}
+
+void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+  const bool box = element == PE_IndicatorCheckBox, round = element == PE_IndicatorRadioButton;
+  if (!box && !round) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool on = option->state & State_On, enabled = option->state & State_Enabled;
+  const QColor accent = enabled ? Accent(option->palette) : Quiet(option->palette);
+  const QColor border = option->state & State_HasFocus ? accent : enabled ? Border(option->palette) : Line(option->palette);
+  const QRectF place = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(QPen(on ? accent : border, option->state & State_HasFocus ? 2 : 1));
+  painter->setBrush(on ? accent : enabled ? option->palette.color(QPalette::Base) : FaceColour(option->palette));
+  if (box)
+    painter->drawRoundedRect(place, 3, 3);
+  else
+    painter->drawEllipse(place);
+  const QPointF middle = place.center();
+  if (on && box) {
+    const qreal unit = place.width() / 12;
+    painter->setPen(QPen(Qt::white, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(QPolygonF({middle + QPointF(-3, 0) * unit, middle + QPointF(-1, 2.5) * unit, middle + QPointF(3.5, -2.5) * unit}));
+  } else if (on) {
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(Qt::white);
+    painter->drawEllipse(middle, place.width() / 5, place.height() / 5);
+  }
+  painter->restore();
+}
 
 QString StyleSheet(const QPalette& palette) {
   const QString form = QStringLiteral(R"(

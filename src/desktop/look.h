@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QString>
 
 namespace merlu {
@@ -19,6 +20,13 @@ QColor FaceColour(const QPalette& palette);  // background of what is read-only
 
 inline const QColor kFlagBack(255, 128, 128);
 inline const QColor kFlagText(40, 10, 10);
+
+// The common style, with check and option marks that show on dark grounds too.
+class LookStyle : public QProxyStyle {
+ public:
+  LookStyle();
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
+};
 
 QString StyleSheet(const QPalette& palette);
 

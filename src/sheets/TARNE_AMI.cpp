@@ -148,6 +148,39 @@ void AddModelInputs(SheetSpec& sheet) {
   });
 }
 
+// Fields on no page, neither loaded nor saved.
+void AddUnseenFields(SheetSpec& sheet) {
+  const struct {
+    const char* control;
+    const char* gas;
+  } kUnseen[] = {{"H2S", "H2S"}, {"Methane", "Methane"}, {"Ethane", "Ethane"},
+                 {"C3HC", "C3 Hydrocarbon"}, {"C4HC", "C4 Hydrocarbon"}, {"C5HC", "C5 Hydrocarbon"},
+                 {"C6HC", "C6 Hydrocarbon"}, {"C7HC", "C7 Hydrocarbon"}, {"C8plusHC", "C8+ Hydrocarbon"}};
+  for (const auto& unseen : kUnseen) {
+    FieldSpec field = Number(DESC, std::string("xtAMI_Emitted") + unseen.control, "", std::string(unseen.gas) + " % Emitted", "");
+    field.stored = Stored::kNone;
+    field.page = kOffPage;
+    sheet.fields.push_back(field);
+  }
+}
+
+constexpr const char* kModelFields[] = {
+    "txtAMI_SourPress", "txtAMI_SourTemp", "txtAMI_FlashTemp", "txtAMI_FlashPress", "txtAMI_Nbr",
+    "txtAMI_AmineFeedPress", "txtAMI_AmineFeedTemp", "txtAMI_AmineFeedFlowRate", "txtAMI_AmineFeedAminePct",
+    "txtAMI_AmineFeedH2SPct", "txtAMI_AmineFeedCO2Pct", "cmbAMI_AmineType", kFlashTank,
+    "cmbAmi_Disposition",
+};
+
+void Connect(Session& s, Form& form) {
+  form.On(kModel, Event::kClick, [&s, &form] {
+    if (!s.editing || s.InActv()) return;
+    for (const char* name : kModelFields) {
+      form.At(name).locked = false;
+      form.At(name).back = Back::kWindow;
+    }
+  });
+}
+
 void AddVentilationAndControl(SheetSpec& sheet) {
   using Empties = Enabling::Empties;
   AddRouting(sheet, {.letters = "AMI", .page = 2, .to_system = true, .destination_caption = "Emission Destination",
@@ -190,11 +223,11 @@ std::vector<Rule> ModelInputRules() {
   constexpr Otherwise kStays = Otherwise::kNothing;  // without model inputs nothing runs, not even the unmarking
   const Condition model = ModelInputs(), flash = WithModelAndFlashTank();
   return {
-      {18, DESC, "cmbAMI_AmineType", Required(), model, kStays},
-      {19, DESC, kFlashTank, Required(), model, kStays},
+      {18, DESC, "cmbAMI_AmineType", Required(Marks::kEither), model, kStays},
+      {19, DESC, kFlashTank, Required(Marks::kEither), model, kStays},
       {20, DESC, "txtAMI_SourPress", RequiredRange(0, 1000), model, kStays},
       {21, DESC, "txtAMI_SourTemp", RequiredRange(32, 180), model, kStays},
-      {22, DESC, "cmbAmi_Disposition", WithFlashTank(Required()), flash, kStays},
+      {22, DESC, "cmbAmi_Disposition", WithFlashTank(Required(Marks::kEither)), flash, kStays},
       {23, DESC, "txtAMI_FlashTemp", WithFlashTank(RequiredRange(32, 180)), flash, kStays},
       {24, DESC, "txtAMI_FlashPress", WithFlashTank(RequiredRange(0, 200)), flash, kStays},
       {25, DESC, "txtAMI_Nbr", RequiredRange(0, 22), model, kStays},
@@ -221,7 +254,7 @@ std::vector<Rule> VentilationRules() {
       {39, DESC, "txtAMI_FlareFeedRate", RequiredRange(0, 4000), flared},
       {40, DESC, "txtAMI_FlareCombustionT", RequiredRange(1400, 2000), flared},
       {41, DESC, "txtAMI_FlareEfficiency", RequiredRange(50, 99.9), flared},
-      {42, DESC, kTechnology, Required()},
+      {42, DESC, kTechnology, Required(Marks::kEither)},
       {43, DESC, "txtAMI_CondenserT", RequiredRange(32, 212), condenser},
       {44, DESC, "txtAMI_CondenserP", RequiredRange(0.5, 1000), condenser},
       {45, DESC, "txtAMI_SRURecoveryEff", RequiredRange(50, 99.9), Reads(kTechnology, {kBothTechnologies, kRecovery})},
@@ -243,7 +276,9 @@ SheetSpec Amine() {
   sheet.before_rules = [](Session& s, QCLocation& location) { DelQCRecordsForLocAndBelow(s, location); };
   AddMonthAndComposition(sheet);
   AddModelInputs(sheet);
+  AddUnseenFields(sheet);
   AddVentilationAndControl(sheet);
+  sheet.connect = Connect;
   sheet.rules = {{"CheckAMIFields", FieldRules()}, {"CheckAMIModelInputs", ModelInputRules()}, {"CheckAMIVentilation", VentilationRules()}};
   AddOtherControl(sheet, {.letters = "AMI", .page = 3, .efficiency_tag = " Efficiency", .marks_passes = true});
   return sheet;

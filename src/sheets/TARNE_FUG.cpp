@@ -101,18 +101,18 @@ void AddUnseenFields(SheetSpec& sheet) {
 std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
       {0, BOTH, kMonths, EmptyUnlessNumeric()},
-      {1, BOTH, "cmbFUG_StreamType", Required()},
-      {2, BOTH, kSize, Required()},
+      {1, BOTH, "cmbFUG_StreamType", Required(Marks::kEither)},
+      {2, BOTH, kSize, Required(Marks::kEither)},
       {3, BOTH, "txtFUG_WeightPercentVOC", RequiredRange(0, 100)},
       {4, BOTH, "txtFUG_EquipElev", RequiredRange(10, 350)},
-      {5, BOTH, "cmbFUG_CountType", Required()},
-      {6, BOTH, kInspected, Required()},
+      {5, BOTH, "cmbFUG_CountType", Required(Marks::kEither)},
+      {6, BOTH, kInspected, Required(Marks::kEither)},
   };
   int order = 6;
   for (const Count& count : kCounts) rules.push_back({++order, BOTH, TextBox(count), AtLeast(0)});
   rules.push_back({25, BOTH, kSize, Own("FacilitySize", "Facility Size doesn't match inventory", CheckSize)});
-  rules.push_back({26, BOTH, kMonths, Required(), Reads(kInspected, {"Yes"}), Otherwise::kWithdrawBlank});
-  rules.push_back({27, BOTH, kMethod, Required(), Reads(kInspected, {"Yes"}), Otherwise::kWithdrawBlank});
+  rules.push_back({26, BOTH, kMonths, Required(Marks::kEither), Reads(kInspected, {"Yes"}), Otherwise::kWithdrawBlank});
+  rules.push_back({27, BOTH, kMethod, Required(Marks::kEither), Reads(kInspected, {"Yes"}), Otherwise::kWithdrawBlank});
   return rules;
 }
 

@@ -45,14 +45,14 @@ void AddFields(SheetSpec& sheet) {
 
 std::vector<Rule> FieldRules() {
   return {
-      {1, DESC, "cmbGLY_Disposition", Required()},
+      {1, DESC, "cmbGLY_Disposition", Required(Marks::kEither)},
       {2, ACTV, kThroughput, RequiredRangeWithinTotal(0, 15500, "THRU_NG", "Value exceeds N.G. throughput for structure")},
       {3, DESC, "txtGLY_WetGasT", RequiredRange(32, 200)},
       {4, DESC, "txtGLY_WetGasP", RequiredRange(1, 5000)},
-      {5, DESC, kFlashTank, Required()},
+      {5, DESC, kFlashTank, Required(Marks::kEither)},
       {6, DESC, "txtGLY_FlashTankT", RequiredRange(32, 350), Reads(kFlashTank, {"Yes"})},
       {7, DESC, "txtGLY_FlashTankP", RequiredRange(5, 1000), Reads(kFlashTank, {"Yes"})},
-      {8, DESC, kStripping, Required()},
+      {8, DESC, kStripping, Required(Marks::kEither)},
       {9, DESC, "txtGLY_StrippingGasFlowRate", RequiredRange(0, 10000), ReadsNone(kStripping, {"", "None"})},
   };
 }
@@ -72,7 +72,7 @@ std::vector<Rule> VentilationRules() {
       {8, DESC, "txtGLY_FlareFeedRate", RequiredRange(0, 20000), flared},
       {9, DESC, "txtGLY_FlareCombustionT", RequiredRange(1400, 2000), flared},
       {10, DESC, "txtGLY_FlareEfficiency", RequiredRange(50, 99.9), flared},
-      {11, DESC, kTechnology, Required()},
+      {11, DESC, kTechnology, Required(Marks::kEither)},
       {12, DESC, "txtGLY_CondenserT", RequiredRange(32, 212), condenser},
       {13, DESC, "txtGLY_CondenserP", RequiredRange(0.5, 1000), condenser},
   };

@@ -38,8 +38,8 @@ std::vector<Rule> FieldRules() {
   return {
       {1, ACTV, "txtLOA_VolLoaded", RequiredRangeWithinTotal(0, 5000000, "THRU_OIL", "Value exceeds crude oil throughput for structure")},
       {2, BOTH, "txtLOA_EquipElev", RequiredRange(10, 350)},
-      {3, BOTH, "cmbLOA_TankPaintColor", Required()},
-      {4, BOTH, "cmbLOA_TankPaintCondition", Required()},
+      {3, BOTH, "cmbLOA_TankPaintColor", Required(Marks::kEither)},
+      {4, BOTH, "cmbLOA_TankPaintCondition", Required(Marks::kEither)},
       {5, ACTV, "txtLOA_TankBulkLiqT", RequiredRange(0, 120)},
       {6, BOTH, "txtLOA_ReidVP", RequiredRange(0.1, 20)},
       {7, BOTH, "txtLOA_TankVaporWeightPercentVOC", RequiredRange(0, 100)},
@@ -53,7 +53,7 @@ std::vector<Rule> VentilationRules() {
   const Condition condenser = Reads(kTechnology, {kCondenser});
   return {
       {1, DESC, "cmbLOA_VentedToID", RequiredRemoteID(kDestination, Fallback::kNone), Remote(kDestination)},
-      {2, DESC, kDestination, Required(), local},
+      {2, DESC, kDestination, Required(Marks::kEither), local},
       {3, DESC, "txtLOA_ExhaustOutletHgt", RequiredRange(-30, 100), local},
       {4, DESC, "txtLOA_ExhaustOutletInnerDiam", RequiredRange(2, 24), local},
       {5, DESC, "txtLOA_ExhaustOutletExitVel", RequiredRange(5, 1100), local},
@@ -62,7 +62,7 @@ std::vector<Rule> VentilationRules() {
       {8, DESC, "txtLOA_FlareFeedRate", RequiredRange(0, 20000), flared},
       {9, DESC, "txtLOA_FlareCombustionT", RequiredRange(1400, 2000), flared},
       {10, DESC, "txtLOA_FlareEfficiency", RequiredRange(50, 99.9), flared},
-      {11, DESC, kTechnology, Required()},
+      {11, DESC, kTechnology, Required(Marks::kEither)},
       {12, DESC, "txtLOA_CondenserT", RequiredRange(32, 212), condenser},
       {13, DESC, "txtLOA_CondenserP", RequiredRange(0.5, 1000), condenser},
   };

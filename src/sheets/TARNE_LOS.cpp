@@ -34,7 +34,7 @@ void AddFields(SheetSpec& sheet) {
 
 std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
-      {1, DESC, kVessel, Required()},
+      {1, DESC, kVessel, Required(Marks::kEither)},
       {2, DESC, "txtLOS_APISpGrav", RequiredRange(1, 75)},
       {3, ACTV, "txtLOS_Throughput", RequiredRange(0, 30000)},
       {4, ACTV, "txtLOS_DSOpTemperature", RequiredRange(32, 250)},

@@ -26,7 +26,7 @@ SheetSpec Mud() {
       Number(In::kActv, "txtMUD_DaysPerMonth", "Days per month of drilling with mud:", "Days per Month", "DAYS_PER_MO"),
   });
   sheet.rules = {{"CheckMUDFields", {
-      {1, In::kDesc, "cmbMud_MudType", Required()},
+      {1, In::kDesc, "cmbMud_MudType", Required(Marks::kEither)},
       {2, In::kActv, "txtMUD_DaysPerMonth", RequiredRange(1, 31)},
   }}};
   return sheet;

@@ -91,11 +91,11 @@ SheetSpec Pump() {
                      .outlet_tags = {"Exhaust Outlet Height", "Exhaust Outlet Inner Diameter", "Exhaust Exit Velocity",
                                      "Exhaust Exit Temperature", "Exhaust Outlet Orientation"}});
   sheet.rules = {{"CheckPNEFields", {
-      {1, DESC, kMake, Required()},
-      {2, DESC, kModel, Required()},
+      {1, DESC, kMake, Required(Marks::kEither)},
+      {2, DESC, kModel, Required(Marks::kEither)},
       {3, ACTV, kHours, RequiredRange(0, 744)},
       {4, ACTV, kRate, Own("GreaterThanZero", "Value should be greater than 0", CheckRate)},
-      {5, ACTV, kRate, Required()},
+      {5, ACTV, kRate, Required(Marks::kEither)},
   }}, {"CheckPNEVentilation", {
       {1, BOTH, "cmbPNE_VentedToID", RequiredRemoteID(kDestination, Fallback::kText), Remote(kDestination)},
   }}};

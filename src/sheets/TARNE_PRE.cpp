@@ -112,10 +112,10 @@ SheetSpec Controllers() {
   });
   AddUnseenFields(sheet);
   sheet.rules = {{"CheckPREFields", {
-      {1, DESC, kService, Required()},
-      {2, DESC, kMake, Required()},
-      {3, DESC, kModel, Required()},
-      {4, DESC, "cmbPRE_BleedRate", Required()},
+      {1, DESC, kService, Required(Marks::kEither)},
+      {2, DESC, kMake, Required(Marks::kEither)},
+      {3, DESC, kModel, Required(Marks::kEither)},
+      {4, DESC, "cmbPRE_BleedRate", Required(Marks::kEither)},
       {5, DESC, "txtPRE_Quantity", RequiredMarked()},
       {6, ACTV, kRate, Own("GreaterThanZero", "Required value should be greater than 0", CheckRate)},
   }}};

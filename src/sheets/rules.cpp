@@ -49,9 +49,10 @@ CheckSpec RequiredRange(double low, double high) {
                     [=](RuleRun& r) { CheckRequiredRange(r.s, r.location, r.field, low, high); });
 }
 
-CheckSpec Required() {
-  return {"CheckRequired", [](RuleRun& r) {
-            if (CheckRequired(r.s, r.location, r.field)) MarkField(r.s, true, r.field);
+CheckSpec Required(Marks marks) {
+  return {"CheckRequired", [=](RuleRun& r) {
+            const bool failed = CheckRequired(r.s, r.location, r.field);
+            if (failed || marks == Marks::kEither) MarkField(r.s, failed, r.field);
           }};
 }
 

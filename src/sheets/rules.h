@@ -10,8 +10,9 @@ namespace merlu {
 
 // Required and within low to high, both inclusive; marks the field either way.
 CheckSpec RequiredRange(double low, double high);
-// Required; marks the field on failure and leaves its colour otherwise.
-CheckSpec Required();
+// Required; marks the field on failure, and either way or leaves its colour otherwise.
+enum class Marks { kFailure, kEither };
+CheckSpec Required(Marks marks = Marks::kFailure);
 // Required; marks the field either way.
 CheckSpec RequiredMarked();
 // Nothing while blank; otherwise within low to high, marked on failure only.

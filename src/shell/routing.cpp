@@ -1,5 +1,6 @@
 #include "shell/routing.h"
 
+#include "base/text.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
@@ -89,20 +90,21 @@ void SetCommands(Session& s) {
 }
 
 void TakeActivityKeys(Session& s, const std::string& key) {
-  const std::size_t length = key.size();
+  const std::size_t length = CountCharacters(key);
   if (length == kStructureMonthKeyLength) {
     if (const auto* id = s.structure_month_list.Find(key)) s.SA_ID_AK = *id;
   } else if (length == kEquipmentMonthKeyLength) {
     if (const auto* id = s.equipment_month_list.Find(key)) s.EA_ID_AK = *id;
-    const TreeRecord::Row* row = s.activity_record.FindTag(key.substr(0, kStructureMonthKeyLength));
+    const TreeRecord::Row* row = s.activity_record.FindTag(FirstCharacters(key, kStructureMonthKeyLength));
     s.node_status = row == nullptr ? "" : row->Status;
   }
 }
 
 void TakeDescriptionKeys(Session& s, const std::string& key) {
-  if (key.size() == kStructureKeyLength) {
+  const std::size_t length = CountCharacters(key);
+  if (length == kStructureKeyLength) {
     if (const auto* id = s.structure_list.Find(key)) s.PD_ID_AK = *id;
-  } else if (key.size() == kEquipmentKeyLength) {
+  } else if (length == kEquipmentKeyLength) {
     if (const auto* id = s.equipment_list.Find(key)) s.ED_ID_AK = *id;
   }
 }
@@ -113,7 +115,7 @@ void TakeLocation(Session& s, const std::string& key) {
   if (s.InActv()) {
     s.current = ParseNodeKey(key);
     if (s.current.Is(level::kUnknown))
-      Tell(s, "Invalid Key len " + std::to_string(key.size()) + " in ParseNodeKey with " + key);
+      Tell(s, "Invalid Key len " + std::to_string(CountCharacters(key)) + " in ParseNodeKey with " + key);
     TakeActivityKeys(s, key);
   } else {
     s.current = ParseDescNodeKey(key);

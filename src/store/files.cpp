@@ -1,6 +1,7 @@
 #include "store/files.h"
 
 #include <fcntl.h>
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -28,7 +29,15 @@ bool FileExists(const std::string& path) {
   return fs::exists(path, error);
 }
 
-bool CanWriteFolder(const std::string& folder) { return ::access(folder.c_str(), W_OK | X_OK) == 0; }
+bool CanWriteFolder(const std::string& folder) {
+  // permissions alone do not tell: a file system may refuse whoever asks
+  std::string probe = WithSeparator(folder) + ".merluXXXXXX";
+  const int file = ::mkstemp(probe.data());
+  if (file < 0) return false;
+  ::close(file);
+  ::unlink(probe.c_str());
+  return true;
+}
 
 std::string WithSeparator(const std::string& folder) { return folder.ends_with('/') ? folder : folder + "/"; }
 

@@ -13,7 +13,7 @@ void AddOtherControl(SheetSpec& sheet, const OtherControl& block) {
   std::vector<FieldSpec> fields = {
       YesNo(In::kDesc, device, "Other Control Device (Y/N):", block.device_tag, "OTH_CTRL_DEVICE"), described};
   std::vector<std::string> dependents = {description};
-  std::vector<Rule> rules = {{1, In::kDesc, description, Required(), Reads(device, {"Yes"})}};
+  std::vector<Rule> rules = {{1, In::kDesc, description, Required(block.marks_passes ? Marks::kEither : Marks::kFailure), Reads(device, {"Yes"})}};
   int order = 1;
   for (const std::string& gas : block.efficiencies) {
     fields.push_back(Number(In::kDesc, efficiency + gas, gas + " Efficiency (%):", gas + block.efficiency_tag,

@@ -119,9 +119,9 @@ Condition FlaredLocally(const std::string& destination) { return Reads(destinati
 
 CheckSpec RequiredRemoteID(const std::string& destination, Fallback fallback) {
   return {"CheckRequired", [=](RuleRun& r) {
-            if (!CheckRequired(r.s, r.location, r.field)) return;
-            MarkField(r.s, true, r.field);
-            if (r.s.InSaveQC && fallback != Fallback::kNone) FallBack(r, destination, fallback);
+            const bool failed = CheckRequired(r.s, r.location, r.field);
+            MarkField(r.s, failed, r.field);
+            if (failed && r.s.InSaveQC && fallback != Fallback::kNone) FallBack(r, destination, fallback);
           }};
 }
 

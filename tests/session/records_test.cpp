@@ -1,0 +1,236 @@
+#include "session/records.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+// Two structures of three months with a flare on the second, in activity mode at the flare's second month.
+class Records : public testing::Test {
+ protected:
+  Records() {
+    run.StartWithStructure();
+    run.AddStructure("1002");
+    run.AddEquipment("FLA", "F1");
+    run.AddMonth();
+    run.AddMonth();
+    run.Select(run.Key("FLA", "F1", 2, "1002"));
+    run.TakeBoxes();
+  }
+  using Texts = std::vector<std::string>;
+
+  TestRun run;
+  Session& s = run.s;
+};
+
+TEST_F(Records, of_the_hierarchy_are_found_and_become_the_current_ones) {
+  EXPECT_TRUE(MoveToPDRecord(s, 1));
+  EXPECT_EQ(s.PD_ID_AK, 1);
+  EXPECT_EQ(NullToEmpty(s.At("PD_PLATFORM_DESC").Field("CMPLX_ID_NUM")), "1001");
+  EXPECT_TRUE(MoveToPARecord(s, 1));
+  EXPECT_EQ(s.SA_ID_AK, 1);
+  EXPECT_EQ(ToInteger(s.At("PA_PLATFORM_ACTV").Field("PA_MO")), 1);
+  EXPECT_TRUE(MoveToEDRecord(s, 1));
+  EXPECT_EQ(s.ED_ID_AK, 1);
+  EXPECT_TRUE(MoveToEARecord(s, 3));
+  EXPECT_EQ(s.EA_ID_AK, 3);
+  EXPECT_EQ(ToInteger(s.At("EA_EQUIP_ACTV").Field("EA_MO")), 3);
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+}
+
+TEST_F(Records, that_are_missing_are_told_by_kind_and_key_and_leave_the_current_key) {
+  const std::int64_t pd = s.PD_ID_AK, sa = s.SA_ID_AK, ed = s.ED_ID_AK, ea = s.EA_ID_AK;
+  EXPECT_FALSE(MoveToPDRecord(s, 97));
+  EXPECT_FALSE(MoveToPARecord(s, 96));
+  EXPECT_FALSE(MoveToEDRecord(s, 95));
+  EXPECT_FALSE(MoveToEARecord(s, 94));
+  EXPECT_FALSE(MoveToPAActvRecordByMo(s, 2, 12, 2017));
+  EXPECT_EQ(run.TakeBoxes(), (Texts{"Platform Desc ID 97 not found!", "Platform Actv ID 96 not found!", "Equip Desc ID 95 not found!",
+                                    "Equip Activity ID 94 not found!", "Platform Actv ID 2 not found in MoveToPAActvRecordByMo!"}));
+  EXPECT_EQ((std::vector{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK}), (std::vector{pd, sa, ed, ea}));
+}
+
+TEST_F(Records, are_found_again_after_a_find_that_failed) {
+  EXPECT_FALSE(MoveToPDRecord(s, 97));
+  EXPECT_TRUE(MoveToPDRecord(s, 2));
+  EXPECT_EQ(NullToEmpty(s.At("PD_PLATFORM_DESC").Field("CMPLX_ID_NUM")), "1002");
+}
+
+TEST_F(Records, are_found_from_behind_the_last_row) {
+  Cursor& pd = s.At("PD_PLATFORM_DESC");
+  pd.MoveLast();
+  pd.MoveNext();
+  ASSERT_TRUE(pd.EOF_());
+  EXPECT_TRUE(MoveToPDRecord(s, 1));
+  EXPECT_EQ(ToInteger(pd.Field("PD_ID_AK")), 1);
+}
+
+TEST_F(Records, of_a_structure_month_are_found_by_structure_month_and_year_together) {
+  EXPECT_TRUE(MoveToPAActvRecordByMo(s, 1, 3, 2017));
+  EXPECT_EQ(s.SA_ID_AK, ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=3")));
+  EXPECT_TRUE(MoveToPAActvRecordByMo(s, 1, 1, 2017));
+  EXPECT_EQ(s.SA_ID_AK, 1);
+  EXPECT_TRUE(MoveToPAActvRecordByMo(s, 2, 1, 2017));
+  EXPECT_EQ(s.SA_ID_AK, 2);
+  EXPECT_FALSE(MoveToPAActvRecordByMo(s, 2, 1, 2016));
+  EXPECT_EQ(run.TakeBoxes().size(), 1u);
+}
+
+TEST_F(Records, that_are_current_are_found_without_a_move_so_that_a_change_of_them_goes_on) {
+  ASSERT_TRUE(MoveToPDRecord(s, 2));
+  Cursor& pd = s.At("PD_PLATFORM_DESC");
+  pd.Edit();
+  pd.SetField("Area", std::string("EC"));
+  EXPECT_TRUE(MoveToPDRecord(s, 2));
+  pd.Update();
+  EXPECT_EQ(NullToEmpty(run.Sql("SELECT Area FROM PD_PLATFORM_DESC WHERE PD_ID_AK=2")), "EC");
+}
+
+TEST_F(Records, that_are_current_are_found_while_another_cursor_is_in_a_change) {
+  ASSERT_TRUE(MoveToPDRecord(s, 2));
+  Cursor& ed = s.At("ED_EQUIP_DESC");
+  ed.Edit();
+  ed.SetField("ED_MERLU_EQUIP_ID", std::string("F9"));
+  EXPECT_TRUE(MoveToPDRecord(s, 2));
+  ed.Update();
+  EXPECT_EQ(NullToEmpty(run.Sql("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC")), "F9");
+}
+
+TEST_F(Records, that_a_statement_deleted_are_found_until_their_cursor_is_requeried) {
+  ASSERT_TRUE(MoveToEDRecord(s, 1));
+  s.db.Execute("DELETE FROM ED_EQUIP_DESC");
+  EXPECT_TRUE(MoveToEDRecord(s, 1));
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  s.At("ED_EQUIP_DESC").Requery();
+  EXPECT_FALSE(MoveToEDRecord(s, 1));
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equip Desc ID 1 not found!"});
+}
+
+// ---- the rows of an equipment ----
+
+TEST_F(Records, of_an_equipment_s_month_are_brought_into_place_together) {
+  s.At("EA_EQUIP_ACTV").MoveLast();
+  s.At("EA_FLA").MoveLast();
+  s.ED_ID_AK = s.PD_ID_AK = s.SA_ID_AK = 0;
+  s.EA_ID_AK = 2;
+  EXPECT_TRUE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));
+  EXPECT_EQ(ToInteger(s.At("EA_EQUIP_ACTV").Field("EA_ID_AK")), 2);
+  EXPECT_EQ(ToInteger(s.At("EA_FLA").Field("EA_ID_AK")), 2);
+  EXPECT_EQ(ToInteger(s.At("ED_FLA").Field("ED_ID_AK")), 1);
+  EXPECT_EQ(s.ED_ID_AK, 1);
+  EXPECT_EQ(s.PD_ID_AK, 2);
+  EXPECT_EQ(s.SA_ID_AK, ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=2 AND PA_MO=2")));
+}
+
+TEST_F(Records, of_an_equipment_are_missing_without_its_month_or_the_type_s_row) {
+  s.EA_ID_AK = 99;
+  EXPECT_FALSE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));
+  s.EA_ID_AK = 2;
+  s.db.Execute("DELETE FROM EA_FLA WHERE EA_ID_AK=2");
+  s.At("EA_FLA").Requery();
+  EXPECT_FALSE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));
+  s.EA_ID_AK = 3;
+  s.db.Execute("DELETE FROM ED_FLA");
+  s.At("ED_FLA").Requery();
+  EXPECT_FALSE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+}
+
+TEST_F(Records, of_an_equipment_s_description_need_no_month) {
+  run.ChangeTo(Mode::kDesc);
+  s.db.Execute("DELETE FROM EA_EQUIP_ACTV");
+  s.At("EA_EQUIP_ACTV").Requery();
+  s.PD_ID_AK = 0;
+  EXPECT_TRUE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));
+  EXPECT_EQ(s.PD_ID_AK, 2);
+}
+
+TEST_F(Records, of_equipment_are_told_to_be_empty_when_there_are_none) {
+  run.ChangeTo(Mode::kDesc);
+  s.db.Execute("DELETE FROM ED_EQUIP_DESC");
+  s.At("ED_EQUIP_DESC").Requery();
+  EXPECT_FALSE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));
+  EXPECT_EQ(run.TakeBoxes(), Texts{"EquipDesc is empty"});
+}
+
+TEST_F(Records, of_fugitives_are_found_in_activity_mode_without_a_table_of_months) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key("", "", 0, "1002"));
+  run.AddEquipment("FUG", "G1");
+  run.SelectRoot();
+  run.AddMonth();
+  s.EA_ID_AK = ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='FUG'"));
+  ASSERT_NE(s.EA_ID_AK, 0);
+  EXPECT_TRUE(FindEquipRecord(s, s.current, "ED_FUG", ""));
+  EXPECT_EQ(s.ED_ID_AK, 2);
+}
+
+TEST_F(Records, of_a_structure_are_found_by_its_month_in_activity_mode_and_by_its_key_in_description_mode) {
+  s.SA_ID_AK = 1;
+  s.PD_ID_AK = 2;
+  EXPECT_TRUE(FindStructureRecord(s));
+  EXPECT_EQ(s.PD_ID_AK, 1);
+  s.SA_ID_AK = 99;
+  EXPECT_FALSE(FindStructureRecord(s));
+  s.mode = Mode::kDesc;
+  s.PD_ID_AK = 2;
+  EXPECT_TRUE(FindStructureRecord(s));
+  EXPECT_EQ(ToInteger(s.At("PD_PLATFORM_DESC").Field("PD_ID_AK")), 2);
+  s.PD_ID_AK = 99;
+  EXPECT_FALSE(FindStructureRecord(s));
+}
+
+TEST_F(Records, of_the_operator_are_found_by_the_trimmed_number_of_the_location) {
+  s.current.UserID = " 12345 ";
+  EXPECT_TRUE(FindOperatorRecord(s));
+  s.current.UserID = "99999";
+  EXPECT_FALSE(FindOperatorRecord(s));
+}
+
+// ---- keys of new rows ----
+
+TEST_F(Records, get_the_highest_key_in_use_plus_one) {
+  s.db.Execute("INSERT INTO PD_PLATFORM_DESC (PD_ID_AK) VALUES (41)");
+  s.db.Execute("INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK) VALUES (51,41)");
+  s.db.Execute("INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK) VALUES (61,41)");
+  s.db.Execute("INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK) VALUES (71,61)");
+  EXPECT_EQ(NextPDId(s), 42);
+  EXPECT_EQ(NextSAId(s), 52);
+  EXPECT_EQ(NextEDId(s), 62);
+  EXPECT_EQ(MaxEAId(s), 71);
+  EXPECT_EQ(NextEAId(s), 72);
+}
+
+TEST(FirstRecords, get_key_one_and_the_highest_month_of_none_is_zero) {
+  TestRun run;
+  run.Start();
+  EXPECT_EQ(NextPDId(run.s), 1);
+  EXPECT_EQ(NextSAId(run.s), 1);
+  EXPECT_EQ(NextEDId(run.s), 1);
+  EXPECT_EQ(MaxEAId(run.s), 0);
+  EXPECT_EQ(NextEAId(run.s), 1);
+}
+
+TEST(FirstRecords, cannot_be_asked_for_without_a_database) {
+  TestRun run;
+  EXPECT_EQ(NextPDId(run.s), 0);
+  EXPECT_EQ(MaxEAId(run.s), 0);
+  EXPECT_FALSE(MoveToPDRecord(run.s, 1));
+  EXPECT_EQ(run.TakeBoxes(), (std::vector<std::string>{"No database is open. 91", "No database is open. 91",
+                                                       "Object variable or With block variable not set 91"}));
+}
+
+TEST(FirstRecords, that_cannot_be_counted_are_told_with_description_and_number) {
+  TestRun run;
+  run.StartWithStructure();
+  run.s.db.Execute("ALTER TABLE PA_PLATFORM_ACTV RENAME TO gone");
+  EXPECT_EQ(NextSAId(run.s), 0);
+  const auto boxes = run.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_TRUE(boxes[0].ends_with(" 3078")) << boxes[0];
+}
+
+}  // namespace
+}  // namespace merlu::test

@@ -1,0 +1,371 @@
+#include <gtest/gtest.h>
+
+#include "bounds.h"
+
+namespace merlu::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Found = std::vector<std::pair<std::string, std::string>>;
+
+constexpr const char* kVessel = "cmbLOS_VesselType";
+constexpr const char* kDestination = "cmbLOS_GasesVentOrFlare";
+constexpr const char* kDownstream = "txtLOS_DSOpPressure";
+constexpr const char* kUpstream = "txtLOS_USOpPressure";
+constexpr const char* kDownstreamTag = "Op pressure of Vessel";
+constexpr const char* kUpstreamTag = "Op Press upstream of Vessel";
+
+// A field, and a text typed into it with what its column holds then.
+struct Field {
+  const char *control, *caption, *tag, *column, *text, *stored;
+};
+
+const Field kMonth[] = {
+    {"txtLOS_Throughput", "Oil/Condensate Throughput (bbls):", "Oil/Condensate Throughput", "THRUPUT", "3.5", "3.5"},
+    {"txtLOS_SCFperBarrel", "SCF of flash per bbl of oil:", "SCF per bbl Flash", "SCF_PER_BBL", "4.5", "4.5"},
+    {"txtLOS_DSOpPressure", "Operating Pressure of Vessel  (psig):", "Op pressure of Vessel", "DS_OP_PRES", "5.5", "5.5"},
+    {"txtLOS_DSOpTemperature", "Operating Temperature of Vessel (F):", "Op temp of Vessel", "DS_OP_TEMP", "6.5", "6.5"},
+    {"txtLOS_USOpPressure", "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES", "7.5", "7.5"},
+    {"txtLOS_USOpTemperature", "Op Temp upstream of Vessel (F):", "Op Temp upstream of Vessel", "US_OP_TEMP", "8.5", "8.5"},
+};
+
+const Field kDescription[] = {
+    {"cmbLOS_VesselType", "Type of Vessel:", "Type of Vessel", "VESSEL_TYP", "Surge Tank", "Surge Tank"},
+    {"txtLOS_APISpGrav", "API gravity of stored oil:", "API gravity", "API_SPGRAV", "2.5", "2.5"},
+    {"cmbLOS_GasesVentOrFlare", "Emissions Destination", "Emissions Destination", "EMIS_DEST", "Flared Locally", "FL"},
+    {"txtLOS_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Outlet Height", "EXH_OUT_HGT", "10.5", "10.5"},
+    {"txtLOS_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Outlet Diameter", "EXH_OUT_INNER_DIAM", "11.5", "11.5"},
+    {"txtLOS_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Exhaust Exit Velocity", "EXH_OUT_EXIT_VEL", "12.5", "12.5"},
+    {"txtLOS_ExhaustOutletExitT", "Exit Temperature (°F):", "Exhaust Exit Temperature", "EXH_OUT_EXIT_TEMP", "13.5", "13.5"},
+    {"txtLOS_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Exhaust Outlet Orientation", "EXH_OUT_ANGLE", "14.5", "14.5"},
+};
+
+const std::vector<Bound> kOutlet = {{"txtLOS_ExhaustOutletHgt", "Outlet Height", 30, 100},
+                                    {"txtLOS_ExhaustOutletInnerDiam", "Outlet Diameter", 2, 36},
+                                    {"txtLOS_ExhaustOutletExitVel", "Exhaust Exit Velocity", 0, 1100},
+                                    {"txtLOS_ExhaustOutletExitT", "Exhaust Exit Temperature", 32, 200},
+                                    {"txtLOS_ExhaustOutletAngle", "Exhaust Outlet Orientation", 0, 180}};
+
+std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_LOS") {
+  return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
+}
+
+void SelectAgain(TestRun& run) {
+  run.Select(run.Key());
+  run.Select(run.Key("LOS", "S1"));
+}
+
+// The month of a vessel of that type, in an edit; of one without a type when it is empty.
+void EditMonthOf(TestRun& run, const std::string& vessel) {
+  if (run.s.InActv()) {
+    run.Click("cmdCANCEL");
+    run.GoTo("LOS", "S1", Mode::kDesc);
+  }
+  run.s.db.Execute("UPDATE ED_LOS SET VESSEL_TYP=" + (vessel.empty() ? "NULL" : "'" + vessel + "'"));
+  run.GoTo("LOS", "S1", Mode::kActv);
+  run.Select(run.Key("", "", 1));
+  run.Select(run.Key("LOS", "S1", 1));
+  run.Click("cmdEdit");
+}
+
+// ---- what shows, and what is kept ----
+
+TEST(FlashingLosses, shows_its_pages_titles_and_comment_caption) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  EXPECT_EQ(run.At("tabLOS").items, (Texts{"General Information", "Ventilation System", "QC Results"}));
+  EXPECT_EQ(run.At("tabLOS").page_available, (std::vector<bool>{true, true, true}));
+  EXPECT_EQ(run.At("fraLOS").caption, "Losses from Flashing");
+  EXPECT_EQ(run.At("lblLOS_Comments").caption, "Comments;");
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.At("fraLOS").caption, "Losses from Flashing - EDIT DATA");
+  run.Click("cmdCANCEL");
+  for (const Field& field : kMonth) EXPECT_FALSE(run.At(field.control).visible) << field.control;
+  run.GoTo("LOS", "S1", Mode::kActv);
+  EXPECT_EQ(run.At("tabLOS").page_available, (std::vector<bool>{true, false, true}));
+  for (const Field& field : kMonth) EXPECT_TRUE(run.At(field.control).visible) << field.control;
+}
+
+TEST(FlashingLosses, shows_every_field_with_its_caption_and_lists_it_under_its_name) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  const auto expect = [&](const Field& field) {
+    EXPECT_EQ(run.At(field.control).caption, field.caption) << field.control;
+    EXPECT_EQ(run.At(field.control).tag, field.tag) << field.control;
+  };
+  for (const Field& field : kMonth) expect(field);
+  for (const Field& field : kDescription) expect(field);
+  expect({"cmbLOS_VentedToID", "Remote Vent/Flare ID:", "Low Pressure Vent/Flare ID"});
+}
+
+TEST(FlashingLosses, keeps_every_field_of_the_description_in_its_column) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  Values typed;
+  for (const Field& field : kDescription) typed.emplace_back(field.control, field.text);
+  run.Keep(typed);
+  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  SelectAgain(run);
+  for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
+}
+
+TEST(FlashingLosses, keeps_every_field_of_a_month_in_its_column) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.GoTo("LOS", "S1", Mode::kActv);
+  Values typed;
+  for (const Field& field : kMonth) typed.emplace_back(field.control, field.text);
+  run.Keep(typed);
+  for (const Field& field : kMonth) {
+    EXPECT_EQ(Stored(run, field.column, "EA_LOS"), field.stored) << field.control;
+    EXPECT_EQ(run.Text(field.control), field.text) << field.control;
+  }
+}
+
+TEST(FlashingLosses, keeps_its_vessel_as_its_text) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  const Texts vessels = {"Separator", "Heater Treater", "Surge Tank", "Storage Tank", "Other"};
+  EXPECT_EQ(run.At(kVessel).items, vessels);
+  EXPECT_EQ(Stored(run, "VESSEL_TYP"), "");
+  for (std::size_t i = 0; i < vessels.size(); ++i) {
+    run.Keep({{kVessel, vessels[i]}});
+    EXPECT_EQ(Stored(run, "VESSEL_TYP"), vessels[i]);
+    SelectAgain(run);
+    EXPECT_EQ(run.Text(kVessel), vessels[i]);
+    EXPECT_EQ(run.At(kVessel).index, static_cast<int>(i));
+  }
+  run.s.db.Execute("UPDATE ED_LOS SET VESSEL_TYP='Kettle'");
+  SelectAgain(run);
+  EXPECT_EQ(run.Text(kVessel), "");
+  EXPECT_EQ(run.At(kVessel).index, -1);
+}
+
+TEST(FlashingLosses, tells_a_missing_record_in_words_of_its_own) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.Click("cmdEdit");
+  run.s.db.Execute("DELETE FROM ED_LOS");
+  run.s.At("ED_LOS").Requery();
+  run.TakeBoxes();
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equipment record not found in SaveLOSFrame"});
+  EXPECT_TRUE(run.s.editing);
+  run.Click("cmdCANCEL");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equipment record not found in LoadLOSFrame"});
+}
+
+// ---- bounds ----
+
+TEST(FlashingLosses, is_held_to_the_bounds_of_a_month) {
+  TryBounds({.type = "LOS",
+             .mode = Mode::kActv,
+             .required = {{"txtLOS_Throughput", "Oil/Condensate Throughput", 0, 30000},
+                          {"txtLOS_DSOpTemperature", "Op temp of Vessel", 32, 250},
+                          {"txtLOS_USOpTemperature", "Op Temp upstream of Vessel", 32, 250}}});
+}
+
+TEST(FlashingLosses, is_held_to_the_pressures_of_its_vessel) {
+  const std::pair<const char*, double> vessels[] = {
+      {"Separator", 1500}, {"Heater Treater", 100}, {"Surge Tank", 40}, {"Storage Tank", 0.25}, {"Other", 1500}};
+  for (const auto& [vessel, high] : vessels)
+    TryBounds({.type = "LOS",
+               .mode = Mode::kActv,
+               .description = {{kVessel, vessel}},
+               .required = {{kDownstream, kDownstreamTag, 0, high}, {kUpstream, kUpstreamTag, 0, high}}});
+}
+
+TEST(FlashingLosses, is_held_to_the_bounds_of_gravity_and_outlet) {
+  for (const char* local : {"Vented Locally", "Flared Locally"}) {
+    std::vector<Bound> bounds = kOutlet;
+    bounds.push_back({"txtLOS_APISpGrav", "API gravity", 1, 75});
+    TryBounds({.type = "LOS", .mode = Mode::kDesc, .base = {{kDestination, local}}, .required = bounds});
+  }
+}
+
+TEST(FlashingLosses, of_50_psig_suit_a_separator_and_a_heater_and_no_tank) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  const std::pair<const char*, const char*> vessels[] = {{"Separator", ""},
+                                                         {"Heater Treater", ""},
+                                                         {"Other", ""},
+                                                         {"Surge Tank", "Value not in expected range (0 to 40)"},
+                                                         {"Storage Tank", "Value not in expected range (0 to 0.25)"}};
+  for (const auto& [vessel, finding] : vessels) {
+    EditMonthOf(run, vessel);
+    run.s.db.Execute("DELETE FROM QC");
+    run.Put({{kDownstream, "50"}, {kUpstream, "50"}});
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding(kDownstreamTag), finding) << vessel;
+    EXPECT_EQ(run.Finding(kUpstreamTag), finding) << vessel;
+  }
+}
+
+// ---- blank records ----
+
+TEST(FlashingLosses, blank_in_a_month_lacks_its_pressures_only_with_a_vessel) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  for (const std::string vessel : {"", "Surge Tank", "Kettle"}) {
+    EditMonthOf(run, vessel);
+    run.s.db.Execute("DELETE FROM QC");
+    run.Click("cmdQC");
+    Found expected = {
+        {"Oil/Condensate Throughput", kBlankFinding}, {"Op temp of Vessel", kBlankFinding}, {"Op Temp upstream of Vessel", kBlankFinding}};
+    if (vessel == "Surge Tank") {
+      expected.emplace_back(kDownstreamTag, kBlankFinding);
+      expected.emplace_back(kUpstreamTag, kBlankFinding);
+    }
+    EXPECT_EQ(run.Findings(), expected) << vessel;
+  }
+}
+
+TEST(FlashingLosses, without_a_vessel_passes_any_pressure_and_keeps_what_was_found) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  EditMonthOf(run, "");
+  run.Put({{kDownstream, "99999"}, {kUpstream, "-5"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding(kDownstreamTag), "");
+  EXPECT_EQ(run.Finding(kUpstreamTag), "");
+  EXPECT_EQ(run.At(kDownstream).back, Back::kWindow);
+  EditMonthOf(run, "Surge Tank");
+  run.Put({{kDownstream, "41"}, {kUpstream, "40"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding(kDownstreamTag), RangeFinding(0, 40));
+  EditMonthOf(run, "");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding(kDownstreamTag), RangeFinding(0, 40)) << "no rule looks at it any more";
+}
+
+TEST(FlashingLosses, keeps_the_finding_of_the_vessel_that_it_was_when_the_new_one_passes) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  EditMonthOf(run, "Surge Tank");
+  run.Set(kDownstream, "50");
+  run.Click("cmdQC");
+  run.Click("cmdSaveEdits");
+  EditMonthOf(run, "Separator");
+  ASSERT_EQ(run.Text(kDownstream), "50");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding(kDownstreamTag), RangeFinding(0, 40));
+  EXPECT_EQ(run.At(kDownstream).back, Back::kWindow);
+}
+
+TEST(FlashingLosses, asks_nothing_of_the_flash_per_barrel) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  EditMonthOf(run, "Separator");
+  for (const char* text : {"", "-1", "1e9"}) {
+    run.Set("txtLOS_SCFperBarrel", text);
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding("SCF per bbl Flash"), "") << text;
+  }
+}
+
+TEST(FlashingLosses, blank_in_its_description_lacks_these_in_their_order) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.Click("cmdEdit");
+  const auto findings = [&](const Texts& more) {
+    run.s.db.Execute("DELETE FROM QC");
+    run.Click("cmdQC");
+    Found expected = {{"Type of Vessel", kBlankFinding}, {"API gravity", kBlankFinding}};
+    for (const std::string& tag : more) expected.emplace_back(tag, kBlankFinding);
+    EXPECT_EQ(run.Findings(), expected);
+  };
+  const Texts outlet = {"Outlet Height", "Outlet Diameter", "Exhaust Exit Velocity", "Exhaust Exit Temperature",
+                        "Exhaust Outlet Orientation"};
+  findings({"Emissions Destination"});
+  run.Set(kDestination, "Vented Locally");
+  findings(outlet);
+  run.Set(kDestination, "Flared Locally");
+  findings(outlet);
+  run.Set(kDestination, "Flared Remotely");
+  findings({"Low Pressure Vent/Flare ID"});
+  run.Set(kDestination, "Routed to System");
+  findings({});
+}
+
+// ---- conditions ----
+
+TEST(FlashingLosses, keeps_the_outlet_s_findings_when_the_destination_stops_being_local) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.Click("cmdEdit");
+  for (const char* other : {"Vented Remotely", "Flared Remotely", "Routed to System"}) {
+    run.Set(kDestination, "Vented Locally");
+    run.Set("txtLOS_ExhaustOutletHgt", "20");
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding("Outlet Height"), RangeFinding(30, 100));
+    run.Set(kDestination, other);
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding("Outlet Height"), RangeFinding(30, 100)) << other;
+    EXPECT_EQ(run.Finding("Exhaust Exit Temperature"), kBlankFinding) << other;
+  }
+  // the next local run looks again
+  run.Put({{kDestination, "Flared Locally"}, {"txtLOS_ExhaustOutletHgt", "30"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Outlet Height"), "");
+}
+
+TEST(FlashingLosses, of_an_outlet_at_20_feet_fail_where_an_amine_unit_passes) {
+  struct {
+    const char *type, *height, *tag, *finding;
+  } const cases[] = {{"LOS", "txtLOS_ExhaustOutletHgt", "Outlet Height", "Value not in expected range (30 to 100)"},
+                     {"AMI", "txtAMI_ExhaustOutletHgt", "Ventilation Outlet Height", ""}};
+  for (const auto& one : cases) {
+    TestRun run;
+    run.StartWith(one.type, "X1");
+    run.Keep({{std::string("cmb") + one.type + "_GasesVentOrFlare", "Vented Locally"}, {one.height, "20"}});
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding(one.tag), one.finding) << one.type;
+  }
+}
+
+TEST(FlashingLosses, look_at_no_outlet_in_a_month) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.Keep({{kDestination, "Vented Locally"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Count("QC WHERE FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%'"), 5);
+  run.GoTo("LOS", "S1", Mode::kActv);
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND (FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%' OR FieldID LIKE 'Emissions%')"), 0);
+  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV'"), 3);
+}
+
+TEST(FlashingLosses, drop_the_remote_vent_when_the_destination_stops_being_remote) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.Select(run.Key());
+  run.AddEquipment("VEN", "V1");
+  run.Select(run.Key("LOS", "S1"));
+  run.Click("cmdEdit");
+  for (const char* other : {"Vented Locally", "Flared Locally", "Routed to System"}) {
+    run.Put({{kDestination, "Vented Remotely"}, {"cmbLOS_VentedToID", "Vent: V1"}});
+    run.Click("cmdSaveEdits");
+    EXPECT_EQ(Stored(run, "SENT_TO_ID"), "VENV1");
+    run.Set(kDestination, other);
+    EXPECT_EQ(run.Text("cmbLOS_VentedToID"), "") << other;
+    EXPECT_EQ(run.At("cmbLOS_VentedToID").index, -1) << other;
+    run.Click("cmdSaveEdits");
+    EXPECT_TRUE(IsNull(run.Sql("SELECT SENT_TO_ID FROM ED_LOS"))) << other;
+  }
+}
+
+// ---- colours ----
+
+TEST(FlashingLosses, look_passed_again_once_the_vessel_is_chosen) {
+  TestRun run;
+  run.StartWith("LOS", "S1");
+  run.Click("cmdEdit");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.At(kVessel).back, Back::kFlag);
+  run.Set(kVessel, "Other");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.At(kVessel).back, Back::kWindow);
+}
+
+}  // namespace
+}  // namespace merlu::test

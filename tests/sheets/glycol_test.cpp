@@ -1,0 +1,456 @@
+#include <gtest/gtest.h>
+
+#include "bounds.h"
+
+namespace merlu::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Found = std::vector<std::pair<std::string, std::string>>;
+
+constexpr const char* kExceeds = "Value exceeds N.G. throughput for structure";
+constexpr const char* kThroughput = "txtGLY_TotalGasThru";
+constexpr const char* kDestination = "cmbGLY_GasesVentOrFlare";
+constexpr const char* kTechnology = "cmbGLY_ControlTechnology";
+constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
+constexpr const char* kFlashTank = "cmbGLY_UseFlashTank";
+constexpr const char* kStripping = "cmbGLY_StrippingGas";
+constexpr const char* kDevice = "cmbGLY_OtherControlDevice";
+
+// A field, and a text typed into it with what its column holds then.
+struct Field {
+  const char *control, *caption, *tag, *column, *text, *stored;
+};
+
+const Field kMonth[] = {
+    {"txtGLY_TotalGasThru", "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT", "1.5", "1.5"},
+};
+
+const Field kDescription[] = {
+    {"txtGLY_WetGasT", "Wet Gas Temperature (°F):", "Wet Gas Temperature", "WET_GAS_TEMP", "2.5", "2.5"},
+    {"txtGLY_WetGasP", "Wet Gas Pressure (psig):", "Wet Gas Pressure", "WET_GAS_PRES", "3.5", "3.5"},
+    {"cmbGLY_UseFlashTank", "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG", "Yes", "True"},
+    {"txtGLY_FlashTankT", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "FLASH_TANK_TEMP", "5.5", "5.5"},
+    {"txtGLY_FlashTankP", "Flash Tank Pressure (psig):", "Flash Tank Pressure", "FLASH_TANK_PRES", "6.5", "6.5"},
+    {"cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition", "burned in flare", "FL"},
+    {"cmbGLY_StrippingGas", "Uses stripping gas?", "Uses stripping gas?", "STRIPPING_GAS", "Flash Gas", "FG"},
+    {"txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate (scf/min):", "Stripping Gas Flowrate", "STRIPPING_GAS_FLOWRATE", "9.5", "9.5"},
+    {"cmbGLY_GasesVentOrFlare", "Emissions Destination", "Emissions Destination", "EMIS_DEST", "Flared Locally", "FL"},
+    {"txtGLY_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "11.5", "11.5"},
+    {"txtGLY_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter", "EXH_OUT_INNER_DIAM", "12.5",
+     "12.5"},
+    {"txtGLY_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "13.5", "13.5"},
+    {"txtGLY_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "14.5", "14.5"},
+    {"txtGLY_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE", "15.5", "15.5"},
+    {"txtGLY_FlareFeedRate", "Flare Feed Rate (scf/hr):", "Flare Feed Rate", "FLA_FEED_RATE", "16.5", "16.5"},
+    {"txtGLY_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP", "17.5", "17.5"},
+    {"txtGLY_FlareEfficiency", "Combustion Efficiency (%):", "Flare Combustion Efficiency", "FLA_EFFIC", "18.5", "18.5"},
+    {"cmbGLY_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
+     "Vapor Recovery and/or Condenser (VR/C)", "VR/C"},
+    {"txtGLY_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP", "20.5", "20.5"},
+    {"txtGLY_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "21.5", "21.5"},
+    {"cmbGLY_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes", "True"},
+    {"txtGLY_OtherControlDesc", "Description:", "Other Control Equipment Descript.", "OTH_CTRL_DESC", "a scrubber", "a scrubber"},
+    {"txtGLY_OtherControlEffSOx", "SOx Efficiency (%):", "SOx Control Efficiency", "OTH_CTRL_EFFIC_SOX", "24.5", "24.5"},
+    {"txtGLY_OtherControlEffNOx", "NOx Efficiency (%):", "NOx Control Efficiency", "OTH_CTRL_EFFIC_NOX", "25.5", "25.5"},
+    {"txtGLY_OtherControlEffCO", "CO Efficiency (%):", "CO Control Efficiency", "OTH_CTRL_EFFIC_CO", "26.5", "26.5"},
+    {"txtGLY_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "27.5", "27.5"},
+    {"txtGLY_OtherControlEffPM10", "PM10 Efficiency (%):", "PM10 Control Efficiency", "OTH_CTRL_EFFIC_PM10", "28.5", "28.5"},
+};
+
+std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_GLY") {
+  return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
+}
+
+void SelectAgain(TestRun& run) {
+  run.Select(run.Key());
+  run.Select(run.Key("GLY", "G1"));
+}
+
+// ---- what shows, and what is kept ----
+
+TEST(Glycol, shows_its_pages_and_titles) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  EXPECT_EQ(run.At("tabGLY").items, (Texts{"General Information", "Ventilation System", "Control Equipment", "QC Results"}));
+  EXPECT_EQ(run.At("tabGLY").page_available, (std::vector<bool>{true, true, true, true}));
+  EXPECT_EQ(run.At("fraGLY").caption, "Glycol Dehydrator");
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.At("fraGLY").caption, "Glycol Dehydrator - EDIT DATA");
+  run.Click("cmdCANCEL");
+  for (const char* name : {kThroughput, "txtGLY_Comments", "chkGLY_Status"}) EXPECT_FALSE(run.At(name).visible) << name;
+  run.GoTo("GLY", "G1", Mode::kActv);
+  EXPECT_EQ(run.At("tabGLY").page_available, (std::vector<bool>{true, false, false, true}));
+  for (const char* name : {kThroughput, "txtGLY_Comments", "chkGLY_Status"}) EXPECT_TRUE(run.At(name).visible) << name;
+}
+
+TEST(Glycol, shows_every_field_with_its_caption_and_lists_it_under_its_name) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  const auto expect = [&](const Field& field) {
+    EXPECT_EQ(run.At(field.control).caption, field.caption) << field.control;
+    EXPECT_EQ(run.At(field.control).tag, field.tag) << field.control;
+  };
+  for (const Field& field : kMonth) expect(field);
+  for (const Field& field : kDescription) expect(field);
+  expect({"cmbGLY_VentedToID", "Remote Vent/Flare ID:", "Low Pressure Vent/Flare ID"});
+}
+
+TEST(Glycol, keeps_every_field_of_the_description_in_its_column) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  const std::string temperature = "txtGLY_ExhaustOutletExitT";
+  for (const Field& field : kDescription)
+    if (field.control == temperature) run.Put({{kDestination, "Vented Locally"}, {temperature, field.text}});
+  for (const Field& field : kDescription)
+    if (field.control != temperature) run.Set(field.control, field.text);
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  SelectAgain(run);
+  for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
+  EXPECT_EQ(Stored(run, "TOT_GAS_THRUPUT", "EA_GLY"), "");
+}
+
+TEST(Glycol, keeps_the_month_s_throughput_in_its_column) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.GoTo("GLY", "G1", Mode::kActv);
+  for (const Field& field : kMonth) {
+    run.Keep({{field.control, field.text}});
+    EXPECT_EQ(Stored(run, field.column, "EA_GLY"), field.stored) << field.control;
+    EXPECT_EQ(run.Text(field.control), field.text) << field.control;
+  }
+}
+
+TEST(Glycol, keeps_each_item_of_its_lists_as_its_code) {
+  struct {
+    const char *list, *column;
+    Values items;
+  } const lists[] = {
+      {"cmbGLY_Disposition", "Disposition", {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}},
+      {kStripping, "STRIPPING_GAS", {{"None", "NO"}, {"Dry Gas", "DG"}, {"Flash Gas", "FG"}, {"Nitrogen", "NI"}}},
+      {kTechnology, "CTRL_TECH", {{kCondenser, "VR/C"}, {"None", "NONE"}}},
+      {kFlashTank, "FLASH_TANK_FLG", {{"Yes", "True"}, {"No", "False"}}},
+      {kDevice, "OTH_CTRL_DEVICE", {{"Yes", "True"}, {"No", "False"}}},
+  };
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  for (const auto& list : lists) {
+    EXPECT_EQ(Stored(run, list.column), "") << list.column;
+    Texts items;
+    for (const auto& [item, code] : list.items) {
+      run.Keep({{list.list, item}});
+      EXPECT_EQ(Stored(run, list.column), code) << item;
+      SelectAgain(run);
+      EXPECT_EQ(run.Text(list.list), item);
+      EXPECT_EQ(run.At(list.list).index, static_cast<int>(items.size())) << item;
+      items.push_back(item);
+    }
+    EXPECT_EQ(run.At(list.list).items, items);
+  }
+}
+
+TEST(Glycol, shows_no_choice_for_a_code_that_no_item_has) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.s.db.Execute("UPDATE ED_GLY SET CTRL_TECH='SRVC', Disposition='VR', STRIPPING_GAS='NONE'");
+  SelectAgain(run);
+  for (const char* list : {kTechnology, "cmbGLY_Disposition", kStripping}) {
+    EXPECT_EQ(run.Text(list), "") << list;
+    EXPECT_EQ(run.At(list).index, -1) << list;
+  }
+  run.Keep({});
+  EXPECT_EQ(Stored(run, "CTRL_TECH"), "SRVC") << "a list without a choice leaves its column";
+  EXPECT_EQ(Stored(run, "STRIPPING_GAS"), "NONE");
+}
+
+// ---- bounds ----
+
+TEST(Glycol, is_held_to_the_bounds_of_a_month) {
+  TryBounds({.type = "GLY", .mode = Mode::kActv, .required = {{kThroughput, "Processed Throughput", 0, 15500}}});
+}
+
+TEST(Glycol, is_held_to_the_bounds_of_wet_gas_flash_tank_and_stripping_gas) {
+  for (const char* gas : {"Dry Gas", "Flash Gas", "Nitrogen"})
+    TryBounds({.type = "GLY",
+               .mode = Mode::kDesc,
+               .base = {{kFlashTank, "Yes"}, {kStripping, gas}},
+               .required = {{"txtGLY_WetGasT", "Wet Gas Temperature", 32, 200},
+                            {"txtGLY_WetGasP", "Wet Gas Pressure", 1, 5000},
+                            {"txtGLY_FlashTankT", "Flash Tank Temperature", 32, 350},
+                            {"txtGLY_FlashTankP", "Flash Tank Pressure", 5, 1000},
+                            {"txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate", 0, 10000}}});
+}
+
+TEST(Glycol, flared_locally_is_held_to_the_bounds_of_outlet_and_flare) {
+  TryBounds({.type = "GLY",
+             .mode = Mode::kDesc,
+             .base = {{kDestination, "Flared Locally"}},
+             .required = {{"txtGLY_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
+                          {"txtGLY_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 1, 24},
+                          {"txtGLY_ExhaustOutletExitVel", "Ventilation Exit Velocity", 0, 1100},
+                          {"txtGLY_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180},
+                          {"txtGLY_FlareFeedRate", "Flare Feed Rate", 0, 20000},
+                          {"txtGLY_FlareCombustionT", "Flare Combustion Temperature", 1400, 2000},
+                          {"txtGLY_FlareEfficiency", "Flare Combustion Efficiency", 50, 99.9}}});
+}
+
+TEST(Glycol, vented_locally_is_held_to_the_bounds_of_the_outlet) {
+  TryBounds({.type = "GLY",
+             .mode = Mode::kDesc,
+             .base = {{kDestination, "Vented Locally"}},
+             .required = {{"txtGLY_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
+                          {"txtGLY_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 1, 24},
+                          {"txtGLY_ExhaustOutletExitVel", "Ventilation Exit Velocity", 0, 1100},
+                          {"txtGLY_ExhaustOutletExitT", "Ventilation Exit Temperature", 70, 2000},
+                          {"txtGLY_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180}}});
+}
+
+TEST(Glycol, is_held_to_the_bounds_of_condenser_and_other_device) {
+  TryBounds({.type = "GLY",
+             .mode = Mode::kDesc,
+             .base = {{kTechnology, kCondenser}, {kDevice, "Yes"}},
+             .required = {{"txtGLY_CondenserT", "Condenser Temperature", 32, 212}, {"txtGLY_CondenserP", "Condenser Pressure", 0.5, 1000}},
+             .if_filled = {{"txtGLY_OtherControlEffSOx", "SOx Control Efficiency", 0, 99.9},
+                           {"txtGLY_OtherControlEffNOx", "NOx Control Efficiency", 0, 99.9},
+                           {"txtGLY_OtherControlEffCO", "CO Control Efficiency", 0, 99.9},
+                           {"txtGLY_OtherControlEffVOC", "VOC Control Efficiency", 0, 99.9},
+                           {"txtGLY_OtherControlEffPM10", "PM10 Control Efficiency", 0, 99.9}}});
+}
+
+// ---- blank records ----
+
+TEST(Glycol, blank_in_a_month_lacks_its_throughput) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.GoTo("GLY", "G1", Mode::kActv);
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Findings(), (Found{{"Processed Throughput", kBlankFinding}}));
+}
+
+TEST(Glycol, blank_in_its_description_lacks_these_in_their_order) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  const auto findings = [&](std::initializer_list<const char*> tags) {
+    run.s.db.Execute("DELETE FROM QC");
+    run.Click("cmdQC");
+    Found expected;
+    for (const char* tag : tags) expected.emplace_back(tag, kBlankFinding);
+    EXPECT_EQ(run.Findings(), expected);
+  };
+  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Equipped with flash tank?", "Uses stripping gas?",
+            "Emissions Destination", "Installed Control Equipment"});
+  run.Click("cmdEdit");
+  run.Put({{kFlashTank, "Yes"}, {kStripping, "Nitrogen"}, {kDestination, "Vented Locally"}, {kTechnology, kCondenser}, {kDevice, "Yes"}});
+  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Flash Tank Temperature", "Flash Tank Pressure",
+            "Stripping Gas Flowrate", "Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+            "Ventilation Exit Temperature", "Ventilation Outlet Orientation", "Condenser Temperature", "Condenser Pressure",
+            "Other Control Equipment Descript."});
+  run.Put({{kDestination, "Flared Locally"}, {kTechnology, "None"}, {kDevice, "No"}, {kFlashTank, "No"}, {kStripping, "None"}});
+  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Ventilation Outlet Height",
+            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation", "Flare Feed Rate",
+            "Flare Combustion Temperature", "Flare Combustion Efficiency"});
+}
+
+TEST(Glycol, without_a_flash_tank_still_needs_a_destination_of_the_flash_gas) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Keep({{kFlashTank, "No"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Destination of Flash Gas"), kBlankFinding);
+  run.Keep({{"cmbGLY_Disposition", "vented to atm"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Destination of Flash Gas"), "");
+}
+
+// ---- conditions ----
+
+TEST(Glycol, locks_flash_tank_and_stripping_gas_fields_that_do_not_apply_and_keeps_their_texts) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  const auto expect = [&](std::initializer_list<const char*> names, bool editable, const std::string& when) {
+    for (const char* name : names) {
+      EXPECT_EQ(run.At(name).locked, !editable) << name << " " << when;
+      EXPECT_TRUE(run.At(name).enabled) << name << " " << when;
+      EXPECT_EQ(run.At(name).back, editable ? Back::kWindow : Back::kFace) << name << " " << when;
+    }
+  };
+  expect({"txtGLY_FlashTankT", "txtGLY_FlashTankP", "txtGLY_StrippingGasFlowRate"}, false, "blank");
+  for (const char* yes_no : {"Yes", "No", "Yes"}) {
+    run.Set(kFlashTank, yes_no);
+    expect({"txtGLY_FlashTankT", "txtGLY_FlashTankP"}, std::string(yes_no) == "Yes", yes_no);
+  }
+  for (const char* gas : {"Nitrogen", "None", "Flash Gas", "None", "Dry Gas"}) {
+    run.Set(kStripping, gas);
+    expect({"txtGLY_StrippingGasFlowRate"}, std::string(gas) != "None", gas);
+  }
+  run.Put({{"txtGLY_FlashTankT", "100"},
+           {"txtGLY_FlashTankP", "50"},
+           {"txtGLY_StrippingGasFlowRate", "7"},
+           {kFlashTank, "No"},
+           {kStripping, "None"}});
+  EXPECT_EQ(run.Text("txtGLY_FlashTankT"), "100");
+  EXPECT_EQ(run.Text("txtGLY_FlashTankP"), "50");
+  EXPECT_EQ(run.Text("txtGLY_StrippingGasFlowRate"), "7");
+  run.Click("cmdSaveEdits");
+  expect({"txtGLY_FlashTankT", "txtGLY_FlashTankP", "txtGLY_StrippingGasFlowRate"}, false, "opened with No and None");
+  EXPECT_EQ(Stored(run, "FLASH_TANK_TEMP"), "100");
+  EXPECT_EQ(Stored(run, "FLASH_TANK_PRES"), "50");
+  EXPECT_EQ(Stored(run, "STRIPPING_GAS_FLOWRATE"), "7");
+}
+
+TEST(Glycol, withdraws_the_findings_of_fields_that_no_longer_apply) {
+  struct {
+    const char *list, *with, *without;
+    Texts tags;
+  } const cases[] = {
+      {kFlashTank, "Yes", "No", {"Flash Tank Temperature", "Flash Tank Pressure"}},
+      {kStripping, "Dry Gas", "None", {"Stripping Gas Flowrate"}},
+      {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
+      {kDevice, "Yes", "No", {"Other Control Equipment Descript."}},
+      {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
+      {kDestination,
+       "Flared Locally",
+       "Vented Locally",
+       {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}},
+      {kDestination,
+       "Vented Locally",
+       "Vented Remotely",
+       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation"}},
+  };
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  for (const auto& one : cases) {
+    run.Set(one.list, one.with);
+    run.Click("cmdQC");
+    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
+    run.s.db.Execute("UPDATE QC SET Comments='known'");
+    run.Set(one.list, one.without);
+    run.Click("cmdQC");
+    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), "") << tag;
+  }
+}
+
+TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_their_values) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  const Texts gases = {"SOx", "NOx", "CO", "VOC", "PM10"};
+  run.Click("cmdEdit");
+  run.Set(kDevice, "Yes");
+  for (const std::string& gas : gases) run.Set("txtGLY_OtherControlEff" + gas, "99.91");
+  run.Click("cmdQC");
+  for (const std::string& gas : gases) EXPECT_EQ(run.Finding(gas + " Control Efficiency"), RangeFinding(0, 99.9));
+  run.Set(kDevice, "No");
+  run.Click("cmdQC");
+  for (const std::string& gas : gases) EXPECT_EQ(run.Finding(gas + " Control Efficiency"), "");
+  run.Click("cmdSaveEdits");
+  for (const char* column : {"OTH_CTRL_EFFIC_SOX", "OTH_CTRL_EFFIC_NOX", "OTH_CTRL_EFFIC_CO", "OTH_CTRL_EFFIC_VOC", "OTH_CTRL_EFFIC_PM10"})
+    EXPECT_EQ(Stored(run, column), "99.91") << column;
+}
+
+TEST(Glycol, looks_after_the_condenser_of_a_combined_recovery_too) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  run.At(kTechnology).text = "SR + VR/C";  // no item of this list
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Installed Control Equipment"), "");
+  EXPECT_EQ(run.Finding("Condenser Temperature"), kBlankFinding);
+  EXPECT_EQ(run.Finding("Condenser Pressure"), kBlankFinding);
+}
+
+TEST(Glycol, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  const Texts condenser = {"txtGLY_CondenserT", "txtGLY_CondenserP"};
+  const Texts device = {"txtGLY_OtherControlDesc",  "txtGLY_OtherControlEffSOx", "txtGLY_OtherControlEffNOx",
+                        "txtGLY_OtherControlEffCO", "txtGLY_OtherControlEffVOC", "txtGLY_OtherControlEffPM10"};
+  const auto expect = [&](const Texts& names, bool on, const char* when) {
+    for (const std::string& name : names) {
+      EXPECT_EQ(run.At(name).enabled, on) << name << " " << when;
+      EXPECT_EQ(run.At(name).back, on ? Back::kWindow : Back::kFace) << name << " " << when;
+    }
+  };
+  expect(condenser, false, "blank");
+  expect(device, false, "blank");
+  run.Put({{kTechnology, kCondenser}, {kDevice, "Yes"}});
+  expect(condenser, true, kCondenser);
+  expect(device, true, "Yes");
+  for (const std::string& name : condenser) run.Set(name, "50");
+  for (const std::string& name : device) run.Set(name, "60");
+  run.Put({{kTechnology, "None"}, {kDevice, "No"}});
+  expect(condenser, false, "None");
+  expect(device, false, "No");
+  for (const std::string& name : condenser) EXPECT_EQ(run.Text(name), "50") << name;
+  for (const std::string& name : device) EXPECT_EQ(run.Text(name), "60") << name;
+}
+
+// ---- the structure's throughput ----
+
+TEST(Glycol, may_not_process_more_than_its_structure) {
+  struct {
+    const char *total, *throughput, *finding;
+  } const cases[] = {{"NULL", "10", ""},
+                     {"0", "10", ""},
+                     {"0.4", "10", ""},
+                     {"0.6", "10", kExceeds},
+                     {"10", "10", ""},
+                     {"10", "10.5", kExceeds},
+                     {"100", "15501", kExceeds},
+                     {"20000", "15501", "Value not in expected range (0 to 15500)"},
+                     {"10", "", kBlankFinding},
+                     {"10", "9.5", ""},
+                     {"1000", "1000.00001", ""},  // the same in single precision
+                     {"1000", "1000.001", kExceeds}};
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.GoTo("GLY", "G1", Mode::kActv);
+  run.Click("cmdEdit");
+  for (const auto& one : cases) {
+    run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET THRU_NG=") + one.total);
+    run.Set(kThroughput, one.throughput);
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding("Processed Throughput"), one.finding) << one.throughput << " of " << one.total;
+    EXPECT_EQ(run.At(kThroughput).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag) << one.throughput << " of " << one.total;
+  }
+}
+
+// ---- colours ----
+
+TEST(Glycol, looks_passed_again_once_a_required_field_is_filled) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  run.Set(kDevice, "Yes");
+  run.Click("cmdQC");
+  const Values choices = {{"cmbGLY_Disposition", "routed to system"},
+                          {kFlashTank, "No"},
+                          {kStripping, "None"},
+                          {kTechnology, "None"},
+                          {"txtGLY_OtherControlDesc", "scrubber"}};
+  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kFlag) << name;
+  run.Put(choices);
+  run.Click("cmdQC");
+  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kWindow) << name;
+}
+
+TEST(Glycol, marks_an_efficiency_only_while_it_is_filled) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  run.Put({{kDevice, "Yes"}, {"txtGLY_OtherControlEffCO", "100"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.At("txtGLY_OtherControlEffCO").back, Back::kFlag);
+  EXPECT_EQ(run.At("txtGLY_OtherControlEffVOC").back, Back::kWindow);
+  run.Set("txtGLY_OtherControlEffCO", "99.9");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.At("txtGLY_OtherControlEffCO").back, Back::kWindow);
+}
+
+}  // namespace
+}  // namespace merlu::test

@@ -1,0 +1,443 @@
+#include <gtest/gtest.h>
+
+#include "base/numbers.h"
+#include "bounds.h"
+
+namespace merlu::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Found = std::vector<std::pair<std::string, std::string>>;
+
+constexpr const char* kVolume = "txtLOA_VolLoaded";
+constexpr const char* kDestination = "cmbLOA_GasesVentOrFlare";
+constexpr const char* kDestinationTag = "Gases Vented/Flared?";
+constexpr const char* kTechnology = "cmbLOA_ControlTechnology";
+constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
+constexpr const char* kDevice = "cmbLOA_OtherControlDevice";
+constexpr const char* kExceeds = "Value exceeds crude oil throughput for structure";
+
+// A field, and a text typed into it with what its column holds then.
+struct Field {
+  const char *control, *caption, *tag, *column, *text, *stored;
+};
+
+const Field kMonth[] = {
+    {"txtLOA_VolLoaded", "Volume Loaded (bbl):", "Volume Loaded", "VOL_LOADED", "1.5", "1.5"},
+    {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temperature", "TANK_BULK_LIQ_TEMP", "2.5", "2.5"},
+};
+
+const Field kDescription[] = {
+    {"txtLOA_EquipElev", "Average Elevation (ft above msl):", "Average Elevation", "EQUIP_ELEV", "3.5", "3.5"},
+    {"cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color", "TANK_PAINT_COLOR", "Grey/Med", "GM"},
+    {"cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:", "Storage Tank Paint Condition", "TANK_PAINT_COND", "Poor", "P"},
+    {"txtLOA_ReidVP", "Product Reid Vapor Pressure (psia):", "Product Reid Vapor Pressure", "REID_VP", "6.5", "6.5"},
+    {"txtLOA_TankVaporWeightPercentVOC", "Avg. Percent by Weight of VOCs in Tank Vapor (%):", "Avg. % by Weight VOCs", "TANK_VAPWGT_PVOC",
+     "7.5", "7.5"},
+    {"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):", "Avg. Molecular Weight of VOCs",
+     "TANK_VOC_MOLEWGT", "8.5", "8.5"},
+    {"cmbLOA_GasesVentOrFlare", "Emissions Destination", "Gases Vented/Flared?", "EMIS_DEST", "Flared Locally", "FL"},
+    {"txtLOA_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "11.5", "11.5"},
+    {"txtLOA_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter", "EXH_OUT_INNER_DIAM", "12.5",
+     "12.5"},
+    {"txtLOA_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "13.5", "13.5"},
+    {"txtLOA_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "14.5", "14.5"},
+    {"txtLOA_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE", "15.5", "15.5"},
+    {"txtLOA_FlareFeedRate", "Flare Feed Rate (scf/hr):", "Flare Feed Rate", "FLA_FEED_RATE", "16.5", "16.5"},
+    {"txtLOA_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP", "17.5", "17.5"},
+    {"txtLOA_FlareEfficiency", "Combustion Efficiency (%):", "Flare Combustion Efficiency", "FLA_EFFIC", "18.5", "18.5"},
+    {"cmbLOA_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
+     "Vapor Recovery and/or Condenser (VR/C)", "VR/C"},
+    {"txtLOA_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP", "19.5", "19.5"},
+    {"txtLOA_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "20.5", "20.5"},
+    {"cmbLOA_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes", "True"},
+    {"txtLOA_OtherControlDesc", "Description:", "Other Control Equipment Descript.", "OTH_CTRL_DESC", "a scrubber", "a scrubber"},
+    {"txtLOA_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "21.5", "21.5"},
+};
+
+// The numbers of the description that a month is checked for too.
+struct Standing {
+  Bound bound;
+  const char* column;
+};
+const Standing kStanding[] = {{{"txtLOA_EquipElev", "Average Elevation", 10, 350}, "EQUIP_ELEV"},
+                              {{"txtLOA_ReidVP", "Product Reid Vapor Pressure", 0.1, 20}, "REID_VP"},
+                              {{"txtLOA_TankVaporWeightPercentVOC", "Avg. % by Weight VOCs", 0, 100}, "TANK_VAPWGT_PVOC"},
+                              {{"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs", 16, 254}, "TANK_VOC_MOLEWGT"}};
+
+std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_LOA") {
+  return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
+}
+
+void SelectAgain(TestRun& run) {
+  run.Select(run.Key());
+  run.Select(run.Key("LOA", "L1"));
+}
+
+// ---- what shows, and what is kept ----
+
+TEST(Loading, shows_its_pages_and_titles) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  EXPECT_EQ(run.At("tabLOA").items, (Texts{"General Information", "Ventilation System", "Control Equipment", "QC Results"}));
+  EXPECT_EQ(run.At("tabLOA").page_available, (std::vector<bool>{true, true, true, true}));
+  EXPECT_EQ(run.At("fraLOA").caption, "Loading Operations");
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.At("fraLOA").caption, "Loading Operations - EDIT DATA");
+  run.Click("cmdCANCEL");
+  for (const Field& field : kMonth) EXPECT_FALSE(run.At(field.control).visible) << field.control;
+  run.GoTo("LOA", "L1", Mode::kActv);
+  EXPECT_EQ(run.At("tabLOA").page_available, (std::vector<bool>{true, false, false, true}));
+  for (const Field& field : kMonth) EXPECT_TRUE(run.At(field.control).visible) << field.control;
+}
+
+TEST(Loading, shows_every_field_with_its_caption_and_lists_it_under_its_name) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  const auto expect = [&](const Field& field) {
+    EXPECT_EQ(run.At(field.control).caption, field.caption) << field.control;
+    EXPECT_EQ(run.At(field.control).tag, field.tag) << field.control;
+  };
+  for (const Field& field : kMonth) expect(field);
+  for (const Field& field : kDescription) expect(field);
+  expect({"cmbLOA_VentedToID", "Remote Vent/Flare ID:", "Low Pressure Vent/Flare ID"});
+}
+
+TEST(Loading, keeps_every_field_of_the_description_in_its_column) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Click("cmdEdit");
+  const std::string temperature = "txtLOA_ExhaustOutletExitT";
+  for (const Field& field : kDescription)
+    if (field.control == temperature) run.Put({{kDestination, "Vented Locally"}, {temperature, field.text}});
+  for (const Field& field : kDescription)
+    if (field.control != temperature) run.Set(field.control, field.text);
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  SelectAgain(run);
+  for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
+}
+
+TEST(Loading, keeps_every_field_of_a_month_in_its_column) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.GoTo("LOA", "L1", Mode::kActv);
+  Values typed;
+  for (const Field& field : kMonth) typed.emplace_back(field.control, field.text);
+  run.Keep(typed);
+  for (const Field& field : kMonth) {
+    EXPECT_EQ(Stored(run, field.column, "EA_LOA"), field.stored) << field.control;
+    EXPECT_EQ(run.Text(field.control), field.text) << field.control;
+  }
+}
+
+TEST(Loading, keeps_each_item_of_its_lists_as_its_code) {
+  struct {
+    const char *list, *column;
+    Values items;
+  } const lists[] = {
+      {"cmbLOA_TankPaintColor",
+       "TANK_PAINT_COLOR",
+       {{"Aluminum/Specular", "AS"},
+        {"Aluminum/Diffuse", "AD"},
+        {"Grey/Light", "GL"},
+        {"Grey/Med", "GM"},
+        {"Red/Primer", "RP"},
+        {"White/NA", "WN"}}},
+      {"cmbLOA_TankPaintCondition", "TANK_PAINT_COND", {{"Good", "G"}, {"Poor", "P"}}},
+      {kTechnology, "CTRL_TECH", {{kCondenser, "VR/C"}, {"None", "NONE"}}},
+      {kDevice, "OTH_CTRL_DEVICE", {{"Yes", "True"}, {"No", "False"}}},
+  };
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  for (const auto& list : lists) {
+    EXPECT_EQ(Stored(run, list.column), "") << list.column;
+    Texts items;
+    for (const auto& [item, code] : list.items) {
+      run.Keep({{list.list, item}});
+      EXPECT_EQ(Stored(run, list.column), code) << item;
+      SelectAgain(run);
+      EXPECT_EQ(run.Text(list.list), item);
+      EXPECT_EQ(run.At(list.list).index, static_cast<int>(items.size())) << item;
+      items.push_back(item);
+    }
+    EXPECT_EQ(run.At(list.list).items, items);
+  }
+}
+
+// ---- bounds ----
+
+TEST(Loading, is_held_to_every_bound_of_a_month) {
+  TryBounds({.type = "LOA",
+             .mode = Mode::kActv,
+             .required = {{kVolume, "Volume Loaded", 0, 5000000}, {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature", 0, 120}}});
+}
+
+TEST(Loading, is_held_to_the_bounds_of_elevation_and_vapor) {
+  std::vector<Bound> bounds;
+  for (const Standing& one : kStanding) bounds.push_back(one.bound);
+  TryBounds({.type = "LOA", .mode = Mode::kDesc, .required = bounds});
+}
+
+TEST(Loading, is_held_in_a_month_to_the_bounds_of_its_description_too) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.GoTo("LOA", "L1", Mode::kActv);
+  const auto attempt = [&](const char* what, auto value, auto expected) {
+    for (const Standing& one : kStanding) run.s.db.Execute(std::string("UPDATE ED_LOA SET ") + one.column + "=" + value(one.bound));
+    run.Select(run.Key("", "", 1));
+    run.Select(run.Key("LOA", "L1", 1));
+    run.Click("cmdQC");
+    for (const Standing& one : kStanding) EXPECT_EQ(run.Finding(one.bound.tag), expected(one.bound)) << one.bound.control << " " << what;
+  };
+  const auto none = [](const Bound&) { return std::string(); };
+  const auto range = [](const Bound& bound) { return RangeFinding(bound.low, bound.high); };
+  attempt(
+      "blank", [](const Bound&) { return std::string("NULL"); }, [](const Bound&) { return std::string(kBlankFinding); });
+  attempt(
+      "at the low bound", [](const Bound& b) { return GeneralNumber(b.low); }, none);
+  attempt(
+      "below", [](const Bound& b) { return GeneralNumber(b.low - 0.01); }, range);
+  attempt(
+      "at the high bound", [](const Bound& b) { return GeneralNumber(b.high); }, none);
+  attempt(
+      "above", [](const Bound& b) { return GeneralNumber(b.high + 0.01); }, range);
+  EXPECT_EQ(run.Count("QC WHERE EditMode<>'ACTV' OR [Month]<>1"), 0) << "the findings are the month's";
+}
+
+TEST(Loading, flared_locally_is_held_to_the_bounds_of_outlet_flare_and_device) {
+  TryBounds({.type = "LOA",
+             .mode = Mode::kDesc,
+             .base = {{kDestination, "Flared Locally"}, {kDevice, "Yes"}},
+             .required = {{"txtLOA_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
+                          {"txtLOA_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 2, 24},
+                          {"txtLOA_ExhaustOutletExitVel", "Ventilation Exit Velocity", 5, 1100},
+                          {"txtLOA_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180},
+                          {"txtLOA_FlareFeedRate", "Flare Feed Rate", 0, 20000},
+                          {"txtLOA_FlareCombustionT", "Flare Combustion Temperature", 1400, 2000},
+                          {"txtLOA_FlareEfficiency", "Flare Combustion Efficiency", 50, 99.9}},
+             .if_filled = {{"txtLOA_OtherControlEffVOC", "VOC Control Efficiency", 0, 99.9}}});
+}
+
+TEST(Loading, vented_locally_is_held_to_the_bounds_of_outlet_and_condenser) {
+  TryBounds({.type = "LOA",
+             .mode = Mode::kDesc,
+             .base = {{kDestination, "Vented Locally"}, {kTechnology, kCondenser}},
+             .required = {{"txtLOA_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
+                          {"txtLOA_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 2, 24},
+                          {"txtLOA_ExhaustOutletExitVel", "Ventilation Exit Velocity", 5, 1100},
+                          {"txtLOA_ExhaustOutletExitT", "Ventilation Exit Temperature", 70, 2000},
+                          {"txtLOA_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180},
+                          {"txtLOA_CondenserT", "Condenser Temperature", 32, 212},
+                          {"txtLOA_CondenserP", "Condenser Pressure", 0.5, 1000}}});
+}
+
+// ---- blank records ----
+
+TEST(Loading, blank_in_a_month_lacks_its_description_as_well) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.GoTo("LOA", "L1", Mode::kActv);
+  run.Click("cmdQC");
+  Found expected;
+  for (const char* tag :
+       {"Volume Loaded", "Average Elevation", "Storage Tank Paint Color", "Storage Tank Paint Condition", "Bulk Liquid Temperature",
+        "Product Reid Vapor Pressure", "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
+    expected.emplace_back(tag, kBlankFinding);
+  EXPECT_EQ(run.Findings(), expected);
+  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND [Month]=1"), 8);
+}
+
+TEST(Loading, blank_in_its_description_lacks_these_in_their_order_and_no_destination) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Click("cmdEdit");
+  const auto findings = [&](const Texts& more) {
+    run.s.db.Execute("DELETE FROM QC");
+    run.Click("cmdQC");
+    Found expected;
+    for (const char* tag : {"Average Elevation", "Storage Tank Paint Color", "Storage Tank Paint Condition", "Product Reid Vapor Pressure",
+                            "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
+      expected.emplace_back(tag, kBlankFinding);
+    for (const std::string& tag : more) expected.emplace_back(tag, kBlankFinding);
+    EXPECT_EQ(run.Findings(), expected);
+  };
+  findings({"Installed Control Equipment"});
+  run.Put({{kDestination, "Vented Locally"}, {kTechnology, kCondenser}, {kDevice, "Yes"}});
+  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Exit Temperature",
+            "Ventilation Outlet Orientation", "Condenser Temperature", "Condenser Pressure", "Other Control Equipment Descript."});
+  run.Put({{kDestination, "Flared Locally"}, {kTechnology, "None"}, {kDevice, "No"}});
+  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation",
+            "Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"});
+  run.Set(kDestination, "Vented Remotely");
+  findings({"Low Pressure Vent/Flare ID"});
+}
+
+TEST(Loading, is_asked_for_its_description_in_each_mode_by_a_finding_of_that_mode) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Average Elevation", "EditMode='DESC' AND [Month]=0"), kBlankFinding);
+  run.GoTo("LOA", "L1", Mode::kActv);
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Average Elevation", "EditMode='ACTV' AND [Month]=1"), kBlankFinding);
+  EXPECT_EQ(run.Finding("Average Elevation", "EditMode='DESC' AND [Month]=0"), kBlankFinding);
+  run.GoTo("LOA", "L1", Mode::kDesc);
+  run.Keep({{"txtLOA_EquipElev", "100"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Average Elevation", "EditMode='DESC'"), "");
+  EXPECT_EQ(run.Finding("Average Elevation", "EditMode='ACTV'"), kBlankFinding) << "until the month's own run";
+  run.GoTo("LOA", "L1", Mode::kActv);
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Average Elevation"), "");
+}
+
+// ---- conditions ----
+
+TEST(Loading, withdraws_what_stands_on_its_destination_unless_that_is_local) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  const auto leave_finding = [&] {
+    run.s.db.Execute("DELETE FROM QC");
+    run.Click("cmdQC");
+    run.s.db.Execute(std::string("UPDATE QC SET FieldID='") + kDestinationTag +
+                     "', [Desc]='as in an old run' WHERE FieldID='Average Elevation'");
+    run.Click("cmdQC");
+    return run.Finding(kDestinationTag);
+  };
+  EXPECT_EQ(leave_finding(), "") << "blank";
+  for (const char* local : {"Vented Locally", "Flared Locally"}) {
+    run.Keep({{kDestination, local}});
+    EXPECT_EQ(leave_finding(), "as in an old run") << local;
+  }
+  for (const char* remote : {"Vented Remotely", "Flared Remotely"}) {
+    run.Keep({{kDestination, remote}});
+    EXPECT_EQ(leave_finding(), "") << remote;
+  }
+}
+
+TEST(Loading, withdraws_the_findings_of_fields_that_no_longer_apply) {
+  struct {
+    const char *list, *with, *without;
+    Texts tags;
+  } const cases[] = {
+      {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
+      {kDevice, "Yes", "No", {"Other Control Equipment Descript."}},
+      {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
+      {kDestination,
+       "Flared Locally",
+       "Vented Locally",
+       {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}},
+      {kDestination,
+       "Vented Locally",
+       "Flared Remotely",
+       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation"}},
+  };
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Click("cmdEdit");
+  for (const auto& one : cases) {
+    run.Set(one.list, one.with);
+    run.Click("cmdQC");
+    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
+    run.s.db.Execute("UPDATE QC SET Comments='known'");
+    run.Set(one.list, one.without);
+    run.Click("cmdQC");
+    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), "") << tag;
+  }
+}
+
+TEST(Loading, without_another_control_device_keeps_its_efficiency_and_raises_nothing) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Keep({{kDevice, "Yes"}, {"txtLOA_OtherControlEffVOC", "100"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("VOC Control Efficiency"), RangeFinding(0, 99.9));
+  run.Keep({{kDevice, "No"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("VOC Control Efficiency"), "");
+  EXPECT_EQ(Stored(run, "OTH_CTRL_EFFIC_VOC"), "100");
+}
+
+TEST(Loading, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts) {
+  struct {
+    const char *list, *with, *without;
+    Texts fields;
+  } const cases[] = {{kTechnology, kCondenser, "None", {"txtLOA_CondenserT", "txtLOA_CondenserP"}},
+                     {kDevice, "Yes", "No", {"txtLOA_OtherControlDesc", "txtLOA_OtherControlEffVOC"}}};
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Click("cmdEdit");
+  const auto expect = [&](const Texts& names, bool on, const std::string& when) {
+    for (const std::string& name : names) {
+      EXPECT_EQ(run.At(name).enabled, on) << name << " " << when;
+      EXPECT_EQ(run.At(name).back, on ? Back::kWindow : Back::kFace) << name << " " << when;
+    }
+  };
+  for (const auto& one : cases) {
+    expect(one.fields, false, "blank");
+    run.Set(one.list, one.with);
+    expect(one.fields, true, one.with);
+    for (const std::string& name : one.fields) run.Set(name, "7");
+    run.Set(one.list, one.without);
+    expect(one.fields, false, one.without);
+    for (const std::string& name : one.fields) EXPECT_EQ(run.Text(name), "7") << name;
+  }
+  run.Click("cmdSaveEdits");
+  for (const auto& one : cases) {
+    expect(one.fields, false, std::string("opened with ") + one.without);
+    for (const std::string& name : one.fields) EXPECT_EQ(run.Text(name), "7") << name << " after the save";
+  }
+}
+
+// ---- the structure's throughput ----
+
+TEST(Loading, may_not_load_more_than_its_structure_passes) {
+  struct {
+    const char *total, *volume, *finding;
+  } const cases[] = {{"NULL", "10", ""},
+                     {"0", "10", ""},
+                     {"0.4", "10", ""},
+                     {"0.6", "10", kExceeds},
+                     {"10", "10", ""},
+                     {"10", "10.5", kExceeds},
+                     {"100", "5000001", kExceeds},
+                     {"6000000", "5000001", "Value not in expected range (0 to 5000000)"},
+                     {"10", "", kBlankFinding},
+                     {"10", "9.5", ""},
+                     {"4000000", "4000000.1", ""},  // the same in single precision
+                     {"4000000", "4000000.5", kExceeds}};
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.GoTo("LOA", "L1", Mode::kActv);
+  run.Click("cmdEdit");
+  for (const auto& one : cases) {
+    run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET THRU_OIL=") + one.total);
+    run.Set(kVolume, one.volume);
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding("Volume Loaded"), one.finding) << one.volume << " of " << one.total;
+    EXPECT_EQ(run.At(kVolume).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag) << one.volume << " of " << one.total;
+  }
+}
+
+// ---- colours ----
+
+TEST(Loading, looks_passed_again_once_a_required_field_is_filled) {
+  TestRun run;
+  run.StartWith("LOA", "L1");
+  run.Click("cmdEdit");
+  run.Set(kDevice, "Yes");
+  run.Click("cmdQC");
+  const Values choices = {{"cmbLOA_TankPaintColor", "Grey/Light"},
+                          {"cmbLOA_TankPaintCondition", "Good"},
+                          {kTechnology, "None"},
+                          {"txtLOA_OtherControlDesc", "scrubber"}};
+  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kFlag) << name;
+  run.Put(choices);
+  run.Click("cmdQC");
+  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kWindow) << name;
+}
+
+}  // namespace
+}  // namespace merlu::test

@@ -1,0 +1,540 @@
+// Where emissions go, once for each sheet that asks: the destinations and their codes, the list of remote
+// vents and flares, what each destination turns on and off, and what a save does about a missing one.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ostream>
+
+#include "bounds.h"
+
+namespace merlu::test {
+namespace {
+
+enum class TurnsOff { kByDisabling, kByLocking };
+enum class Falls { kNot, kText, kTextAndIndex };
+
+// What differs from sheet to sheet.
+struct Sheet {
+  std::string type;
+  bool to_system;
+  TurnsOff turns_off;
+  bool has_flare;
+  std::string temperature;
+  std::string destination_tag;
+  bool required;     // a blank destination is a finding
+  bool local_rules;  // a local destination asks for an outlet height
+  Falls falls;
+  bool in_walk;  // a run over the structure comes to it
+
+  std::string Box(const std::string& field) const { return "txt" + type + "_" + field; }
+  std::string destination() const { return "cmb" + type + "_GasesVentOrFlare"; }
+  std::string sent_to() const { return "cmb" + type + "_VentedToID"; }
+  std::vector<std::string> Outlets() const {
+    return {Box("ExhaustOutletHgt"), Box("ExhaustOutletInnerDiam"), Box("ExhaustOutletExitVel"), Box("ExhaustOutletAngle")};
+  }
+  std::vector<std::string> Flares() const {
+    if (!has_flare) return {};
+    return {Box("FlareFeedRate"), Box("FlareCombustionT"), Box("FlareEfficiency")};
+  }
+  std::vector<std::string> Numbers() const {
+    std::vector<std::string> all = Outlets();
+    all.push_back(temperature);
+    for (const std::string& flare : Flares()) all.push_back(flare);
+    return all;
+  }
+};
+
+const Sheet kSheets[] = {
+    {"AMI", true, TurnsOff::kByDisabling, true, "txtAMI_ExhaustOutletT", "Emissions Destination", true, true, Falls::kTextAndIndex, true},
+    {"GLY", false, TurnsOff::kByDisabling, true, "txtGLY_ExhaustOutletExitT", "Emissions Destination", true, true, Falls::kTextAndIndex,
+     true},
+    {"STO", false, TurnsOff::kByDisabling, true, "txtSTO_ExhaustOutletExitT", "Emissions Destination", true, true, Falls::kText, true},
+    {"LOA", false, TurnsOff::kByDisabling, true, "txtLOA_ExhaustOutletExitT", "Gases Vented/Flared?", false, true, Falls::kNot, true},
+    {"LOS", true, TurnsOff::kByLocking, false, "txtLOS_ExhaustOutletExitT", "Emissions Destination", true, true, Falls::kTextAndIndex,
+     false},
+    {"PNE", true, TurnsOff::kByLocking, false, "txtPNE_ExhaustOutletExitT", "Vents to Atm", false, false, Falls::kText, false},
+};
+
+void PrintTo(const Sheet& sheet, std::ostream* out) {
+  *out << sheet.type;
+}
+
+constexpr const char* kRemoteTag = "Low Pressure Vent/Flare ID";
+constexpr const char* kNoVent = "No Vent ID given. Changing Ventilation to Vented Locally";
+constexpr const char* kNoFlare = "No Flare ID given. Changing Ventilation to Flared Locally";
+
+class Routing : public testing::TestWithParam<Sheet> {
+ protected:
+  const Sheet& sheet() const { return GetParam(); }
+
+  void StartOnSheet() { run.StartWith(sheet().type, "X1"); }
+  // Vents V1 and V2 and flares F1 and F2 on the structure, V9 and F9 on another one; then the sheet.
+  void StartAmongVentsAndFlares() {
+    StartOnSheet();
+    for (const auto& [type, id] : Values{{"VEN", "V1"}, {"FLA", "F1"}, {"VEN", "V2"}, {"FLA", "F2"}}) {
+      run.Select(run.Key());
+      run.AddEquipment(type, id);
+    }
+    run.AddStructure("2002");
+    for (const auto& [type, id] : Values{{"VEN", "V9"}, {"FLA", "F9"}}) {
+      run.Select(run.Key("", "", 0, "2002"));
+      run.AddEquipment(type, id);
+    }
+    run.Select(run.Key(sheet().type, "X1"));
+  }
+  void Again() {
+    run.Select(run.Key());
+    run.Select(run.Key(sheet().type, "X1"));
+  }
+  void Go(const std::string& destination) { run.Set(sheet().destination(), destination); }
+  Control& Destination() { return run.At(sheet().destination()); }
+  Control& SentTo() { return run.At(sheet().sent_to()); }
+  std::string Stored(const std::string& column) { return NullToEmpty(run.Sql("SELECT " + column + " FROM ED_" + sheet().type)); }
+  std::string RemoteFinding() { return run.Finding(kRemoteTag, "EquipID='X1'"); }
+
+  TestRun run;
+};
+
+class RoutingThatDisables : public Routing {};
+class RoutingThatLocks : public Routing {};
+
+using Texts = std::vector<std::string>;
+
+// ---- destinations and their codes ----
+
+TEST_P(Routing, offers_its_destinations_in_their_order) {
+  StartOnSheet();
+  Texts expected = {"Vented Locally", "Flared Locally", "Vented Remotely", "Flared Remotely"};
+  if (sheet().to_system) expected.push_back("Routed to System");
+  EXPECT_EQ(Destination().items, expected);
+  EXPECT_EQ(Destination().text, "");
+  EXPECT_EQ(Destination().index, -1);
+}
+
+TEST_P(Routing, keeps_each_destination_as_its_code_and_shows_it_again) {
+  StartOnSheet();
+  Values codes = {{"Vented Locally", "VL"}, {"Flared Locally", "FL"}, {"Vented Remotely", "VR"}, {"Flared Remotely", "FR"}};
+  if (sheet().to_system) codes.emplace_back("Routed to System", "RS");
+  int index = 0;
+  for (const auto& [text, code] : codes) {
+    run.Keep({{sheet().destination(), text}});
+    EXPECT_EQ(Stored("EMIS_DEST"), code);
+    Again();
+    EXPECT_EQ(Destination().text, text);
+    EXPECT_EQ(Destination().index, index++);
+  }
+}
+
+TEST_P(Routing, shows_nothing_for_a_code_that_its_list_lacks_and_leaves_the_code_alone) {
+  StartOnSheet();
+  const Texts strangers = sheet().to_system ? Texts{"XX"} : Texts{"XX", "RS"};
+  for (const std::string& code : strangers) {
+    run.s.db.Execute("UPDATE ED_" + sheet().type + " SET EMIS_DEST='" + code + "'");
+    Again();
+    EXPECT_EQ(Destination().text, "") << code;
+    EXPECT_EQ(Destination().index, -1) << code;
+    run.Keep({});
+    EXPECT_EQ(Stored("EMIS_DEST"), code);
+  }
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+}
+
+// ---- the list of remote vents and flares ----
+
+TEST_P(Routing, lists_the_vents_of_its_structure_for_a_remote_vent_and_the_flares_for_a_remote_flare) {
+  StartAmongVentsAndFlares();
+  run.Click("cmdEdit");
+  EXPECT_EQ(SentTo().items, Texts{});
+  Go("Vented Remotely");
+  EXPECT_EQ(SentTo().items, (Texts{"Vent: V1", "Vent: V2"}));
+  Go("Flared Remotely");
+  EXPECT_EQ(SentTo().items, (Texts{"Flare: F1", "Flare: F2"}));
+  Go("Vented Locally");
+  EXPECT_EQ(SentTo().items, Texts{});
+  Go("Flared Remotely");
+  Go("Flared Locally");
+  EXPECT_EQ(SentTo().items, Texts{});
+}
+
+TEST_P(Routing, lists_a_vent_that_reports_no_emissions_too) {
+  StartAmongVentsAndFlares();
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I'");
+  Again();
+  run.Click("cmdEdit");
+  Go("Vented Remotely");
+  EXPECT_EQ(SentTo().items, (Texts{"Vent: V1", "Vent: V2"}));
+}
+
+TEST_P(Routing, offers_nothing_on_a_structure_without_vents_and_flares) {
+  StartOnSheet();
+  run.Click("cmdEdit");
+  for (const char* remote : {"Vented Remotely", "Flared Remotely"}) {
+    Go(remote);
+    EXPECT_EQ(SentTo().items, Texts{}) << remote;
+    EXPECT_EQ(SentTo().text, "") << remote;
+    EXPECT_EQ(SentTo().index, -1) << remote;
+  }
+}
+
+TEST_P(Routing, keeps_the_remote_one_as_its_type_and_identifier_and_shows_it_again) {
+  StartAmongVentsAndFlares();
+  struct {
+    const char *destination, *item, *stored;
+  } const cases[] = {{"Vented Remotely", "Vent: V2", "VENV2"},
+                     {"Flared Remotely", "Flare: F2", "FLAF2"},
+                     {"Vented Remotely", "Vent: V1", "VENV1"},
+                     {"Flared Remotely", "Flare: F1", "FLAF1"}};
+  for (const auto& one : cases) {
+    run.Keep({{sheet().destination(), one.destination}, {sheet().sent_to(), one.item}});
+    EXPECT_EQ(Stored("SENT_TO_ID"), one.stored);
+    Again();
+    EXPECT_EQ(SentTo().text, one.item);
+    EXPECT_EQ(SentTo().index, std::string(one.item).back() == '1' ? 0 : 1);
+    EXPECT_EQ(SentTo().items.size(), 2U);
+  }
+}
+
+TEST_P(Routing, keeps_apart_a_vent_whose_identifier_reads_like_a_flare) {
+  StartOnSheet();
+  for (const auto& [type, id] : Values{{"VEN", "Flare: 1"}, {"FLA", "Vent: 1"}}) {
+    run.Select(run.Key());
+    run.AddEquipment(type, id);
+  }
+  run.Select(run.Key(sheet().type, "X1"));
+  run.Keep({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: Flare: 1"}});
+  EXPECT_EQ(Stored("SENT_TO_ID"), "VENFlare: 1");
+  EXPECT_EQ(SentTo().text, "Vent: Flare: 1");
+  run.Keep({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: Vent: 1"}});
+  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAVent: 1");
+  EXPECT_EQ(SentTo().text, "Flare: Vent: 1");
+}
+
+TEST_P(Routing, shows_the_remote_one_in_a_month_and_keeps_it_through_the_month_s_save) {
+  StartAmongVentsAndFlares();
+  run.Keep({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: F2"}});
+  run.GoTo(sheet().type, "X1", Mode::kActv);
+  EXPECT_EQ(Destination().text, "Flared Remotely");
+  EXPECT_EQ(SentTo().text, "Flare: F2");
+  run.Keep({});
+  EXPECT_EQ(Stored("EMIS_DEST"), "FR");
+  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAF2");
+}
+
+TEST_P(Routing, stores_no_remote_one_for_a_local_destination) {
+  StartAmongVentsAndFlares();
+  for (const char* local : {"Vented Locally", "Flared Locally"}) {
+    run.Keep({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V1"}});
+    ASSERT_EQ(Stored("SENT_TO_ID"), "VENV1");
+    run.Keep({{sheet().destination(), local}});
+    EXPECT_TRUE(IsNull(run.Sql("SELECT SENT_TO_ID FROM ED_" + sheet().type))) << local;
+  }
+}
+
+TEST_P(Routing, loses_its_remote_one_when_the_destination_changes_from_vent_to_flare) {
+  StartAmongVentsAndFlares();
+  run.Click("cmdEdit");
+  run.Put({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V1"}, {sheet().destination(), "Flared Remotely"}});
+  EXPECT_EQ(SentTo().text, "");
+  EXPECT_EQ(SentTo().index, -1);
+  run.Put({{sheet().sent_to(), "Flare: F1"}, {sheet().destination(), "Vented Remotely"}});
+  EXPECT_EQ(SentTo().text, "");
+  EXPECT_EQ(SentTo().index, -1);
+}
+
+TEST_P(Routing, chosen_again_keeps_the_vent_and_loses_the_flare) {
+  StartAmongVentsAndFlares();
+  run.Click("cmdEdit");
+  run.Put({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V2"}, {sheet().destination(), "Vented Remotely"}});
+  EXPECT_EQ(SentTo().text, "Vent: V2");
+  EXPECT_EQ(SentTo().index, 1);
+  run.Put({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: F2"}, {sheet().destination(), "Flared Remotely"}});
+  EXPECT_EQ(SentTo().text, "");
+  EXPECT_EQ(SentTo().index, -1);
+  EXPECT_EQ(SentTo().items, (Texts{"Flare: F1", "Flare: F2"}));
+}
+
+TEST_P(Routing, shows_no_remote_one_after_its_identifier_was_changed) {
+  StartAmongVentsAndFlares();
+  struct {
+    const char *destination, *item, *id, *stored;
+  } const cases[] = {{"Flared Remotely", "Flare: F1", "F1", "FLAF1"}, {"Vented Remotely", "Vent: V1", "V1", "VENV1"}};
+  for (const auto& one : cases) {
+    run.Keep({{sheet().destination(), one.destination}, {sheet().sent_to(), one.item}});
+    run.s.db.Execute("UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='NEW' WHERE ED_MERLU_EQUIP_ID='" + std::string(one.id) + "'");
+    Again();
+    EXPECT_EQ(Destination().text, one.destination);
+    EXPECT_EQ(SentTo().text, "") << one.destination;
+    EXPECT_EQ(SentTo().index, -1) << one.destination;
+    EXPECT_EQ(SentTo().items.size(), 2U) << one.destination;
+    EXPECT_EQ(Stored("SENT_TO_ID"), one.stored);
+    run.Keep({});
+    EXPECT_EQ(Stored("SENT_TO_ID"), "") << one.destination;
+    run.s.db.Execute("UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='OLD' WHERE ED_MERLU_EQUIP_ID='NEW'");
+  }
+}
+
+// ---- what a destination turns on and off ----
+
+void ExpectEnabled(const Control& field, bool on, const std::string& destination) {
+  EXPECT_EQ(field.enabled, on) << field.name << " with \"" << destination << "\"";
+  EXPECT_EQ(field.back, on ? Back::kWindow : Back::kFace) << field.name << " with \"" << destination << "\"";
+}
+
+void ExpectUnlocked(const Control& field, bool on, const std::string& destination) {
+  EXPECT_EQ(field.locked, !on) << field.name << " with \"" << destination << "\"";
+}
+
+TEST_P(RoutingThatDisables, turns_each_field_on_and_off_by_the_destination) {
+  struct Row {
+    const char* destination;
+    bool sent_to, outlets, temperature, flares;
+  };
+  const Row nothing = {"", false, false, false, false};
+  const std::vector<Row> rows = {{"Vented Locally", false, true, true, false},   {"Flared Remotely", true, false, false, false},
+                                 {"Flared Locally", false, true, false, true},   {"Vented Remotely", true, false, false, false},
+                                 {"Flared Locally", false, true, false, true},   {"Vented Locally", false, true, true, false},
+                                 {"Vented Remotely", true, false, false, false}, {"Flared Remotely", true, false, false, false},
+                                 {"Vented Locally", false, true, true, false}};
+  StartOnSheet();
+  run.Click("cmdEdit");
+  const auto expect = [&](const Row& row) {
+    ExpectEnabled(SentTo(), row.sent_to, row.destination);
+    for (const std::string& name : sheet().Outlets()) ExpectEnabled(run.At(name), row.outlets, row.destination);
+    ExpectEnabled(run.At(sheet().temperature), row.temperature, row.destination);
+    for (const std::string& name : sheet().Flares()) ExpectEnabled(run.At(name), row.flares, row.destination);
+    ExpectEnabled(Destination(), true, row.destination);
+  };
+  expect(nothing);
+  for (const Row& row : rows) {
+    Go(row.destination);
+    expect(row);
+  }
+  // opened with the destination, it looks the same as clicked to it
+  for (const Row& row : rows) {
+    run.Click("cmdCANCEL");
+    run.Keep({{sheet().destination(), row.destination}});
+    run.Click("cmdEdit");
+    expect(row);
+  }
+}
+
+TEST_P(RoutingThatLocks, locks_and_unlocks_each_field_by_the_destination) {
+  struct Row {
+    const char* destination;
+    bool sent_to, outlets;
+  };
+  const std::vector<Row> rows = {{"Vented Locally", false, true},    {"Flared Remotely", true, false}, {"Flared Locally", false, true},
+                                 {"Routed to System", false, false}, {"Vented Remotely", true, false}, {"Routed to System", false, false},
+                                 {"Vented Locally", false, true},    {"Vented Remotely", true, false}, {"Flared Locally", false, true}};
+  StartOnSheet();
+  run.Click("cmdEdit");
+  const auto expect = [&](const Row& row) {
+    EXPECT_EQ(SentTo().enabled, row.sent_to) << row.destination;
+    ExpectUnlocked(SentTo(), row.sent_to, row.destination);
+    std::vector<std::string> outlets = sheet().Outlets();
+    outlets.push_back(sheet().temperature);
+    for (const std::string& name : outlets) {
+      ExpectUnlocked(run.At(name), row.outlets, row.destination);
+      EXPECT_TRUE(run.At(name).enabled) << name << " with \"" << row.destination << "\"";
+    }
+    EXPECT_TRUE(Destination().enabled) << row.destination;
+    ExpectUnlocked(Destination(), true, row.destination);
+  };
+  expect({"", false, true});
+  for (const Row& row : rows) {
+    Go(row.destination);
+    expect(row);
+  }
+  for (const Row& row : rows) {
+    run.Click("cmdCANCEL");
+    run.Keep({{sheet().destination(), row.destination}});
+    run.Click("cmdEdit");
+    expect(row);
+  }
+}
+
+TEST_P(Routing, keeps_the_texts_of_fields_that_a_destination_turns_off) {
+  StartOnSheet();
+  run.Click("cmdEdit");
+  int number = 0;
+  Values typed;
+  const auto type = [&](const std::string& name) {
+    typed.emplace_back(name, std::to_string(++number) + ".5");
+    run.Put({typed.back()});
+  };
+  Go("Vented Locally");
+  for (const std::string& name : sheet().Outlets()) type(name);
+  type(sheet().temperature);
+  Go("Flared Locally");
+  for (const std::string& name : sheet().Flares()) type(name);
+  for (const char* destination : {"Vented Remotely", "Flared Remotely", "Vented Locally", "Flared Locally", "Flared Remotely"}) {
+    Go(destination);
+    for (const auto& [name, text] : typed) EXPECT_EQ(run.Text(name), text) << name << " with \"" << destination << "\"";
+  }
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  Again();
+  for (const auto& [name, text] : typed) EXPECT_EQ(run.Text(name), text) << name << " after the save";
+}
+
+TEST_P(Routing, is_read_only_in_view_whatever_the_destination) {
+  StartAmongVentsAndFlares();
+  run.Keep({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V1"}});
+  std::vector<std::string> fields = sheet().Numbers();
+  fields.insert(fields.end(), {sheet().destination(), sheet().sent_to()});
+  for (const std::string& name : fields) {
+    EXPECT_TRUE(run.At(name).locked) << name;
+    EXPECT_EQ(run.At(name).back, Back::kFace) << name;
+  }
+}
+
+// ---- the rules of destination and remote one ----
+
+TEST_P(Routing, asks_for_a_destination_where_its_sheet_does) {
+  StartOnSheet();
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding(sheet().destination_tag), sheet().required ? kBlankFinding : "");
+  EXPECT_EQ(Destination().back, sheet().required ? Back::kFlag : Back::kFace);
+  run.Click("cmdEdit");
+  Go("Vented Locally");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding(sheet().destination_tag), "");
+  EXPECT_EQ(Destination().back, Back::kWindow);
+}
+
+TEST_P(Routing, asks_for_the_remote_one_and_withdraws_that_for_any_other_destination) {
+  StartAmongVentsAndFlares();
+  run.Click("cmdEdit");
+  Texts others = {"Vented Locally", "Flared Locally"};
+  if (sheet().to_system) others.push_back("Routed to System");
+  for (const char* remote : {"Vented Remotely", "Flared Remotely"}) {
+    for (const std::string& other : others) {
+      Go(remote);
+      run.Click("cmdQC");
+      EXPECT_EQ(RemoteFinding(), kBlankFinding) << remote;
+      EXPECT_EQ(SentTo().back, Back::kFlag) << remote;
+      Go(other);
+      run.Click("cmdQC");
+      EXPECT_EQ(RemoteFinding(), "") << other;
+    }
+    Go(remote);
+    run.Click("cmdQC");
+    run.Set(sheet().sent_to(), SentTo().items.at(1));
+    run.Click("cmdQC");
+    EXPECT_EQ(RemoteFinding(), "") << remote;
+  }
+}
+
+TEST_P(Routing, looks_passed_again_once_the_remote_one_is_given) {
+  StartAmongVentsAndFlares();
+  run.Click("cmdEdit");
+  Go("Vented Remotely");
+  run.Click("cmdQC");
+  ASSERT_EQ(SentTo().back, Back::kFlag);
+  run.Set(sheet().sent_to(), "Vent: V1");
+  run.Click("cmdQC");
+  EXPECT_EQ(SentTo().back, Back::kWindow);
+}
+
+TEST_P(Routing, without_the_remote_one_changes_the_destination_in_the_save_s_own_run_only) {
+  struct {
+    const char *remote, *code, *box, *local, *local_code;
+  } const cases[] = {{"Vented Remotely", "VR", kNoVent, "Vented Locally", "VL"},
+                     {"Flared Remotely", "FR", kNoFlare, "Flared Locally", "FL"}};
+  for (const auto& one : cases) {
+    TestRun fresh;
+    fresh.StartWith(sheet().type, "X1");
+    fresh.Click("cmdEdit");
+    fresh.Set(sheet().destination(), one.remote);
+    fresh.TakeBoxes();
+    fresh.Click("cmdQC");
+    EXPECT_EQ(fresh.TakeBoxes().size(), 1U) << "the count alone";
+    EXPECT_EQ(fresh.Text(sheet().destination()), one.remote);
+    fresh.Click("cmdSaveEdits");
+    EXPECT_EQ(fresh.TakeBoxes(), Texts{});
+    EXPECT_EQ(NullToEmpty(fresh.Sql("SELECT EMIS_DEST FROM ED_" + sheet().type)), one.code);
+    fresh.Click("cmdSaveExit");
+    const Texts boxes = fresh.TakeBoxes();
+    const bool falls = sheet().falls != Falls::kNot;
+    ASSERT_EQ(boxes.size(), falls ? 2U : 1U);
+    EXPECT_EQ(boxes.front() == one.box, falls);
+    EXPECT_EQ(NullToEmpty(fresh.Sql("SELECT EMIS_DEST FROM ED_" + sheet().type)), falls ? one.local_code : one.code);
+    EXPECT_EQ(fresh.Text(sheet().destination()), falls ? one.local : one.remote);
+    // the finding stands until the next run, which sees the new destination
+    EXPECT_EQ(fresh.Finding(kRemoteTag), kBlankFinding);
+    EXPECT_EQ(fresh.Count("QC WHERE FieldID LIKE '%Outlet Height' AND [Desc]='Required field left blank'"),
+              falls && sheet().local_rules ? 1 : 0)
+        << "the rest of the rules run on the new destination";
+    fresh.Click("cmdQC");
+    EXPECT_EQ(fresh.Finding(kRemoteTag), falls ? "" : kBlankFinding);
+  }
+}
+
+TEST_P(Routing, given_its_remote_one_is_saved_without_a_box_of_its_own) {
+  StartAmongVentsAndFlares();
+  run.Click("cmdEdit");
+  run.Put({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: F1"}});
+  run.Click("cmdSaveExit");
+  for (const std::string& box : run.TakeBoxes()) EXPECT_EQ(box.substr(0, 17), "QC completed with");
+  EXPECT_EQ(Stored("EMIS_DEST"), "FR");
+  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAF1");
+}
+
+TEST_P(Routing, falls_back_in_its_text_and_where_its_sheet_does_so_in_its_index) {
+  StartOnSheet();
+  run.Click("cmdEdit");
+  struct {
+    const char *remote, *local;
+    int remote_index, local_index;
+  } const cases[] = {{"Vented Remotely", "Vented Locally", 2, 0}, {"Flared Remotely", "Flared Locally", 3, 1}};
+  run.s.InSaveQC = true;  // as during the save, with the sheet left standing
+  for (const auto& one : cases) {
+    Go(one.remote);
+    ASSERT_EQ(Destination().index, one.remote_index);
+    run.Click("cmdQC");
+    EXPECT_EQ(Destination().text, sheet().falls == Falls::kNot ? one.remote : one.local);
+    EXPECT_EQ(Destination().index, sheet().falls == Falls::kTextAndIndex ? one.local_index : one.remote_index);
+  }
+}
+
+TEST_P(Routing, is_left_alone_by_a_run_over_the_structure) {
+  StartOnSheet();
+  run.Keep({{sheet().destination(), "Vented Remotely"}});
+  run.Select(run.Key());
+  run.TakeBoxes();
+  run.Click("cmdQC");
+  EXPECT_EQ(run.TakeBoxes().size(), 1U) << "the count alone";
+  EXPECT_EQ(RemoteFinding(), sheet().in_walk ? kBlankFinding : "");
+  EXPECT_EQ(Stored("EMIS_DEST"), "VR");
+}
+
+TEST_P(Routing, in_a_month_never_stores_another_destination) {
+  StartOnSheet();
+  run.Keep({{sheet().destination(), "Vented Remotely"}});
+  run.GoTo(sheet().type, "X1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.TakeBoxes();
+  run.Click("cmdSaveExit");
+  const Texts boxes = run.TakeBoxes();
+  // the pump's rule of the remote one runs in the month too
+  const bool pump = sheet().type == "PNE";
+  EXPECT_EQ(std::count(boxes.begin(), boxes.end(), kNoVent), pump ? 1 : 0);
+  EXPECT_EQ(run.Finding(kRemoteTag, "EditMode='ACTV'"), pump ? kBlankFinding : "");
+  EXPECT_EQ(Stored("EMIS_DEST"), "VR");
+  EXPECT_EQ(Destination().text, "Vented Remotely");
+}
+
+std::vector<Sheet> SheetsThat(TurnsOff how) {
+  std::vector<Sheet> found;
+  for (const Sheet& sheet : kSheets)
+    if (sheet.turns_off == how) found.push_back(sheet);
+  return found;
+}
+
+const auto kName = [](const auto& one) { return one.param.type; };
+INSTANTIATE_TEST_SUITE_P(Sheets, Routing, testing::ValuesIn(kSheets), kName);
+INSTANTIATE_TEST_SUITE_P(Sheets, RoutingThatDisables, testing::ValuesIn(SheetsThat(TurnsOff::kByDisabling)), kName);
+INSTANTIATE_TEST_SUITE_P(Sheets, RoutingThatLocks, testing::ValuesIn(SheetsThat(TurnsOff::kByLocking)), kName);
+
+}  // namespace
+}  // namespace merlu::test
