@@ -52,6 +52,7 @@ void LoadMainForm(Session& s) {
   else
     RefreshDescTree(s);
   if (s.ended || s.tree.nodes.empty()) return;
+  if (s.tree.selected < 0) SelectRoot(s);  // a tree that broke off has selected nothing
   UnlockInterface(s);
   LockSheet(s);
 }

@@ -17,7 +17,9 @@ TEST(SheetDate, shows_the_month_in_three_letters_and_the_time_without_seconds) {
   EXPECT_EQ(SheetDate({2017, 9, 30, 0, 5, 59}), "Sep 30, 2017 00:05");
 }
 
-TEST(ParseDate, reads_back_what_StoredDate_writes) { EXPECT_EQ(ParseDate(StoredDate(kMarch)), kMarch); }
+TEST(ParseDate, reads_back_what_StoredDate_writes) {
+  EXPECT_EQ(ParseDate(StoredDate(kMarch)), kMarch);
+}
 
 TEST(ParseDate, takes_what_is_left_out_as_zero) {
   EXPECT_EQ(ParseDate("2017-03-05 14:02"), (DateTime{2017, 3, 5, 14, 2, 0}));
@@ -41,8 +43,10 @@ TEST(ParseDate, knows_leap_years) {
 }
 
 TEST(ParseDate, refuses_what_is_no_date) {
-  for (const char* text : {"", "x", "2017", "2017-03", "2017-13-01", "2017-00-01", "2017-03-00", "2017-03-05 24:00", "2017-03-05 14:60",
-                           "2017-03-05 14:02:60", "2017-03-05 14:02:09 ", "2017-03-05x", "2017-03-05 14:02 pm", "03/05/2017", "0000-01-01"})
+  for (const char* text :
+       {"", "x", "2017", "2017-03", "2017-13-01", "2017-00-01", "2017-03-00", "2017-03-05 24:00",
+        "2017-03-05 14:60", "2017-03-05 14:02:60", "2017-03-05 14:02:09 ", "2017-03-05x",
+        "2017-03-05 14:02 pm", "03/05/2017", "0000-01-01"})
     EXPECT_FALSE(ParseDate(text)) << '"' << text << '"';
 }
 

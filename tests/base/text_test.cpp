@@ -30,9 +30,13 @@ TEST(PadLeft, puts_blanks_in_front_up_to_the_width) {
   EXPECT_EQ(PadLeft("12", 2), "12");
 }
 
-TEST(PadLeft, leaves_a_text_that_is_longer_than_the_width) { EXPECT_EQ(PadLeft("12345", 2), "12345"); }
+TEST(PadLeft, leaves_a_text_that_is_longer_than_the_width) {
+  EXPECT_EQ(PadLeft("12345", 2), "12345");
+}
 
-TEST(PadLeft, counts_characters_and_not_bytes) { EXPECT_EQ(PadLeft("Ä1", 4), "  Ä1"); }
+TEST(PadLeft, counts_characters_and_not_bytes) {
+  EXPECT_EQ(PadLeft("Ä1", 4), "  Ä1");
+}
 
 TEST(Upper, folds_ascii_letters_only) {
   EXPECT_EQ(Upper("yes, ä ß 9"), "YES, ä ß 9");

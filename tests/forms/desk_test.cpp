@@ -44,7 +44,9 @@ class Window : public testing::Test {
     control.parent = parent;
     return window.Add(control);
   }
-  std::string Why(const std::string& name, bool changes = true) { return WhyNot(desk, window, window.At(name), changes); }
+  std::string Why(const std::string& name, bool changes = true) {
+    return WhyNot(desk, window, window.At(name), changes);
+  }
   void Count(const std::string& name, Event event, int& count) {
     window.On(name, event, [&count] { ++count; });
   }
@@ -54,7 +56,8 @@ class Window : public testing::Test {
 };
 
 TEST_F(Window, lets_a_user_act_on_what_shows_and_is_enabled) {
-  for (const char* name : {"txtName", "txtPhone", "cmbFuel", "chkStatus", "optYes", "cmdRun", "lvwResults", "tabA"})
+  for (const char* name :
+       {"txtName", "txtPhone", "cmbFuel", "chkStatus", "optYes", "cmdRun", "lvwResults", "tabA"})
     EXPECT_EQ(Why(name), "") << name;
 }
 
@@ -184,7 +187,8 @@ TEST_F(Window, clicks_buttons_and_refuses_to_click_fields_and_labels) {
   Count("cmdRun", Event::kClick, clicks);
   EXPECT_EQ(act::Click(desk, window, "cmdRun"), "");
   EXPECT_EQ(clicks, 1);
-  for (const char* name : {"txtName", "cmbFuel", "lblText", "fraA"}) EXPECT_EQ(act::Click(desk, window, name), "cannot be clicked") << name;
+  for (const char* name : {"txtName", "cmbFuel", "lblText", "fraA"})
+    EXPECT_EQ(act::Click(desk, window, name), "cannot be clicked") << name;
   window.At("cmdRun").enabled = false;
   EXPECT_EQ(act::Click(desk, window, "cmdRun"), "is disabled");
   EXPECT_EQ(clicks, 1);
@@ -262,7 +266,9 @@ TEST(ShowDialog, covers_everything_until_it_returns_and_leaves_nothing_behind) {
   Form& dialog = run.s.desk.Own(std::make_unique<Form>("frmAsk", "Ask"));
   AddDialogButtons(dialog, "cmdOK", "cmdCANCEL");
   bool covered = false;
-  run.dialogs.push_back([&](Form& form) { covered = run.s.desk.Dialog() == &form && form.visible && form.loaded && form.modal; });
+  run.dialogs.push_back([&](Form& form) {
+    covered = run.s.desk.Dialog() == &form && form.visible && form.loaded && form.modal;
+  });
   ShowDialog(run.s.desk, run, dialog);
   EXPECT_TRUE(covered);
   EXPECT_FALSE(dialog.visible);

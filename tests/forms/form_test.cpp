@@ -24,7 +24,9 @@ TEST(Masked, fills_the_places_from_the_left_with_the_digits_of_the_text) {
   EXPECT_EQ(Masked(kPhone, "5551234567 x 89"), "(555) 123 - 4567 ext 89__");
 }
 
-TEST(Masked, drops_the_digits_that_find_no_place) { EXPECT_EQ(Masked(kFax, "55512345678901"), "(555) 123 - 4567"); }
+TEST(Masked, drops_the_digits_that_find_no_place) {
+  EXPECT_EQ(Masked(kFax, "55512345678901"), "(555) 123 - 4567");
+}
 
 TEST(Masked, reads_its_own_text_back_unchanged) {
   const std::string shown = Masked(kPhone, "55512345678901");

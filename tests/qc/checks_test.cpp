@@ -148,8 +148,10 @@ TEST(Checks, of_required_ranges_and_marked_fields_colour_them_and_the_others_do_
   EXPECT_EQ(colour("x", CheckRequiredMarked, Back::kFlag), Back::kWindow);
   EXPECT_EQ(colour("", CheckRequired, Back::kWindow), Back::kWindow);
   EXPECT_EQ(colour("x", CheckRequired, Back::kFlag), Back::kFlag);
-  EXPECT_EQ(colour("11", [](Session& s, QCLocation& l, Control& c) { CheckRange(s, l, c, 0, 10); }, Back::kWindow), Back::kWindow);
-  EXPECT_EQ(colour("", [](Session& s, QCLocation& l, Control& c) { CheckMin(s, l, c, 0); }, Back::kWindow), Back::kWindow);
+  const auto range_alone = [](Session& s, QCLocation& l, Control& c) { CheckRange(s, l, c, 0, 10); };
+  EXPECT_EQ(colour("11", range_alone, Back::kWindow), Back::kWindow);
+  const auto minimum = [](Session& s, QCLocation& l, Control& c) { CheckMin(s, l, c, 0); };
+  EXPECT_EQ(colour("", minimum, Back::kWindow), Back::kWindow);
 }
 
 TEST(Checks, of_a_marked_requirement_find_and_withdraw_the_blank_field) {
@@ -169,8 +171,9 @@ TEST(Checks, want_ten_digits_of_a_telephone_number) {
 }
 
 TEST(Checks, call_a_field_filled_when_anything_but_blanks_stands_in_it) {
+  using Case = std::pair<std::string, bool>;
   Control field;
-  for (const auto& [text, filled] : std::vector<std::pair<std::string, bool>>{{"", false}, {"  ", false}, {" x ", true}, {"0", true}}) {
+  for (const auto& [text, filled] : {Case{"", false}, Case{"  ", false}, Case{" x ", true}, Case{"0", true}}) {
     field.text = text;
     EXPECT_EQ(IsFilled(field), filled) << "\"" << text << "\"";
   }

@@ -92,7 +92,9 @@ TEST(QcLog, stores_identifiers_without_the_blanks_around_them) {
 TEST(QcLog, names_nothing_below_the_structure_of_a_structure_s_finding) {
   Log log;
   log.Add(With(log.structure, "FLA", "F1"), "Area");
-  EXPECT_EQ(log.run.Count("QC WHERE Level='STRUCTURE' AND CmplxID='1001' AND StructID='1' AND EquipType='NA' AND EquipID='NA'"), 1);
+  EXPECT_EQ(log.run.Count("QC WHERE Level='STRUCTURE' AND CmplxID='1001' AND StructID='1' AND EquipType='NA' "
+                          "AND EquipID='NA'"),
+            1);
 }
 
 TEST(QcLog, names_nothing_below_the_month_of_a_survey_s_finding) {
@@ -116,12 +118,12 @@ TEST(QcLog, writes_not_applicable_into_the_location_that_it_was_given) {
 
 TEST(QcLog, takes_level_month_and_year_of_a_new_finding_from_where_the_user_stands) {
   Log log;
-  log.s().current = log.flare;
+  log.s().current = log.structure;
   log.s().current.Month = 2;
   log.s().current.Year = 2018;
   QCLocation elsewhere = log.flare;
   AddQCError(log.s(), elsewhere, "Hours", "Too many");
-  EXPECT_EQ(log.run.Count("QC WHERE Month=2 AND Year=2018 AND Level='EQUIPMENT'"), 1);
+  EXPECT_EQ(log.run.Count("QC WHERE Month=2 AND Year=2018 AND Level='STRUCTURE' AND CmplxID='1001'"), 1);
 }
 
 TEST(QcLog, keeps_one_finding_of_a_field_whatever_the_mode) {

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "session/types.h"
 #include "sheets/units.h"
 #include "support/test_run.h"
 
@@ -26,8 +25,8 @@ void Find(TestRun& run, const Row& row) {
   run.s.db.Execute(
       "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
       "VALUES (?,?,?,?,?,?,?,?,?,'Wrong','why',?)",
-      {row.user, std::int64_t{row.month}, std::int64_t{row.year}, row.level, row.complex, row.structure, row.type, row.id, row.field,
-       row.mode});
+      {row.user, std::int64_t{row.month}, std::int64_t{row.year}, row.level, row.complex, row.structure, row.type, row.id,
+       row.field, row.mode});
 }
 
 Row OfFlare(const std::string& field) { return {"EQUIPMENT", "1001", "1", "FLA", "F1", field}; }
@@ -272,6 +271,18 @@ TEST(ResultsLists, of_a_survey_leave_out_the_structures_of_another_operator) {
   run.SelectRoot();
   run.Select(kSurvey);
   EXPECT_TRUE(run.At(kSurveyList).rows.empty());
+}
+
+TEST(ResultsLists, tell_a_fault_with_its_number_first) {
+  TestRun run;
+  run.StartWith("FLA", "F1");
+  run.s.db.Execute("DROP TABLE QC");
+  for (const std::string& key : {run.Key(), run.Key("FLA", "F1")}) {
+    run.Select(key);
+    const Texts boxes = run.TakeBoxes();
+    ASSERT_EQ(boxes.size(), 1u) << key;
+    EXPECT_EQ(boxes.front(), "3078 no such table: QC") << key;
+  }
 }
 
 TEST(ResultsLists, of_a_survey_leave_out_a_structure_without_findings) {

@@ -34,7 +34,8 @@ void Find(TestRun& run, const std::string& level, int month, const std::string& 
   run.s.db.Execute(
       "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
       "VALUES ('12345',?,2017,?,'1001','1',?,?,?,'Wrong',?,?)",
-      {std::int64_t{month}, level, std::string(equipment ? "FLA" : "NA"), std::string(equipment ? "F1" : "NA"), field, comment, mode});
+      {std::int64_t{month}, level, std::string(equipment ? "FLA" : "NA"), std::string(equipment ? "F1" : "NA"), field,
+       comment, mode});
 }
 
 TEST(QcRun, tells_how_many_errors_it_found_in_a_plain_box) {
@@ -203,7 +204,9 @@ TEST(QcRun, that_finds_an_equipment_wanting_leaves_the_other_months_alone) {
 TEST(QcRun, that_finds_a_structure_clean_wipes_its_own_findings_of_the_mode_in_all_other_months) {
   TestRun run;
   run.StartWith("MUD", "M1");
-  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_OIL=0,PROD_NG=0,THRU_OIL=0,THRU_NG=0,TOT_FUEL_USE_NG=0,TOT_FUEL_USE_GAS=0,TOT_FUEL_USE_DIE=0");
+  run.s.db.Execute(
+      "UPDATE PA_PLATFORM_ACTV SET PROD_OIL=0,PROD_NG=0,THRU_OIL=0,THRU_NG=0,TOT_FUEL_USE_NG=0,TOT_FUEL_USE_GAS=0,"
+      "TOT_FUEL_USE_DIE=0");
   Find(run, "STRUCTURE", 2, "ACTV", "Own of February");
   Find(run, "STRUCTURE", 2, "DESC", "Own description");
   Find(run, "EQUIPMENT", 2, "ACTV", "Equipment");

@@ -50,7 +50,8 @@ struct Sheet {
                   {GeneralNumber(bound.high + 0.1), range}, {"", kBlankFinding}, {GeneralNumber(bound.low), ""}}) {
         run.Set(bound.control, value);
         EXPECT_EQ(Finding(bound.tag), finding) << bound.control << " \"" << value << "\"";
-        EXPECT_EQ(run.At(bound.control).back, finding.empty() ? Back::kWindow : Back::kFlag) << bound.control << " \"" << value << "\"";
+        EXPECT_EQ(run.At(bound.control).back, finding.empty() ? Back::kWindow : Back::kFlag)
+            << bound.control << " \"" << value << "\"";
       }
     }
   }
@@ -70,8 +71,9 @@ TEST(StructureRules, of_a_description_name_what_is_blank_in_their_order) {
 
 TEST(StructureRules, of_a_description_require_its_texts) {
   Sheet sheet(Mode::kDesc);
-  for (const auto& [field, tag] : Values{{"txtSTRUCTURE_Area", "Area"}, {"txtSTRUCTURE_Block", "Block"}, {"txtSTRUCTURE_Name", "Name"},
-                                         {"txtSTRUCTURE_LeaseNo", "Lease Number"}, {"txtSTRUCTURE_WaterDepth", "Water Depth"}}) {
+  for (const auto& [field, tag] : Values{{"txtSTRUCTURE_Area", "Area"}, {"txtSTRUCTURE_Block", "Block"},
+                                         {"txtSTRUCTURE_Name", "Name"}, {"txtSTRUCTURE_LeaseNo", "Lease Number"},
+                                         {"txtSTRUCTURE_WaterDepth", "Water Depth"}}) {
     sheet.run.Set(field, "");
     EXPECT_EQ(sheet.Finding(tag), kBlankFinding) << field;
     EXPECT_EQ(sheet.run.At(field).back, Back::kFlag) << field;
@@ -294,7 +296,8 @@ TEST(OperatorRules, stop_the_end_of_an_edit_at_the_first_thing_that_is_missing) 
   // each case blanks one thing more than the one after it, so the first message shows which rule comes first
   const std::vector<Case> cases = {
       {{{"txtUSER_Contact", "  "}}, "Please enter your Contact Name", "txtUSER_Contact"},
-      {{{"txtUSER_Phone", ""}, {"txtUSER_Fax", ""}, {"txtUSER_Email", ""}}, "Please enter your Phone, Fax, or Email", "txtUSER_Phone"},
+      {{{"txtUSER_Phone", ""}, {"txtUSER_Fax", ""}, {"txtUSER_Email", ""}}, "Please enter your Phone, Fax, or Email",
+       "txtUSER_Phone"},
       {{{"txtUSER_Email", " "}}, "Please enter Email address", "txtUSER_Email"},
       {{{"txtUSER_Company", " "}}, "Please enter your Company Name", "txtUSER_Company"},
       {{{"txtUSER_Address1", ""}, {"txtUSER_Address2", ""}}, "Please enter your Address", "txtUSER_Address1"},

@@ -45,8 +45,10 @@ struct Structure {
   }
   Texts Checked() { return All("SELECT DISTINCT EquipID FROM QC WHERE Level='EQUIPMENT' ORDER BY EquipID"); }
   void MarkInactive(const std::string& id) {
-    run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I' WHERE ED_ID_AK=(SELECT ED_ID_AK FROM ED_EQUIP_DESC WHERE ED_MERLU_EQUIP_ID=?)",
-                     {id});
+    run.s.db.Execute(
+        "UPDATE EA_EQUIP_ACTV SET EA_STATUS='I' WHERE ED_ID_AK=(SELECT ED_ID_AK FROM ED_EQUIP_DESC WHERE "
+        "ED_MERLU_EQUIP_ID=?)",
+        {id});
   }
   TestRun run;
 };
@@ -70,7 +72,8 @@ TEST(Walks, over_a_structure_s_month_leave_the_fugitives_out_as_well) {
 }
 
 TEST(Walks, leave_out_four_types_that_an_equipment_s_own_run_checks) {
-  for (const auto& [type, field] : Values{{"PNE", "Fuel Usage Rate (SCF/hr)"}, {"LOS", "Oil/Condensate Throughput"}, {"MUD", "Days per Month"}}) {
+  for (const auto& [type, field] : Values{{"PNE", "Fuel Usage Rate (SCF/hr)"}, {"LOS", "Oil/Condensate Throughput"},
+                                          {"MUD", "Days per Month"}}) {
     Structure structure(Equipment{{type, "X"}});
     structure.run.GoTo(type, "X", Mode::kActv);
     structure.run.Click("cmdQC");
@@ -90,7 +93,8 @@ TEST(Walks, leave_the_findings_of_those_types_as_they_are_and_count_them) {
         "VALUES ('12345',1,2017,'EQUIPMENT','1001','1',?,'X','Old','Wrong','','ACTV')",
         {type});
     structure.run.s.db.Execute(
-        "UPDATE PA_PLATFORM_ACTV SET PROD_OIL=0,PROD_NG=0,THRU_OIL=0,THRU_NG=0,TOT_FUEL_USE_NG=0,TOT_FUEL_USE_GAS=0,TOT_FUEL_USE_DIE=0");
+        "UPDATE PA_PLATFORM_ACTV SET PROD_OIL=0,PROD_NG=0,THRU_OIL=0,THRU_NG=0,TOT_FUEL_USE_NG=0,TOT_FUEL_USE_GAS=0,"
+        "TOT_FUEL_USE_DIE=0");
     for (const std::string& key : {structure.run.Key("", "", 1), std::string(kSurvey)}) {
       structure.run.ChangeTo(Mode::kActv);
       structure.run.Select(key);
@@ -243,7 +247,8 @@ TEST(Walks, over_a_survey_read_each_structure_s_own_values) {
   run.AddStructure("1002", "1", "B");
   run.AddEquipment("MUD", "M1");
   run.s.db.Execute(
-      "UPDATE PA_PLATFORM_ACTV SET PROD_OIL=0,PROD_NG=0,THRU_OIL=0,THRU_NG=0,TOT_FUEL_USE_NG=0,TOT_FUEL_USE_GAS=0,TOT_FUEL_USE_DIE=0");
+      "UPDATE PA_PLATFORM_ACTV SET PROD_OIL=0,PROD_NG=0,THRU_OIL=0,THRU_NG=0,TOT_FUEL_USE_NG=0,TOT_FUEL_USE_GAS=0,"
+      "TOT_FUEL_USE_DIE=0");
   run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_OIL=NULL WHERE PD_ID_AK=1");
   run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_NG=20001 WHERE PD_ID_AK=2");
   run.ChangeTo(Mode::kActv);

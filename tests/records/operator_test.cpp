@@ -11,14 +11,17 @@ using Texts = std::vector<std::string>;
 
 constexpr const char* kNoPhone = "(___) ___ - ____ ext ____";
 constexpr const char* kNoFax = "(___) ___ - ____";
-constexpr const char* kFields[] = {"txtUSER_Company", "txtUSER_Address1", "txtUSER_Address2", "txtUSER_City",  "txtUSER_State",
-                                   "txtUSER_Zip",     "txtUSER_Contact",  "txtUSER_Phone",    "txtUSER_Fax",   "txtUSER_Email"};
+constexpr const char* kFields[] = {"txtUSER_Company", "txtUSER_Address1", "txtUSER_Address2", "txtUSER_City",
+                                   "txtUSER_State",   "txtUSER_Zip",      "txtUSER_Contact",  "txtUSER_Phone",
+                                   "txtUSER_Fax",     "txtUSER_Email"};
 
 // The operator's sheet in view.
 class OperatorSheet : public testing::Test {
  protected:
   OperatorSheet() { run.Start(); }
-  std::string Stored(const std::string& column) { return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY")); }
+  std::string Stored(const std::string& column) {
+    return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY"));
+  }
   // Ends the edit and tells what was said and where the focus went.
   std::pair<Texts, std::string> End() {
     run.s.main->focus.clear();
@@ -79,9 +82,16 @@ TEST_F(OperatorSheet, offers_the_next_month_in_activity_mode_only) {
 
 TEST_F(OperatorSheet, stores_every_field_and_null_for_an_empty_one) {
   run.Click("cmdEdit");
-  run.Put({{"txtUSER_Company", "Deep Sea"}, {"txtUSER_Address1", ""}, {"txtUSER_Address2", "Pier 7"}, {"txtUSER_City", "Bay"},
-           {"txtUSER_State", "LA"}, {"txtUSER_Zip", "70001"}, {"txtUSER_Contact", "B. Person"}, {"txtUSER_Phone", "5559876543 12"},
-           {"txtUSER_Fax", "5550001111"}, {"txtUSER_Email", "b@b.example"}});
+  run.Put({{"txtUSER_Company", "Deep Sea"},
+           {"txtUSER_Address1", ""},
+           {"txtUSER_Address2", "Pier 7"},
+           {"txtUSER_City", "Bay"},
+           {"txtUSER_State", "LA"},
+           {"txtUSER_Zip", "70001"},
+           {"txtUSER_Contact", "B. Person"},
+           {"txtUSER_Phone", "5559876543 12"},
+           {"txtUSER_Fax", "5550001111"},
+           {"txtUSER_Email", "b@b.example"}});
   EXPECT_EQ(End().first, Texts{});
   EXPECT_FALSE(run.s.editing);
   EXPECT_EQ(Stored("CO_NAME"), "Deep Sea");
@@ -109,14 +119,15 @@ TEST_F(OperatorSheet, is_held_to_its_required_fields_in_their_order) {
     const char *message, *focus, *field, *value;
   };
   // each failure is mended, so that the next one shows
-  for (const Step& step : std::vector<Step>{{"Please enter your Contact Name", "txtUSER_Contact", "txtUSER_Contact", "C"},
-                                            {"Please enter your Phone, Fax, or Email", "txtUSER_Phone", "txtUSER_Phone", "5"},
-                                            {"Please enter Email address", "txtUSER_Email", "txtUSER_Email", "e"},
-                                            {"Please enter your Company Name", "txtUSER_Company", "txtUSER_Company", "N"},
-                                            {"Please enter your Address", "txtUSER_Address1", "txtUSER_Address2", "A"},
-                                            {"Please enter your City", "txtUSER_City", "txtUSER_City", "T"},
-                                            {"Please enter your Zip Code", "txtUSER_Zip", "txtUSER_Zip", "Z"},
-                                            {"Please enter your State", "txtUSER_State", "txtUSER_State", "S"}}) {
+  for (const Step& step :
+       std::vector<Step>{{"Please enter your Contact Name", "txtUSER_Contact", "txtUSER_Contact", "C"},
+                         {"Please enter your Phone, Fax, or Email", "txtUSER_Phone", "txtUSER_Phone", "5"},
+                         {"Please enter Email address", "txtUSER_Email", "txtUSER_Email", "e"},
+                         {"Please enter your Company Name", "txtUSER_Company", "txtUSER_Company", "N"},
+                         {"Please enter your Address", "txtUSER_Address1", "txtUSER_Address2", "A"},
+                         {"Please enter your City", "txtUSER_City", "txtUSER_City", "T"},
+                         {"Please enter your Zip Code", "txtUSER_Zip", "txtUSER_Zip", "Z"},
+                         {"Please enter your State", "txtUSER_State", "txtUSER_State", "S"}}) {
     run.Click("cmdSaveExit");
     ASSERT_EQ(run.boxes.size(), 1u) << step.message;
     EXPECT_EQ(run.boxes[0].text, step.message);
@@ -174,7 +185,8 @@ TEST_F(OperatorSheet, of_an_operator_that_is_gone_says_so_and_shows_nothing) {
 }
 
 TEST_F(OperatorSheet, that_cannot_be_saved_tells_the_fault_and_stays_in_the_edit) {
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE UPDATE ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no room'); END");
+  run.s.db.Execute(
+      "CREATE TRIGGER stop BEFORE UPDATE ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no room'); END");
   run.Click("cmdEdit");
   run.Set("txtUSER_Company", "Deep Sea");
   run.Click("cmdSaveEdits");

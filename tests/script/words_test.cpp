@@ -47,9 +47,13 @@ TEST(SplitWords, refuses_a_quote_that_is_not_closed) {
   EXPECT_FALSE(SplitWords("\""));
 }
 
-TEST(SplitWords, refuses_a_word_that_goes_on_behind_its_closing_quote) { EXPECT_FALSE(SplitWords(R"(set "a"b c)")); }
+TEST(SplitWords, refuses_a_word_that_goes_on_behind_its_closing_quote) {
+  EXPECT_FALSE(SplitWords(R"(set "a"b c)"));
+}
 
-TEST(SplitWords, leaves_bytes_beyond_ascii_alone) { EXPECT_EQ(SplitWords("set x Ä€"), (Words{"set", "x", "Ä€"})); }
+TEST(SplitWords, leaves_bytes_beyond_ascii_alone) {
+  EXPECT_EQ(SplitWords("set x Ä€"), (Words{"set", "x", "Ä€"}));
+}
 
 }  // namespace
 }  // namespace merlu

@@ -5,8 +5,9 @@
 namespace merlu {
 namespace {
 
-void ExpectLocation(const QCLocation& at, const char* level, const char* user, int month, int year, const char* complex = "",
-                    const char* structure = "", const char* type = "", const char* id = "") {
+void ExpectLocation(const QCLocation& at, const char* level, const char* user, int month, int year,
+                    const char* complex = "", const char* structure = "", const char* type = "",
+                    const char* id = "") {
   EXPECT_EQ(at.Level, level);
   EXPECT_EQ(at.UserID, user);
   EXPECT_EQ(at.Month, month);
@@ -36,8 +37,15 @@ TEST(NodeKeys, have_the_length_of_their_level) {
 
 TEST(NodeKeys, of_one_structure_differ_between_the_modes_by_month_and_year) {
   const std::string description = StructureKey("12345", "1001", "1");
-  EXPECT_EQ(description, "K12345" "   1001" " 1");
-  EXPECT_EQ(StructureMonthKey("12345", 1, 2017, "1001", "1"), "K12345" " 12017" "   1001" " 1");
+  EXPECT_EQ(description,
+            "K12345"
+            "   1001"
+            " 1");
+  EXPECT_EQ(StructureMonthKey("12345", 1, 2017, "1001", "1"),
+            "K12345"
+            " 12017"
+            "   1001"
+            " 1");
 }
 
 TEST(NodeKeys, pad_a_short_operator_number_and_cut_a_long_one_to_its_last_five) {
@@ -60,13 +68,15 @@ TEST(NodeKeys, are_read_back_at_every_level_of_activity) {
   ExpectLocation(ParseNodeKey("K   77"), "USER", "77", 0, 0);
   ExpectLocation(ParseNodeKey("K   77 32017"), "SURVEY", "77", 3, 2017);
   ExpectLocation(ParseNodeKey("K   77122017   1001 A"), "STRUCTURE", "77", 12, 2017, "1001", "A");
-  ExpectLocation(ParseNodeKey("K   77122017   1001 ADRI     D-1"), "EQUIPMENT", "77", 12, 2017, "1001", "A", "DRI", "D-1");
+  ExpectLocation(ParseNodeKey("K   77122017   1001 ADRI     D-1"), "EQUIPMENT", "77", 12, 2017, "1001", "A",
+                 "DRI", "D-1");
 }
 
 TEST(NodeKeys, are_read_back_at_every_level_of_description_without_month_and_year) {
   ExpectLocation(ParseDescNodeKey("K12345"), "USER", "12345", 0, 0);
   ExpectLocation(ParseDescNodeKey("K12345   1001 A"), "STRUCTURE", "12345", 0, 0, "1001", "A");
-  ExpectLocation(ParseDescNodeKey("K12345   1001 AFUG     F 1"), "EQUIPMENT", "12345", 0, 0, "1001", "A", "FUG", "F 1");
+  ExpectLocation(ParseDescNodeKey("K12345   1001 AFUG     F 1"), "EQUIPMENT", "12345", 0, 0, "1001", "A",
+                 "FUG", "F 1");
 }
 
 TEST(NodeKeys, of_any_other_length_are_of_no_level) {

@@ -172,7 +172,7 @@ TEST(EquipmentTypes, are_sixteen_with_numbers_codes_and_names_of_their_own) {
 
 TEST(EquipmentTypes, have_the_numbers_that_the_page_memory_is_indexed_by) {
   const std::vector<std::pair<const char*, int>> numbers = {
-      {"AMI", 1}, {"BOI", 2}, {"DIE", 3}, {"FLA", 4}, {"FUG", 5}, {"GLY", 6}, {"DRI", 7}, {"LOA", 8},
+      {"AMI", 1}, {"BOI", 2},  {"DIE", 3},  {"FLA", 4},  {"FUG", 5},  {"GLY", 6},  {"DRI", 7},  {"LOA", 8},
       {"NGE", 9}, {"NGT", 10}, {"STO", 11}, {"VEN", 12}, {"LOS", 13}, {"MUD", 14}, {"PNE", 15}, {"PRE", 16}};
   for (const auto& [code, number] : numbers) {
     ASSERT_NE(FindType(code), nullptr) << code;
@@ -189,11 +189,25 @@ TEST(EquipmentTypes, stand_in_the_order_of_the_new_equipment_dialog) {
 
 TEST(EquipmentTypes, are_found_by_each_of_their_names) {
   const std::vector<std::pair<const char*, const char*>> names = {
-      {"Amine Unit", "AMI"}, {"Boiler, Heater, or Burner", "BOI"}, {"Diesel or Gasoline Engine", "DIE"}, {"Drilling Equipment", "DRI"},
-      {"Combustion Flare", "FLA"}, {"Fugitives", "FUG"}, {"Glycol Unit", "GLY"}, {"Loading Operation", "LOA"},
-      {"Losses from Flashing", "LOS"}, {"Mud Degassing", "MUD"}, {"Natural Gas Engine", "NGE"}, {"NGEngine", "NGE"},
-      {"Natural Gas, Diesel, or Dual-Fuel Turbine", "NGT"}, {"NGTurbine", "NGT"}, {"Pneumatic Pump", "PNE"},
-      {"Pneumatic Controllers", "PRE"}, {"Pressure/Level Controllers", "PRE"}, {"Storage Tank", "STO"}, {"Cold Vent", "VEN"}};
+      {"Amine Unit", "AMI"},
+      {"Boiler, Heater, or Burner", "BOI"},
+      {"Diesel or Gasoline Engine", "DIE"},
+      {"Drilling Equipment", "DRI"},
+      {"Combustion Flare", "FLA"},
+      {"Fugitives", "FUG"},
+      {"Glycol Unit", "GLY"},
+      {"Loading Operation", "LOA"},
+      {"Losses from Flashing", "LOS"},
+      {"Mud Degassing", "MUD"},
+      {"Natural Gas Engine", "NGE"},
+      {"NGEngine", "NGE"},
+      {"Natural Gas, Diesel, or Dual-Fuel Turbine", "NGT"},
+      {"NGTurbine", "NGT"},
+      {"Pneumatic Pump", "PNE"},
+      {"Pneumatic Controllers", "PRE"},
+      {"Pressure/Level Controllers", "PRE"},
+      {"Storage Tank", "STO"},
+      {"Cold Vent", "VEN"}};
   for (const auto& [name, code] : names) {
     ASSERT_NE(FindTypeByName(name), nullptr) << name;
     EXPECT_EQ(FindTypeByName(name)->code, code) << name;

@@ -107,7 +107,8 @@ TEST(DieselEngine, may_run_at_its_maximum_and_not_above) {
   TestRun run;
   run.StartWith("DIE", "D1");
   run.Click("cmdEdit");
-  run.Put({{"txtDIE_OperatingHP", "100.01"}, {"txtDIE_MaxHP", "100"}, {"txtDIE_FuelUsageRate", "70.01"}, {"txtDIE_MaxRatedFuelUsage", "70"}});
+  run.Put({{"txtDIE_OperatingHP", "100.01"}, {"txtDIE_MaxHP", "100"},
+           {"txtDIE_FuelUsageRate", "70.01"}, {"txtDIE_MaxRatedFuelUsage", "70"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Operating Horsepower"), "Operating Horsepower exceeds Max Rated Horsepower");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
@@ -124,7 +125,8 @@ TEST(DieselEngine, keeps_a_comparison_s_finding_while_a_maximum_is_blank) {
   TestRun run;
   run.StartWith("DIE", "D1");
   run.Click("cmdEdit");
-  run.Put({{"txtDIE_OperatingHP", "101"}, {"txtDIE_MaxHP", "100"}, {"txtDIE_FuelUsageRate", "71"}, {"txtDIE_MaxRatedFuelUsage", "70"}});
+  run.Put({{"txtDIE_OperatingHP", "101"}, {"txtDIE_MaxHP", "100"},
+           {"txtDIE_FuelUsageRate", "71"}, {"txtDIE_MaxRatedFuelUsage", "70"}});
   run.Click("cmdQC");
   run.Put({{"txtDIE_MaxHP", ""}, {"txtDIE_MaxRatedFuelUsage", ""}});
   run.Click("cmdQC");

@@ -140,7 +140,7 @@ TEST(DrillingEquipment, keeps_a_rig_name_per_month) {
   run.Keep({{"txtJAC_DrillingEquipment", "North Wind"}});
   run.GoTo("DRI", "R1", Mode::kActv, 1);
   EXPECT_EQ(run.Text("txtJAC_DrillingEquipment"), "Ocean Star");
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT group_concat(DRILLING_EQUIPMENT,'|') FROM (SELECT DRILLING_EQUIPMENT FROM EA_DRI ORDER BY EA_ID_AK)")),
+  EXPECT_EQ(NullToEmpty(run.Sql("SELECT group_concat(DRILLING_EQUIPMENT,'|') FROM (SELECT * FROM EA_DRI ORDER BY EA_ID_AK)")),
             "Ocean Star|North Wind");
 }
 

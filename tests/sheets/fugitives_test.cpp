@@ -196,7 +196,8 @@ TEST(Fugitives, lose_the_mark_of_a_list_that_was_blank_at_the_run_before) {
   run.Click("cmdEdit");
   run.Set(kInspected, "Yes");
   run.Click("cmdQC");
-  const Values lists = {{"cmbFUG_StreamType", "Gas"}, {"cmbFUG_CountType", "Actual"}, {kMethod, "Vapor Analyzer"}, {kMonths, "6"}};
+  const Values lists = {{"cmbFUG_StreamType", "Gas"}, {"cmbFUG_CountType", "Actual"}, {kMethod, "Vapor Analyzer"},
+                        {kMonths, "6"}};
   for (const auto& [list, value] : lists) EXPECT_EQ(run.At(list).back, Back::kFlag) << list;
   run.Put(lists);
   run.Click("cmdQC");
@@ -230,10 +231,13 @@ TEST(Fugitives, taken_out_of_inspection_lose_months_and_method_and_their_finding
 
 TEST(Fugitives, taken_out_of_inspection_keep_a_finding_of_another_text) {
   Sheet sheet;
-  sheet.run.s.db.Execute(
-      "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
-      "VALUES ('12345',0,0,'EQUIPMENT','1001','1','FUG','L1','Method of Inspection','Seldom enough','','DESC')");
-  EXPECT_EQ(sheet.Finding("Method of Inspection"), "Seldom enough");
+  for (const std::string field : {"Months Between Inspections", "Method of Inspection"}) {
+    sheet.run.s.db.Execute(
+        "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
+        "VALUES ('12345',0,0,'EQUIPMENT','1001','1','FUG','L1',?,'Seldom enough','','DESC')",
+        {field});
+    EXPECT_EQ(sheet.Finding(field), "Seldom enough");
+  }
 }
 
 TEST(Fugitives, with_months_that_are_no_number_are_found_without_months) {
@@ -287,13 +291,15 @@ TEST(Fugitives, store_every_stream_and_size_by_its_code) {
     EXPECT_EQ(run.At(list).items, items);
   };
   stores("cmbFUG_StreamType", "STREAM_TYP",
-         {{"Light Oil (>=20 APIG)", "LO"}, {"Heavy Oil (<20 APIG)", "HO"}, {"Oil/Water/Gas", "OG"}, {"Oil/Water", "OW"}, {"Gas", "GA"}, {"NGL", "NG"}});
+         {{"Light Oil (>=20 APIG)", "LO"}, {"Heavy Oil (<20 APIG)", "HO"}, {"Oil/Water/Gas", "OG"},
+          {"Oil/Water", "OW"}, {"Gas", "GA"}, {"NGL", "NG"}});
   stores(kSize, "FACIL_SIZE", {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}});
   stores("cmbFUG_CountType", "COUNT_TYPE", {{"Actual", "Actual"}, {"Default", "Default"}});
   stores(kInspected, "IS_LDAR_IN_PLACE", {{"Yes", "Yes"}, {"No", "No"}});
   run.Set(kInspected, "Yes");
   stores(kMethod, "INSPECTION_METHOD",
-         {{"Optical Instrument", "Optical Instrument"}, {"Vapor Analyzer", "Vapor Analyzer"}, {"Visual Inspection", "Visual Inspection"}});
+         {{"Optical Instrument", "Optical Instrument"}, {"Vapor Analyzer", "Vapor Analyzer"},
+          {"Visual Inspection", "Visual Inspection"}});
 }
 
 TEST(Fugitives, show_no_choice_for_a_stored_code_that_is_unknown_and_keep_it) {

@@ -107,7 +107,8 @@ TEST(GasEngine, may_run_at_its_maximum_and_not_above) {
   TestRun run;
   run.StartWith("NGE", "N1");
   run.Click("cmdEdit");
-  run.Put({{"txtNGE_OperatingHP", "100.01"}, {"txtNGE_MaxHP", "100"}, {"txtNGE_FuelUsageRate", "3000.01"}, {"txtNGE_MaxRatedFuelUsage", "3000"}});
+  run.Put({{"txtNGE_OperatingHP", "100.01"}, {"txtNGE_MaxHP", "100"},
+           {"txtNGE_FuelUsageRate", "3000.01"}, {"txtNGE_MaxRatedFuelUsage", "3000"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Operating Horsepower"), "Operating Horsepower exceeds Max Rated Horsepower");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
@@ -199,7 +200,8 @@ TEST(GasEngine, keeps_its_description_and_reads_it_back) {
                                 "||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT FROM ED_NGE")),
             "Acme| 12-B |1.5 2.5 3.5 4.5 5.5 6.5");
   std::string texts;
-  for (const char* field : {"Mfr", "Model", "MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue", "FuelH2SContent"})
+  for (const char* field : {"Mfr", "Model", "MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue",
+                            "FuelH2SContent"})
     texts += run.Text(std::string("txtNGE_") + field) + "|";
   EXPECT_EQ(texts, "Acme| 12-B |1.5|2.5|3.5|4.5|5.5|6.5|");
 }

@@ -96,6 +96,23 @@ TEST(MudDegassing, keeps_its_days_and_reads_them_back) {
   EXPECT_EQ(run.Text("txtMUD_DaysPerMonth"), "2.5");
 }
 
+TEST(MudDegassing, of_a_month_without_drilling_is_not_checked_nor_dated) {
+  TestRun run;
+  run.StartWith("MUD", "M1");
+  run.GoTo("MUD", "M1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Days per Month"), kBlankFinding);
+  EXPECT_FALSE(IsNull(run.Sql("SELECT EA_QC_DT FROM EA_EQUIP_ACTV")));
+  run.Check("chkMUD_Status", true);
+  run.Click("cmdSaveEdits");
+  run.TakeBoxes();
+  run.Click("cmdQC");
+  EXPECT_EQ(run.TakeBoxes(), Names{"QC skipped for inactive Equipment"});
+  EXPECT_EQ(run.Count("QC"), 0);
+  EXPECT_TRUE(IsNull(run.Sql("SELECT EA_QC_DT FROM EA_EQUIP_ACTV")));
+}
+
 TEST(MudDegassing, opens_the_fields_of_its_mode_for_an_edit) {
   TestRun run;
   run.StartWith("MUD", "M1");

@@ -66,7 +66,8 @@ TEST(PneumaticControllers, lose_the_marks_of_what_was_blank_at_the_run_before) {
   run.StartWith("PRE", "C1");
   run.Click("cmdEdit");
   run.Click("cmdQC");
-  const Values values = {{kMake, "Generic"}, {kModel, "Pilot controller"}, {"cmbPRE_BleedRate", "Zero-bleed"}, {"txtPRE_Quantity", "3"}};
+  const Values values = {{kMake, "Generic"}, {kModel, "Pilot controller"}, {"cmbPRE_BleedRate", "Zero-bleed"},
+                         {"txtPRE_Quantity", "3"}};
   for (const auto& [field, value] : values) EXPECT_EQ(run.At(field).back, Back::kFlag) << field;
   run.Put(values);
   run.Click("cmdQC");
@@ -153,7 +154,8 @@ TEST(PneumaticControllers, keep_the_bleed_rate_by_its_text) {
 TEST(PneumaticControllers, choose_makes_by_service_and_models_by_make) {
   TestRun run;
   run.StartWithStructure();
-  run.s.db.Execute("INSERT INTO listPRE (ServiceType,Mfr,Model) VALUES ('LC','Brown','B1'),('LC','Brown','B2'),('PC','Adams','A1')");
+  run.s.db.Execute(
+      "INSERT INTO listPRE (ServiceType,Mfr,Model) VALUES ('LC','Brown','B1'),('LC','Brown','B2'),('PC','Adams','A1')");
   run.AddEquipment("PRE", "C1");
   run.Click("cmdEdit");
   EXPECT_EQ(run.At(kMake).items, (Texts{"Generic", "Adams"}));
@@ -170,7 +172,8 @@ TEST(PneumaticControllers, choose_makes_by_service_and_models_by_make) {
 TEST(PneumaticControllers, skip_a_repeated_value_only_behind_its_like) {
   TestRun run;
   run.StartWithStructure();
-  run.s.db.Execute("INSERT INTO listPRE (ServiceType,Mfr,Model) VALUES ('PC','Adams','A1'),('PC','Adams','A1'),('PC','Generic','G9')");
+  run.s.db.Execute(
+      "INSERT INTO listPRE (ServiceType,Mfr,Model) VALUES ('PC','Adams','A1'),('PC','Adams','A1'),('PC','Generic','G9')");
   run.AddEquipment("PRE", "C1");
   EXPECT_EQ(run.At(kMake).items, (Texts{"Generic", "Adams", "Generic"}));
   run.Click("cmdEdit");

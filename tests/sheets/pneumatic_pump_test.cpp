@@ -16,8 +16,9 @@ constexpr const char* kRateTag = "Fuel Usage Rate (SCF/hr)";
 constexpr const char* kRemoteTag = "Low Pressure Vent/Flare ID";
 constexpr const char* kNotOverZero = "Value should be greater than 0";
 constexpr const char* kAdding = "Adding new Make-Model to lookup.";
-const std::vector<std::string> kOutlets = {"txtPNE_ExhaustOutletHgt", "txtPNE_ExhaustOutletInnerDiam", "txtPNE_ExhaustOutletExitVel",
-                                           "txtPNE_ExhaustOutletExitT", "txtPNE_ExhaustOutletAngle"};
+const std::vector<std::string> kOutlets = {"txtPNE_ExhaustOutletHgt", "txtPNE_ExhaustOutletInnerDiam",
+                                           "txtPNE_ExhaustOutletExitVel", "txtPNE_ExhaustOutletExitT",
+                                           "txtPNE_ExhaustOutletAngle"};
 
 // An edit of the first month of a new pump.
 struct Month {

@@ -107,7 +107,8 @@ TEST(Turbine, may_run_on_gas_at_its_maximum_and_not_above) {
   TestRun run;
   run.StartWith("NGT", "T1");
   run.Click("cmdEdit");
-  run.Put({{"txtNGT_OperatingHP", "500.01"}, {"txtNGT_MaxHP", "500"}, {"txtNGT_FuelUsageRate", "5000.01"}, {"txtNGT_MaxRatedFuelUsage", "5000"}});
+  run.Put({{"txtNGT_OperatingHP", "500.01"}, {"txtNGT_MaxHP", "500"},
+           {"txtNGT_FuelUsageRate", "5000.01"}, {"txtNGT_MaxRatedFuelUsage", "5000"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Opeating Horsepower"), "Operating Horsepower exceeds Max Rated Horsepower");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");

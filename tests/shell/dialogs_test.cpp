@@ -50,11 +50,19 @@ class NewUser : public testing::Test {
     EXPECT_TRUE(worked);
   }
   void Fill() {
-    run.Put({{"txtUserID", "12345"}, {"txtUSER_Company", "Blue Water"}, {"txtUSER_Address1", "1 Quay"}, {"txtUSER_City", "Port"},
-             {"txtUSER_State", "TX"}, {"txtUSER_Zip", "77001"}, {"txtUSER_Contact", "A. Person"}, {"txtUSER_Phone", "5551234567"},
+    run.Put({{"txtUserID", "12345"},
+             {"txtUSER_Company", "Blue Water"},
+             {"txtUSER_Address1", "1 Quay"},
+             {"txtUSER_City", "Port"},
+             {"txtUSER_State", "TX"},
+             {"txtUSER_Zip", "77001"},
+             {"txtUSER_Contact", "A. Person"},
+             {"txtUSER_Phone", "5551234567"},
              {"txtUSER_Email", "a@b.example"}});
   }
-  std::string Stored(const std::string& column) { return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY")); }
+  std::string Stored(const std::string& column) {
+    return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY"));
+  }
   TestRun run;
 };
 
@@ -62,11 +70,18 @@ TEST_F(NewUser, asks_for_everything_under_its_captions) {
   InDialog([&](Form& form) {
     EXPECT_EQ(form.caption, "New User");
     EXPECT_EQ(form.focus, "txtUserID");
-    const std::vector<std::pair<const char*, const char*>> captions = {
-        {"txtUserID", "RIMA Company No*:"},   {"txtUSER_InvYr", "Inventory Year*:"}, {"txtUSER_Company", "Company Name*:"},
-        {"txtUSER_Address1", "Address 1*:"},  {"txtUSER_Address2", "Address 2:"},    {"txtUSER_City", "City*:"},
-        {"txtUSER_State", "State*:"},         {"txtUSER_Zip", "Zip Code*:"},         {"txtUSER_Contact", "Contact Name*:"},
-        {"txtUSER_Phone", "Phone*:"},         {"txtUSER_Fax", "Fax:"},               {"txtUSER_Email", "Email*:"}};
+    const std::vector<std::pair<const char*, const char*>> captions = {{"txtUserID", "RIMA Company No*:"},
+                                                                       {"txtUSER_InvYr", "Inventory Year*:"},
+                                                                       {"txtUSER_Company", "Company Name*:"},
+                                                                       {"txtUSER_Address1", "Address 1*:"},
+                                                                       {"txtUSER_Address2", "Address 2:"},
+                                                                       {"txtUSER_City", "City*:"},
+                                                                       {"txtUSER_State", "State*:"},
+                                                                       {"txtUSER_Zip", "Zip Code*:"},
+                                                                       {"txtUSER_Contact", "Contact Name*:"},
+                                                                       {"txtUSER_Phone", "Phone*:"},
+                                                                       {"txtUSER_Fax", "Fax:"},
+                                                                       {"txtUSER_Email", "Email*:"}};
     for (const auto& [name, caption] : captions) EXPECT_EQ(form.At(name).caption, caption) << name;
     EXPECT_EQ(form.At("txtUSER_InvYr").text, "2017");
     EXPECT_EQ(form.At("txtUSER_Phone").text, "(___) ___ - ____ ext ____");
@@ -74,7 +89,8 @@ TEST_F(NewUser, asks_for_everything_under_its_captions) {
     Texts labels;
     for (const Control& control : form.controls())
       if (control.kind == Kind::kLabel) labels.push_back(control.text);
-    EXPECT_EQ(labels, (Texts{"Please enter your User Information", "Only the owner/lessees can be listed as the Registered User",
+    EXPECT_EQ(labels, (Texts{"Please enter your User Information",
+                             "Only the owner/lessees can be listed as the Registered User",
                              "* = Required Information"}));
     EXPECT_EQ(form.default_button, "cmdOK");
     EXPECT_EQ(form.cancel_button, "cmdCANCEL");
@@ -162,11 +178,13 @@ TEST_F(NewUser, writes_the_operator_the_year_and_the_first_month) {
     run.Set("txtUSER_InvYr", "2014");
     run.Click("cmdOK");
   });
-  const Rows row = run.s.db.Query("SELECT RIMA_CO_NUM,CO_NAME,ADDR1,ADDR2,City,State,Zip,Contact,Phone,Email FROM CO_COMPANY");
+  const Rows row = run.s.db.Query(
+      "SELECT RIMA_CO_NUM,CO_NAME,ADDR1,ADDR2,City,State,Zip,Contact,Phone,Email FROM CO_COMPANY");
   ASSERT_EQ(row.rows.size(), 1u);
-  EXPECT_EQ(row.rows[0], (Values{std::string("12345"), std::string("Blue Water"), std::string("1 Quay"), Null{}, std::string("Port"),
-                                 std::string("TX"), std::string("77001"), std::string("A. Person"),
-                                 std::string("(555) 123 - 4567 ext ____"), std::string("a@b.example")}));
+  EXPECT_EQ(row.rows[0],
+            (Values{std::string("12345"), std::string("Blue Water"), std::string("1 Quay"), Null{},
+                    std::string("Port"), std::string("TX"), std::string("77001"), std::string("A. Person"),
+                    std::string("(555) 123 - 4567 ext ____"), std::string("a@b.example")}));
   EXPECT_EQ(ToInteger(run.Sql("SELECT sys_yr FROM SYS_CONFIG")), 2014);
   EXPECT_EQ(ToInteger(run.Sql("SELECT SYS_MAX_MO FROM SYS_CONFIG")), 1);
   EXPECT_EQ(run.s.year, 2014);
@@ -188,7 +206,8 @@ TEST_F(NewUser, refuses_a_year_that_no_key_can_hold) {
 }
 
 TEST_F(NewUser, that_cannot_be_stored_stays_open_and_tells_why) {
-  Raw(run.settings["Options/DBloc"], {"CREATE TRIGGER stop BEFORE INSERT ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no'); END"});
+  Raw(run.settings["Options/DBloc"],
+      {"CREATE TRIGGER stop BEFORE INSERT ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no'); END"});
   InDialog([&](Form& form) {
     Fill();
     run.Click("cmdOK");
@@ -220,7 +239,11 @@ class NewStructureDialog : public testing::Test {
     EXPECT_TRUE(worked);
   }
   void Fill(const std::string& complex = "1001", const std::string& structure = "A") {
-    run.Put({{"txtComplxID", complex}, {"txtStructID", structure}, {"txtArea", "GI"}, {"txtBlock", "43"}, {"txtName", "N"}});
+    run.Put({{"txtComplxID", complex},
+             {"txtStructID", structure},
+             {"txtArea", "GI"},
+             {"txtBlock", "43"},
+             {"txtName", "N"}});
   }
   TestRun run;
 };
@@ -241,11 +264,12 @@ TEST_F(NewStructureDialog, asks_for_the_ids_and_the_three_parts_of_the_name) {
 
 TEST_F(NewStructureDialog, is_held_to_its_checks_in_their_order) {
   InDialog([&](Form& form) {
-    ExpectRefusals(run, form, {{"Please supply a valid RIMA Complex ID (7 chars)", "txtComplxID", "txtComplxID", "1001"},
-                               {"Please supply a valid RIMA Structure ID (2 chars)", "txtStructID", "txtStructID", "A"},
-                               {"Please supply a valid Area", "txtArea", "txtArea", "GI"},
-                               {"Please supply a valid Block", "txtBlock", "txtBlock", "43"},
-                               {"Please supply a valid Name", "txtName", "txtName", "N"}});
+    ExpectRefusals(run, form,
+                   {{"Please supply a valid RIMA Complex ID (7 chars)", "txtComplxID", "txtComplxID", "1001"},
+                    {"Please supply a valid RIMA Structure ID (2 chars)", "txtStructID", "txtStructID", "A"},
+                    {"Please supply a valid Area", "txtArea", "txtArea", "GI"},
+                    {"Please supply a valid Block", "txtBlock", "txtBlock", "43"},
+                    {"Please supply a valid Name", "txtName", "txtName", "N"}});
     run.Click("cmdOK");
     EXPECT_FALSE(form.visible);
   });
@@ -267,7 +291,8 @@ TEST_F(NewStructureDialog, refuses_a_pair_of_ids_that_exists_in_any_case_and_emp
   InDialog([&](Form& form) {
     Fill("AB1", "X");
     run.Click("cmdOK");
-    EXPECT_EQ(run.TakeBoxes(), Texts{"This Complex/Structure ID already exists. Please enter unique Complex/Structure ID."});
+    EXPECT_EQ(run.TakeBoxes(),
+              Texts{"This Complex/Structure ID already exists. Please enter unique Complex/Structure ID."});
     EXPECT_TRUE(form.visible);
     EXPECT_EQ(form.At("txtStructID").text, "");
     EXPECT_EQ(form.At("txtComplxID").text, "AB1");
@@ -298,25 +323,29 @@ TEST_F(NewStructureDialog, adds_nothing_when_it_is_cancelled) {
 
 TEST_F(NewStructureDialog, selects_the_new_node_among_its_sorted_neighbours) {
   for (const char* name : {"B", "C", "A"}) run.AddStructure(std::string("1") + name, "1", name);
-  EXPECT_EQ(run.TreeKeys(), (Texts{"K12345", run.Key("", "", 0, "1A"), run.Key("", "", 0, "1B"), run.Key("", "", 0, "1C")}));
+  EXPECT_EQ(run.TreeKeys(),
+            (Texts{"K12345", run.Key("", "", 0, "1A"), run.Key("", "", 0, "1B"), run.Key("", "", 0, "1C")}));
   EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].text, "GI, 43, A");
   EXPECT_EQ(run.s.current.CmplxID, "1A");
   EXPECT_EQ(run.Text("txtSTRUCTURE_Name"), "A");
 }
 
 TEST_F(NewStructureDialog, can_be_opened_from_the_menu) {
-  InDialog([&](Form& form) {
-    Fill();
-    run.Click("cmdOK");
-    EXPECT_FALSE(form.visible);
-  }, "mnuENewStructure");
+  InDialog(
+      [&](Form& form) {
+        Fill();
+        run.Click("cmdOK");
+        EXPECT_FALSE(form.visible);
+      },
+      "mnuENewStructure");
   EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1);
 }
 
 TEST_F(NewStructureDialog, is_blank_at_every_opening) {
   InDialog([&](Form&) { Fill(); });
   InDialog([&](Form& form) {
-    for (const char* name : {"txtComplxID", "txtStructID", "txtArea", "txtBlock", "txtName"}) EXPECT_EQ(form.At(name).text, "") << name;
+    for (const char* name : {"txtComplxID", "txtStructID", "txtArea", "txtBlock", "txtName"})
+      EXPECT_EQ(form.At(name).text, "") << name;
   });
 }
 
@@ -342,15 +371,18 @@ class NewEquipmentDialog : public testing::Test {
     run.Click("cmdSTRUCTURE_AddEquip");
     EXPECT_TRUE(worked);
   }
-  void Fill(const std::string& id, const std::string& type) { run.Put({{"txtEquipID", id}, {"cmbEquipType", type}}); }
+  void Fill(const std::string& id, const std::string& type) {
+    run.Put({{"txtEquipID", id}, {"cmbEquipType", type}});
+  }
   TestRun run;
 };
 
 TEST_F(NewEquipmentDialog, shows_where_the_equipment_goes_and_asks_for_id_and_type) {
   InDialog([&](Form& form) {
     EXPECT_EQ(form.caption, "New Equipment");
-    const std::vector<std::array<const char*, 3>> fixed = {
-        {"txtUserID", "RIMA Company No:", "12345"}, {"txtComplxID", "RIMA Complex ID:", "1001"}, {"txtStructID", "RIMA Structure ID:", "1"}};
+    const std::vector<std::array<const char*, 3>> fixed = {{"txtUserID", "RIMA Company No:", "12345"},
+                                                           {"txtComplxID", "RIMA Complex ID:", "1001"},
+                                                           {"txtStructID", "RIMA Structure ID:", "1"}};
     for (const auto& [name, caption, text] : fixed) {
       EXPECT_EQ(form.At(name).caption, caption);
       EXPECT_EQ(form.At(name).text, text);
@@ -359,18 +391,20 @@ TEST_F(NewEquipmentDialog, shows_where_the_equipment_goes_and_asks_for_id_and_ty
     EXPECT_EQ(form.At("txtEquipID").caption, "Equipment ID (8 chars max):");
     EXPECT_EQ(form.At("cmbEquipType").caption, "Equipment Type:");
     EXPECT_EQ(form.At("cmbEquipType").items,
-              (Texts{"Amine Unit", "Boiler, Heater, or Burner", "Cold Vent", "Combustion Flare", "Diesel or Gasoline Engine",
-                     "Drilling Equipment", "Fugitives", "Glycol Unit", "Loading Operation", "Losses from Flashing", "Mud Degassing",
-                     "Natural Gas Engine", "Natural Gas, Diesel, or Dual-Fuel Turbine", "Pneumatic Pump", "Pneumatic Controllers",
+              (Texts{"Amine Unit", "Boiler, Heater, or Burner", "Cold Vent", "Combustion Flare",
+                     "Diesel or Gasoline Engine", "Drilling Equipment", "Fugitives", "Glycol Unit",
+                     "Loading Operation", "Losses from Flashing", "Mud Degassing", "Natural Gas Engine",
+                     "Natural Gas, Diesel, or Dual-Fuel Turbine", "Pneumatic Pump", "Pneumatic Controllers",
                      "Storage Tank"}));
   });
 }
 
 TEST_F(NewEquipmentDialog, needs_an_id_and_a_type) {
   InDialog([&](Form& form) {
-    ExpectRefusals(run, form, {{"Please supply a valid Equipment ID (8 chars max)", "txtEquipID", "txtEquipID", "   "},
-                               {"Please supply a valid Equipment ID (8 chars max)", "txtEquipID", "txtEquipID", "F1"},
-                               {"Please select an Equipment Type", "cmbEquipType", "cmbEquipType", "Combustion Flare"}});
+    ExpectRefusals(run, form,
+                   {{"Please supply a valid Equipment ID (8 chars max)", "txtEquipID", "txtEquipID", "   "},
+                    {"Please supply a valid Equipment ID (8 chars max)", "txtEquipID", "txtEquipID", "F1"},
+                    {"Please select an Equipment Type", "cmbEquipType", "cmbEquipType", "Combustion Flare"}});
     run.Click("cmdOK");
     EXPECT_FALSE(form.visible);
   });
@@ -431,6 +465,8 @@ TEST_F(NewEquipmentDialog, tells_any_other_fault_with_its_number) {
     EXPECT_EQ(run.TakeBoxes(), Texts{"no 3146"});
     EXPECT_TRUE(form.visible);
   });
+  EXPECT_EQ(ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM ED_EQUIP_DESC")),
+            1);  // what was written before stays
 }
 
 TEST_F(NewEquipmentDialog, adds_nothing_when_it_is_cancelled) {

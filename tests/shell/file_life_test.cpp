@@ -28,7 +28,8 @@ class OtherDatabase : public testing::Test {
     run.StartWith("FLA", "F1");
     first = run.s.path;
     second = CopyTemplate(run.folder, "second.mdb");
-    Raw(second, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME) VALUES ('77','Second')", "INSERT INTO SYS_CONFIG VALUES (2016,2,0)"});
+    Raw(second, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME) VALUES ('77','Second')",
+                 "INSERT INTO SYS_CONFIG VALUES (2016,2,0)"});
   }
   void ExpectFirst() {
     EXPECT_EQ(run.settings["Options/DBloc"], first);
@@ -80,8 +81,10 @@ TEST_F(OtherDatabase, of_the_version_before_is_refused_and_not_remembered) {
   run.Click("mnuFileSelectDatabase");
   ASSERT_EQ(run.boxes.size(), 1u);
   EXPECT_EQ(run.boxes[0].text,
-            "You are trying to open a previous version of the MERLU database. If you would like to use your previous MERLU data, you must "
-            "request your 2014 files from RIMA, because the MERLU 2017 program structure is slightly different. Then you will need to "
+            "You are trying to open a previous version of the MERLU database. If you would like to use your "
+            "previous MERLU data, you must "
+            "request your 2014 files from RIMA, because the MERLU 2017 program structure is slightly "
+            "different. Then you will need to "
             "import the data.");
   EXPECT_EQ(run.boxes[0].title, "Data Validation");
   EXPECT_EQ(run.boxes[0].icon, Icon::kWarning);
@@ -108,7 +111,8 @@ TEST_F(OtherDatabase, of_an_operator_that_is_not_known_asks_for_it) {
   const std::string fresh = CopyTemplate(run.folder, "fresh.mdb");
   run.files = {fresh};
   run.Click("mnuFileSelectDatabase");
-  EXPECT_EQ(run.TakeBoxes(), Texts{"Sorry, cannot proceed without User Information - MERLU is shutting down now..."});
+  EXPECT_EQ(run.TakeBoxes(),
+            Texts{"Sorry, cannot proceed without User Information - MERLU is shutting down now..."});
   EXPECT_TRUE(run.s.ended);
 }
 
@@ -192,7 +196,8 @@ TEST_F(EmptyDatabase, where_no_file_can_be_made_tells_why) {
   run.files = {target + "/file"};
   run.Click("mnuFileCreateNewDB");
   ASSERT_EQ(run.boxes.size(), 1u);
-  EXPECT_TRUE(run.boxes[0].text.starts_with("Cannot make the file " + target + "/file/MERLU.mdb: ")) << run.boxes[0].text;
+  EXPECT_TRUE(run.boxes[0].text.starts_with("Cannot make the file " + target + "/file/MERLU.mdb: "))
+      << run.boxes[0].text;
   EXPECT_TRUE(run.boxes[0].text.ends_with(" 75")) << run.boxes[0].text;
   EXPECT_EQ(Bytes(target + "/file"), "x");
 }

@@ -19,7 +19,8 @@ namespace {
 using Texts = std::vector<std::string>;
 
 constexpr const char* kCannotOpen =
-    "Can't open MERLU database.  The database may be in use or may have been moved.  If the database had been in use, please press "
+    "Can't open MERLU database.  The database may be in use or may have been moved.  If the database had "
+    "been in use, please press "
     "Retry. If the database has been moved, please press Cancel.\n\n";
 constexpr const char* kInUse = "Database may be in use.  Please close the database.\n\n";
 
@@ -37,7 +38,8 @@ std::string Told(const char* heading, int number, const std::string& description
 // A start on a file that cannot be opened.
 class BadFile : public testing::Test {
  protected:
-  // The box of the failed open, which Cancel answers; the repair's own box, when it said something, comes before.
+  // The box of the failed open, which Cancel answers; the repair's own box, when it said something, comes
+  // before.
   Box OpenAndCancel(const std::string& at) {
     run.settings["Options/DBloc"] = at;
     run.TakeBoxes();
@@ -62,7 +64,9 @@ class BadFile : public testing::Test {
     EXPECT_TRUE(run.s.tree.nodes.empty());
     EXPECT_EQ(run.s.main->front, "none");
   }
-  void Write(const std::string& name, const std::string& bytes) { std::ofstream(run.folder.path(name), std::ios::binary) << bytes; }
+  void Write(const std::string& name, const std::string& bytes) {
+    std::ofstream(run.folder.path(name), std::ios::binary) << bytes;
+  }
 
   TestRun run;
   std::string repair;
@@ -85,13 +89,15 @@ TEST_F(BadFile, that_is_a_folder_is_told_as_missing) {
 TEST_F(BadFile, that_is_a_text_is_no_database_and_stays_as_it_is) {
   const std::string text(4000, 'x');
   Write("text.mdb", text);
-  EXPECT_EQ(OpenAndCancel(run.folder.path("text.mdb")).text, Told(kCannotOpen, 3343, "The file is not a MERLU database."));
+  EXPECT_EQ(OpenAndCancel(run.folder.path("text.mdb")).text,
+            Told(kCannotOpen, 3343, "The file is not a MERLU database."));
   EXPECT_EQ(Bytes(run.folder.path("text.mdb")), text);
 }
 
 TEST_F(BadFile, that_is_shorter_than_a_header_is_no_database) {
   Write("text.mdb", "short");
-  EXPECT_EQ(OpenAndCancel(run.folder.path("text.mdb")).text, Told(kCannotOpen, 3343, "The file is not a MERLU database."));
+  EXPECT_EQ(OpenAndCancel(run.folder.path("text.mdb")).text,
+            Told(kCannotOpen, 3343, "The file is not a MERLU database."));
   EXPECT_EQ(Bytes(run.folder.path("text.mdb")), "short");
 }
 
@@ -106,11 +112,16 @@ TEST_F(BadFile, of_another_program_lacks_the_tables_and_stays_as_it_is) {
   sqlite3* other = nullptr;
   const std::string path = run.folder.path("other.mdb");
   ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(other, "CREATE TABLE QC (UserID, EquipID, StructID, [desc]); INSERT INTO QC VALUES (1,2,3,4);"
-                                "CREATE TABLE books (title)", nullptr, nullptr, nullptr), SQLITE_OK);
+  ASSERT_EQ(
+      sqlite3_exec(other,
+                   "CREATE TABLE QC (UserID, EquipID, StructID, [desc]); INSERT INTO QC VALUES (1,2,3,4);"
+                   "CREATE TABLE books (title)",
+                   nullptr, nullptr, nullptr),
+      SQLITE_OK);
   sqlite3_close(other);
   const std::string before = Bytes(path);
-  EXPECT_EQ(OpenAndCancel(path).text, Told(kCannotOpen, 3078, "The database engine cannot find the input table 'SYS_CONFIG'."));
+  EXPECT_EQ(OpenAndCancel(path).text,
+            Told(kCannotOpen, 3078, "The database engine cannot find the input table 'SYS_CONFIG'."));
   EXPECT_EQ(Bytes(path), before);
 }
 
@@ -120,7 +131,8 @@ TEST_F(BadFile, that_lacks_any_one_of_its_tables_names_it) {
     Raw(path, {std::string("DROP TABLE ") + table, "CREATE TABLE QC_XREF (StructID, EquipID)"});
     const std::string before = Bytes(path);
     EXPECT_EQ(OpenAndCancel(path).text,
-              Told(kCannotOpen, 3078, std::string("The database engine cannot find the input table '") + table + "'."));
+              Told(kCannotOpen, 3078,
+                   std::string("The database engine cannot find the input table '") + table + "'."));
     EXPECT_EQ(Bytes(path), before) << table;
   }
 }
@@ -179,7 +191,7 @@ TEST_F(BadFile, leaves_a_window_whose_commands_say_what_is_wrong_and_nothing_wor
 // Another program that holds the file from its beginning until it is told to let go.
 class Holder {
  public:
-  explicit Holder(const std::string& path) {
+  explicit Holder(const std::string& path, const char* how = "BEGIN EXCLUSIVE") {
     int to_child[2], to_parent[2];
     if (pipe(to_child) != 0 || pipe(to_parent) != 0) throw std::runtime_error("no pipe");
     child_ = fork();
@@ -188,7 +200,7 @@ class Holder {
       close(to_child[1]);
       sqlite3* db = nullptr;
       sqlite3_open(path.c_str(), &db);
-      char letter = sqlite3_exec(db, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) == SQLITE_OK ? 'y' : 'n';
+      char letter = sqlite3_exec(db, how, nullptr, nullptr, nullptr) == SQLITE_OK ? 'y' : 'n';
       if (write(to_parent[1], &letter, 1) != 1) _exit(1);
       const bool told = read(to_child[0], &letter, 1) == 0;
       sqlite3_close(db);
@@ -198,7 +210,8 @@ class Holder {
     close(to_parent[1]);
     release_ = to_child[1];
     char letter = 0;
-    if (read(to_parent[0], &letter, 1) != 1 || letter != 'y') throw std::runtime_error("the file cannot be held");
+    if (read(to_parent[0], &letter, 1) != 1 || letter != 'y')
+      throw std::runtime_error("the file cannot be held");
     close(to_parent[0]);
   }
   ~Holder() { LetGo(); }
@@ -237,6 +250,14 @@ TEST_F(BadFile, that_another_program_holds_is_in_use_and_stays_as_it_is) {
   EXPECT_EQ(Bytes(path), before);
 }
 
+TEST_F(BadFile, that_another_program_writes_to_is_in_use_when_the_start_must_write) {
+  const std::string path = CopyTemplate(run.folder);
+  Raw(path, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
+  Holder holder(path, "BEGIN IMMEDIATE");
+  EXPECT_EQ(OpenAndCancel(path).text, Told(kInUse, 3261, "The database is locked by another program."));
+  EXPECT_EQ(repair, "");
+}
+
 TEST(HeldFile, opens_at_the_retry_after_it_was_let_go) {
   WaitingRun run;
   const std::string path = CopyTemplate(run.folder);
@@ -256,7 +277,8 @@ TEST(HeldFile, opens_at_the_retry_after_it_was_let_go) {
 TEST(HeldFile, is_not_repaired_by_a_retry) {
   WaitingRun run;
   const std::string path = CopyTemplate(run.folder);
-  Raw(path, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')", "INSERT INTO QC (UserID,EquipID,StructID) VALUES ('77','X','1')"});
+  Raw(path, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')",
+             "INSERT INTO QC (UserID,EquipID,StructID) VALUES ('77','X','1')"});
   Holder holder(path);
   run.meanwhile = [&](const Box&) {
     holder.LetGo();
@@ -292,13 +314,17 @@ class Repair : public testing::Test {
     run.s.path = CopyTemplate(run.folder);
     Raw(run.s.path, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('12345')",
                      "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,STRUCT_NUM) VALUES (1,'1'),(2,'2')",
-                     "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_MERLU_EQUIP_ID) VALUES (1,1,'F1'),(2,1,'F1'),(3,2,'V1')"});
+                     "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_MERLU_EQUIP_ID) VALUES "
+                     "(1,1,'F1'),(2,1,'F1'),(3,2,'V1')"});
   }
-  void AddFinding(const std::string& structure, const std::string& equipment, const std::string& text = "text") {
-    Raw(run.s.path, {"INSERT INTO QC (UserID,StructID,EquipID,FieldID,[Desc]) VALUES ('12345','" + structure + "','" + equipment + "','f','" +
-                     text + "')"});
+  void AddFinding(const std::string& structure, const std::string& equipment,
+                  const std::string& text = "text") {
+    Raw(run.s.path, {"INSERT INTO QC (UserID,StructID,EquipID,FieldID,[Desc]) VALUES ('12345','" + structure +
+                     "','" + equipment + "','f','" + text + "')"});
   }
-  std::int64_t Count(const std::string& what) { return ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM " + what)); }
+  std::int64_t Count(const std::string& what) {
+    return ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM " + what));
+  }
   TestRun run;
 };
 
@@ -335,9 +361,14 @@ TEST_F(Repair, takes_the_retired_finding_of_equipment_that_exists) {
 
 TEST_F(Repair, leaves_its_mark_with_every_pair_once_and_two_indexes) {
   RepairOnFirstOpen(run.s);
-  EXPECT_EQ(NullToEmpty(RawValue(run.s.path, "SELECT group_concat(StructID||EquipID,' ') FROM (SELECT * FROM QC_XREF ORDER BY 1)")), "1F1 2V1");
-  EXPECT_EQ(NullToEmpty(RawValue(run.s.path, "SELECT group_concat(name,' ') FROM (SELECT name FROM pragma_index_list('QC_XREF') WHERE "
-                                             "\"unique\"=0 ORDER BY name)")),
+  EXPECT_EQ(
+      NullToEmpty(RawValue(
+          run.s.path, "SELECT group_concat(StructID||EquipID,' ') FROM (SELECT * FROM QC_XREF ORDER BY 1)")),
+      "1F1 2V1");
+  EXPECT_EQ(NullToEmpty(RawValue(
+                run.s.path,
+                "SELECT group_concat(name,' ') FROM (SELECT name FROM pragma_index_list('QC_XREF') WHERE "
+                "\"unique\"=0 ORDER BY name)")),
             "EquipID StructID");
 }
 

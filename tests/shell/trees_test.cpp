@@ -49,22 +49,26 @@ class Trees : public testing::Test {
 
 TEST_F(Trees, of_descriptions_hang_structures_and_equipment_sorted_under_the_operator) {
   run.ChangeTo(Mode::kDesc);
-  EXPECT_EQ(TreeTexts(run),
-            (Texts{"Operator: 12345", "  GI, 43, A", "    Amine Unit: X1", "    Boiler, Heater, or Burner: X1", "    Cold Vent: X1",
-                   "    Combustion Flare: X1", "    Diesel or Gasoline Engine: X1", "    Drilling Equipment: X1", "    Fugitives: X1",
-                   "    Glycol Unit: X1", "    Loading Operation: X1", "    Losses from Flashing: X1", "    Mud Degassing: X1",
-                   "    NG Engine: X1", "    NG Turbine: X1", "    Pneumatic Controllers: X1", "    Pneumatic Pump: X1",
-                   "    Storage Tank: X1", "  GI, 43, a"}));
+  EXPECT_EQ(
+      TreeTexts(run),
+      (Texts{"Operator: 12345", "  GI, 43, A", "    Amine Unit: X1", "    Boiler, Heater, or Burner: X1",
+             "    Cold Vent: X1", "    Combustion Flare: X1", "    Diesel or Gasoline Engine: X1",
+             "    Drilling Equipment: X1", "    Fugitives: X1", "    Glycol Unit: X1",
+             "    Loading Operation: X1", "    Losses from Flashing: X1", "    Mud Degassing: X1",
+             "    NG Engine: X1", "    NG Turbine: X1", "    Pneumatic Controllers: X1",
+             "    Pneumatic Pump: X1", "    Storage Tank: X1", "  GI, 43, a"}));
 }
 
 TEST_F(Trees, of_activity_hang_structures_and_equipment_under_each_month_but_no_fugitives) {
   Texts expected = {"Operator: 12345"};
   for (const char* month : {"  Monthly Survey 2017/01", "  Monthly Survey 2017/02"})
     for (const char* text :
-         {month, "    GI, 43, A", "      Amine Unit: X1", "      Boiler, Heater, or Burner: X1", "      Cold Vent: X1",
-          "      Combustion Flare: X1", "      Diesel or Gasoline Engine: X1", "      Drilling Equipment: X1", "      Glycol Unit: X1",
-          "      Loading Operation: X1", "      Losses from Flashing: X1", "      Mud Degassing: X1", "      NG Engine: X1",
-          "      NG Turbine: X1", "      Pneumatic Controllers: X1", "      Pneumatic Pump: X1", "      Storage Tank: X1", "    GI, 43, a"})
+         {month, "    GI, 43, A", "      Amine Unit: X1", "      Boiler, Heater, or Burner: X1",
+          "      Cold Vent: X1", "      Combustion Flare: X1", "      Diesel or Gasoline Engine: X1",
+          "      Drilling Equipment: X1", "      Glycol Unit: X1", "      Loading Operation: X1",
+          "      Losses from Flashing: X1", "      Mud Degassing: X1", "      NG Engine: X1",
+          "      NG Turbine: X1", "      Pneumatic Controllers: X1", "      Pneumatic Pump: X1",
+          "      Storage Tank: X1", "    GI, 43, a"})
       expected.push_back(text);
   EXPECT_EQ(TreeTexts(run), expected);
 }
@@ -80,7 +84,8 @@ TEST_F(Trees, give_one_structure_a_key_of_each_mode) {
 TEST_F(Trees, are_numbered_by_type_in_the_order_of_the_build) {
   std::string order;
   for (const TreeNode& node : run.s.tree.nodes)
-    if (node.key.size() == kEquipmentMonthKeyLength && node.key.substr(6, 2) == " 1") order += node.key.substr(21, 3) + " ";
+    if (node.key.size() == kEquipmentMonthKeyLength && node.key.substr(6, 2) == " 1")
+      order += node.key.substr(21, 3) + " ";
   EXPECT_EQ(order, "AMI BOI DIE DRI FLA GLY LOA LOS MUD NGE NGT PNE PRE STO VEN ");
   run.ChangeTo(Mode::kDesc);
   order.clear();
@@ -94,7 +99,8 @@ TEST_F(Trees, keep_the_row_keys_of_their_structures_and_equipment_beside_them) {
   EXPECT_EQ(run.s.equipment_month_list.size(), 30u);
   const std::int64_t* row = run.s.equipment_month_list.Find(run.Key("VEN", "X1", 2));
   ASSERT_NE(row, nullptr);
-  EXPECT_EQ(*row, ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN' AND EA_MO=2")));
+  EXPECT_EQ(*row,
+            ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN' AND EA_MO=2")));
   run.ChangeTo(Mode::kDesc);
   EXPECT_EQ(run.s.structure_list.size(), 2u);
   EXPECT_EQ(run.s.equipment_list.size(), 16u);
@@ -130,7 +136,8 @@ TEST_F(Trees, remember_the_status_of_each_structure_month) {
   EXPECT_EQ(run.s.activity_record.FindTag(run.Key("", "", 1))->Status, "A");
   EXPECT_EQ(run.s.activity_record.FindTag(run.Key("", "", 2))->Status, "I");
   EXPECT_EQ(run.s.activity_record.FindTag(run.Key("", "", 2, "2", "B"))->Status, "");
-  const std::int64_t id = ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=2"));
+  const std::int64_t id =
+      ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=2"));
   EXPECT_EQ(run.s.activity_record.FindUid(id)->TreeTag, run.Key("", "", 2));
 }
 
@@ -245,7 +252,8 @@ TEST_F(Trees, ask_for_an_operator_who_is_gone_and_end_without_one) {
   run.dialogs.push_back([&](Form& form) { asked = form.name() == "frmNewUser"; });
   RefreshTree(run.s);
   EXPECT_TRUE(asked);
-  EXPECT_EQ(run.TakeBoxes(), Texts{"Sorry, cannot proceed without User Information - TARNE is shutting down now..."});
+  EXPECT_EQ(run.TakeBoxes(),
+            Texts{"Sorry, cannot proceed without User Information - TARNE is shutting down now..."});
   EXPECT_TRUE(run.s.ended);
 }
 
@@ -254,7 +262,8 @@ TEST_F(Trees, have_a_root_for_each_operator) {
   RefreshTree(run.s);
   const Texts texts = TreeTexts(run);
   EXPECT_EQ(texts.front(), "Operator: 12345");
-  EXPECT_EQ(Texts(texts.end() - 3, texts.end()), (Texts{"Operator: 7", "  Monthly Survey 2017/01", "  Monthly Survey 2017/02"}));
+  EXPECT_EQ(Texts(texts.end() - 3, texts.end()),
+            (Texts{"Operator: 7", "  Monthly Survey 2017/01", "  Monthly Survey 2017/02"}));
   EXPECT_EQ(Selected(run), "K12345");
 }
 
@@ -290,8 +299,10 @@ TEST(TreeOfOddIds, stands_on_the_row_of_an_id_with_letters_beyond_ascii) {
   run.ChangeTo(Mode::kActv);
   run.Select(run.Key("FLA", "F2", 1));
   run.Select(run.Key("FLA", "É1", 1));
-  EXPECT_EQ(run.s.EA_ID_AK, ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
-                                              "WHERE ED_MERLU_EQUIP_ID='É1'")));
+  EXPECT_EQ(
+      run.s.EA_ID_AK,
+      ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
+                        "WHERE ED_MERLU_EQUIP_ID='É1'")));
 }
 
 TEST(TreeOfOddIds, stands_on_the_row_of_a_structure_with_letters_beyond_ascii) {
@@ -337,13 +348,18 @@ class LargeTree : public testing::Test {
   // A file with one structure of one month and that many flares on it.
   void Lay(int flares) {
     const std::string path = CopyTemplate(run.folder);
-    const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(flares) + ") ";
-    Raw(path, {"BEGIN", "INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('12345')", "INSERT INTO SYS_CONFIG VALUES (2017,1,0)",
-               "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) VALUES (1,'12345','1001','1')",
+    const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" +
+                                std::to_string(flares) + ") ";
+    Raw(path, {"BEGIN", "INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('12345')",
+               "INSERT INTO SYS_CONFIG VALUES (2017,1,0)",
+               "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) VALUES "
+               "(1,'12345','1001','1')",
                "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (1,1,1,2017,'A')",
-               numbers + "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID) SELECT i,1,'FLA',i FROM n",
+               numbers + "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID) "
+                         "SELECT i,1,'FLA',i FROM n",
                "INSERT INTO ED_FLA (ED_ID_AK) SELECT ED_ID_AK FROM ED_EQUIP_DESC",
-               "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_MO,EA_YR,EA_EQUIP_TYP) SELECT ED_ID_AK,ED_ID_AK,1,2017,'FLA' FROM ED_EQUIP_DESC",
+               "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_MO,EA_YR,EA_EQUIP_TYP) SELECT "
+               "ED_ID_AK,ED_ID_AK,1,2017,'FLA' FROM ED_EQUIP_DESC",
                "INSERT INTO EA_FLA (EA_ID_AK) SELECT EA_ID_AK FROM EA_EQUIP_ACTV", "COMMIT"});
     run.Start(path);
   }
@@ -362,7 +378,8 @@ TEST_F(LargeTree, holds_39_999_equipment_months) {
 TEST_F(LargeTree, ends_the_program_at_40_000_equipment_months) {
   Lay(40000);
   ASSERT_EQ(run.boxes.size(), 1u);
-  EXPECT_EQ(run.boxes[0].text, "An internal array is not large enough for your structures. Please contact Technical Support.");
+  EXPECT_EQ(run.boxes[0].text,
+            "An internal array is not large enough for your structures. Please contact Technical Support.");
   EXPECT_EQ(run.boxes[0].title, "Program shutting down");
   EXPECT_EQ(run.boxes[0].icon, Icon::kStop);
   EXPECT_TRUE(run.s.ended);
@@ -380,8 +397,9 @@ TEST_F(LargeTree, of_descriptions_holds_more_than_40_000) {
   Lay(39000);
   run.ChangeTo(Mode::kDesc);
   for (int id = 39001; id <= 40001; ++id) {
-    run.s.db.Execute("INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID) VALUES (?,1,'FLA',?)",
-                     {std::int64_t{id}, std::to_string(id)});
+    run.s.db.Execute(
+        "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID) VALUES (?,1,'FLA',?)",
+        {std::int64_t{id}, std::to_string(id)});
     run.s.db.Execute("INSERT INTO ED_FLA (ED_ID_AK) VALUES (?)", {std::int64_t{id}});
   }
   RefreshDescTree(run.s);
@@ -389,6 +407,57 @@ TEST_F(LargeTree, of_descriptions_holds_more_than_40_000) {
   EXPECT_FALSE(run.s.ended);
   EXPECT_EQ(Selected(run), "K12345");
   EXPECT_EQ(run.TakeBoxes(), Texts{});
+}
+
+// ---- how many structures a list holds ----
+
+// A file of so many structures and months, opened.
+void StartWithStructures(TestRun& run, int structures, int months) {
+  const std::string path = CopyTemplate(run.folder);
+  const auto up_to = [](const char* name, int last) {
+    return std::string(name) + "(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM " + name + " WHERE i<" +
+           std::to_string(last) + ")";
+  };
+  Raw(path, {"BEGIN", "INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('12345')",
+             "INSERT INTO SYS_CONFIG VALUES (2017," + std::to_string(months) + ",0)",
+             "WITH RECURSIVE " + up_to("n", structures) +
+                 " INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) "
+                 "SELECT i,'12345',i,'1' FROM n",
+             "WITH RECURSIVE " + up_to("m", months) +
+                 " INSERT INTO PA_PLATFORM_ACTV (PD_ID_AK,PA_MO,PA_YR,status) "
+                 "SELECT PD_ID_AK,m.i,2017,'A' FROM PD_PLATFORM_DESC, m",
+             "COMMIT"});
+  run.Start(path);
+}
+
+TEST(ListOfStructures, holds_1_001_and_tells_the_next_one) {
+  TestRun run;
+  StartWithStructures(run, 1001, 1);
+  run.ChangeTo(Mode::kDesc);
+  EXPECT_EQ(run.s.structure_list.size(), 1001u);
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  run.AddStructure("new");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Subscript out of range 9"});
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1002);
+  EXPECT_EQ(run.s.tree.Find(run.Key("", "", 0, "new")), -1);
+}
+
+TEST(ListOfStructures, of_more_than_1_001_ends_the_tree_of_descriptions_silently) {
+  TestRun run;
+  StartWithStructures(run, 1002, 1);
+  run.ChangeTo(Mode::kDesc);
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  EXPECT_EQ(run.s.structure_list.size(), 1001u);
+  EXPECT_EQ(run.s.tree.selected, -1);
+}
+
+TEST(ListOfStructures, of_more_than_12_001_months_is_an_error_of_the_tree_of_activity) {
+  TestRun run;
+  StartWithStructures(run, 1001, 12);
+  ASSERT_EQ(run.boxes.size(), 1u);
+  EXPECT_EQ(run.boxes[0].title, "Error");
+  EXPECT_EQ(run.boxes[0].text, "Subscript out of range");
+  EXPECT_EQ(run.s.structure_month_list.size(), 12001u);
 }
 
 // ---- expansion ----

@@ -126,7 +126,8 @@ TEST_F(Batch, on_a_file_that_another_connection_writes_to_is_in_use_and_can_be_b
 TEST_F(Batch, that_cannot_commit_tells_it_and_leaves_the_database_usable) {
   sqlite3* reader = nullptr;
   ASSERT_EQ(sqlite3_open(path.c_str(), &reader), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT COUNT(*) FROM SYS_CONFIG", nullptr, nullptr, nullptr), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT COUNT(*) FROM SYS_CONFIG", nullptr, nullptr, nullptr),
+            SQLITE_OK);
   {
     WriteBatch batch(db);
     Add(1);
@@ -161,8 +162,9 @@ TEST_F(Batch, of_a_program_that_is_killed_leaves_the_file_as_it_was) {
     Database theirs;
     theirs.Open(path);
     const WriteBatch batch(theirs);
-    theirs.Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<20000) "
-                   "INSERT INTO QC (UserID,FieldID) SELECT '12345',hex(randomblob(200)) FROM n");
+    theirs.Execute(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<20000) "
+        "INSERT INTO QC (UserID,FieldID) SELECT '12345',hex(randomblob(200)) FROM n");
     if (write(ready[1], "y", 1) != 1) _exit(1);
     pause();
     _exit(1);
