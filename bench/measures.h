@@ -16,5 +16,7 @@ std::vector<Measure> ReadMeasures(const Workshop& shop);
 std::vector<Measure> MonthMeasures(const Workshop& shop);
 // A survey's QC run.
 std::vector<Measure> QCMeasures(const Workshop& shop);
+// The annual pass and its PDF. Needs an application with fonts.
+std::vector<Measure> AnnualMeasures(const Workshop& shop);
 
 }  // namespace merlu::bench

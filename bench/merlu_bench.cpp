@@ -1,6 +1,8 @@
 // merlu_bench: what the program costs, in times of what plain SQLite needs for the same rows.
 //
 // A figure that misses its aim is marked and fails nothing: it depends on the machine of the day.
+#include <QGuiApplication>
+
 #include <cstdio>
 
 #include "base/fault.h"
@@ -16,6 +18,7 @@ int Run() {
   Register(ReadMeasures(shop));
   Register(MonthMeasures(shop));
   Register(QCMeasures(shop));
+  Register(AnnualMeasures(shop));
   TableReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   std::printf("peak memory after building the full tree: %.1f MB\n", static_cast<double>(peak) / 1024);
@@ -26,6 +29,8 @@ int Run() {
 }  // namespace
 
 int main(int count, char** words) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(count, words);
   benchmark::Initialize(&count, words);
   if (benchmark::ReportUnrecognizedArguments(count, words)) return 2;
   try {
