@@ -100,6 +100,12 @@ bool IsNumericText(std::string_view text) {
   return !std::isinf(Convert(plain));
 }
 
+double WholeNumber(std::string_view text) {
+  std::string plain(text);
+  std::erase(plain, ',');
+  return LeadingNumber(plain);
+}
+
 std::string GeneralNumber(double value) { return General(value, 15); }
 std::string GeneralNumber(float value) { return General(value, 7); }
 

@@ -15,6 +15,10 @@ double LeadingNumber(std::string_view text);
 // them, a point, an exponent. A number too large for a double is none.
 bool IsNumericText(std::string_view text);
 
+// The number that a whole numeric text means, commas and blanks left out: "1,200" is 1200. Only for texts
+// of which IsNumericText is true; another text reads as LeadingNumber reads it without its commas.
+double WholeNumber(std::string_view text);
+
 // Shortest general form of up to 15 significant digits (7 for single precision), no trailing zeros:
 // 744, 99.8, 1E+15.
 std::string GeneralNumber(double value);

@@ -268,6 +268,7 @@ SheetSpec Amine() {
   sheet.letters = "AMI";
   sheet.title = "Amine Unit";
   sheet.edit_title = "Amine Unit - EDIT DATA";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Info.", "Model Inputs", "Ventilation System", "Control Equipment", "QC Results"};
   sheet.comments_tag = "Comments";
   sheet.focus_actv = kThroughput;

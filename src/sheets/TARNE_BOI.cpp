@@ -121,6 +121,7 @@ SheetSpec Boiler() {
   sheet.letters = "BOI";
   sheet.title = "Boiler/Heater/Burner";
   sheet.edit_title = "Boiler/Heater/Burner - EDIT DATA";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = "txtBOI_HrsOperated";
   sheet.focus_desc = "txtBOI_HeatInputRate";

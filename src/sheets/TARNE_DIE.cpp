@@ -71,6 +71,7 @@ SheetSpec Engine() {
   sheet.edit_title = "Diesel or Gasoline Engine - EDIT DATA";
   sheet.cleared_title_actv = "Diesel or Gasoline Engine - ACTIVITY EDIT MODE";
   sheet.cleared_title_desc = "Diesel or Gasoline Engine - DESCRIPTION EDIT MODE";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = kTotal;
   sheet.focus_desc = "txtDIE_OperatingHP";

@@ -123,6 +123,7 @@ SheetSpec Fugitives() {
   sheet.letters = "FUG";
   sheet.title = "Fugitives";
   sheet.edit_title = "Fugitives - EDIT DATA";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "QC Results"};
   sheet.focus_desc = "cmbFUG_StreamType";
   sheet.has_activity = false;

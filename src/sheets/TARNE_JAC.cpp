@@ -19,6 +19,7 @@ SheetSpec Drilling() {
   sheet.letters = "JAC";
   sheet.title = "Drilling Equipment";
   sheet.edit_title = "Drilling Equipment - EDIT DATA";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = "txtJAC_HrsOperated";
 

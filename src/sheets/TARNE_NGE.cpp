@@ -64,6 +64,7 @@ SheetSpec Engine() {
   sheet.letters = "NGE";
   sheet.title = "Natural Gas Engine";
   sheet.edit_title = "Natural Gas Engine - EDIT DATA";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = "txtNGE_HrsOperated";
   sheet.focus_desc = "txtNGE_OperatingHP";

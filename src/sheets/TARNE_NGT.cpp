@@ -16,7 +16,7 @@ constexpr const char* kOverGas = "Value exceeds N.G. usage for structure";
 // As NotOver, but a blank limit counts as 0 and a blank field withdraws the finding.
 CheckSpec DieselNotOver(const std::string& other, const std::string& text) {
   return Own("DieselNotOver " + other, text, [=](RuleRun& r) {
-    const bool failed = IsFilled(r.field) && LeadingNumber(r.field.text) > LeadingNumber(r.form.At(other).text);
+    const bool failed = IsFilled(r.field) && WholeNumber(r.field.text) > WholeNumber(r.form.At(other).text);
     Judge(r.s, r.location, r.field, failed, text);
     if (failed) MarkField(r.s, true, r.field);
   });
@@ -105,6 +105,7 @@ SheetSpec Turbine() {
   sheet.letters = "NGT";
   sheet.title = "Natural Gas, Diesel, or Dual-Fuel Turbine";
   sheet.edit_title = sheet.title + " - EDIT DATA";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = "txtNGT_HrsOperated";
   sheet.focus_desc = "txtNGT_Mfr";

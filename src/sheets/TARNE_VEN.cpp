@@ -18,6 +18,7 @@ SheetSpec Vent() {
   sheet.edit_title = "Vent - EDIT DATA";
   sheet.cleared_title_actv = "Vents - ACTIVITY EDIT MODE";
   sheet.cleared_title_desc = "Vents - DESCRIPTION EDIT MODE";
+  sheet.comments_caption = "Comments:";
   sheet.pages = {"General Information", "Control Equipment", "QC Results"};
   sheet.comments_unlock_in_desc = true;
   sheet.focus_actv = "txtVEN_HrsOperated";

@@ -81,7 +81,7 @@ CheckSpec NotOver(const std::string& other, const std::string& text) {
   return Own("NotOver " + other, text, [=](RuleRun& r) {
     const Control& limit = r.form.At(other);
     if (!IsFilled(r.field) || !IsFilled(limit)) return;
-    const bool failed = LeadingNumber(r.field.text) > LeadingNumber(limit.text);
+    const bool failed = WholeNumber(r.field.text) > WholeNumber(limit.text);
     Judge(r.s, r.location, r.field, failed, text);
     if (failed) MarkField(r.s, true, r.field);
   });

@@ -132,7 +132,7 @@ struct SheetSpec {
   // Of the frame when cleared, by mode; empty leaves the title alone
   std::string cleared_title_actv, cleared_title_desc;
   std::vector<std::string> pages;
-  std::string comments_caption = "Comments:";
+  std::string comments_caption = "Comments";
   std::string comments_tag;
   bool comments_unlock_in_desc = false;
   std::vector<FieldSpec> fields;

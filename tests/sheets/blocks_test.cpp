@@ -49,7 +49,7 @@ class SheetFrame : public testing::TestWithParam<FrameCase> {
   }
   std::string Title() { return run.At(Named("fra", "")).caption; }
   bool Emphasis() { return run.At(Named("fra", "")).emphasis; }
-  const SheetSpec& Spec() { return *FindSheet(sheet().type); }
+  const SheetSpec& Table() { return *FindSheet(sheet().type); }
   TestRun run;
 };
 
@@ -72,10 +72,10 @@ TEST_P(SheetFrame, is_called_by_its_long_name_in_view_and_by_its_edit_title_whil
 
 TEST_P(SheetFrame, says_the_mode_when_it_is_cleared_where_its_type_does_so) {
   Open(Mode::kDesc);
-  ClearFrame(run.s, Spec());
+  ClearFrame(run.s, Table());
   EXPECT_EQ(Title(), sheet().cleared_desc.empty() ? sheet().title : sheet().cleared_desc);
   run.GoTo(sheet().type, "X1", Mode::kActv);
-  ClearFrame(run.s, Spec());
+  ClearFrame(run.s, Table());
   EXPECT_EQ(Title(), sheet().cleared_actv.empty() ? sheet().title : sheet().cleared_actv);
 }
 
@@ -101,7 +101,7 @@ TEST_P(SheetFrame, keeps_the_description_s_fields_on_view_and_locked_in_a_month)
   Names monthly = sheet().monthly;
   monthly.push_back(Named("txt", "_Comments"));
   int description_fields = 0;
-  for (const FieldSpec& field : Spec().fields) {
+  for (const FieldSpec& field : Table().fields) {
     const bool is_monthly = std::find(monthly.begin(), monthly.end(), field.control) != monthly.end();
     EXPECT_TRUE(run.Visible(field.control)) << field.control;
     if (is_monthly) continue;

@@ -264,5 +264,17 @@ TEST(GasEngine, has_its_captions_tags_and_lists) {
   EXPECT_EQ(run.At("cmbNGE_ExhaustEmissionControls").items, (Names{"None", "Selective Catalytic Reduction (SCR)"}));
 }
 
+TEST(GasEngine, compares_numbers_with_thousands_commas_as_wholes) {
+  for (const auto& [operating, maximum, finding] : std::vector<std::array<std::string, 3>>{
+           {"1,500", "1000", "Operating Horsepower exceeds Max Rated Horsepower"}, {"900", "1,000", ""}}) {
+    TestRun run;
+    run.StartWith("NGE", "N1");
+    run.Click("cmdEdit");
+    run.Put({{"txtNGE_OperatingHP", operating}, {"txtNGE_MaxHP", maximum}});
+    run.Click("cmdQC");
+    EXPECT_EQ(run.Finding("Operating Horsepower"), finding) << operating << " against " << maximum;
+  }
+}
+
 }  // namespace
 }  // namespace merlu::test
