@@ -179,30 +179,27 @@ void TellMissing(Session& s, const char* what, std::int64_t id) {
   Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
 }
 
-// Moves the pass to the rows of one month of equipment; what is missing is told, and that cursor stays.
-void Move(Pass& pass, const NamedRow& row) {
-  Standing& at = pass.at;
+// Moves the pass to one month of equipment; what is missing is told, and the cursors from there on stay.
+bool MoveToActivity(Pass& pass, const NamedRow& row) {
   if (IsNull(row["master"])) {
     TellMissing(pass.s, "Equip Activity", ToInteger(row["type_key"]));
-  } else {
-    at.has_activity = true;
-    at.month = static_cast<int>(ToInteger(row["EA_MO"]));
-    at.year = static_cast<int>(ToInteger(row["EA_YR"]));
+    return false;
   }
-  if (IsNull(row["equipment"])) {
-    TellMissing(pass.s, "Equip Desc", ToInteger(row["equipment_key"]));
-  } else {
-    at.has_equipment = true;
-    at.equipment = NullToEmpty(row["ED_MERLU_EQUIP_ID"]);
-  }
-  if (IsNull(row["structure"])) {
-    TellMissing(pass.s, "Platform Desc", ToInteger(row["structure_key"]));
-  } else {
-    at.has_structure = true;
-    at.user = NullToEmpty(row["RIMA_CO_NUM"]);
-    at.complex = NullToEmpty(row["CMPLX_ID_NUM"]);
-    at.structure = NullToEmpty(row["STRUCT_NUM"]);
-  }
+  pass.at.has_activity = true;
+  pass.at.month = static_cast<int>(ToInteger(row["EA_MO"]));
+  pass.at.year = static_cast<int>(ToInteger(row["EA_YR"]));
+  return true;
+}
+
+void MoveToDescription(Pass& pass, const NamedRow& row) {
+  if (IsNull(row["equipment"])) return TellMissing(pass.s, "Equip Desc", ToInteger(row["equipment_key"]));
+  pass.at.has_equipment = true;
+  pass.at.equipment = NullToEmpty(row["ED_MERLU_EQUIP_ID"]);
+  if (IsNull(row["structure"])) return TellMissing(pass.s, "Platform Desc", ToInteger(row["structure_key"]));
+  pass.at.has_structure = true;
+  pass.at.user = NullToEmpty(row["RIMA_CO_NUM"]);
+  pass.at.complex = NullToEmpty(row["CMPLX_ID_NUM"]);
+  pass.at.structure = NullToEmpty(row["STRUCT_NUM"]);
 }
 
 Place EquipmentPlace(const Standing& at, std::string_view type) {
@@ -224,8 +221,9 @@ void TypePass(Pass& pass, std::string_view code) {
   const auto of_description = DescriptionFindings(pass.s, type, lines);
   for (const Values& values : rows.rows) {
     const NamedRow row(rows.columns, values);
+    const bool has_master = MoveToActivity(pass, row);
     if (!IsActive(row["EA_STATUS"])) continue;
-    Move(pass, row);
+    if (has_master) MoveToDescription(pass, row);
     const Place at = EquipmentPlace(pass.at, code);
     for (const InventoryRow* line : lines) {
       const auto known = of_description.find(line);
