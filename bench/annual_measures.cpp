@@ -16,11 +16,14 @@ constexpr int kPrinted = 10000;
 // Every row that the pass looks at, by one join a type.
 std::size_t ReadTables(PlainFile& file, const std::vector<std::string>& codes) {
   std::size_t sum = PlainStatement(file, "SELECT * FROM CO_COMPANY").ReadAll();
-  sum += PlainStatement(file, "SELECT * FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK").ReadAll();
+  sum += PlainStatement(file, "SELECT * FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK")
+             .ReadAll();
   for (const std::string& code : codes)
-    sum += PlainStatement(file, "SELECT * FROM EA_" + code + " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-                                "JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
-                                "JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK").ReadAll();
+    sum += PlainStatement(file, "SELECT * FROM EA_" + code +
+                                    " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
+                                    "JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
+                                    "JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK")
+               .ReadAll();
   return sum;
 }
 
@@ -71,7 +74,8 @@ InventoryReport LongReport() {
   for (int i = 0; i < kPrinted; ++i) {
     const std::string number = std::to_string(i);
     if (i % 50 == 0) report.sections.push_back({"Equipment, March 2017", "GI, 43, Platform " + number, {}});
-    report.sections.back().lines.push_back({"Combustion Flare: F" + number, "Flare Gas H2S Concentration", "Required field left blank"});
+    report.sections.back().lines.push_back(
+        {"Combustion Flare: F" + number, "Flare Gas H2S Concentration", "Required field left blank"});
   }
   report.findings = kPrinted;
   return report;
@@ -80,7 +84,8 @@ InventoryReport LongReport() {
 }  // namespace
 
 std::vector<Measure> AnnualMeasures(const Workshop& shop) {
-  return {{"annual pass over 39,996 equipment months", 5, 5, [&shop] {
+  return {{"annual pass over 39,996 equipment months", 5, 5,
+           [&shop] {
              const std::string path = shop.FreshCopy(shop.full, "annual-ours");
              const double ours = RunOurs(path);
              return Pair{ours, RunPlain(shop, path)};

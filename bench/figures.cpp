@@ -60,8 +60,7 @@ void TableReporter::Finalize() {
     std::printf("%-52s %10.2f", row.name.c_str(), row.ours_ms);
     if (row.plain_ms > 0) {
       std::printf(" %10.2f %7.2f", row.plain_ms, row.ours_ms / row.plain_ms);
-      if (row.aim > 0)
-        std::printf(" %7.2g%s", row.aim, row.ours_ms > row.aim * row.plain_ms ? "  missed" : "");
+      if (row.aim > 0) std::printf(" %7.2g%s", row.aim, row.ours_ms > row.aim * row.plain_ms ? "  missed" : "");
     }
     std::printf("\n");
   }

@@ -149,8 +149,7 @@ class Maker {
   }
 
   void WriteStructureMonth(int month) {
-    if (!structure_month_)
-      structure_month_ = std::make_unique<Row>("PA_PLATFORM_ACTV", SoundStructure().month);
+    if (!structure_month_) structure_month_ = std::make_unique<Row>("PA_PLATFORM_ACTV", SoundStructure().month);
     Row& row = *structure_month_;
     row.Set("PA_MO", std::int64_t{month});
     row.Set("PA_YR", std::int64_t{plan_.year});
@@ -195,8 +194,7 @@ class Maker {
     if (found != rows_.end()) return found->second;
     const SoundRecord record = SoundEquipment(*FindSheet(type.code));
     const std::string code(type.code);
-    return rows_
-        .emplace(type.code, TypeRows{Row("ED_" + code, record.description), Row("EA_" + code, record.month)})
+    return rows_.emplace(type.code, TypeRows{Row("ED_" + code, record.description), Row("EA_" + code, record.month)})
         .first->second;
   }
 
@@ -237,8 +235,7 @@ std::vector<std::string> MonthlyTypes() {
   return codes;
 }
 
-InventoryCounts MakeInventory(const std::string& template_path, const std::string& path,
-                              const InventoryPlan& plan) {
+InventoryCounts MakeInventory(const std::string& template_path, const std::string& path, const InventoryPlan& plan) {
   CopyDatabase(template_path, path);
   Database db;
   db.Open(path);

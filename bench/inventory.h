@@ -40,7 +40,6 @@ struct InventoryCounts {
 // Makes the file from the empty template, over an older one. Keys, and the order of the rows in the file, are
 // those of a year whose months were added one after the other. Nothing has been checked yet: there are no
 // findings and no dates of last QC. A Fault when a file cannot be read or written.
-InventoryCounts MakeInventory(const std::string& template_path, const std::string& path,
-                              const InventoryPlan& plan);
+InventoryCounts MakeInventory(const std::string& template_path, const std::string& path, const InventoryPlan& plan);
 
 }  // namespace merlu

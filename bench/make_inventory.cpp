@@ -50,8 +50,8 @@ bool IsSound(const Options& options) {
   const merlu::InventoryPlan& plan = options.plan;
   for (const std::string& type : plan.types)
     if (merlu::FindType(type) == nullptr) return false;
-  return !options.out.empty() && plan.structures > 0 && plan.equipment >= 0 && plan.months >= 1 &&
-         plan.months <= 12 && plan.fault_share >= 0 && plan.fault_share <= 1;
+  return !options.out.empty() && plan.structures > 0 && plan.equipment >= 0 && plan.months >= 1 && plan.months <= 12 &&
+         plan.fault_share >= 0 && plan.fault_share <= 1;
 }
 
 bool Read(int count, char** words, Options& options) {
@@ -76,9 +76,9 @@ int main(int count, char** words) {
   try {
     const auto beside = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "mr.dbt";
     const merlu::InventoryCounts counts = merlu::MakeInventory(beside.string(), options.out, options.plan);
-    std::printf("%s: %d structures, %d equipment, %d equipment months, %d + %d faulty rows\n",
-                options.out.c_str(), options.plan.structures, options.plan.equipment, counts.equipment_months,
-                counts.faulty_descriptions, counts.faulty_months);
+    std::printf("%s: %d structures, %d equipment, %d equipment months, %d + %d faulty rows\n", options.out.c_str(),
+                options.plan.structures, options.plan.equipment, counts.equipment_months, counts.faulty_descriptions,
+                counts.faulty_months);
     return 0;
   } catch (const merlu::Fault& fault) {
     std::fprintf(stderr, "%s\n", fault.description.c_str());

@@ -42,22 +42,17 @@ MonthToAdd ReadMonthToAdd(PlainFile& file) {
 // The same rows with the same keys, row by row with prepared statements.
 void InsertMonth(PlainFile& file, const MonthToAdd& month) {
   const std::string active = "A";
-  PlainStatement structure(
-      file, "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (?,?,?,?,?)");
-  PlainStatement master(
-      file, "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) VALUES (?,?,?,?,?)");
+  PlainStatement structure(file,
+                           "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (?,?,?,?,?)");
+  PlainStatement master(file,
+                        "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) VALUES (?,?,?,?,?)");
   std::map<std::string, PlainStatement> by_type;
   for (const std::string& type : MonthlyTypes())
     by_type.emplace(type, PlainStatement(file, "INSERT INTO EA_" + type + " (EA_ID_AK) VALUES (?)"));
   std::int64_t SA_ID_AK = month.last_SA_ID_AK + 1, EA_ID_AK = month.last_EA_ID_AK;
   file.Run("BEGIN");
   for (const std::int64_t PD_ID_AK : month.structures)
-    structure.Bind(1, ++SA_ID_AK)
-        .Bind(2, PD_ID_AK)
-        .Bind(3, kNewMonth)
-        .Bind(4, month.year)
-        .Bind(5, active)
-        .Execute();
+    structure.Bind(1, ++SA_ID_AK).Bind(2, PD_ID_AK).Bind(3, kNewMonth).Bind(4, month.year).Bind(5, active).Execute();
   for (const MonthToAdd::Piece& piece : month.equipment) {
     master.Bind(1, ++EA_ID_AK)
         .Bind(2, piece.ED_ID_AK)

@@ -62,16 +62,14 @@ Outcome RunOurs(const Workshop& shop) {
     opened.ExpectSilence();
     ClickNode(s, s.tree.Find(SurveyKey(s.current.UserID, kMonth, s.year)));
     outcome.seconds = Seconds([&] { RunQC(s, s.current, true); });
-    if (opened.platform.boxes() != 1)
-      throw std::runtime_error("the program told: " + opened.platform.last_box());
+    if (opened.platform.boxes() != 1) throw std::runtime_error("the program told: " + opened.platform.last_box());
   }
   PlainFile file(path);
   outcome.findings = ReadFindings(file);
   return outcome;
 }
 
-std::vector<std::string> TagsOfMonth(const std::vector<RuleGroup>& groups,
-                                     const std::vector<FieldSpec>& fields) {
+std::vector<std::string> TagsOfMonth(const std::vector<RuleGroup>& groups, const std::vector<FieldSpec>& fields) {
   std::vector<std::string> tags;
   for (const RuleGroup& group : groups)
     for (const Rule& rule : group.rules) {
@@ -149,8 +147,7 @@ double RunPlain(const Workshop& shop, const std::vector<Finding>& findings) {
     file.Run("COMMIT");
   });
   benchmark::DoNotOptimize(run.sum);
-  if (ReadFindings(file) != findings)
-    throw std::runtime_error("the two sides do not write the same findings");
+  if (ReadFindings(file) != findings) throw std::runtime_error("the two sides do not write the same findings");
   return seconds;
 }
 

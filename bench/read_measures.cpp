@@ -23,8 +23,7 @@ constexpr const char* kFlaresOfMonth = R"(
     FROM EA_FLA t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK
          JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK
     WHERE a.EA_MO=? ORDER BY t.EA_ID_AK)";
-constexpr const char* kStructureMonth =
-    "SELECT * FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=? AND PA_YR=? AND PA_MO=?";
+constexpr const char* kStructureMonth = "SELECT * FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=? AND PA_YR=? AND PA_MO=?";
 constexpr const char* kFindings = R"(
     SELECT FieldID,[Desc],Comments FROM QC WHERE UserID=? AND CmplxID=? AND StructID=? AND EquipType=?
     AND EquipID=? AND [Month]=? AND [Year]=? ORDER BY rowid)";
@@ -58,8 +57,7 @@ std::function<Made&()> Once(std::function<std::unique_ptr<Made>()> make) {
 // ---- a keyed find ----
 
 std::vector<std::int64_t> RandomKeys(Session& s) {
-  const auto last =
-      static_cast<std::uint32_t>(ToInteger(s.db.Single("SELECT MAX(EA_ID_AK) FROM EA_EQUIP_ACTV")));
+  const auto last = static_cast<std::uint32_t>(ToInteger(s.db.Single("SELECT MAX(EA_ID_AK) FROM EA_EQUIP_ACTV")));
   std::mt19937 random(7);
   std::vector<std::int64_t> keys;
   for (int i = 0; i < kFinds; ++i) keys.push_back(1 + random() % last);

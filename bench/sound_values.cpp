@@ -124,8 +124,7 @@ Demands DemandsOn(const FieldSpec& field, const std::vector<RuleGroup>& groups, 
       demands.applies = true;
       if (IsRequirement(rule.check.name)) demands.required = true;
       if (rule.check.has_low) demands.low = std::max(rule.check.low, demands.low.value_or(rule.check.low));
-      if (rule.check.has_high)
-        demands.high = std::min(rule.check.high, demands.high.value_or(rule.check.high));
+      if (rule.check.has_high) demands.high = std::min(rule.check.high, demands.high.value_or(rule.check.high));
     }
   }
   return demands;
@@ -178,8 +177,8 @@ SoundRecord ChooseAll(const std::vector<FieldSpec>& fields, const std::vector<Ru
   for (const FieldSpec& field : fields) {
     if (!IsKept(field)) continue;
     std::vector<SoundValue>& values = field.mode == In::kActv ? record.month : record.description;
-    const bool taken = std::any_of(values.begin(), values.end(),
-                                   [&](const SoundValue& v) { return v.column == field.column; });
+    const bool taken =
+        std::any_of(values.begin(), values.end(), [&](const SoundValue& v) { return v.column == field.column; });
     if (taken) continue;
     const Demands demands = DemandsOn(field, groups, form);
     if (IsLeftOut(field, demands, form))

@@ -18,19 +18,8 @@ namespace fs = std::filesystem;
 
 // From the bottom up. Folders of one row know nothing of one another.
 const std::vector<std::vector<std::string>> kLayers = {
-    {"base"},
-    {"store", "forms"},
-    {"session"},
-    {"qc"},
-    {"sheets"},
-    {"records"},
-    {"qc_run", "exchange"},
-    {"inventory_qc"},
-    {"shell"},
-    {"host"},
-    {"script"},
-    {"desktop"},
-    {"app"},
+    {"base"},         {"store", "forms"}, {"session"}, {"qc"},     {"sheets"},  {"records"}, {"qc_run", "exchange"},
+    {"inventory_qc"}, {"shell"},          {"host"},    {"script"}, {"desktop"}, {"app"},
 };
 
 const std::string kSource = std::string(MERLU_SOURCE_FOLDER) + "/src/";
@@ -41,8 +30,7 @@ std::string FolderOf(const std::string& file) {
 
 std::optional<std::size_t> LayerOf(const std::string& file) {
   for (std::size_t layer = 0; layer < kLayers.size(); ++layer)
-    if (std::find(kLayers[layer].begin(), kLayers[layer].end(), FolderOf(file)) != kLayers[layer].end())
-      return layer;
+    if (std::find(kLayers[layer].begin(), kLayers[layer].end(), FolderOf(file)) != kLayers[layer].end()) return layer;
   return std::nullopt;
 }
 
@@ -139,8 +127,7 @@ TEST_F(Source, shows_widgets_on_the_desktop_only) {
     if (FolderOf(file) == "desktop" || FolderOf(file) == "app") continue;
     for (const std::string& name : includes.others) {
       EXPECT_FALSE(name.starts_with("QtWidgets")) << file;
-      for (const char* widget :
-           {"QWidget", "QMainWindow", "QDialog", "QMessageBox", "QApplication", "QTreeView"})
+      for (const char* widget : {"QWidget", "QMainWindow", "QDialog", "QMessageBox", "QApplication", "QTreeView"})
         EXPECT_NE(name, widget) << file;
     }
   }

@@ -3,4 +3,6 @@
 
 #include "script/rule_reference.h"
 
-int main() { std::cout << merlu::RuleReference(); }
+int main() {
+  std::cout << merlu::RuleReference();
+}

@@ -41,7 +41,8 @@ std::optional<DateTime> ParseDate(std::string_view text) {
   const int length = static_cast<int>(copy.size());
   const auto whole = [&](int fields, int wanted) { return fields == wanted && used == length && IsValid(d); };
   if (whole(std::sscanf(copy.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n", &d.year, &d.month, &d.day, &d.hour, &d.minute,
-                        &d.second, &used), 6))
+                        &d.second, &used),
+            6))
     return d;
   d.second = 0;
   if (whole(std::sscanf(copy.c_str(), "%4d-%2d-%2d %2d:%2d%n", &d.year, &d.month, &d.day, &d.hour, &d.minute, &used),

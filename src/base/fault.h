@@ -9,30 +9,30 @@ namespace merlu {
 
 // Numbers that the screens speak of. The user sees them behind the description of the fault.
 namespace fault_number {
-inline constexpr int kSubscript = 9;            // an array is full
-inline constexpr int kTypeMismatch = 13;        // a text where a number must stand
-inline constexpr int kFileNotFound = 53;        // a file to copy is missing
-inline constexpr int kDiskFull = 61;            // no room for a copy
-inline constexpr int kFileAccess = 75;          // a file or folder that cannot be written
-inline constexpr int kNotSet = 91;              // a record set that was never opened
-inline constexpr int kNoChange = 3020;          // an update that nothing began
-inline constexpr int kNoCurrentRow = 3021;      // the cursor stands on no row
-inline constexpr int kDuplicateKey = 3022;      // a key that exists
-inline constexpr int kPathNotFound = 3024;      // the database file is not there
-inline constexpr int kDiskFullStore = 3026;     // no room in the database's file system
-inline constexpr int kReadOnly = 3051;          // the file cannot be opened for writing
-inline constexpr int kSyntax = 3075;            // criteria that cannot be read
-inline constexpr int kNoSuchTable = 3078;       // a table that the file lacks
-inline constexpr int kOther = 3146;             // any other failure of the engine
-inline constexpr int kRecordDeleted = 3167;     // a change of a row that is gone
-inline constexpr int kReference = 3201;         // a row whose parent is missing
-inline constexpr int kInUseTable = 3261;        // locked by another process during the work
-inline constexpr int kNoSuchItem = 3265;        // a column or table name that does not exist
-inline constexpr int kNotADatabase = 3343;      // not a file of this layout
-inline constexpr int kDamaged = 3428;           // a database file whose pages are damaged
-inline constexpr int kInUse = 3356;             // locked by another process at the open
-inline constexpr int kKeyNotUnique = 35602;     // two tree nodes with one key
-inline constexpr int kNoSuchNode = 35601;       // a node key that is not in the tree
+inline constexpr int kSubscript = 9;         // an array is full
+inline constexpr int kTypeMismatch = 13;     // a text where a number must stand
+inline constexpr int kFileNotFound = 53;     // a file to copy is missing
+inline constexpr int kDiskFull = 61;         // no room for a copy
+inline constexpr int kFileAccess = 75;       // a file or folder that cannot be written
+inline constexpr int kNotSet = 91;           // a record set that was never opened
+inline constexpr int kNoChange = 3020;       // an update that nothing began
+inline constexpr int kNoCurrentRow = 3021;   // the cursor stands on no row
+inline constexpr int kDuplicateKey = 3022;   // a key that exists
+inline constexpr int kPathNotFound = 3024;   // the database file is not there
+inline constexpr int kDiskFullStore = 3026;  // no room in the database's file system
+inline constexpr int kReadOnly = 3051;       // the file cannot be opened for writing
+inline constexpr int kSyntax = 3075;         // criteria that cannot be read
+inline constexpr int kNoSuchTable = 3078;    // a table that the file lacks
+inline constexpr int kOther = 3146;          // any other failure of the engine
+inline constexpr int kRecordDeleted = 3167;  // a change of a row that is gone
+inline constexpr int kReference = 3201;      // a row whose parent is missing
+inline constexpr int kInUseTable = 3261;     // locked by another process during the work
+inline constexpr int kNoSuchItem = 3265;     // a column or table name that does not exist
+inline constexpr int kNotADatabase = 3343;   // not a file of this layout
+inline constexpr int kDamaged = 3428;        // a database file whose pages are damaged
+inline constexpr int kInUse = 3356;          // locked by another process at the open
+inline constexpr int kKeyNotUnique = 35602;  // two tree nodes with one key
+inline constexpr int kNoSuchNode = 35601;    // a node key that is not in the tree
 }  // namespace fault_number
 
 struct Fault : std::exception {

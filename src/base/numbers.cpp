@@ -9,8 +9,12 @@
 namespace merlu {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
 
 std::size_t SkipBlanks(std::string_view text, std::size_t at) {
   while (at < text.size() && IsBlank(text[at])) ++at;
@@ -59,8 +63,8 @@ template <typename Number>
 std::string General(Number value, int digits) {
   if (value == 0) return "0";
   std::array<char, 64> buffer;
-  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                          static_cast<double>(value), std::chars_format::general, digits);
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<double>(value),
+                                          std::chars_format::general, digits);
   std::string text(buffer.data(), end);
   for (char& c : text)
     if (c == 'e') c = 'E';
@@ -106,8 +110,12 @@ double WholeNumber(std::string_view text) {
   return LeadingNumber(plain);
 }
 
-std::string GeneralNumber(double value) { return General(value, 15); }
-std::string GeneralNumber(float value) { return General(value, 7); }
+std::string GeneralNumber(double value) {
+  return General(value, 15);
+}
+std::string GeneralNumber(float value) {
+  return General(value, 7);
+}
 
 double RoundHalfToEven(double value) {
   // std::nearbyint follows the rounding mode of the environment, which nothing here changes

@@ -13,7 +13,6 @@ std::string TrimRight(std::string_view text);
 // Right-justified: blanks in front up to `width`; a longer text stays as it is.
 std::string PadLeft(std::string_view text, std::size_t width);
 
-
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);

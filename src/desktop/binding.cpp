@@ -19,9 +19,13 @@ namespace {
 constexpr int kNumberDigits = 12;
 constexpr int kNoteLines = 5;
 
-QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
 
-bool IsSelectable(Kind kind) { return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList; }
+bool IsSelectable(Kind kind) {
+  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
+}
 
 }  // namespace
 
@@ -101,17 +105,15 @@ QWidget* FormBinding::MakeField(const Control& control, QWidget* parent) {
   if (control.kind == Kind::kList) return MakeChoice(control, parent);
   if (control.kind == Kind::kCheck) {
     auto* box = new QCheckBox(Q(control.caption), parent);
-    connect(box, &QCheckBox::toggled, this, [this, name](bool on) {
-      acts_.Do([&] { return act::Check(acts_.s.desk, form_, name, on); });
-    });
+    connect(box, &QCheckBox::toggled, this,
+            [this, name](bool on) { acts_.Do([&] { return act::Check(acts_.s.desk, form_, name, on); }); });
     return box;
   }
   if (control.kind == Kind::kOption) {
     auto* option = new QRadioButton(Q(control.caption), parent);
     option->setAutoExclusive(false);
-    connect(option, &QRadioButton::clicked, this, [this, name] {
-      acts_.Do([&] { return act::Click(acts_.s.desk, form_, name); });
-    });
+    connect(option, &QRadioButton::clicked, this,
+            [this, name] { acts_.Do([&] { return act::Click(acts_.s.desk, form_, name); }); });
     return option;
   }
   return MakeLine(control, parent);
@@ -159,9 +161,8 @@ Bound& FormBinding::AddButton(const Control& control, QWidget* parent) {
   auto* button = new QPushButton(Q(control.caption), parent);
   button->setAutoDefault(false);
   const std::string name = control.name;
-  connect(button, &QPushButton::clicked, this, [this, name] {
-    acts_.Do([&] { return act::Click(acts_.s.desk, form_, name); });
-  });
+  connect(button, &QPushButton::clicked, this,
+          [this, name] { acts_.Do([&] { return act::Click(acts_.s.desk, form_, name); }); });
   return Add(control, button);
 }
 
@@ -172,9 +173,8 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
     const QList<int> rows = list->Picked();
     acts_.Do([&] { return act::Pick(acts_.s.desk, form_, name, {rows.begin(), rows.end()}); });
   });
-  connect(list, &ResultsList::Opened, this, [this, name] {
-    acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, name); });
-  });
+  connect(list, &ResultsList::Opened, this,
+          [this, name] { acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, name); }); });
   return Add(control, list);
 }
 
@@ -182,13 +182,14 @@ Bound& FormBinding::AddTab(const Control& control, QWidget* parent) {
   auto* tab = new QTabWidget(parent);
   tab->setDocumentMode(false);
   const std::string name = control.name;
-  connect(tab, &QTabWidget::currentChanged, this, [this, name](int page) {
-    acts_.Do([&] { return act::Page(acts_.s.desk, form_, name, page); });
-  });
+  connect(tab, &QTabWidget::currentChanged, this,
+          [this, name](int page) { acts_.Do([&] { return act::Page(acts_.s.desk, form_, name, page); }); });
   return Add(control, tab);
 }
 
-Bound& FormBinding::AddFrame(const Control& control, QWidget* widget) { return Add(control, widget); }
+Bound& FormBinding::AddFrame(const Control& control, QWidget* widget) {
+  return Add(control, widget);
+}
 
 // ---- acts of the keyboard ----
 
@@ -201,7 +202,8 @@ bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    if (enter && key->modifiers() == Qt::NoModifier && !form_.modal && qobject_cast<QPlainTextEdit*>(widget) == nullptr) {
+    if (enter && key->modifiers() == Qt::NoModifier && !form_.modal &&
+        qobject_cast<QPlainTextEdit*>(widget) == nullptr) {
       QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
       QCoreApplication::sendEvent(widget->window(), &tab);
       return true;
@@ -271,7 +273,8 @@ void FormBinding::ShowState(Bound& bound, const Control& now) {
 }
 
 void FormBinding::ShowTab(QTabWidget& tab, const Control& now) {
-  for (int page = 0; page < tab.count(); ++page) tab.setTabEnabled(page, now.page_available[static_cast<std::size_t>(page)]);
+  for (int page = 0; page < tab.count(); ++page)
+    tab.setTabEnabled(page, now.page_available[static_cast<std::size_t>(page)]);
   if (tab.currentIndex() != now.index) tab.setCurrentIndex(now.index);
 }
 

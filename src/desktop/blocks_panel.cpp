@@ -34,7 +34,9 @@ BlocksPanel::Block& BlocksPanel::BlockOf(const std::string& heading) {
   return blocks_.emplace_back(Block{heading, title, rule, {}});
 }
 
-void BlocksPanel::Add(const std::string& heading, Bound& bound, QLabel* note) { BlockOf(heading).rows.push_back({&bound, note}); }
+void BlocksPanel::Add(const std::string& heading, Bound& bound, QLabel* note) {
+  BlockOf(heading).rows.push_back({&bound, note});
+}
 
 bool BlocksPanel::HasVisible(const Block& block) {
   return std::any_of(block.rows.begin(), block.rows.end(), [](const Row& row) { return !row.bound->row->isHidden(); });

@@ -23,10 +23,12 @@ namespace merlu {
 namespace {
 
 constexpr int kSplashMilliseconds = 2500;
-constexpr int kWaitShowsAfter = 150;   // a shorter wait would only flicker
+constexpr int kWaitShowsAfter = 150;  // a shorter wait would only flicker
 constexpr int kWaitPaintsEvery = 80;
 
-QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
 
 QMessageBox::StandardButton Standard(Button button) {
   switch (button) {
@@ -63,7 +65,9 @@ DesktopApp::DesktopApp(const std::string& settings_file) : settings_(settings_fi
   qApp->installEventFilter(this);
 }
 
-DesktopApp::~DesktopApp() { qApp->removeEventFilter(this); }
+DesktopApp::~DesktopApp() {
+  qApp->removeEventFilter(this);
+}
 
 bool DesktopApp::Start() {
   acts_.Run([this] { Main(session_); });
@@ -141,7 +145,9 @@ void DesktopApp::SetBusy(bool busy) {
     QApplication::restoreOverrideCursor();
 }
 
-void DesktopApp::Beep() { QApplication::beep(); }
+void DesktopApp::Beep() {
+  QApplication::beep();
+}
 
 // ---- boxes and dialogs ----
 
@@ -178,7 +184,8 @@ std::string DesktopApp::AskFile(const FileQuestion& question) {
 }
 
 std::string DesktopApp::AskFolder(const std::string& prompt) {
-  return QFileDialog::getExistingDirectory(Parent(), Q(prompt), QFileInfo(Q(session_.path)).absolutePath()).toStdString();
+  return QFileDialog::getExistingDirectory(Parent(), Q(prompt), QFileInfo(Q(session_.path)).absolutePath())
+      .toStdString();
 }
 
 void DesktopApp::RunModal(Form& form) {
@@ -206,26 +213,36 @@ void DesktopApp::RunModal(Form& form) {
 
 DateTime DesktopApp::Now() {
   const QDateTime now = QDateTime::currentDateTime();
-  return {now.date().year(), now.date().month(), now.date().day(), now.time().hour(), now.time().minute(), now.time().second()};
+  return {now.date().year(), now.date().month(),  now.date().day(),
+          now.time().hour(), now.time().minute(), now.time().second()};
 }
 
-std::string DesktopApp::Setting(const std::string& section, const std::string& key) { return settings_.Value(section, key); }
+std::string DesktopApp::Setting(const std::string& section, const std::string& key) {
+  return settings_.Value(section, key);
+}
 
 void DesktopApp::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
   settings_.Store(section, key, value);
 }
 
-std::string DesktopApp::ProgramFolder() { return merlu::ProgramFolder(); }
-std::string DesktopApp::DataFolder() { return UserDataFolder(); }
+std::string DesktopApp::ProgramFolder() {
+  return merlu::ProgramFolder();
+}
+std::string DesktopApp::DataFolder() {
+  return UserDataFolder();
+}
 
 std::uint64_t DesktopApp::FreeBytes(const std::string& folder) {
   return static_cast<std::uint64_t>(std::max<qint64>(0, QStorageInfo(Q(folder)).bytesAvailable()));
 }
 
-void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path,
+                             const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
 }
 
-void DesktopApp::OpenDocument(const std::string& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(Q(path))); }
+void DesktopApp::OpenDocument(const std::string& path) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(Q(path)));
+}
 
 }  // namespace merlu

@@ -2,8 +2,8 @@
 // show the session's forms.
 #pragma once
 
-#include <QObject>
 #include <QElapsedTimer>
+#include <QObject>
 #include <QPointer>
 
 #include <memory>

@@ -19,7 +19,9 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value) {
   widget.style()->polish(&widget);
 }
 
-const char* LookName(Back back) { return back == Back::kFlag ? "flag" : back == Back::kFace ? "face" : "window"; }
+const char* LookName(Back back) {
+  return back == Back::kFlag ? "flag" : back == Back::kFace ? "face" : "window";
+}
 
 void LineField::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
@@ -83,7 +85,8 @@ void ListField::paintEvent(QPaintEvent*) {
   if (lineEdit() == nullptr) {
     painter.setPen(ink);
     const QRect room = rect().adjusted(8, 0, -26, 0);
-    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
+                     fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
   }
   if (locked_) return;
   const QPointF tip(width() - 14, height() / 2.0 + 2);
@@ -91,7 +94,9 @@ void ListField::paintEvent(QPaintEvent*) {
   painter.drawPolyline(QPolygonF({tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}));
 }
 
-NotesField::NotesField(QWidget* parent) : QPlainTextEdit(parent) { setTabChangesFocus(true); }
+NotesField::NotesField(QWidget* parent) : QPlainTextEdit(parent) {
+  setTabChangesFocus(true);
+}
 
 void NotesField::focusInEvent(QFocusEvent* event) {
   QPlainTextEdit::focusInEvent(event);

@@ -6,11 +6,14 @@
 namespace merlu {
 namespace {
 
-bool IsField(Kind kind) { return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList; }
+bool IsField(Kind kind) {
+  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
+}
 
 }  // namespace
 
-FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : QDialog(parent), acts_(acts), binding_(acts, form, this) {
+FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
+    : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
   auto* grid = new QGridLayout(this);
@@ -28,7 +31,8 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : QDialog(parent
     if (IsField(control.kind)) {
       Bound& bound = binding_.AddField(control, this, true);
       bound.caption->setWordWrap(false);
-      grid->addWidget(bound.caption, row, 0, control.lines ? Qt::AlignRight | Qt::AlignTop : Qt::AlignRight | Qt::AlignVCenter);
+      grid->addWidget(bound.caption, row, 0,
+                      control.lines ? Qt::AlignRight | Qt::AlignTop : Qt::AlignRight | Qt::AlignVCenter);
       grid->addWidget(bound.row, row, 1);
       if (!control.tip.empty()) grid->addWidget(new QLabel(QString::fromStdString(control.tip), this), row, 2);
       ++row;

@@ -7,36 +7,52 @@ namespace merlu {
 namespace {
 
 QColor Mix(const QColor& a, const QColor& b, qreal share) {
-  return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - share) + b.redF() * share), static_cast<float>(a.greenF() * (1 - share) + b.greenF() * share),
+  return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - share) + b.redF() * share),
+                          static_cast<float>(a.greenF() * (1 - share) + b.greenF() * share),
                           static_cast<float>(a.blueF() * (1 - share) + b.blueF() * share));
 }
 
 }  // namespace
 
-bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() < 128;
+}
 
-QColor Accent(const QPalette& palette) { return IsDark(palette) ? QColor(90, 150, 220) : QColor(45, 108, 180); }
+QColor Accent(const QPalette& palette) {
+  return IsDark(palette) ? QColor(90, 150, 220) : QColor(45, 108, 180);
+}
 
-QColor EditingRed(const QPalette& palette) { return IsDark(palette) ? QColor(255, 118, 118) : QColor(192, 0, 0); }
+QColor EditingRed(const QPalette& palette) {
+  return IsDark(palette) ? QColor(255, 118, 118) : QColor(192, 0, 0);
+}
 
 QColor Quiet(const QPalette& palette) {
   return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.35);
 }
 
-QColor Line(const QPalette& palette) { return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78); }
+QColor Line(const QPalette& palette) {
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78);
+}
 
-QColor Border(const QPalette& palette) { return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.55); }
+QColor Border(const QPalette& palette) {
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.55);
+}
 
-QColor FaceColour(const QPalette& palette) { return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015); }
+QColor FaceColour(const QPalette& palette) {
+  return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015);
+}
 
 LookStyle::LookStyle() : QProxyStyle("Fusion") {}
 
-void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
   const bool box = element == PE_IndicatorCheckBox, round = element == PE_IndicatorRadioButton;
   if (!box && !round) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool on = option->state & State_On, enabled = option->state & State_Enabled;
   const QColor accent = enabled ? Accent(option->palette) : Quiet(option->palette);
-  const QColor border = option->state & State_HasFocus ? accent : enabled ? Border(option->palette) : Line(option->palette);
+  const QColor border = option->state & State_HasFocus ? accent
+                        : enabled                      ? Border(option->palette)
+                                                       : Line(option->palette);
   const QRectF place = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
@@ -50,7 +66,8 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
   if (on && box) {
     const qreal unit = place.width() / 12;
     painter->setPen(QPen(Qt::white, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPolyline(QPolygonF({middle + QPointF(-3, 0) * unit, middle + QPointF(-1, 2.5) * unit, middle + QPointF(3.5, -2.5) * unit}));
+    painter->drawPolyline(QPolygonF(
+        {middle + QPointF(-3, 0) * unit, middle + QPointF(-1, 2.5) * unit, middle + QPointF(3.5, -2.5) * unit}));
   } else if (on) {
     painter->setPen(Qt::NoPen);
     painter->setBrush(Qt::white);
@@ -90,7 +107,8 @@ QString StyleSheet(const QPalette& palette) {
   const auto name = [](const QColor& colour) { return colour.name(); };
   const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);
   return form.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
-                  name(FaceColour(palette)), name(Line(palette)), name(Mix(ink, ground, 0.55)), name(Mix(ground, palette.color(QPalette::Base), 0.5)));
+                  name(FaceColour(palette)), name(Line(palette)), name(Mix(ink, ground, 0.55)),
+                  name(Mix(ground, palette.color(QPalette::Base), 0.5)));
 }
 
 }  // namespace merlu

@@ -13,9 +13,9 @@ bool IsDark(const QPalette& palette);
 QColor Accent(const QPalette& palette);
 // Title of a sheet while it is edited: dark red, or a red light enough to read on a dark ground.
 QColor EditingRed(const QPalette& palette);
-QColor Quiet(const QPalette& palette);     // captions of lesser things
-QColor Line(const QPalette& palette);      // thin borders and rules
-QColor Border(const QPalette& palette);    // of what can be edited
+QColor Quiet(const QPalette& palette);       // captions of lesser things
+QColor Line(const QPalette& palette);        // thin borders and rules
+QColor Border(const QPalette& palette);      // of what can be edited
 QColor FaceColour(const QPalette& palette);  // background of what is read-only
 
 inline const QColor kFlagBack(255, 128, 128);
@@ -25,7 +25,8 @@ inline const QColor kFlagText(40, 10, 10);
 class LookStyle : public QProxyStyle {
  public:
   LookStyle();
-  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
 };
 
 QString StyleSheet(const QPalette& palette);

@@ -28,10 +28,13 @@ struct ShortcutRow {
   const char* button;
   const char* keys;
 };
-constexpr ShortcutRow kShortcuts[] = {{"cmdEdit", "Ctrl+E"}, {"cmdSaveEdits", "Ctrl+S"}, {"cmdCANCEL", "Escape"},
-                                      {"cmdSaveExit", "Ctrl+Return"}, {"cmdQC", "F5"}, {"cmdEditMode", "Ctrl+M"}};
+constexpr ShortcutRow kShortcuts[] = {{"cmdEdit", "Ctrl+E"},   {"cmdSaveEdits", "Ctrl+S"},
+                                      {"cmdCANCEL", "Escape"}, {"cmdSaveExit", "Ctrl+Return"},
+                                      {"cmdQC", "F5"},         {"cmdEditMode", "Ctrl+M"}};
 
-QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
 
 // Rows of one calm height.
 class TreeRows : public QStyledItemDelegate {
@@ -99,9 +102,8 @@ void MainWindow::MakeMenus() {
     QAction* action = control.caption == "-" ? menu->addSeparator() : menu->addAction(Q(control.caption));
     action->setObjectName(Q(name));
     actions_[name] = action;
-    connect(action, &QAction::triggered, this, [this, name] {
-      acts_.Do([&] { return act::Click(s_.desk, *s_.main, name); });
-    });
+    connect(action, &QAction::triggered, this,
+            [this, name] { acts_.Do([&] { return act::Click(s_.desk, *s_.main, name); }); });
   }
 }
 
@@ -117,7 +119,8 @@ void MainWindow::MakeTree() {
   tree_->setIndentation(16);
   tree_->setContextMenuPolicy(Qt::CustomContextMenu);
   tree_->setMinimumWidth(160);
-  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& now) { ClickTreeNode(now); });
+  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& now) { ClickTreeNode(now); });
   connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
     if (!acts_.IsDrawing()) s_.tree.nodes[static_cast<std::size_t>(TreeModel::NodeOf(index))].expanded = true;
   });
@@ -204,7 +207,8 @@ void MainWindow::SyncExpansion() {
   for (std::size_t node = 0; node < s_.tree.nodes.size(); ++node) {
     if (s_.tree.nodes[node].children.empty()) continue;
     const QModelIndex index = model_->IndexOf(static_cast<int>(node));
-    if (tree_->isExpanded(index) != s_.tree.nodes[node].expanded) tree_->setExpanded(index, s_.tree.nodes[node].expanded);
+    if (tree_->isExpanded(index) != s_.tree.nodes[node].expanded)
+      tree_->setExpanded(index, s_.tree.nodes[node].expanded);
   }
 }
 

@@ -13,12 +13,15 @@
 namespace merlu {
 namespace {
 
-QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
 
 constexpr const char* kResultsCaption = "QC Results";
 
 bool IsField(Kind kind) {
-  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck || kind == Kind::kOption;
+  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck ||
+         kind == Kind::kOption;
 }
 
 }  // namespace
@@ -79,7 +82,8 @@ void SheetView::MakeBand() {
     label.widget->setPalette(quiet);
     static_cast<QLabel*>(label.widget)->setWordWrap(false);
     if (control.name == "lblNoEmissions")
-      label.widget->setStyleSheet(QString("QLabel { border: 1px solid %1; border-radius: 9px; padding: 1px 10px; }").arg(Line(palette()).name()));
+      label.widget->setStyleSheet(QString("QLabel { border: 1px solid %1; border-radius: 9px; padding: 1px 10px; }")
+                                      .arg(Line(palette()).name()));
     grid->addWidget(label.widget, row++, 1, Qt::AlignRight);
   }
   binding_.AddFrame(binding_.form().At(frame_), band);
@@ -117,7 +121,8 @@ void SheetView::AddTo(BlocksPanel& panel, const Control& control) {
   const bool captioned = control.kind != Kind::kCheck && control.kind != Kind::kOption;
   Bound& bound = binding_.AddField(control, &panel, captioned);
   QLabel* note = nullptr;
-  if (!control.note.empty()) note = static_cast<QLabel*>(binding_.AddLabel(binding_.form().At(control.note), &panel).widget);
+  if (!control.note.empty())
+    note = static_cast<QLabel*>(binding_.AddLabel(binding_.form().At(control.note), &panel).widget);
   panel.Add(control.block, bound, note);
 }
 
@@ -167,7 +172,8 @@ void SheetView::FillPage(int page, QWidget* place) {
 void SheetView::ShowCount() {
   if (results_page_ < 0) return;
   const auto& rows = binding_.form().At(results_).rows;
-  const auto count = std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row.back() != kSummaryMark; });
+  const auto count =
+      std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row.back() != kSummaryMark; });
   const QString caption = Q(binding_.form().At(tab_).items[static_cast<std::size_t>(results_page_)]);
   const QString text = count == 0 ? caption : caption + QString(" (%1)").arg(count);
   if (tabs_->tabText(results_page_) != text) tabs_->setTabText(results_page_, text);

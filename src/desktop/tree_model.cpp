@@ -32,11 +32,14 @@ QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) con
 
 QModelIndex TreeModel::parent(const QModelIndex& child) const {
   const int node = NodeOf(child);
-  return node < 0 || node >= static_cast<int>(tree_.nodes.size()) ? QModelIndex()
-                                                                  : IndexOf(tree_.nodes[static_cast<std::size_t>(node)].parent);
+  return node < 0 || node >= static_cast<int>(tree_.nodes.size())
+             ? QModelIndex()
+             : IndexOf(tree_.nodes[static_cast<std::size_t>(node)].parent);
 }
 
-int TreeModel::rowCount(const QModelIndex& parent) const { return static_cast<int>(Children(parent).size()); }
+int TreeModel::rowCount(const QModelIndex& parent) const {
+  return static_cast<int>(Children(parent).size());
+}
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) return {};

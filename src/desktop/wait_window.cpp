@@ -22,7 +22,9 @@ void SetSize(QLabel& label, qreal factor, bool bold) {
 }  // namespace
 
 WaitWindow::WaitWindow(QWidget* over)
-    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), title_(new QLabel(this)), text_(new QLabel(this)),
+    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      title_(new QLabel(this)),
+      text_(new QLabel(this)),
       bar_(new QProgressBar(this)) {
   setObjectName("frmWait");
   setAttribute(Qt::WA_ShowWithoutActivating);

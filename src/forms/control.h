@@ -40,15 +40,15 @@ struct Control {
   std::string mask;  // of a masked box: '#' is a place for a digit
 
   // Where it stands
-  std::string parent;   // frame, tab or menu that holds it; empty on the form itself
-  int page = 0;         // page of the tab that holds it
-  std::string block;    // heading of the group that it stands in
-  bool numeric = false; // holds a number: digits are set to the right
-  bool lines = false;   // holds several lines of text
-  std::string label;    // name of the label control that is this field's caption, when it has a name
+  std::string parent;     // frame, tab or menu that holds it; empty on the form itself
+  int page = 0;           // page of the tab that holds it
+  std::string block;      // heading of the group that it stands in
+  bool numeric = false;   // holds a number: digits are set to the right
+  bool lines = false;     // holds several lines of text
+  std::string label;      // name of the label control that is this field's caption, when it has a name
   bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
-  std::string note;     // name of a label control that stands behind the field
-  std::string tip;      // what the front end tells when the control is pointed at, e.g. its finding
+  std::string note;       // name of a label control that stands behind the field
+  std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
 };
 
 }  // namespace merlu

@@ -21,7 +21,9 @@ bool IsOnAvailablePage(const Form& form, const Control& control) {
   return true;
 }
 
-bool CanBeLocked(Kind kind) { return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList; }
+bool CanBeLocked(Kind kind) {
+  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
+}
 
 }  // namespace
 
@@ -31,7 +33,9 @@ Form* Desk::Find(std::string_view name) const {
   return nullptr;
 }
 
-Form& Desk::Own(std::unique_ptr<Form> form) { return *forms.emplace_back(std::move(form)); }
+Form& Desk::Own(std::unique_ptr<Form> form) {
+  return *forms.emplace_back(std::move(form));
+}
 
 void Desk::Show(Form& form) {
   Hide(form);
@@ -71,7 +75,8 @@ bool IsInFront(const Form& form, const Control& control) {
 
 std::string WhyNot(const Desk& desk, const Form& form, const Control& control, bool changes) {
   const Form* dialog = desk.Dialog();
-  if (!form.visible || (dialog != nullptr && dialog != &form) || !IsInFront(form, control)) return "is not on the screen";
+  if (!form.visible || (dialog != nullptr && dialog != &form) || !IsInFront(form, control))
+    return "is not on the screen";
   if (!IsVisible(form, control)) return "is hidden";
   if (!IsOnAvailablePage(form, control)) return "is not on the screen";
   if (!IsEnabled(form, control)) return "is disabled";
@@ -99,7 +104,8 @@ std::string Type(Desk& desk, Form& form, std::string_view name, std::string_view
   if (control.kind == Kind::kMasked)
     control.text = Masked(control.mask, text);
   else
-    control.text = control.limit > 0 ? FirstCharacters(text, static_cast<std::size_t>(control.limit)) : std::string(text);
+    control.text =
+        control.limit > 0 ? FirstCharacters(text, static_cast<std::size_t>(control.limit)) : std::string(text);
   return "";
 }
 

@@ -22,14 +22,18 @@ const Control* Form::Find(std::string_view name) const {
   return found == by_name_.end() ? nullptr : &controls_[found->second];
 }
 
-Control* Form::Find(std::string_view name) { return const_cast<Control*>(std::as_const(*this).Find(name)); }
+Control* Form::Find(std::string_view name) {
+  return const_cast<Control*>(std::as_const(*this).Find(name));
+}
 
 const Control& Form::At(std::string_view name) const {
   if (const Control* control = Find(name)) return *control;
   throw std::logic_error("no control " + std::string(name) + " on " + name_);
 }
 
-Control& Form::At(std::string_view name) { return const_cast<Control&>(std::as_const(*this).At(name)); }
+Control& Form::At(std::string_view name) {
+  return const_cast<Control&>(std::as_const(*this).At(name));
+}
 
 void Form::On(std::string_view control, Event event, std::function<void()> handler) {
   handlers_[{At(control).name, event}] = std::move(handler);

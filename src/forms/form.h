@@ -55,12 +55,12 @@ class Form {
   std::map<std::pair<std::string, Event>, std::function<void()>> handlers_;
 
  public:
-  std::string caption;       // title of its window
-  bool loaded = false;       // its controls hold state
-  bool visible = false;      // it is drawn
-  bool modal = false;        // shown as a dialog: everything else is covered
-  std::string front;         // of frames that lie on top of one another: the one in front
-  std::string focus;         // control that asked for the focus; the front end takes the request
+  std::string caption;         // title of its window
+  bool loaded = false;         // its controls hold state
+  bool visible = false;        // it is drawn
+  bool modal = false;          // shown as a dialog: everything else is covered
+  std::string front;           // of frames that lie on top of one another: the one in front
+  std::string focus;           // control that asked for the focus; the front end takes the request
   std::string default_button;  // Enter presses it
   std::string cancel_button;   // Escape and the window's own close press it
 };

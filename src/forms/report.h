@@ -9,8 +9,8 @@
 namespace merlu {
 
 struct ReportLine {
-  std::string where;    // equipment in words; empty above equipment
-  std::string item;     // what was looked at
+  std::string where;  // equipment in words; empty above equipment
+  std::string item;   // what was looked at
   std::string finding;
 };
 

@@ -22,7 +22,9 @@ constexpr qreal kGap = 8 * kPoint;
 constexpr int kProgressStep = 500;
 const QColor kInk(30, 30, 30), kQuiet(95, 95, 95), kRule(200, 200, 200), kBand(240, 242, 245);
 
-QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
 
 [[noreturn]] void CannotWrite(const QString& path) {
   throw Fault(fault_number::kFileAccess, "MERLU report", "Cannot write the file " + path.toStdString() + ".");
@@ -85,7 +87,12 @@ class Style {
 class Pages {
  public:
   Pages(const InventoryReport& report, QPdfWriter& writer, QPainter& painter)
-      : report_(report), writer_(writer), painter_(painter), title_(17, true, writer), strong_(9.5, true, writer), text_(8.5, false, writer) {
+      : report_(report),
+        writer_(writer),
+        painter_(painter),
+        title_(17, true, writer),
+        strong_(9.5, true, writer),
+        text_(8.5, false, writer) {
     width_ = writer.width();
     height_ = writer.height();
     const qreal rest = width_ - 2 * kGap;
@@ -133,7 +140,8 @@ class Pages {
     for (const std::string& line : report_.operator_lines) y_ += Write(text_, Q(line), 0, width_, kQuiet);
     y_ += Write(text_, "Date of run: " + Q(SheetDate(report_.printed)), 0, width_, kQuiet);
     y_ += kGap;
-    const qreal band = strong_.LineHeight() * static_cast<qreal>(strong_.Lines(Q(report_.summary), width_ - 2 * kGap).size()) + kGap;
+    const qreal band =
+        strong_.LineHeight() * static_cast<qreal>(strong_.Lines(Q(report_.summary), width_ - 2 * kGap).size()) + kGap;
     painter_.fillRect(QRectF(0, y_, width_, band), kBand);
     y_ += kGap / 2;
     y_ += Write(strong_, Q(report_.summary), kGap, width_ - 2 * kGap);
@@ -184,8 +192,10 @@ class Pages {
     y_ = FootTop() + text_.LineHeight() / 2;
     Rule();
     y_ += kGap / 4;
-    Write(text_, Q(report_.title + " " + report_.year + (report_.operator_lines.empty() ? "" : " · " + report_.operator_lines.front())), 0,
-          width_ * 0.8, kQuiet);
+    Write(text_,
+          Q(report_.title + " " + report_.year +
+            (report_.operator_lines.empty() ? "" : " · " + report_.operator_lines.front())),
+          0, width_ * 0.8, kQuiet);
     const QString page = "Page " + QString::number(page_);
     Write(text_, page, width_ - text_.Width(page), width_, kQuiet);
   }
@@ -209,14 +219,16 @@ class Pages {
 
 }  // namespace
 
-void WriteReportPdf(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+void WriteReportPdf(const InventoryReport& report, const std::string& path,
+                    const std::function<void(int done, int total)>& progress) {
   QFile file(Q(path));
   if (!file.open(QIODevice::WriteOnly)) CannotWrite(file.fileName());
   {
     QPdfWriter writer(&file);
     writer.setResolution(kResolution);
     writer.setPageSize(QPageSize(QPageSize::Letter));
-    writer.setPageMargins(QMarginsF(kMargin / kPoint, kMargin / kPoint, kMargin / kPoint, kMargin / kPoint), QPageLayout::Point);
+    writer.setPageMargins(QMarginsF(kMargin / kPoint, kMargin / kPoint, kMargin / kPoint, kMargin / kPoint),
+                          QPageLayout::Point);
     writer.setTitle(Q(report.title + " " + report.year));
     writer.setCreator("MERLU-2017");
     QPainter painter;

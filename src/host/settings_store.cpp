@@ -30,7 +30,9 @@ void SettingsStore::Store(const std::string& section, const std::string& key, co
   settings_->sync();
 }
 
-std::string ProgramFolder() { return QCoreApplication::applicationDirPath().toStdString(); }
+std::string ProgramFolder() {
+  return QCoreApplication::applicationDirPath().toStdString();
+}
 
 std::string UserDataFolder() {
   return (QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" + kApplication).toStdString();

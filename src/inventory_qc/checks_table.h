@@ -7,19 +7,19 @@
 namespace merlu {
 
 enum class InventoryCheck {
-  kRequired,      // the column is not Null
-  kDevice,        // a control device and its efficiencies agree
-  kSalesGas,      // the composition adds up to exactly 100
-  kComponents     // the components are not all 0
+  kRequired,   // the column is not Null
+  kDevice,     // a control device and its efficiencies agree
+  kSalesGas,   // the composition adds up to exactly 100
+  kComponents  // the components are not all 0
 };
 
 // When a line applies, on the same row as the column.
 enum class Applies {
   kAlways,
-  kWithoutModelInputs,   // MODELINPUTS_FLG is 0
-  kWithModelInputs,      // MODELINPUTS_FLG is not 0, and not Null
-  kWithoutPilotAnswer,   // CTRL_FLA_PILOT_FLG is Null
-  kTankHasHeight,        // a standing cylinder, or any rectangular tank
+  kWithoutModelInputs,  // MODELINPUTS_FLG is 0
+  kWithModelInputs,     // MODELINPUTS_FLG is not 0, and not Null
+  kWithoutPilotAnswer,  // CTRL_FLA_PILOT_FLG is Null
+  kTankHasHeight,       // a standing cylinder, or any rectangular tank
   kTankIsCylindrical,
   kTankIsRectangular,
   kTankStandsRectangular,
@@ -27,9 +27,9 @@ enum class Applies {
 };
 
 struct InventoryRow {
-  std::string_view pass;        // type code, or "USER", "STRUCTURE"
-  std::string_view field_id;    // stored in the finding
-  std::string_view column;      // looked at; empty for a sum
+  std::string_view pass;      // type code, or "USER", "STRUCTURE"
+  std::string_view field_id;  // stored in the finding
+  std::string_view column;    // looked at; empty for a sum
   std::string_view table;
   std::string_view field_desc;  // stored in the finding, misspellings and all
   InventoryCheck check = InventoryCheck::kRequired;

@@ -18,13 +18,27 @@ constexpr int kNoMonth = 99, kNoYear = 9999;
 constexpr std::array<std::string_view, 15> kTypePasses = {"AMI", "BOI", "DIE", "FLA", "GLY", "DRI", "MUD", "NGE",
                                                           "NGT", "LOA", "LOS", "PNE", "PRE", "STO", "VEN"};
 
-constexpr const char* kGases[] = {"O2", "CO2", "N2", "C1", "C2", "C3", "iC4", "nC4", "iC5", "nC5", "C6", "C7", "C8Plus", "H2S"};
+constexpr const char* kGases[] = {"O2",  "CO2", "N2",  "C1", "C2", "C3",     "iC4",
+                                  "nC4", "iC5", "nC5", "C6", "C7", "C8Plus", "H2S"};
 constexpr const char* kEfficiencies[] = {"NOX", "CO", "VOC", "PM10", "SOX"};
-constexpr const char* kComponentColumns[] = {
-    "PUMP_SEALS_QTY", "Connectors_qty", "Flanges_qty", "Open_Ended_Lines_qty", "CENTCOMPWET_SEALS_QTY",
-    "CENTCOMPDRY_SEALS_QTY", "RECIPCOMP_SEALS_QTY", "OTH_COMP_SEALS_QTY", "Diaphragms_qty", "Drains_qty",
-    "Dump_Arms_qty", "Hatches_qty", "Instruments_qty", "Meters_qty", "PRES_RELIEF_VALVES_QTY", "POLISHED_RODS_QTY",
-    "OTH_RELIEF_VALVES_QTY", "VALVES_QTY"};
+constexpr const char* kComponentColumns[] = {"PUMP_SEALS_QTY",
+                                             "Connectors_qty",
+                                             "Flanges_qty",
+                                             "Open_Ended_Lines_qty",
+                                             "CENTCOMPWET_SEALS_QTY",
+                                             "CENTCOMPDRY_SEALS_QTY",
+                                             "RECIPCOMP_SEALS_QTY",
+                                             "OTH_COMP_SEALS_QTY",
+                                             "Diaphragms_qty",
+                                             "Drains_qty",
+                                             "Dump_Arms_qty",
+                                             "Hatches_qty",
+                                             "Instruments_qty",
+                                             "Meters_qty",
+                                             "PRES_RELIEF_VALVES_QTY",
+                                             "POLISHED_RODS_QTY",
+                                             "OTH_RELIEF_VALVES_QTY",
+                                             "VALVES_QTY"};
 
 // Where a finding of the pass sits.
 struct Place {
@@ -52,7 +66,8 @@ class NamedRow {
   const Value& operator[](std::string_view column) const {
     for (std::size_t i = 0; i < columns_.size(); ++i)
       if (columns_[i] == column) return values_[i];
-    throw Fault(fault_number::kNoSuchItem, "MERLU inventory QC", "Item not found in this collection: " + std::string(column) + ".");
+    throw Fault(fault_number::kNoSuchItem, "MERLU inventory QC",
+                "Item not found in this collection: " + std::string(column) + ".");
   }
   template <std::size_t N>
   float Sum(const char* prefix, const char* const (&names)[N], const char* suffix) const {
@@ -66,11 +81,13 @@ class NamedRow {
   const Values& values_;
 };
 
-void AddInventoryFinding(Session& s, const Place& at, std::string_view field_id, std::string_view field_desc, const std::string& text) {
-  s.db.Execute("INSERT INTO QCInventory (UserID,[Month],[Year],CmplxID,StructID,EquipID,[Level],EquipType,FieldID,FieldDesc,"
-               "[TimeStamp],[Desc]) VALUES (?,?,?,?,?,?,?,?,?,?,?,?)",
-               {at.user, std::int64_t{at.month}, std::int64_t{at.year}, at.complex, at.structure, at.equipment, at.level, at.type,
-                std::string(field_id), std::string(field_desc), std::string(kTimeStamp), text});
+void AddInventoryFinding(Session& s, const Place& at, std::string_view field_id, std::string_view field_desc,
+                         const std::string& text) {
+  s.db.Execute(
+      "INSERT INTO QCInventory (UserID,[Month],[Year],CmplxID,StructID,EquipID,[Level],EquipType,FieldID,FieldDesc,"
+      "[TimeStamp],[Desc]) VALUES (?,?,?,?,?,?,?,?,?,?,?,?)",
+      {at.user, std::int64_t{at.month}, std::int64_t{at.year}, at.complex, at.structure, at.equipment, at.level,
+       at.type, std::string(field_id), std::string(field_desc), std::string(kTimeStamp), text});
 }
 
 bool DoesApply(Applies when, const NamedRow& row) {
@@ -127,15 +144,18 @@ void OperatorPass(Pass& pass) {
     const NamedRow row(rows.columns, values);
     const Place at{.level = "USER", .user = NullToEmpty(row["RIMA_CO_NUM"])};
     for (const InventoryRow* line : lines)
-      if (std::string text = Judge(*line, row); !text.empty()) AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
+      if (std::string text = Judge(*line, row); !text.empty())
+        AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
   }
 }
 
 void AddPlatformsWithoutEquipment(Session& s) {
   s.db.Execute(
-      "INSERT INTO QCInventory (UserID,[Month],[Year],CmplxID,StructID,[Level],EquipType,EquipID,FieldID,[TimeStamp],FieldDesc,[Desc]) "
+      "INSERT INTO QCInventory "
+      "(UserID,[Month],[Year],CmplxID,StructID,[Level],EquipType,EquipID,FieldID,[TimeStamp],FieldDesc,[Desc]) "
       "SELECT c.RIMA_CO_NUM,a.PA_MO,a.PA_YR,p.CMPLX_ID_NUM,p.STRUCT_NUM,'STRUCTURE','NA','NA','NA',?,'STRUCTURE',"
-      "'Equipment records are missing for platform' FROM CO_COMPANY c JOIN PD_PLATFORM_DESC p ON c.RIMA_CO_NUM=p.RIMA_CO_NUM "
+      "'Equipment records are missing for platform' FROM CO_COMPANY c JOIN PD_PLATFORM_DESC p ON "
+      "c.RIMA_CO_NUM=p.RIMA_CO_NUM "
       "JOIN PA_PLATFORM_ACTV a ON a.PD_ID_AK=p.PD_ID_AK LEFT JOIN ED_EQUIP_DESC e ON e.PD_ID_AK=p.PD_ID_AK "
       "GROUP BY c.RIMA_CO_NUM,a.PA_MO,a.PA_YR,p.CMPLX_ID_NUM,p.STRUCT_NUM HAVING COUNT(e.ED_ID_AK)=0",
       {std::string(kTimeStamp)});
@@ -145,15 +165,20 @@ void StructurePass(Pass& pass) {
   AddPlatformsWithoutEquipment(pass.s);
   const auto lines = LinesOf("STRUCTURE");
   const Rows rows = pass.s.db.Query(
-      "SELECT p.*,a.PA_MO,a.PA_YR,a.PROD_NG,a.PROD_OIL FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK "
+      "SELECT p.*,a.PA_MO,a.PA_YR,a.PROD_NG,a.PROD_OIL FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON "
+      "p.PD_ID_AK=a.PD_ID_AK "
       "WHERE a.status IS NOT NULL AND a.status<>'I' ORDER BY a.SA_ID_AK");
   for (const Values& values : rows.rows) {
     const NamedRow row(rows.columns, values);
-    const Place at{.level = "STRUCTURE", .user = NullToEmpty(row["RIMA_CO_NUM"]), .month = static_cast<int>(ToInteger(row["PA_MO"])),
-                   .year = static_cast<int>(ToInteger(row["PA_YR"])), .complex = NullToEmpty(row["CMPLX_ID_NUM"]),
+    const Place at{.level = "STRUCTURE",
+                   .user = NullToEmpty(row["RIMA_CO_NUM"]),
+                   .month = static_cast<int>(ToInteger(row["PA_MO"])),
+                   .year = static_cast<int>(ToInteger(row["PA_YR"])),
+                   .complex = NullToEmpty(row["CMPLX_ID_NUM"]),
                    .structure = NullToEmpty(row["STRUCT_NUM"])};
     for (const InventoryRow* line : lines)
-      if (std::string text = Judge(*line, row); !text.empty()) AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
+      if (std::string text = Judge(*line, row); !text.empty())
+        AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
     pass.at.has_structure = true;
     pass.at.user = at.user;
     pass.at.complex = at.complex;
@@ -203,11 +228,19 @@ void MoveToDescription(Pass& pass, const NamedRow& row) {
 }
 
 Place EquipmentPlace(const Standing& at, std::string_view type) {
-  return {.level = "EQUIPMENT", .user = at.user, .month = at.month, .year = at.year, .complex = at.complex,
-          .structure = at.structure, .type = std::string(type), .equipment = at.equipment};
+  return {.level = "EQUIPMENT",
+          .user = at.user,
+          .month = at.month,
+          .year = at.year,
+          .complex = at.complex,
+          .structure = at.structure,
+          .type = std::string(type),
+          .equipment = at.equipment};
 }
 
-bool IsActive(const Value& status) { return IsNull(status) || NullToEmpty(status) == "A"; }
+bool IsActive(const Value& status) {
+  return IsNull(status) || NullToEmpty(status) == "A";
+}
 
 void TypePass(Pass& pass, std::string_view code) {
   const std::string type(code);
@@ -215,8 +248,11 @@ void TypePass(Pass& pass, std::string_view code) {
   const Rows rows = pass.s.db.Query(
       "SELECT t.*,t.EA_ID_AK AS type_key,a.EA_ID_AK AS master,a.EA_STATUS,a.EA_MO,a.EA_YR,a.ED_ID_AK AS equipment_key,"
       "d.ED_ID_AK AS equipment,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK AS structure_key,p.PD_ID_AK AS structure,p.RIMA_CO_NUM,"
-      "p.CMPLX_ID_NUM,p.STRUCT_NUM FROM EA_" + type + " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-      "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.EA_ID_AK");
+      "p.CMPLX_ID_NUM,p.STRUCT_NUM FROM EA_" +
+      type +
+      " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
+      "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER "
+      "BY t.EA_ID_AK");
   if (rows.rows.empty()) return;
   const auto of_description = DescriptionFindings(pass.s, type, lines);
   for (const Values& values : rows.rows) {
@@ -242,7 +278,8 @@ void FugitivesPass(Pass& pass) {
     const NamedRow row(rows.columns, values);
     const Place at = EquipmentPlace(pass.at, "FUG");
     for (const InventoryRow* line : lines)
-      if (std::string text = Judge(*line, row); !text.empty()) AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
+      if (std::string text = Judge(*line, row); !text.empty())
+        AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
   }
 }
 
@@ -258,24 +295,28 @@ Standing FirstRows(Session& s) {
     at.has_equipment = true;
     at.equipment = row.Text(0);
   });
-  s.db.ForEach("SELECT RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK LIMIT 1", {}, [&](const RowView& row) {
-    at.has_structure = true;
-    at.user = row.Text(0);
-    at.complex = row.Text(1);
-    at.structure = row.Text(2);
-  });
+  s.db.ForEach("SELECT RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK LIMIT 1", {},
+               [&](const RowView& row) {
+                 at.has_structure = true;
+                 at.user = row.Text(0);
+                 at.complex = row.Text(1);
+                 at.structure = row.Text(2);
+               });
   return at;
 }
 
 void PurgeInactiveStructures(Session& s) {
-  s.db.Execute("DELETE FROM QCInventory WHERE EXISTS (SELECT 1 FROM PD_PLATFORM_DESC p JOIN PA_PLATFORM_ACTV a ON a.PD_ID_AK=p.PD_ID_AK "
-               "WHERE a.status='I' AND p.CMPLX_ID_NUM=QCInventory.CmplxID AND p.STRUCT_NUM=QCInventory.StructID AND "
-               "p.RIMA_CO_NUM=QCInventory.UserID AND a.PA_MO=QCInventory.[Month] AND a.PA_YR=QCInventory.[Year])");
+  s.db.Execute(
+      "DELETE FROM QCInventory WHERE EXISTS (SELECT 1 FROM PD_PLATFORM_DESC p JOIN PA_PLATFORM_ACTV a ON "
+      "a.PD_ID_AK=p.PD_ID_AK "
+      "WHERE a.status='I' AND p.CMPLX_ID_NUM=QCInventory.CmplxID AND p.STRUCT_NUM=QCInventory.StructID AND "
+      "p.RIMA_CO_NUM=QCInventory.UserID AND a.PA_MO=QCInventory.[Month] AND a.PA_YR=QCInventory.[Year])");
 }
 
 void AddSummary(Session& s) {
   const std::int64_t count = ToInteger(s.db.Single("SELECT COUNT(*) FROM QCInventory"));
-  const Place at{.level = "ZSUMMARY", .user = NullToEmpty(s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid LIMIT 1"))};
+  const Place at{.level = "ZSUMMARY",
+                 .user = NullToEmpty(s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid LIMIT 1"))};
   AddInventoryFinding(s, at, "NA", "AA",
                       count == 0 ? "There are no missing data, outliers, or inconsistencies in this dataset."
                                  : std::to_string(count) + " errors found in this dataset.");

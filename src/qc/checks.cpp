@@ -16,7 +16,9 @@ bool IsOutside(const Control& field, double low, double high) {
 
 }  // namespace
 
-bool IsFilled(const Control& field) { return field.text.find_first_not_of(' ') != std::string::npos; }
+bool IsFilled(const Control& field) {
+  return field.text.find_first_not_of(' ') != std::string::npos;
+}
 
 bool HasTooFewDigits(std::string_view text) {
   return std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }) < 10;
@@ -26,7 +28,9 @@ std::string RangeText(double low, double high) {
   return "Value not in expected range (" + GeneralNumber(low) + " to " + GeneralNumber(high) + ")";
 }
 
-std::string MinText(float minimum) { return "Value under minimum of " + GeneralNumber(minimum); }
+std::string MinText(float minimum) {
+  return "Value under minimum of " + GeneralNumber(minimum);
+}
 
 void Judge(Session& s, QCLocation& location, Control& field, bool failed, const std::string& text) {
   if (failed) {

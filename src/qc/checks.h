@@ -11,7 +11,6 @@
 
 namespace merlu {
 
-
 // True when the trimmed text is not empty.
 bool IsFilled(const Control& field);
 // True when the text holds fewer than 10 digits.

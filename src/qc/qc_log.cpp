@@ -110,7 +110,8 @@ void ClearQCError(Session& s, QCLocation& location, const std::string& field_id,
   ClearQCErrors(s, location, field_id, {description});
 }
 
-void ClearQCErrors(Session& s, QCLocation& location, const std::string& field_id, std::initializer_list<std::string> descriptions) {
+void ClearQCErrors(Session& s, QCLocation& location, const std::string& field_id,
+                   std::initializer_list<std::string> descriptions) {
   OnSheet(s, [&] {
     if (!Find(s, location, field_id)) return;
     const std::string text = NullToEmpty(s.At("QC").Field("Desc"));
@@ -130,7 +131,9 @@ void DelQCRecordsForEquipMode(Session& s, const QCLocation& location) {
   Delete(s, std::string(kEquipment) + " AND EditMode=?", values);
 }
 
-void DelQCRecordsForEquip(Session& s, const QCLocation& location) { Delete(s, kEquipment, EquipmentKey(location)); }
+void DelQCRecordsForEquip(Session& s, const QCLocation& location) {
+  Delete(s, kEquipment, EquipmentKey(location));
+}
 
 void DelQCRecordsForStructMode(Session& s, const QCLocation& l) {
   Delete(s, "UserID=? AND CmplxID=? AND StructID=? AND [Level]=? AND EditMode=?",
@@ -166,13 +169,15 @@ int CountQCErrors(Session& s, const QCLocation& l) {
   } else if (!l.Is(level::kSurvey)) {
     condition += " AND 0";
   }
-  return static_cast<int>(ToInteger(s.db.Single("SELECT COUNT(UserID) AS ErrorCount FROM QC WHERE " + condition, values)));
+  return static_cast<int>(
+      ToInteger(s.db.Single("SELECT COUNT(UserID) AS ErrorCount FROM QC WHERE " + condition, values)));
 }
 
 bool HasEquipment(Session& s, const QCLocation& location) {
   const Value id = s.db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? AND STRUCT_NUM=?",
                                {location.CmplxID, location.StructID});
-  return ToInteger(s.db.Single("SELECT COUNT(ED_ID_AK) AS EquipmentCount FROM ED_EQUIP_DESC WHERE PD_ID_AK=?", {id})) >= 1;
+  return ToInteger(s.db.Single("SELECT COUNT(ED_ID_AK) AS EquipmentCount FROM ED_EQUIP_DESC WHERE PD_ID_AK=?", {id})) >=
+         1;
 }
 
 }  // namespace merlu

@@ -29,7 +29,8 @@ void AddQCError(Session& s, QCLocation& location, const std::string& field_id, c
 // Withdraws the finding when its text is this one.
 void ClearQCError(Session& s, QCLocation& location, const std::string& field_id, const std::string& description);
 // The same for one of several texts, with one look-up.
-void ClearQCErrors(Session& s, QCLocation& location, const std::string& field_id, std::initializer_list<std::string> descriptions);
+void ClearQCErrors(Session& s, QCLocation& location, const std::string& field_id,
+                   std::initializer_list<std::string> descriptions);
 // Withdraws the field's finding whatever its text.
 void ClearQCField(Session& s, QCLocation& location, const std::string& field_id);
 

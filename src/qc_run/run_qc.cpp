@@ -16,9 +16,12 @@ const SheetSpec* SheetAt(const QCLocation& location) {
 }
 
 void Run(Session& s, QCLocation& location) {
-  if (location.Is(level::kSurvey)) RunSurveyQC(s, location);
-  else if (location.Is(level::kStructure)) RunStructureQC(s, location, location);
-  else if (const SheetSpec* sheet = SheetAt(location)) RunSheetQC(s, *sheet, location);
+  if (location.Is(level::kSurvey))
+    RunSurveyQC(s, location);
+  else if (location.Is(level::kStructure))
+    RunStructureQC(s, location, location);
+  else if (const SheetSpec* sheet = SheetAt(location))
+    RunSheetQC(s, *sheet, location);
 }
 
 // The list of the sheet that the run was started on.

@@ -46,10 +46,12 @@ std::vector<StructureRow> ActiveStructures(Session& s, const QCLocation& l) {
 
 std::vector<EquipmentRow> EquipmentOf(Session& s, const QCLocation& l, const std::string& type, bool months) {
   std::string sql = "SELECT d.ED_MERLU_EQUIP_ID,d.ED_ID_AK,d.PD_ID_AK";
-  sql += months ? ",a.EA_ID_AK,a.EA_STATUS,a.EA_QC_DT FROM EA_" + type + " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-                  "JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
+  sql += months ? ",a.EA_ID_AK,a.EA_STATUS,a.EA_QC_DT FROM EA_" + type +
+                      " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
+                      "JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
                 : ",0,NULL,NULL FROM ED_EQUIP_DESC d ";
-  sql += "JOIN ED_" + type + " e ON e.ED_ID_AK=d.ED_ID_AK JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
+  sql += "JOIN ED_" + type +
+         " e ON e.ED_ID_AK=d.ED_ID_AK JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
          "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?";
   Values values = {Trim(l.UserID), l.CmplxID, l.StructID};
   if (months) {
@@ -69,9 +71,10 @@ std::vector<EquipmentRow> EquipmentOf(Session& s, const QCLocation& l, const std
 // The types that the structure has at all: the others need no walk.
 std::set<std::string> TypesOn(Session& s, const QCLocation& l) {
   std::set<std::string> types;
-  s.db.ForEach("SELECT DISTINCT d.ED_EQUIP_TYP FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
-               "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?",
-               {Trim(l.UserID), l.CmplxID, l.StructID}, [&](const RowView& row) { types.emplace(row.Text(0)); });
+  s.db.ForEach(
+      "SELECT DISTINCT d.ED_EQUIP_TYP FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
+      "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?",
+      {Trim(l.UserID), l.CmplxID, l.StructID}, [&](const RowView& row) { types.emplace(row.Text(0)); });
   return types;
 }
 
@@ -109,7 +112,8 @@ void RunSurveyQC(Session& s, QCLocation& location) {
     location.CmplxID = row.complex;
     location.StructID = row.structure;
     Progress(s, "Structure " + row.complex + " " + row.structure, done++, static_cast<int>(rows.size()));
-    const std::string key = StructureMonthKey(location.UserID, location.Month, location.Year, row.complex, row.structure);
+    const std::string key =
+        StructureMonthKey(location.UserID, location.Month, location.Year, row.complex, row.structure);
     if (const std::int64_t* id = s.structure_month_list.Find(key)) s.SA_ID_AK = *id;
     RunStructureQC(s, location, started_at);
   }

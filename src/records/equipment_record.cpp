@@ -25,7 +25,8 @@ void NewActivityRow(Session& s, const EquipmentType& type, int month) {
 
 void RequeryAll(Session& s, bool structures) {
   if (structures)
-    for (const char* table : {"PD_PLATFORM_DESC", "PA_PLATFORM_ACTV", "ED_EQUIP_DESC", "EA_EQUIP_ACTV"}) s.At(table).Requery();
+    for (const char* table : {"PD_PLATFORM_DESC", "PA_PLATFORM_ACTV", "ED_EQUIP_DESC", "EA_EQUIP_ACTV"})
+      s.At(table).Requery();
   for (const EquipmentType& type : EquipmentTypes()) {
     s.At("ED_" + std::string(type.code)).Requery();
     if (type.has_activity) s.At("EA_" + std::string(type.code)).Requery();
@@ -35,9 +36,10 @@ void RequeryAll(Session& s, bool structures) {
 }  // namespace
 
 bool EquipmentExists(Session& s, const EquipmentType& type, const std::string& id) {
-  return !IsNull(s.db.Single("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC WHERE PD_ID_AK=? AND ED_EQUIP_TYP=? AND "
-                             "ED_MERLU_EQUIP_ID=?",
-                             {s.PD_ID_AK, std::string(type.code), id}));
+  return !IsNull(
+      s.db.Single("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC WHERE PD_ID_AK=? AND ED_EQUIP_TYP=? AND "
+                  "ED_MERLU_EQUIP_ID=?",
+                  {s.PD_ID_AK, std::string(type.code), id}));
 }
 
 void NewEquipRows(Session& s, const EquipmentType& type, const std::string& id) {

@@ -35,7 +35,9 @@ constexpr std::array<OperatorField, 10> kFields = {{
     {"txtUSER_Email", "Email", "Email", nullptr, true},
 }};
 
-bool IsBlank(const Form& form, const char* field) { return !IsFilled(form.At(field)); }
+bool IsBlank(const Form& form, const char* field) {
+  return !IsFilled(form.At(field));
+}
 
 bool ShowsEmptyMask(const Form& form, const char* field) {
   const Control& control = form.At(field);
@@ -50,7 +52,9 @@ bool NotWhole(const Form& form, const char* field) {
   return !ShowsEmptyMask(form, field) && HasTooFewDigits(form.At(field).text);
 }
 
-bool NoAddress(const Form& form) { return IsBlank(form, "txtUSER_Address1") && IsBlank(form, "txtUSER_Address2"); }
+bool NoAddress(const Form& form) {
+  return IsBlank(form, "txtUSER_Address1") && IsBlank(form, "txtUSER_Address2");
+}
 
 // The inventory year: four digits, since node keys hold four. 0 for any other text.
 int YearOf(const Form& form) {
@@ -108,8 +112,7 @@ void ClearOperator(Session& s) {
   Plainly(s, [&] {
     if (!FindOperatorRecord(s)) Tell(s, "User record not found");
   });
-  for (const OperatorField& field : kFields)
-    s.main->At(field.control).text = field.mask ? Masked(field.mask, "") : "";
+  for (const OperatorField& field : kFields) s.main->At(field.control).text = field.mask ? Masked(field.mask, "") : "";
   s.main->At("cmdUSER_AddSurvey").visible = s.InActv();
 }
 
@@ -143,7 +146,8 @@ void SaveOperator(Session& s) {
     }
     Cursor& company = s.At("CO_COMPANY");
     company.Edit();
-    for (const OperatorField& field : kFields) company.SetField(field.column, FieldText(s.main->At(field.control).text));
+    for (const OperatorField& field : kFields)
+      company.SetField(field.column, FieldText(s.main->At(field.control).text));
     company.Update();
   });
   if (!saved) s.save_failed = true;

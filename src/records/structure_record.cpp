@@ -17,7 +17,9 @@ constexpr const char* kStatus = "chkSTRUCTURE_Status";
 constexpr const char* kList = "lvwSTRUCTURE_QCResults";
 constexpr const char* kComments = "txtSTRUCTURE_Comments";
 
-bool InMode(const Session& s, const FieldSpec& field) { return (field.mode == In::kActv) == s.InActv(); }
+bool InMode(const Session& s, const FieldSpec& field) {
+  return (field.mode == In::kActv) == s.InActv();
+}
 
 void ShowColumns(Session& s, In mode, Cursor& row) {
   for (const FieldSpec& field : StructureFields())
@@ -42,7 +44,8 @@ void PutStructureSheet(Session& s, Form& main) {
   Put(main, Kind::kFrame, "fraStructureDescriptive", "", {"tabSTRUCTURE"});
   Put(main, Kind::kFrame, "fraStructureActivity", "", {"tabSTRUCTURE"});
   for (const FieldSpec& field : StructureFields())
-    PutField(main, field, {field.mode == In::kActv ? "fraStructureActivity" : "fraStructureDescriptive", 0, field.block});
+    PutField(main, field,
+             {field.mode == In::kActv ? "fraStructureActivity" : "fraStructureDescriptive", 0, field.block});
   main.At(kComments).lines = true;
   Put(main, Kind::kFrame, "Frame1", "", {"fraStructureActivity"});
   Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {"Frame1", 0, "Comments"});
@@ -135,14 +138,15 @@ void LoadStructureQCList(Session& s) {
     FillWithFindings(s, list, FindingsOfStructure(s.current));
     AddEquipmentSummary(s, list, s.current);
     if (!FindStructureRecord(s)) return;
-    const Value& date = s.InActv() ? s.At("PA_PLATFORM_ACTV").Field("PA_QC_DT") : s.At("PD_PLATFORM_DESC").Field("PD_QC_DT");
+    const Value& date =
+        s.InActv() ? s.At("PA_PLATFORM_ACTV").Field("PA_QC_DT") : s.At("PD_PLATFORM_DESC").Field("PD_QC_DT");
     if (!IsNull(date)) SetCaption(*s.main, "lblSTRUCTURE_QCDate", QCDateText(date));
   });
 }
 
 bool StructureExists(Session& s, const std::string& complex, const std::string& structure) {
-  return !IsNull(s.db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE STRUCT_NUM=? AND CMPLX_ID_NUM=?",
-                             {structure, complex}));
+  return !IsNull(
+      s.db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE STRUCT_NUM=? AND CMPLX_ID_NUM=?", {structure, complex}));
 }
 
 void NewStructureRows(Session& s, const NewStructure& structure) {
@@ -180,7 +184,8 @@ void NewStructureRows(Session& s, const NewStructure& structure) {
 void PropagateStatus(Session& s) {
   // rows that have the status already are left alone, which spares writing the whole table
   const std::string update =
-      "UPDATE EA_EQUIP_ACTV SET EA_STATUS=p.status FROM ED_EQUIP_DESC d JOIN PA_PLATFORM_ACTV p ON p.PD_ID_AK=d.PD_ID_AK "
+      "UPDATE EA_EQUIP_ACTV SET EA_STATUS=p.status FROM ED_EQUIP_DESC d JOIN PA_PLATFORM_ACTV p ON "
+      "p.PD_ID_AK=d.PD_ID_AK "
       "WHERE d.ED_ID_AK=EA_EQUIP_ACTV.ED_ID_AK AND p.PA_YR=EA_EQUIP_ACTV.EA_YR AND p.PA_MO=EA_EQUIP_ACTV.EA_MO AND "
       "EA_EQUIP_ACTV.EA_STATUS IS NOT p.status AND EA_EQUIP_ACTV.EA_EQUIP_TYP";
   s.db.Execute(update + "<>'FUG'");

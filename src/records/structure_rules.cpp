@@ -15,7 +15,8 @@ constexpr const char* kNoEquipment = "Equipment records are missing for platform
 constexpr double kLeastTotal = 99.8, kMostTotal = 100;
 
 // The order in which the composition is added up.
-constexpr const char* kGases[] = {"H2S", "O2", "CO2", "N2", "C1", "C2", "C3", "iC4", "nC4", "iC5", "nC5", "C6", "C7", "C8"};
+constexpr const char* kGases[] = {"H2S", "O2",  "CO2", "N2",  "C1", "C2", "C3",
+                                  "iC4", "nC4", "iC5", "nC5", "C6", "C7", "C8"};
 
 void CheckEquipmentPresence(RuleRun& r) {
   if (r.form.At("chkSTRUCTURE_Status").checked || HasEquipment(r.s, r.location))
@@ -41,7 +42,9 @@ void CheckSalesGas(RuleRun& r) {
 }
 
 // Kept so that rows in files of older versions go away; no rule raises the text any more.
-void WithdrawRetired(RuleRun& r) { ClearQCError(r.s, r.location, r.field.tag, finding::kRetiredSum); }
+void WithdrawRetired(RuleRun& r) {
+  ClearQCError(r.s, r.location, r.field.tag, finding::kRetiredSum);
+}
 
 // A field that need not be filled looks passed, and an older finding stays until it is filled.
 void CheckExemptWhat(RuleRun& r) {
@@ -79,7 +82,8 @@ const std::vector<RuleGroup>& StructureRules() {
   static const std::vector<RuleGroup> groups = {
       {"CheckStructureFields", FieldRules()},
       {"CheckSalesGasComposition",
-       {{1, DESC, "txtSTRUCTURE_SalesGasTotal", Own("SalesGasTotal", RangeText(kLeastTotal, kMostTotal), CheckSalesGas)}}},
+       {{1, DESC, "txtSTRUCTURE_SalesGasTotal",
+         Own("SalesGasTotal", RangeText(kLeastTotal, kMostTotal), CheckSalesGas)}}},
       {"WithdrawRetiredFindings",
        {{1, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", Own("WithdrawRetired", finding::kRetiredSum, WithdrawRetired)},
         {2, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", Own("WithdrawRetired", finding::kRetiredSum, WithdrawRetired)},

@@ -41,9 +41,10 @@ void AddEquipmentMonths(Session& s, int month) {
       {key, std::int64_t{s.year}, std::int64_t{month}});
   for (const EquipmentType& type : EquipmentTypes()) {
     if (!type.has_activity) continue;
-    s.db.Execute("INSERT INTO EA_" + std::string(type.code) +
-                     " (EA_ID_AK) SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_ID_AK>? AND EA_EQUIP_TYP=? ORDER BY EA_ID_AK",
-                 {key, std::string(type.code)});
+    s.db.Execute(
+        "INSERT INTO EA_" + std::string(type.code) +
+            " (EA_ID_AK) SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_ID_AK>? AND EA_EQUIP_TYP=? ORDER BY EA_ID_AK",
+        {key, std::string(type.code)});
   }
 }
 
@@ -64,7 +65,9 @@ void ClearSurvey(Session& s) {
   s.main->At(kList).picked.clear();
 }
 
-void LoadSurvey(Session& s) { LoadSurveyQCList(s); }
+void LoadSurvey(Session& s) {
+  LoadSurveyQCList(s);
+}
 
 void LockSurvey(Session& s) {
   SetFrameTitle(*s.main, "fraSurvey", "Survey", false);

@@ -6,7 +6,9 @@
 namespace merlu {
 namespace {
 
-const char* InName(In mode) { return mode == In::kActv ? "ACTV" : mode == In::kDesc ? "DESC" : "both"; }
+const char* InName(In mode) {
+  return mode == In::kActv ? "ACTV" : mode == In::kDesc ? "DESC" : "both";
+}
 
 const char* StoredName(Stored stored) {
   switch (stored) {
@@ -27,10 +29,16 @@ const char* FieldKindName(Kind kind) {
 }
 
 Json FieldJson(const SheetSpec& sheet, const FieldSpec& field) {
-  Json json = {{"control", field.control}, {"kind", FieldKindName(field.kind)}, {"caption", field.caption},
+  Json json = {{"control", field.control},
+               {"kind", FieldKindName(field.kind)},
+               {"caption", field.caption},
                {"tag", field.tag},
-               {"table", field.column.empty() ? "" : field.mode == In::kActv ? sheet.ea_table() : sheet.ed_table()},
-               {"column", field.column}, {"mode", InName(field.mode)}, {"page", field.page},
+               {"table", field.column.empty()      ? ""
+                         : field.mode == In::kActv ? sheet.ea_table()
+                                                   : sheet.ed_table()},
+               {"column", field.column},
+               {"mode", InName(field.mode)},
+               {"page", field.page},
                {"stored", StoredName(field.stored)}};
   Json items = Json::array(), codes = Json::array();
   for (const Item& item : field.items) {
@@ -44,16 +52,33 @@ Json FieldJson(const SheetSpec& sheet, const FieldSpec& field) {
 
 // The month's status and comment, which every sheet of monthly activity has.
 void AddMasterFields(const SheetSpec& sheet, Json& fields) {
-  fields.push_back({{"control", sheet.status_box()}, {"kind", "check"}, {"caption", "No Emissions to Report"}, {"tag", ""},
-                    {"table", "EA_EQUIP_ACTV"}, {"column", "EA_STATUS"}, {"mode", "ACTV"}, {"page", 0},
-                    {"stored", "code"}, {"items", {"off", "on"}}, {"codes", {"A", "I"}}});
-  fields.push_back({{"control", sheet.comments()}, {"kind", "text"}, {"caption", sheet.comments_caption},
-                    {"tag", sheet.comments_tag}, {"table", "EA_EQUIP_ACTV"}, {"column", "EA_COMNT_TXT"},
-                    {"mode", "ACTV"}, {"page", 0}, {"stored", "text"}});
+  fields.push_back({{"control", sheet.status_box()},
+                    {"kind", "check"},
+                    {"caption", "No Emissions to Report"},
+                    {"tag", ""},
+                    {"table", "EA_EQUIP_ACTV"},
+                    {"column", "EA_STATUS"},
+                    {"mode", "ACTV"},
+                    {"page", 0},
+                    {"stored", "code"},
+                    {"items", {"off", "on"}},
+                    {"codes", {"A", "I"}}});
+  fields.push_back({{"control", sheet.comments()},
+                    {"kind", "text"},
+                    {"caption", sheet.comments_caption},
+                    {"tag", sheet.comments_tag},
+                    {"table", "EA_EQUIP_ACTV"},
+                    {"column", "EA_COMNT_TXT"},
+                    {"mode", "ACTV"},
+                    {"page", 0},
+                    {"stored", "text"}});
 }
 
 Json RuleJson(const RuleGroup& group, const Rule& rule) {
-  Json json = {{"group", group.name}, {"order", rule.order}, {"mode", InName(rule.mode)}, {"field", rule.field},
+  Json json = {{"group", group.name},
+               {"order", rule.order},
+               {"mode", InName(rule.mode)},
+               {"field", rule.field},
                {"check", rule.check.name}};
   if (rule.check.has_low) json["low"] = rule.check.low;
   if (rule.check.has_high) json["high"] = rule.check.high;
@@ -70,9 +95,16 @@ Json SheetJson(const SheetSpec& sheet) {
   if (sheet.has_activity) AddMasterFields(sheet, fields);
   for (const RuleGroup& group : sheet.rules)
     for (const Rule& rule : group.rules) rules.push_back(RuleJson(group, rule));
-  return {{"type", sheet.type}, {"number", sheet.number}, {"form", sheet.form()}, {"frame", sheet.frame()},
-          {"unit", "TARNE_" + sheet.letters}, {"longName", sheet.title}, {"editTitle", sheet.edit_title},
-          {"pages", sheet.pages}, {"fields", fields}, {"rules", rules}};
+  return {{"type", sheet.type},
+          {"number", sheet.number},
+          {"form", sheet.form()},
+          {"frame", sheet.frame()},
+          {"unit", "TARNE_" + sheet.letters},
+          {"longName", sheet.title},
+          {"editTitle", sheet.edit_title},
+          {"pages", sheet.pages},
+          {"fields", fields},
+          {"rules", rules}};
 }
 
 }  // namespace

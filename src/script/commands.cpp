@@ -20,7 +20,9 @@ std::optional<int> WholeNumber(const std::string& text) {
   return number;
 }
 
-bool IsSheet(const Session& s, const Form& form) { return &form != s.main && !form.modal; }
+bool IsSheet(const Session& s, const Form& form) {
+  return &form != s.main && !form.modal;
+}
 
 }  // namespace
 
@@ -33,24 +35,26 @@ struct Player::Command {
 const std::vector<Player::Command>& Player::Commands() {
   constexpr std::size_t kAny = 1000000;
   static const std::vector<Command> commands = {
-      {"start", 0, 1, &Player::Start},       {"answer", 1, kAny, &Player::Answer},
-      {"file", 1, kAny, &Player::File},      {"tree", 0, 0, &Player::ListTree},
-      {"select", 1, 1, &Player::Select},     {"click", 1, 1, &Player::Click},
+      {"start", 0, 1, &Player::Start},          {"answer", 1, kAny, &Player::Answer},
+      {"file", 1, kAny, &Player::File},         {"tree", 0, 0, &Player::ListTree},
+      {"select", 1, 1, &Player::Select},        {"click", 1, 1, &Player::Click},
       {"dblclick", 1, 1, &Player::DoubleClick}, {"set", 2, 2, &Player::Set},
-      {"pick", 1, kAny, &Player::Pick},      {"get", 1, 1, &Player::Get},
-      {"controls", 0, 1, &Player::Controls}, {"forms", 0, 0, &Player::Forms},
-      {"session", 0, 0, &Player::ShowSession}, {"sql", 1, 1, &Player::Sql},
-      {"clock", 1, 1, &Player::Clock},       {"close", 0, 0, &Player::Close},
+      {"pick", 1, kAny, &Player::Pick},         {"get", 1, 1, &Player::Get},
+      {"controls", 0, 1, &Player::Controls},    {"forms", 0, 0, &Player::Forms},
+      {"session", 0, 0, &Player::ShowSession},  {"sql", 1, 1, &Player::Sql},
+      {"clock", 1, 1, &Player::Clock},          {"close", 0, 0, &Player::Close},
   };
   return commands;
 }
 
 void Player::Dispatch(const Words& words) {
   const auto& commands = Commands();
-  const auto command = std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return words.front() == c.name; });
+  const auto command =
+      std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return words.front() == c.name; });
   if (command == commands.end()) Fail("unknown command " + words.front());
   const std::size_t count = words.size() - 1;
-  if (count < command->least || count > command->most) Fail(std::string(command->name) + " takes other words than these");
+  if (count < command->least || count > command->most)
+    Fail(std::string(command->name) + " takes other words than these");
   (this->*command->run)(words);
 }
 
@@ -78,16 +82,21 @@ void Player::Start(const Words& words) {
 void Player::Answer(const Words& words) {
   std::vector<Button> queued;
   for (auto word = words.begin() + 1; word != words.end(); ++word) {
-    const auto* button = std::find_if(std::begin(kButtons), std::end(kButtons), [&](Button b) { return ButtonName(b) == *word; });
+    const auto* button =
+        std::find_if(std::begin(kButtons), std::end(kButtons), [&](Button b) { return ButtonName(b) == *word; });
     if (button == std::end(kButtons)) Fail("unknown answer " + *word);
     queued.push_back(*button);
   }
   answers_.insert(answers_.end(), queued.begin(), queued.end());
 }
 
-void Player::File(const Words& words) { files_.insert(files_.end(), words.begin() + 1, words.end()); }
+void Player::File(const Words& words) {
+  files_.insert(files_.end(), words.begin() + 1, words.end());
+}
 
-void Player::ListTree(const Words&) { reply_.extra["nodes"] = TreeJson(session_.tree); }
+void Player::ListTree(const Words&) {
+  reply_.extra["nodes"] = TreeJson(session_.tree);
+}
 
 void Player::Select(const Words& words) {
   const auto [form, tree] = Look("tvwTree");
@@ -127,7 +136,8 @@ void Player::Set(const Words& words) {
     case Kind::kList:
       Done(name, WhyNot(desk, *form, *control, true));
       act::GotFocus(desk, *form, name);
-      Done(name, control->kind == Kind::kList ? act::Choose(desk, *form, name, value) : act::Type(desk, *form, name, value));
+      Done(name,
+           control->kind == Kind::kList ? act::Choose(desk, *form, name, value) : act::Type(desk, *form, name, value));
       act::LostFocus(desk, *form, name);
       return;
     case Kind::kCheck:
@@ -172,7 +182,9 @@ void Player::Forms(const Words&) {
   reply_.extra["forms"] = names;
 }
 
-void Player::ShowSession(const Words&) { AddSession(reply_.extra, session_); }
+void Player::ShowSession(const Words&) {
+  AddSession(reply_.extra, session_);
+}
 
 void Player::Sql(const Words& words) {
   const Rows result = session_.db.ReadOnlyQuery(words[1]);

@@ -38,12 +38,13 @@ const char* IconName(Icon icon) {
   return "";
 }
 
-bool IsField(Kind kind) { return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList; }
+bool IsField(Kind kind) {
+  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
+}
 
 Json LocationJson(const QCLocation& l) {
-  return {{"Level", l.Level},     {"UserID", l.UserID},       {"Month", l.Month},
-          {"Year", l.Year},       {"CmplxID", l.CmplxID},     {"StructID", l.StructID},
-          {"EquipType", l.EquipType}, {"EquipID", l.EquipID}};
+  return {{"Level", l.Level},     {"UserID", l.UserID},     {"Month", l.Month},         {"Year", l.Year},
+          {"CmplxID", l.CmplxID}, {"StructID", l.StructID}, {"EquipType", l.EquipType}, {"EquipID", l.EquipID}};
 }
 
 }  // namespace
@@ -96,21 +97,28 @@ void AddSession(Json& answer, const Session& s) {
 }
 
 Json ValueJson(const Value& value) {
-  return std::visit([](const auto& held) -> Json {
-    if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Null>)
-      return nullptr;
-    else
-      return held;
-  }, value);
+  return std::visit(
+      [](const auto& held) -> Json {
+        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Null>)
+          return nullptr;
+        else
+          return held;
+      },
+      value);
 }
 
 Json BoxJson(const Box& box, Button answer) {
   Json buttons = Json::array();
   for (Button button : box.buttons) buttons.push_back(ButtonName(button));
-  return {{"text", box.text}, {"title", box.title}, {"icon", IconName(box.icon)}, {"buttons", buttons},
+  return {{"text", box.text},
+          {"title", box.title},
+          {"icon", IconName(box.icon)},
+          {"buttons", buttons},
           {"answer", ButtonName(answer)}};
 }
 
-std::string Line(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
+std::string Line(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
 
 }  // namespace merlu

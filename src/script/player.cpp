@@ -29,7 +29,11 @@ bool IsSkipped(const std::string& line) {
 }  // namespace
 
 Player::Player(std::istream& in, std::ostream& out, const PlayOptions& options)
-    : in_(in), out_(out), stop_on_error_(options.stop_on_error), settings_(options.settings_file), clock_(options.clock) {}
+    : in_(in),
+      out_(out),
+      stop_on_error_(options.stop_on_error),
+      settings_(options.settings_file),
+      clock_(options.clock) {}
 
 int Player::Run() {
   while (Next()) {
@@ -80,7 +84,9 @@ void Player::Emit() {
   failed_ = failed_ || !reply_.ok;
 }
 
-void Player::Fail(const std::string& why) { throw Refused{why}; }
+void Player::Fail(const std::string& why) {
+  throw Refused{why};
+}
 
 void Player::Done(const std::string& name, const std::string& refusal) {
   if (!refusal.empty()) Fail(name + " " + refusal);
@@ -89,8 +95,8 @@ void Player::Done(const std::string& name, const std::string& refusal) {
 Button Player::Ask(const Box& box) {
   Button answer = box.buttons.front();
   if (box.buttons.size() > 1) {
-    const bool queued = !answers_.empty() &&
-                        std::find(box.buttons.begin(), box.buttons.end(), answers_.front()) != box.buttons.end();
+    const bool queued =
+        !answers_.empty() && std::find(box.buttons.begin(), box.buttons.end(), answers_.front()) != box.buttons.end();
     answer = queued ? answers_.front() : LeastChange(box);
     if (!answers_.empty()) answers_.pop_front();
     if (!queued) {
@@ -109,8 +115,12 @@ std::string Player::NextFile() {
   return path;
 }
 
-std::string Player::AskFile(const FileQuestion&) { return NextFile(); }
-std::string Player::AskFolder(const std::string&) { return NextFile(); }
+std::string Player::AskFile(const FileQuestion&) {
+  return NextFile();
+}
+std::string Player::AskFolder(const std::string&) {
+  return NextFile();
+}
 
 void Player::RunModal(Form& form) {
   reply_.modal = form.name();
@@ -136,20 +146,29 @@ DateTime Player::Now() {
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
-std::string Player::Setting(const std::string& section, const std::string& key) { return settings_.Value(section, key); }
+std::string Player::Setting(const std::string& section, const std::string& key) {
+  return settings_.Value(section, key);
+}
 
 void Player::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
   settings_.Store(section, key, value);
 }
 
-std::string Player::ProgramFolder() { return merlu::ProgramFolder(); }
-std::string Player::DataFolder() { return UserDataFolder(); }
+std::string Player::ProgramFolder() {
+  return merlu::ProgramFolder();
+}
+std::string Player::DataFolder() {
+  return UserDataFolder();
+}
 
-void Player::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+void Player::WriteReport(const InventoryReport& report, const std::string& path,
+                         const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
 }
 
-void Player::OpenDocument(const std::string& path) { reply_.opened.push_back(path); }
+void Player::OpenDocument(const std::string& path) {
+  reply_.opened.push_back(path);
+}
 
 std::uint64_t Player::FreeBytes(const std::string& folder) {
   std::error_code error;

@@ -15,8 +15,8 @@
 namespace merlu {
 
 struct PlayOptions {
-  std::string settings_file;       // empty: the user's own
-  std::optional<DateTime> clock;   // empty: the real one
+  std::string settings_file;      // empty: the user's own
+  std::optional<DateTime> clock;  // empty: the real one
   bool stop_on_error = false;
 };
 

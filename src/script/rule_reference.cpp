@@ -40,7 +40,9 @@ std::string Demand(const CheckSpec& check) {
   std::string demand;
   if (check.only_if_filled)
     demand = "when filled";
-  else if (check.name.starts_with("CheckRequired") || check.name.starts_with("RequiredRange") || check.name == "CheckMin") demand = "required";
+  else if (check.name.starts_with("CheckRequired") || check.name.starts_with("RequiredRange") ||
+           check.name == "CheckMin")
+    demand = "required";
   if (check.has_low && check.has_high)
     demand += (demand.empty() ? "" : ", ") + GeneralNumber(check.low) + " to " + GeneralNumber(check.high);
   else if (check.has_low)
@@ -75,7 +77,8 @@ std::string Rules(const SheetSpec& sheet) {
 
 std::string RuleReference() {
   std::string text =
-      "# Rule reference\n\nEvery field of every equipment sheet and every rule that it is held to. This page is made from the\n"
+      "# Rule reference\n\nEvery field of every equipment sheet and every rule that it is held to. This page is made "
+      "from the\n"
       "tables that the program runs on, by `tools/make-docs`. Bounds are inclusive. A structure's total that is\n"
       "blank, or that rounds to 0, limits nothing.\n";
   for (const SheetSpec* sheet : AllSheets())

@@ -3,7 +3,9 @@
 namespace merlu {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r';
+}
 
 // Reads the quoted word that begins behind `at`; false when it is not closed.
 bool ReadQuoted(std::string_view line, std::size_t& at, std::string& word) {

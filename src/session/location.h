@@ -15,14 +15,14 @@ inline constexpr const char* kUnknown = "UNKNOWN";
 }  // namespace level
 
 struct QCLocation {
-  std::string Level;     // one of level::, empty before the first selection
-  std::string UserID;    // the operator's company number
-  int Month = 0;         // 1 to 12; 0 in description mode
-  int Year = 0;          // 0 in description mode
-  std::string CmplxID;   // complex
-  std::string StructID;  // structure within the complex
-  std::string EquipType; // code of the equipment type
-  std::string EquipID;   // the user's equipment ID
+  std::string Level;      // one of level::, empty before the first selection
+  std::string UserID;     // the operator's company number
+  int Month = 0;          // 1 to 12; 0 in description mode
+  int Year = 0;           // 0 in description mode
+  std::string CmplxID;    // complex
+  std::string StructID;   // structure within the complex
+  std::string EquipType;  // code of the equipment type
+  std::string EquipID;    // the user's equipment ID
 
   bool Is(const char* wanted) const { return Level == wanted; }
 };

@@ -6,13 +6,17 @@ void TellUnder(Session& s, const std::string& title, const std::string& text, Ic
   s.platform.Ask({text, title, icon, {Button::kOK}});
 }
 
-void Tell(Session& s, const std::string& text, Icon icon) { TellUnder(s, s.title, text, icon); }
+void Tell(Session& s, const std::string& text, Icon icon) {
+  TellUnder(s, s.title, text, icon);
+}
 
 Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon) {
   return s.platform.Ask({text, s.title, icon, std::move(buttons)});
 }
 
-void TellFault(Session& s, const Fault& fault) { Tell(s, fault.description + " " + std::to_string(fault.number)); }
+void TellFault(Session& s, const Fault& fault) {
+  Tell(s, fault.description + " " + std::to_string(fault.number));
+}
 
 void TellFaultNumberFirst(Session& s, const Fault& fault) {
   Tell(s, std::to_string(fault.number) + " " + fault.description);

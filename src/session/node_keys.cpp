@@ -35,7 +35,9 @@ void CutEquipment(Cutter& cut, QCLocation& location) {
 
 }  // namespace
 
-std::string UserKey(std::string_view user) { return "K" + PadLeft(LastCharacters(user, 5), 5); }
+std::string UserKey(std::string_view user) {
+  return "K" + PadLeft(LastCharacters(user, 5), 5);
+}
 
 std::string SurveyKey(std::string_view user, int month, int year) {
   return UserKey(user) + PadLeft(std::to_string(month), 2) + PadLeft(std::to_string(year), 4);
@@ -50,7 +52,9 @@ std::string StructureKey(std::string_view user, std::string_view complex, std::s
   return UserKey(user) + PadLeft(complex, 7) + PadLeft(structure, 2);
 }
 
-std::string EquipmentSuffix(std::string_view type, std::string_view id) { return PadLeft(type, 3) + PadLeft(id, 8); }
+std::string EquipmentSuffix(std::string_view type, std::string_view id) {
+  return PadLeft(type, 3) + PadLeft(id, 8);
+}
 
 std::string KeyOf(const QCLocation& l, Mode mode) {
   const bool activity = mode == Mode::kActv;

@@ -105,10 +105,20 @@ bool FindOperatorRecord(Session& s) {
   return s.At("CO_COMPANY").FindFirst({{"RIMA_CO_NUM", Trim(s.current.UserID)}});
 }
 
-std::int64_t NextPDId(Session& s) { return Next(s, "SELECT MAX(PD_ID_AK) AS PD from PD_PLATFORM_DESC;"); }
-std::int64_t NextSAId(Session& s) { return Next(s, "SELECT MAX(SA_ID_AK) AS PA from PA_PLATFORM_ACTV;"); }
-std::int64_t NextEDId(Session& s) { return Next(s, "SELECT MAX(ED_ID_AK) AS ED from ED_EQUIP_DESC;"); }
-std::int64_t MaxEAId(Session& s) { return Highest(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;"); }
-std::int64_t NextEAId(Session& s) { return Next(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;"); }
+std::int64_t NextPDId(Session& s) {
+  return Next(s, "SELECT MAX(PD_ID_AK) AS PD from PD_PLATFORM_DESC;");
+}
+std::int64_t NextSAId(Session& s) {
+  return Next(s, "SELECT MAX(SA_ID_AK) AS PA from PA_PLATFORM_ACTV;");
+}
+std::int64_t NextEDId(Session& s) {
+  return Next(s, "SELECT MAX(ED_ID_AK) AS ED from ED_EQUIP_DESC;");
+}
+std::int64_t MaxEAId(Session& s) {
+  return Highest(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;");
+}
+std::int64_t NextEAId(Session& s) {
+  return Next(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;");
+}
 
 }  // namespace merlu

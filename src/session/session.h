@@ -50,7 +50,7 @@ struct Session {
   std::string version;               // program version text
   std::string path;                  // of the database file
   Mode mode = Mode::kNone;
-  bool ended = false;                // the program has ended
+  bool ended = false;  // the program has ended
 
   // The open file
   Database db;
@@ -77,12 +77,12 @@ struct Session {
   Tree tree;
   bool mode_changed_to_actv = false;
   bool mode_changed_to_desc = false;
-  KeyList structure_list{1001};            // PD_ID_AK, description mode
-  KeyList equipment_list{40001};           // ED_ID_AK, description mode
-  KeyList structure_month_list{12001};     // SA_ID_AK, activity mode
-  KeyList equipment_month_list{480001};    // EA_ID_AK, activity mode
+  KeyList structure_list{1001};          // PD_ID_AK, description mode
+  KeyList equipment_list{40001};         // ED_ID_AK, description mode
+  KeyList structure_month_list{12001};   // SA_ID_AK, activity mode
+  KeyList equipment_month_list{480001};  // EA_ID_AK, activity mode
   TreeRecord activity_record, description_record;
-  std::vector<bool> tree_expansion;        // kept by SaveTreeExpansion
+  std::vector<bool> tree_expansion;  // kept by SaveTreeExpansion
 
   bool InDesc() const { return mode == Mode::kDesc; }
   bool InActv() const { return mode == Mode::kActv; }

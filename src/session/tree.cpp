@@ -70,7 +70,8 @@ std::string Tree::FullPath(int node) const {
 }
 
 void Tree::ExpandAncestors(int node) {
-  for (int at = nodes[static_cast<std::size_t>(node)].parent; at >= 0; at = nodes[static_cast<std::size_t>(at)].parent) {
+  for (int at = nodes[static_cast<std::size_t>(node)].parent; at >= 0;
+       at = nodes[static_cast<std::size_t>(at)].parent) {
     if (!nodes[static_cast<std::size_t>(at)].expanded) ++expansion;
     nodes[static_cast<std::size_t>(at)].expanded = true;
   }

@@ -15,7 +15,9 @@ namespace {
 
 constexpr const char* kNoDate = "Date of Last QC:          ";
 
-bool IsMonthly(const FieldSpec& field) { return field.mode == In::kActv; }
+bool IsMonthly(const FieldSpec& field) {
+  return field.mode == In::kActv;
+}
 
 void SetLabel(Form& form, const std::string& label, const std::string& text) {
   form.At(label).caption = form.At(label).text = text;
@@ -224,7 +226,8 @@ void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
     LoadFrame(s, sheet);
   }
   if (sheet.has_activity && form.At(sheet.status_box()).checked) {
-    sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location) : DelQCRecordsForLocAndBelow(s, location);
+    sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location)
+                                  : DelQCRecordsForLocAndBelow(s, location);
     s.EquipmentInactive = true;
   } else {
     if (sheet.before_rules) sheet.before_rules(s, location);

@@ -67,7 +67,8 @@ namespace {
 // Item of a coded or text list for a stored value.
 int ItemFor(const FieldSpec& spec, const Value& value) {
   int index = -1;
-  if (!IsNull(value)) index = IndexOf(spec, NullToEmpty(value), spec.stored == Stored::kCode ? &Item::code : &Item::text);
+  if (!IsNull(value))
+    index = IndexOf(spec, NullToEmpty(value), spec.stored == Stored::kCode ? &Item::code : &Item::text);
   const bool known = index >= 0 && (spec.known_items < 0 || index < spec.known_items);
   return known ? index : spec.fallback;
 }

@@ -105,7 +105,8 @@ CheckSpec RangeIfFilledMarked(double low, double high) {
 }
 
 CheckSpec AtLeast(float minimum) {
-  CheckSpec check{"CheckMin", [=](RuleRun& r) { MarkField(r.s, CheckMin(r.s, r.location, r.field, minimum), r.field); }};
+  CheckSpec check{"CheckMin",
+                  [=](RuleRun& r) { MarkField(r.s, CheckMin(r.s, r.location, r.field, minimum), r.field); }};
   check.low = minimum;
   check.has_low = true;
   return check;

@@ -37,16 +37,16 @@ FieldSpec YesNo(In mode, std::string control, std::string caption, std::string t
 
 FieldSpec Coded(In mode, std::string control, std::string caption, std::string tag, std::string column,
                 std::vector<Item> items) {
-  FieldSpec field = Make(mode, Kind::kList, Stored::kCode, std::move(control), std::move(caption), std::move(tag),
-                         std::move(column));
+  FieldSpec field =
+      Make(mode, Kind::kList, Stored::kCode, std::move(control), std::move(caption), std::move(tag), std::move(column));
   field.items = std::move(items);
   return field;
 }
 
 FieldSpec ItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
                    std::vector<std::string> items) {
-  FieldSpec field = Make(mode, Kind::kList, Stored::kItemText, std::move(control), std::move(caption),
-                         std::move(tag), std::move(column));
+  FieldSpec field = Make(mode, Kind::kList, Stored::kItemText, std::move(control), std::move(caption), std::move(tag),
+                         std::move(column));
   for (std::string& item : items) field.items.push_back({std::move(item), ""});
   return field;
 }

@@ -47,10 +47,10 @@ struct FieldSpec {
   std::string column;  // of ED_<type> in kDesc, of EA_<type> in kActv
   Stored stored = Stored::kNone;
   std::vector<Item> items;
-  std::string label;  // name of the caption's control, when it has one
-  int page = 0;       // kOffPage: on no page, so that the user never sees it
-  std::string block;  // heading on the page
-  std::string frame;  // frame on the page that holds it, when it stands in one
+  std::string label;             // name of the caption's control, when it has one
+  int page = 0;                  // kOffPage: on no page, so that the user never sees it
+  std::string block;             // heading on the page
+  std::string frame;             // frame on the page that holds it, when it stands in one
   std::string note_label, note;  // a label behind the field, and its text
   bool free_text = false;        // a list that takes texts that are no item
   bool loads = true;             // false: a load leaves the field as the clear did
@@ -85,7 +85,7 @@ struct CheckSpec {
   double low = 0, high = 0;  // both inclusive
   bool has_low = false, has_high = false;
   bool only_if_filled = false;  // a blank field is not looked at
-  std::string text;  // of the finding, for a check that is no primitive
+  std::string text;             // of the finding, for a check that is no primitive
 };
 
 // What a rule whose condition is false does about its field's finding.
@@ -116,11 +116,11 @@ struct Enabling {
   std::vector<std::string> lists;  // whose click applies the row
   Condition when;
   std::vector<std::string> fields;
-  Does does = Does::kEnable;       // kLock: off is read-only and stays enabled
+  Does does = Does::kEnable;  // kLock: off is read-only and stays enabled
   Empties empties = Empties::kNever;
-  bool keeps_colour = false;       // off leaves the background alone
-  bool only_off = false;           // what would be on stays as it is
-  bool in_view_too = false;        // a click acts also while the sheet is not edited
+  bool keeps_colour = false;  // off leaves the background alone
+  bool only_off = false;      // what would be on stays as it is
+  bool in_view_too = false;   // a click acts also while the sheet is not edited
 };
 
 struct SheetSpec {
@@ -139,19 +139,19 @@ struct SheetSpec {
   std::vector<Enabling> enablings;
   std::vector<RuleGroup> rules;  // in the order in which a run calls them
   std::string focus_actv, focus_desc;
-  bool has_activity = true;  // false: no months, no status, no activity table
-  std::string destination;   // routing: the list of destinations ...
-  std::string sent_to;       // ... and that of the remote vent or flare
+  bool has_activity = true;       // false: no months, no status, no activity table
+  std::string destination;        // routing: the list of destinations ...
+  std::string sent_to;            // ... and that of the remote vent or flare
   std::string keeps_sent_to_for;  // destination whose choice leaves that list as it was
   std::string not_found_on_load = "Equipment record not found";
   std::string not_found_on_save = "Equipment record not found";
-  bool month_row_first = false;       // a save writes the type's row before the master row
+  bool month_row_first = false;          // a save writes the type's row before the master row
   bool inactive_takes_comments = false;  // a run over an inactive record withdraws explained findings too
-  std::vector<Control> extra;         // further controls, with their parents
+  std::vector<Control> extra;            // further controls, with their parents
   // Deviations of the type, run at the end of the step that they are named after
   using Step = std::function<void(Session&, Form&)>;
   Step after_clear, after_monthly_load, after_load;
-  Step connect;                       // events of its own
+  Step connect;  // events of its own
   std::function<void(Session&, QCLocation&)> before_rules;
 
   std::string form() const { return "frm" + letters; }

@@ -12,15 +12,19 @@ constexpr const char* kNoPermission =
     "There was an error saving the report.\nMake sure you have permission to create files in the selected directory.\n"
     "You must select another location in order to save the report.";
 
-std::int64_t CountOf(Session& s, const char* sql) { return ToInteger(s.db.Single(sql)); }
+std::int64_t CountOf(Session& s, const char* sql) {
+  return ToInteger(s.db.Single(sql));
+}
 
 bool HasWhatItNeeds(Session& s) {
-  const std::int64_t structures = CountOf(s, "SELECT Count(PD_PLATFORM_DESC.PD_ID_AK) AS PD_ID_AK_COUNT FROM PD_PLATFORM_DESC;");
+  const std::int64_t structures =
+      CountOf(s, "SELECT Count(PD_PLATFORM_DESC.PD_ID_AK) AS PD_ID_AK_COUNT FROM PD_PLATFORM_DESC;");
   if (structures == 0) {
     TellUnder(s, kEntryError, "You must create a platform and enter equipment first.", Icon::kNone);
     return false;
   }
-  const std::int64_t equipment = CountOf(s, "SELECT Count(ED_EQUIP_DESC.ED_ID_AK) AS ED_ID_AK_COUNT FROM ED_EQUIP_DESC;");
+  const std::int64_t equipment =
+      CountOf(s, "SELECT Count(ED_EQUIP_DESC.ED_ID_AK) AS ED_ID_AK_COUNT FROM ED_EQUIP_DESC;");
   if (structures == 1 && equipment == 0) {
     TellUnder(s, kEntryError, "You must enter equipment first.", Icon::kNone);
     return false;
@@ -30,8 +34,11 @@ bool HasWhatItNeeds(Session& s) {
 
 bool IsWanted(Session& s) {
   if (s.last_month >= 12) return true;
-  const Button answer = s.platform.Ask({"You have completed fewer than 12 surveys\nAre you sure you want to run the QA Summary now?",
-                                        "Incomplete Inventory", Icon::kQuestion, {Button::kYes, Button::kNo}});
+  const Button answer =
+      s.platform.Ask({"You have completed fewer than 12 surveys\nAre you sure you want to run the QA Summary now?",
+                      "Incomplete Inventory",
+                      Icon::kQuestion,
+                      {Button::kYes, Button::kNo}});
   if (answer == Button::kYes) return true;
   Tell(s, "Inventory QC terminated.");
   return false;
@@ -48,7 +55,8 @@ void RenderReport(Session& s, const std::string& path) {
   const std::string temporary = TemporaryName(path);
   try {
     if (FileExists(temporary)) RemoveFile(temporary);
-    s.platform.WriteReport(ReadInventoryReport(s), temporary, [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
+    s.platform.WriteReport(ReadInventoryReport(s), temporary,
+                           [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
     MoveFile(temporary, path);
   } catch (const Fault& fault) {
     if (FileExists(temporary)) Plainly(s, [&] { RemoveFile(temporary); });

@@ -138,7 +138,8 @@ void MakeEquipment(Session& s, Form& form) {
     s.desk.Hide(form);
     ShowNewEquipment(s, *type, id);
   } catch (const Fault& fault) {
-    if (fault.number == fault_number::kDuplicateKey) return Refuse(s, form, "txtEquipID", "Please supply a unique Equipment ID");
+    if (fault.number == fault_number::kDuplicateKey)
+      return Refuse(s, form, "txtEquipID", "Please supply a unique Equipment ID");
     TellFault(s, fault);
   }
 }
@@ -240,7 +241,9 @@ void AddNextMonth(Session& s) {
   });
 }
 
-void OpenAbout(Session& s) { ShowDialog(s.desk, s.platform, AboutForm(s)); }
+void OpenAbout(Session& s) {
+  ShowDialog(s.desk, s.platform, AboutForm(s));
+}
 
 void ShowSplash(Session& s) {
   s.desk.Show(AboutForm(s));

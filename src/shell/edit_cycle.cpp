@@ -9,8 +9,13 @@ namespace merlu {
 namespace {
 
 // Commands that would leave the record in the middle of its edit.
-constexpr const char* kOtherRoutes[] = {"mnuFile", "mnuEdit", "tvwTree", "cmdEditMode",
-                                        "cmdUSER_AddStructure", "cmdUSER_AddSurvey", "cmdSTRUCTURE_AddEquip"};
+constexpr const char* kOtherRoutes[] = {"mnuFile",
+                                        "mnuEdit",
+                                        "tvwTree",
+                                        "cmdEditMode",
+                                        "cmdUSER_AddStructure",
+                                        "cmdUSER_AddSurvey",
+                                        "cmdSTRUCTURE_AddEquip"};
 constexpr const char* kEditButtons[] = {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"};
 
 void SetEditing(Session& s, bool editing) {
@@ -73,6 +78,8 @@ void CancelEdit(Session& s) {
   s.editing = false;
 }
 
-void RunQCHere(Session& s) { RunQC(s, s.current, false); }
+void RunQCHere(Session& s) {
+  RunQC(s, s.current, false);
+}
 
 }  // namespace merlu

@@ -60,12 +60,9 @@ void PressQC(Session& s) {
 }
 
 constexpr ButtonCommand kButtons[] = {
-    {"cmdEditMode", "Program Mode", true, PressEditMode},
-    {"cmdQC", "Run QC", false, PressQC},
-    {"cmdCANCEL", "Cancel", false, CancelEdit},
-    {"cmdSaveEdits", "Save", false, SaveEdits},
-    {"cmdSaveExit", "End Edit && Save", false, SaveExit},
-    {"cmdEdit", "Edit Data", false, BeginEdit},
+    {"cmdEditMode", "Program Mode", true, PressEditMode}, {"cmdQC", "Run QC", false, PressQC},
+    {"cmdCANCEL", "Cancel", false, CancelEdit},           {"cmdSaveEdits", "Save", false, SaveEdits},
+    {"cmdSaveExit", "End Edit && Save", false, SaveExit}, {"cmdEdit", "Edit Data", false, BeginEdit},
 };
 
 struct SheetCommand {

@@ -99,6 +99,8 @@ bool CloseMainWindow(Session& s) {
   return true;
 }
 
-void ExitProgram(Session& s) { CloseMainWindow(s); }
+void ExitProgram(Session& s) {
+  CloseMainWindow(s);
+}
 
 }  // namespace merlu

@@ -55,7 +55,8 @@ void AddStructureMonths(Session& s) {
   s.structure_month_list.Reset();
   s.db.ForEach(
       "SELECT a.SA_ID_AK,a.PA_MO,a.PA_YR,a.status,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,p.Area,p.Block,p.Name,"
-      "p.PD_ID_AK,a.PD_ID_AK FROM PA_PLATFORM_ACTV a LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK ORDER BY a.SA_ID_AK",
+      "p.PD_ID_AK,a.PD_ID_AK FROM PA_PLATFORM_ACTV a LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK ORDER BY "
+      "a.SA_ID_AK",
       {}, [&](const RowView& row) {
         if (row.IsNull(10)) return TellMissing(s, "Platform Desc", row.Integer(11));
         const std::string_view user = row.Text(4);
@@ -69,19 +70,22 @@ void AddStructureMonths(Session& s) {
 
 void AddStructures(Session& s) {
   s.structure_list.Reset();
-  s.db.ForEach("SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name,status FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK",
-               {}, [&](const RowView& row) {
-                 const std::string key = StructureKey(row.Text(1), row.Text(2), row.Text(3));
-                 s.tree.Add(UserKey(row.Text(1)), key, StructureText(row.Text(4), row.Text(5), row.Text(6)));
-                 s.structure_list.Add(key, row.Integer(0));
-                 s.description_record.Append(row.Integer(0), key, FirstCharacters(row.Text(7), 1));
-               });
+  s.db.ForEach(
+      "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name,status FROM PD_PLATFORM_DESC ORDER BY "
+      "PD_ID_AK",
+      {}, [&](const RowView& row) {
+        const std::string key = StructureKey(row.Text(1), row.Text(2), row.Text(3));
+        s.tree.Add(UserKey(row.Text(1)), key, StructureText(row.Text(4), row.Text(5), row.Text(6)));
+        s.structure_list.Add(key, row.Integer(0));
+        s.description_record.Append(row.Integer(0), key, FirstCharacters(row.Text(7), 1));
+      });
 }
 
 void EndAtTheLimit(Session& s) {
   s.platform.Beep();
   TellUnder(s, "Program shutting down",
-            "An internal array is not large enough for your structures. Please contact Technical Support.", Icon::kStop);
+            "An internal array is not large enough for your structures. Please contact Technical Support.",
+            Icon::kStop);
   EndProgram(s);
 }
 
@@ -89,9 +93,13 @@ void EndAtTheLimit(Session& s) {
 bool AddEquipNode(Session& s, std::string_view type) {
   bool full = false;
   s.db.ForEach(
-      "SELECT t.EA_ID_AK,a.ED_ID_AK,a.EA_MO,a.EA_YR,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,"
-      "a.EA_ID_AK,d.ED_ID_AK,p.PD_ID_AK FROM EA_" + std::string(type) + " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-      "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.EA_ID_AK",
+      "SELECT "
+      "t.EA_ID_AK,a.ED_ID_AK,a.EA_MO,a.EA_YR,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,"
+      "a.EA_ID_AK,d.ED_ID_AK,p.PD_ID_AK FROM EA_" +
+          std::string(type) +
+          " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
+          "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
+          "ORDER BY t.EA_ID_AK",
       {}, [&](const RowView& row) {
         if (full) return;
         if (row.IsNull(9)) return TellMissing(s, "Equip Activity", row.Integer(0));
@@ -109,20 +117,26 @@ bool AddEquipNode(Session& s, std::string_view type) {
 }
 
 void AddDescEquipNode(Session& s, std::string_view type) {
-  s.db.ForEach("SELECT t.ED_ID_AK,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_ID_AK,p.PD_ID_AK "
-               "FROM ED_" + std::string(type) + " t LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=t.ED_ID_AK "
-               "LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.ED_ID_AK",
-               {}, [&](const RowView& row) {
-                 if (row.IsNull(6)) return TellMissing(s, "Equip Desc", row.Integer(0));
-                 if (row.IsNull(7)) return TellMissing(s, "Platform Desc", row.Integer(2));
-                 const std::string parent = StructureKey(row.Text(3), row.Text(4), row.Text(5));
-                 const std::string key = parent + EquipmentSuffix(type, row.Text(1));
-                 s.tree.Add(parent, key, EquipmentText(type, row.Text(1)));
-                 s.equipment_list.Add(key, row.Integer(0));
-               });
+  s.db.ForEach(
+      "SELECT "
+      "t.ED_ID_AK,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_ID_AK,p.PD_ID_AK "
+      "FROM ED_" +
+          std::string(type) +
+          " t LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=t.ED_ID_AK "
+          "LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.ED_ID_AK",
+      {}, [&](const RowView& row) {
+        if (row.IsNull(6)) return TellMissing(s, "Equip Desc", row.Integer(0));
+        if (row.IsNull(7)) return TellMissing(s, "Platform Desc", row.Integer(2));
+        const std::string parent = StructureKey(row.Text(3), row.Text(4), row.Text(5));
+        const std::string key = parent + EquipmentSuffix(type, row.Text(1));
+        s.tree.Add(parent, key, EquipmentText(type, row.Text(1)));
+        s.equipment_list.Add(key, row.Integer(0));
+      });
 }
 
-void SortTree(Session& s) { s.tree.Sort(); }
+void SortTree(Session& s) {
+  s.tree.Sort();
+}
 
 void ClickExisting(Session& s, const std::string& key) {
   const int node = s.tree.Find(key);
@@ -145,7 +159,8 @@ void SelectAfterModeChangeToActv(Session& s) {
 
 void SelectAfterModeChangeToDesc(Session& s) {
   if (s.current.Is(level::kUser)) return SelectRoot(s);
-  if (s.current.Is(level::kStructure) || s.current.Is(level::kEquipment)) ClickExisting(s, KeyOf(s.current, Mode::kDesc));
+  if (s.current.Is(level::kStructure) || s.current.Is(level::kEquipment))
+    ClickExisting(s, KeyOf(s.current, Mode::kDesc));
 }
 
 // The tree of activity without its selection; false when the program has ended.

@@ -55,8 +55,9 @@ bool IsBoolean(sqlite3_stmt* statement, int column) {
 
 // Lets reading statements pass, nothing else.
 int ReadersOnly(void*, int action, const char* first, const char* second, const char*, const char*) {
-  static const std::set<std::string> kReadingPragmas = {"table_info", "table_xinfo", "index_list", "index_info", "foreign_key_list",
-                                                        "foreign_key_check", "integrity_check", "quick_check"};
+  static const std::set<std::string> kReadingPragmas = {"table_info",      "table_xinfo",      "index_list",
+                                                        "index_info",      "foreign_key_list", "foreign_key_check",
+                                                        "integrity_check", "quick_check"};
   switch (action) {
     case SQLITE_SELECT:
     case SQLITE_READ:
@@ -79,10 +80,18 @@ bool IsMarkedReadOnly(const std::string& path) {
 
 }  // namespace
 
-int RowView::size() const { return sqlite3_column_count(statement_); }
-bool RowView::IsNull(int c) const { return sqlite3_column_type(statement_, c) == SQLITE_NULL; }
-std::int64_t RowView::Integer(int c) const { return sqlite3_column_int64(statement_, c); }
-double RowView::Number(int c) const { return sqlite3_column_double(statement_, c); }
+int RowView::size() const {
+  return sqlite3_column_count(statement_);
+}
+bool RowView::IsNull(int c) const {
+  return sqlite3_column_type(statement_, c) == SQLITE_NULL;
+}
+std::int64_t RowView::Integer(int c) const {
+  return sqlite3_column_int64(statement_, c);
+}
+double RowView::Number(int c) const {
+  return sqlite3_column_double(statement_, c);
+}
 
 std::string_view RowView::Text(int c) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, c));
@@ -144,9 +153,13 @@ class Database::Running {
   std::unique_ptr<sqlite3_stmt, Finalizer> own_;
 };
 
-void Database::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+void Database::Finalizer::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
 
-Database::~Database() { Close(); }
+Database::~Database() {
+  Close();
+}
 
 void Database::Fail(int code) const {
   const std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
@@ -160,7 +173,8 @@ void Database::Open(const std::string& path) {
   if (!std::filesystem::is_regular_file(path, error))
     throw Fault(fault_number::kPathNotFound, kSource, "Could not find file '" + path + "'.");
   path_ = path;
-  const int code = sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int code =
+      sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code);
     if (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path)) Fail(SQLITE_READONLY);
@@ -187,8 +201,8 @@ sqlite3_stmt* Database::Prepare(std::string_view sql) {
   if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No database is open.");
   if (const auto found = cache_.find(sql); found != cache_.end()) return found->second.get();
   sqlite3_stmt* statement = nullptr;
-  if (sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement, nullptr) !=
-      SQLITE_OK)
+  if (sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement,
+                         nullptr) != SQLITE_OK)
     Fail(sqlite3_extended_errcode(db_));
   cache_.emplace(std::string(sql), statement);
   return statement;
@@ -255,10 +269,13 @@ Rows Database::ReadOnlyQuery(const std::string& sql) {
 }
 
 bool Database::HasTable(std::string_view name) {
-  return !IsNull(Single("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE", {std::string(name)}));
+  return !IsNull(
+      Single("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE", {std::string(name)}));
 }
 
-std::int64_t Database::ChangeCount() const { return db_ == nullptr ? 0 : sqlite3_total_changes64(db_); }
+std::int64_t Database::ChangeCount() const {
+  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_);
+}
 
 WriteBatch::WriteBatch(Database& db) : db_(db) {
   if (db_.batches_ == 0) db_.Execute("BEGIN IMMEDIATE");

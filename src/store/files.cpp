@@ -19,7 +19,8 @@ void SeeOnDisk(const std::string& path) {
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   const bool synced = file >= 0 && ::fsync(file) == 0;
   if (file >= 0) ::close(file);
-  if (!synced) throw Fault(fault_number::kFileAccess, kSource, "The file " + path + " could not be written to the disk.");
+  if (!synced)
+    throw Fault(fault_number::kFileAccess, kSource, "The file " + path + " could not be written to the disk.");
 }
 
 }  // namespace
@@ -39,7 +40,9 @@ bool CanWriteFolder(const std::string& folder) {
   return true;
 }
 
-std::string WithSeparator(const std::string& folder) { return folder.ends_with('/') ? folder : folder + "/"; }
+std::string WithSeparator(const std::string& folder) {
+  return folder.ends_with('/') ? folder : folder + "/";
+}
 
 void CopyDatabase(const std::string& from, const std::string& to) {
   std::error_code error;
@@ -91,14 +94,16 @@ void MoveFile(const std::string& from, const std::string& to) {
     fs::remove(from, error);
     error.clear();
   }
-  if (error) throw Fault(fault_number::kFileAccess, kSource, "Cannot move the file " + from + ": " + error.message() + ".");
+  if (error)
+    throw Fault(fault_number::kFileAccess, kSource, "Cannot move the file " + from + ": " + error.message() + ".");
 }
 
 std::string NextFreeFileName(const std::string& path) {
   const fs::path wanted(path);
   std::string free = path;
   for (int count = 1; FileExists(free); ++count)
-    free = (wanted.parent_path() / (wanted.stem().string() + std::to_string(count) + wanted.extension().string())).string();
+    free = (wanted.parent_path() / (wanted.stem().string() + std::to_string(count) + wanted.extension().string()))
+               .string();
   return free;
 }
 

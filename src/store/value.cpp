@@ -27,11 +27,11 @@ std::int64_t ToInteger(const Value& value) {
 }
 
 std::string NullToEmpty(const Value& value) {
-  return std::visit(Overload{[](Null) { return std::string(); },
-                             [](bool b) { return std::string(b ? "True" : "False"); },
-                             [](std::int64_t i) { return std::to_string(i); },
-                             [](double d) { return GeneralNumber(d); }, [](const std::string& s) { return s; }},
-                    value);
+  return std::visit(
+      Overload{[](Null) { return std::string(); }, [](bool b) { return std::string(b ? "True" : "False"); },
+               [](std::int64_t i) { return std::to_string(i); }, [](double d) { return GeneralNumber(d); },
+               [](const std::string& s) { return s; }},
+      value);
 }
 
 }  // namespace merlu

@@ -12,7 +12,9 @@ using Null = std::monostate;
 using Value = std::variant<Null, bool, std::int64_t, double, std::string>;
 using Values = std::vector<Value>;
 
-inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool IsNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 // Number of a value: yes/no is 1 and 0, a text its leading number, Null 0.
 double ToNumber(const Value& value);

@@ -33,7 +33,8 @@ TEST(IsNumericText, accepts_what_a_spreadsheet_user_calls_a_number) {
 }
 
 TEST(IsNumericText, refuses_everything_else) {
-  for (const char* text : {"", " ", "abc", "12abc", "1 2", ",5", "5,", "1,,2", "1.5,2", "1e5,0", "--5", "5-", ".", "1e", "1e999", "0x10", "nan", "inf"})
+  for (const char* text : {"", " ", "abc", "12abc", "1 2", ",5", "5,", "1,,2", "1.5,2", "1e5,0", "--5", "5-", ".", "1e",
+                           "1e999", "0x10", "nan", "inf"})
     EXPECT_FALSE(IsNumericText(text)) << text;
 }
 

@@ -122,15 +122,16 @@ class Driver {
 
   void FillNewOperator() {
     OnNextModal([this](QWidget*) {
-      for (const auto& [name, text] : std::vector<std::pair<const char*, const char*>>{{"txtUserID", "12345"},
-                                                                                       {"txtUSER_Company", "Blue Water"},
-                                                                                       {"txtUSER_Address1", "1 Quay"},
-                                                                                       {"txtUSER_City", "Port"},
-                                                                                       {"txtUSER_State", "TX"},
-                                                                                       {"txtUSER_Zip", "77001"},
-                                                                                       {"txtUSER_Contact", "A. Person"},
-                                                                                       {"txtUSER_Phone", "5551234567"},
-                                                                                       {"txtUSER_Email", "a@b.example"}})
+      for (const auto& [name, text] :
+           std::vector<std::pair<const char*, const char*>>{{"txtUserID", "12345"},
+                                                            {"txtUSER_Company", "Blue Water"},
+                                                            {"txtUSER_Address1", "1 Quay"},
+                                                            {"txtUSER_City", "Port"},
+                                                            {"txtUSER_State", "TX"},
+                                                            {"txtUSER_Zip", "77001"},
+                                                            {"txtUSER_Contact", "A. Person"},
+                                                            {"txtUSER_Phone", "5551234567"},
+                                                            {"txtUSER_Email", "a@b.example"}})
         Type(name, text);
       Click("cmdOK");
     });

@@ -11,7 +11,8 @@ TEST(Journey, goes_from_an_empty_file_to_a_clean_second_month) {
   driver.FillNewOperator();
   driver.Start();
   ASSERT_TRUE(driver.app->window()->isVisible());
-  EXPECT_EQ(driver.app->window()->windowTitle(), "RIMA Pelagic Field Reporting Suite (MERLU-2017) - Description Edit Mode");
+  EXPECT_EQ(driver.app->window()->windowTitle(),
+            "RIMA Pelagic Field Reporting Suite (MERLU-2017) - Description Edit Mode");
   EXPECT_EQ(NullToEmpty(driver.Sql("SELECT Phone FROM CO_COMPANY")), "(555) 123 - 4567 ext ____");
 
   driver.OnNextModal([&](QWidget*) {

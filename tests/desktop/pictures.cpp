@@ -92,7 +92,8 @@ class Pictures {
         if (!tab->isVisible()) continue;
         for (int page = 0; page + 1 < tab->count(); ++page) {
           tab->setCurrentIndex(page);
-          Save(window, QString("30-%1-page%2%3").arg(QString::fromStdString(node.key.substr(15, 3))).arg(page).arg(suffix));
+          Save(window,
+               QString("30-%1-page%2%3").arg(QString::fromStdString(node.key.substr(15, 3))).arg(page).arg(suffix));
         }
         tab->setCurrentIndex(0);
         break;

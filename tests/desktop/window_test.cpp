@@ -238,11 +238,13 @@ void HoldsLongNames(Driver& driver, const QSize& size) {
   for (auto* label : window->findChildren<QLabel*>()) {
     if (!label->isVisible() || label->buddy() == nullptr) continue;
     EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->text().toStdString();
-    EXPECT_LE(label->geometry().right(), label->buddy()->mapTo(label->parentWidget(), QPoint(0, 0)).x()) << label->text().toStdString();
+    EXPECT_LE(label->geometry().right(), label->buddy()->mapTo(label->parentWidget(), QPoint(0, 0)).x())
+        << label->text().toStdString();
   }
   QList<QRect> rows;
   for (auto* field : window->findChildren<QWidget*>()) {
-    const bool is_field = qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) || qobject_cast<ListField*>(field);
+    const bool is_field =
+        qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) || qobject_cast<ListField*>(field);
     if (!is_field || !field->isVisible() || qobject_cast<ListField*>(field->parentWidget())) continue;
     const QRect place(field->mapTo(window, QPoint(0, 0)), field->size());
     for (const QRect& other : rows) EXPECT_FALSE(place.intersects(other)) << field->objectName().toStdString();
@@ -257,7 +259,8 @@ TEST_F(Window, holds_long_names_without_cutting_or_overlapping) {
     driver_->Select(key);
     driver_->Click("cmdEdit");
     for (auto* line : driver_->app->window()->findChildren<QLineEdit*>())
-      if (line->isVisible() && line->isEnabled() && !line->isReadOnly()) driver_->Type(line->objectName().toUtf8(), name);
+      if (line->isVisible() && line->isEnabled() && !line->isReadOnly())
+        driver_->Type(line->objectName().toUtf8(), name);
     HoldsLongNames(*driver_, {1280, 800});
     HoldsLongNames(*driver_, {1024, 700});
     driver_->Click("cmdCANCEL");

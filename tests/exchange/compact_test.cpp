@@ -15,20 +15,27 @@ namespace {
 
 constexpr const char* kFirst = "Could not compact exported database. Check available disk space.";
 
-void FailMove(const std::string&, const std::string&) { throw Fault(fault_number::kFileAccess, "test", "no"); }
-void FailRemove(const std::string&) { throw Fault(fault_number::kFileAccess, "test", "no"); }
+void FailMove(const std::string&, const std::string&) {
+  throw Fault(fault_number::kFileAccess, "test", "no");
+}
+void FailRemove(const std::string&) {
+  throw Fault(fault_number::kFileAccess, "test", "no");
+}
 
 class Compaction : public testing::Test {
  protected:
   // A database file that was larger than its rows are now.
   Compaction() : source_(CopyTemplate(run_.folder, "export.mdb")), temporary_(run_.folder.path("temp.mdb")) {
     std::vector<std::string> statements = {"INSERT INTO CO_COMPANY (RIMA_CO_NUM, CO_NAME) VALUES ('1', 'kept')"};
-    for (int i = 0; i < 300; ++i) statements.push_back("INSERT INTO QC (FieldID, [Desc]) VALUES ('x', hex(randomblob(2000)))");
+    for (int i = 0; i < 300; ++i)
+      statements.push_back("INSERT INTO QC (FieldID, [Desc]) VALUES ('x', hex(randomblob(2000)))");
     statements.push_back("DELETE FROM QC");
     Raw(source_, statements);
     size_ = FileSize(source_);
   }
-  bool RowsAreThere(const std::string& path) { return NullToEmpty(RawValue(path, "SELECT CO_NAME FROM CO_COMPANY")) == "kept"; }
+  bool RowsAreThere(const std::string& path) {
+    return NullToEmpty(RawValue(path, "SELECT CO_NAME FROM CO_COMPANY")) == "kept";
+  }
 
   TestRun run_;
   std::string source_, temporary_;
@@ -41,7 +48,8 @@ TEST_F(Compaction, makes_the_file_as_small_as_its_rows_and_leaves_no_other) {
   EXPECT_LT(FileSize(source_), size_ / 2);
   EXPECT_TRUE(RowsAreThere(source_));
   EXPECT_FALSE(FileExists(temporary_));
-  EXPECT_EQ(ToInteger(RawValue(source_, "PRAGMA application_id")), ToInteger(RawValue(TemplatePath(), "PRAGMA application_id")));
+  EXPECT_EQ(ToInteger(RawValue(source_, "PRAGMA application_id")),
+            ToInteger(RawValue(TemplatePath(), "PRAGMA application_id")));
   EXPECT_EQ(NullToEmpty(RawValue(source_, "PRAGMA integrity_check")), "ok");
 }
 
@@ -86,9 +94,12 @@ TEST_F(Compaction, that_fails_on_the_way_back_restores_the_rows) {
   FileSteps steps = RealFileSteps();
   static std::string back;
   back = source_;
-  steps.compact = [](const std::string& from, const std::string& to) { to == back ? FailMove(from, to) : CompactInto(from, to); };
+  steps.compact = [](const std::string& from, const std::string& to) {
+    to == back ? FailMove(from, to) : CompactInto(from, to);
+  };
   EXPECT_FALSE(CompactDatabaseFile(run_.s, source_, temporary_, steps));
-  EXPECT_EQ(run_.TakeBoxes(), std::vector<std::string>{"Could not compact exported database. Restoring original file."});
+  EXPECT_EQ(run_.TakeBoxes(),
+            std::vector<std::string>{"Could not compact exported database. Restoring original file."});
   EXPECT_TRUE(RowsAreThere(source_));
   EXPECT_FALSE(FileExists(temporary_));
 }
@@ -116,10 +127,12 @@ int AsNobody(const std::function<bool()>& work) {
 }
 
 TEST_F(Compaction, in_a_folder_without_write_permission_changes_nothing) {
-  fs::permissions(run_.folder.path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+  fs::permissions(run_.folder.path(),
+                  fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
   fs::permissions(source_, fs::perms::others_read | fs::perms::others_write, fs::perm_options::add);
   EXPECT_EQ(AsNobody([&] {
-              return !CompactDatabaseFile(run_.s, source_, temporary_) && run_.TakeBoxes() == std::vector<std::string>{kFirst};
+              return !CompactDatabaseFile(run_.s, source_, temporary_) &&
+                     run_.TakeBoxes() == std::vector<std::string>{kFirst};
             }),
             0);
   EXPECT_EQ(FileSize(source_), size_);

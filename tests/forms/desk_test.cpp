@@ -56,8 +56,7 @@ class Window : public testing::Test {
 };
 
 TEST_F(Window, lets_a_user_act_on_what_shows_and_is_enabled) {
-  for (const char* name :
-       {"txtName", "txtPhone", "cmbFuel", "chkStatus", "optYes", "cmdRun", "lvwResults", "tabA"})
+  for (const char* name : {"txtName", "txtPhone", "cmbFuel", "chkStatus", "optYes", "cmdRun", "lvwResults", "tabA"})
     EXPECT_EQ(Why(name), "") << name;
 }
 
@@ -266,9 +265,8 @@ TEST(ShowDialog, covers_everything_until_it_returns_and_leaves_nothing_behind) {
   Form& dialog = run.s.desk.Own(std::make_unique<Form>("frmAsk", "Ask"));
   AddDialogButtons(dialog, "cmdOK", "cmdCANCEL");
   bool covered = false;
-  run.dialogs.push_back([&](Form& form) {
-    covered = run.s.desk.Dialog() == &form && form.visible && form.loaded && form.modal;
-  });
+  run.dialogs.push_back(
+      [&](Form& form) { covered = run.s.desk.Dialog() == &form && form.visible && form.loaded && form.modal; });
   ShowDialog(run.s.desk, run, dialog);
   EXPECT_TRUE(covered);
   EXPECT_FALSE(dialog.visible);

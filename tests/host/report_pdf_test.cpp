@@ -41,7 +41,8 @@ class ReportPdf : public testing::Test {
   void Section(const std::string& heading, const std::string& place, int lines) {
     report.sections.push_back({heading, place, {}});
     for (int i = 0; i < lines; ++i)
-      report.sections.back().lines.push_back({"Combustion Flare: F" + std::to_string(i), "Item " + std::to_string(i), "Required field left blank"});
+      report.sections.back().lines.push_back(
+          {"Combustion Flare: F" + std::to_string(i), "Item " + std::to_string(i), "Required field left blank"});
     report.findings += lines;
   }
   void Write() {
@@ -67,8 +68,8 @@ TEST_F(ReportPdf, without_findings_is_one_page_with_its_head_and_summary) {
   Write();
   EXPECT_EQ(Pages(), 1);
   const std::string text = Text();
-  for (const char* part : {"Annual Inventory QA Summary 2017", "Blue Water Exploration, RIMA company no. 12345", "1 Quay Street",
-                           "Date of run: ", "2018", "No findings.", "Page 1"})
+  for (const char* part : {"Annual Inventory QA Summary 2017", "Blue Water Exploration, RIMA company no. 12345",
+                           "1 Quay Street", "Date of run: ", "2018", "No findings.", "Page 1"})
     EXPECT_NE(text.find(part), std::string::npos) << part;
 }
 
@@ -79,8 +80,9 @@ TEST_F(ReportPdf, gives_summary_then_findings_in_their_order) {
   Write();
   const std::string text = Text();
   std::size_t at = 0;
-  for (const char* part : {"Number of findings", "Operator", "Item 0", "GI, 43, A (complex 1001, structure 1) – Structures, January 2017", "Item 0",
-                           "Item 1", "Equipment, January 2017", "Combustion Flare: F0", "Combustion Flare: F2", "Page 1"}) {
+  for (const char* part :
+       {"Number of findings", "Operator", "Item 0", "GI, 43, A (complex 1001, structure 1) – Structures, January 2017",
+        "Item 0", "Item 1", "Equipment, January 2017", "Combustion Flare: F0", "Combustion Flare: F2", "Page 1"}) {
     const std::size_t found = text.find(part, at);
     ASSERT_NE(found, std::string::npos) << part;
     at = found + 1;
@@ -96,7 +98,8 @@ TEST_F(ReportPdf, repeats_the_heading_on_every_page_and_numbers_them) {
   EXPECT_EQ(Count(text, "Equipment, January 2017"), static_cast<std::size_t>(pages));
   EXPECT_EQ(Count(text, "(continued)"), static_cast<std::size_t>(pages) - 1);
   for (int page = 1; page <= pages; ++page) EXPECT_NE(text.find("Page " + std::to_string(page)), std::string::npos);
-  for (int line = 0; line < 200; ++line) EXPECT_NE(text.find("Item " + std::to_string(line) + " "), std::string::npos) << line;
+  for (int line = 0; line < 200; ++line)
+    EXPECT_NE(text.find("Item " + std::to_string(line) + " "), std::string::npos) << line;
 }
 
 TEST_F(ReportPdf, embeds_its_fonts_and_is_valid) {

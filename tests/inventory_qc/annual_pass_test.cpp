@@ -61,8 +61,7 @@ class AnnualPass : public testing::Test {
   }
   Texts Read(const std::string& columns, const std::string& condition = "[Level]<>'ZSUMMARY'") {
     Texts rows;
-    const Rows found =
-        run.s.db.Query("SELECT " + columns + " FROM QCInventory WHERE " + condition + " ORDER BY rowid");
+    const Rows found = run.s.db.Query("SELECT " + columns + " FROM QCInventory WHERE " + condition + " ORDER BY rowid");
     for (const Values& row : found.rows) {
       std::string text;
       for (const Value& value : row) text += (text.empty() ? "" : " | ") + NullToEmpty(value);

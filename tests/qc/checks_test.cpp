@@ -23,7 +23,9 @@ struct Checked {
     return field;
   }
   bool Required(const std::string& text) { return CheckRequired(run.s, location, Reads(text)); }
-  bool Range(const std::string& text, double low, double high) { return CheckRange(run.s, location, Reads(text), low, high); }
+  bool Range(const std::string& text, double low, double high) {
+    return CheckRange(run.s, location, Reads(text), low, high);
+  }
   bool RequiredRange(const std::string& text, double low, double high) {
     return CheckRequiredRange(run.s, location, Reads(text), low, high);
   }

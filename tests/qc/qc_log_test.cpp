@@ -71,10 +71,11 @@ TEST(QcLog, keeps_one_row_and_drops_the_comment_of_a_field_that_fails_with_anoth
 TEST(QcLog, stores_where_and_in_which_mode_a_finding_was_made) {
   Log log;
   log.Add(log.flare, "Hours", "Too many");
-  EXPECT_EQ(log.run.Count("QC WHERE UserID='12345' AND Month=1 AND Year=2017 AND Level='EQUIPMENT' AND CmplxID='1001' AND "
-                          "StructID='1' AND EquipType='FLA' AND EquipID='F1' AND FieldID='Hours' AND [Desc]='Too many' AND "
-                          "Comments='' AND EditMode='ACTV'"),
-            1);
+  EXPECT_EQ(
+      log.run.Count("QC WHERE UserID='12345' AND Month=1 AND Year=2017 AND Level='EQUIPMENT' AND CmplxID='1001' AND "
+                    "StructID='1' AND EquipType='FLA' AND EquipID='F1' AND FieldID='Hours' AND [Desc]='Too many' AND "
+                    "Comments='' AND EditMode='ACTV'"),
+      1);
 }
 
 TEST(QcLog, stores_identifiers_without_the_blanks_around_them) {
@@ -100,8 +101,9 @@ TEST(QcLog, names_nothing_below_the_structure_of_a_structure_s_finding) {
 TEST(QcLog, names_nothing_below_the_month_of_a_survey_s_finding) {
   Log log;
   log.Add(With(log.survey, "FLA", "F1"), "Sum");
-  EXPECT_EQ(log.run.Count("QC WHERE Level='SURVEY' AND CmplxID='NA' AND StructID='NA' AND EquipType='NA' AND EquipID='NA' AND "
-                          "Month=1"),
+  EXPECT_EQ(log.run.Count(
+                "QC WHERE Level='SURVEY' AND CmplxID='NA' AND StructID='NA' AND EquipType='NA' AND EquipID='NA' AND "
+                "Month=1"),
             1);
 }
 

@@ -25,12 +25,16 @@ void Find(TestRun& run, const Row& row) {
   run.s.db.Execute(
       "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
       "VALUES (?,?,?,?,?,?,?,?,?,'Wrong','why',?)",
-      {row.user, std::int64_t{row.month}, std::int64_t{row.year}, row.level, row.complex, row.structure, row.type, row.id,
-       row.field, row.mode});
+      {row.user, std::int64_t{row.month}, std::int64_t{row.year}, row.level, row.complex, row.structure, row.type,
+       row.id, row.field, row.mode});
 }
 
-Row OfFlare(const std::string& field) { return {"EQUIPMENT", "1001", "1", "FLA", "F1", field}; }
-Row OfStructure(const std::string& field) { return {"STRUCTURE", "1001", "1", "NA", "NA", field}; }
+Row OfFlare(const std::string& field) {
+  return {"EQUIPMENT", "1001", "1", "FLA", "F1", field};
+}
+Row OfStructure(const std::string& field) {
+  return {"STRUCTURE", "1001", "1", "NA", "NA", field};
+}
 
 void GoToMonth(TestRun& run, int month = 1) {
   run.ChangeTo(Mode::kActv);
@@ -111,9 +115,8 @@ TEST(ResultsLists, are_refilled_by_a_run_a_selection_and_a_change_of_mode) {
   run.GoTo("FLA", "F1", Mode::kActv);
   EXPECT_TRUE(run.At("lvwFLA_QCResults").rows.empty());
   run.Click("cmdQC");
-  EXPECT_EQ(run.At("lvwFLA_QCResults").rows,
-            (Rows{{"Hours Operated, excl. upsets", "Required field left blank", ""},
-                  {"Volume Flared, incl. upsets", "Required field left blank", ""}}));
+  EXPECT_EQ(run.At("lvwFLA_QCResults").rows, (Rows{{"Hours Operated, excl. upsets", "Required field left blank", ""},
+                                                   {"Volume Flared, incl. upsets", "Required field left blank", ""}}));
   run.Select(run.Key("", "", 1));
   run.s.db.Execute("DELETE FROM QC WHERE FieldID LIKE 'Hours%'");
   run.Select(run.Key("FLA", "F1", 1));
@@ -200,12 +203,22 @@ TEST(ResultsLists, of_a_structure_show_its_findings_of_both_modes) {
 TEST(ResultsLists, call_each_type_in_a_structure_s_summary_by_its_long_name) {
   TestRun run;
   run.StartWithStructure();
-  const std::vector<std::pair<std::string, std::string>> names = {
-      {"AMI", "Amine Unit"}, {"BOI", "Boiler, Heater, or Burner"}, {"DIE", "Diesel or Gasoline Engine"},
-      {"DRI", "Drilling Equipment"}, {"FLA", "Combustion Flare"}, {"FUG", "Fugitives"}, {"GLY", "Glycol Unit"},
-      {"LOA", "Loading Operation"}, {"LOS", "Losses from Flashing"}, {"MUD", "Mud Degassing"}, {"NGE", "NG Engine"},
-      {"NGT", "NG Turbine"}, {"PNE", "Pneumatic Pump"}, {"PRE", "Pneumatic Controllers"}, {"STO", "Storage Tank"},
-      {"VEN", "Cold Vent"}};
+  const std::vector<std::pair<std::string, std::string>> names = {{"AMI", "Amine Unit"},
+                                                                  {"BOI", "Boiler, Heater, or Burner"},
+                                                                  {"DIE", "Diesel or Gasoline Engine"},
+                                                                  {"DRI", "Drilling Equipment"},
+                                                                  {"FLA", "Combustion Flare"},
+                                                                  {"FUG", "Fugitives"},
+                                                                  {"GLY", "Glycol Unit"},
+                                                                  {"LOA", "Loading Operation"},
+                                                                  {"LOS", "Losses from Flashing"},
+                                                                  {"MUD", "Mud Degassing"},
+                                                                  {"NGE", "NG Engine"},
+                                                                  {"NGT", "NG Turbine"},
+                                                                  {"PNE", "Pneumatic Pump"},
+                                                                  {"PRE", "Pneumatic Controllers"},
+                                                                  {"STO", "Storage Tank"},
+                                                                  {"VEN", "Cold Vent"}};
   Rows expected;
   for (const auto& [type, name] : names) {
     Row row = OfFlare("Field");

@@ -152,7 +152,8 @@ TEST(QcRun, forgets_an_equipment_that_it_passed_over_before) {
 TEST(QcRun, over_an_equipment_without_emissions_takes_what_its_like_of_the_month_left_unexplained) {
   FlareMonth flare;
   flare.run.s.db.Execute(
-      "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) VALUES "
+      "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
+      "VALUES "
       "('12345',1,2017,'EQUIPMENT','1001','1','FLA','F2','Unexplained','Wrong','','ACTV'),"
       "('12345',1,2017,'EQUIPMENT','1001','1','FLA','F2','Explained','Wrong','known','ACTV')");
   flare.run.Check("chkFLA_Status", true);
@@ -177,7 +178,8 @@ TEST(QcRun, over_an_inactive_structure_wipes_its_own_findings_of_every_month_and
   ASSERT_EQ(run.boxes.size(), 1u);
   EXPECT_EQ(run.boxes.front().text, "QC skipped for inactive Structure");
   EXPECT_EQ(run.boxes.front().icon, Icon::kInfo);
-  EXPECT_EQ(run.Findings(), (Values{{"Own description", "Wrong"}, {"Explained", "Wrong"}, {"Unexplained in February", "Wrong"}}));
+  EXPECT_EQ(run.Findings(),
+            (Values{{"Own description", "Wrong"}, {"Explained", "Wrong"}, {"Unexplained in February", "Wrong"}}));
   EXPECT_TRUE(IsNull(run.Sql("SELECT PA_QC_DT FROM PA_PLATFORM_ACTV")));
 }
 

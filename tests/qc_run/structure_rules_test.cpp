@@ -19,13 +19,20 @@ struct Gas {
   const char* column;
 };
 constexpr Gas kGases[] = {
-    {"txtSTRUCTURE_SalesGasH2SContent", "SalesGasH2SContent"}, {"txtSTRUCTURE_SalesGasO2Content", "SalesGasO2Content"},
-    {"txtSTRUCTURE_SalesGasCO2Content", "SalesGasCO2Content"}, {"txtSTRUCTURE_SalesGasN2Content", "SalesGasN2Content"},
-    {"txtSTRUCTURE_SalesGasC1Content", "SalesGasC1Content"},   {"txtSTRUCTURE_SalesGasC2Content", "SalesGasC2Content"},
-    {"txtSTRUCTURE_SalesGasC3Content", "SalesGasC3Content"},   {"txtSTRUCTURE_SalesGasiC4Content", "SalesGasiC4Content"},
-    {"txtSTRUCTURE_SalesGasnC4Content", "SalesGasnC4Content"}, {"txtSTRUCTURE_SalesGasiC5Content", "SalesGasiC5Content"},
-    {"txtSTRUCTURE_SalesGasnC5Content", "SalesGasnC5Content"}, {"txtSTRUCTURE_SalesGasC6Content", "SalesGasC6Content"},
-    {"txtSTRUCTURE_SalesGasC7Content", "SalesGasC7Content"},   {"txtSTRUCTURE_SalesGasC8Content", "SalesGasC8PlusContent"},
+    {"txtSTRUCTURE_SalesGasH2SContent", "SalesGasH2SContent"},
+    {"txtSTRUCTURE_SalesGasO2Content", "SalesGasO2Content"},
+    {"txtSTRUCTURE_SalesGasCO2Content", "SalesGasCO2Content"},
+    {"txtSTRUCTURE_SalesGasN2Content", "SalesGasN2Content"},
+    {"txtSTRUCTURE_SalesGasC1Content", "SalesGasC1Content"},
+    {"txtSTRUCTURE_SalesGasC2Content", "SalesGasC2Content"},
+    {"txtSTRUCTURE_SalesGasC3Content", "SalesGasC3Content"},
+    {"txtSTRUCTURE_SalesGasiC4Content", "SalesGasiC4Content"},
+    {"txtSTRUCTURE_SalesGasnC4Content", "SalesGasnC4Content"},
+    {"txtSTRUCTURE_SalesGasiC5Content", "SalesGasiC5Content"},
+    {"txtSTRUCTURE_SalesGasnC5Content", "SalesGasnC5Content"},
+    {"txtSTRUCTURE_SalesGasC6Content", "SalesGasC6Content"},
+    {"txtSTRUCTURE_SalesGasC7Content", "SalesGasC7Content"},
+    {"txtSTRUCTURE_SalesGasC8Content", "SalesGasC8PlusContent"},
 };
 
 // The edit of a structure's description or of its first month; it has one piece of equipment, which no
@@ -45,9 +52,12 @@ struct Sheet {
   void HoldsTo(const std::vector<Bound>& bounds) {
     for (const Bound& bound : bounds) {
       const std::string range = RangeFinding(bound.low, bound.high);
-      for (const auto& [value, finding] :
-           Values{{GeneralNumber(bound.low), ""}, {GeneralNumber(bound.high), ""}, {GeneralNumber(bound.low - 0.1), range},
-                  {GeneralNumber(bound.high + 0.1), range}, {"", kBlankFinding}, {GeneralNumber(bound.low), ""}}) {
+      for (const auto& [value, finding] : Values{{GeneralNumber(bound.low), ""},
+                                                 {GeneralNumber(bound.high), ""},
+                                                 {GeneralNumber(bound.low - 0.1), range},
+                                                 {GeneralNumber(bound.high + 0.1), range},
+                                                 {"", kBlankFinding},
+                                                 {GeneralNumber(bound.low), ""}}) {
         run.Set(bound.control, value);
         EXPECT_EQ(Finding(bound.tag), finding) << bound.control << " \"" << value << "\"";
         EXPECT_EQ(run.At(bound.control).back, finding.empty() ? Back::kWindow : Back::kFlag)
@@ -63,7 +73,8 @@ TEST(StructureRules, of_a_description_name_what_is_blank_in_their_order) {
   sheet.run.Put({{"txtSTRUCTURE_Area", ""}, {"txtSTRUCTURE_Block", " "}, {"txtSTRUCTURE_Name", ""}});
   sheet.run.Click("cmdQC");
   Values expected;
-  for (const char* tag : {"Area", "Block", "Name", "Lease Number", "Longitude", "Latitude", "Distance to Shore", "Water Depth"})
+  for (const char* tag :
+       {"Area", "Block", "Name", "Lease Number", "Longitude", "Latitude", "Distance to Shore", "Water Depth"})
     expected.emplace_back(tag, kBlankFinding);
   EXPECT_EQ(sheet.run.Findings(), expected);
   EXPECT_EQ(sheet.run.Count("QC WHERE Level='STRUCTURE' AND Month=0 AND Year=0 AND EditMode='DESC'"), 8);
@@ -71,8 +82,10 @@ TEST(StructureRules, of_a_description_name_what_is_blank_in_their_order) {
 
 TEST(StructureRules, of_a_description_require_its_texts) {
   Sheet sheet(Mode::kDesc);
-  for (const auto& [field, tag] : Values{{"txtSTRUCTURE_Area", "Area"}, {"txtSTRUCTURE_Block", "Block"},
-                                         {"txtSTRUCTURE_Name", "Name"}, {"txtSTRUCTURE_LeaseNo", "Lease Number"},
+  for (const auto& [field, tag] : Values{{"txtSTRUCTURE_Area", "Area"},
+                                         {"txtSTRUCTURE_Block", "Block"},
+                                         {"txtSTRUCTURE_Name", "Name"},
+                                         {"txtSTRUCTURE_LeaseNo", "Lease Number"},
                                          {"txtSTRUCTURE_WaterDepth", "Water Depth"}}) {
     sheet.run.Set(field, "");
     EXPECT_EQ(sheet.Finding(tag), kBlankFinding) << field;
@@ -84,9 +97,10 @@ TEST(StructureRules, of_a_description_require_its_texts) {
 }
 
 TEST(StructureRules, of_a_description_hold_its_place_to_the_gulf) {
-  Sheet(Mode::kDesc).HoldsTo({{"txtSTRUCTURE_Lon", "Longitude", -98, -81},
-                              {"txtSTRUCTURE_Lat", "Latitude", 23, 31},
-                              {"txtSTRUCTURE_DistShore", "Distance to Shore", 0, 500}});
+  Sheet(Mode::kDesc)
+      .HoldsTo({{"txtSTRUCTURE_Lon", "Longitude", -98, -81},
+                {"txtSTRUCTURE_Lat", "Latitude", 23, 31},
+                {"txtSTRUCTURE_DistShore", "Distance to Shore", 0, 500}});
 }
 
 TEST(StructureRules, of_a_description_want_west_longitude_negative) {
@@ -120,13 +134,14 @@ TEST(StructureRules, ask_what_is_exempt_only_of_an_exempt_minor_source) {
 }
 
 TEST(StructureRules, of_a_month_hold_production_throughput_and_fuel_to_their_bounds) {
-  Sheet(Mode::kActv).HoldsTo({{"txtSTRUCTURE_ProdOil", "Oil Production", 0, 5000000},
-                              {"txtSTRUCTURE_ProdNG", "Natural Gas Production", 0, 20000},
-                              {"txtSTRUCTURE_ThruOil", "Oil Throughput", 0, 5000000},
-                              {"txtSTRUCTURE_ThruNG", "Natural Gas Throughput", 0, 20000},
-                              {"txtSTRUCTURE_TotalFuelUsageNG", "Total Fuel Usage, Natural Gas", 0, 1000000000000},
-                              {"txtSTRUCTURE_TotalFuelUsageGasoline", "Total Fuel Usage, Gasoline", 0, 10000},
-                              {"txtSTRUCTURE_TotalFuelUsageDiesel", "Total Fuel Usage, Diesel", 0, 10000000}});
+  Sheet(Mode::kActv)
+      .HoldsTo({{"txtSTRUCTURE_ProdOil", "Oil Production", 0, 5000000},
+                {"txtSTRUCTURE_ProdNG", "Natural Gas Production", 0, 20000},
+                {"txtSTRUCTURE_ThruOil", "Oil Throughput", 0, 5000000},
+                {"txtSTRUCTURE_ThruNG", "Natural Gas Throughput", 0, 20000},
+                {"txtSTRUCTURE_TotalFuelUsageNG", "Total Fuel Usage, Natural Gas", 0, 1000000000000},
+                {"txtSTRUCTURE_TotalFuelUsageGasoline", "Total Fuel Usage, Gasoline", 0, 10000},
+                {"txtSTRUCTURE_TotalFuelUsageDiesel", "Total Fuel Usage, Diesel", 0, 10000000}});
 }
 
 TEST(StructureRules, of_a_month_name_what_is_blank_in_their_order) {
@@ -191,8 +206,9 @@ TEST(SalesGas, may_sum_up_to_99_8_or_100_and_nothing_outside) {
     const char* total;
     bool passes;
   };
-  for (const Case& c : {Case{"90", "9.8", "99.8", true}, Case{"60.5", "39.5", "100", true}, Case{"90", "10.01", "100.01", false},
-                        Case{"90", "9.79", "99.79", false}, Case{"99.9", "", "99.9", true}}) {
+  for (const Case& c :
+       {Case{"90", "9.8", "99.8", true}, Case{"60.5", "39.5", "100", true}, Case{"90", "10.01", "100.01", false},
+        Case{"90", "9.79", "99.79", false}, Case{"99.9", "", "99.9", true}}) {
     sheet.run.Put({{"txtSTRUCTURE_SalesGasC1Content", c.c1}, {"txtSTRUCTURE_SalesGasC2Content", c.c2}});
     EXPECT_EQ(sheet.Finding(kTotalTag), c.passes ? "" : RangeFinding(99.8, 100)) << c.total;
     EXPECT_EQ(sheet.run.Text(kTotal), c.total);
@@ -296,7 +312,8 @@ TEST(OperatorRules, stop_the_end_of_an_edit_at_the_first_thing_that_is_missing) 
   // each case blanks one thing more than the one after it, so the first message shows which rule comes first
   const std::vector<Case> cases = {
       {{{"txtUSER_Contact", "  "}}, "Please enter your Contact Name", "txtUSER_Contact"},
-      {{{"txtUSER_Phone", ""}, {"txtUSER_Fax", ""}, {"txtUSER_Email", ""}}, "Please enter your Phone, Fax, or Email",
+      {{{"txtUSER_Phone", ""}, {"txtUSER_Fax", ""}, {"txtUSER_Email", ""}},
+       "Please enter your Phone, Fax, or Email",
        "txtUSER_Phone"},
       {{{"txtUSER_Email", " "}}, "Please enter Email address", "txtUSER_Email"},
       {{{"txtUSER_Company", " "}}, "Please enter your Company Name", "txtUSER_Company"},
@@ -340,8 +357,14 @@ TEST(OperatorRules, write_no_finding_and_do_not_hold_up_a_save_in_the_middle_of_
 TEST(OperatorRules, of_a_new_operator_want_whole_numbers_and_an_email) {
   TestRun run;
   run.dialogs.push_back([&](Form&) {
-    run.Put({{"txtUserID", "12345"}, {"txtUSER_Company", "Blue Water"}, {"txtUSER_Address1", "1 Quay"}, {"txtUSER_City", "Port"},
-             {"txtUSER_State", "TX"}, {"txtUSER_Zip", "77001"}, {"txtUSER_Contact", "A. Person"}, {"txtUSER_Phone", "555123456"},
+    run.Put({{"txtUserID", "12345"},
+             {"txtUSER_Company", "Blue Water"},
+             {"txtUSER_Address1", "1 Quay"},
+             {"txtUSER_City", "Port"},
+             {"txtUSER_State", "TX"},
+             {"txtUSER_Zip", "77001"},
+             {"txtUSER_Contact", "A. Person"},
+             {"txtUSER_Phone", "555123456"},
              {"txtUSER_Fax", "555123456"}});
     run.Click("cmdOK");
     EXPECT_EQ(run.TakeBoxes(), Texts{"Not a valid phone number"});

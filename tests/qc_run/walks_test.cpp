@@ -53,10 +53,11 @@ struct Structure {
   TestRun run;
 };
 
-const Equipment kOneOfEach = {
-    {"AMI", "X"}, {"BOI", "X"}, {"DIE", "X"}, {"DRI", "X"}, {"FLA", "X"}, {"FUG", "X"}, {"GLY", "X"}, {"LOA", "X"},
-    {"LOS", "X"}, {"MUD", "X"}, {"NGE", "X"}, {"NGT", "X"}, {"PNE", "X"}, {"PRE", "X"}, {"STO", "X"}, {"VEN", "X"}};
-const char* const kTypesInOrder = "SELECT EquipType FROM QC WHERE Level='EQUIPMENT' GROUP BY EquipType ORDER BY MIN(rowid)";
+const Equipment kOneOfEach = {{"AMI", "X"}, {"BOI", "X"}, {"DIE", "X"}, {"DRI", "X"}, {"FLA", "X"}, {"FUG", "X"},
+                              {"GLY", "X"}, {"LOA", "X"}, {"LOS", "X"}, {"MUD", "X"}, {"NGE", "X"}, {"NGT", "X"},
+                              {"PNE", "X"}, {"PRE", "X"}, {"STO", "X"}, {"VEN", "X"}};
+const char* const kTypesInOrder =
+    "SELECT EquipType FROM QC WHERE Level='EQUIPMENT' GROUP BY EquipType ORDER BY MIN(rowid)";
 
 TEST(Walks, over_a_structure_take_twelve_types_in_their_order) {
   Structure structure(kOneOfEach);
@@ -68,12 +69,13 @@ TEST(Walks, over_a_structure_take_twelve_types_in_their_order) {
 TEST(Walks, over_a_structure_s_month_leave_the_fugitives_out_as_well) {
   Structure structure(kOneOfEach);
   structure.RunInMonth();
-  EXPECT_EQ(structure.All(kTypesInOrder), (Texts{"DIE", "AMI", "BOI", "FLA", "GLY", "DRI", "LOA", "NGE", "NGT", "STO", "VEN"}));
+  EXPECT_EQ(structure.All(kTypesInOrder),
+            (Texts{"DIE", "AMI", "BOI", "FLA", "GLY", "DRI", "LOA", "NGE", "NGT", "STO", "VEN"}));
 }
 
 TEST(Walks, leave_out_four_types_that_an_equipment_s_own_run_checks) {
-  for (const auto& [type, field] : Values{{"PNE", "Fuel Usage Rate (SCF/hr)"}, {"LOS", "Oil/Condensate Throughput"},
-                                          {"MUD", "Days per Month"}}) {
+  for (const auto& [type, field] :
+       Values{{"PNE", "Fuel Usage Rate (SCF/hr)"}, {"LOS", "Oil/Condensate Throughput"}, {"MUD", "Days per Month"}}) {
     Structure structure(Equipment{{type, "X"}});
     structure.run.GoTo(type, "X", Mode::kActv);
     structure.run.Click("cmdQC");

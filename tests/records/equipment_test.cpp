@@ -30,8 +30,7 @@ TEST(NewEquipment, of_every_type_gets_its_rows_its_node_and_its_sheet) {
     EXPECT_EQ(run.s.current.Level, "EQUIPMENT");
     EXPECT_EQ(run.s.current.EquipType, code);
     EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].key, run.Key(code, "X1"));
-    EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].text,
-              TreeTypeName(code) + ": X1");
+    EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].text, TreeTypeName(code) + ": X1");
     EXPECT_TRUE(run.s.desk.Find(FindSheet(code)->form())->visible);
     EXPECT_EQ(run.TakeBoxes(), Texts{});
   }
@@ -52,10 +51,10 @@ TEST(NewEquipment, gets_a_pair_of_activity_rows_for_each_of_seven_months) {
     rows += 7;
     EXPECT_EQ(run.Count("EA_EQUIP_ACTV"), rows);
     EXPECT_EQ(run.Count("EA_" + code), 7);
-    EXPECT_EQ(run.Count("EA_EQUIP_ACTV a JOIN EA_" + code + " t ON t.EA_ID_AK=a.EA_ID_AK JOIN ED_" + code +
-                        " d ON d.ED_ID_AK=a.ED_ID_AK WHERE EA_YR=2017 AND EA_EQUIP_TYP='" + code +
-                        "' AND EA_STATUS IS NULL"),
-              7);
+    EXPECT_EQ(
+        run.Count("EA_EQUIP_ACTV a JOIN EA_" + code + " t ON t.EA_ID_AK=a.EA_ID_AK JOIN ED_" + code +
+                  " d ON d.ED_ID_AK=a.ED_ID_AK WHERE EA_YR=2017 AND EA_EQUIP_TYP='" + code + "' AND EA_STATUS IS NULL"),
+        7);
     EXPECT_EQ(ToInteger(run.Sql("SELECT MAX(EA_MO)*100+MIN(EA_MO)*10+COUNT(DISTINCT EA_MO) FROM "
                                 "EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='" +
                                 code + "'")),
@@ -92,9 +91,8 @@ TEST(NewEquipment, of_activity_mode_stands_on_the_month_of_its_node) {
   run.AddEquipment("FLA", "F1");
   EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].key, run.Key("FLA", "F1", 2));
   run.Keep({{"txtFLA_HrsOperated", "5"}});
-  EXPECT_EQ(ToInteger(run.Sql(
-                "SELECT EA_MO FROM EA_EQUIP_ACTV a JOIN EA_FLA f ON f.EA_ID_AK=a.EA_ID_AK WHERE OP_HR=5")),
-            2);
+  EXPECT_EQ(
+      ToInteger(run.Sql("SELECT EA_MO FROM EA_EQUIP_ACTV a JOIN EA_FLA f ON f.EA_ID_AK=a.EA_ID_AK WHERE OP_HR=5")), 2);
   EXPECT_EQ(run.Count("EA_FLA WHERE OP_HR IS NULL"), 2);
 }
 
@@ -152,11 +150,9 @@ class Deletion : public testing::Test {
     for (const char* structure : {"1001", "1002"}) {
       AddFinding(1, structure, "STRUCTURE", "NA", "NA", "ACTV");
       AddFinding(0, structure, "STRUCTURE", "NA", "NA", "DESC");
-      for (int month : {0, 1, 2})
-        AddFinding(month, structure, "EQUIPMENT", "FLA", "F1", month == 0 ? "DESC" : "ACTV");
+      for (int month : {0, 1, 2}) AddFinding(month, structure, "EQUIPMENT", "FLA", "F1", month == 0 ? "DESC" : "ACTV");
     }
-    for (int month : {0, 1})
-      AddFinding(month, "1001", "EQUIPMENT", "FLA", "F2", month == 0 ? "DESC" : "ACTV");
+    for (int month : {0, 1}) AddFinding(month, "1001", "EQUIPMENT", "FLA", "F2", month == 0 ? "DESC" : "ACTV");
     AddFinding(0, "1001", "EQUIPMENT", "VEN", "F1", "DESC");
     AddFinding(0, "1001", "EQUIPMENT", "FUG", "G1", "DESC");
   }
@@ -166,8 +162,8 @@ class Deletion : public testing::Test {
         "INSERT INTO QC "
         "(UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
         "VALUES ('12345',?,?,?,?,'1',?,?,'field','text','explained',?)",
-        {std::int64_t{month}, std::int64_t{month == 0 ? 0 : 2017}, std::string(level), complex,
-         std::string(type), std::string(id), std::string(mode)});
+        {std::int64_t{month}, std::int64_t{month == 0 ? 0 : 2017}, std::string(level), complex, std::string(type),
+         std::string(id), std::string(mode)});
   }
   void Delete(const std::string& key, Button answer = Button::kOK) {
     run.Select(key);
@@ -178,10 +174,9 @@ class Deletion : public testing::Test {
   // Every row of every table.
   std::vector<std::vector<Values>> Everything() {
     std::vector<std::vector<Values>> all;
-    run.s.db.ForEach("SELECT name FROM sqlite_master WHERE type='table' ORDER BY name", {},
-                     [&](const RowView& row) {
-                       all.push_back(run.s.db.Query("SELECT * FROM [" + std::string(row.Text(0)) + "]").rows);
-                     });
+    run.s.db.ForEach("SELECT name FROM sqlite_master WHERE type='table' ORDER BY name", {}, [&](const RowView& row) {
+      all.push_back(run.s.db.Query("SELECT * FROM [" + std::string(row.Text(0)) + "]").rows);
+    });
     return all;
   }
   TestRun run;
@@ -194,8 +189,7 @@ TEST_F(Deletion, asks_one_question_with_ok_and_cancel) {
   EXPECT_EQ(run.boxes[0].buttons, (std::vector<Button>{Button::kOK, Button::kCancel}));
   Delete(run.Key(), Button::kCancel);
   ASSERT_EQ(run.boxes.size(), 1u);
-  EXPECT_EQ(run.boxes[0].text,
-            "Are you sure you wish to delete this structure and all of its equipment data?");
+  EXPECT_EQ(run.boxes[0].text, "Are you sure you wish to delete this structure and all of its equipment data?");
 }
 
 TEST_F(Deletion, that_is_cancelled_keeps_everything) {

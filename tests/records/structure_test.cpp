@@ -89,8 +89,7 @@ TEST_F(StructureSheet, keeps_each_field_of_the_month_in_its_column_of_that_month
   run.Click("cmdCANCEL");
   number = 0;
   for (const auto& [control, column] : kMonthNumbers) {
-    EXPECT_EQ(ToInteger(run.Sql("SELECT " + column + " FROM PA_PLATFORM_ACTV WHERE PA_MO=2")), ++number)
-        << column;
+    EXPECT_EQ(ToInteger(run.Sql("SELECT " + column + " FROM PA_PLATFORM_ACTV WHERE PA_MO=2")), ++number) << column;
     EXPECT_TRUE(IsNull(run.Sql("SELECT " + column + " FROM PA_PLATFORM_ACTV WHERE PA_MO=1"))) << column;
   }
   EXPECT_EQ(Stored("PA_PLATFORM_ACTV WHERE PA_MO=2", "COMNT_TXT"), "it's quiet");
@@ -148,8 +147,7 @@ TEST_F(StructureSheet, opens_the_fields_of_its_mode_for_an_edit_but_never_the_id
     EXPECT_EQ(run.At("fraStructure").caption, "Structure - EDIT DATA");
     EXPECT_TRUE(run.At("fraStructure").emphasis);
     for (const FieldSpec& field : StructureFields()) {
-      const bool fixed = field.control == "txtSTRUCTURE_CmplxID" ||
-                         field.control == "txtSTRUCTURE_StructID" ||
+      const bool fixed = field.control == "txtSTRUCTURE_CmplxID" || field.control == "txtSTRUCTURE_StructID" ||
                          field.control == "txtSTRUCTURE_SalesGasTotal";
       const bool open = !fixed && (field.mode == In::kActv) == (mode == Mode::kActv);
       EXPECT_EQ(run.At(field.control).locked, !open) << field.control;
@@ -162,8 +160,7 @@ TEST_F(StructureSheet, opens_the_fields_of_its_mode_for_an_edit_but_never_the_id
 }
 
 TEST_F(StructureSheet, lists_its_findings_under_error_source) {
-  EXPECT_EQ(run.At("lvwSTRUCTURE_QCResults").columns,
-            (Texts{"Error Source", "Error Description", "Operator Comment"}));
+  EXPECT_EQ(run.At("lvwSTRUCTURE_QCResults").columns, (Texts{"Error Source", "Error Description", "Operator Comment"}));
 }
 
 TEST_F(StructureSheet, offers_the_four_kinds_of_an_exempt_source) {
@@ -243,8 +240,8 @@ TEST_F(StructureSheet, of_a_new_structure_gets_a_month_s_row_for_each_month_with
   run.ChangeTo(Mode::kDesc);
   const std::int64_t next = NextSAId(run.s);
   run.AddStructure("2002", "2", "B");
-  const Rows rows = run.s.db.Query(
-      "SELECT SA_ID_AK,PA_MO,PA_YR,status FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=2 ORDER BY SA_ID_AK");
+  const Rows rows =
+      run.s.db.Query("SELECT SA_ID_AK,PA_MO,PA_YR,status FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=2 ORDER BY SA_ID_AK");
   ASSERT_EQ(rows.rows.size(), 4u);
   for (int month = 1; month <= 4; ++month)
     EXPECT_EQ(rows.rows[static_cast<std::size_t>(month) - 1],
@@ -257,9 +254,8 @@ TEST_F(StructureSheet, of_a_new_structure_has_its_ids_texts_and_operator) {
       "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name,status FROM PD_PLATFORM_DESC "
       "WHERE PD_ID_AK=2");
   ASSERT_EQ(rows.rows.size(), 1u);
-  EXPECT_EQ(rows.rows[0],
-            (Values{std::int64_t{2}, std::string("12345"), std::string("2002"), std::string("2"),
-                    std::string("GI"), std::string("43"), std::string("B"), Null{}}));
+  EXPECT_EQ(rows.rows[0], (Values{std::int64_t{2}, std::string("12345"), std::string("2002"), std::string("2"),
+                                  std::string("GI"), std::string("43"), std::string("B"), Null{}}));
   EXPECT_EQ(run.s.PD_ID_AK, 2);
   EXPECT_EQ(run.Text("txtSTRUCTURE_CmplxID"), "2002");
   EXPECT_EQ(run.Text("txtSTRUCTURE_StructID"), "2");

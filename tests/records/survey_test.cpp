@@ -75,9 +75,7 @@ TEST(NextMonth, adds_a_pair_of_rows_for_every_equipment_of_every_type_and_for_fu
   run.AddMonth();
   EXPECT_EQ(run.Count("EA_EQUIP_ACTV WHERE EA_MO=2 AND EA_YR=2017"), 16);
   EXPECT_EQ(
-      run.Count(
-          "EA_EQUIP_ACTV WHERE EA_MO=2 AND EA_STATUS IS NULL AND EA_QC_DT IS NULL AND EA_COMNT_TXT IS NULL"),
-      16);
+      run.Count("EA_EQUIP_ACTV WHERE EA_MO=2 AND EA_STATUS IS NULL AND EA_QC_DT IS NULL AND EA_COMNT_TXT IS NULL"), 16);
   EXPECT_EQ(run.Count("EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK AND "
                       "d.ED_EQUIP_TYP=a.EA_EQUIP_TYP WHERE EA_MO=2"),
             16);
@@ -85,10 +83,9 @@ TEST(NextMonth, adds_a_pair_of_rows_for_every_equipment_of_every_type_and_for_fu
   for (const EquipmentType& type : EquipmentTypes()) {
     if (!type.has_activity) continue;
     const std::string code(type.code);
-    EXPECT_EQ(
-        run.Count("EA_" + code + " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK WHERE a.EA_EQUIP_TYP='" +
-                  code + "'"),
-        2)
+    EXPECT_EQ(run.Count("EA_" + code + " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK WHERE a.EA_EQUIP_TYP='" +
+                        code + "'"),
+              2)
         << code;
     EXPECT_EQ(run.Count("EA_" + code), 2) << code;
   }
@@ -111,8 +108,7 @@ TEST(NextMonth, gives_equipment_a_row_that_has_none_for_the_months_before) {
   run.s.db.Execute("DELETE FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN'");
   run.SelectRoot();
   run.AddMonth();
-  EXPECT_EQ(Keys(run, "SELECT EA_MO FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN'"),
-            std::vector<std::int64_t>{2});
+  EXPECT_EQ(Keys(run, "SELECT EA_MO FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN'"), std::vector<std::int64_t>{2});
 }
 
 TEST(NextMonth, numbers_equipment_in_the_order_of_its_own_keys) {
@@ -122,8 +118,7 @@ TEST(NextMonth, numbers_equipment_in_the_order_of_its_own_keys) {
   run.AddEquipment("FLA", "F1");
   run.SelectRoot();
   run.AddMonth();
-  EXPECT_EQ(Keys(run, "SELECT ED_ID_AK FROM EA_EQUIP_ACTV ORDER BY EA_ID_AK"),
-            (std::vector<std::int64_t>{1, 2, 1, 2}));
+  EXPECT_EQ(Keys(run, "SELECT ED_ID_AK FROM EA_EQUIP_ACTV ORDER BY EA_ID_AK"), (std::vector<std::int64_t>{1, 2, 1, 2}));
   EXPECT_EQ(Keys(run, "SELECT EA_ID_AK FROM EA_FLA ORDER BY 1"), (std::vector<std::int64_t>{2, 4}));
 }
 
@@ -172,8 +167,7 @@ TEST(NextMonth, says_that_it_was_added_and_goes_to_the_root_of_a_new_tree) {
   EXPECT_EQ(run.s.current.Level, "USER");
   EXPECT_EQ(run.TreeKeys(), (Texts{"K12345", "K12345 12017", run.Key("", "", 1), run.Key("FLA", "F1", 1),
                                    "K12345 22017", run.Key("", "", 2), run.Key("FLA", "F1", 2)}));
-  EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.Find("K12345 22017"))].text,
-            "Monthly Survey 2017/02");
+  EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.Find("K12345 22017"))].text, "Monthly Survey 2017/02");
 }
 
 TEST(NextMonth, is_added_from_the_menu_too) {

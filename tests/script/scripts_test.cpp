@@ -24,7 +24,8 @@ std::string ReadFile(const fs::path& path) {
 }
 
 std::string Replace(std::string text, const std::string& what, const std::string& with) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size()) text.replace(at, what.size(), with);
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
+    text.replace(at, what.size(), with);
   return text;
 }
 
@@ -76,7 +77,9 @@ TEST(YearScript, over_every_type_is_never_refused_and_ends_clean) {
   EXPECT_EQ(status, 0);
   EXPECT_EQ(replies.find("QC completed with"), std::string::npos);
   EXPECT_EQ(ToInteger(RawValue(folder.path("inventory.mdb"), "SELECT COUNT(*) FROM QC")), 0);
-  EXPECT_EQ(ToInteger(RawValue(folder.path("inventory.mdb"), "SELECT COUNT(*) FROM EA_EQUIP_ACTV WHERE EA_QC_DT IS NOT NULL")), 15 * 12);
+  EXPECT_EQ(ToInteger(RawValue(folder.path("inventory.mdb"),
+                               "SELECT COUNT(*) FROM EA_EQUIP_ACTV WHERE EA_QC_DT IS NOT NULL")),
+            15 * 12);
 }
 
 INSTANTIATE_TEST_SUITE_P(journeys, Script, testing::ValuesIn(Scripts()), [](const auto& info) {

@@ -6,8 +6,7 @@ namespace merlu {
 namespace {
 
 void ExpectLocation(const QCLocation& at, const char* level, const char* user, int month, int year,
-                    const char* complex = "", const char* structure = "", const char* type = "",
-                    const char* id = "") {
+                    const char* complex = "", const char* structure = "", const char* type = "", const char* id = "") {
   EXPECT_EQ(at.Level, level);
   EXPECT_EQ(at.UserID, user);
   EXPECT_EQ(at.Month, month);
@@ -68,15 +67,14 @@ TEST(NodeKeys, are_read_back_at_every_level_of_activity) {
   ExpectLocation(ParseNodeKey("K   77"), "USER", "77", 0, 0);
   ExpectLocation(ParseNodeKey("K   77 32017"), "SURVEY", "77", 3, 2017);
   ExpectLocation(ParseNodeKey("K   77122017   1001 A"), "STRUCTURE", "77", 12, 2017, "1001", "A");
-  ExpectLocation(ParseNodeKey("K   77122017   1001 ADRI     D-1"), "EQUIPMENT", "77", 12, 2017, "1001", "A",
-                 "DRI", "D-1");
+  ExpectLocation(ParseNodeKey("K   77122017   1001 ADRI     D-1"), "EQUIPMENT", "77", 12, 2017, "1001", "A", "DRI",
+                 "D-1");
 }
 
 TEST(NodeKeys, are_read_back_at_every_level_of_description_without_month_and_year) {
   ExpectLocation(ParseDescNodeKey("K12345"), "USER", "12345", 0, 0);
   ExpectLocation(ParseDescNodeKey("K12345   1001 A"), "STRUCTURE", "12345", 0, 0, "1001", "A");
-  ExpectLocation(ParseDescNodeKey("K12345   1001 AFUG     F 1"), "EQUIPMENT", "12345", 0, 0, "1001", "A",
-                 "FUG", "F 1");
+  ExpectLocation(ParseDescNodeKey("K12345   1001 AFUG     F 1"), "EQUIPMENT", "12345", 0, 0, "1001", "A", "FUG", "F 1");
 }
 
 TEST(NodeKeys, of_any_other_length_are_of_no_level) {

@@ -47,9 +47,9 @@ TEST_F(Records, that_are_missing_are_told_by_kind_and_key_and_leave_the_current_
   EXPECT_FALSE(MoveToEDRecord(s, 95));
   EXPECT_FALSE(MoveToEARecord(s, 94));
   EXPECT_FALSE(MoveToPAActvRecordByMo(s, 2, 12, 2017));
-  EXPECT_EQ(run.TakeBoxes(), (Texts{"Platform Desc ID 97 not found!", "Platform Actv ID 96 not found!",
-                                    "Equip Desc ID 95 not found!", "Equip Activity ID 94 not found!",
-                                    "Platform Actv ID 2 not found in MoveToPAActvRecordByMo!"}));
+  EXPECT_EQ(run.TakeBoxes(),
+            (Texts{"Platform Desc ID 97 not found!", "Platform Actv ID 96 not found!", "Equip Desc ID 95 not found!",
+                   "Equip Activity ID 94 not found!", "Platform Actv ID 2 not found in MoveToPAActvRecordByMo!"}));
   EXPECT_EQ((std::vector{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK}), (std::vector{pd, sa, ed, ea}));
 }
 
@@ -70,8 +70,7 @@ TEST_F(Records, are_found_from_behind_the_last_row) {
 
 TEST_F(Records, of_a_structure_month_are_found_by_structure_month_and_year_together) {
   EXPECT_TRUE(MoveToPAActvRecordByMo(s, 1, 3, 2017));
-  EXPECT_EQ(s.SA_ID_AK,
-            ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=3")));
+  EXPECT_EQ(s.SA_ID_AK, ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=3")));
   EXPECT_TRUE(MoveToPAActvRecordByMo(s, 1, 1, 2017));
   EXPECT_EQ(s.SA_ID_AK, 1);
   EXPECT_TRUE(MoveToPAActvRecordByMo(s, 2, 1, 2017));
@@ -123,8 +122,7 @@ TEST_F(Records, of_an_equipment_s_month_are_brought_into_place_together) {
   EXPECT_EQ(ToInteger(s.At("ED_FLA").Field("ED_ID_AK")), 1);
   EXPECT_EQ(s.ED_ID_AK, 1);
   EXPECT_EQ(s.PD_ID_AK, 2);
-  EXPECT_EQ(s.SA_ID_AK,
-            ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=2 AND PA_MO=2")));
+  EXPECT_EQ(s.SA_ID_AK, ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=2 AND PA_MO=2")));
 }
 
 TEST_F(Records, of_an_equipment_are_missing_without_its_month_or_the_type_s_row) {

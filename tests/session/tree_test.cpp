@@ -188,26 +188,25 @@ TEST(EquipmentTypes, stand_in_the_order_of_the_new_equipment_dialog) {
 }
 
 TEST(EquipmentTypes, are_found_by_each_of_their_names) {
-  const std::vector<std::pair<const char*, const char*>> names = {
-      {"Amine Unit", "AMI"},
-      {"Boiler, Heater, or Burner", "BOI"},
-      {"Diesel or Gasoline Engine", "DIE"},
-      {"Drilling Equipment", "DRI"},
-      {"Combustion Flare", "FLA"},
-      {"Fugitives", "FUG"},
-      {"Glycol Unit", "GLY"},
-      {"Loading Operation", "LOA"},
-      {"Losses from Flashing", "LOS"},
-      {"Mud Degassing", "MUD"},
-      {"Natural Gas Engine", "NGE"},
-      {"NGEngine", "NGE"},
-      {"Natural Gas, Diesel, or Dual-Fuel Turbine", "NGT"},
-      {"NGTurbine", "NGT"},
-      {"Pneumatic Pump", "PNE"},
-      {"Pneumatic Controllers", "PRE"},
-      {"Pressure/Level Controllers", "PRE"},
-      {"Storage Tank", "STO"},
-      {"Cold Vent", "VEN"}};
+  const std::vector<std::pair<const char*, const char*>> names = {{"Amine Unit", "AMI"},
+                                                                  {"Boiler, Heater, or Burner", "BOI"},
+                                                                  {"Diesel or Gasoline Engine", "DIE"},
+                                                                  {"Drilling Equipment", "DRI"},
+                                                                  {"Combustion Flare", "FLA"},
+                                                                  {"Fugitives", "FUG"},
+                                                                  {"Glycol Unit", "GLY"},
+                                                                  {"Loading Operation", "LOA"},
+                                                                  {"Losses from Flashing", "LOS"},
+                                                                  {"Mud Degassing", "MUD"},
+                                                                  {"Natural Gas Engine", "NGE"},
+                                                                  {"NGEngine", "NGE"},
+                                                                  {"Natural Gas, Diesel, or Dual-Fuel Turbine", "NGT"},
+                                                                  {"NGTurbine", "NGT"},
+                                                                  {"Pneumatic Pump", "PNE"},
+                                                                  {"Pneumatic Controllers", "PRE"},
+                                                                  {"Pressure/Level Controllers", "PRE"},
+                                                                  {"Storage Tank", "STO"},
+                                                                  {"Cold Vent", "VEN"}};
   for (const auto& [name, code] : names) {
     ASSERT_NE(FindTypeByName(name), nullptr) << name;
     EXPECT_EQ(FindTypeByName(name)->code, code) << name;

@@ -89,9 +89,9 @@ TEST_F(NewUser, asks_for_everything_under_its_captions) {
     Texts labels;
     for (const Control& control : form.controls())
       if (control.kind == Kind::kLabel) labels.push_back(control.text);
-    EXPECT_EQ(labels, (Texts{"Please enter your User Information",
-                             "Only the owner/lessees can be listed as the Registered User",
-                             "* = Required Information"}));
+    EXPECT_EQ(labels,
+              (Texts{"Please enter your User Information",
+                     "Only the owner/lessees can be listed as the Registered User", "* = Required Information"}));
     EXPECT_EQ(form.default_button, "cmdOK");
     EXPECT_EQ(form.cancel_button, "cmdCANCEL");
   });
@@ -178,13 +178,12 @@ TEST_F(NewUser, writes_the_operator_the_year_and_the_first_month) {
     run.Set("txtUSER_InvYr", "2014");
     run.Click("cmdOK");
   });
-  const Rows row = run.s.db.Query(
-      "SELECT RIMA_CO_NUM,CO_NAME,ADDR1,ADDR2,City,State,Zip,Contact,Phone,Email FROM CO_COMPANY");
+  const Rows row =
+      run.s.db.Query("SELECT RIMA_CO_NUM,CO_NAME,ADDR1,ADDR2,City,State,Zip,Contact,Phone,Email FROM CO_COMPANY");
   ASSERT_EQ(row.rows.size(), 1u);
-  EXPECT_EQ(row.rows[0],
-            (Values{std::string("12345"), std::string("Blue Water"), std::string("1 Quay"), Null{},
-                    std::string("Port"), std::string("TX"), std::string("77001"), std::string("A. Person"),
-                    std::string("(555) 123 - 4567 ext ____"), std::string("a@b.example")}));
+  EXPECT_EQ(row.rows[0], (Values{std::string("12345"), std::string("Blue Water"), std::string("1 Quay"), Null{},
+                                 std::string("Port"), std::string("TX"), std::string("77001"), std::string("A. Person"),
+                                 std::string("(555) 123 - 4567 ext ____"), std::string("a@b.example")}));
   EXPECT_EQ(ToInteger(run.Sql("SELECT sys_yr FROM SYS_CONFIG")), 2014);
   EXPECT_EQ(ToInteger(run.Sql("SELECT SYS_MAX_MO FROM SYS_CONFIG")), 1);
   EXPECT_EQ(run.s.year, 2014);
@@ -371,9 +370,7 @@ class NewEquipmentDialog : public testing::Test {
     run.Click("cmdSTRUCTURE_AddEquip");
     EXPECT_TRUE(worked);
   }
-  void Fill(const std::string& id, const std::string& type) {
-    run.Put({{"txtEquipID", id}, {"cmbEquipType", type}});
-  }
+  void Fill(const std::string& id, const std::string& type) { run.Put({{"txtEquipID", id}, {"cmbEquipType", type}}); }
   TestRun run;
 };
 
@@ -390,12 +387,12 @@ TEST_F(NewEquipmentDialog, shows_where_the_equipment_goes_and_asks_for_id_and_ty
     }
     EXPECT_EQ(form.At("txtEquipID").caption, "Equipment ID (8 chars max):");
     EXPECT_EQ(form.At("cmbEquipType").caption, "Equipment Type:");
-    EXPECT_EQ(form.At("cmbEquipType").items,
-              (Texts{"Amine Unit", "Boiler, Heater, or Burner", "Cold Vent", "Combustion Flare",
-                     "Diesel or Gasoline Engine", "Drilling Equipment", "Fugitives", "Glycol Unit",
-                     "Loading Operation", "Losses from Flashing", "Mud Degassing", "Natural Gas Engine",
-                     "Natural Gas, Diesel, or Dual-Fuel Turbine", "Pneumatic Pump", "Pneumatic Controllers",
-                     "Storage Tank"}));
+    EXPECT_EQ(
+        form.At("cmbEquipType").items,
+        (Texts{"Amine Unit", "Boiler, Heater, or Burner", "Cold Vent", "Combustion Flare", "Diesel or Gasoline Engine",
+               "Drilling Equipment", "Fugitives", "Glycol Unit", "Loading Operation", "Losses from Flashing",
+               "Mud Degassing", "Natural Gas Engine", "Natural Gas, Diesel, or Dual-Fuel Turbine", "Pneumatic Pump",
+               "Pneumatic Controllers", "Storage Tank"}));
   });
 }
 

@@ -27,8 +27,7 @@ class Edit : public testing::Test {
     for (const char* name : {"mnuFile", "mnuEdit", "tvwTree", "cmdEditMode"})
       EXPECT_TRUE(main.At(name).enabled) << name;
     EXPECT_TRUE(main.At("cmdEdit").visible);
-    for (const char* name : {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"})
-      EXPECT_FALSE(main.At(name).visible) << name;
+    for (const char* name : {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"}) EXPECT_FALSE(main.At(name).visible) << name;
   }
   void ExpectEditing() {
     Form& main = *run.s.main;
@@ -37,12 +36,9 @@ class Edit : public testing::Test {
     for (const char* name : {"mnuFile", "mnuEdit", "tvwTree", "cmdEditMode"})
       EXPECT_FALSE(main.At(name).enabled) << name;
     EXPECT_FALSE(main.At("cmdEdit").visible);
-    for (const char* name : {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"})
-      EXPECT_TRUE(main.At(name).visible) << name;
+    for (const char* name : {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"}) EXPECT_TRUE(main.At(name).visible) << name;
   }
-  Value Stored(const std::string& column) {
-    return run.Sql("SELECT " + column + " FROM EA_FLA WHERE EA_ID_AK=1");
-  }
+  Value Stored(const std::string& column) { return run.Sql("SELECT " + column + " FROM EA_FLA WHERE EA_ID_AK=1"); }
   Value Date(int month = 1) {
     return run.Sql("SELECT EA_QC_DT FROM EA_EQUIP_ACTV WHERE EA_MO=" + std::to_string(month));
   }
@@ -61,8 +57,7 @@ TEST_F(Edit, shuts_every_way_out_but_its_own_buttons) {
   ExpectBrowsing();
   run.Click("cmdEdit");
   ExpectEditing();
-  for (const char* name :
-       {"mnuFExit", "mnuSetEditMode", "mnuENewSurvey", "mnuFileSelectDatabase", "cmdEditMode"})
+  for (const char* name : {"mnuFExit", "mnuSetEditMode", "mnuENewSurvey", "mnuFileSelectDatabase", "cmdEditMode"})
     EXPECT_EQ(run.WhyNotClick(name), "is disabled") << name;
   EXPECT_EQ(run.WhyNotClick("cmdEdit"), "is hidden");
 }

@@ -30,8 +30,7 @@ void ExpectActivity(TestRun& run) {
   EXPECT_EQ(main.At("mnuSetEditMode").caption, "Change to Description Edit Mode");
   EXPECT_EQ(main.At("cmdEditMode").caption, "Edit Description Data");
   EXPECT_TRUE(main.At("mnuENewSurvey").visible);
-  for (const char* name :
-       {"mnuENewStructure", "mnuENewEquipment", "mnuEDelete", "mnuEditBar", "cmdUSER_AddStructure"})
+  for (const char* name : {"mnuENewStructure", "mnuENewEquipment", "mnuEDelete", "mnuEditBar", "cmdUSER_AddStructure"})
     EXPECT_FALSE(main.At(name).visible) << name;
 }
 
@@ -117,8 +116,7 @@ TEST(EditModes, do_not_change_on_fugitives_until_another_node_is_selected) {
   run.StartWith("FUG", "G1");
   run.Click("mnuSetEditMode");
   run.Click("cmdEditMode");
-  EXPECT_EQ(run.TakeBoxes(),
-            (Texts{"No Activity Edit Mode for Fugitives.", "No Activity Edit Mode for Fugitives."}));
+  EXPECT_EQ(run.TakeBoxes(), (Texts{"No Activity Edit Mode for Fugitives.", "No Activity Edit Mode for Fugitives."}));
   EXPECT_EQ(run.s.mode, Mode::kDesc);
   EXPECT_EQ(run.s.last_desc.Level, "");
   run.Select(run.Key());

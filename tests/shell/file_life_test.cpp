@@ -111,8 +111,7 @@ TEST_F(OtherDatabase, of_an_operator_that_is_not_known_asks_for_it) {
   const std::string fresh = CopyTemplate(run.folder, "fresh.mdb");
   run.files = {fresh};
   run.Click("mnuFileSelectDatabase");
-  EXPECT_EQ(run.TakeBoxes(),
-            Texts{"Sorry, cannot proceed without User Information - MERLU is shutting down now..."});
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Sorry, cannot proceed without User Information - MERLU is shutting down now..."});
   EXPECT_TRUE(run.s.ended);
 }
 

@@ -112,12 +112,11 @@ TEST_F(BadFile, of_another_program_lacks_the_tables_and_stays_as_it_is) {
   sqlite3* other = nullptr;
   const std::string path = run.folder.path("other.mdb");
   ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
-  ASSERT_EQ(
-      sqlite3_exec(other,
-                   "CREATE TABLE QC (UserID, EquipID, StructID, [desc]); INSERT INTO QC VALUES (1,2,3,4);"
-                   "CREATE TABLE books (title)",
-                   nullptr, nullptr, nullptr),
-      SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other,
+                         "CREATE TABLE QC (UserID, EquipID, StructID, [desc]); INSERT INTO QC VALUES (1,2,3,4);"
+                         "CREATE TABLE books (title)",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
   sqlite3_close(other);
   const std::string before = Bytes(path);
   EXPECT_EQ(OpenAndCancel(path).text,
@@ -131,8 +130,7 @@ TEST_F(BadFile, that_lacks_any_one_of_its_tables_names_it) {
     Raw(path, {std::string("DROP TABLE ") + table, "CREATE TABLE QC_XREF (StructID, EquipID)"});
     const std::string before = Bytes(path);
     EXPECT_EQ(OpenAndCancel(path).text,
-              Told(kCannotOpen, 3078,
-                   std::string("The database engine cannot find the input table '") + table + "'."));
+              Told(kCannotOpen, 3078, std::string("The database engine cannot find the input table '") + table + "'."));
     EXPECT_EQ(Bytes(path), before) << table;
   }
 }
@@ -210,8 +208,7 @@ class Holder {
     close(to_parent[1]);
     release_ = to_child[1];
     char letter = 0;
-    if (read(to_parent[0], &letter, 1) != 1 || letter != 'y')
-      throw std::runtime_error("the file cannot be held");
+    if (read(to_parent[0], &letter, 1) != 1 || letter != 'y') throw std::runtime_error("the file cannot be held");
     close(to_parent[0]);
   }
   ~Holder() { LetGo(); }
@@ -317,10 +314,9 @@ class Repair : public testing::Test {
                      "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_MERLU_EQUIP_ID) VALUES "
                      "(1,1,'F1'),(2,1,'F1'),(3,2,'V1')"});
   }
-  void AddFinding(const std::string& structure, const std::string& equipment,
-                  const std::string& text = "text") {
-    Raw(run.s.path, {"INSERT INTO QC (UserID,StructID,EquipID,FieldID,[Desc]) VALUES ('12345','" + structure +
-                     "','" + equipment + "','f','" + text + "')"});
+  void AddFinding(const std::string& structure, const std::string& equipment, const std::string& text = "text") {
+    Raw(run.s.path, {"INSERT INTO QC (UserID,StructID,EquipID,FieldID,[Desc]) VALUES ('12345','" + structure + "','" +
+                     equipment + "','f','" + text + "')"});
   }
   std::int64_t Count(const std::string& what) {
     return ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM " + what));
@@ -361,15 +357,14 @@ TEST_F(Repair, takes_the_retired_finding_of_equipment_that_exists) {
 
 TEST_F(Repair, leaves_its_mark_with_every_pair_once_and_two_indexes) {
   RepairOnFirstOpen(run.s);
+  EXPECT_EQ(NullToEmpty(RawValue(run.s.path,
+                                 "SELECT group_concat(StructID||EquipID,' ') FROM (SELECT * FROM QC_XREF ORDER BY 1)")),
+            "1F1 2V1");
   EXPECT_EQ(
-      NullToEmpty(RawValue(
-          run.s.path, "SELECT group_concat(StructID||EquipID,' ') FROM (SELECT * FROM QC_XREF ORDER BY 1)")),
-      "1F1 2V1");
-  EXPECT_EQ(NullToEmpty(RawValue(
-                run.s.path,
-                "SELECT group_concat(name,' ') FROM (SELECT name FROM pragma_index_list('QC_XREF') WHERE "
-                "\"unique\"=0 ORDER BY name)")),
-            "EquipID StructID");
+      NullToEmpty(RawValue(run.s.path,
+                           "SELECT group_concat(name,' ') FROM (SELECT name FROM pragma_index_list('QC_XREF') WHERE "
+                           "\"unique\"=0 ORDER BY name)")),
+      "EquipID StructID");
 }
 
 TEST_F(Repair, runs_once_in_the_life_of_a_file) {

@@ -44,8 +44,7 @@ TEST_F(NodeClick, takes_the_location_and_the_row_from_the_key_of_the_node) {
   EXPECT_EQ(run.s.current.StructID, "1");
   EXPECT_EQ(run.s.current.EquipType, "FLA");
   EXPECT_EQ(run.s.current.EquipID, "F2");
-  EXPECT_EQ(run.s.EA_ID_AK,
-            ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE ED_ID_AK=2 AND EA_MO=2")));
+  EXPECT_EQ(run.s.EA_ID_AK, ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE ED_ID_AK=2 AND EA_MO=2")));
   EXPECT_EQ(run.s.ED_ID_AK, 2);
   run.Select(run.Key("", "", 1));
   EXPECT_EQ(run.s.SA_ID_AK, 1);
@@ -119,8 +118,7 @@ TEST_F(NodeClick, of_every_type_leads_to_its_form_in_view) {
     all.Select(all.Key());
     all.Select(all.Key(sheet->type, "X1"));
     ASSERT_EQ(all.s.desk.showing.size(), 2u);
-    EXPECT_EQ(all.s.desk.showing.back()->name(),
-              "frm" + (sheet->type == "DRI" ? std::string("JAC") : sheet->type));
+    EXPECT_EQ(all.s.desk.showing.back()->name(), "frm" + (sheet->type == "DRI" ? std::string("JAC") : sheet->type));
     EXPECT_EQ(all.s.desk.showing.back()->At(sheet->frame()).caption, sheet->title);
     EXPECT_EQ(all.TakeBoxes(), Texts{});
   }
@@ -170,8 +168,7 @@ TEST_F(NodeClick, leaves_the_command_for_a_new_month_as_it_was_below_the_operato
   run.SelectRoot();
   EXPECT_TRUE(main.At("mnuENewSurvey").enabled);
   for (bool enabled : {true, false})
-    for (const std::string& key :
-         {std::string("K12345 12017"), run.Key("", "", 1), run.Key("FLA", "F1", 1)}) {
+    for (const std::string& key : {std::string("K12345 12017"), run.Key("", "", 1), run.Key("FLA", "F1", 1)}) {
       main.At("mnuENewSurvey").enabled = enabled;
       run.Select(key);
       EXPECT_EQ(main.At("mnuENewSurvey").enabled, enabled) << key;

@@ -14,8 +14,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char* kFarewell =
-    "Sorry, cannot proceed without User Information - MERLU is shutting down now...";
+constexpr const char* kFarewell = "Sorry, cannot proceed without User Information - MERLU is shutting down now...";
 
 // Gives a program of its own to the run: a folder with the template in it.
 void MoveProgram(TestRun& run, const std::string& folder) {
@@ -86,8 +85,7 @@ TEST(StartPath, without_a_setting_leads_to_the_file_that_lies_there_already) {
   MoveProgram(run, run.folder.path("program"));
   CopyTemplate(run.folder, "program/merlu.mdb");
   Raw(run.folder.path("program/merlu.mdb"),
-      {"INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME) VALUES ('77','Old')",
-       "INSERT INTO SYS_CONFIG VALUES (2016,5,3)"});
+      {"INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME) VALUES ('77','Old')", "INSERT INTO SYS_CONFIG VALUES (2016,5,3)"});
   Main(run.s);
   EXPECT_EQ(run.TakeBoxes(), Texts{});
   EXPECT_EQ(run.Text("txtUSER_Company"), "Old");
@@ -136,17 +134,15 @@ int AsNobody(const std::function<bool()>& work) {
 TEST(StartPath, without_a_setting_is_with_the_user_s_data_when_nothing_can_be_written_beside_the_program) {
   TestRun run;
   MoveProgram(run, run.folder.path("program"));
-  const auto readable =
-      fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec;
+  const auto readable = fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec;
   fs::permissions(run.folder.path("program"), readable);
   fs::permissions(run.folder.path("program/mr.dbt"), fs::perms::owner_read | fs::perms::others_read);
   fs::permissions(run.folder.path(), fs::perms::all);
   EXPECT_EQ(AsNobody([&] {
               run.data_folder = run.folder.path("home/data");
               Main(run.s);
-              return run.s.path == run.folder.path("home/data/merlu.mdb") &&
-                     TableExists(run.s.path, "EA_LOA") && run.TakeBoxes() == Texts{kFarewell} &&
-                     !fs::exists(run.folder.path("program/merlu.mdb"));
+              return run.s.path == run.folder.path("home/data/merlu.mdb") && TableExists(run.s.path, "EA_LOA") &&
+                     run.TakeBoxes() == Texts{kFarewell} && !fs::exists(run.folder.path("program/merlu.mdb"));
             }),
             0);
   fs::permissions(run.folder.path("program"), fs::perms::owner_all);
@@ -159,8 +155,7 @@ TEST(Start, of_a_fresh_file_asks_for_the_operator_before_the_main_window_shows) 
   run.settings["Options/DBloc"] = CopyTemplate(run.folder);
   bool first = false;
   run.dialogs.push_back([&](Form& form) {
-    first = form.name() == "frmNewUser" && run.s.desk.showing == std::vector<Form*>{&form} &&
-            !run.s.main->visible;
+    first = form.name() == "frmNewUser" && run.s.desk.showing == std::vector<Form*>{&form} && !run.s.main->visible;
   });
   Main(run.s);
   EXPECT_TRUE(first);
@@ -272,8 +267,7 @@ TEST(Start, on_a_second_file_forgets_the_first_one_s_places_and_keeps_its_row_ke
   const std::int64_t pd = run.s.PD_ID_AK;
   ASSERT_NE(pd, 0);
   const std::string second = CopyTemplate(run.folder, "second.mdb");
-  Raw(second,
-      {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')", "INSERT INTO SYS_CONFIG VALUES (2016,2,0)"});
+  Raw(second, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')", "INSERT INTO SYS_CONFIG VALUES (2016,2,0)"});
   ASSERT_TRUE(CloseMainWindow(run.s));
   run.Start(second);
   EXPECT_EQ(run.s.year, 2016);
@@ -321,8 +315,8 @@ TEST(EndOfTheProgram, comes_with_the_closing_of_the_main_window) {
   EXPECT_TRUE(run.s.desk.showing.empty());
   EXPECT_FALSE(run.s.db.IsOpen());
   EXPECT_FALSE(run.s.cursors.IsOpen());
-  EXPECT_TRUE(std::none_of(run.s.desk.forms.begin(), run.s.desk.forms.end(),
-                           [](const auto& form) { return form->loaded; }));
+  EXPECT_TRUE(
+      std::none_of(run.s.desk.forms.begin(), run.s.desk.forms.end(), [](const auto& form) { return form->loaded; }));
   EXPECT_EQ(run.TakeBoxes(), Texts{});
 }
 

@@ -53,22 +53,20 @@ TEST_F(Trees, of_descriptions_hang_structures_and_equipment_sorted_under_the_ope
       TreeTexts(run),
       (Texts{"Operator: 12345", "  GI, 43, A", "    Amine Unit: X1", "    Boiler, Heater, or Burner: X1",
              "    Cold Vent: X1", "    Combustion Flare: X1", "    Diesel or Gasoline Engine: X1",
-             "    Drilling Equipment: X1", "    Fugitives: X1", "    Glycol Unit: X1",
-             "    Loading Operation: X1", "    Losses from Flashing: X1", "    Mud Degassing: X1",
-             "    NG Engine: X1", "    NG Turbine: X1", "    Pneumatic Controllers: X1",
-             "    Pneumatic Pump: X1", "    Storage Tank: X1", "  GI, 43, a"}));
+             "    Drilling Equipment: X1", "    Fugitives: X1", "    Glycol Unit: X1", "    Loading Operation: X1",
+             "    Losses from Flashing: X1", "    Mud Degassing: X1", "    NG Engine: X1", "    NG Turbine: X1",
+             "    Pneumatic Controllers: X1", "    Pneumatic Pump: X1", "    Storage Tank: X1", "  GI, 43, a"}));
 }
 
 TEST_F(Trees, of_activity_hang_structures_and_equipment_under_each_month_but_no_fugitives) {
   Texts expected = {"Operator: 12345"};
   for (const char* month : {"  Monthly Survey 2017/01", "  Monthly Survey 2017/02"})
     for (const char* text :
-         {month, "    GI, 43, A", "      Amine Unit: X1", "      Boiler, Heater, or Burner: X1",
-          "      Cold Vent: X1", "      Combustion Flare: X1", "      Diesel or Gasoline Engine: X1",
-          "      Drilling Equipment: X1", "      Glycol Unit: X1", "      Loading Operation: X1",
-          "      Losses from Flashing: X1", "      Mud Degassing: X1", "      NG Engine: X1",
-          "      NG Turbine: X1", "      Pneumatic Controllers: X1", "      Pneumatic Pump: X1",
-          "      Storage Tank: X1", "    GI, 43, a"})
+         {month, "    GI, 43, A", "      Amine Unit: X1", "      Boiler, Heater, or Burner: X1", "      Cold Vent: X1",
+          "      Combustion Flare: X1", "      Diesel or Gasoline Engine: X1", "      Drilling Equipment: X1",
+          "      Glycol Unit: X1", "      Loading Operation: X1", "      Losses from Flashing: X1",
+          "      Mud Degassing: X1", "      NG Engine: X1", "      NG Turbine: X1", "      Pneumatic Controllers: X1",
+          "      Pneumatic Pump: X1", "      Storage Tank: X1", "    GI, 43, a"})
       expected.push_back(text);
   EXPECT_EQ(TreeTexts(run), expected);
 }
@@ -99,8 +97,7 @@ TEST_F(Trees, keep_the_row_keys_of_their_structures_and_equipment_beside_them) {
   EXPECT_EQ(run.s.equipment_month_list.size(), 30u);
   const std::int64_t* row = run.s.equipment_month_list.Find(run.Key("VEN", "X1", 2));
   ASSERT_NE(row, nullptr);
-  EXPECT_EQ(*row,
-            ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN' AND EA_MO=2")));
+  EXPECT_EQ(*row, ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='VEN' AND EA_MO=2")));
   run.ChangeTo(Mode::kDesc);
   EXPECT_EQ(run.s.structure_list.size(), 2u);
   EXPECT_EQ(run.s.equipment_list.size(), 16u);
@@ -136,8 +133,7 @@ TEST_F(Trees, remember_the_status_of_each_structure_month) {
   EXPECT_EQ(run.s.activity_record.FindTag(run.Key("", "", 1))->Status, "A");
   EXPECT_EQ(run.s.activity_record.FindTag(run.Key("", "", 2))->Status, "I");
   EXPECT_EQ(run.s.activity_record.FindTag(run.Key("", "", 2, "2", "B"))->Status, "");
-  const std::int64_t id =
-      ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=2"));
+  const std::int64_t id = ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=1 AND PA_MO=2"));
   EXPECT_EQ(run.s.activity_record.FindUid(id)->TreeTag, run.Key("", "", 2));
 }
 
@@ -252,8 +248,7 @@ TEST_F(Trees, ask_for_an_operator_who_is_gone_and_end_without_one) {
   run.dialogs.push_back([&](Form& form) { asked = form.name() == "frmNewUser"; });
   RefreshTree(run.s);
   EXPECT_TRUE(asked);
-  EXPECT_EQ(run.TakeBoxes(),
-            Texts{"Sorry, cannot proceed without User Information - TARNE is shutting down now..."});
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Sorry, cannot proceed without User Information - TARNE is shutting down now..."});
   EXPECT_TRUE(run.s.ended);
 }
 
@@ -299,10 +294,9 @@ TEST(TreeOfOddIds, stands_on_the_row_of_an_id_with_letters_beyond_ascii) {
   run.ChangeTo(Mode::kActv);
   run.Select(run.Key("FLA", "F2", 1));
   run.Select(run.Key("FLA", "É1", 1));
-  EXPECT_EQ(
-      run.s.EA_ID_AK,
-      ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
-                        "WHERE ED_MERLU_EQUIP_ID='É1'")));
+  EXPECT_EQ(run.s.EA_ID_AK,
+            ToInteger(run.Sql("SELECT EA_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
+                              "WHERE ED_MERLU_EQUIP_ID='É1'")));
 }
 
 TEST(TreeOfOddIds, stands_on_the_row_of_a_structure_with_letters_beyond_ascii) {
@@ -348,19 +342,19 @@ class LargeTree : public testing::Test {
   // A file with one structure of one month and that many flares on it.
   void Lay(int flares) {
     const std::string path = CopyTemplate(run.folder);
-    const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" +
-                                std::to_string(flares) + ") ";
-    Raw(path, {"BEGIN", "INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('12345')",
-               "INSERT INTO SYS_CONFIG VALUES (2017,1,0)",
-               "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) VALUES "
-               "(1,'12345','1001','1')",
-               "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (1,1,1,2017,'A')",
-               numbers + "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID) "
-                         "SELECT i,1,'FLA',i FROM n",
-               "INSERT INTO ED_FLA (ED_ID_AK) SELECT ED_ID_AK FROM ED_EQUIP_DESC",
-               "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_MO,EA_YR,EA_EQUIP_TYP) SELECT "
-               "ED_ID_AK,ED_ID_AK,1,2017,'FLA' FROM ED_EQUIP_DESC",
-               "INSERT INTO EA_FLA (EA_ID_AK) SELECT EA_ID_AK FROM EA_EQUIP_ACTV", "COMMIT"});
+    const std::string numbers =
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(flares) + ") ";
+    Raw(path,
+        {"BEGIN", "INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('12345')", "INSERT INTO SYS_CONFIG VALUES (2017,1,0)",
+         "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) VALUES "
+         "(1,'12345','1001','1')",
+         "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (1,1,1,2017,'A')",
+         numbers + "INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID) "
+                   "SELECT i,1,'FLA',i FROM n",
+         "INSERT INTO ED_FLA (ED_ID_AK) SELECT ED_ID_AK FROM ED_EQUIP_DESC",
+         "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_MO,EA_YR,EA_EQUIP_TYP) SELECT "
+         "ED_ID_AK,ED_ID_AK,1,2017,'FLA' FROM ED_EQUIP_DESC",
+         "INSERT INTO EA_FLA (EA_ID_AK) SELECT EA_ID_AK FROM EA_EQUIP_ACTV", "COMMIT"});
     run.Start(path);
   }
   TestRun run;

@@ -304,10 +304,9 @@ TEST_F(DatabaseFile, goes_on_after_a_fault_in_the_middle_of_a_query) {
   db.Open(path);
   db.Execute("INSERT INTO SYS_CONFIG (sys_yr) VALUES (1),(2)");
   const char* sql = "SELECT sys_yr FROM SYS_CONFIG";
-  EXPECT_EQ(FaultOf([&] {
-              db.ForEach(sql, {}, [](const RowView&) { throw Fault(13, "MERLU store", "type mismatch"); });
-            }),
-            13);
+  EXPECT_EQ(
+      FaultOf([&] { db.ForEach(sql, {}, [](const RowView&) { throw Fault(13, "MERLU store", "type mismatch"); }); }),
+      13);
   EXPECT_EQ(db.ForEach(sql, {}, [](const RowView&) {}), 2);
 }
 
@@ -322,8 +321,7 @@ TEST_F(DatabaseFile, knows_its_tables_without_regard_to_case) {
 TEST_F(DatabaseFile, compares_texts_without_regard_to_case) {
   db.Open(path);
   db.Execute("INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,CMPLX_ID_NUM) VALUES (1,'aB1')");
-  EXPECT_EQ(ToInteger(db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE cmplx_id_num=?",
-                                {std::string("Ab1")})),
+  EXPECT_EQ(ToInteger(db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE cmplx_id_num=?", {std::string("Ab1")})),
             1);
 }
 
@@ -343,39 +341,38 @@ class ReadOnlyQuery : public DatabaseFile {
 TEST_F(ReadOnlyQuery, refuses_every_statement_that_could_write) {
   const std::string before = Bytes(path);
   const std::string other = folder.path("other.mdb");
-  for (const std::string& sql :
-       std::vector<std::string>{"INSERT INTO SYS_CONFIG (sys_yr) VALUES (1)",
-                                "UPDATE SYS_CONFIG SET sys_yr=1",
-                                "DELETE FROM SYS_CONFIG",
-                                "REPLACE INTO SYS_CONFIG (rowid,sys_yr) VALUES (1,1)",
-                                "WITH x AS (SELECT 1) DELETE FROM SYS_CONFIG",
-                                "INSERT INTO SYS_CONFIG (sys_yr) VALUES (1) RETURNING sys_yr",
-                                "CREATE TABLE T (A)",
-                                "CREATE TEMP TABLE T (A)",
-                                "CREATE TABLE T AS SELECT * FROM SYS_CONFIG",
-                                "CREATE INDEX i ON SYS_CONFIG (sys_yr)",
-                                "CREATE VIEW v AS SELECT 1",
-                                "CREATE TRIGGER t AFTER INSERT ON QC BEGIN SELECT 1; END",
-                                "DROP TABLE QC",
-                                "ALTER TABLE QC ADD COLUMN A",
-                                "ATTACH '" + other + "' AS other",
-                                "DETACH main",
-                                "VACUUM",
-                                "VACUUM INTO '" + other + "'",
-                                "REINDEX",
-                                "ANALYZE",
-                                "BEGIN",
-                                "BEGIN IMMEDIATE",
-                                "COMMIT",
-                                "ROLLBACK",
-                                "SAVEPOINT a",
-                                "RELEASE a",
-                                "PRAGMA user_version=5",
-                                "PRAGMA journal_mode=WAL",
-                                "PRAGMA foreign_keys=OFF",
-                                "PRAGMA writable_schema=ON",
-                                "PRAGMA application_id=1",
-                                "EXPLAIN DELETE FROM SYS_CONFIG"})
+  for (const std::string& sql : std::vector<std::string>{"INSERT INTO SYS_CONFIG (sys_yr) VALUES (1)",
+                                                         "UPDATE SYS_CONFIG SET sys_yr=1",
+                                                         "DELETE FROM SYS_CONFIG",
+                                                         "REPLACE INTO SYS_CONFIG (rowid,sys_yr) VALUES (1,1)",
+                                                         "WITH x AS (SELECT 1) DELETE FROM SYS_CONFIG",
+                                                         "INSERT INTO SYS_CONFIG (sys_yr) VALUES (1) RETURNING sys_yr",
+                                                         "CREATE TABLE T (A)",
+                                                         "CREATE TEMP TABLE T (A)",
+                                                         "CREATE TABLE T AS SELECT * FROM SYS_CONFIG",
+                                                         "CREATE INDEX i ON SYS_CONFIG (sys_yr)",
+                                                         "CREATE VIEW v AS SELECT 1",
+                                                         "CREATE TRIGGER t AFTER INSERT ON QC BEGIN SELECT 1; END",
+                                                         "DROP TABLE QC",
+                                                         "ALTER TABLE QC ADD COLUMN A",
+                                                         "ATTACH '" + other + "' AS other",
+                                                         "DETACH main",
+                                                         "VACUUM",
+                                                         "VACUUM INTO '" + other + "'",
+                                                         "REINDEX",
+                                                         "ANALYZE",
+                                                         "BEGIN",
+                                                         "BEGIN IMMEDIATE",
+                                                         "COMMIT",
+                                                         "ROLLBACK",
+                                                         "SAVEPOINT a",
+                                                         "RELEASE a",
+                                                         "PRAGMA user_version=5",
+                                                         "PRAGMA journal_mode=WAL",
+                                                         "PRAGMA foreign_keys=OFF",
+                                                         "PRAGMA writable_schema=ON",
+                                                         "PRAGMA application_id=1",
+                                                         "EXPLAIN DELETE FROM SYS_CONFIG"})
     EXPECT_EQ(Refusal(sql), 3051) << sql;
   EXPECT_FALSE(fs::exists(other));
   EXPECT_EQ(Bytes(path), before);
@@ -383,8 +380,8 @@ TEST_F(ReadOnlyQuery, refuses_every_statement_that_could_write) {
 }
 
 TEST_F(ReadOnlyQuery, refuses_to_load_an_extension) {
-  for (const char* sql : {"SELECT load_extension('x')", "SELECT LOAD_EXTENSION('x','y')",
-                          "SELECT 1 FROM QC WHERE load_extension('x')"}) {
+  for (const char* sql :
+       {"SELECT load_extension('x')", "SELECT LOAD_EXTENSION('x','y')", "SELECT 1 FROM QC WHERE load_extension('x')"}) {
     try {
       db.ReadOnlyQuery(sql);
       ADD_FAILURE() << sql;
@@ -414,8 +411,8 @@ TEST_F(ReadOnlyQuery, lets_every_statement_pass_that_only_reads) {
        {"SELECT COUNT(*) FROM QC", "VALUES (1)",
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3) SELECT MAX(i) FROM n",
         "SELECT name FROM sqlite_master LIMIT 1", "PRAGMA table_info(QC)", "PRAGMA index_list(QC)",
-        "PRAGMA foreign_key_list(EA_FLA)", "PRAGMA integrity_check", "SELECT upper('a')",
-        "SELECT 1 -- the end", "EXPLAIN QUERY PLAN SELECT * FROM QC"})
+        "PRAGMA foreign_key_list(EA_FLA)", "PRAGMA integrity_check", "SELECT upper('a')", "SELECT 1 -- the end",
+        "EXPLAIN QUERY PLAN SELECT * FROM QC"})
     EXPECT_FALSE(db.ReadOnlyQuery(sql).columns.empty()) << sql;
 }
 

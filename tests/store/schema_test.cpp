@@ -54,8 +54,8 @@ class Template : public testing::Test {
 
   std::vector<std::string> Tables() {
     std::vector<std::string> names;
-    db.ForEach("SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY name",
-               {}, [&](const RowView& row) { names.emplace_back(row.Text(0)); });
+    db.ForEach("SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY name", {},
+               [&](const RowView& row) { names.emplace_back(row.Text(0)); });
     return names;
   }
   std::vector<std::string> Columns(const std::string& table) {
@@ -80,8 +80,8 @@ const std::map<std::string, std::vector<std::string>>& SharedTables() {
   static const std::map<std::string, std::vector<std::string>> tables = {
       {"SYS_CONFIG", {"sys_yr", "SYS_MAX_MO", "ERR_CHK_LVL"}},
       {"CO_COMPANY",
-       {"RIMA_CO_NUM", "CO_NAME", "ADDR1", "ADDR2", "City", "State", "Zip", "Contact", "Phone", "Fax",
-        "Email", "ProgramVersion"}},
+       {"RIMA_CO_NUM", "CO_NAME", "ADDR1", "ADDR2", "City", "State", "Zip", "Contact", "Phone", "Fax", "Email",
+        "ProgramVersion"}},
       {"PD_PLATFORM_DESC",
        {"PD_ID_AK",
         "RIMA_CO_NUM",
@@ -124,8 +124,8 @@ const std::map<std::string, std::vector<std::string>>& SharedTables() {
        {"UserID", "Month", "Year", "Level", "CmplxID", "StructID", "EquipType", "EquipID", "FieldID", "Desc",
         "Comments", "EditMode"}},
       {"QCInventory",
-       {"UserID", "Month", "Year", "CmplxID", "StructID", "Level", "EquipType", "EquipID", "FieldID",
-        "TimeStamp", "FieldDesc", "Desc"}},
+       {"UserID", "Month", "Year", "CmplxID", "StructID", "Level", "EquipType", "EquipID", "FieldID", "TimeStamp",
+        "FieldDesc", "Desc"}},
       {"listPNE", {"Mfr", "Model"}},
       {"listPRE", {"ServiceType", "Mfr", "Model"}},
   };
@@ -138,8 +138,8 @@ TEST_F(Template, holds_the_shared_tables_with_their_columns_and_two_for_each_typ
     expected.insert(table);
     for (const std::string& column : columns) EXPECT_TRUE(Has(table, column)) << table << "." << column;
   }
-  for (const char* type : {"AMI", "BOI", "DIE", "DRI", "FLA", "FUG", "GLY", "LOA", "LOS", "MUD", "NGE", "NGT",
-                           "PNE", "PRE", "STO", "VEN"}) {
+  for (const char* type : {"AMI", "BOI", "DIE", "DRI", "FLA", "FUG", "GLY", "LOA", "LOS", "MUD", "NGE", "NGT", "PNE",
+                           "PRE", "STO", "VEN"}) {
     expected.insert(std::string("ED_") + type);
     if (type != std::string("FUG")) expected.insert(std::string("EA_") + type);
   }
@@ -153,8 +153,7 @@ TEST_F(Template, holds_no_mark_of_the_repair) {
   EXPECT_FALSE(db.HasTable("QC_XREF"));
 }
 
-TEST_F(Template,
-       holds_a_twin_with_the_same_columns_in_the_same_order_for_each_of_the_35_tables_of_an_import) {
+TEST_F(Template, holds_a_twin_with_the_same_columns_in_the_same_order_for_each_of_the_35_tables_of_an_import) {
   int twins = 0;
   for (const std::string& table : Tables()) {
     if (!IsTwin(table)) continue;
@@ -181,13 +180,10 @@ TEST_F(Template, keys_every_description_and_every_month_by_its_whole_number) {
     const std::string key = table.starts_with("PD_")   ? "PD_ID_AK"
                             : table.starts_with("PA_") ? "SA_ID_AK"
                                                        : table.substr(0, 2) + "_ID_AK";
-    EXPECT_EQ(
-        NullToEmpty(db.Single("SELECT group_concat(name) FROM pragma_table_info(?) WHERE pk>0", {table})),
-        key)
+    EXPECT_EQ(NullToEmpty(db.Single("SELECT group_concat(name) FROM pragma_table_info(?) WHERE pk>0", {table})), key)
         << table;
   }
-  EXPECT_EQ(NullToEmpty(db.Single("SELECT name FROM pragma_table_info('CO_COMPANY') WHERE pk>0")),
-            "RIMA_CO_NUM");
+  EXPECT_EQ(NullToEmpty(db.Single("SELECT name FROM pragma_table_info('CO_COMPANY') WHERE pk>0")), "RIMA_CO_NUM");
 }
 
 TEST_F(Template, has_a_column_for_every_field_of_every_sheet) {
@@ -212,8 +208,8 @@ TEST_F(Template, keeps_numbers_and_texts_in_columns_of_their_kind) {
     for (const FieldSpec& field : sheet->fields) {
       if (field.column.empty()) continue;
       const std::string table = field.mode == In::kActv ? sheet->ea_table() : sheet->ed_table();
-      const std::string type = NullToEmpty(db.Single(
-          "SELECT type FROM pragma_table_info(?) WHERE name=? COLLATE NOCASE", {table, field.column}));
+      const std::string type = NullToEmpty(
+          db.Single("SELECT type FROM pragma_table_info(?) WHERE name=? COLLATE NOCASE", {table, field.column}));
       const bool number = field.stored == Stored::kNumber || field.stored == Stored::kComputed;
       EXPECT_EQ(type, number                           ? "DOUBLE"
                       : field.stored == Stored::kYesNo ? "BOOLEAN"
@@ -229,8 +225,8 @@ TEST_F(Template, compares_every_text_without_regard_to_case) {
     if (IsTwin(table)) continue;
     for (const std::string& column : Columns(table)) {
       const char *type = nullptr, *collation = nullptr;
-      ASSERT_EQ(sqlite3_table_column_metadata(raw, nullptr, table.c_str(), column.c_str(), &type, &collation,
-                                              nullptr, nullptr, nullptr),
+      ASSERT_EQ(sqlite3_table_column_metadata(raw, nullptr, table.c_str(), column.c_str(), &type, &collation, nullptr,
+                                              nullptr, nullptr),
                 SQLITE_OK);
       EXPECT_STREQ(collation, type == std::string("TEXT") ? "NOCASE" : "BINARY") << table << "." << column;
     }
@@ -247,8 +243,8 @@ TEST_F(Template, takes_what_hangs_below_a_row_with_it) {
     if (type.has_activity) parents["EA_" + std::string(type.code)] = "EA_EQUIP_ACTV";
   }
   for (const std::string& table : Tables()) {
-    const Rows links = db.Query(
-        "SELECT \"table\",on_delete,on_update,\"from\",\"to\" FROM pragma_foreign_key_list(?)", {table});
+    const Rows links =
+        db.Query("SELECT \"table\",on_delete,on_update,\"from\",\"to\" FROM pragma_foreign_key_list(?)", {table});
     const auto parent = parents.find(table);
     ASSERT_EQ(links.rows.size(), parent == parents.end() ? 0u : 1u) << table;
     if (parent == parents.end()) continue;
@@ -269,8 +265,7 @@ TEST_F(Template, loses_everything_of_a_structure_with_its_row_and_nothing_of_ano
       db.Execute("INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK) VALUES (?,?)", {id, std::int64_t{structure}});
       db.Execute("INSERT INTO ED_" + std::string(type.code) + " (ED_ID_AK) VALUES (?)", {id});
       db.Execute("INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK) VALUES (?,?)", {id, id});
-      if (type.has_activity)
-        db.Execute("INSERT INTO EA_" + std::string(type.code) + " (EA_ID_AK) VALUES (?)", {id});
+      if (type.has_activity) db.Execute("INSERT INTO EA_" + std::string(type.code) + " (EA_ID_AK) VALUES (?)", {id});
     }
   }
   db.Execute("DELETE FROM PD_PLATFORM_DESC WHERE PD_ID_AK=1");
@@ -294,8 +289,7 @@ class Lookups : public testing::Test {
     EXPECT_FALSE(finds.empty()) << what;
     for (const std::string& sql : finds) {
       std::string plan;
-      for (const Values& step : run.s.db.Query("EXPLAIN QUERY PLAN " + sql).rows)
-        plan += NullToEmpty(step[3]) + "\n";
+      for (const Values& step : run.s.db.Query("EXPLAIN QUERY PLAN " + sql).rows) plan += NullToEmpty(step[3]) + "\n";
       EXPECT_NE(plan.find("SEARCH"), std::string::npos) << what << ": " << sql << "\n" << plan;
       EXPECT_EQ(plan.find("SCAN"), std::string::npos) << what << ": " << sql << "\n" << plan;
     }

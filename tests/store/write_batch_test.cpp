@@ -126,8 +126,7 @@ TEST_F(Batch, on_a_file_that_another_connection_writes_to_is_in_use_and_can_be_b
 TEST_F(Batch, that_cannot_commit_tells_it_and_leaves_the_database_usable) {
   sqlite3* reader = nullptr;
   ASSERT_EQ(sqlite3_open(path.c_str(), &reader), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT COUNT(*) FROM SYS_CONFIG", nullptr, nullptr, nullptr),
-            SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT COUNT(*) FROM SYS_CONFIG", nullptr, nullptr, nullptr), SQLITE_OK);
   {
     WriteBatch batch(db);
     Add(1);

@@ -29,7 +29,9 @@ TemporaryFolder::~TemporaryFolder() {
   fs::remove_all(path_, error);
 }
 
-std::string TemplatePath() { return std::string(MERLU_BUILD_FOLDER) + "/mr.dbt"; }
+std::string TemplatePath() {
+  return std::string(MERLU_BUILD_FOLDER) + "/mr.dbt";
+}
 
 std::string CopyTemplate(const TemporaryFolder& folder, const std::string& name) {
   const std::string path = folder.path(name);
@@ -51,19 +53,21 @@ Value RawValue(const std::string& path, const std::string& sql) {
 
 TestRun::TestRun() : program_folder(MERLU_BUILD_FOLDER), data_folder(folder.path()) {}
 
-TestRun::~TestRun() { s.db.Close(); }
+TestRun::~TestRun() {
+  s.db.Close();
+}
 
 void TestRun::FillNewOperator(Form&) {
   for (const auto& [name, value] : std::vector<std::pair<std::string, std::string>>{{"txtUserID", "12345"},
-                                                                                   {"txtUSER_InvYr", "2017"},
-                                                                                   {"txtUSER_Company", "Blue Water"},
-                                                                                   {"txtUSER_Address1", "1 Quay"},
-                                                                                   {"txtUSER_City", "Port"},
-                                                                                   {"txtUSER_State", "TX"},
-                                                                                   {"txtUSER_Zip", "77001"},
-                                                                                   {"txtUSER_Contact", "A. Person"},
-                                                                                   {"txtUSER_Phone", "5551234567"},
-                                                                                   {"txtUSER_Email", "a@b.example"}})
+                                                                                    {"txtUSER_InvYr", "2017"},
+                                                                                    {"txtUSER_Company", "Blue Water"},
+                                                                                    {"txtUSER_Address1", "1 Quay"},
+                                                                                    {"txtUSER_City", "Port"},
+                                                                                    {"txtUSER_State", "TX"},
+                                                                                    {"txtUSER_Zip", "77001"},
+                                                                                    {"txtUSER_Contact", "A. Person"},
+                                                                                    {"txtUSER_Phone", "5551234567"},
+                                                                                    {"txtUSER_Email", "a@b.example"}})
     Set(name, value);
   Click("cmdOK");
 }
@@ -90,7 +94,11 @@ void TestRun::StartWithStructure() {
 void TestRun::AddStructure(const std::string& complex, const std::string& structure, const std::string& name) {
   SelectRoot();
   dialogs.push_back([=, this](Form&) {
-    Put({{"txtComplxID", complex}, {"txtStructID", structure}, {"txtArea", "GI"}, {"txtBlock", "43"}, {"txtName", name}});
+    Put({{"txtComplxID", complex},
+         {"txtStructID", structure},
+         {"txtArea", "GI"},
+         {"txtBlock", "43"},
+         {"txtName", name}});
     Click("cmdOK");
   });
   Click("cmdUSER_AddStructure");
@@ -128,7 +136,9 @@ std::pair<Form*, Control*> TestRun::Look(const std::string& name) {
   throw std::runtime_error("no control " + name + " on the screen");
 }
 
-Control& TestRun::At(const std::string& name) { return *Look(name).second; }
+Control& TestRun::At(const std::string& name) {
+  return *Look(name).second;
+}
 
 bool TestRun::Visible(const std::string& name) {
   const auto [form, control] = Look(name);
@@ -142,14 +152,18 @@ void TestRun::Select(const std::string& key) {
   ClickNode(s, node);
 }
 
-void TestRun::SelectRoot() { Select(s.tree.nodes.front().key); }
+void TestRun::SelectRoot() {
+  Select(s.tree.nodes.front().key);
+}
 
 std::string TestRun::WhyNotClick(const std::string& name) {
   const auto [form, control] = Look(name);
   return WhyNot(s.desk, *form, *control, true);
 }
 
-std::string TestRun::WhyNotSet(const std::string& name) { return WhyNotClick(name); }
+std::string TestRun::WhyNotSet(const std::string& name) {
+  return WhyNotClick(name);
+}
 
 void TestRun::Click(const std::string& name) {
   const auto [form, control] = Look(name);
@@ -204,7 +218,8 @@ void TestRun::Keep(const std::vector<std::pair<std::string, std::string>>& value
 std::string TestRun::Key(const std::string& type, const std::string& id, int month, const std::string& complex,
                          const std::string& structure) const {
   const std::string user = "12345";
-  std::string key = month > 0 ? StructureMonthKey(user, month, s.year, complex, structure) : StructureKey(user, complex, structure);
+  std::string key =
+      month > 0 ? StructureMonthKey(user, month, s.year, complex, structure) : StructureKey(user, complex, structure);
   return type.empty() ? key : key + EquipmentSuffix(type, id);
 }
 
@@ -214,7 +229,9 @@ std::vector<std::string> TestRun::TreeKeys() const {
   return keys;
 }
 
-Value TestRun::Sql(const std::string& sql) { return s.db.Single(sql); }
+Value TestRun::Sql(const std::string& sql) {
+  return s.db.Single(sql);
+}
 
 std::int64_t TestRun::Count(const std::string& table_and_condition) {
   return ToInteger(Sql("SELECT COUNT(*) FROM " + table_and_condition));
@@ -222,9 +239,8 @@ std::int64_t TestRun::Count(const std::string& table_and_condition) {
 
 std::vector<std::pair<std::string, std::string>> TestRun::Findings(const std::string& condition) {
   std::vector<std::pair<std::string, std::string>> findings;
-  s.db.ForEach("SELECT FieldID,[Desc] FROM QC WHERE " + condition + " ORDER BY rowid", {}, [&](const RowView& row) {
-    findings.emplace_back(std::string(row.Text(0)), std::string(row.Text(1)));
-  });
+  s.db.ForEach("SELECT FieldID,[Desc] FROM QC WHERE " + condition + " ORDER BY rowid", {},
+               [&](const RowView& row) { findings.emplace_back(std::string(row.Text(0)), std::string(row.Text(1))); });
   return findings;
 }
 
@@ -281,7 +297,8 @@ void TestRun::RunModal(Form& form) {
   if (form.visible) form.Raise(form.cancel_button, Event::kClick);
 }
 
-void TestRun::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int done, int total)>& progress) {
+void TestRun::WriteReport(const InventoryReport& report, const std::string& path,
+                          const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
 }
 
@@ -290,7 +307,9 @@ void TestRun::PaintWait(const WaitScreen& wait) {
   wait_texts.push_back(wait.text);
 }
 
-std::string TestRun::Setting(const std::string& section, const std::string& key) { return settings[section + "/" + key]; }
+std::string TestRun::Setting(const std::string& section, const std::string& key) {
+  return settings[section + "/" + key];
+}
 
 void TestRun::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
   settings[section + "/" + key] = value;

@@ -25,7 +25,9 @@ class TemporaryFolder {
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  std::string path(const std::string& name = "") const { return name.empty() ? path_.string() : (path_ / name).string(); }
+  std::string path(const std::string& name = "") const {
+    return name.empty() ? path_.string() : (path_ / name).string();
+  }
 
  private:
   fs::path path_;
@@ -82,8 +84,8 @@ class TestRun : public Platform {
   // Own flag and that of the frames around it.
   bool Visible(const std::string& control);
   // Key of a node: of the structure, or of equipment on it; in activity form with a month.
-  std::string Key(const std::string& type = "", const std::string& id = "", int month = 0, const std::string& complex = "1001",
-                  const std::string& structure = "1") const;
+  std::string Key(const std::string& type = "", const std::string& id = "", int month = 0,
+                  const std::string& complex = "1001", const std::string& structure = "1") const;
   std::vector<std::string> TreeKeys() const;
 
   // ---- what is stored ----
@@ -109,7 +111,6 @@ class TestRun : public Platform {
   std::string data_folder;
   int paints = 0, waits = 0;
   std::vector<std::string> wait_texts;
-
 
   // ---- the platform ----
   Button Ask(const Box& box) override;
