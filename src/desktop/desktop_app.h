@@ -27,6 +27,7 @@ class DesktopApp : public QObject, public Platform {
   bool Start();
   Session& session() { return session_; }
   MainWindow* window() { return window_.get(); }
+  Acts& acts() { return acts_; }
 
   Button Ask(const Box& box) override;
   std::string AskFile(const FileQuestion& question) override;
