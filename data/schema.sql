@@ -826,7 +826,7 @@ FROM PD_PLATFORM_DESC AS PD
 -- Staging tables of the structure import
 -- ----------------------------------------------------------------------------------------
 -- Twins of the tables above: the same columns in the same order, so that rows go over by position, but no keys
--- and no relations, so that the import can give every row a new key. Texts compare exactly in them. They are
+-- and no relations, since their rows get new keys when they move over. Texts compare exactly in them. They are
 -- empty between imports.
 
 CREATE TABLE H_PD_PLATFORM_DESC AS SELECT * FROM PD_PLATFORM_DESC WHERE 0;
@@ -864,43 +864,3 @@ CREATE TABLE H_EA_PNE           AS SELECT * FROM EA_PNE           WHERE 0;
 CREATE TABLE H_EA_PRE           AS SELECT * FROM EA_PRE           WHERE 0;
 CREATE TABLE H_EA_STO           AS SELECT * FROM EA_STO           WHERE 0;
 CREATE TABLE H_EA_VEN           AS SELECT * FROM EA_VEN           WHERE 0;
-
--- The keys by which the import walks and renumbers.
-CREATE INDEX ix_H_PD_PLATFORM_DESC_PD_ID_AK ON H_PD_PLATFORM_DESC (PD_ID_AK);
-CREATE INDEX ix_H_PA_PLATFORM_ACTV_PD_ID_AK ON H_PA_PLATFORM_ACTV (PD_ID_AK);
-CREATE INDEX ix_H_PA_PLATFORM_ACTV_SA_ID_AK ON H_PA_PLATFORM_ACTV (SA_ID_AK);
-CREATE INDEX ix_H_ED_EQUIP_DESC_PD_ID_AK    ON H_ED_EQUIP_DESC    (PD_ID_AK);
-CREATE INDEX ix_H_ED_EQUIP_DESC_ED_ID_AK    ON H_ED_EQUIP_DESC    (ED_ID_AK);
-CREATE INDEX ix_H_EA_EQUIP_ACTV_ED_ID_AK    ON H_EA_EQUIP_ACTV    (ED_ID_AK);
-CREATE INDEX ix_H_EA_EQUIP_ACTV_EA_ID_AK    ON H_EA_EQUIP_ACTV    (EA_ID_AK);
-CREATE INDEX ix_H_ED_AMI_ED_ID_AK           ON H_ED_AMI           (ED_ID_AK);
-CREATE INDEX ix_H_ED_BOI_ED_ID_AK           ON H_ED_BOI           (ED_ID_AK);
-CREATE INDEX ix_H_ED_DIE_ED_ID_AK           ON H_ED_DIE           (ED_ID_AK);
-CREATE INDEX ix_H_ED_FLA_ED_ID_AK           ON H_ED_FLA           (ED_ID_AK);
-CREATE INDEX ix_H_ED_GLY_ED_ID_AK           ON H_ED_GLY           (ED_ID_AK);
-CREATE INDEX ix_H_ED_DRI_ED_ID_AK           ON H_ED_DRI           (ED_ID_AK);
-CREATE INDEX ix_H_ED_LOA_ED_ID_AK           ON H_ED_LOA           (ED_ID_AK);
-CREATE INDEX ix_H_ED_LOS_ED_ID_AK           ON H_ED_LOS           (ED_ID_AK);
-CREATE INDEX ix_H_ED_MUD_ED_ID_AK           ON H_ED_MUD           (ED_ID_AK);
-CREATE INDEX ix_H_ED_NGE_ED_ID_AK           ON H_ED_NGE           (ED_ID_AK);
-CREATE INDEX ix_H_ED_NGT_ED_ID_AK           ON H_ED_NGT           (ED_ID_AK);
-CREATE INDEX ix_H_ED_PNE_ED_ID_AK           ON H_ED_PNE           (ED_ID_AK);
-CREATE INDEX ix_H_ED_PRE_ED_ID_AK           ON H_ED_PRE           (ED_ID_AK);
-CREATE INDEX ix_H_ED_STO_ED_ID_AK           ON H_ED_STO           (ED_ID_AK);
-CREATE INDEX ix_H_ED_VEN_ED_ID_AK           ON H_ED_VEN           (ED_ID_AK);
-CREATE INDEX ix_H_ED_FUG_ED_ID_AK           ON H_ED_FUG           (ED_ID_AK);
-CREATE INDEX ix_H_EA_AMI_EA_ID_AK           ON H_EA_AMI           (EA_ID_AK);
-CREATE INDEX ix_H_EA_BOI_EA_ID_AK           ON H_EA_BOI           (EA_ID_AK);
-CREATE INDEX ix_H_EA_DIE_EA_ID_AK           ON H_EA_DIE           (EA_ID_AK);
-CREATE INDEX ix_H_EA_FLA_EA_ID_AK           ON H_EA_FLA           (EA_ID_AK);
-CREATE INDEX ix_H_EA_GLY_EA_ID_AK           ON H_EA_GLY           (EA_ID_AK);
-CREATE INDEX ix_H_EA_DRI_EA_ID_AK           ON H_EA_DRI           (EA_ID_AK);
-CREATE INDEX ix_H_EA_LOA_EA_ID_AK           ON H_EA_LOA           (EA_ID_AK);
-CREATE INDEX ix_H_EA_LOS_EA_ID_AK           ON H_EA_LOS           (EA_ID_AK);
-CREATE INDEX ix_H_EA_MUD_EA_ID_AK           ON H_EA_MUD           (EA_ID_AK);
-CREATE INDEX ix_H_EA_NGE_EA_ID_AK           ON H_EA_NGE           (EA_ID_AK);
-CREATE INDEX ix_H_EA_NGT_EA_ID_AK           ON H_EA_NGT           (EA_ID_AK);
-CREATE INDEX ix_H_EA_PNE_EA_ID_AK           ON H_EA_PNE           (EA_ID_AK);
-CREATE INDEX ix_H_EA_PRE_EA_ID_AK           ON H_EA_PRE           (EA_ID_AK);
-CREATE INDEX ix_H_EA_STO_EA_ID_AK           ON H_EA_STO           (EA_ID_AK);
-CREATE INDEX ix_H_EA_VEN_EA_ID_AK           ON H_EA_VEN           (EA_ID_AK);

@@ -1,6 +1,8 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <iterator>
 
 namespace merlu {
 namespace {
@@ -25,6 +27,29 @@ std::string TrimRight(std::string_view text) {
 std::string Trim(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
   return first == std::string_view::npos ? std::string() : TrimRight(text.substr(first));
+}
+
+bool IsUtf8(std::string_view text) {
+  struct Lead {
+    unsigned char mask, value;
+    int following;
+    std::uint32_t lowest;
+  };
+  constexpr Lead kLeads[] = {{0x80, 0x00, 0, 1}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
+  for (std::size_t at = 0; at < text.size();) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const auto* lead = std::find_if(std::begin(kLeads), std::end(kLeads),
+                                    [byte](const Lead& form) { return (byte & form.mask) == form.value; });
+    if (lead == std::end(kLeads) || text.size() - at <= static_cast<std::size_t>(lead->following)) return false;
+    std::uint32_t code = byte & static_cast<unsigned char>(~lead->mask);
+    for (int i = 1; i <= lead->following; ++i) {
+      if (!IsContinuation(text[at + static_cast<std::size_t>(i)])) return false;
+      code = (code << 6) | (static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]) & 0x3F);
+    }
+    if (code < lead->lowest || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return false;
+    at += static_cast<std::size_t>(lead->following) + 1;
+  }
+  return true;
 }
 
 std::size_t CountCharacters(std::string_view text) {

@@ -25,4 +25,7 @@ std::string FirstCharacters(std::string_view text, std::size_t count);
 std::string LastCharacters(std::string_view text, std::size_t count);
 std::size_t CountCharacters(std::string_view text);
 
+// Whether the bytes are a text at all: UTF-8 in its shortest form, and no zero byte.
+bool IsUtf8(std::string_view text);
+
 }  // namespace merlu

@@ -49,6 +49,12 @@ QWidget* FormBinding::Find(const std::string& name) const {
   return nullptr;
 }
 
+QWidget* FormBinding::RowOf(const std::string& name) const {
+  for (const auto& bound : bound_)
+    if (bound->control->name == name) return bound->row;
+  return nullptr;
+}
+
 // ---- making widgets ----
 
 void FormBinding::TypeInto(const std::string& name, QLineEdit& line) {
@@ -167,7 +173,7 @@ Bound& FormBinding::AddButton(const Control& control, QWidget* parent) {
 }
 
 Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
-  auto* list = new ResultsList(control, tr("No findings"), parent);
+  auto* list = new ResultsList(control, tr(control.many ? "Nothing to choose from" : "No findings"), parent);
   const std::string name = control.name;
   connect(list, &QTreeWidget::itemSelectionChanged, this, [this, list, name] {
     const QList<int> rows = list->Picked();

@@ -49,6 +49,8 @@ class FormBinding : public QObject {
   // Gives the focus that the form asks for.
   void TakeFocus();
   QWidget* Find(const std::string& name) const;
+  // The row that holds a field, its mark and its note.
+  QWidget* RowOf(const std::string& name) const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

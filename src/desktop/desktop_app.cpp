@@ -178,6 +178,7 @@ std::string DesktopApp::AskFile(const FileQuestion& question) {
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   QString suffix = Q(question.extension);
   dialog.setDefaultSuffix(suffix.startsWith('.') ? suffix.mid(1) : suffix);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.overwrites);
   dialog.setDirectory(QFileInfo(Q(session_.path)).absolutePath());
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
   return dialog.selectedFiles().first().toStdString();

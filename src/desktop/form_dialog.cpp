@@ -1,10 +1,9 @@
 #include "desktop/form_dialog.h"
 
-#include <QGridLayout>
-#include <QHBoxLayout>
-
 namespace merlu {
 namespace {
+
+constexpr int kListWidth = 640, kListHeight = 260;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
@@ -16,47 +15,70 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
-  auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(16, 16, 16, 16);
-  grid->setHorizontalSpacing(10);
-  grid->setVerticalSpacing(8);
-  grid->setColumnMinimumWidth(1, 300);
-  grid->setColumnStretch(1, 1);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch(1);
-  int row = 0;
-  QPushButton* main = nullptr;
+  grid_ = new QGridLayout(this);
+  grid_->setContentsMargins(16, 16, 16, 16);
+  grid_->setHorizontalSpacing(10);
+  grid_->setVerticalSpacing(8);
+  grid_->setColumnMinimumWidth(1, 300);
+  grid_->setColumnStretch(1, 1);
+  buttons_ = new QHBoxLayout;
+  buttons_->setSpacing(8);
+  buttons_->addStretch(1);
   for (const Control& control : form.controls()) {
-    if (IsField(control.kind)) {
-      Bound& bound = binding_.AddField(control, this, true);
-      bound.caption->setWordWrap(false);
-      grid->addWidget(bound.caption, row, 0,
-                      control.lines ? Qt::AlignRight | Qt::AlignTop : Qt::AlignRight | Qt::AlignVCenter);
-      grid->addWidget(bound.row, row, 1);
-      if (!control.tip.empty()) grid->addWidget(new QLabel(QString::fromStdString(control.tip), this), row, 2);
-      ++row;
-    } else if (control.kind == Kind::kLabel) {
-      QWidget* label = binding_.AddLabel(control, this).widget;
-      QFont font = label->font();
-      font.setBold(row == 0);
-      label->setFont(font);
-      grid->addWidget(label, row++, 0, 1, 3);
-    } else if (control.kind == Kind::kButton) {
-      auto* button = static_cast<QPushButton*>(binding_.AddButton(control, this).widget);
-      if (control.name == form.default_button)
-        main = button;
-      else
-        buttons->addWidget(button);
-    }
+    if (IsField(control.kind))
+      AddField(control);
+    else if (control.kind == Kind::kLabel)
+      AddLabel(control);
+    else if (control.kind == Kind::kListView)
+      AddList(control);
+    else if (control.kind == Kind::kButton)
+      AddButton(control);
   }
-  if (main != nullptr) {
-    main->setDefault(true);
-    SetLook(*main, "main", true);
-    buttons->addWidget(main);
+  if (main_ != nullptr) {
+    main_->setDefault(true);
+    SetLook(*main_, "main", true);
+    buttons_->addWidget(main_);
   }
-  grid->addLayout(buttons, row, 0, 1, 3);
-  grid->setRowMinimumHeight(row, 46);
+  grid_->addLayout(buttons_, row_, 0, 1, 3);
+  grid_->setRowMinimumHeight(row_, 46);
+}
+
+void FormDialog::AddField(const Control& control) {
+  Bound& bound = binding_.AddField(control, this, true);
+  bound.caption->setWordWrap(false);
+  grid_->addWidget(bound.caption, row_, 0,
+                   control.lines ? Qt::AlignRight | Qt::AlignTop : Qt::AlignRight | Qt::AlignVCenter);
+  grid_->addWidget(bound.row, row_, 1);
+  if (!control.tip.empty()) grid_->addWidget(new QLabel(QString::fromStdString(control.tip), this), row_, 2);
+  ++row_;
+}
+
+void FormDialog::AddLabel(const Control& control) {
+  QWidget* label = binding_.AddLabel(control, this).widget;
+  QFont font = label->font();
+  font.setBold(row_ == 0);
+  label->setFont(font);
+  grid_->addWidget(label, row_++, 0, 1, 3);
+}
+
+void FormDialog::AddList(const Control& control) {
+  auto* caption = new QLabel(CaptionOf(control), this);
+  QWidget* list = binding_.AddList(control, this).widget;
+  caption->setBuddy(list);
+  list->setMinimumSize(kListWidth, kListHeight);
+  grid_->addWidget(caption, row_++, 0, 1, 3);
+  grid_->addWidget(list, row_, 0, 1, 3);
+  grid_->setRowStretch(row_++, 1);
+}
+
+void FormDialog::AddButton(const Control& control) {
+  auto* button = static_cast<QPushButton*>(binding_.AddButton(control, this).widget);
+  if (!control.beside.empty())
+    binding_.RowOf(control.beside)->layout()->addWidget(button);
+  else if (control.name == binding_.form().default_button)
+    main_ = button;
+  else
+    buttons_->addWidget(button);
 }
 
 void FormDialog::Sync() {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QDialog>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
 
 #include "desktop/binding.h"
 
@@ -17,8 +20,18 @@ class FormDialog : public QDialog {
   void reject() override;
 
  private:
+  void AddField(const Control& control);
+  void AddLabel(const Control& control);
+  void AddList(const Control& control);
+  // Beside its field, or in the row at the bottom, the main one last.
+  void AddButton(const Control& control);
+
   Acts& acts_;
   FormBinding binding_;
+  QGridLayout* grid_ = nullptr;
+  QHBoxLayout* buttons_ = nullptr;
+  QPushButton* main_ = nullptr;
+  int row_ = 0;
 };
 
 }  // namespace merlu

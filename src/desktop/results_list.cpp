@@ -7,6 +7,11 @@
 #include "desktop/look.h"
 
 namespace merlu {
+namespace {
+
+constexpr int kFindingColumns = 3;
+
+}  // namespace
 
 ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* parent)
     : QTreeWidget(parent), empty_text_(std::move(empty_text)) {
@@ -17,7 +22,7 @@ ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* pa
   setAlternatingRowColors(true);
   setWordWrap(true);
   setUniformRowHeights(false);
-  setSelectionMode(QAbstractItemView::SingleSelection);
+  setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
   setAllColumnsShowFocus(true);
   header()->setStretchLastSection(true);
   header()->setSectionsMovable(false);
@@ -33,6 +38,9 @@ void ResultsList::ShowRows(const Control& control) {
       item->setTextAlignment(static_cast<int>(i), Qt::AlignTop | Qt::AlignLeft);
     }
   }
+  // short texts in columns of their own width, findings in shares of the list's
+  if (columnCount() != kFindingColumns)
+    for (int column = 0; column + 1 < columnCount(); ++column) resizeColumnToContents(column);
   viewport()->update();
 }
 
@@ -49,7 +57,7 @@ QList<int> ResultsList::Picked() const {
 }
 
 void ResultsList::FitColumns() {
-  if (columnCount() < 2) return;
+  if (columnCount() != kFindingColumns) return;
   const int width = viewport()->width();
   setColumnWidth(0, width * 28 / 100);
   for (int column = 1; column + 1 < columnCount(); ++column) setColumnWidth(column, width * 36 / 100);

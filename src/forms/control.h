@@ -34,6 +34,7 @@ struct Control {
   std::vector<std::string> columns;
   std::vector<std::vector<std::string>> rows;
   std::vector<int> picked;  // selected rows, counted from 0
+  bool many = false;        // several rows can be picked at once
 
   // Entry
   int limit = 0;     // most characters that can be typed, 0 for no limit
@@ -47,6 +48,7 @@ struct Control {
   bool lines = false;     // holds several lines of text
   std::string label;      // name of the label control that is this field's caption, when it has a name
   bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
+  std::string beside;     // of a dialog's button: name of the field that it stands behind
   std::string note;       // name of a label control that stands behind the field
   std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
 };

@@ -32,6 +32,14 @@ Control& AddList(Form& form, const std::string& name, const std::string& caption
   return control;
 }
 
+Control& AddListView(Form& form, const std::string& name, const std::string& caption,
+                     std::vector<std::string> columns) {
+  Control& control = Add(form, Kind::kListView, name, caption);
+  control.columns = std::move(columns);
+  control.many = true;
+  return control;
+}
+
 Control& AddLabel(Form& form, const std::string& name, const std::string& text) {
   Control& control = Add(form, Kind::kLabel, name, text);
   control.text = text;

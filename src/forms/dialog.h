@@ -11,6 +11,8 @@ namespace merlu {
 Control& AddText(Form& form, const std::string& name, const std::string& caption, int limit = 0);
 Control& AddMasked(Form& form, const std::string& name, const std::string& caption, const std::string& mask);
 Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items);
+// A list of rows; several can be picked.
+Control& AddListView(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> columns);
 Control& AddLabel(Form& form, const std::string& name, const std::string& text);
 Control& AddButton(Form& form, const std::string& name, const std::string& caption);
 // "OK" and "Cancel", as default and as what Escape presses.

@@ -36,6 +36,7 @@ struct FileQuestion {
   std::string filter_name;  // "MERLU Database"
   std::string pattern;      // "*.MDB"; matches without regard to case
   std::string extension;    // appended to a name that has none, e.g. ".MDB"
+  bool overwrites = true;   // of a save: the dialog itself asks before a file is overwritten
 };
 
 // What a wait screen shows.

@@ -54,6 +54,7 @@ struct Session {
 
   // The open file
   Database db;
+  Database exchange;  // a second file: what an export writes, or an import reads
   Cursors cursors;
   int year = 0;         // sys_yr
   int last_month = 0;   // SYS_MAX_MO

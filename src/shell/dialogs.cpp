@@ -12,6 +12,7 @@
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/records.h"
+#include "shell/dialog_form.h"
 #include "shell/program_end.h"
 #include "shell/trees.h"
 
@@ -27,25 +28,10 @@ void Preset(Form& form, const char* name, const std::string& text) {
   control.back = Back::kFace;
 }
 
-// The dialog of that name with its design state: made at the first call.
-template <typename Make>
-Form& Dialog(Session& s, const char* name, const char* caption, Make&& make) {
-  Form* found = s.desk.Find(name);
-  if (found == nullptr) {
-    found = &s.desk.Own(std::make_unique<Form>(name, caption));
-    make(*found);
-    found->KeepDesign();
-    Form& form = *found;
-    form.On(form.cancel_button, Event::kClick, [&s, &form] { s.desk.Hide(form); });
-  }
-  found->RestoreDesign();
-  return *found;
-}
-
 // ---- the first run ----
 
 Form& NewUserDialog(Session& s) {
-  return Dialog(s, "frmNewUser", "New User", [&s](Form& form) {
+  return DialogForm(s, "frmNewUser", "New User", [&s](Form& form) {
     AddLabel(form, "lblHeading", "Please enter your User Information");
     AddLabel(form, "lblNote", "Only the owner/lessees can be listed as the Registered User");
     AddText(form, "txtUserID", "RIMA Company No*:", kOperatorLimit).tip = "(5 characters or less)";
@@ -151,7 +137,7 @@ std::vector<std::string> TypeNames() {
 }
 
 Form& AboutForm(Session& s) {
-  Form& form = Dialog(s, "frmAbout", "About MERLU-2017", [&s](Form& about) {
+  Form& form = DialogForm(s, "frmAbout", "About MERLU-2017", [&s](Form& about) {
     AddLabel(about, "lblTitle", s.title);
     AddLabel(about, "lblDescription", "RIMA Pelagic Field Reporting Suite");
     AddLabel(about, "lblVersion", "Version 1.0.5 November 2016 Update");
@@ -183,7 +169,7 @@ bool ShowNewOperator(Session& s, const char* farewell) {
 }
 
 void OpenNewStructure(Session& s) {
-  Form& form = Dialog(s, "frmNewStructure", "New Structure", [&s](Form& made) {
+  Form& form = DialogForm(s, "frmNewStructure", "New Structure", [&s](Form& made) {
     AddText(made, "txtUserID", "RIMA Company No:");
     AddText(made, "txtComplxID", "RIMA Complex ID (5 chars):", kComplexLimit);
     AddText(made, "txtStructID", "RIMA Structure ID (2 chars):", kStructureLimit);
@@ -199,7 +185,7 @@ void OpenNewStructure(Session& s) {
 }
 
 void OpenNewEquipment(Session& s) {
-  Form& form = Dialog(s, "frmNewEquipment", "New Equipment", [&s](Form& made) {
+  Form& form = DialogForm(s, "frmNewEquipment", "New Equipment", [&s](Form& made) {
     AddText(made, "txtUserID", "RIMA Company No:");
     AddText(made, "txtComplxID", "RIMA Complex ID:");
     AddText(made, "txtStructID", "RIMA Structure ID:");

@@ -8,7 +8,9 @@ namespace {
 
 constexpr const char* kUnset = "Program Mode";
 
-void ApplyMode(Session& s, Mode mode) {
+}  // namespace
+
+void SetMode(Session& s, Mode mode) {
   const bool desc = mode == Mode::kDesc;
   Form& main = *s.main;
   main.caption = std::string("RIMA Pelagic Field Reporting Suite (MERLU-2017) - ") +
@@ -21,11 +23,9 @@ void ApplyMode(Session& s, Mode mode) {
   s.mode = mode;
 }
 
-}  // namespace
-
 void SetStartMode(Session& s) {
   const bool no_structure = s.At("PD_PLATFORM_DESC").RecordCount() == 0;
-  ApplyMode(s, no_structure ? Mode::kDesc : Mode::kActv);
+  SetMode(s, no_structure ? Mode::kDesc : Mode::kActv);
   if (!no_structure) return;
   for (const char* name : {"mnuENewEquipment", "mnuFExportInventory", "mnuFExport", "frmInvQCPrint"})
     s.main->At(name).visible = false;
@@ -40,7 +40,7 @@ void ChangeEditMode(Session& s) {
   const Busy busy(s);
   s.mode_changed_to_actv = to_actv;
   s.mode_changed_to_desc = !to_actv;
-  ApplyMode(s, to_actv ? Mode::kActv : Mode::kDesc);
+  SetMode(s, to_actv ? Mode::kActv : Mode::kDesc);
   if (to_actv)
     RefreshTree(s);
   else

@@ -5,6 +5,8 @@
 
 namespace merlu {
 
+// The titles, captions and commands of a mode; the tree stays as it is.
+void SetMode(Session& s, Mode mode);
 // Chooses the mode from the data: DESC while there is no structure, ACTV from then on.
 void SetStartMode(Session& s);
 // Changes to the other mode and rebuilds the tree; refused on fugitives and without a structure.

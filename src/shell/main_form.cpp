@@ -9,6 +9,7 @@
 #include "shell/dialogs.h"
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
+#include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
 
@@ -21,7 +22,7 @@ struct MenuCommand {
   const char* name;
   const char* caption;  // "-" is a separator
   const char* parent;
-  Command run;  // null for a menu, a separator, or a command that is not offered yet
+  Command run;  // null for a menu or a separator
 };
 
 constexpr MenuCommand kMenus[] = {
@@ -29,10 +30,13 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFileSelectDatabase", "Open a different MERLU database", "mnuFile", LocateDatabase},
     {"mnuFileCreateNewDB", "Create New MERLU Database", "mnuFile", CreateNewDatabase},
     {"mnuFBar1", "-", "mnuFile", nullptr},
-    {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", nullptr},
-    {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", nullptr},
+    {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", ExportSurvey},
+    {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", ExportInventory},
     {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", ExportAnnualSummary},
     {"mnuFBar2", "-", "mnuFile", nullptr},
+    {"mnuEStructB", "Import MERLU-2017 Structure Data", "mnuFile", ImportStructuresFrom},
+    {"mnuEStructS", "Export MERLU-2017 Structure Data", "mnuFile", ExportStructures},
+    {"mnuFBar3", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
     {"mnuEdit", "&Edit", "", nullptr},
     {"mnuSetEditMode", "Change to Activity Edit Mode", "mnuEdit", ChangeEditMode},
@@ -78,9 +82,7 @@ constexpr SheetCommand kSheetButtons[] = {
 
 void PutMenus(Session& s, Form& main) {
   for (const MenuCommand& menu : kMenus) {
-    Control& control = Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent});
-    const bool is_command = *menu.parent != '\0' && menu.caption != std::string("-");
-    control.enabled = !is_command || menu.run != nullptr;
+    Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent});
     if (menu.run != nullptr) main.On(menu.name, Event::kClick, [&s, run = menu.run] { run(s); });
   }
 }

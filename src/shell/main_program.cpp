@@ -19,7 +19,10 @@ namespace {
 // nothing can be written there. A first start finds a fresh copy of the template.
 std::string DefaultPath(Session& s) {
   std::string folder = s.platform.ProgramFolder();
-  if (!CanWriteFolder(folder)) folder = s.platform.DataFolder();
+  if (!CanWriteFolder(folder)) {
+    folder = s.platform.DataFolder();
+    MakeFolder(folder);
+  }
   const std::string path = WithSeparator(folder) + "merlu.mdb";
   if (!FileExists(path)) Plainly(s, [&] { CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path); });
   return path;

@@ -12,6 +12,7 @@ namespace merlu {
 namespace {
 
 constexpr const char* kSource = "MERLU store";
+constexpr int kLongestForeignValue = 1'000'000;
 constexpr int kBusyMilliseconds = 250;  // long enough for a backup's glance at the file, too short to annoy
 
 int FaultNumber(int extended, const std::string& message) {
@@ -78,11 +79,48 @@ bool IsMarkedReadOnly(const std::string& path) {
   return !error && (status.permissions() & writers) == perms::none;
 }
 
+// Nothing that a file of unknown origin says is run.
+void Distrust(sqlite3* db) {
+  for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW})
+    sqlite3_db_config(db, switched_off, 0, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kLongestForeignValue);
+  sqlite3_exec(db, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA query_only=ON", nullptr, nullptr, nullptr);
+}
+
+// The address under which a file is opened for reading only.
+std::string ReadOnlyAddress(const std::string& path) {
+  std::error_code error;
+  std::string address = "file:";
+  for (const char c : std::filesystem::absolute(path, error).string()) {
+    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
+                       c == '.' || c == '-' || c == '_';
+    if (plain) {
+      address += c;
+      continue;
+    }
+    constexpr const char* kDigits = "0123456789ABCDEF";
+    const auto byte = static_cast<unsigned char>(c);
+    address += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
+  }
+  return address + "?mode=ro";
+}
+
 }  // namespace
 
 int RowView::size() const {
   return sqlite3_column_count(statement_);
 }
+RowView::Stored RowView::StoredAs(int c) const {
+  switch (sqlite3_column_type(statement_, c)) {
+    case SQLITE_NULL: return Stored::kNull;
+    case SQLITE_INTEGER: return Stored::kInteger;
+    case SQLITE_FLOAT: return Stored::kReal;
+    case SQLITE_TEXT: return Stored::kText;
+    default: return Stored::kBlob;
+  }
+}
+
 bool RowView::IsNull(int c) const {
   return sqlite3_column_type(statement_, c) == SQLITE_NULL;
 }
@@ -167,17 +205,21 @@ void Database::Fail(int code) const {
   throw Fault(number, kSource, Described(number, message));
 }
 
-void Database::Open(const std::string& path) {
+void Database::OpenWith(const std::string& path, int flags) {
   Close();
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error))
     throw Fault(fault_number::kPathNotFound, kSource, "Could not find file '" + path + "'.");
   path_ = path;
-  const int code =
-      sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
+  // an absolute path is never taken for an address
+  const std::string full = std::filesystem::absolute(path, error).string();
+  const int code = sqlite3_open_v2(full.c_str(), &db_,
+                                   flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code);
-    if (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path)) Fail(SQLITE_READONLY);
+    const bool writes = (flags & SQLITE_OPEN_READWRITE) != 0;
+    if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
+    if (!writes) Distrust(db_);
     sqlite3_busy_timeout(db_, kBusyMilliseconds);
     Execute("PRAGMA foreign_keys=ON");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
@@ -185,6 +227,28 @@ void Database::Open(const std::string& path) {
     Close();
     if (fault.number == fault_number::kInUseTable) throw Fault(fault_number::kInUse, kSource, fault.description);
     throw;
+  }
+}
+
+void Database::Open(const std::string& path) {
+  OpenWith(path, SQLITE_OPEN_READWRITE);
+}
+
+void Database::OpenReadOnly(const std::string& path) {
+  OpenWith(path, SQLITE_OPEN_READONLY);
+}
+
+Database::Attached::Attached(Database& db, const std::string& path, std::string schema)
+    : db_(db), schema_(std::move(schema)) {
+  db.Execute("ATTACH DATABASE ? AS " + schema_, {ReadOnlyAddress(path)});
+}
+
+Database::Attached::~Attached() {
+  try {
+    db_.cache_.clear();  // a statement that reads the file would keep it
+    db_.Execute("DETACH DATABASE " + schema_);
+  } catch (const Fault&) {
+    // the connection's end detaches it
   }
 }
 

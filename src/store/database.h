@@ -21,7 +21,10 @@ namespace merlu {
 class RowView {
  public:
   explicit RowView(sqlite3_stmt* statement) : statement_(statement) {}
+  enum class Stored { kNull, kInteger, kReal, kText, kBlob };
+
   int size() const;
+  Stored StoredAs(int column) const;
   bool IsNull(int column) const;
   std::int64_t Integer(int column) const;
   double Number(int column) const;
@@ -49,6 +52,9 @@ class Database {
   // not read-only, and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse).
   // Nothing is written.
   void Open(const std::string& path);
+  // Opens a file of unknown origin for reading only, under the engine's defensive settings: its schema may
+  // run nothing, and values over a million bytes are faults. The same faults as Open.
+  void OpenReadOnly(const std::string& path);
   // Never fails. A batch that is still open is committed.
   void Close();
   bool IsOpen() const { return db_ != nullptr; }
@@ -71,11 +77,25 @@ class Database {
   // Grows with every row that a statement of this connection changes.
   std::int64_t ChangeCount() const;
 
+  // Another file beside this one under a schema name, for reading only, as long as this lives.
+  class Attached {
+   public:
+    Attached(Database& db, const std::string& path, std::string schema);
+    ~Attached();
+    Attached(const Attached&) = delete;
+    Attached& operator=(const Attached&) = delete;
+
+   private:
+    Database& db_;
+    std::string schema_;
+  };
+
  private:
   friend class Cursor;
   friend class WriteBatch;
   class Running;  // a prepared statement in use
 
+  void OpenWith(const std::string& path, int flags);
   sqlite3_stmt* Prepare(std::string_view sql);
   [[noreturn]] void Fail(int code) const;
 

@@ -4,6 +4,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "base/fault.h"
@@ -15,12 +16,12 @@ namespace {
 
 constexpr const char* kSource = "MERLU files";
 
-void SeeOnDisk(const std::string& path) {
+std::error_code SeeOnDisk(const std::string& path) {
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool synced = file >= 0 && ::fsync(file) == 0;
+  std::error_code error;
+  if (file < 0 || ::fsync(file) != 0) error = std::error_code(errno, std::generic_category());
   if (file >= 0) ::close(file);
-  if (!synced)
-    throw Fault(fault_number::kFileAccess, kSource, "The file " + path + " could not be written to the disk.");
+  return error;
 }
 
 }  // namespace
@@ -40,6 +41,11 @@ bool CanWriteFolder(const std::string& folder) {
   return true;
 }
 
+void MakeFolder(const std::string& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+}
+
 std::string WithSeparator(const std::string& folder) {
   return folder.ends_with('/') ? folder : folder + "/";
 }
@@ -48,9 +54,9 @@ void CopyDatabase(const std::string& from, const std::string& to) {
   std::error_code error;
   if (!fs::is_regular_file(from, error)) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + from);
   const std::string part = to + ".part";
-  fs::create_directories(fs::path(to).parent_path(), error);
   if (fs::copy_file(from, part, fs::copy_options::overwrite_existing, error)) {
     fs::permissions(part, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
+    if (!error) error = SeeOnDisk(part);
     if (!error) fs::rename(part, to, error);
     if (!error) return;
   }
@@ -67,16 +73,24 @@ std::uint64_t FileSize(const std::string& path) {
 
 void CompactInto(const std::string& from, const std::string& to) {
   if (FileExists(to)) throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " exists already.");
+  // the name is taken when the file is whole, so that a cut never leaves half a file under it
+  const std::string part = to + ".part";
+  std::error_code error;
+  fs::remove(part, error);
   try {
     Database db;
     db.Open(from);
-    db.Execute("VACUUM INTO ?", {to});
-    SeeOnDisk(to);
+    db.Execute("VACUUM INTO ?", {part});
   } catch (const Fault&) {
-    std::error_code error;
-    fs::remove(to, error);
+    fs::remove(part, error);
     throw;
   }
+  error = SeeOnDisk(part);
+  if (!error) fs::rename(part, to, error);
+  if (!error) return;
+  const std::string why = error.message();
+  fs::remove(part, error);
+  throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " could not be written: " + why + ".");
 }
 
 void RemoveFile(const std::string& path) {

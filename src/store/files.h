@@ -10,6 +10,8 @@ namespace merlu {
 bool FileExists(const std::string& path);
 // Whether a file can be made in the folder.
 bool CanWriteFolder(const std::string& folder);
+// Makes a folder and what leads to it; silent when it cannot.
+void MakeFolder(const std::string& folder);
 // The folder with a separator at its end.
 std::string WithSeparator(const std::string& folder);
 

@@ -184,8 +184,12 @@ void TestRun::Check(const std::string& name, bool on) {
 }
 
 void TestRun::Pick(const std::string& name, int row) {
+  Pick(name, std::vector<int>{row});
+}
+
+void TestRun::Pick(const std::string& name, const std::vector<int>& rows) {
   const auto [form, control] = Look(name);
-  ASSERT_EQ(act::Pick(s.desk, *form, name, {row}), "") << name;
+  ASSERT_EQ(act::Pick(s.desk, *form, name, rows), "") << name;
 }
 
 void TestRun::DoubleClick(const std::string& name) {

@@ -67,6 +67,7 @@ class TestRun : public Platform {
   void Set(const std::string& control, const std::string& value);
   void Check(const std::string& control, bool on);
   void Pick(const std::string& list, int row);
+  void Pick(const std::string& list, const std::vector<int>& rows);
   void DoubleClick(const std::string& list);
   void ChangeTo(Mode mode);
   // Goes to the equipment in that mode (month 1 in activity mode).

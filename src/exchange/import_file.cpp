@@ -1,0 +1,141 @@
+#include "exchange/import_file.h"
+
+#include <cmath>
+#include <limits>
+
+#include "base/fault.h"
+#include "base/text.h"
+#include "session/types.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kSource = "MERLU import";
+constexpr std::int64_t kHighestKey = std::numeric_limits<std::int32_t>::max();
+
+// Types in the order in which an import takes their tables.
+constexpr const char* kTypesInOrder[] = {"AMI", "BOI", "DIE", "FLA", "GLY", "DRI", "LOA", "LOS",
+                                         "MUD", "NGE", "NGT", "PNE", "PRE", "STO", "VEN", "FUG"};
+
+[[noreturn]] void Refuse(const std::string& why) {
+  throw Fault(fault_number::kNotADatabase, kSource, why);
+}
+
+// ---- the layout ----
+
+struct Column {
+  std::string name;
+  std::string type;  // as the working database declares it
+};
+
+std::vector<Column> ColumnsOf(Database& db, const std::string& table) {
+  std::vector<Column> columns;
+  db.ForEach("SELECT name,type,hidden FROM pragma_table_xinfo(?)", {table}, [&](const RowView& row) {
+    if (row.Integer(2) != 0) Refuse("The table " + table + " has a column that is computed.");
+    columns.push_back({std::string(row.Text(0)), std::string(row.Text(1))});
+  });
+  return columns;
+}
+
+void CheckColumns(Database& file, Database& working, const std::string& table) {
+  const std::vector<Column> wanted = ColumnsOf(working, table);
+  const std::vector<Column> found = ColumnsOf(file, table);
+  bool same = wanted.size() == found.size();
+  for (std::size_t i = 0; same && i < wanted.size(); ++i) same = EqualsIgnoringCase(wanted[i].name, found[i].name);
+  if (!same) Refuse("The table " + table + " has other columns than this program's.");
+}
+
+void CheckSchema(Database& file, Database& working) {
+  file.ForEach("SELECT type,name,sql FROM sqlite_schema WHERE type IN ('trigger','view')", {}, [&](const RowView& row) {
+    const std::string name(row.Text(1));
+    if (row.Text(0) == "trigger") Refuse("The file holds the trigger " + name + ".");
+    const Value own = working.Single("SELECT sql FROM sqlite_schema WHERE type='view' AND name=?", {name});
+    if (NullToEmpty(own) != row.Text(2)) Refuse("The file holds the view " + name + ".");
+  });
+  file.ForEach("SELECT name FROM pragma_table_list WHERE schema='main' AND type IN ('virtual','shadow')", {},
+               [](const RowView& row) { Refuse("The table " + std::string(row.Text(0)) + " is no ordinary table."); });
+  const Rows tables = working.Query(
+      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' "
+      "AND name<>'QC_XREF'");
+  for (const Values& row : tables.rows) {
+    const std::string table = NullToEmpty(row[0]);
+    if (!file.HasTable(table)) Refuse("The file lacks the table " + table + ".");
+    CheckColumns(file, working, table);
+  }
+}
+
+// ---- the values ----
+
+bool IsYesNo(const RowView& row, int column) {
+  return row.Integer(column) == 0 || row.Integer(column) == 1;
+}
+
+bool Fits(const std::string& type, const RowView& row, int column) {
+  using Stored = RowView::Stored;
+  const Stored stored = row.StoredAs(column);
+  if (stored == Stored::kNull) return true;
+  if (type == "DOUBLE") return stored == Stored::kInteger || (stored == Stored::kReal && std::isfinite(row.Number(column)));
+  if (type == "INTEGER") return stored == Stored::kInteger;
+  if (type == "BOOLEAN") return stored == Stored::kInteger && IsYesNo(row, column);
+  // texts, and dates, which are kept as texts
+  return stored == Stored::kText && IsUtf8(row.Text(column));
+}
+
+bool IsBetween(const RowView& row, int column, std::int64_t low, std::int64_t high) {
+  return row.StoredAs(column) == RowView::Stored::kInteger && row.Integer(column) >= low && row.Integer(column) <= high;
+}
+
+// What the value of a column that the program counts on must be, beyond its type.
+bool IsSound(const std::string& column, const RowView& row, int at) {
+  if (column == "PD_ID_AK" || column == "SA_ID_AK" || column == "ED_ID_AK" || column == "EA_ID_AK")
+    return IsBetween(row, at, 1, kHighestKey);
+  if (column == "PA_MO" || column == "EA_MO") return IsBetween(row, at, 1, 12);
+  if (column == "ED_EQUIP_TYP") return FindType(row.Text(at)) != nullptr;
+  return true;
+}
+
+void CheckValues(Database& file, Database& working, const std::string& table) {
+  const std::vector<Column> columns = ColumnsOf(working, table);
+  file.ForEach("SELECT * FROM \"" + table + "\"", {}, [&](const RowView& row) {
+    for (int c = 0; c < row.size(); ++c) {
+      const Column& column = columns[static_cast<std::size_t>(c)];
+      if (!Fits(column.type, row, c) || !IsSound(column.name, row, c))
+        Refuse("The table " + table + " holds a value in " + column.name + " that does not belong there.");
+    }
+  });
+}
+
+// No key occurs twice, also in a file whose tables do not declare theirs.
+void CheckKeys(Database& file, const std::string& table) {
+  const std::string key = table.starts_with("PD_") ? "PD_ID_AK"
+                          : table.starts_with("PA_") ? "SA_ID_AK"
+                          : table.starts_with("ED_") ? "ED_ID_AK"
+                                                     : "EA_ID_AK";
+  file.ForEach("SELECT 1 FROM \"" + table + "\" GROUP BY " + key + " HAVING COUNT(*)>1 LIMIT 1", {},
+               [&](const RowView&) { Refuse("The table " + table + " holds a key twice."); });
+}
+
+}  // namespace
+
+const std::vector<std::string>& ImportTables() {
+  static const std::vector<std::string> tables = [] {
+    std::vector<std::string> list = {"PD_PLATFORM_DESC", "PA_PLATFORM_ACTV", "ED_EQUIP_DESC", "EA_EQUIP_ACTV"};
+    for (const char* type : kTypesInOrder) list.push_back(std::string("ED_") + type);
+    for (const char* type : kTypesInOrder)
+      if (FindType(type)->has_activity) list.push_back(std::string("EA_") + type);
+    return list;
+  }();
+  return tables;
+}
+
+void CheckImportFile(Database& file, Database& working) {
+  const std::string state = NullToEmpty(file.Single("PRAGMA integrity_check(1)"));
+  if (state != "ok") throw Fault(fault_number::kDamaged, kSource, "The file is damaged (" + state + ").");
+  CheckSchema(file, working);
+  for (const std::string& table : ImportTables()) {
+    CheckKeys(file, table);
+    CheckValues(file, working, table);
+  }
+}
+
+}  // namespace merlu

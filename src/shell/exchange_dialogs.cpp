@@ -1,0 +1,353 @@
+#include "shell/exchange_dialogs.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+#include "base/text.h"
+#include "exchange/export_file.h"
+#include "exchange/filename_rule.h"
+#include "exchange/import_file.h"
+#include "exchange/structure_import.h"
+#include "forms/dialog.h"
+#include "session/messages.h"
+#include "session/node_keys.h"
+#include "shell/dialog_form.h"
+#include "shell/edit_modes.h"
+#include "shell/open_database.h"
+#include "shell/program_end.h"
+#include "shell/routing.h"
+#include "shell/trees.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kSurveys = "lvwSurveys";
+constexpr const char* kStructures = "lvwStructures";
+constexpr const char* kExportName = "txtExportFilename";
+constexpr const char* kImportName = "txtImportFilename";
+
+// The wait screen and the busy pointer, gone at the end of the work.
+class Working {
+ public:
+  Working(Session& s, const std::string& title, const std::string& text) : s_(s), busy_(s) { ShowWait(s, title, text); }
+  ~Working() { HideWait(s_); }
+  Working(const Working&) = delete;
+  Working& operator=(const Working&) = delete;
+
+ private:
+  Session& s_;
+  Busy busy_;
+};
+
+bool Reopen(Session& s) {
+  CloseDatabase(s);
+  return OpenDatabaseAndCursors(s);
+}
+
+// The sheet that shows, and the cursors with it, after the database was opened anew.
+void ShowCurrentNode(Session& s) {
+  if (s.tree.selected >= 0) ClickNode(s, s.tree.selected);
+}
+
+// ---- the controls of the dialogs ----
+
+void AddFileName(Form& form, const char* name, const char* caption, const char* browse) {
+  AddText(form, name, caption);
+  AddButton(form, "cmdBrowse", browse).beside = name;
+}
+
+void AddCloseButton(Form& form, const char* main, const char* caption) {
+  AddButton(form, main, caption);
+  AddButton(form, "cmdCANCEL", "Close");
+  form.default_button = main;
+  form.cancel_button = "cmdCANCEL";
+}
+
+void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, const char* title) {
+  const std::string path = s.platform.AskFile({kind, title, "MERLU Database", "*.mdb", ".mdb", false});
+  if (!path.empty()) form.At(name).text = path;
+  form.focus = name;
+}
+
+void ConnectExportBrowse(Session& s, Form& form) {
+  form.On("cmdBrowse", Event::kClick, [&s, &form] {
+    Browse(s, form, kExportName, FileQuestion::Kind::kSave, "Choose Export Database Filename");
+  });
+}
+
+// The picked rows in the order of the list.
+std::vector<std::size_t> PickedRows(const Control& list) {
+  std::vector<std::size_t> rows(list.picked.begin(), list.picked.end());
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+void FillSurveys(Session& s, Form& form) {
+  Control& list = form.At(kSurveys);
+  list.rows.clear();
+  list.picked.clear();
+  for (int month = 1; month <= s.last_month; ++month) {
+    std::array<char, 24> text{};
+    std::snprintf(text.data(), text.size(), "%02d/%04d", month, s.year);
+    list.rows.push_back({text.data(), "", "", ""});
+  }
+}
+
+void FillStructures(Form& form, Database& db) {
+  Control& list = form.At(kStructures);
+  list.rows.clear();
+  list.picked.clear();
+  for (const ListedStructure& row : ListStructures(db))
+    list.rows.push_back({row.name.complex, row.name.structure, row.area, row.block, row.title});
+}
+
+std::vector<StructureName> PickedStructures(const Control& list) {
+  std::vector<StructureName> names;
+  for (const std::size_t row : PickedRows(list)) names.push_back({list.rows[row][0], list.rows[row][1]});
+  return names;
+}
+
+void AddSurveyList(Form& form) {
+  AddListView(form, kSurveys, "Surveys:", {"Survey", "Last Updated", "Last QC'd", "Last Exported"});
+}
+
+void AddStructureList(Form& form) {
+  AddListView(form, kStructures, "Structures:",
+              {"RIMA Complex ID", "RIMA Structure ID", "Area", "Block", "Struct Name"});
+}
+
+// The export file that the dialog names, made as a copy of the working database and open; empty after a
+// message.
+std::string MakeExportFile(Session& s, Form& form) {
+  const std::string file = NewDatabaseFileName(s, form.At(kExportName).text);
+  form.focus = kExportName;
+  if (file.empty()) return "";
+  const Working working(s, "Export", "Copying the database");
+  if (CreateExportDatabase(s, file)) return file;
+  Tell(s, "Failed to create export database");
+  return "";
+}
+
+// ---- one survey, or all of them ----
+
+void KeepSurvey(Session& s, const std::string& survey) {
+  const int month = std::atoi(survey.substr(0, 2).c_str());
+  const int year = std::atoi(survey.substr(survey.size() - 4).c_str());
+  const std::string user = s.current.UserID;
+  s.current = QCLocation();
+  s.current.UserID = user;
+  s.current.Level = level::kSurvey;
+  s.current.Month = month;
+  s.current.Year = year;
+  if (const int node = s.tree.Find(SurveyKey(user, month, year)); node >= 0) s.tree.selected = node;
+  bool kept = false;
+  {
+    const Working working(s, "Export", "Survey " + survey);
+    kept = DeleteOtherMonths(s.exchange, month, year);
+  }
+  Tell(s, kept ? "Completed exporting Survey: " + survey : "errors during export of Month/Year");
+}
+
+void FinishExport(Session& s, const std::string& file) {
+  s.exchange.Close();
+  const Working working(s, "Export", "Compacting " + file);
+  CompactExport(s, file);
+}
+
+void ExportPickedSurveys(Session& s, Form& form) {
+  const std::vector<std::size_t> rows = PickedRows(form.At(kSurveys));
+  if (rows.empty()) {
+    form.focus = kSurveys;
+    return Tell(s, "Please select a Survey.");
+  }
+  Plainly(s, [&] {
+    const std::string file = MakeExportFile(s, form);
+    if (file.empty()) return;
+    for (const std::size_t row : rows) KeepSurvey(s, form.At(kSurveys).rows[row][0]);
+    form.At(kExportName).text.clear();
+    FinishExport(s, file);
+    FillSurveys(s, form);
+  });
+}
+
+void ExportWholeInventory(Session& s, Form& form) {
+  Plainly(s, [&] {
+    if (MakeExportFile(s, form).empty()) return;
+    Tell(s, "Completed exporting MERLU inventory.");
+    s.exchange.Close();
+  });
+}
+
+Form& SurveyDialog(Session& s) {
+  return DialogForm(s, "frmExportSurvey", "Export Survey", [&s](Form& form) {
+    AddSurveyList(form);
+    AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
+    AddCloseButton(form, "cmdOK", "OK");
+    ConnectExportBrowse(s, form);
+    form.On("cmdOK", Event::kClick, [&s, &form] { ExportPickedSurveys(s, form); });
+  });
+}
+
+Form& InventoryDialog(Session& s) {
+  return DialogForm(s, "frmExportInventory", "Export Inventory", [&s](Form& form) {
+    AddSurveyList(form);
+    AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
+    AddCloseButton(form, "cmdOK", "OK");
+    ConnectExportBrowse(s, form);
+    form.On("cmdOK", Event::kClick, [&s, &form] { ExportWholeInventory(s, form); });
+  });
+}
+
+void RunExport(Session& s, Form& form, const char* focus) {
+  FillSurveys(s, form);
+  form.focus = focus;
+  ShowDialog(s.desk, s.platform, form);
+  SetMode(s, Mode::kActv);
+  if (Reopen(s)) RefreshTree(s);
+}
+
+// ---- structures out ----
+
+void ExportPickedStructures(Session& s, Form& form) {
+  const std::vector<StructureName> names = PickedStructures(form.At(kStructures));
+  if (names.empty()) {
+    form.focus = kStructures;
+    return Tell(s, "Please select a Structure.");
+  }
+  Plainly(s, [&] {
+    const std::string file = MakeExportFile(s, form);
+    if (file.empty()) return;
+    {
+      const Working working(s, "Export", "Structures");
+      KeepStructures(s.exchange, names);
+    }
+    FinishExport(s, file);
+    Tell(s, "Done.");
+    if (s.InActv()) SetMode(s, Mode::kActv);
+    FillStructures(form, s.db);
+  });
+  s.exchange.Close();
+}
+
+Form& StructureExportDialog(Session& s) {
+  return DialogForm(s, "frmExportStructure", "Export MERLU-2017 Structure Data", [&s](Form& form) {
+    AddStructureList(form);
+    AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
+    AddCloseButton(form, "cmdExport", "Export");
+    ConnectExportBrowse(s, form);
+    form.On("cmdExport", Event::kClick, [&s, &form] { ExportPickedStructures(s, form); });
+  });
+}
+
+// ---- structures in ----
+
+void LoadImportList(Session& s, Form& form) {
+  form.At(kStructures).rows.clear();
+  form.At(kStructures).picked.clear();
+  s.exchange.Close();
+  const std::string file = DatabaseFileName(s, form.At(kImportName).text);
+  form.focus = kImportName;
+  if (file.empty()) return;
+  try {
+    s.exchange.OpenReadOnly(file);
+  } catch (const Fault&) {
+    return Tell(s, "Failed to open Import database");
+  }
+  try {
+    const Working working(s, "Import", "Reading " + file);
+    CheckImportFile(s.exchange, s.db);
+    FillStructures(form, s.exchange);
+    form.focus = kStructures;
+  } catch (const Fault&) {
+    s.exchange.Close();
+    Tell(s, "Invalid Import file!");
+  }
+}
+
+void ImportPickedStructures(Session& s, Form& form) {
+  const std::vector<StructureName> names = PickedStructures(form.At(kStructures));
+  if (names.empty()) {
+    form.focus = kStructures;
+    return Tell(s, "No Structures selected for importing.");
+  }
+  try {
+    bool imported = false;
+    {
+      const Working working(s, "Import", "Checking the file");
+      imported = ImportStructures(s, s.exchange, names);
+    }
+    if (!imported || !Reopen(s)) return;
+    RefreshDescTree(s);
+    Tell(s, "Done.");
+  } catch (const Fault& fault) {
+    TellFaultNumberFirst(s, fault);
+    Tell(s, "Specified Import file may be wrong format.");
+  }
+}
+
+Form& StructureImportDialog(Session& s) {
+  return DialogForm(s, "frmImportStructure", "Import MERLU-2017 Structure Data", [&s](Form& form) {
+    AddFileName(form, kImportName, "Import File Path and Filename:", "Select File");
+    AddButton(form, "cmdLoad", "Load List").beside = kImportName;
+    AddStructureList(form);
+    AddCloseButton(form, "cmdImport", "Import Selected Structures");
+    form.On("cmdBrowse", Event::kClick, [&s, &form] {
+      Browse(s, form, kImportName, FileQuestion::Kind::kOpen, "Choose Import Database Filename");
+    });
+    form.On("cmdLoad", Event::kClick, [&s, &form] { LoadImportList(s, form); });
+    form.On("cmdImport", Event::kClick, [&s, &form] { ImportPickedStructures(s, form); });
+  });
+}
+
+}  // namespace
+
+bool CreateExportDatabase(Session& s, const std::string& target) {
+  bool copied = true;
+  CloseDatabase(s);
+  try {
+    CopyDatabase(s.path, target);
+  } catch (const Fault&) {
+    copied = false;
+  }
+  if (!OpenDatabaseAndCursors(s) || !copied) return false;
+  try {
+    s.exchange.Open(target);
+  } catch (const Fault&) {
+    return false;
+  }
+  return true;
+}
+
+void ExportSurvey(Session& s) {
+  RunExport(s, SurveyDialog(s), kSurveys);
+}
+
+void ExportInventory(Session& s) {
+  RunExport(s, InventoryDialog(s), kExportName);
+}
+
+void ExportStructures(Session& s) {
+  Form& form = StructureExportDialog(s);
+  if (!Plainly(s, [&] { FillStructures(form, s.db); })) return;
+  form.focus = kStructures;
+  ShowDialog(s.desk, s.platform, form);
+  ShowCurrentNode(s);
+}
+
+void ImportStructuresFrom(Session& s) {
+  if (!s.InDesc()) ChangeEditMode(s);
+  if (!s.tree.nodes.empty()) {
+    s.tree.nodes.front().expanded = false;
+    ++s.tree.expansion;
+    ClickNode(s, 0);
+  }
+  Form& form = StructureImportDialog(s);
+  form.focus = kImportName;
+  ShowDialog(s.desk, s.platform, form);
+  s.exchange.Close();
+}
+
+}  // namespace merlu
