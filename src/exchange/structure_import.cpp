@@ -5,6 +5,7 @@
 #include "exchange/import_file.h"
 #include "records/survey_record.h"
 #include "session/messages.h"
+#include "session/records.h"
 #include "session/types.h"
 
 namespace merlu {
@@ -147,7 +148,7 @@ struct NextKeys {
 };
 
 std::int64_t NextKey(Database& db, const char* column, const char* table) {
-  return ToInteger(db.Single(std::string("SELECT MAX(") + column + ") FROM " + table)) + 1;
+  return KeyAfter(ToInteger(db.Single(std::string("SELECT MAX(") + column + ") FROM " + table)));
 }
 
 // The staged row with its new keys, and what the statement takes them from.

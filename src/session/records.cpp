@@ -1,7 +1,9 @@
 #include "session/records.h"
 
+#include <limits>
 #include <string>
 
+#include "base/fault.h"
 #include "base/text.h"
 #include "session/messages.h"
 
@@ -40,11 +42,17 @@ std::int64_t Highest(Session& s, std::string_view sql) {
 // Maximum plus 1, and 1 in an empty table; 0 after a fault.
 std::int64_t Next(Session& s, std::string_view sql) {
   std::int64_t next = 0;
-  Plainly(s, [&] { next = ToInteger(s.db.Single(sql)) + 1; });
+  Plainly(s, [&] { next = KeyAfter(ToInteger(s.db.Single(sql))); });
   return next;
 }
 
 }  // namespace
+
+std::int64_t KeyAfter(std::int64_t highest) {
+  if (highest >= std::numeric_limits<std::int32_t>::max())
+    throw Fault(fault_number::kSubscript, "MERLU store", "There is no free key left in the database.");
+  return highest + 1;
+}
 
 bool MoveToPDRecord(Session& s, std::int64_t id) {
   return MoveTo(s, "PD_PLATFORM_DESC", "PD_ID_AK", id, s.PD_ID_AK, "Platform Desc");

@@ -26,6 +26,9 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
 bool FindStructureRecord(Session& s);
 bool FindOperatorRecord(Session& s);
 
+// The key after the highest one in use. Keys are 32-bit: past the last one a Fault (kSubscript).
+std::int64_t KeyAfter(std::int64_t highest);
+
 // Keys are the highest in use plus 1. MaxEAId is the highest itself, for callers that add 1 before each row.
 // A fault goes to the plain handler, and the result is 0.
 std::int64_t NextPDId(Session& s);

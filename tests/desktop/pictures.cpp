@@ -8,6 +8,7 @@
 #include "desktop/desktop.h"
 #include "desktop/look.h"
 #include "driver.h"
+#include "inventory.h"
 #include "script/player.h"
 
 namespace merlu::test {
@@ -149,6 +150,39 @@ class Pictures {
     driver.Click("cmdSTRUCTURE_AddEquip");
   }
 
+  void Exchange() {
+    TemporaryFolder folder;
+    InventoryPlan plan;
+    plan.structures = 9;
+    plan.equipment = 20;
+    MakeInventory(TemplatePath(), folder.path("inventory.mdb"), plan);
+    Raw(folder.path("inventory.mdb"),
+        {"UPDATE PD_PLATFORM_DESC SET Name='A platform whose name is longer than most of them' WHERE PD_ID_AK=2"});
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    const auto take = [&](const char* menu, const char* picture, const std::function<void()>& work) {
+      driver.OnNextModal([&, picture](QWidget* dialog) {
+        work();
+        Save(dialog, picture);
+        dialog->close();
+      });
+      driver.Command(menu);
+    };
+    const QString file = QString::fromStdString(folder.path("inventory.mdb"));
+    take("mnuFExport", "50-export-survey", [&] {
+      driver.Find<QTreeWidget>("lvwSurveys")->topLevelItem(2)->setSelected(true);
+      driver.Type("txtExportFilename", file);
+    });
+    take("mnuFExportInventory", "51-export-inventory", [] {});
+    take("mnuEStructS", "52-export-structures",
+         [&] { driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(2)->setSelected(true); });
+    take("mnuEStructB", "53-import-empty", [] {});
+    take("mnuEStructB", "54-import", [&] {
+      driver.Type("txtImportFilename", file);
+      driver.Click("cmdLoad");
+    });
+  }
+
  private:
   QString folder_;
 };
@@ -179,6 +213,7 @@ int main(int argc, char** argv) {
   if (what.isEmpty() || what.contains("first")) pictures.FirstRun();
   if (what.isEmpty() || what.contains("sheets")) pictures.Sheets({1280, 800}, "");
   if (what.isEmpty() || what.contains("findings")) pictures.Findings("");
+  if (what.isEmpty() || what.contains("exchange")) pictures.Exchange();
   if (what.isEmpty() || what.contains("small")) pictures.Sheets({1024, 700}, "-small");
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());

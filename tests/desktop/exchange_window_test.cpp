@@ -1,0 +1,95 @@
+// The exchange dialogs in the real windows.
+#include <QTreeWidget>
+
+#include "driver.h"
+#include "inventory.h"
+#include "store/files.h"
+
+namespace merlu::test {
+namespace {
+
+class ExchangeWindow : public testing::Test {
+ protected:
+  ExchangeWindow() {
+    InventoryPlan plan;
+    plan.structures = 3;
+    plan.equipment = 6;
+    plan.months = 3;
+    MakeInventory(TemplatePath(), folder.path("work.mdb"), plan);
+    driver = std::make_unique<Driver>(folder.path("work.mdb"));
+    driver->Start();
+  }
+  void ClickRow(const char* list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    auto* rows = driver->Find<QTreeWidget>(list);
+    ASSERT_TRUE(rows != nullptr && rows->topLevelItem(row) != nullptr) << list;
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, keys, rows->visualItemRect(rows->topLevelItem(row)).center());
+  }
+  std::int64_t Count(const std::string& path, const std::string& from) {
+    return ToInteger(RawValue(path, "SELECT COUNT(*) FROM " + from));
+  }
+
+  TemporaryFolder folder;
+  std::unique_ptr<Driver> driver;
+};
+
+TEST_F(ExchangeWindow, exports_the_survey_that_was_clicked) {
+  driver->OnNextModal([&](QWidget* dialog) {
+    EXPECT_EQ(dialog->windowTitle(), "Export Survey");
+    EXPECT_EQ(QApplication::focusWidget(), driver->Widget("lvwSurveys"));
+    ClickRow("lvwSurveys", 1);
+    driver->Type("txtExportFilename", QString::fromStdString(folder.path("out")));
+    driver->OnNextBox();
+    driver->Click("cmdOK");
+    EXPECT_EQ(driver->Text("txtExportFilename"), "");
+    driver->Click("cmdCANCEL");
+  });
+  driver->Command("mnuFExport");
+  EXPECT_EQ(driver->texts, std::deque<QString>{"Completed exporting Survey: 02/2017"});
+  EXPECT_EQ(Count(folder.path("out.mdb"), "PA_PLATFORM_ACTV"), 3);
+  EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, exports_two_structures_and_imports_one_of_them) {
+  driver->OnNextModal([&](QWidget*) {
+    ClickRow("lvwStructures", 0);
+    ClickRow("lvwStructures", 2, Qt::ControlModifier);
+    driver->Type("txtExportFilename", QString::fromStdString(folder.path("two.mdb")));
+    driver->OnNextBox();
+    driver->Click("cmdExport");
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+  });
+  driver->Command("mnuEStructS");
+  EXPECT_EQ(Count(folder.path("two.mdb"), "PD_PLATFORM_DESC"), 2);
+  Raw(folder.path("two.mdb"), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='9'||CMPLX_ID_NUM"});
+
+  driver->OnNextModal([&](QWidget*) {
+    driver->Type("txtImportFilename", QString::fromStdString(folder.path("two")));
+    driver->Click("cmdLoad");
+    EXPECT_EQ(driver->Find<QTreeWidget>("lvwStructures")->topLevelItemCount(), 2);
+    ClickRow("lvwStructures", 1);
+    driver->OnNextBox();
+    driver->Click("cmdImport");
+    driver->Click("cmdCANCEL");
+  });
+  driver->Command("mnuEStructB");
+  EXPECT_EQ(driver->texts, (std::deque<QString>{"Done.", "Done."}));
+  EXPECT_EQ(ToInteger(driver->Sql("SELECT COUNT(*) FROM PD_PLATFORM_DESC")), 4);
+  EXPECT_EQ(driver->app->session().mode, Mode::kDesc);
+  EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, goes_on_with_the_sheet_that_was_open) {
+  Session& s = driver->app->session();
+  const std::string key = s.tree.nodes.back().key;
+  driver->Select(key);
+  driver->OnNextModal([&](QWidget* dialog) { dialog->close(); });
+  driver->Command("mnuEStructS");
+  EXPECT_EQ(s.tree.nodes[static_cast<std::size_t>(s.tree.selected)].key, key);
+  driver->Click("cmdEdit");
+  driver->Click("cmdSaveEdits");
+  driver->Click("cmdCANCEL");
+  EXPECT_TRUE(driver->texts.empty());
+}
+
+}  // namespace
+}  // namespace merlu::test

@@ -1,0 +1,217 @@
+// Files that come from strangers.
+#include "exchange/import_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "base/fault.h"
+#include "inventory.h"
+#include "store/files.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class ForeignFile : public testing::Test {
+ protected:
+  ForeignFile() {
+    run.program_folder = run.folder.path();
+    run.Start();
+    InventoryPlan plan;
+    plan.structures = 2;
+    plan.equipment = 32;
+    plan.months = 2;
+    MakeInventory(TemplatePath(), path(), plan);
+  }
+  std::string path() { return run.folder.path("foreign.mdb"); }
+  // What loading the list says, and that nothing else happened.
+  Texts Loaded() {
+    Texts boxes;
+    const auto changes = run.s.db.ChangeCount();
+    run.dialogs.push_back([&](Form&) {
+      run.Set("txtImportFilename", path());
+      run.Click("cmdLoad");
+      boxes = run.TakeBoxes();
+      EXPECT_EQ(run.At("lvwStructures").rows.size(), boxes.empty() ? 2u : 0u);
+      EXPECT_EQ(run.s.exchange.IsOpen(), boxes.empty());
+    });
+    run.Click("mnuEStructB");
+    EXPECT_EQ(run.s.db.ChangeCount(), changes);
+    return boxes;
+  }
+
+  TestRun run;
+};
+
+TEST_F(ForeignFile, that_is_sound_is_accepted) {
+  EXPECT_EQ(Loaded(), Texts{});
+}
+
+TEST_F(ForeignFile, that_the_program_has_worked_on_is_accepted) {
+  Raw(path(), {"CREATE TABLE QC_XREF (StructID TEXT, EquipID TEXT)"});
+  EXPECT_EQ(Loaded(), Texts{});
+}
+
+TEST_F(ForeignFile, is_never_written) {
+  fs::permissions(path(), fs::perms::owner_read);
+  EXPECT_EQ(Loaded(), Texts{});
+  Database file;
+  file.OpenReadOnly(path());
+  EXPECT_THROW(file.Execute("DELETE FROM QC"), Fault);
+}
+
+// ---- files that are no database ----
+
+struct Bytes {
+  const char* name;
+  std::string content;
+};
+
+class NoDatabase : public ForeignFile, public testing::WithParamInterface<Bytes> {};
+
+TEST_P(NoDatabase, cannot_be_opened) {
+  std::ofstream(path(), std::ios::binary) << GetParam().content;
+  const Texts boxes = Loaded();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_TRUE(boxes[0] == "Failed to open Import database" || boxes[0] == "Invalid Import file!") << boxes[0];
+}
+
+INSTANTIATE_TEST_SUITE_P(files, NoDatabase,
+                         testing::Values(Bytes{"empty", ""}, Bytes{"text", "A survey, by hand.\n"},
+                                         Bytes{"zeros", std::string(100000, '\0')},
+                                         Bytes{"only_a_header", std::string("SQLite format 3\0", 16)}),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(ForeignFile, that_another_program_holds_cannot_be_opened) {
+  Database other;
+  other.Open(path());
+  other.Execute("BEGIN EXCLUSIVE");
+  EXPECT_EQ(Loaded(), Texts{"Failed to open Import database"});
+}
+
+TEST_F(ForeignFile, cut_short_anywhere_is_refused) {
+  const auto size = FileSize(path());
+  for (const std::uint64_t part : {2u, 3u, 5u, 9u}) {
+    const auto cut = size - size / part;
+    fs::resize_file(path(), cut / 4096 * 4096 + (part == 3 ? 100 : 0));
+    EXPECT_EQ(Loaded().size(), 1u) << part;
+  }
+}
+
+TEST_F(ForeignFile, with_damaged_pages_is_refused_or_read_whole) {
+  std::ifstream in(path(), std::ios::binary);
+  const std::string sound((std::istreambuf_iterator<char>(in)), {});
+  std::uint32_t seed = 7;
+  const auto next = [&seed] { return seed = seed * 1664525u + 1013904223u, seed >> 8; };
+  int refused = 0;
+  for (int round = 0; round < 60; ++round) {
+    std::string damaged = sound;
+    for (int i = 0; i < 200; ++i) damaged[100 + next() % (damaged.size() - 100)] = static_cast<char>(next());
+    std::ofstream(path(), std::ios::binary) << damaged;
+    Database file;
+    try {
+      file.OpenReadOnly(path());
+      CheckImportFile(file, run.s.db);
+    } catch (const Fault&) {
+      ++refused;
+    }
+  }
+  EXPECT_GT(refused, 50);
+}
+
+// ---- databases with something that does not belong there ----
+
+struct Hostile {
+  const char* name;
+  std::vector<std::string> statements;
+};
+
+class HostileDatabase : public ForeignFile, public testing::WithParamInterface<Hostile> {};
+
+TEST_P(HostileDatabase, is_refused_before_anything_is_staged) {
+  Raw(path(), GetParam().statements);
+  EXPECT_EQ(Loaded(), Texts{"Invalid Import file!"});
+}
+
+// A table without its key, with the same columns and rows.
+std::vector<std::string> WithoutKeys(const std::string& table, const std::string& more) {
+  return {"PRAGMA foreign_keys=OFF", "CREATE TABLE copy AS SELECT * FROM " + table, "DROP TABLE " + table,
+          "ALTER TABLE copy RENAME TO " + table, more};
+}
+
+const std::vector<Hostile> kHostile = {
+    {"a_trigger", {"CREATE TRIGGER bad AFTER INSERT ON QC BEGIN DELETE FROM QC; END"}},
+    {"a_view", {"CREATE VIEW more AS SELECT 1"}},
+    {"another_view_of_its_name", {"DROP VIEW Structures", "CREATE VIEW Structures AS SELECT 1 AS UserID"}},
+    {"a_view_in_place_of_a_table",
+     {"PRAGMA foreign_keys=OFF", "ALTER TABLE EA_FLA RENAME TO hidden", "CREATE VIEW EA_FLA AS SELECT * FROM hidden"}},
+    {"a_virtual_table", {"DROP TABLE listPNE", "CREATE VIRTUAL TABLE listPNE USING fts5(Mfr, Model)"}},
+    {"a_further_virtual_table", {"CREATE VIRTUAL TABLE further USING fts5(a)"}},
+    {"a_missing_table", {"DROP TABLE EA_FLA"}},
+    {"a_missing_staging_table", {"DROP TABLE H_EA_FLA"}},
+    {"a_missing_column", {"ALTER TABLE EA_FLA DROP COLUMN OP_HR"}},
+    {"a_further_column", {"ALTER TABLE EA_FLA ADD COLUMN more TEXT"}},
+    {"a_renamed_column", {"ALTER TABLE EA_FLA RENAME COLUMN OP_HR TO OP_HOUR"}},
+    {"columns_in_another_order",
+     {"DROP TABLE listPRE", "CREATE TABLE listPRE (Model TEXT, Mfr TEXT, ServiceType TEXT)"}},
+    {"a_computed_column", {"DROP TABLE listPNE", "CREATE TABLE listPNE (Mfr TEXT, Model TEXT AS (Mfr))"}},
+    {"a_text_for_a_number", {"UPDATE EA_FLA SET OP_HR='many'"}},
+    {"a_blob", {"UPDATE PD_PLATFORM_DESC SET Name=x'00FF'"}},
+    {"an_endless_number", {"UPDATE EA_FLA SET OP_HR=9e999"}},
+    {"a_yes_no_of_two", {"UPDATE ED_AMI SET MODELINPUTS_FLG=2"}},
+    {"a_fraction_for_a_month", {"UPDATE PA_PLATFORM_ACTV SET PA_YR=2017.5"}},
+    {"month_thirteen", {"UPDATE PA_PLATFORM_ACTV SET PA_MO=13 WHERE PA_MO=2"}},
+    {"a_month_of_millions", {"UPDATE EA_EQUIP_ACTV SET EA_MO=500000 WHERE EA_ID_AK=1"}},
+    {"no_month", {"UPDATE PA_PLATFORM_ACTV SET PA_MO=NULL"}},
+    {"an_unknown_type", {"UPDATE ED_EQUIP_DESC SET ED_EQUIP_TYP='XYZ' WHERE ED_ID_AK=1"}},
+    {"a_negative_key", {"UPDATE ED_EQUIP_DESC SET ED_ID_AK=-5 WHERE ED_ID_AK=1"}},
+    {"the_key_zero", {"UPDATE EA_EQUIP_ACTV SET EA_ID_AK=0 WHERE EA_ID_AK=1"}},
+    {"a_key_past_32_bits", {"UPDATE PD_PLATFORM_DESC SET PD_ID_AK=3000000000 WHERE PD_ID_AK=2"}},
+    {"a_key_twice", WithoutKeys("ED_EQUIP_DESC", "UPDATE ED_EQUIP_DESC SET ED_ID_AK=1 WHERE ED_ID_AK=2")},
+    {"a_row_without_key", WithoutKeys("EA_EQUIP_ACTV", "UPDATE EA_EQUIP_ACTV SET EA_ID_AK=NULL WHERE EA_ID_AK=2")},
+    {"bytes_that_are_no_text", {"UPDATE PD_PLATFORM_DESC SET Name=CAST(x'C0AF' AS TEXT)"}},
+    {"half_a_character", {"UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID=CAST(x'41E2' AS TEXT)"}},
+    {"a_giant_value", {"UPDATE PA_PLATFORM_ACTV SET COMNT_TXT=hex(zeroblob(600000))"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(files, HostileDatabase, testing::ValuesIn(kHostile),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(ForeignFile, that_turns_bad_between_list_and_import_is_refused_then) {
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtImportFilename", path());
+    run.Click("cmdLoad");
+    EXPECT_EQ(run.TakeBoxes(), Texts{});
+    Raw(path(), {"UPDATE EA_FLA SET OP_HR='many'", "UPDATE SYS_CONFIG SET sys_yr=2017"});
+    run.Pick("lvwStructures", 0);
+    run.Click("cmdImport");
+    EXPECT_EQ(run.TakeBoxes(), (Texts{"3343 The table EA_FLA holds a value in OP_HR that does not belong there.",
+                                      "Specified Import file may be wrong format."}));
+  });
+  run.Click("mnuEStructB");
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 0);
+  EXPECT_EQ(run.Count("H_PD_PLATFORM_DESC"), 0);
+}
+
+TEST_F(ForeignFile, with_rows_that_belong_to_nothing_leaves_them_behind) {
+  Raw(path(), {"PRAGMA foreign_keys=OFF", "INSERT INTO EA_FLA (EA_ID_AK) VALUES (900001)",
+               "INSERT INTO ED_FLA (ED_ID_AK) VALUES (900001)",
+               "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_MO,EA_YR) VALUES (900002,900003,1,2017)"});
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtImportFilename", path());
+    run.Click("cmdLoad");
+    run.Pick("lvwStructures", std::vector<int>{0, 1});
+    run.Click("cmdImport");
+    EXPECT_EQ(run.TakeBoxes(), (Texts{"2 months in import file. Adding months to inventory", "Done."}));
+  });
+  run.Click("mnuEStructB");
+  EXPECT_TRUE(IsNull(run.Sql("PRAGMA foreign_key_check")));
+  EXPECT_EQ(run.Count("EA_FLA"), ToInteger(RawValue(path(), "SELECT COUNT(*)-1 FROM EA_FLA")));
+  EXPECT_EQ(run.Count("ED_FLA"), ToInteger(RawValue(path(), "SELECT COUNT(*)-1 FROM ED_FLA")));
+}
+
+}  // namespace
+}  // namespace merlu::test
