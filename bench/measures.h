@@ -18,5 +18,7 @@ std::vector<Measure> MonthMeasures(const Workshop& shop);
 std::vector<Measure> QCMeasures(const Workshop& shop);
 // The annual pass and its PDF. Needs an application with fonts.
 std::vector<Measure> AnnualMeasures(const Workshop& shop);
+// Export of a survey, import of structures.
+std::vector<Measure> ExchangeMeasures(const Workshop& shop);
 
 }  // namespace merlu::bench

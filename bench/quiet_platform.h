@@ -2,6 +2,7 @@
 // at once, nothing is painted, and the settings name one database file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "forms/platform.h"
@@ -12,6 +13,8 @@ class QuietPlatform : public Platform {
  public:
   QuietPlatform() = default;
   explicit QuietPlatform(std::string database) : database_(std::move(database)) {}
+
+  std::uint64_t free_bytes = 0;
 
   // Boxes so far, and the text of the last one: a run that should say nothing can be held to it.
   int boxes() const { return boxes_; }
@@ -34,7 +37,7 @@ class QuietPlatform : public Platform {
   void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   std::string ProgramFolder() override { return "."; }
   std::string DataFolder() override { return "."; }
-  std::uint64_t FreeBytes(const std::string&) override { return 0; }
+  std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport&, const std::string&, const std::function<void(int, int)>&) override {}
   void OpenDocument(const std::string&) override {}
 

@@ -47,6 +47,13 @@ InventoryPlan Full(int months) {
   return plan;
 }
 
+InventoryPlan Single() {
+  InventoryPlan plan;
+  plan.structures = 1;
+  plan.equipment = 1;
+  return plan;
+}
+
 InventoryPlan Flares() {
   InventoryPlan plan = FullInventory();
   plan.types = {"FLA"};
@@ -61,6 +68,7 @@ Workshop::Workshop()
       everyday(Make("everyday", EverydayInventory())),
       full(Make("full", Full(12))),
       eleven(Make("eleven", Full(11))),
+      single(Make("single", Single())),
       flares(Make("flares", Flares())) {}
 
 std::string Workshop::Make(const std::string& name, const InventoryPlan& plan) const {
@@ -72,6 +80,12 @@ std::string Workshop::Make(const std::string& name, const InventoryPlan& plan) c
 Workshop::~Workshop() {
   std::error_code error;
   fs::remove_all(folder_, error);
+}
+
+std::string Workshop::NewPath(const std::string& name) const {
+  const std::string path = Path(name);
+  fs::remove(path);
+  return path;
 }
 
 std::string Workshop::FreshCopy(const std::string& of, const std::string& name) const {

@@ -23,9 +23,12 @@ class Workshop {
   const std::string everyday;  // the everyday inventory, all sixteen types
   const std::string full;      // the full inventory, the fifteen types with activity: 39,996 equipment months
   const std::string eleven;    // the same before its twelfth month
+  const std::string single;    // one structure with twelve months
   const std::string flares;    // the full inventory of flares alone, a tenth of the rows faulty
 
   // A copy of a file that is on the disk already, so that a commit has its own pages to write and no others.
+  // A path at which there is no file.
+  std::string NewPath(const std::string& name) const;
   std::string FreshCopy(const std::string& of, const std::string& name) const;
 
  private:

@@ -35,7 +35,8 @@ bool IsUtf8(std::string_view text) {
     int following;
     std::uint32_t lowest;
   };
-  constexpr Lead kLeads[] = {{0x80, 0x00, 0, 1}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
+  constexpr Lead kLeads[] = {
+      {0x80, 0x00, 0, 1}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
   for (std::size_t at = 0; at < text.size();) {
     const auto byte = static_cast<unsigned char>(text[at]);
     const auto* lead = std::find_if(std::begin(kLeads), std::end(kLeads),

@@ -74,7 +74,8 @@ bool Fits(const std::string& type, const RowView& row, int column) {
   using Stored = RowView::Stored;
   const Stored stored = row.StoredAs(column);
   if (stored == Stored::kNull) return true;
-  if (type == "DOUBLE") return stored == Stored::kInteger || (stored == Stored::kReal && std::isfinite(row.Number(column)));
+  if (type == "DOUBLE")
+    return stored == Stored::kInteger || (stored == Stored::kReal && std::isfinite(row.Number(column)));
   if (type == "INTEGER") return stored == Stored::kInteger;
   if (type == "BOOLEAN") return stored == Stored::kInteger && IsYesNo(row, column);
   // texts, and dates, which are kept as texts
@@ -107,7 +108,7 @@ void CheckValues(Database& file, Database& working, const std::string& table) {
 
 // No key occurs twice, also in a file whose tables do not declare theirs.
 void CheckKeys(Database& file, const std::string& table) {
-  const std::string key = table.starts_with("PD_") ? "PD_ID_AK"
+  const std::string key = table.starts_with("PD_")   ? "PD_ID_AK"
                           : table.starts_with("PA_") ? "SA_ID_AK"
                           : table.starts_with("ED_") ? "ED_ID_AK"
                                                      : "EA_ID_AK";

@@ -42,6 +42,11 @@ class Working {
   Busy busy_;
 };
 
+// False after a message: the database could not be opened at the start.
+bool HasDatabase(Session& s) {
+  return Plainly(s, [&] { s.At("SYS_CONFIG"); });
+}
+
 bool Reopen(Session& s) {
   CloseDatabase(s);
   return OpenDatabaseAndCursors(s);
@@ -73,9 +78,8 @@ void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, c
 }
 
 void ConnectExportBrowse(Session& s, Form& form) {
-  form.On("cmdBrowse", Event::kClick, [&s, &form] {
-    Browse(s, form, kExportName, FileQuestion::Kind::kSave, "Choose Export Database Filename");
-  });
+  form.On("cmdBrowse", Event::kClick,
+          [&s, &form] { Browse(s, form, kExportName, FileQuestion::Kind::kSave, "Choose Export Database Filename"); });
 }
 
 // The picked rows in the order of the list.
@@ -115,8 +119,8 @@ void AddSurveyList(Form& form) {
 }
 
 void AddStructureList(Form& form) {
-  AddListView(form, kStructures, "Structures:",
-              {"RIMA Complex ID", "RIMA Structure ID", "Area", "Block", "Struct Name"});
+  AddListView(form, kStructures,
+              "Structures:", {"RIMA Complex ID", "RIMA Structure ID", "Area", "Block", "Struct Name"});
 }
 
 // The export file that the dialog names, made as a copy of the working database and open; empty after a
@@ -322,14 +326,15 @@ bool CreateExportDatabase(Session& s, const std::string& target) {
 }
 
 void ExportSurvey(Session& s) {
-  RunExport(s, SurveyDialog(s), kSurveys);
+  if (HasDatabase(s)) RunExport(s, SurveyDialog(s), kSurveys);
 }
 
 void ExportInventory(Session& s) {
-  RunExport(s, InventoryDialog(s), kExportName);
+  if (HasDatabase(s)) RunExport(s, InventoryDialog(s), kExportName);
 }
 
 void ExportStructures(Session& s) {
+  if (!HasDatabase(s)) return;
   Form& form = StructureExportDialog(s);
   if (!Plainly(s, [&] { FillStructures(form, s.db); })) return;
   form.focus = kStructures;
@@ -338,6 +343,7 @@ void ExportStructures(Session& s) {
 }
 
 void ImportStructuresFrom(Session& s) {
+  if (!HasDatabase(s)) return;
   if (!s.InDesc()) ChangeEditMode(s);
   if (!s.tree.nodes.empty()) {
     s.tree.nodes.front().expanded = false;

@@ -260,7 +260,8 @@ TEST_F(Export, of_structures_holds_the_chosen_ones_with_all_their_months) {
   EXPECT_EQ(There("PD_PLATFORM_DESC WHERE PD_ID_AK=2"), 0);
   EXPECT_EQ(There("PA_PLATFORM_ACTV"), 8);
   EXPECT_EQ(There("ED_EQUIP_DESC"), run.Count("ED_EQUIP_DESC WHERE PD_ID_AK<>2"));
-  EXPECT_EQ(There("EA_EQUIP_ACTV"), run.Count("EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d USING (ED_ID_AK) WHERE PD_ID_AK<>2"));
+  EXPECT_EQ(There("EA_EQUIP_ACTV"),
+            run.Count("EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d USING (ED_ID_AK) WHERE PD_ID_AK<>2"));
   EXPECT_GT(There("EA_EQUIP_ACTV"), 0);
 }
 
@@ -274,8 +275,9 @@ TEST_F(Export, of_structures_keeps_one_whose_identifier_is_not_filled_in) {
   run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM=NULL WHERE PD_ID_AK=2");
   ExportStructures({0});
   // its structure number differs from the chosen one's for certain only when it is filled in and another
-  const bool differs = !IsNull(run.Sql("SELECT 1 FROM PD_PLATFORM_DESC a, PD_PLATFORM_DESC b WHERE a.PD_ID_AK=1 AND "
-                                       "b.PD_ID_AK=2 AND a.STRUCT_NUM<>b.STRUCT_NUM"));
+  const bool differs =
+      !IsNull(run.Sql("SELECT 1 FROM PD_PLATFORM_DESC a, PD_PLATFORM_DESC b WHERE a.PD_ID_AK=1 AND "
+                      "b.PD_ID_AK=2 AND a.STRUCT_NUM<>b.STRUCT_NUM"));
   EXPECT_EQ(There("PD_PLATFORM_DESC WHERE PD_ID_AK=2"), differs ? 0 : 1);
 }
 

@@ -34,7 +34,9 @@ Rows Identified(Database& db, const std::string& table, const std::string& condi
   const std::string from = table == "PD_PLATFORM_DESC" ? "PD_PLATFORM_DESC t JOIN PD_PLATFORM_DESC p USING (PD_ID_AK)"
                                                        : table + " t" + joins;
   return db.Query("SELECT " + who + columns + " FROM " + from + " WHERE " + condition + " ORDER BY " + who +
-                  (table == "PA_PLATFORM_ACTV" ? ",t.PA_MO" : table == "EA_EQUIP_ACTV" ? ",t.EA_MO" : "") +
+                  (table == "PA_PLATFORM_ACTV" ? ",t.PA_MO"
+                   : table == "EA_EQUIP_ACTV"  ? ",t.EA_MO"
+                                               : "") +
                   (table == "ED_EQUIP_DESC" ? ",t.ED_EQUIP_TYP,t.ED_MERLU_EQUIP_ID" : ""));
 }
 
@@ -138,9 +140,10 @@ TEST_F(Import, takes_over_the_chosen_structures_and_nothing_of_the_others) {
   }
   EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 4);
   EXPECT_EQ(run.Count("PD_PLATFORM_DESC WHERE RIMA_CO_NUM='12345'"), 4) << "the operator's own";
-  EXPECT_EQ(run.Count("EA_EQUIP_ACTV"),
-            before + ToInteger(other.Single("SELECT COUNT(*) FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC e USING (ED_ID_AK) "
-                                            "WHERE e.PD_ID_AK IN (2,4)")));
+  EXPECT_EQ(
+      run.Count("EA_EQUIP_ACTV"),
+      before + ToInteger(other.Single("SELECT COUNT(*) FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC e USING (ED_ID_AK) "
+                                      "WHERE e.PD_ID_AK IN (2,4)")));
   for (const EquipmentType& type : EquipmentTypes()) {
     const std::string code(type.code);
     EXPECT_EQ(run.Count("ED_" + code + " WHERE ED_ID_AK NOT IN (SELECT ED_ID_AK FROM ED_EQUIP_DESC)"), 0) << code;
@@ -156,7 +159,8 @@ TEST_F(Import, gives_every_row_the_next_free_keys_in_the_order_of_the_file) {
   const std::int64_t ed = ToInteger(run.Sql("SELECT MAX(ED_ID_AK)+1 FROM ED_EQUIP_DESC"));
   const std::int64_t ea = ToInteger(run.Sql("SELECT MAX(EA_ID_AK)+1 FROM EA_EQUIP_ACTV"));
   EXPECT_EQ(ImportRows({0, 1}), Texts{"Done."});
-  EXPECT_EQ(run.Count("PD_PLATFORM_DESC WHERE PD_ID_AK IN (" + std::to_string(p) + "," + std::to_string(p + 1) + ")"), 2);
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC WHERE PD_ID_AK IN (" + std::to_string(p) + "," + std::to_string(p + 1) + ")"),
+            2);
   const auto expect_run = [&](const char* column, const char* table, std::int64_t first, std::int64_t count) {
     const std::string from = std::string(" FROM ") + table + " WHERE " + column + ">=" + std::to_string(first);
     EXPECT_EQ(ToInteger(run.Sql(std::string("SELECT MIN(") + column + ")" + from)), first) << table;
@@ -166,25 +170,28 @@ TEST_F(Import, gives_every_row_the_next_free_keys_in_the_order_of_the_file) {
   expect_run("SA_ID_AK", "PA_PLATFORM_ACTV", sa, 4);
   expect_run("ED_ID_AK", "ED_EQUIP_DESC", ed, 32);
   expect_run("EA_ID_AK", "EA_EQUIP_ACTV", ea, ToInteger(RawValue(Other(), "SELECT COUNT(*) FROM EA_EQUIP_ACTV")));
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC WHERE ED_ID_AK=" + std::to_string(ed + 4))),
-            NullToEmpty(RawValue(Other(), "SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC ORDER BY ED_ID_AK LIMIT 1 OFFSET 4")));
+  EXPECT_EQ(
+      NullToEmpty(run.Sql("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC WHERE ED_ID_AK=" + std::to_string(ed + 4))),
+      NullToEmpty(RawValue(Other(), "SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC ORDER BY ED_ID_AK LIMIT 1 OFFSET 4")));
 }
 
 TEST_F(Import, gives_keys_by_the_order_of_the_list_whatever_the_order_of_picking) {
   Make(Plan(1, 2, 1), Plan(3, 4, 1));
   EXPECT_EQ(ImportRows({2, 0}), Texts{"Done."});
-  const Rows rows = run.s.db.Query("SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM LIKE 'X%' ORDER BY PD_ID_AK");
+  const Rows rows = run.s.db.Query(
+      "SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM LIKE 'X%' ORDER BY PD_ID_AK");
   Database other;
   other.OpenReadOnly(Other());
-  EXPECT_EQ(rows.rows, other.Query("SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK<>2 ORDER BY PD_ID_AK").rows);
+  EXPECT_EQ(
+      rows.rows,
+      other.Query("SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK<>2 ORDER BY PD_ID_AK").rows);
 }
 
 TEST_F(Import, from_another_year_is_refused_before_anything_is_staged) {
   Make(Plan(1, 2, 1), Plan(1, 2, 1));
   Raw(Other(), {"UPDATE SYS_CONFIG SET sys_yr=2016"});
   run.s.db.Execute("INSERT INTO H_PD_PLATFORM_DESC (PD_ID_AK) VALUES (7)");
-  EXPECT_EQ(ImportRows({0}),
-            Texts{"Inventory Year of Import File (2016) does not match your database (2017)."});
+  EXPECT_EQ(ImportRows({0}), Texts{"Inventory Year of Import File (2016) does not match your database (2017)."});
   EXPECT_EQ(Staged(), 0) << "what an earlier import left is gone";
   EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1);
 }
@@ -224,8 +231,8 @@ TEST_F(Import, adds_the_months_that_the_inventory_lacks_with_one_message) {
   EXPECT_EQ(ToInteger(run.Sql("SELECT SYS_MAX_MO FROM SYS_CONFIG")), 5);
   EXPECT_EQ(run.Count("PA_PLATFORM_ACTV"), 3 * 5);
   // the months that were added come first, each with the key that a month leaves out; then the imported ones
-  const std::int64_t first_imported = ToInteger(
-      run.Sql("SELECT MIN(SA_ID_AK) FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=(SELECT MAX(PD_ID_AK) FROM PD_PLATFORM_DESC)"));
+  const std::int64_t first_imported = ToInteger(run.Sql(
+      "SELECT MIN(SA_ID_AK) FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=(SELECT MAX(PD_ID_AK) FROM PD_PLATFORM_DESC)"));
   EXPECT_EQ(first_imported, last_structure_month + 3 * 3 + 1);
   EXPECT_EQ(run.Count("PA_PLATFORM_ACTV WHERE SA_ID_AK>=" + std::to_string(first_imported)), 5);
   EXPECT_EQ(run.Count("EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC e USING (ED_ID_AK) WHERE e.PD_ID_AK=3"),
@@ -242,11 +249,13 @@ TEST_F(Import, fills_the_further_months_of_a_longer_inventory_with_empty_rows) {
   EXPECT_EQ(run.Count("PA_PLATFORM_ACTV WHERE PD_ID_AK IN (2,3) AND PA_MO IN (3,4)"), 4);
   EXPECT_EQ(run.Count("PA_PLATFORM_ACTV WHERE PD_ID_AK IN (2,3) AND PA_MO IN (3,4) AND status IS NULL AND PA_YR=2017"),
             4);
-  const std::string added = "EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC e USING (ED_ID_AK) WHERE e.PD_ID_AK IN (2,3) AND EA_MO>2";
+  const std::string added =
+      "EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC e USING (ED_ID_AK) WHERE e.PD_ID_AK IN (2,3) AND EA_MO>2";
   EXPECT_EQ(run.Count(added), 32 * 2) << "fugitives too";
   EXPECT_EQ(run.Count(added + " AND EA_EQUIP_TYP=ED_EQUIP_TYP AND EA_STATUS IS NULL AND EA_YR=2017"), 32 * 2);
-  EXPECT_EQ(run.Count(added + " AND EA_EQUIP_TYP='FLA' AND EA_ID_AK IN (SELECT EA_ID_AK FROM EA_FLA WHERE OP_HR IS NULL)"),
-            4);
+  EXPECT_EQ(
+      run.Count(added + " AND EA_EQUIP_TYP='FLA' AND EA_ID_AK IN (SELECT EA_ID_AK FROM EA_FLA WHERE OP_HR IS NULL)"),
+      4);
   // the first structure's further months have consecutive keys, then the second's
   const Rows rows = run.s.db.Query(
       "SELECT PD_ID_AK,PA_MO FROM PA_PLATFORM_ACTV WHERE PD_ID_AK IN (2,3) AND PA_MO>2 ORDER BY SA_ID_AK");
@@ -266,7 +275,8 @@ TEST_F(Import, into_an_inventory_without_structures_works) {
 
 TEST_F(Import, of_a_file_without_months_gives_empty_months) {
   Make(Plan(1, 16, 3), Plan(1, 16, 1));
-  Raw(Other(), {"PRAGMA foreign_keys=ON", "DELETE FROM EA_EQUIP_ACTV", "DELETE FROM PA_PLATFORM_ACTV", "UPDATE SYS_CONFIG SET SYS_MAX_MO=0"});
+  Raw(Other(), {"PRAGMA foreign_keys=ON", "DELETE FROM EA_EQUIP_ACTV", "DELETE FROM PA_PLATFORM_ACTV",
+                "UPDATE SYS_CONFIG SET SYS_MAX_MO=0"});
   EXPECT_EQ(ImportRows({0}), Texts{"Done."});
   ExpectSound();
   EXPECT_EQ(run.Count("EA_EQUIP_ACTV JOIN ED_EQUIP_DESC USING (ED_ID_AK) WHERE PD_ID_AK=2"), 16 * 3);

@@ -54,8 +54,11 @@ TEST_F(Files, make_way_for_a_folder_of_the_same_name) {
   EXPECT_EQ(NextFreeFileName(folder.path("MERLU.mdb")), folder.path("MERLU1.mdb"));
 }
 
-TEST_F(Files, are_copied_byte_for_byte_into_folders_that_are_made_on_the_way) {
+TEST_F(Files, are_copied_byte_for_byte_into_folders_that_are_there) {
   Write("from.mdb", "content");
+  EXPECT_THROW(CopyDatabase(folder.path("from.mdb"), folder.path("a/b/to.mdb")), Fault);
+  EXPECT_FALSE(FileExists(folder.path("a")));
+  MakeFolder(folder.path("a/b"));
   CopyDatabase(folder.path("from.mdb"), folder.path("a/b/to.mdb"));
   EXPECT_EQ(Read("a/b/to.mdb"), "content");
   EXPECT_EQ(Read("from.mdb"), "content");
