@@ -70,9 +70,16 @@ std::string LastCharacters(std::string_view text, std::size_t count) {
   return std::string(text.substr(FirstCharacters(text, length - count).size()));
 }
 
-std::string PadLeft(std::string_view text, std::size_t width) {
+void AppendPadded(std::string& to, std::string_view text, std::size_t width) {
   const std::size_t length = CountCharacters(text);
-  return std::string(length < width ? width - length : 0, ' ').append(text);
+  if (length < width) to.append(width - length, ' ');
+  to += text;
+}
+
+std::string PadLeft(std::string_view text, std::size_t width) {
+  std::string padded;
+  AppendPadded(padded, text, width);
+  return padded;
 }
 
 std::string Upper(std::string_view text) {

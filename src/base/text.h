@@ -12,6 +12,7 @@ std::string TrimRight(std::string_view text);
 
 // Right-justified: blanks in front up to `width`; a longer text stays as it is.
 std::string PadLeft(std::string_view text, std::size_t width);
+void AppendPadded(std::string& to, std::string_view text, std::size_t width);
 
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);

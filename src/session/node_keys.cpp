@@ -33,27 +33,61 @@ void CutEquipment(Cutter& cut, QCLocation& location) {
   location.EquipID = cut.Text(8);
 }
 
+// Room for the longest key, so that it is built in one place.
+std::string NewKey() {
+  std::string key;
+  key.reserve(kEquipmentMonthKeyLength);
+  return key;
+}
+
+void AppendUser(std::string& key, std::string_view user) {
+  key += 'K';
+  AppendPadded(key, LastCharacters(user, 5), 5);
+}
+
+void AppendMonth(std::string& key, int month, int year) {
+  AppendPadded(key, std::to_string(month), 2);
+  AppendPadded(key, std::to_string(year), 4);
+}
+
 }  // namespace
 
 std::string UserKey(std::string_view user) {
-  return "K" + PadLeft(LastCharacters(user, 5), 5);
+  std::string key = NewKey();
+  AppendUser(key, user);
+  return key;
 }
 
 std::string SurveyKey(std::string_view user, int month, int year) {
-  return UserKey(user) + PadLeft(std::to_string(month), 2) + PadLeft(std::to_string(year), 4);
+  std::string key = NewKey();
+  AppendUser(key, user);
+  AppendMonth(key, month, year);
+  return key;
 }
 
 std::string StructureMonthKey(std::string_view user, int month, int year, std::string_view complex,
                               std::string_view structure) {
-  return SurveyKey(user, month, year) + PadLeft(complex, 7) + PadLeft(structure, 2);
+  std::string key = NewKey();
+  AppendUser(key, user);
+  AppendMonth(key, month, year);
+  AppendPadded(key, complex, 7);
+  AppendPadded(key, structure, 2);
+  return key;
 }
 
 std::string StructureKey(std::string_view user, std::string_view complex, std::string_view structure) {
-  return UserKey(user) + PadLeft(complex, 7) + PadLeft(structure, 2);
+  std::string key = NewKey();
+  AppendUser(key, user);
+  AppendPadded(key, complex, 7);
+  AppendPadded(key, structure, 2);
+  return key;
 }
 
 std::string EquipmentSuffix(std::string_view type, std::string_view id) {
-  return PadLeft(type, 3) + PadLeft(id, 8);
+  std::string suffix;
+  AppendPadded(suffix, type, 3);
+  AppendPadded(suffix, id, 8);
+  return suffix;
 }
 
 std::string KeyOf(const QCLocation& l, Mode mode) {

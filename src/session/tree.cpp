@@ -15,21 +15,28 @@ constexpr const char* kSource = "MERLU tree";
 void Tree::Clear() {
   nodes.clear();
   roots.clear();
-  by_key_.clear();
+  by_key_.Clear();
   selected = -1;
   ++revision;
 }
 
-int Tree::Add(const std::string& parent_key, const std::string& key, const std::string& text) {
-  const int parent = parent_key.empty() ? -1 : Find(parent_key);
-  if (!parent_key.empty() && parent < 0)
-    throw Fault(fault_number::kNoSuchNode, kSource, "Element not found: " + parent_key);
+int Tree::Require(std::string_view key) const {
+  const int node = Find(key);
+  if (node < 0) throw Fault(fault_number::kNoSuchNode, kSource, "Element not found: " + std::string(key));
+  return node;
+}
+
+int Tree::Add(std::string_view parent_key, std::string key, std::string text) {
+  return AddUnder(parent_key.empty() ? -1 : Require(parent_key), std::move(key), std::move(text));
+}
+
+int Tree::AddUnder(int parent, std::string key, std::string text) {
   const int index = static_cast<int>(nodes.size());
-  if (!by_key_.emplace(key, index).second)
+  if (!by_key_.Add(key, index))
     throw Fault(fault_number::kKeyNotUnique, kSource, "Key is not unique in collection: " + key);
   TreeNode& node = nodes.emplace_back();
-  node.key = key;
-  node.text = text;
+  node.key = std::move(key);
+  node.text = std::move(text);
   node.parent = parent;
   if (parent < 0) {
     roots.push_back(index);
@@ -41,9 +48,9 @@ int Tree::Add(const std::string& parent_key, const std::string& key, const std::
   return index;
 }
 
-int Tree::Find(const std::string& key) const {
-  const auto found = by_key_.find(key);
-  return found == by_key_.end() ? -1 : found->second;
+int Tree::Find(std::string_view key) const {
+  const std::int64_t* found = by_key_.Find(key);
+  return found == nullptr ? -1 : static_cast<int>(*found);
 }
 
 void Tree::SortChildren(int node) {
@@ -93,30 +100,29 @@ std::vector<int> Tree::InOrder() const {
 
 void KeyList::Reset() {
   count_ = 0;
-  first_.clear();
+  first_.Clear();
 }
 
-void KeyList::Add(const std::string& node_key, std::int64_t row_key) {
+void KeyList::Add(std::string_view node_key, std::int64_t row_key) {
   if (count_ >= capacity_) throw Fault(fault_number::kSubscript, kSource, "Subscript out of range");
   ++count_;
-  first_.try_emplace(node_key, row_key);
+  first_.Add(node_key, row_key);
 }
 
-const std::int64_t* KeyList::Find(const std::string& node_key) const {
-  const auto found = first_.find(node_key);
-  return found == first_.end() ? nullptr : &found->second;
+const std::int64_t* KeyList::Find(std::string_view node_key) const {
+  return first_.Find(node_key);
 }
 
 void TreeRecord::Append(std::int64_t uid, const std::string& tag, const std::string& status) {
   // a row whose both keys are taken would never be found, so it need not be kept
-  const bool new_tag = by_tag_.try_emplace(tag, rows_.size()).second;
+  const bool new_tag = by_tag_.Add(tag, static_cast<std::int64_t>(rows_.size()));
   const bool new_uid = by_uid_.try_emplace(uid, rows_.size()).second;
   if (new_tag || new_uid) rows_.push_back({uid, tag, status});
 }
 
-TreeRecord::Row* TreeRecord::FindTag(const std::string& tag) {
-  const auto found = by_tag_.find(tag);
-  return found == by_tag_.end() ? nullptr : &rows_[found->second];
+TreeRecord::Row* TreeRecord::FindTag(std::string_view tag) {
+  const std::int64_t* found = by_tag_.Find(tag);
+  return found == nullptr ? nullptr : &rows_[static_cast<std::size_t>(*found)];
 }
 
 TreeRecord::Row* TreeRecord::FindUid(std::int64_t uid) {

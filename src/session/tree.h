@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/text_index.h"
+
 namespace merlu {
 
 struct TreeNode {
@@ -30,9 +32,13 @@ struct Tree {
   void Clear();
   // Adds a node under the one with the parent key (empty: a root). kKeyNotUnique for a key that exists,
   // kNoSuchNode for a parent that does not.
-  int Add(const std::string& parent_key, const std::string& key, const std::string& text);
+  int Add(std::string_view parent_key, std::string key, std::string text);
+  // The same under a node that is known by its place, -1 for a root.
+  int AddUnder(int parent, std::string key, std::string text);
+  // kNoSuchNode when there is none.
+  int Require(std::string_view key) const;
   // -1 when there is none.
-  int Find(const std::string& key) const;
+  int Find(std::string_view key) const;
   // Sorts every node's children by text, without regard to case.
   void Sort();
   void SortChildren(int node);
@@ -43,7 +49,7 @@ struct Tree {
   std::vector<int> InOrder() const;
 
  private:
-  std::unordered_map<std::string, int> by_key_;
+  TextIndex by_key_;
 };
 
 // Pairs of node key and row key. The first entry of a key wins.
@@ -52,15 +58,15 @@ class KeyList {
   explicit KeyList(std::size_t capacity) : capacity_(capacity) {}
   void Reset();
   // kSubscript past the capacity.
-  void Add(const std::string& node_key, std::int64_t row_key);
+  void Add(std::string_view node_key, std::int64_t row_key);
   // Null without an entry.
-  const std::int64_t* Find(const std::string& node_key) const;
+  const std::int64_t* Find(std::string_view node_key) const;
   std::size_t size() const { return count_; }
 
  private:
   std::size_t capacity_;
   std::size_t count_ = 0;
-  std::unordered_map<std::string, std::int64_t> first_;
+  TextIndex first_;
 };
 
 // One row per structure node: its row key, node key and status. Rebuilding the tree appends and never
@@ -73,12 +79,12 @@ class TreeRecord {
     std::string Status;
   };
   void Append(std::int64_t uid, const std::string& tag, const std::string& status);
-  Row* FindTag(const std::string& tag);
+  Row* FindTag(std::string_view tag);
   Row* FindUid(std::int64_t uid);
 
  private:
   std::vector<Row> rows_;
-  std::unordered_map<std::string, std::size_t> by_tag_;
+  TextIndex by_tag_;
   std::unordered_map<std::int64_t, std::size_t> by_uid_;
 };
 

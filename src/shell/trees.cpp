@@ -26,10 +26,6 @@ std::string SurveyText(int year, int month) {
   return text.data();
 }
 
-std::string EquipmentText(std::string_view type, std::string_view id) {
-  return TreeTypeName(type) + ": " + Trim(id);
-}
-
 std::vector<std::string> Operators(Session& s) {
   std::vector<std::string> ids;
   s.db.ForEach("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid", {},
@@ -92,6 +88,7 @@ void EndAtTheLimit(Session& s) {
 // Nodes of one type; false when the limit was met and the program has ended.
 bool AddEquipNode(Session& s, std::string_view type) {
   bool full = false;
+  const std::string name = TreeTypeName(type) + ": ";
   s.db.ForEach(
       "SELECT "
       "t.EA_ID_AK,a.ED_ID_AK,a.EA_MO,a.EA_YR,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,"
@@ -105,11 +102,12 @@ bool AddEquipNode(Session& s, std::string_view type) {
         if (row.IsNull(9)) return TellMissing(s, "Equip Activity", row.Integer(0));
         if (row.IsNull(10)) return TellMissing(s, "Equip Desc", row.Integer(1));
         if (row.IsNull(11)) return TellMissing(s, "Platform Desc", row.Integer(5));
-        const std::string parent = StructureMonthKey(row.Text(6), static_cast<int>(row.Integer(2)),
-                                                     static_cast<int>(row.Integer(3)), row.Text(7), row.Text(8));
-        const std::string key = parent + EquipmentSuffix(type, row.Text(4));
-        s.tree.Add(parent, key, EquipmentText(type, row.Text(4)));
+        std::string key = StructureMonthKey(row.Text(6), static_cast<int>(row.Integer(2)),
+                                            static_cast<int>(row.Integer(3)), row.Text(7), row.Text(8));
+        const int parent = s.tree.Require(key);
+        key += EquipmentSuffix(type, row.Text(4));
         s.equipment_month_list.Add(key, row.Integer(0));
+        s.tree.AddUnder(parent, std::move(key), name + Trim(row.Text(4)));
         full = s.equipment_month_list.size() == kMostEquipmentMonths;
       });
   if (full) EndAtTheLimit(s);
@@ -117,6 +115,7 @@ bool AddEquipNode(Session& s, std::string_view type) {
 }
 
 void AddDescEquipNode(Session& s, std::string_view type) {
+  const std::string name = TreeTypeName(type) + ": ";
   s.db.ForEach(
       "SELECT "
       "t.ED_ID_AK,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_ID_AK,p.PD_ID_AK "
@@ -127,10 +126,11 @@ void AddDescEquipNode(Session& s, std::string_view type) {
       {}, [&](const RowView& row) {
         if (row.IsNull(6)) return TellMissing(s, "Equip Desc", row.Integer(0));
         if (row.IsNull(7)) return TellMissing(s, "Platform Desc", row.Integer(2));
-        const std::string parent = StructureKey(row.Text(3), row.Text(4), row.Text(5));
-        const std::string key = parent + EquipmentSuffix(type, row.Text(1));
-        s.tree.Add(parent, key, EquipmentText(type, row.Text(1)));
+        std::string key = StructureKey(row.Text(3), row.Text(4), row.Text(5));
+        const int parent = s.tree.Require(key);
+        key += EquipmentSuffix(type, row.Text(1));
         s.equipment_list.Add(key, row.Integer(0));
+        s.tree.AddUnder(parent, std::move(key), name + Trim(row.Text(1)));
       });
 }
 
