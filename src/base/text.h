@@ -1,6 +1,7 @@
 // Small helpers on texts. Texts are UTF-8; case is folded for ASCII letters only, as the store does.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,12 @@ void AppendPadded(std::string& to, std::string_view text, std::size_t width);
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+// For hash tables that are searched by texts of any kind, without a copy.
+struct TextHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+};
 
 // Order without regard to case; texts that differ in case only are ordered by their bytes.
 bool LessIgnoringCase(std::string_view a, std::string_view b);

@@ -8,8 +8,9 @@
 namespace merlu {
 
 Control& Form::Add(Control control) {
-  if (!by_name_.emplace(Lower(control.name), controls_.size()).second)
+  if (!by_lower_name_.emplace(Lower(control.name), controls_.size()).second)
     throw std::logic_error("two controls named " + control.name + " on " + name_);
+  by_name_.emplace(control.name, controls_.size());
   if (control.kind == Kind::kTab) {
     control.page_available.assign(control.items.size(), true);
     control.index = 0;
@@ -18,8 +19,10 @@ Control& Form::Add(Control control) {
 }
 
 const Control* Form::Find(std::string_view name) const {
-  const auto found = by_name_.find(Lower(name));
-  return found == by_name_.end() ? nullptr : &controls_[found->second];
+  // the program itself names its controls as they are
+  if (const auto found = by_name_.find(name); found != by_name_.end()) return &controls_[found->second];
+  const auto found = by_lower_name_.find(Lower(name));
+  return found == by_lower_name_.end() ? nullptr : &controls_[found->second];
 }
 
 Control* Form::Find(std::string_view name) {

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "forms/control.h"
 
 namespace merlu {
@@ -51,7 +52,8 @@ class Form {
   std::string name_;
   std::vector<Control> controls_;
   std::vector<Control> design_;
-  std::unordered_map<std::string, std::size_t> by_name_;
+  using Places = std::unordered_map<std::string, std::size_t, TextHash, std::equal_to<>>;
+  Places by_name_, by_lower_name_;
   std::map<std::pair<std::string, Event>, std::function<void()>> handlers_;
 
  public:

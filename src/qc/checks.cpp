@@ -53,7 +53,7 @@ bool CheckRequired(Session& s, QCLocation& location, Control& field) {
 
 bool CheckRange(Session& s, QCLocation& location, Control& field, double low, double high) {
   const bool failed = IsOutside(field, low, high);
-  Judge(s, location, field, failed, RangeText(low, high));
+  if (failed || HasFindings(s, location)) Judge(s, location, field, failed, RangeText(low, high));
   return failed;
 }
 
@@ -66,7 +66,7 @@ bool CheckRequiredRange(Session& s, QCLocation& location, Control& field, double
   } else if (out_of_range) {
     ClearQCError(s, location, field.tag, finding::kBlank);
     Judge(s, location, field, true, RangeText(low, high));
-  } else {
+  } else if (HasFindings(s, location)) {
     ClearQCErrors(s, location, field.tag, {finding::kBlank, RangeText(low, high)});
   }
   MarkField(s, failed, field);
@@ -82,7 +82,7 @@ bool CheckRequiredMarked(Session& s, QCLocation& location, Control& field) {
 bool CheckMin(Session& s, QCLocation& location, Control& field, float minimum) {
   if (CheckRequired(s, location, field)) return true;
   const bool failed = static_cast<float>(LeadingNumber(field.text)) < minimum;
-  Judge(s, location, field, failed, MinText(minimum));
+  if (failed || HasFindings(s, location)) Judge(s, location, field, failed, MinText(minimum));
   return failed;
 }
 

@@ -50,15 +50,36 @@ void BlankOutBelow(QCLocation& location, bool has_structure, bool has_equipment)
   if (!has_equipment) location.EquipType = location.EquipID = "NA";
 }
 
+constexpr const char* kAtLocation =
+    "UserID=? AND CmplxID=? AND StructID=? AND EquipType=? AND EquipID=? AND [Month]=? AND [Year]=? AND [Level]=?";
+
+Values AtLocation(const QCLocation& location) {
+  return {Trim(location.UserID),
+          Trim(location.CmplxID),
+          Trim(location.StructID),
+          location.EquipType,
+          Trim(location.EquipID),
+          std::int64_t{location.Month},
+          std::int64_t{location.Year},
+          location.Level};
+}
+
+bool AnyAt(Session& s, QCLocation& location) {
+  BlankOutBelow(location, !s.current.Is(level::kSurvey), s.current.Is(level::kEquipment));
+  KnownFindings& known = s.known_findings;
+  if (known.changes != s.db.ChangeCount() || known.location != location) {
+    static const std::string kAny = std::string("SELECT EXISTS (SELECT 1 FROM QC WHERE ") + kAtLocation + ")";
+    known = {location, s.db.ChangeCount(), ToInteger(s.db.Single(kAny, AtLocation(location))) != 0};
+  }
+  return known.any;
+}
+
 // The find itself, with faults passed on.
 bool Find(Session& s, QCLocation& location, std::string_view field_id) {
-  BlankOutBelow(location, !s.current.Is(level::kSurvey), s.current.Is(level::kEquipment));
-  return s.At("QC").FindFirstWhere(
-      "UserID=? AND CmplxID=? AND StructID=? AND EquipType=? AND EquipID=? AND [Month]=? AND [Year]=? AND "
-      "[Level]=? AND rtrim(FieldID)=? COLLATE NOCASE",
-      {Trim(location.UserID), Trim(location.CmplxID), Trim(location.StructID), location.EquipType,
-       Trim(location.EquipID), std::int64_t{location.Month}, std::int64_t{location.Year}, location.Level,
-       TrimRight(field_id)});
+  if (!AnyAt(s, location)) return false;
+  Values values = AtLocation(location);
+  values.emplace_back(TrimRight(field_id));
+  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE", std::move(values));
 }
 
 void DeleteCurrent(Session& s) {
@@ -85,6 +106,12 @@ void AddRow(Session& s, const QCLocation& location, const std::string& field_id,
 }
 
 }  // namespace
+
+bool HasFindings(Session& s, QCLocation& location) {
+  bool any = true;
+  OnSheet(s, [&] { any = AnyAt(s, location); });
+  return any;
+}
 
 bool FindQCRecord(Session& s, QCLocation& location, std::string_view field_id) {
   bool found = false;

@@ -23,6 +23,10 @@ inline constexpr const char* kRetiredSum = "Value exceeded by equipment sum";
 // Above equipment level the location's fields below its level become "NA".
 bool FindQCRecord(Session& s, QCLocation& location, std::string_view field_id);
 
+// False when the location has no finding at all, at its own level: then there is none to withdraw. A pass
+// over a sound record asks the store once.
+bool HasFindings(Session& s, QCLocation& location);
+
 // Records a finding. An equal one is left untouched, with its comment; one with another text takes the new
 // text and loses its comment. Level, month and year are those of the session's current location.
 void AddQCError(Session& s, QCLocation& location, const std::string& field_id, const std::string& description);

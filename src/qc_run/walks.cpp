@@ -54,6 +54,8 @@ std::vector<EquipmentRow> EquipmentOf(Session& s, const QCLocation& l, const std
          " e ON e.ED_ID_AK=d.ED_ID_AK JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
          "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?";
   Values values = {Trim(l.UserID), l.CmplxID, l.StructID};
+  // the type leads the index of a structure's equipment
+  sql += " AND d.ED_EQUIP_TYP='" + type + "'";
   if (months) {
     sql += " AND a.EA_MO=? AND a.EA_YR=? ORDER BY a.EA_ID_AK";
     values.insert(values.end(), {std::int64_t{l.Month}, std::int64_t{l.Year}});

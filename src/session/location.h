@@ -24,6 +24,7 @@ struct QCLocation {
   std::string EquipType;  // code of the equipment type
   std::string EquipID;    // the user's equipment ID
 
+  bool operator==(const QCLocation&) const = default;
   bool Is(const char* wanted) const { return Level == wanted; }
 };
 

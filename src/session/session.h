@@ -4,12 +4,13 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "base/text.h"
 #include "forms/desk.h"
 #include "forms/platform.h"
 #include "session/location.h"
@@ -29,11 +30,18 @@ class Cursors {
   void Close() { by_table_.clear(); }
 
  private:
-  std::map<std::string, std::unique_ptr<Cursor>, std::less<>> by_table_;
+  std::unordered_map<std::string, std::unique_ptr<Cursor>, TextHash, std::equal_to<>> by_table_;
 };
 
 inline constexpr std::size_t kPageMemorySize = 19;  // type numbers 0 to 18
 using PageMemory = std::array<std::uint8_t, kPageMemorySize>;
+
+// Whether a location has findings, as of the store's changes so far: with the next change it is not known.
+struct KnownFindings {
+  QCLocation location;
+  std::int64_t changes = -1;
+  bool any = true;
+};
 
 struct Session {
   explicit Session(Platform& platform) : platform(platform) {}
@@ -65,6 +73,8 @@ struct Session {
   std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;  // rows of the hierarchy cursors
   std::string node_status;  // of the selected structure month: "A", "I" or empty
   std::string status_text;  // what the status bar shows: the path of the selected node
+
+  KnownFindings known_findings;  // of the location that was asked about last
 
   // The edit
   bool editing = false;

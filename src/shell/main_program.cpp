@@ -78,6 +78,7 @@ void Main(Session& s) {
 }
 
 void CloseDatabase(Session& s) {
+  s.known_findings = {};
   s.cursors.Close();
   s.db.Close();
 }

@@ -12,6 +12,7 @@ constexpr const char* kSource = "MERLU store";
 
 Cursor::Cursor(Database& db, std::string table) : db_(db), table_(std::move(table)) {
   columns_ = db_.Query("SELECT * FROM [" + table_ + "] LIMIT 0").columns;
+  for (std::size_t i = 0; i < columns_.size(); ++i) places_.emplace(columns_[i], i);
   select_ = "SELECT rowid,* FROM [" + table_ + "] ";
   MoveFirst();
 }
@@ -85,6 +86,7 @@ bool Cursor::FindNext() {
 }
 
 std::size_t Cursor::ColumnIndex(std::string_view column) const {
+  if (const auto found = places_.find(column); found != places_.end()) return found->second;
   for (std::size_t i = 0; i < columns_.size(); ++i)
     if (EqualsIgnoringCase(columns_[i], column)) return i;
   throw Fault(fault_number::kNoSuchItem, kSource,

@@ -9,9 +9,11 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "store/database.h"
 #include "store/value.h"
 
@@ -78,6 +80,7 @@ class Cursor {
   std::string table_;
   std::string select_;
   std::vector<std::string> columns_;
+  std::unordered_map<std::string, std::size_t, TextHash, std::equal_to<>> places_;  // of the columns
   Position position_ = Position::kEmpty;
   std::int64_t row_id_ = 0;
   Values row_;

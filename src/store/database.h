@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/text.h"
 #include "store/value.h"
 
 struct sqlite3;
@@ -101,10 +102,6 @@ class Database {
 
   struct Finalizer {
     void operator()(sqlite3_stmt* statement) const;
-  };
-  struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
   };
   using Cache = std::unordered_map<std::string, std::unique_ptr<sqlite3_stmt, Finalizer>, TextHash, std::equal_to<>>;
 
