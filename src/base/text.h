@@ -25,4 +25,9 @@ std::string FirstCharacters(std::string_view text, std::size_t count);
 std::string LastCharacters(std::string_view text, std::size_t count);
 std::size_t CountCharacters(std::string_view text);
 
+// The text with U+FFFD for every byte that is no part of a UTF-8 character.
+std::string ValidUtf8(std::string_view text);
+// The text in UTF-16; what is no UTF-8 becomes U+FFFD as well.
+std::u16string ToUtf16(std::string_view text);
+
 }  // namespace merlu

@@ -53,9 +53,27 @@ QMessageBox::Icon Picture(Icon icon) {
 }
 
 // Both cases of the pattern: names are matched without regard to case.
-QString Filter(const FileQuestion& question) {
-  const QString pattern = Q(question.pattern);
-  return Q(question.filter_name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
+QString Filter(const std::string& name, const std::string& of) {
+  const QString pattern = Q(of);
+  return Q(name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
+}
+
+// The types of files in the dialog's list; the one that is chosen gives a name without extension its own.
+void OfferTypes(QFileDialog& dialog, const FileQuestion& question) {
+  QStringList filters = {Filter(question.filter_name, question.pattern)};
+  std::vector<QString> suffixes = {Q(question.extension)};
+  for (const FileQuestion::Type& type : question.others) {
+    filters << Filter(type.filter_name, type.pattern);
+    suffixes.push_back(Q(type.extension));
+  }
+  // a name that tells its pattern need not be told it again
+  dialog.setOption(QFileDialog::HideNameFilterDetails, question.filter_name.find('*') != std::string::npos);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(suffixes.front());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, filters, suffixes](const QString& filter) {
+    const auto at = filters.indexOf(filter);
+    if (at >= 0) dialog.setDefaultSuffix(suffixes[static_cast<std::size_t>(at)]);
+  });
 }
 
 }  // namespace
@@ -172,12 +190,11 @@ Button DesktopApp::Ask(const Box& box) {
 }
 
 std::string DesktopApp::AskFile(const FileQuestion& question) {
-  QFileDialog dialog(Parent(), Q(question.title), QString(), Filter(question));
+  QFileDialog dialog(Parent(), Q(question.title));
   const bool save = question.kind == FileQuestion::Kind::kSave;
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  QString suffix = Q(question.extension);
-  dialog.setDefaultSuffix(suffix.startsWith('.') ? suffix.mid(1) : suffix);
+  OfferTypes(dialog, question);
   dialog.setDirectory(QFileInfo(Q(session_.path)).absolutePath());
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
   return dialog.selectedFiles().first().toStdString();

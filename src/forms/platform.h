@@ -36,7 +36,14 @@ struct FileQuestion {
   std::string filter_name;  // "MERLU Database"
   std::string pattern;      // "*.MDB"; matches without regard to case
   std::string extension;    // appended to a name that has none, e.g. ".MDB"
+  struct Type {
+    std::string filter_name, pattern, extension;
+  };
+  std::vector<Type> others;  // further types that the user can choose
 };
+
+// The path with the extension when its name has none.
+std::string WithExtension(const std::string& path, const std::string& extension);
 
 // What a wait screen shows.
 struct WaitScreen {

@@ -11,6 +11,7 @@
 #include "shell/edit_modes.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
+#include "shell/spreadsheet.h"
 
 namespace merlu {
 namespace {
@@ -31,6 +32,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFBar1", "-", "mnuFile", nullptr},
     {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", nullptr},
     {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", nullptr},
+    {"mnuSExport", "Export Struct/Equip Desc to &Spreadsheet", "mnuFile", ExportSpreadsheet},
     {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", ExportAnnualSummary},
     {"mnuFBar2", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},

@@ -30,6 +30,11 @@ bool FileExists(const std::string& path) {
   return fs::exists(path, error);
 }
 
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code error;
+  return fs::equivalent(one, other, error) && !error;
+}
+
 bool CanWriteFolder(const std::string& folder) {
   // permissions alone do not tell: a file system may refuse whoever asks
   std::string probe = WithSeparator(folder) + ".merluXXXXXX";
@@ -81,6 +86,9 @@ void CompactInto(const std::string& from, const std::string& to) {
 
 void RemoveFile(const std::string& path) {
   std::error_code error;
+  // an empty folder would go without a word
+  if (fs::is_directory(path, error))
+    throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": it is a folder.");
   if (fs::remove(path, error)) return;
   if (!error) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + path);
   throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": " + error.message() + ".");
