@@ -126,7 +126,8 @@ void WriteCompoundFile(const std::string& path, std::string_view stream, const s
   for (const Bytes& tail : {AllocationTable(plan), TableList(plan), Directory(plan, stream)}) put(tail.data);
   out.close();
   if (!out)
-    throw Fault(fault_number::kFileAccess, kSource, "Cannot write the file " + path + ": " + std::strerror(errno) + ".");
+    throw Fault(fault_number::kFileAccess, kSource,
+                "Cannot write the file " + path + ": " + std::strerror(errno) + ".");
 }
 
 }  // namespace merlu

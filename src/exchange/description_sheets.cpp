@@ -40,7 +40,7 @@ constexpr std::array<ExportedTable, 19> kTables = {{
 constexpr int kHeadRows = 6;  // the last of them with the names of the fields
 constexpr double kNarrowest = 8, kWidest = 60;
 constexpr double kMargin = 1.5;
-constexpr double kBold = 1.15;  // times the width of the same text in the plain font
+constexpr double kBold = 1.1;  // times the width of the same text in the plain font
 constexpr int kProgressEvery = 500;
 
 struct Column {

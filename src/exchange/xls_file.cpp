@@ -40,7 +40,8 @@ enum class Part : unsigned { kWorkbook = 0x0005, kSheet = 0x0010 };
 
 void PutBegin(Bytes& out, Part part) {
   // version 8, written by a build of 1997
-  PutRecord(out, Type::kBegin, Bytes().U16(0x0600).U16(static_cast<unsigned>(part)).U16(0x0DBB).U16(0x07CC).U32(0).U32(6));
+  PutRecord(out, Type::kBegin,
+            Bytes().U16(0x0600).U16(static_cast<unsigned>(part)).U16(0x0DBB).U16(0x07CC).U32(0).U32(6));
 }
 
 void PutFont(Bytes& out, const char* name, bool bold) {
@@ -58,8 +59,8 @@ void PutFonts(Bytes& out) {
 
 struct CellFormat {
   unsigned font, number;
-  bool style;        // a style, not a cell
-  unsigned own;      // what the cell does not take over from its style
+  bool style;    // a style, not a cell
+  unsigned own;  // what the cell does not take over from its style
   bool grey;
 };
 
@@ -97,8 +98,7 @@ Bytes WorkbookHead() {
   Bytes out;
   PutBegin(out, Part::kWorkbook);
   PutRecord(out, Type::kCodePage, Bytes().U16(0x04B0));  // UTF-16
-  PutRecord(out, Type::kWindow1,
-            Bytes().U16(0).U16(0).U16(0x6000).U16(0x3000).U16(0x38).U16(0).U16(0).U16(1).U16(600));
+  PutRecord(out, Type::kWindow1, Bytes().U16(0).U16(0).U16(0x6000).U16(0x3000).U16(0x38).U16(0).U16(0).U16(1).U16(600));
   PutRecord(out, Type::kDate1904, Bytes().U16(0));
   PutFonts(out);
   Bytes date;
@@ -159,7 +159,12 @@ void PutCells(Bytes& out, SharedTexts& texts, const Sheet& sheet) {
   std::size_t columns = 0;
   for (const SheetRow& row : sheet.rows) columns = std::max(columns, row.cells.size());
   PutRecord(out, Type::kDimensions,
-            Bytes().U32(0).U32(static_cast<std::uint32_t>(sheet.rows.size())).U16(0).U16(static_cast<unsigned>(columns)).U16(0));
+            Bytes()
+                .U32(0)
+                .U32(static_cast<std::uint32_t>(sheet.rows.size()))
+                .U16(0)
+                .U16(static_cast<unsigned>(columns))
+                .U16(0));
   for (std::size_t row = 0; row < sheet.rows.size(); ++row) {
     const SheetRow& content = sheet.rows[row];
     for (std::size_t column = 0; column < content.cells.size(); ++column)
@@ -172,11 +177,18 @@ void PutView(Bytes& out, const Sheet& sheet, bool first) {
   constexpr unsigned kTopPane = 3, kBottomPane = 2;
   const auto rows = static_cast<unsigned>(sheet.frozen_rows);
   PutRecord(out, Type::kWindow2,
-            Bytes().U16(kUsual | (rows > 0 ? kFrozen : 0) | (first ? kShowing : 0)).U16(0).U16(0).U16(0x40).U16(0).U16(0).U16(0).U32(0));
+            Bytes()
+                .U16(kUsual | (rows > 0 ? kFrozen : 0) | (first ? kShowing : 0))
+                .U16(0)
+                .U16(0)
+                .U16(0x40)
+                .U16(0)
+                .U16(0)
+                .U16(0)
+                .U32(0));
   if (rows > 0) PutRecord(out, Type::kPane, Bytes().U16(0).U16(rows).U16(rows).U16(0).U16(kBottomPane));
   const auto select = [&out](unsigned pane, unsigned row) {
-    PutRecord(out, Type::kSelection,
-              Bytes().U8(pane).U16(row).U16(0).U16(0).U16(1).U16(row).U16(row).U8(0).U8(0));
+    PutRecord(out, Type::kSelection, Bytes().U8(pane).U16(row).U16(0).U16(0).U16(1).U16(row).U16(row).U8(0).U8(0));
   };
   select(kTopPane, 0);
   if (rows > 0) select(kBottomPane, rows);

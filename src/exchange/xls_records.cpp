@@ -30,15 +30,22 @@ void PutUnits(Bytes& body, std::u16string_view units, bool wide) {
   for (const char16_t unit : units) wide ? body.U16(unit) : body.U8(unit);
 }
 
+// How many units of the text go into the room, with pairs left whole: readers take each record's part for itself.
+std::size_t PartThatFits(std::u16string_view text, std::size_t room) {
+  if (text.size() <= room) return text.size();
+  const bool first_of_pair = text[room - 1] >= 0xD800 && text[room - 1] < 0xDC00;
+  return first_of_pair ? room - 1 : room;
+}
+
 void PutText(LongRecord& record, std::u16string_view text) {
   constexpr std::size_t kHead = 3;
   const bool wide = std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 0xFF; });
   const std::size_t each = wide ? 2 : 1;
-  // the head must not be torn, and stands with the beginning of its text
-  if (record.Room() < kHead + each) record.Break();
+  // the head must not be torn, and stands with at least one character
+  if (record.Room() < kHead + 2 * each) record.Break();
   record.body().U16(static_cast<unsigned>(text.size())).U8(wide);
   while (true) {
-    const std::size_t count = std::min(text.size(), record.Room() / each);
+    const std::size_t count = PartThatFits(text, record.Room() / each);
     PutUnits(record.body(), text.substr(0, count), wide);
     text.remove_prefix(count);
     if (text.empty()) return;

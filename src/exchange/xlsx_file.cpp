@@ -19,7 +19,8 @@ constexpr double kLargest = 1.797693134862315e308;
 void Check(lxw_error error) {
   if (error == LXW_NO_ERROR) return;
   const bool file = error == LXW_ERROR_CREATING_XLSX_FILE || error == LXW_ERROR_CREATING_TMPFILE ||
-                    error == LXW_ERROR_READING_TMPFILE || (error >= LXW_ERROR_ZIP_FILE_OPERATION && error <= LXW_ERROR_ZIP_CLOSE);
+                    error == LXW_ERROR_READING_TMPFILE ||
+                    (error >= LXW_ERROR_ZIP_FILE_OPERATION && error <= LXW_ERROR_ZIP_CLOSE);
   throw Fault(file ? fault_number::kFileAccess : fault_number::kOther, kSource, lxw_strerror(error));
 }
 
@@ -61,9 +62,7 @@ struct CellWriter {
   void operator()(double value) const {
     Check(worksheet_write_number(sheet, row, column, std::clamp(value, -kLargest, kLargest), format));
   }
-  void operator()(SerialDate date) const {
-    Check(worksheet_write_number(sheet, row, column, date.days, date_format));
-  }
+  void operator()(SerialDate date) const { Check(worksheet_write_number(sheet, row, column, date.days, date_format)); }
   void operator()(const std::string& text) const {
     Check(worksheet_write_string(sheet, row, column, Escaped(text).c_str(), format));
   }
