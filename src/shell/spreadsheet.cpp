@@ -37,18 +37,16 @@ std::string AskPath(Session& s) {
   return answer == Button::kYes ? path : "";
 }
 
-void MakeRoom(Session& s, const std::string& path) {
+void MakeRoom(const std::string& path) {
   const std::string folder = std::filesystem::path(path).parent_path().string();
   if (!CanWriteFolder(folder.empty() ? "." : folder))
     throw Fault(fault_number::kFileAccess, kSource,
                 "Cannot make the file " + path + ": its folder does not exist or cannot be written to.");
-  if (IsSameFile(path, s.path))
-    throw Fault(fault_number::kFileAccess, kSource, "The file " + path + " is the open database.");
   if (FileExists(path)) RemoveFile(path);
 }
 
 void WriteDescriptions(Session& s, const std::string& path) {
-  MakeRoom(s, path);
+  MakeRoom(path);
   const auto file = IsXlsx(path) ? NewXlsx(path) : NewXls(path);
   ExportDescriptions(s.db, *file, [&s](std::string_view table, int done, int total) {
     Progress(s, "Exporting " + std::string(table), done, total);

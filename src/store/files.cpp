@@ -30,11 +30,6 @@ bool FileExists(const std::string& path) {
   return fs::exists(path, error);
 }
 
-bool IsSameFile(const std::string& one, const std::string& other) {
-  std::error_code error;
-  return fs::equivalent(one, other, error) && !error;
-}
-
 bool CanWriteFolder(const std::string& folder) {
   // permissions alone do not tell: a file system may refuse whoever asks
   std::string probe = WithSeparator(folder) + ".merluXXXXXX";

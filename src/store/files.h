@@ -8,8 +8,6 @@
 namespace merlu {
 
 bool FileExists(const std::string& path);
-// Whether both paths lead to one file that is there.
-bool IsSameFile(const std::string& one, const std::string& other);
 // Whether a file can be made in the folder.
 bool CanWriteFolder(const std::string& folder);
 // The folder with a separator at its end.

@@ -188,9 +188,10 @@ TEST_F(DescriptionSheets, hold_a_number_that_no_cell_can_hold_as_a_text) {
   EXPECT_TRUE(std::holds_alternative<std::string>(sheet.rows[6].cells[8]));
   EXPECT_TRUE(std::holds_alternative<double>(sheet.rows[6].cells[7]));
   Export(folder.path("largest.xlsx"));
-  const Finished read = Python("-c \"import openpyxl,sys; print(openpyxl.load_workbook(sys.argv[1])"
-                               "['PD_PLATFORM_DESC']['H7'].value > 1.79e308)\" '" +
-                               folder.path("largest.xlsx") + "'");
+  const Finished read = Python(
+      "-c \"import openpyxl,sys; print(openpyxl.load_workbook(sys.argv[1])"
+      "['PD_PLATFORM_DESC']['H7'].value > 1.79e308)\" '" +
+      folder.path("largest.xlsx") + "'");
   EXPECT_EQ(read.output, "True\n");
 }
 

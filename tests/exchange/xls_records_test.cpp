@@ -117,7 +117,9 @@ TEST(XlsRecord, names_carry_their_length_in_one_byte_or_two) {
   PutShortName(one, "Arial");
   PutLongName(two, "0.00");
   EXPECT_EQ(one.data, std::string("\x05\0Arial", 7));
-  EXPECT_EQ(two.data, std::string("\x04\0\0" "0.00", 7));
+  EXPECT_EQ(two.data, std::string("\x04\0\0"
+                                  "0.00",
+                                  7));
 }
 
 TEST(SharedTexts, keep_each_text_once_and_count_its_uses) {
