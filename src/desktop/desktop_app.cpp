@@ -53,26 +53,25 @@ QMessageBox::Icon Picture(Icon icon) {
 }
 
 // Both cases of the pattern: names are matched without regard to case.
-QString Filter(const std::string& name, const std::string& of) {
-  const QString pattern = Q(of);
-  return Q(name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
+QString Filter(const FileQuestion::Type& type) {
+  const QString pattern = Q(type.pattern);
+  return Q(type.filter_name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
 }
 
 // The types of files in the dialog's list; the one that is chosen gives a name without extension its own.
 void OfferTypes(QFileDialog& dialog, const FileQuestion& question) {
-  QStringList filters = {Filter(question.filter_name, question.pattern)};
-  std::vector<QString> suffixes = {Q(question.extension)};
-  for (const FileQuestion::Type& type : question.others) {
-    filters << Filter(type.filter_name, type.pattern);
-    suffixes.push_back(Q(type.extension));
-  }
+  std::vector<FileQuestion::Type> types = {{question.filter_name, question.pattern, question.extension}};
+  types.insert(types.end(), question.others.begin(), question.others.end());
+  QStringList filters;
+  for (const FileQuestion::Type& type : types) filters << Filter(type);
   // a name that tells its pattern need not be told it again
   dialog.setOption(QFileDialog::HideNameFilterDetails, question.filter_name.find('*') != std::string::npos);
   dialog.setNameFilters(filters);
-  dialog.setDefaultSuffix(suffixes.front());
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, filters, suffixes](const QString& filter) {
-    const auto at = filters.indexOf(filter);
-    if (at >= 0) dialog.setDefaultSuffix(suffixes[static_cast<std::size_t>(at)]);
+  dialog.setDefaultSuffix(Q(question.extension));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, types](const QString& filter) {
+    // with or without the pattern behind the name
+    for (const FileQuestion::Type& type : types)
+      if (filter.startsWith(Q(type.filter_name).trimmed())) dialog.setDefaultSuffix(Q(type.extension));
   });
 }
 

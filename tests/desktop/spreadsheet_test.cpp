@@ -16,7 +16,7 @@ class SpreadsheetWindow : public testing::Test {
     driver.Start();
   }
   // The name typed, the type of file chosen by its place in the list.
-  void Export(const QString& name, int type) {
+  void Export(const std::string& name, int type) {
     driver.OnNextBox();
     driver.OnNextModal([this, name, type](QWidget* widget) {
       auto* dialog = qobject_cast<QFileDialog*>(widget);
@@ -26,9 +26,10 @@ class SpreadsheetWindow : public testing::Test {
       offered = {types->itemText(0), types->itemText(1)};
       types->setCurrentIndex(type);
       emit types->activated(type);
+      emit types->textActivated(types->currentText());
       auto* line = dialog->findChild<QLineEdit*>("fileNameEdit");
       line->clear();
-      QTest::keyClicks(line, QString::fromStdString(driver.folder().path("")) + name);
+      QTest::keyClicks(line, QString::fromStdString(driver.folder().path(name)));
       QTest::keyClick(line, Qt::Key_Return);
     });
     driver.OnNextBox();

@@ -138,9 +138,8 @@ TEST_F(Spreadsheet, asks_before_it_replaces_a_file_whose_name_nobody_typed) {
 TEST_F(Spreadsheet, into_a_folder_that_is_not_there_is_told) {
   run.Start();
   for (const char* name : {"none/out.xls", "none/out.xlsx"})
-    EXPECT_EQ(ExportTo(path(name)),
-              std::vector<std::string>{"75 Cannot make the file " + path(name) +
-                                       ": its folder does not exist or cannot be written to."});
+    EXPECT_EQ(ExportTo(path(name)), std::vector<std::string>{"75 Cannot make the file " + path(name) +
+                                                             ": its folder does not exist or cannot be written to."});
   EXPECT_FALSE(run.s.wait.showing);
 }
 
