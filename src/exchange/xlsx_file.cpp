@@ -1,8 +1,14 @@
 // A workbook as an .xlsx file, by libxlsxwriter.
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
 #include <cctype>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
 
 #include "base/fault.h"
 #include "exchange/workbook.h"
@@ -16,12 +22,31 @@ constexpr const char* kSource = "MERLU spreadsheet";
 // The library writes 16 digits, and those of the largest doubles round to what is no number any more.
 constexpr double kLargest = 1.797693134862315e308;
 
+// What the parts of a workbook take that are not its rows.
+constexpr long kSmallParts = 1 << 20;
+
+[[noreturn]] void FailWrite(const std::string& path, const std::string& why) {
+  throw Fault(fault_number::kFileAccess, kSource, "Cannot write the file " + path + ": " + why + ".");
+}
+
 void Check(lxw_error error) {
-  if (error == LXW_NO_ERROR) return;
-  const bool file = error == LXW_ERROR_CREATING_XLSX_FILE || error == LXW_ERROR_CREATING_TMPFILE ||
-                    error == LXW_ERROR_READING_TMPFILE ||
-                    (error >= LXW_ERROR_ZIP_FILE_OPERATION && error <= LXW_ERROR_ZIP_CLOSE);
-  throw Fault(file ? fault_number::kFileAccess : fault_number::kOther, kSource, lxw_strerror(error));
+  if (error != LXW_NO_ERROR) throw Fault(fault_number::kOther, kSource, lxw_strerror(error));
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+// Whether the folder's disk takes so many bytes more: 0, or the system's number of the error.
+int TryRoom(const std::string& folder, long bytes) {
+  std::string name = folder + "/.merluXXXXXX";
+  const int file = ::mkstemp(name.data());
+  if (file < 0) return errno;
+  ::unlink(name.c_str());
+  const int error = ::posix_fallocate(file, 0, bytes);
+  ::close(file);
+  return error;
 }
 
 // Whether the text begins with an escape as the format has them: _x0041_
@@ -70,11 +95,12 @@ struct CellWriter {
 
 class XlsxFile : public WorkbookFile {
  public:
-  explicit XlsxFile(const std::string& path) : path_(path) {
+  explicit XlsxFile(const std::string& path) : path_(path), folder_(FolderOf(path)) {
     lxw_workbook_options options = {};
+    options.tmpdir = folder_.data();
     options.constant_memory = LXW_TRUE;  // rows go to the disk as they come
     workbook_ = workbook_new_opt(path.c_str(), &options);
-    if (workbook_ == nullptr) throw Fault(fault_number::kFileAccess, kSource, "Cannot write the file " + path + ".");
+    if (workbook_ == nullptr) FailWrite(path, std::strerror(errno));
     heading_ = workbook_add_format(workbook_);
     format_set_font_name(heading_, kHeadingFont);
     format_set_bold(heading_);
@@ -90,7 +116,8 @@ class XlsxFile : public WorkbookFile {
   void Add(const Sheet& sheet) override {
     CheckFits(sheet, kLimits);
     lxw_worksheet* out = workbook_add_worksheet(workbook_, sheet.name.c_str());
-    if (out == nullptr) throw Fault(fault_number::kFileAccess, kSource, "There is no room for temporary files.");
+    if (out == nullptr) FailWrite(path_, std::strerror(errno));
+    sheets_.push_back(out);
     for (lxw_col_t column = 0; column < sheet.widths.size(); ++column)
       Check(worksheet_set_column(out, column, column, sheet.widths[column], nullptr));
     if (sheet.frozen_rows > 0) worksheet_freeze_panes(out, static_cast<lxw_row_t>(sheet.frozen_rows), 0);
@@ -98,13 +125,25 @@ class XlsxFile : public WorkbookFile {
   }
 
   void Write() override {
+    SeeRoom();
     const lxw_error error = workbook_close(workbook_);
     workbook_ = nullptr;  // closing frees it
-    if (error == LXW_NO_ERROR) return;
-    throw Fault(fault_number::kFileAccess, kSource, "Cannot write the file " + path_ + ": " + lxw_strerror(error));
+    if (error != LXW_NO_ERROR) FailWrite(path_, lxw_strerror(error));
   }
 
  private:
+  // The library does not look whether its temporary files take what it writes, and would make a workbook of torn
+  // sheets. So the rows written so far are looked at, and room is tried for a second copy of them and the file.
+  void SeeRoom() const {
+    long bytes = 0;
+    for (const lxw_worksheet* sheet : sheets_) {
+      std::FILE* rows = sheet->optimize_tmpfile;
+      if (std::fflush(rows) != 0 || std::ferror(rows) != 0) FailWrite(path_, std::strerror(errno));
+      bytes += std::ftell(rows);
+    }
+    if (const int error = TryRoom(folder_, 2 * bytes + kSmallParts)) FailWrite(path_, std::strerror(error));
+  }
+
   void PutRow(lxw_worksheet* out, lxw_row_t row, const SheetRow& content) const {
     for (lxw_col_t column = 0; column < content.cells.size(); ++column) {
       lxw_format* format = column < content.headings ? heading_ : nullptr;
@@ -112,7 +151,8 @@ class XlsxFile : public WorkbookFile {
     }
   }
 
-  std::string path_;
+  std::string path_, folder_;  // temporary files lie in the file's folder
+  std::vector<lxw_worksheet*> sheets_;
   lxw_workbook* workbook_ = nullptr;
   lxw_format* heading_ = nullptr;
   lxw_format* date_ = nullptr;

@@ -2,8 +2,10 @@
 #include "exchange/description_sheets.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
+#include <csignal>
 #include <limits>
 
 #include "base/fault.h"
@@ -236,6 +238,38 @@ TEST_F(DescriptionSheets, on_a_disk_that_takes_nothing_are_a_fault) {
   for (const bool xlsx : {false, true}) {
     const auto file = xlsx ? NewXlsx("/dev/full") : NewXls("/dev/full");
     EXPECT_THROW(ExportDescriptions(db, *file, [](std::string_view, int, int) {}), Fault) << xlsx;
+  }
+}
+
+// No file of this process grows beyond a size, as on a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t size) {
+    before_ = std::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &limit_);
+    const rlimit small = {size, limit_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &limit_);
+    std::signal(SIGXFSZ, before_);
+  }
+
+ private:
+  rlimit limit_{};
+  void (*before_)(int) = nullptr;
+};
+
+TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_are_a_fault_and_no_workbook) {
+  FillEveryTable(60);
+  for (const char* name : {"full.xls", "full.xlsx"}) {
+    Export(folder.path(name));
+    const std::uint64_t whole = FileSize(folder.path(name));
+    for (const rlim_t size : {whole / 10, whole / 2, whole - 1}) {
+      const FullDisk full(size);
+      EXPECT_THROW(Export(folder.path(name)), Fault) << name << " " << size;
+      EXPECT_NE(CheckWorkbook(database, folder.path(name)).status, 0) << name << " " << size;
+    }
   }
 }
 
