@@ -22,6 +22,7 @@ constexpr unsigned kPlainFont = 0, kBoldFont = 5;
 constexpr unsigned kGeneralNumber = 0, kDateNumber = 164;
 constexpr unsigned kDigit = 256;         // widths of columns count in parts of a digit
 constexpr unsigned kWidest = 255;        // digits
+constexpr unsigned kRowHeight = 255;     // in twentieths of a point
 constexpr unsigned kFirstColour = 8;     // number of the palette's first entry
 constexpr unsigned kGreyEntry = 22 - 8;  // the light grey, which becomes ours
 constexpr unsigned kGreyColour = kFirstColour + kGreyEntry;
@@ -36,12 +37,17 @@ constexpr std::array<unsigned, 56> kPalette = {
     0x3366FF, 0x33CCCC, 0x99CC00, 0xFFCC00, 0xFF9900, 0xFF6600, 0x666699, 0x969696, 0x003366, 0x339966,
     0x003300, 0x333300, 0x993300, 0x993366, 0x333399, 0x333333};
 
+Bytes Words(std::initializer_list<unsigned> values) {
+  Bytes words;
+  for (const unsigned value : values) words.U16(value);
+  return words;
+}
+
 enum class Part : unsigned { kWorkbook = 0x0005, kSheet = 0x0010 };
 
 void PutBegin(Bytes& out, Part part) {
   // version 8, written by a build of 1997
-  PutRecord(out, Type::kBegin,
-            Bytes().U16(0x0600).U16(static_cast<unsigned>(part)).U16(0x0DBB).U16(0x07CC).U32(0).U32(6));
+  PutRecord(out, Type::kBegin, Words({0x0600, static_cast<unsigned>(part), 0x0DBB, 0x07CC, 0, 0, 6, 0}));
 }
 
 void PutFont(Bytes& out, const char* name, bool bold) {
@@ -94,19 +100,23 @@ void PutPalette(Bytes& out) {
 }
 
 // What stands before the list of sheets.
-Bytes WorkbookHead() {
-  Bytes out;
+Bytes WorkbookHead(std::size_t sheets) {
+  Bytes out, numbers, date;
   PutBegin(out, Part::kWorkbook);
-  PutRecord(out, Type::kCodePage, Bytes().U16(0x04B0));  // UTF-16
-  PutRecord(out, Type::kWindow1, Bytes().U16(0).U16(0).U16(0x6000).U16(0x3000).U16(0x38).U16(0).U16(0).U16(1).U16(600));
-  PutRecord(out, Type::kDate1904, Bytes().U16(0));
+  PutSettings(out, {{Type::kCodePage, 0x04B0}, {Type::kOldCopy, 0}});  // UTF-16
+  for (unsigned sheet = 1; sheet <= sheets; ++sheet) numbers.U16(sheet);
+  PutRecord(out, Type::kSheetNumbers, numbers);
+  PutSettings(out, {{Type::kFunctionGroups, 14}, {Type::kWindowProtect, 0}, {Type::kProtect, 0}, {Type::kPassword, 0}});
+  PutRecord(out, Type::kWindow1, Words({0, 0, 0x6000, 0x3000, 0x38, 0, 0, 1, 600}));
+  PutSettings(out, {{Type::kBackup, 0}, {Type::kHideObjects, 0}, {Type::kDate1904, 0}});
+  PutSettings(out, {{Type::kPrecision, 1}, {Type::kRefreshAll, 0}, {Type::kBookOptions, 0}});
   PutFonts(out);
-  Bytes date;
   date.U16(kDateNumber);
   PutLongName(date, kDateFormat);
   PutRecord(out, Type::kNumberFormat, date);
   PutCellFormats(out);
   PutPalette(out);
+  PutSettings(out, {{Type::kNaturalFormulas, 0}});
   return out;
 }
 
@@ -119,6 +129,21 @@ Bytes BoundSheet(std::size_t offset, const std::string& name) {
 }
 
 // ---- sheets ----
+
+// How a sheet calculates and prints: as a new one does.
+void PutSheetSettings(Bytes& out) {
+  PutSettings(out, {{Type::kCalculationMode, 1}, {Type::kCalculationCount, 100}, {Type::kReferenceMode, 1}});
+  PutSettings(out, {{Type::kIteration, 0}});
+  PutRecord(out, Type::kCalculationDelta, Bytes().F64(0.001));
+  PutSettings(out,
+              {{Type::kSaveRecalculated, 1}, {Type::kPrintHeaders, 0}, {Type::kPrintGrid, 0}, {Type::kGridSet, 1}});
+  PutRecord(out, Type::kGutters, Bytes().Fill(8));
+  PutRecord(out, Type::kRowHeight, Bytes().U16(0).U16(kRowHeight));
+  PutSettings(out, {{Type::kSheetOptions, 0x04C1}});
+  PutRecord(out, Type::kHeader, Bytes());
+  PutRecord(out, Type::kFooter, Bytes());
+  PutSettings(out, {{Type::kCentreAcross, 0}, {Type::kCentreDown, 0}, {Type::kColumnWidth, 8}});
+}
 
 Bytes At(std::size_t row, std::size_t column, unsigned format) {
   Bytes body;
@@ -151,9 +176,24 @@ struct CellWriter {
 void PutColumns(Bytes& out, const std::vector<int>& widths) {
   for (unsigned column = 0; column < widths.size(); ++column) {
     const unsigned width = std::min(static_cast<unsigned>(widths[column]), kWidest) * kDigit;
-    PutRecord(out, Type::kColumn, Bytes().U16(column).U16(column).U16(width).U16(kPlain).U16(0).U16(0));
+    PutRecord(out, Type::kColumn, Words({column, column, width, kPlain, 0, 0}));
   }
 }
+
+void PutRowHead(Bytes& out, std::size_t row, const SheetRow& content) {
+  if (content.cells.empty()) return;
+  constexpr std::uint32_t kUsual = 0x000F0100;  // of usual height, cells without a format of the row's
+  PutRecord(out, Type::kRow,
+            At(row, 0, static_cast<unsigned>(content.cells.size())).U16(kRowHeight).U16(0).U16(0).U32(kUsual));
+}
+
+void PutRowCells(Bytes& out, SharedTexts& texts, std::size_t row, const SheetRow& content) {
+  for (std::size_t column = 0; column < content.cells.size(); ++column)
+    std::visit(CellWriter{out, texts, row, column, column < content.headings}, content.cells[column]);
+}
+
+// Rows come in blocks: the heads of all, then the cells of all.
+constexpr std::size_t kRowBlock = 32;
 
 void PutCells(Bytes& out, SharedTexts& texts, const Sheet& sheet) {
   std::size_t columns = 0;
@@ -165,10 +205,10 @@ void PutCells(Bytes& out, SharedTexts& texts, const Sheet& sheet) {
                 .U16(0)
                 .U16(static_cast<unsigned>(columns))
                 .U16(0));
-  for (std::size_t row = 0; row < sheet.rows.size(); ++row) {
-    const SheetRow& content = sheet.rows[row];
-    for (std::size_t column = 0; column < content.cells.size(); ++column)
-      std::visit(CellWriter{out, texts, row, column, column < content.headings}, content.cells[column]);
+  for (std::size_t first = 0; first < sheet.rows.size(); first += kRowBlock) {
+    const std::size_t last = std::min(first + kRowBlock, sheet.rows.size());
+    for (std::size_t row = first; row < last; ++row) PutRowHead(out, row, sheet.rows[row]);
+    for (std::size_t row = first; row < last; ++row) PutRowCells(out, texts, row, sheet.rows[row]);
   }
 }
 
@@ -176,17 +216,9 @@ void PutView(Bytes& out, const Sheet& sheet, bool first) {
   constexpr unsigned kUsual = 0x00B6, kFrozen = 0x0108, kShowing = 0x0600;
   constexpr unsigned kTopPane = 3, kBottomPane = 2;
   const auto rows = static_cast<unsigned>(sheet.frozen_rows);
-  PutRecord(out, Type::kWindow2,
-            Bytes()
-                .U16(kUsual | (rows > 0 ? kFrozen : 0) | (first ? kShowing : 0))
-                .U16(0)
-                .U16(0)
-                .U16(0x40)
-                .U16(0)
-                .U16(0)
-                .U16(0)
-                .U32(0));
-  if (rows > 0) PutRecord(out, Type::kPane, Bytes().U16(0).U16(rows).U16(rows).U16(0).U16(kBottomPane));
+  const unsigned options = kUsual | (rows > 0 ? kFrozen : 0) | (first ? kShowing : 0);
+  PutRecord(out, Type::kWindow2, Words({options, 0, 0, kWindowText, 0, 0, 0, 0, 0}));
+  if (rows > 0) PutRecord(out, Type::kPane, Words({0, rows, rows, 0, kBottomPane}));
   const auto select = [&out](unsigned pane, unsigned row) {
     PutRecord(out, Type::kSelection, Bytes().U8(pane).U16(row).U16(0).U16(0).U16(1).U16(row).U16(row).U8(0).U8(0));
   };
@@ -202,7 +234,7 @@ class XlsFile : public WorkbookFile {
     CheckFits(sheet, kLimits);
     Bytes& out = parts_.emplace_back(sheet.name, Bytes()).second;
     PutBegin(out, Part::kSheet);
-    PutRecord(out, Type::kSheetOptions, Bytes().U16(0x04C1));
+    PutSheetSettings(out);
     PutColumns(out, sheet.widths);
     PutCells(out, texts_, sheet);
     PutView(out, sheet, parts_.size() == 1);
@@ -219,7 +251,8 @@ class XlsFile : public WorkbookFile {
  private:
   // The records of the workbook. The list of sheets tells where in the stream each begins.
   Bytes Globals() const {
-    Bytes out = WorkbookHead(), tail;
+    Bytes out = WorkbookHead(parts_.size()), tail;
+    PutRecord(tail, Type::kCountry, Words({1, 1}));
     texts_.PutTable(tail);
     PutRecord(tail, Type::kEnd, Bytes());
     std::size_t offset = out.size() + tail.size();

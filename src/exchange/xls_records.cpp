@@ -60,6 +60,10 @@ void PutRecord(Bytes& out, Type type, const Bytes& body) {
   out.U16(static_cast<unsigned>(type)).U16(static_cast<unsigned>(body.size())).Put(body.data);
 }
 
+void PutSettings(Bytes& out, std::initializer_list<Setting> settings) {
+  for (const Setting& setting : settings) PutRecord(out, setting.type, Bytes().U16(setting.value));
+}
+
 void PutShortName(Bytes& body, std::string_view text) {
   body.U8(static_cast<unsigned>(text.size())).U8(0).Put(text);
 }
