@@ -25,8 +25,10 @@ double CharacterWidth(char16_t c) {
 
 std::optional<SerialDate> ToSerial(const DateTime& d) {
   using namespace std::chrono;
-  const auto days_of = [](int y, int m, int day) {
-    return sys_days(year(y) / month(static_cast<unsigned>(m)) / static_cast<unsigned>(day)).time_since_epoch().count();
+  const auto days_of = [](int year, int month, int day) {
+    const year_month_day date(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
+                              std::chrono::day(static_cast<unsigned>(day)));
+    return sys_days(date).time_since_epoch().count();
   };
   if (days_of(d.year, d.month, d.day) < days_of(1900, 3, 1)) return std::nullopt;
   // the programs count a 29th of February 1900 that never was

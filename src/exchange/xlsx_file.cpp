@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -118,8 +119,10 @@ class XlsxFile : public WorkbookFile {
     lxw_worksheet* out = workbook_add_worksheet(workbook_, sheet.name.c_str());
     if (out == nullptr) FailWrite(path_, std::strerror(errno));
     sheets_.push_back(out);
-    for (lxw_col_t column = 0; column < sheet.widths.size(); ++column)
-      Check(worksheet_set_column(out, column, column, sheet.widths[column], nullptr));
+    for (std::size_t column = 0; column < sheet.widths.size(); ++column) {
+      const auto at = static_cast<lxw_col_t>(column);
+      Check(worksheet_set_column(out, at, at, sheet.widths[column], nullptr));
+    }
     if (sheet.frozen_rows > 0) worksheet_freeze_panes(out, static_cast<lxw_row_t>(sheet.frozen_rows), 0);
     for (lxw_row_t row = 0; row < sheet.rows.size(); ++row) PutRow(out, row, sheet.rows[row]);
   }
@@ -145,9 +148,9 @@ class XlsxFile : public WorkbookFile {
   }
 
   void PutRow(lxw_worksheet* out, lxw_row_t row, const SheetRow& content) const {
-    for (lxw_col_t column = 0; column < content.cells.size(); ++column) {
+    for (std::size_t column = 0; column < content.cells.size(); ++column) {
       lxw_format* format = column < content.headings ? heading_ : nullptr;
-      std::visit(CellWriter{out, row, column, format, date_}, content.cells[column]);
+      std::visit(CellWriter{out, row, static_cast<lxw_col_t>(column), format, date_}, content.cells[column]);
     }
   }
 
