@@ -9,6 +9,7 @@ namespace merlu {
 
 // Numbers that the screens speak of. The user sees them behind the description of the fault.
 namespace fault_number {
+inline constexpr int kOverflow = 6;          // more than a file format takes
 inline constexpr int kSubscript = 9;         // an array is full
 inline constexpr int kTypeMismatch = 13;     // a text where a number must stand
 inline constexpr int kFileNotFound = 53;     // a file to copy is missing

@@ -1,8 +1,6 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <iterator>
 
 namespace merlu {
 namespace {
@@ -15,6 +13,31 @@ char LowerChar(char c) {
 }
 bool IsContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+constexpr char32_t kNoCharacter = 0xFFFD;
+
+struct Character {
+  char32_t code = kNoCharacter;
+  std::size_t bytes = 1;  // that it takes in the text; 1 for a byte that is no part of a character
+  bool valid = false;
+};
+
+// The first character of a text that is not empty. Longer forms than needed, halves of pairs and what lies
+// beyond the last character are not valid.
+Character FirstCharacter(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  if (lead < 0x80) return {lead, 1, true};
+  const std::size_t bytes = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() < bytes) return {};
+  char32_t code = lead & (0xFFu >> (bytes + 1));
+  for (std::size_t i = 1; i < bytes; ++i) {
+    if (!IsContinuation(text[i])) return {};
+    code = (code << 6) | (static_cast<unsigned char>(text[i]) & 0x3F);
+  }
+  constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  if (code < smallest[bytes] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return {};
+  return {code, bytes, true};
 }
 
 }  // namespace
@@ -30,25 +53,10 @@ std::string Trim(std::string_view text) {
 }
 
 bool IsUtf8(std::string_view text) {
-  struct Lead {
-    unsigned char mask, value;
-    int following;
-    std::uint32_t lowest;
-  };
-  constexpr Lead kLeads[] = {
-      {0x80, 0x00, 0, 1}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
-  for (std::size_t at = 0; at < text.size();) {
-    const auto byte = static_cast<unsigned char>(text[at]);
-    const auto* lead = std::find_if(std::begin(kLeads), std::end(kLeads),
-                                    [byte](const Lead& form) { return (byte & form.mask) == form.value; });
-    if (lead == std::end(kLeads) || text.size() - at <= static_cast<std::size_t>(lead->following)) return false;
-    std::uint32_t code = byte & static_cast<unsigned char>(~lead->mask);
-    for (int i = 1; i <= lead->following; ++i) {
-      if (!IsContinuation(text[at + static_cast<std::size_t>(i)])) return false;
-      code = (code << 6) | (static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]) & 0x3F);
-    }
-    if (code < lead->lowest || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return false;
-    at += static_cast<std::size_t>(lead->following) + 1;
+  while (!text.empty()) {
+    const Character first = FirstCharacter(text);
+    if (!first.valid || first.code == 0) return false;
+    text.remove_prefix(first.bytes);
   }
   return true;
 }
@@ -68,6 +76,33 @@ std::string LastCharacters(std::string_view text, std::size_t count) {
   const std::size_t length = CountCharacters(text);
   if (length <= count) return std::string(text);
   return std::string(text.substr(FirstCharacters(text, length - count).size()));
+}
+
+std::string ValidUtf8(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const Character first = FirstCharacter(text);
+    result.append(first.valid ? text.substr(0, first.bytes) : "\uFFFD");
+    text.remove_prefix(first.bytes);
+  }
+  return result;
+}
+
+std::u16string ToUtf16(std::string_view text) {
+  std::u16string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const auto [code, bytes, valid] = FirstCharacter(text);
+    if (code < 0x10000) {
+      result.push_back(static_cast<char16_t>(code));
+    } else {
+      result.push_back(static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10)));
+      result.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
+    }
+    text.remove_prefix(bytes);
+  }
+  return result;
 }
 
 void AppendPadded(std::string& to, std::string_view text, std::size_t width) {

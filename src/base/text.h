@@ -35,5 +35,9 @@ std::size_t CountCharacters(std::string_view text);
 
 // Whether the bytes are a text at all: UTF-8 in its shortest form, and no zero byte.
 bool IsUtf8(std::string_view text);
+// The text with U+FFFD for every byte that is no part of a UTF-8 character.
+std::string ValidUtf8(std::string_view text);
+// The text in UTF-16; what is no UTF-8 becomes U+FFFD as well.
+std::u16string ToUtf16(std::string_view text);
 
 }  // namespace merlu

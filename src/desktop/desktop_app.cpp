@@ -53,9 +53,26 @@ QMessageBox::Icon Picture(Icon icon) {
 }
 
 // Both cases of the pattern: names are matched without regard to case.
-QString Filter(const FileQuestion& question) {
-  const QString pattern = Q(question.pattern);
-  return Q(question.filter_name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
+QString Filter(const FileQuestion::Type& type) {
+  const QString pattern = Q(type.pattern);
+  return Q(type.filter_name).trimmed() + " (" + pattern.toLower() + " " + pattern.toUpper() + ")";
+}
+
+// The types of files in the dialog's list; the one that is chosen gives a name without extension its own.
+void OfferTypes(QFileDialog& dialog, const FileQuestion& question) {
+  std::vector<FileQuestion::Type> types = {{question.filter_name, question.pattern, question.extension}};
+  types.insert(types.end(), question.others.begin(), question.others.end());
+  QStringList filters;
+  for (const FileQuestion::Type& type : types) filters << Filter(type);
+  // a name that tells its pattern need not be told it again
+  dialog.setOption(QFileDialog::HideNameFilterDetails, question.filter_name.find('*') != std::string::npos);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(Q(question.extension));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, types](const QString& filter) {
+    // with or without the pattern behind the name
+    for (const FileQuestion::Type& type : types)
+      if (filter.startsWith(Q(type.filter_name).trimmed())) dialog.setDefaultSuffix(Q(type.extension));
+  });
 }
 
 }  // namespace
@@ -172,12 +189,11 @@ Button DesktopApp::Ask(const Box& box) {
 }
 
 std::string DesktopApp::AskFile(const FileQuestion& question) {
-  QFileDialog dialog(Parent(), Q(question.title), QString(), Filter(question));
+  QFileDialog dialog(Parent(), Q(question.title));
   const bool save = question.kind == FileQuestion::Kind::kSave;
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  QString suffix = Q(question.extension);
-  dialog.setDefaultSuffix(suffix.startsWith('.') ? suffix.mid(1) : suffix);
+  OfferTypes(dialog, question);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.overwrites);
   dialog.setDirectory(QFileInfo(Q(session_.path)).absolutePath());
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";

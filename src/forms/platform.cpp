@@ -1,6 +1,7 @@
 #include "forms/platform.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace merlu {
 
@@ -8,6 +9,10 @@ Button LeastChange(const Box& box) {
   for (Button button : {Button::kCancel, Button::kNo})
     if (std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end()) return button;
   return box.buttons.front();
+}
+
+std::string WithExtension(const std::string& path, const std::string& extension) {
+  return path.empty() || std::filesystem::path(path).has_extension() ? path : path + extension;
 }
 
 std::string_view ButtonName(Button button) {

@@ -36,8 +36,15 @@ struct FileQuestion {
   std::string filter_name;  // "MERLU Database"
   std::string pattern;      // "*.MDB"; matches without regard to case
   std::string extension;    // appended to a name that has none, e.g. ".MDB"
-  bool overwrites = true;   // of a save: the dialog itself asks before a file is overwritten
+  struct Type {
+    std::string filter_name, pattern, extension;
+  };
+  std::vector<Type> others;  // further types that the user can choose
+  bool overwrites = true;    // of a save: the dialog itself asks before a file is overwritten
 };
+
+// The path with the extension when its name has none.
+std::string WithExtension(const std::string& path, const std::string& extension);
 
 // What a wait screen shows.
 struct WaitScreen {

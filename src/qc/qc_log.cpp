@@ -54,14 +54,8 @@ constexpr const char* kAtLocation =
     "UserID=? AND CmplxID=? AND StructID=? AND EquipType=? AND EquipID=? AND [Month]=? AND [Year]=? AND [Level]=?";
 
 Values AtLocation(const QCLocation& location) {
-  return {Trim(location.UserID),
-          Trim(location.CmplxID),
-          Trim(location.StructID),
-          location.EquipType,
-          Trim(location.EquipID),
-          std::int64_t{location.Month},
-          std::int64_t{location.Year},
-          location.Level};
+  return {Trim(location.UserID),  Trim(location.CmplxID),       Trim(location.StructID),     location.EquipType,
+          Trim(location.EquipID), std::int64_t{location.Month}, std::int64_t{location.Year}, location.Level};
 }
 
 bool AnyAt(Session& s, QCLocation& location) {
@@ -79,7 +73,8 @@ bool Find(Session& s, QCLocation& location, std::string_view field_id) {
   if (!AnyAt(s, location)) return false;
   Values values = AtLocation(location);
   values.emplace_back(TrimRight(field_id));
-  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE", std::move(values));
+  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE",
+                                   std::move(values));
 }
 
 void DeleteCurrent(Session& s) {

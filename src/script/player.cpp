@@ -115,8 +115,9 @@ std::string Player::NextFile() {
   return path;
 }
 
-std::string Player::AskFile(const FileQuestion&) {
-  return NextFile();
+std::string Player::AskFile(const FileQuestion& question) {
+  const bool save = question.kind == FileQuestion::Kind::kSave;
+  return save ? WithExtension(NextFile(), question.extension) : NextFile();
 }
 std::string Player::AskFolder(const std::string&) {
   return NextFile();

@@ -72,7 +72,7 @@ void AddCloseButton(Form& form, const char* main, const char* caption) {
 }
 
 void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, const char* title) {
-  const std::string path = s.platform.AskFile({kind, title, "MERLU Database", "*.mdb", ".mdb", false});
+  const std::string path = s.platform.AskFile({kind, title, "MERLU Database", "*.mdb", ".mdb", {}, false});
   if (!path.empty()) form.At(name).text = path;
   form.focus = name;
 }

@@ -12,6 +12,7 @@
 #include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
+#include "shell/spreadsheet.h"
 
 namespace merlu {
 namespace {
@@ -32,6 +33,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFBar1", "-", "mnuFile", nullptr},
     {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", ExportSurvey},
     {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", ExportInventory},
+    {"mnuSExport", "Export Struct/Equip Desc to &Spreadsheet", "mnuFile", ExportSpreadsheet},
     {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", ExportAnnualSummary},
     {"mnuFBar2", "-", "mnuFile", nullptr},
     {"mnuEStructB", "Import MERLU-2017 Structure Data", "mnuFile", ImportStructuresFrom},

@@ -95,6 +95,9 @@ void CompactInto(const std::string& from, const std::string& to) {
 
 void RemoveFile(const std::string& path) {
   std::error_code error;
+  // an empty folder would go without a word
+  if (fs::is_directory(path, error))
+    throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": it is a folder.");
   if (fs::remove(path, error)) return;
   if (!error) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + path);
   throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": " + error.message() + ".");

@@ -26,7 +26,7 @@ std::uint64_t FileSize(const std::string& path);
 // file must not exist, and none is left after a failure that began here. kFileAccess and the faults of the
 // store.
 void CompactInto(const std::string& from, const std::string& to);
-// kFileNotFound, kFileAccess.
+// kFileNotFound; kFileAccess, also for a folder.
 void RemoveFile(const std::string& path);
 // Also from one file system to another. kFileAccess.
 void MoveFile(const std::string& from, const std::string& to);

@@ -73,5 +73,23 @@ TEST(Characters, are_counted_and_cut_whole) {
   EXPECT_EQ(LastCharacters("ab", 0), "");
 }
 
+TEST(ValidUtf8, keeps_texts_and_replaces_bytes_that_are_none) {
+  EXPECT_EQ(ValidUtf8("aéж中😀"), "aéж中😀");
+  EXPECT_EQ(ValidUtf8("A\xFF"
+                      "B"),
+            "A\uFFFDB");
+  EXPECT_EQ(ValidUtf8("\xC3"), "\uFFFD");
+  EXPECT_EQ(ValidUtf8("\xC0\x80"), "\uFFFD\uFFFD");                      // a longer form than needed
+  EXPECT_EQ(ValidUtf8("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");            // half of a pair
+  EXPECT_EQ(ValidUtf8("\xF4\x90\x80\x80"), "\uFFFD\uFFFD\uFFFD\uFFFD");  // beyond the last character
+}
+
+TEST(ToUtf16, writes_pairs_for_what_lies_beyond_the_first_plane) {
+  EXPECT_EQ(ToUtf16("aé中"), u"aé中");
+  EXPECT_EQ(ToUtf16("😀"), u"\xD83D\xDE00");
+  EXPECT_EQ(ToUtf16("\xF4\x8F\xBF\xBF"), u"\xDBFF\xDFFF");
+  EXPECT_EQ(ToUtf16("a\x80z"), u"a\uFFFDz");
+}
+
 }  // namespace
 }  // namespace merlu

@@ -128,5 +128,11 @@ TEST_F(Files, that_cannot_be_opened_count_as_current) {
   EXPECT_TRUE(IsCurrentDatabase(path));
 }
 
+TEST_F(Files, that_are_folders_are_not_removed) {
+  fs::create_directory(folder.path("folder"));
+  EXPECT_THROW(RemoveFile(folder.path("folder")), Fault);
+  EXPECT_TRUE(fs::is_directory(folder.path("folder")));
+}
+
 }  // namespace
 }  // namespace merlu::test

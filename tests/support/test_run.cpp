@@ -281,7 +281,7 @@ std::string TestRun::AskFile(const FileQuestion& question) {
   if (files.empty()) return "";
   std::string path = files.front();
   files.pop_front();
-  return path;
+  return question.kind == FileQuestion::Kind::kSave ? WithExtension(path, question.extension) : path;
 }
 
 std::string TestRun::AskFolder(const std::string& prompt) {

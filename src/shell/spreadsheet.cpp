@@ -1,0 +1,76 @@
+#include "shell/spreadsheet.h"
+
+#include <filesystem>
+
+#include "base/text.h"
+#include "exchange/description_sheets.h"
+#include "session/messages.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kTitle = "Spreadsheet Export";
+constexpr const char* kSource = "MERLU spreadsheet";
+constexpr const char* kAbout =
+    "Please note, this function writes a workbook that can be opened with Microsoft Excel or any other spreadsheet "
+    "program. None needs to be installed on this computer in order for this function to work.";
+
+bool IsXlsx(const std::string& path) {
+  return Lower(path).ends_with(".xlsx");
+}
+
+// Empty when the user gives no name, or wants to keep the file that bears it.
+std::string AskPath(Session& s) {
+  std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
+                                         "Save to Excel File",
+                                         "Excel File (*.xls)",
+                                         "*.xls",
+                                         ".xls",
+                                         {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}}});
+  if (path.empty() || IsXlsx(path) || Lower(path).ends_with(".xls")) return path;
+  path += ".xls";
+  // the dialog has asked about the file whose name was typed, not about this one
+  if (!FileExists(path)) return path;
+  const Button answer =
+      AskUser(s, path + " already exists.\nDo you want to replace it?", {Button::kYes, Button::kNo}, Icon::kWarning);
+  return answer == Button::kYes ? path : "";
+}
+
+void MakeRoom(const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  if (!CanWriteFolder(folder.empty() ? "." : folder))
+    throw Fault(fault_number::kFileAccess, kSource,
+                "Cannot make the file " + path + ": its folder does not exist or cannot be written to.");
+  if (FileExists(path)) RemoveFile(path);
+}
+
+void WriteDescriptions(Session& s, const std::string& path) {
+  MakeRoom(path);
+  const auto file = IsXlsx(path) ? NewXlsx(path) : NewXls(path);
+  ExportDescriptions(s.db, *file, [&s](std::string_view table, int done, int total) {
+    Progress(s, "Exporting " + std::string(table), done, total);
+  });
+}
+
+}  // namespace
+
+void ExportSpreadsheet(Session& s) {
+  TellUnder(s, kTitle, kAbout, Icon::kInfo);
+  const std::string path = AskPath(s);
+  if (path.empty()) return;
+  const bool done = OnSheet(s, [&] {
+    const Busy busy(s);
+    ShowWait(s, kTitle, "Please Wait...");
+    try {
+      WriteDescriptions(s, path);
+    } catch (const Fault&) {
+      HideWait(s);
+      throw;
+    }
+    HideWait(s);
+  });
+  if (done) Tell(s, "Done.");
+}
+
+}  // namespace merlu
