@@ -15,8 +15,10 @@
 #include <algorithm>
 
 #include "desktop/wait_window.h"
+#include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "shell/dialogs.h"
+#include "shell/file_life.h"
 #include "shell/main_program.h"
 
 namespace merlu {
@@ -69,8 +71,12 @@ DesktopApp::~DesktopApp() {
   qApp->removeEventFilter(this);
 }
 
-bool DesktopApp::Start() {
-  acts_.Run([this] { Main(session_); });
+bool DesktopApp::Start(const std::string& file) {
+  acts_.Run([&] {
+    // one that is refused leaves the file of the last run
+    if (!file.empty()) TakeDatabase(session_, file);
+    Main(session_);
+  });
   return !session_.ended && window_ != nullptr;
 }
 
@@ -226,7 +232,10 @@ void DesktopApp::StoreSetting(const std::string& section, const std::string& key
 }
 
 std::string DesktopApp::ProgramFolder() {
-  return merlu::ProgramFolder();
+  return ProgramFiles().folder;
+}
+bool DesktopApp::IsInstalled() {
+  return ProgramFiles().installed;
 }
 std::string DesktopApp::DataFolder() {
   return UserDataFolder();

@@ -23,8 +23,8 @@ class DesktopApp : public QObject, public Platform {
   explicit DesktopApp(const std::string& settings_file);
   ~DesktopApp() override;
 
-  // Runs the start; false when the program has ended in it.
-  bool Start();
+  // Runs the start, on the given inventory or on that of the settings; false when the program has ended in it.
+  bool Start(const std::string& file = "");
   Session& session() { return session_; }
   MainWindow* window() { return window_.get(); }
 
@@ -40,6 +40,7 @@ class DesktopApp : public QObject, public Platform {
   std::string Setting(const std::string& section, const std::string& key) override;
   void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
   std::string ProgramFolder() override;
+  bool IsInstalled() override;
   std::string DataFolder() override;
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,

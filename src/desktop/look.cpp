@@ -6,6 +6,8 @@
 namespace merlu {
 namespace {
 
+constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
+
 QColor Mix(const QColor& a, const QColor& b, qreal share) {
   return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - share) + b.redF() * share),
                           static_cast<float>(a.greenF() * (1 - share) + b.greenF() * share),
@@ -40,6 +42,12 @@ QColor Border(const QPalette& palette) {
 
 QColor FaceColour(const QPalette& palette) {
   return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015);
+}
+
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int size : kIconSizes) icon.addFile(QString(":/icons/%1/merlu.png").arg(size), {size, size});
+  return icon;
 }
 
 LookStyle::LookStyle() : QProxyStyle("Fusion") {}
