@@ -14,6 +14,7 @@
 
 #include <algorithm>
 
+#include "desktop/about_window.h"
 #include "desktop/wait_window.h"
 #include "host/program_files.h"
 #include "host/report_pdf.h"
@@ -24,9 +25,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kSplashMilliseconds = 2500;
-constexpr int kWaitShowsAfter = 150;  // a shorter wait would only flicker
-constexpr int kWaitPaintsEvery = 80;
+constexpr int kWaitPaintsEvery = 80;  // milliseconds
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -106,16 +105,15 @@ void DesktopApp::Sync() {
 }
 
 void DesktopApp::SyncSplash() {
-  const Form* about = session_.desk.Find("frmAbout");
+  Form* about = session_.desk.Find(kAboutForm);
   const bool shows = about != nullptr && about->visible && !about->modal;
   if (!shows) {
     if (splash_ != nullptr) splash_.release()->deleteLater();
     return;
   }
   if (splash_ != nullptr || window_ == nullptr) return;
-  splash_ = std::make_unique<Splash>(*about, window_.get());
+  splash_ = std::make_unique<Splash>(acts_, *about, window_.get());
   splash_->show();
-  QTimer::singleShot(kSplashMilliseconds, this, [this] { acts_.Run([this] { CloseSplash(session_); }); });
 }
 
 bool DesktopApp::eventFilter(QObject* watched, QEvent* event) {
@@ -132,11 +130,8 @@ void DesktopApp::Paint() {
 void DesktopApp::PaintWait(const WaitScreen& wait) {
   if (!wait.showing) {
     wait_.reset();
-    waiting_.invalidate();
     return;
   }
-  if (!waiting_.isValid()) waiting_.start();
-  if (waiting_.elapsed() < kWaitShowsAfter) return;
   if (wait_ != nullptr && painted_.elapsed() < kWaitPaintsEvery) return;
   if (wait_ == nullptr) wait_ = std::make_unique<WaitWindow>(Parent());
   static_cast<WaitWindow*>(wait_.get())->Show(wait);

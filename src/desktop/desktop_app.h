@@ -62,7 +62,7 @@ class DesktopApp : public QObject, public Platform {
   std::unique_ptr<QWidget> splash_;
   std::unique_ptr<QWidget> wait_;
   std::vector<QPointer<FormDialog>> dialogs_;
-  QElapsedTimer waiting_, painted_;
+  QElapsedTimer painted_;
 };
 
 }  // namespace merlu

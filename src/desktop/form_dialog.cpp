@@ -3,6 +3,8 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include "desktop/about_window.h"
+
 namespace merlu {
 namespace {
 
@@ -16,6 +18,14 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
+  if (form.name() == kAboutForm)
+    FillAbout(*this, binding_);
+  else
+    FillGrid();
+}
+
+void FormDialog::FillGrid() {
+  const Form& form = binding_.form();
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(16, 16, 16, 16);
   grid->setHorizontalSpacing(10);

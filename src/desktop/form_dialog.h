@@ -17,6 +17,8 @@ class FormDialog : public QDialog {
   void reject() override;
 
  private:
+  void FillGrid();
+
   Acts& acts_;
   FormBinding binding_;
 };

@@ -110,6 +110,11 @@ QString StyleSheet(const QPalette& palette) {
                 selection-background-color: %4; selection-color: white; }
     QTreeView:disabled { color: %7; }
     QTreeView#tvwTree { border: none; background: %8; }
+    QTreeWidget::item { padding: 3px 6px; }
+    QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
+    QProgressBar { border: 1px solid %6; border-radius: 4px; background: %2; min-height: 10px; max-height: 10px; }
+    QProgressBar::chunk { border-radius: 3px; background: %4; }
+    QStatusBar QLabel { padding: 2px 10px; }
     QScrollArea { border: none; background: transparent; }
   )");
   const auto name = [](const QColor& colour) { return colour.name(); };

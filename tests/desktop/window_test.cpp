@@ -4,6 +4,7 @@
 #include <QTreeWidget>
 
 #include "desktop/look.h"
+#include "desktop/results_list.h"
 #include "driver.h"
 #include "session/node_keys.h"
 #include "shell/routing.h"
@@ -265,6 +266,22 @@ TEST_F(Window, holds_long_names_without_cutting_or_overlapping) {
     HoldsLongNames(*driver_, {1024, 700});
     driver_->Click("cmdCANCEL");
   }
+}
+
+TEST(ListOfFindings, shows_texts_that_wrap_whole) {
+  Control control;
+  control.columns = {"Field Name", "Error Description", "Operator Comment"};
+  control.rows = {{"Hours", "odd", "The meter ran on over the night of the twelfth, see the log of the platform."}};
+  ResultsList list(control, "No findings", nullptr);
+  list.resize(420, 300);
+  list.show();
+  list.ShowRows(control);
+  QCoreApplication::processEvents();
+  const int width = list.columnWidth(2) - 12;
+  const QRect text = list.fontMetrics().boundingRect(QRect(0, 0, width, 1000), Qt::TextWordWrap,
+                                                     QString::fromStdString(control.rows[0][2]));
+  EXPECT_GT(text.height(), 3 * list.fontMetrics().lineSpacing());
+  EXPECT_GE(list.visualItemRect(list.topLevelItem(0)).height(), text.height());
 }
 
 TEST(LargeTree, of_forty_thousand_nodes_is_walked_without_copies) {
