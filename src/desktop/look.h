@@ -12,6 +12,8 @@ namespace merlu {
 
 bool IsDark(const QPalette& palette);
 QColor Accent(const QPalette& palette);
+// The accent as a ground for white text: what is selected, the main act.
+QColor AccentGround(const QPalette& palette);
 // Title of a sheet while it is edited: dark red, or a red light enough to read on a dark ground.
 QColor EditingRed(const QPalette& palette);
 QColor Quiet(const QPalette& palette);       // captions of lesser things

@@ -3,10 +3,16 @@
 #include <QHeaderView>
 #include <QKeySequence>
 #include <QPushButton>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "desktop/results_list.h"
+
 namespace merlu {
+namespace {
+
+constexpr int kWidth = 520, kKeysWidth = 140;
+
+}  // namespace
 
 const std::vector<Shortcut>& Shortcuts() {
   static const std::vector<Shortcut> shortcuts = {
@@ -38,19 +44,19 @@ ShortcutSheet::ShortcutSheet(QWidget* parent) : QDialog(parent) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(16, 16, 16, 16);
   column->setSpacing(12);
-  auto* list = new QTreeWidget(this);
+  Control rows;
+  rows.columns = {tr("Keys").toStdString(), tr("What they do").toStdString()};
+  for (const Shortcut& shortcut : Shortcuts())
+    rows.rows.push_back({KeysText(shortcut).toStdString(), tr(shortcut.what).toStdString()});
+  auto* list = new ResultsList(rows, QString(), this);
   list->setObjectName("lvwShortcuts");
   list->setAccessibleName(windowTitle());
-  list->setHeaderLabels({tr("Keys"), tr("What they do")});
-  list->setRootIsDecorated(false);
-  list->setAlternatingRowColors(true);
-  for (const Shortcut& shortcut : Shortcuts()) new QTreeWidgetItem(list, {KeysText(shortcut), tr(shortcut.what)});
-  list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  const int rows = list->topLevelItemCount();
-  const int height = rows * list->sizeHintForRow(0) + list->header()->sizeHint().height() + 4;
-  for (int side : {0, 1}) list->resizeColumnToContents(side);
-  list->setMinimumSize(list->columnWidth(0) + list->columnWidth(1) + 16, height);
+  list->ShowRows(rows);
+  // all of it shows, a line each
+  list->setColumnWidth(0, kKeysWidth);
+  list->setColumnWidth(1, kWidth - kKeysWidth);
+  const int row = list->sizeHintForRow(0), heads = list->header()->sizeHint().height();
+  list->setMinimumSize(kWidth, list->topLevelItemCount() * row + heads + 2 * list->frameWidth());
   column->addWidget(list);
   auto* close = new QPushButton(tr("Close"), this);
   close->setObjectName("cmdClose");

@@ -112,8 +112,8 @@ class Names : public testing::Test {
 };
 
 TEST_F(Names, are_told_by_all_sixteen_sheets_in_both_modes) {
-  const auto monthly = std::count_if(AllSheets().begin(), AllSheets().end(),
-                                     [](const SheetSpec* sheet) { return sheet->has_activity; });
+  const auto monthly =
+      std::count_if(AllSheets().begin(), AllSheets().end(), [](const SheetSpec* sheet) { return sheet->has_activity; });
   EXPECT_EQ(WalkSheets(32, 21).size(), static_cast<std::size_t>(monthly));
   driver_->Select("K12345");
   driver_->Command("mnuSetEditMode");

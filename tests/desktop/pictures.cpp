@@ -133,9 +133,12 @@ class Pictures {
     list->topLevelItem(0)->setSelected(true);
     driver.OnNextModal([&](QWidget* dialog) {
       Save(dialog, "43-comment" + suffix);
-      dialog->close();
+      driver.Type("txtComments",
+                  "The meter ran on over the night of the twelfth; the log of the platform has the true hours.");
+      driver.Click("cmdOK");
     });
     driver.Click("cmdFLA_EditQCComment");
+    Save(window, "47-findings-commented" + suffix);
     driver.Click("cmdCANCEL");
     driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(0);
     driver.Select("K12345 22017");
