@@ -54,7 +54,8 @@ ShortcutSheet::ShortcutSheet(QWidget* parent) : QDialog(parent) {
   list->ShowRows(rows);
   // all of it shows, a line each
   list->setColumnWidth(0, kKeysWidth);
-  list->setColumnWidth(1, kWidth - kKeysWidth);
+  list->setColumnWidth(1, kWidth - kKeysWidth - 2 * list->frameWidth());
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   const int row = list->sizeHintForRow(0), heads = list->header()->sizeHint().height();
   list->setMinimumSize(kWidth, list->topLevelItemCount() * row + heads + 2 * list->frameWidth());
   column->addWidget(list);

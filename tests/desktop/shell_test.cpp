@@ -1,6 +1,7 @@
 // What stands around the sheets: the splash, the keys, the status bar, the wait screen.
 #include <QAction>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
 #include <QTreeWidget>
@@ -174,6 +175,8 @@ TEST_F(Around, the_sheet_of_keys_lists_them_all_and_opens_from_the_help_menu_or_
     ASSERT_NE(list, nullptr);
     ASSERT_EQ(list->topLevelItemCount(), static_cast<int>(Shortcuts().size()));
     EXPECT_EQ(list->columnCount(), 2);
+    EXPECT_FALSE(list->verticalScrollBar()->isVisible());
+    EXPECT_GE(list->columnWidth(1), list->fontMetrics().horizontalAdvance(Shortcuts()[10].what));
     EXPECT_EQ(list->topLevelItem(0)->text(0), KeysText(Shortcuts().front()));
     EXPECT_EQ(list->topLevelItem(0)->text(1), Shortcuts().front().what);
     QTest::mouseClick(dialog->findChild<QPushButton*>("cmdClose"), Qt::LeftButton);
