@@ -22,7 +22,7 @@ void SetSize(QLabel& label, qreal factor, bool bold) {
 }  // namespace
 
 WaitWindow::WaitWindow(QWidget* over)
-    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowDoesNotAcceptFocus),
       title_(new QLabel(this)),
       text_(new QLabel(this)),
       bar_(new QProgressBar(this)) {

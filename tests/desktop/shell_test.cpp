@@ -8,6 +8,7 @@
 
 #include <set>
 
+#include "desktop/look.h"
 #include "desktop/shortcuts.h"
 #include "desktop/wait_window.h"
 #include "driver.h"
@@ -55,7 +56,32 @@ class Around : public testing::Test {
   std::unique_ptr<Driver> driver_;
 };
 
+// ---- a named inventory ----
+
+TEST_F(Around, a_start_on_a_named_inventory_opens_it_and_keeps_it_for_later_starts) {
+  const std::string named = folder_.path("named.mdb");
+  fs::copy_file(folder_.path("inventory.mdb"), named);
+  ASSERT_TRUE(driver_->app->Start(named));
+  EXPECT_EQ(driver_->app->session().path, named);
+  EXPECT_EQ(driver_->app->Setting("Options", "DBloc"), named);
+}
+
+TEST_F(Around, a_start_on_an_inventory_of_the_earlier_version_tells_so_and_opens_that_of_the_last_time) {
+  const std::string named = CopyTemplate(folder_, "named.mdb");
+  Raw(named, {"DROP TABLE EA_LOA"});
+  driver_->OnNextBox();
+  ASSERT_TRUE(driver_->app->Start(named));
+  EXPECT_TRUE(driver_->texts.back().startsWith("You are trying to open a previous version of the MERLU database."));
+  EXPECT_EQ(driver_->app->session().path, folder_.path("inventory.mdb"));
+  EXPECT_EQ(driver_->app->Setting("Options", "DBloc"), folder_.path("inventory.mdb"));
+}
+
 // ---- the splash and the About box ----
+
+TEST_F(Around, the_icon_is_part_of_the_program_in_the_sizes_that_desktops_ask_for) {
+  EXPECT_EQ(ProgramIcon().availableSizes().size(), 7);
+  EXPECT_FALSE(ProgramIcon().pixmap(QSize(16, 16)).isNull());
+}
 
 TEST_F(Around, the_splash_stands_in_the_middle_of_the_screen_with_the_fixed_texts) {
   QWidget* splash = StartWithSplash();
