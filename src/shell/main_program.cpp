@@ -18,7 +18,7 @@ namespace {
 
 // Where the database lies when no setting names one. A first start finds a fresh copy of the template.
 std::string DefaultPath(Session& s) {
-  const std::string path = OwnFilesFolder(s) + "merlu.mdb";
+  std::string path = OwnFilesFolder(s) + "merlu.mdb";
   if (!FileExists(path)) Plainly(s, [&] { CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path); });
   return path;
 }
