@@ -36,6 +36,7 @@ class QuietPlatform : public Platform {
   std::string Setting(const std::string&, const std::string&) override { return database_; }
   void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   std::string ProgramFolder() override { return "."; }
+  bool IsInstalled() override { return false; }
   std::string DataFolder() override { return "."; }
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport&, const std::string&, const std::function<void(int, int)>&) override {}

@@ -1,12 +1,13 @@
 // merlu: the desktop program, and its commands without a window.
 #include <QGuiApplication>
 
-#include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "desktop/desktop.h"
 #include "script/catalogue.h"
 #include "script/player.h"
@@ -16,10 +17,23 @@ namespace {
 
 constexpr int kWrongUsage = 2;
 
+constexpr const char* kUsage =
+    "usage: merlu [--settings FILE] [INVENTORY]\n"
+    "       merlu script [--settings FILE] [--clock \"YYYY-MM-DD HH:MM\"] [--stop-on-error] [FILE]\n"
+    "       merlu catalogue\n"
+    "       merlu --help | --version\n";
+
+constexpr const char* kHelp =
+    "\n"
+    "Without a command the desktop program opens, on INVENTORY (a file *.mdb) or on the one of the last time.\n"
+    "  script       plays commands from FILE, or from standard input, and answers each with a line of JSON\n"
+    "  catalogue    prints every sheet, field and rule as JSON\n"
+    "  --settings   keeps the settings in FILE instead of the user's own\n"
+    "  --clock      sets the present date and time\n"
+    "  --stop-on-error  ends the script at the first command that could not be done\n";
+
 int Usage() {
-  std::cerr << "usage: merlu [--settings FILE]\n"
-               "       merlu script [--settings FILE] [--clock \"YYYY-MM-DD HH:MM\"] [--stop-on-error] [FILE]\n"
-               "       merlu catalogue\n";
+  std::cerr << kUsage;
   return kWrongUsage;
 }
 
@@ -53,16 +67,36 @@ int RunScript(int argc, char** argv) {
   return Player(in, std::cout, options).Run();
 }
 
+// Why the file cannot be taken for an inventory; empty when it can.
+std::string WhyNotOpened(const std::string& file) {
+  const std::string name = Lower(file);
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error)) return "cannot read " + file;
+  // the settings take any other name for the beginning of one
+  if (!name.ends_with(".mdb")) return file + " is not the name of an inventory (*.mdb)";
+  return "";
+}
+
 int RunDesktopProgram(int argc, char** argv) {
-  std::string settings;
+  DesktopOptions options;
   for (int i = 1; i < argc; ++i) {
     const std::string word = argv[i];
     if (word == "--settings" && i + 1 < argc)
-      settings = argv[++i];
-    else if (word == "--help" || word == "-h" || !word.starts_with("-"))
+      options.settings_file = argv[++i];
+    else if (!word.starts_with("-") && options.inventory.empty())
+      options.inventory = word;
+    else
       return Usage();
   }
-  return RunDesktop(argc, argv, settings);
+  if (!options.inventory.empty()) {
+    if (const std::string why = WhyNotOpened(options.inventory); !why.empty()) {
+      std::cerr << "merlu: " << why << "\n";
+      return kWrongUsage;
+    }
+    // later starts lead to it from wherever they are made
+    options.inventory = std::filesystem::absolute(options.inventory).string();
+  }
+  return RunDesktop(argc, argv, options);
 }
 
 }  // namespace
@@ -72,6 +106,14 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::string command = argc > 1 ? argv[1] : "";
   if (command == "script") return merlu::RunScript(argc, argv);
+  if (command == "--help" || command == "-h") {
+    std::cout << merlu::kUsage << merlu::kHelp;
+    return 0;
+  }
+  if (command == "--version") {
+    std::cout << "MERLU-2017 " MERLU_VERSION "\n";
+    return 0;
+  }
   if (command == "catalogue") {
     if (argc > 2) return merlu::Usage();
     std::cout << merlu::Catalogue().dump(1) << "\n";

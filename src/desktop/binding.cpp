@@ -34,9 +34,14 @@ QString CaptionOf(const Control& control) {
   return control.tag.empty() ? QString() : Q(control.tag) + ":";
 }
 
+QString SpokenCaption(const Control& control) {
+  static const QRegularExpression mnemonic("&(.)");
+  return CaptionOf(control).replace(mnemonic, "\\1");
+}
+
 Bound& FormBinding::Add(const Control& control, QWidget* widget) {
   widget->setObjectName(Q(control.name));
-  widget->setAccessibleName(CaptionOf(control).remove("&"));
+  widget->setAccessibleName(SpokenCaption(control));
   Bound& bound = *bound_.emplace_back(std::make_unique<Bound>());
   bound.control = &control;
   bound.widget = widget;
@@ -100,6 +105,7 @@ QWidget* FormBinding::MakeChoice(const Control& control, QWidget* parent) {
   if (control.free_text) {
     list->setInsertPolicy(QComboBox::NoInsert);
     list->lineEdit()->installEventFilter(this);
+    list->lineEdit()->setAccessibleName(SpokenCaption(control));
     connect(list->lineEdit(), &QLineEdit::textEdited, this, choose);
   }
   connect(list, &QComboBox::activated, this, [list, choose](int index) { choose(list->itemText(index)); });
@@ -272,6 +278,7 @@ void FormBinding::ShowState(Bound& bound, const Control& now) {
   if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, now.back);
   SetLook(*bound.widget, "look", LookName(now.back));
   bound.widget->setToolTip(flagged ? Q(now.tip) : QString());
+  bound.widget->setAccessibleDescription(bound.widget->toolTip());
   bound.mark->setText(flagged ? "!" : "");
   QPalette red = bound.mark->palette();
   red.setColor(QPalette::WindowText, EditingRed(bound.row->palette()));
@@ -295,7 +302,10 @@ void FormBinding::Show(Bound& bound, const Control& now) {
   } else if (auto* tab = qobject_cast<QTabWidget*>(bound.widget)) {
     ShowTab(*tab, now);
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
-    if (button->text() != Q(now.caption)) button->setText(Q(now.caption));
+    if (button->text() != Q(now.caption)) {
+      button->setText(Q(now.caption));
+      button->setAccessibleName(SpokenCaption(now));
+    }
     if (button->isChecked() != now.checked && button->isCheckable()) button->setChecked(now.checked);
   } else {
     ShowText(*bound.widget, now);

@@ -75,5 +75,7 @@ class FormBinding : public QObject {
 
 // The text of a caption: '&' doubled in captions is one, and a field without caption goes by its tag.
 QString CaptionOf(const Control& control);
+// The caption as it is read aloud: without the marks of access keys.
+QString SpokenCaption(const Control& control);
 
 }  // namespace merlu

@@ -12,12 +12,15 @@ void SetUpLook() {
   qApp->setStyleSheet(StyleSheet(QApplication::palette()));
 }
 
-int RunDesktop(int argc, char** argv, const std::string& settings_file) {
+int RunDesktop(int argc, char** argv, const DesktopOptions& options) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  // the desktop finds the program's entry, and so its icon, by this name
+  QGuiApplication::setDesktopFileName("merlu");
+  QApplication::setWindowIcon(ProgramIcon());
   SetUpLook();
-  DesktopApp desktop(settings_file);
-  return desktop.Start() ? QApplication::exec() : 0;
+  DesktopApp desktop(options.settings_file);
+  return desktop.Start(options.inventory) ? QApplication::exec() : 0;
 }
 
 }  // namespace merlu

@@ -8,8 +8,12 @@ namespace merlu {
 // The one style of the program, on the application that exists.
 void SetUpLook();
 
-// Runs the program in windows; an empty settings file means the user's own settings. Returns the exit
-// status.
-int RunDesktop(int argc, char** argv, const std::string& settings_file);
+struct DesktopOptions {
+  std::string settings_file;  // empty: the user's own
+  std::string inventory;      // empty: the one of the settings
+};
+
+// Runs the program in windows. Returns the exit status.
+int RunDesktop(int argc, char** argv, const DesktopOptions& options);
 
 }  // namespace merlu

@@ -14,17 +14,18 @@
 
 #include <algorithm>
 
+#include "desktop/about_window.h"
 #include "desktop/wait_window.h"
+#include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "shell/dialogs.h"
+#include "shell/file_life.h"
 #include "shell/main_program.h"
 
 namespace merlu {
 namespace {
 
-constexpr int kSplashMilliseconds = 2500;
-constexpr int kWaitShowsAfter = 150;  // a shorter wait would only flicker
-constexpr int kWaitPaintsEvery = 80;
+constexpr int kWaitPaintsEvery = 80;  // milliseconds
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -86,8 +87,12 @@ DesktopApp::~DesktopApp() {
   qApp->removeEventFilter(this);
 }
 
-bool DesktopApp::Start() {
-  acts_.Run([this] { Main(session_); });
+bool DesktopApp::Start(const std::string& file) {
+  acts_.Run([&] {
+    // one that is refused leaves the file of the last run
+    if (!file.empty()) TakeDatabase(session_, file);
+    Main(session_);
+  });
   return !session_.ended && window_ != nullptr;
 }
 
@@ -117,16 +122,15 @@ void DesktopApp::Sync() {
 }
 
 void DesktopApp::SyncSplash() {
-  const Form* about = session_.desk.Find("frmAbout");
+  Form* about = session_.desk.Find(kAboutForm);
   const bool shows = about != nullptr && about->visible && !about->modal;
   if (!shows) {
     if (splash_ != nullptr) splash_.release()->deleteLater();
     return;
   }
   if (splash_ != nullptr || window_ == nullptr) return;
-  splash_ = std::make_unique<Splash>(*about, window_.get());
+  splash_ = std::make_unique<Splash>(acts_, *about, window_.get());
   splash_->show();
-  QTimer::singleShot(kSplashMilliseconds, this, [this] { acts_.Run([this] { CloseSplash(session_); }); });
 }
 
 bool DesktopApp::eventFilter(QObject* watched, QEvent* event) {
@@ -143,11 +147,8 @@ void DesktopApp::Paint() {
 void DesktopApp::PaintWait(const WaitScreen& wait) {
   if (!wait.showing) {
     wait_.reset();
-    waiting_.invalidate();
     return;
   }
-  if (!waiting_.isValid()) waiting_.start();
-  if (waiting_.elapsed() < kWaitShowsAfter) return;
   if (wait_ != nullptr && painted_.elapsed() < kWaitPaintsEvery) return;
   if (wait_ == nullptr) wait_ = std::make_unique<WaitWindow>(Parent());
   static_cast<WaitWindow*>(wait_.get())->Show(wait);
@@ -243,7 +244,10 @@ void DesktopApp::StoreSetting(const std::string& section, const std::string& key
 }
 
 std::string DesktopApp::ProgramFolder() {
-  return merlu::ProgramFolder();
+  return ProgramFiles().folder;
+}
+bool DesktopApp::IsInstalled() {
+  return ProgramFiles().installed;
 }
 std::string DesktopApp::DataFolder() {
   return UserDataFolder();

@@ -23,8 +23,8 @@ class DesktopApp : public QObject, public Platform {
   explicit DesktopApp(const std::string& settings_file);
   ~DesktopApp() override;
 
-  // Runs the start; false when the program has ended in it.
-  bool Start();
+  // Runs the start, on the given inventory or on that of the settings; false when the program has ended in it.
+  bool Start(const std::string& file = "");
   Session& session() { return session_; }
   MainWindow* window() { return window_.get(); }
   Acts& acts() { return acts_; }
@@ -41,6 +41,7 @@ class DesktopApp : public QObject, public Platform {
   std::string Setting(const std::string& section, const std::string& key) override;
   void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
   std::string ProgramFolder() override;
+  bool IsInstalled() override;
   std::string DataFolder() override;
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,
@@ -62,7 +63,7 @@ class DesktopApp : public QObject, public Platform {
   std::unique_ptr<QWidget> splash_;
   std::unique_ptr<QWidget> wait_;
   std::vector<QPointer<FormDialog>> dialogs_;
-  QElapsedTimer waiting_, painted_;
+  QElapsedTimer painted_;
 };
 
 }  // namespace merlu

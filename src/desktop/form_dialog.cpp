@@ -1,5 +1,7 @@
 #include "desktop/form_dialog.h"
 
+#include "desktop/about_window.h"
+
 namespace merlu {
 namespace {
 
@@ -15,6 +17,13 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
+  if (form.name() == kAboutForm)
+    FillAbout(*this, binding_);
+  else
+    FillGrid();
+}
+
+void FormDialog::FillGrid() {
   grid_ = new QGridLayout(this);
   grid_->setContentsMargins(16, 16, 16, 16);
   grid_->setHorizontalSpacing(10);
@@ -24,7 +33,7 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
   buttons_ = new QHBoxLayout;
   buttons_->setSpacing(8);
   buttons_->addStretch(1);
-  for (const Control& control : form.controls()) {
+  for (const Control& control : binding_.form().controls()) {
     if (IsField(control.kind))
       AddField(control);
     else if (control.kind == Kind::kLabel)

@@ -20,6 +20,7 @@ class FormDialog : public QDialog {
   void reject() override;
 
  private:
+  void FillGrid();
   void AddField(const Control& control);
   void AddLabel(const Control& control);
   void AddList(const Control& control);

@@ -6,6 +6,8 @@
 namespace merlu {
 namespace {
 
+constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
+
 QColor Mix(const QColor& a, const QColor& b, qreal share) {
   return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - share) + b.redF() * share),
                           static_cast<float>(a.greenF() * (1 - share) + b.greenF() * share),
@@ -20,6 +22,10 @@ bool IsDark(const QPalette& palette) {
 
 QColor Accent(const QPalette& palette) {
   return IsDark(palette) ? QColor(90, 150, 220) : QColor(45, 108, 180);
+}
+
+QColor AccentGround(const QPalette& palette) {
+  return IsDark(palette) ? QColor(48, 103, 172) : Accent(palette);
 }
 
 QColor EditingRed(const QPalette& palette) {
@@ -40,6 +46,12 @@ QColor Border(const QPalette& palette) {
 
 QColor FaceColour(const QPalette& palette) {
   return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015);
+}
+
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int size : kIconSizes) icon.addFile(QString(":/icons/%1/merlu.png").arg(size), {size, size});
+  return icon;
 }
 
 LookStyle::LookStyle() : QProxyStyle("Fusion") {}
@@ -79,7 +91,7 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 QString StyleSheet(const QPalette& palette) {
   const QString form = QStringLiteral(R"(
     QLineEdit, QPlainTextEdit { border: 1px solid %1; border-radius: 3px; padding: 3px 6px; background: %2; color: %3;
-                                selection-background-color: %4; selection-color: white; }
+                                selection-background-color: %9; selection-color: white; }
     QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid %4; padding: 2px 5px; }
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { background: %5; border-color: %6; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { background: rgb(255,128,128); color: rgb(40,10,10); border-color: rgb(170,50,50); }
@@ -91,7 +103,7 @@ QString StyleSheet(const QPalette& palette) {
     QPushButton:pressed { background: %5; }
     QPushButton:focus { border: 2px solid %4; padding: 4px 14px; }
     QPushButton:disabled { color: %7; background: %5; border-color: %6; }
-    QPushButton[main="true"] { background: %4; color: white; border-color: %4; }
+    QPushButton[main="true"] { background: %9; color: white; border-color: %9; }
     QPushButton[main="true"]:focus { border-color: %3; }
     QTabWidget::pane { border: 1px solid %6; border-radius: 4px; top: -1px; background: %8; }
     QTabBar::tab { padding: 6px 14px; border: 1px solid %6; border-bottom: none; border-top-left-radius: 4px;
@@ -99,16 +111,20 @@ QString StyleSheet(const QPalette& palette) {
     QTabBar::tab:selected { background: %8; font-weight: bold; }
     QTabBar::tab:disabled { color: %7; }
     QTreeView { border: 1px solid %6; background: %2; alternate-background-color: %5; color: %3;
-                selection-background-color: %4; selection-color: white; }
+                selection-background-color: %9; selection-color: white; }
     QTreeView:disabled { color: %7; }
     QTreeView#tvwTree { border: none; background: %8; }
+    QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
+    QProgressBar { border: 1px solid %6; border-radius: 4px; background: %2; min-height: 10px; max-height: 10px; }
+    QProgressBar::chunk { border-radius: 3px; background: %4; }
+    QStatusBar QLabel { padding: 2px 10px; }
     QScrollArea { border: none; background: transparent; }
   )");
   const auto name = [](const QColor& colour) { return colour.name(); };
   const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);
   return form.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
                   name(FaceColour(palette)), name(Line(palette)), name(Mix(ink, ground, 0.55)),
-                  name(Mix(ground, palette.color(QPalette::Base), 0.5)));
+                  name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)));
 }
 
 }  // namespace merlu

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QString>
@@ -11,12 +12,17 @@ namespace merlu {
 
 bool IsDark(const QPalette& palette);
 QColor Accent(const QPalette& palette);
+// The accent as a ground for white text: what is selected, the main act.
+QColor AccentGround(const QPalette& palette);
 // Title of a sheet while it is edited: dark red, or a red light enough to read on a dark ground.
 QColor EditingRed(const QPalette& palette);
 QColor Quiet(const QPalette& palette);       // captions of lesser things
 QColor Line(const QPalette& palette);        // thin borders and rules
 QColor Border(const QPalette& palette);      // of what can be edited
 QColor FaceColour(const QPalette& palette);  // background of what is read-only
+
+// The program's icon, in the sizes that are part of the program.
+QIcon ProgramIcon();
 
 inline const QColor kFlagBack(255, 128, 128);
 inline const QColor kFlagText(40, 10, 10);

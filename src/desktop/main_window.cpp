@@ -13,6 +13,7 @@
 
 #include "base/dates.h"
 #include "desktop/look.h"
+#include "desktop/shortcuts.h"
 #include "qc/qc_log.h"
 #include "session/messages.h"
 #include "shell/main_program.h"
@@ -23,14 +24,6 @@ namespace {
 
 constexpr const char* kMainButtons[] = {"cmdEditMode", "cmdQC", "cmdCANCEL", "cmdSaveEdits", "cmdSaveExit", "cmdEdit"};
 constexpr int kTreeWidth = 280;
-
-struct ShortcutRow {
-  const char* button;
-  const char* keys;
-};
-constexpr ShortcutRow kShortcuts[] = {{"cmdEdit", "Ctrl+E"},   {"cmdSaveEdits", "Ctrl+S"},
-                                      {"cmdCANCEL", "Escape"}, {"cmdSaveExit", "Ctrl+Return"},
-                                      {"cmdQC", "F5"},         {"cmdEditMode", "Ctrl+M"}};
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -143,26 +136,41 @@ void MainWindow::MakeButtons(QWidget* place) {
   for (const char* name : {"cmdEdit", "cmdSaveExit"}) SetLook(*buttons_->Find(name), "main", true);
 }
 
-QAction* MainWindow::MakeShortcut(const QString& keys, const char* button) {
-  auto* action = new QAction(this);
-  action->setShortcut(QKeySequence(keys));
-  connect(action, &QAction::triggered, this, [this, button] {
-    // the field that is being typed in hands over its text first
-    if (QWidget* focus = focusWidget(); focus != nullptr && s_.main->Handles(button, Event::kClick)) {
-      focus->clearFocus();
-      focus->setFocus();
-    }
-    acts_.Do([&] { return act::Click(s_.desk, *s_.main, button); });
-  });
-  addAction(action);
-  return action;
+void MainWindow::PressButton(const char* button) {
+  // the field that is being typed in hands over its text first
+  if (QWidget* focus = focusWidget(); focus != nullptr && s_.main->Handles(button, Event::kClick)) {
+    focus->clearFocus();
+    focus->setFocus();
+  }
+  acts_.Do([&] { return act::Click(s_.desk, *s_.main, button); });
+}
+
+std::function<void()> MainWindow::ActOf(const std::string& id) {
+  if (id == shortcut::kNextNode) return [this] { StepNode(1); };
+  if (id == shortcut::kPreviousNode) return [this] { StepNode(-1); };
+  if (id == shortcut::kNextPage) return [this] { StepPage(1); };
+  if (id == shortcut::kPreviousPage) return [this] { StepPage(-1); };
+  return [this] { ShortcutSheet(this).exec(); };
 }
 
 void MainWindow::MakeShortcuts() {
-  for (const ShortcutRow& row : kShortcuts) {
-    MakeShortcut(row.keys, row.button);
-    QWidget* button = buttons_->Find(row.button);
-    button->setToolTip(QKeySequence(row.keys).toString(QKeySequence::NativeText));
+  for (const Shortcut& row : Shortcuts()) {
+    const std::string id = row.id;
+    if (id.empty()) continue;
+    auto* action = new QAction(tr(row.what), this);
+    action->setObjectName(Q(id));
+    action->setShortcut(QKeySequence(row.keys));
+    if (QWidget* button = buttons_->Find(id)) {
+      connect(action, &QAction::triggered, this, [this, name = row.id] { PressButton(name); });
+      button->setToolTip(tr(row.what) + " (" + KeysText(row) + ")");
+      button->setAccessibleDescription(button->toolTip());
+    } else {
+      connect(action, &QAction::triggered, this, ActOf(id));
+    }
+    addAction(action);
+    if (id != shortcut::kSheet) continue;
+    action->setText(tr("Keyboard &Shortcuts"));
+    menus_.at("mnuHelp")->addAction(action);
   }
 }
 
@@ -172,6 +180,17 @@ void MainWindow::ClickTreeNode(const QModelIndex& index) {
   const int node = TreeModel::NodeOf(index);
   if (acts_.IsDrawing() || node < 0 || !s_.tree.enabled || node == s_.tree.selected) return;
   acts_.Run([&] { ClickNode(s_, node); });
+}
+
+void MainWindow::StepNode(int step) {
+  const QModelIndex now = tree_->currentIndex();
+  if (!s_.tree.enabled || !now.isValid()) return;
+  const QModelIndex next = step > 0 ? tree_->indexBelow(now) : tree_->indexAbove(now);
+  if (next.isValid()) tree_->setCurrentIndex(next);
+}
+
+void MainWindow::StepPage(int step) {
+  if (auto* view = qobject_cast<SheetView*>(sheets_->currentWidget())) view->StepPage(step);
 }
 
 void MainWindow::ShowEditMenu(const QPoint& at) {
@@ -282,7 +301,9 @@ void MainWindow::SyncStatus() {
   QString right;
   if (s_.db.IsOpen() && !s_.current.Is(level::kUser) && !s_.current.Level.empty()) {
     const int count = CountQCErrors(s_, s_.current);
-    right = count == 0 ? tr("No findings here") : count == 1 ? tr("1 finding here") : tr("%1 findings here").arg(count);
+    right = count == 0   ? tr("No open findings here")
+            : count == 1 ? tr("1 open finding here")
+                         : tr("%1 open findings here").arg(count);
   }
   const QString mode = s_.InDesc() ? tr("Description Edit Mode") : s_.InActv() ? tr("Activity Edit Mode") : QString();
   findings_->setText(QStringList({right, mode}).filter(QRegularExpression(".")).join("  ·  "));

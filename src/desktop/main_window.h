@@ -7,6 +7,7 @@
 #include <QStackedWidget>
 #include <QTreeView>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -38,7 +39,10 @@ class MainWindow : public QMainWindow {
   void MakeTree();
   void MakeButtons(QWidget* place);
   void MakeShortcuts();
-  QAction* MakeShortcut(const QString& keys, const char* button);
+  std::function<void()> ActOf(const std::string& shortcut);
+  void PressButton(const char* button);
+  void StepNode(int step);
+  void StepPage(int step);
   void ClickTreeNode(const QModelIndex& index);
   void ShowEditMenu(const QPoint& at);
 

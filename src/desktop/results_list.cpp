@@ -3,6 +3,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
 
 #include "desktop/look.h"
 
@@ -10,6 +13,39 @@ namespace merlu {
 namespace {
 
 constexpr int kFindingColumns = 3;
+constexpr int kAboveAndBelow = 3;
+
+// Rows as high as their texts are when they wrap in their columns; a tree by itself keeps rows of one line.
+class WrappingRows : public QStyledItemDelegate {
+ public:
+  explicit WrappingRows(QTreeView* list) : QStyledItemDelegate(list), list_(list) {}
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    const int margin = list_->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &item, list_) + 1;
+    const int width = std::max(1, list_->columnWidth(index.column()) - 2 * margin);
+    const QRect text = item.fontMetrics.boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, item.text);
+    return {text.width() + 2 * margin, std::max(text.height(), item.fontMetrics.height()) + 2 * kAboveAndBelow};
+  }
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    list_->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, list_);
+    QStyleOptionViewItem text = option;
+    text.rect.adjust(0, kAboveAndBelow, 0, -kAboveAndBelow);
+    text.state &= ~QStyle::State_HasFocus;
+    QStyledItemDelegate::paint(painter, text, index);
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->features |= QStyleOptionViewItem::WrapText;
+  }
+
+ private:
+  QTreeView* list_;
+};
 
 }  // namespace
 
@@ -21,11 +57,13 @@ ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* pa
   setRootIsDecorated(false);
   setAlternatingRowColors(true);
   setWordWrap(true);
+  setItemDelegate(new WrappingRows(this));
   setUniformRowHeights(false);
   setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
   setAllColumnsShowFocus(true);
   header()->setStretchLastSection(true);
   header()->setSectionsMovable(false);
+  connect(header(), &QHeaderView::sectionResized, this, [this] { scheduleDelayedItemsLayout(); });
   connect(this, &QTreeWidget::itemDoubleClicked, this, [this] { emit Opened(); });
 }
 

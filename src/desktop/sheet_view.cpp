@@ -108,6 +108,7 @@ void SheetView::ShowBand(const QString& where) {
 void SheetView::MakePages() {
   const Control& tab = binding_.form().At(tab_);
   tabs_ = static_cast<QTabWidget*>(binding_.AddTab(tab, this).widget);
+  tabs_->setAccessibleName(tr("Pages"));
   for (int page = 0; page < static_cast<int>(tab.items.size()); ++page) {
     auto* place = new QWidget(tabs_);
     FillPage(page, place);
@@ -115,6 +116,14 @@ void SheetView::MakePages() {
   }
   layout()->addWidget(tabs_);
   static_cast<QVBoxLayout*>(layout())->setStretchFactor(tabs_, 1);
+}
+
+void SheetView::StepPage(int step) {
+  const int count = tabs_->count();
+  for (int away = 1; away < count; ++away) {
+    const int page = ((tabs_->currentIndex() + step * away) % count + count) % count;
+    if (tabs_->isTabEnabled(page)) return tabs_->setCurrentIndex(page);
+  }
 }
 
 void SheetView::AddTo(BlocksPanel& panel, const Control& control) {

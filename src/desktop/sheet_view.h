@@ -25,6 +25,8 @@ class SheetView : public QWidget {
   // Draws what changed; `where` says where the record is.
   void Sync(const QString& where);
   void TakeFocus() { binding_.TakeFocus(); }
+  // Shows the next available page, or the one before; round the ends.
+  void StepPage(int step);
 
  private:
   void MakeBand();

@@ -22,7 +22,7 @@ void SetSize(QLabel& label, qreal factor, bool bold) {
 }  // namespace
 
 WaitWindow::WaitWindow(QWidget* over)
-    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowDoesNotAcceptFocus),
       title_(new QLabel(this)),
       text_(new QLabel(this)),
       bar_(new QProgressBar(this)) {
@@ -37,8 +37,7 @@ WaitWindow::WaitWindow(QWidget* over)
   column->addWidget(bar_);
   setFixedWidth(420);
   bar_->setTextVisible(false);
-  adjustSize();
-  Centre(*this, over);
+  bar_->setAccessibleName(tr("Progress"));
 }
 
 void WaitWindow::Show(const WaitScreen& wait) {
@@ -47,24 +46,12 @@ void WaitWindow::Show(const WaitScreen& wait) {
   text_->setText(QString::fromStdString(wait.text));
   bar_->setRange(0, wait.total);
   bar_->setValue(wait.done);
-  if (isHidden()) show();
-}
-
-Splash::Splash(const Form& about, QWidget* over) : QWidget(over, Qt::SplashScreen | Qt::FramelessWindowHint) {
-  setObjectName("frmAbout");
-  setAttribute(Qt::WA_ShowWithoutActivating);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(40, 32, 40, 32);
-  column->setSpacing(6);
-  for (const Control& control : about.controls()) {
-    if (control.kind != Kind::kLabel) continue;
-    auto* label = new QLabel(QString::fromStdString(control.text), this);
-    label->setAlignment(Qt::AlignCenter);
-    if (control.name == "lblTitle") SetSize(*label, 2.0, true);
-    column->addWidget(label);
+  if (isHidden()) {
+    adjustSize();
+    Centre(*this, parentWidget());
+    show();
   }
-  adjustSize();
-  Centre(*this, over);
+  repaint();
 }
 
 }  // namespace merlu

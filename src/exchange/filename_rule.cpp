@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "session/folders.h"
 #include "session/messages.h"
 #include "store/files.h"
 
@@ -60,8 +61,7 @@ std::string NewDatabaseFileName(Session& s, const std::string& typed) {
 }
 
 std::string CompactionFile(Session& s) {
-  const std::string beside = s.platform.ProgramFolder();
-  return WithSeparator(CanWriteFolder(beside) ? beside : s.platform.DataFolder()) + "ZTEMPZ.MDB";
+  return OwnFilesFolder(s) + "ZTEMPZ.MDB";
 }
 
 }  // namespace merlu

@@ -78,8 +78,10 @@ class Platform {
   virtual std::string Setting(const std::string& section, const std::string& key) = 0;
   virtual void StoreSetting(const std::string& section, const std::string& key, const std::string& value) = 0;
 
-  // Folder of the program, with the template and the help beside it; and the user's own data folder.
+  // Folder of the program's files, the template and the help; and the user's own data folder.
   virtual std::string ProgramFolder() = 0;
+  // Whether those files belong to an installation, where nothing is ever written.
+  virtual bool IsInstalled() = 0;
   virtual std::string DataFolder() = 0;
   // Paints the report as a PDF at the path; faults are thrown.
   virtual void WriteReport(const InventoryReport& report, const std::string& path,

@@ -1,8 +1,6 @@
 #include "host/settings_store.h"
 
-#include <QCoreApplication>
 #include <QSettings>
-#include <QStandardPaths>
 
 namespace merlu {
 namespace {
@@ -28,14 +26,6 @@ std::string SettingsStore::Value(const std::string& section, const std::string& 
 void SettingsStore::Store(const std::string& section, const std::string& key, const std::string& value) {
   settings_->setValue(Key(section, key), QString::fromStdString(value));
   settings_->sync();
-}
-
-std::string ProgramFolder() {
-  return QCoreApplication::applicationDirPath().toStdString();
-}
-
-std::string UserDataFolder() {
-  return (QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" + kApplication).toStdString();
 }
 
 }  // namespace merlu

@@ -1,5 +1,4 @@
-// The per-user settings, kept by the desktop's own means or in an ini file of one's choice; and the folders
-// of the program and of the user's data.
+// The per-user settings, kept by the desktop's own means or in an ini file of one's choice.
 #pragma once
 
 #include <memory>
@@ -22,10 +21,5 @@ class SettingsStore {
  private:
   std::unique_ptr<QSettings> settings_;
 };
-
-// Folder of the program's data: the template and the help. Beside the program in a build, in the share
-// folder of an installation.
-std::string ProgramFolder();
-std::string UserDataFolder();
 
 }  // namespace merlu

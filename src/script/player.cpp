@@ -8,6 +8,7 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "script/words.h"
 #include "shell/dialogs.h"
@@ -156,7 +157,10 @@ void Player::StoreSetting(const std::string& section, const std::string& key, co
 }
 
 std::string Player::ProgramFolder() {
-  return merlu::ProgramFolder();
+  return ProgramFiles().folder;
+}
+bool Player::IsInstalled() {
+  return ProgramFiles().installed;
 }
 std::string Player::DataFolder() {
   return UserDataFolder();

@@ -43,6 +43,7 @@ class Player : public Platform {
   std::string Setting(const std::string& section, const std::string& key) override;
   void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
   std::string ProgramFolder() override;
+  bool IsInstalled() override;
   std::string DataFolder() override;
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,

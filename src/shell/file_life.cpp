@@ -15,12 +15,19 @@ constexpr const char* kPreviousVersion =
 
 }  // namespace
 
+bool TakeDatabase(Session& s, const std::string& path) {
+  if (!IsCurrentDatabase(path)) {
+    TellUnder(s, "Data Validation", kPreviousVersion, Icon::kWarning);
+    return false;
+  }
+  s.platform.StoreSetting(kSettingSection, kSettingPath, path);
+  return true;
+}
+
 void LocateDatabase(Session& s) {
   const std::string path = s.platform.AskFile(
       {FileQuestion::Kind::kOpen, "MERLU-2017 - Locate Database", "MERLU Database", "*.MDB", ".MDB"});
-  if (path.empty()) return;
-  if (!IsCurrentDatabase(path)) return TellUnder(s, "Data Validation", kPreviousVersion, Icon::kWarning);
-  s.platform.StoreSetting(kSettingSection, kSettingPath, path);
+  if (path.empty() || !TakeDatabase(s, path)) return;
   EndProgram(s);
   Main(s);
 }

@@ -1,9 +1,14 @@
 // Choosing another database, and making an empty one.
 #pragma once
 
+#include <string>
+
 #include "session/session.h"
 
 namespace merlu {
+
+// Makes the file the one that starts lead to. False, told, and nothing changed, for one of the earlier version.
+bool TakeDatabase(Session& s, const std::string& path);
 
 // Asks for a database file and restarts the program on it. A file of the earlier version is refused, and
 // nothing changes.

@@ -1,6 +1,7 @@
 #include "shell/main_program.h"
 
 #include "base/text.h"
+#include "session/folders.h"
 #include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/edit_cycle.h"
@@ -15,15 +16,9 @@
 namespace merlu {
 namespace {
 
-// Where the database lies when no setting names one: beside the program, or with the user's own data when
-// nothing can be written there. A first start finds a fresh copy of the template.
+// Where the database lies when no setting names one. A first start finds a fresh copy of the template.
 std::string DefaultPath(Session& s) {
-  std::string folder = s.platform.ProgramFolder();
-  if (!CanWriteFolder(folder)) {
-    folder = s.platform.DataFolder();
-    MakeFolder(folder);
-  }
-  const std::string path = WithSeparator(folder) + "merlu.mdb";
+  std::string path = OwnFilesFolder(s) + "merlu.mdb";
   if (!FileExists(path)) Plainly(s, [&] { CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path); });
   return path;
 }

@@ -2,36 +2,15 @@
 #include <QDir>
 #include <QTreeWidget>
 
-#include <fstream>
-#include <sstream>
-
 #include "desktop/desktop.h"
 #include "desktop/look.h"
+#include "desktop/shortcuts.h"
 #include "driver.h"
+#include "examples.h"
 #include "inventory.h"
-#include "script/player.h"
 
 namespace merlu::test {
 namespace {
-
-// Plays the lines of a script, and leaves the database that they made.
-void Prepare(const TemporaryFolder& folder, const std::string& lines) {
-  std::istringstream in("start " + folder.path("inventory.mdb") + "\n" + lines);
-  std::ostringstream out;
-  PlayOptions options;
-  options.settings_file = folder.path("prepare.ini");
-  options.clock = DateTime{2017, 3, 5, 14, 2, 0};
-  if (Player(in, out, options).Run() != 0) qWarning("%s", out.str().c_str());
-}
-
-std::string ReadExample(const char* name) {
-  std::ifstream in(std::string(MERLU_SOURCE_FOLDER) + "/examples/" + name);
-  std::stringstream text;
-  text << in.rdbuf();
-  std::string lines = text.str();
-  const std::string start = "start inventory.mdb\n";
-  return lines.erase(lines.find(start), start.size());
-}
 
 class Pictures {
  public:
@@ -103,6 +82,33 @@ class Pictures {
     }
   }
 
+  void Shell(const QString& suffix) {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("first-month.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.app->Start();
+    driver.Settle();
+    Save(driver.Top("frmAbout"), "50-splash" + suffix);
+    driver.CloseSplash();
+    driver.OnNextModal([&](QWidget* dialog) {
+      Save(dialog, "51-about" + suffix);
+      dialog->close();
+    });
+    driver.Command("mnuHAbout");
+    driver.OnNextModal([&](QWidget* dialog) {
+      Save(dialog, "52-shortcuts" + suffix);
+      dialog->close();
+    });
+    driver.Command(shortcut::kSheet);
+    driver.app->PaintWait({true, "MERLU", "Running QC ...", 0, 0});
+    Save(driver.Top("frmWait"), "53-wait" + suffix);
+    driver.app->PaintWait({});
+    driver.app->PaintWait({true, "Preparing QA Summary", "March 2017, structure 1001 1 of 40", 12, 40});
+    Save(driver.Top("frmWait"), "54-wait-share" + suffix);
+    driver.app->PaintWait({});
+  }
+
   void Findings(const QString& suffix) {
     TemporaryFolder folder;
     CopyTemplate(folder);
@@ -128,9 +134,12 @@ class Pictures {
     list->topLevelItem(0)->setSelected(true);
     driver.OnNextModal([&](QWidget* dialog) {
       Save(dialog, "43-comment" + suffix);
-      dialog->close();
+      driver.Type("txtComments",
+                  "The meter ran on over the night of the twelfth; the log of the platform has the true hours.");
+      driver.Click("cmdOK");
     });
     driver.Click("cmdFLA_EditQCComment");
+    Save(window, "47-findings-commented" + suffix);
     driver.Click("cmdCANCEL");
     driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(0);
     driver.Select("K12345 22017");
@@ -214,11 +223,13 @@ int main(int argc, char** argv) {
   if (what.isEmpty() || what.contains("sheets")) pictures.Sheets({1280, 800}, "");
   if (what.isEmpty() || what.contains("findings")) pictures.Findings("");
   if (what.isEmpty() || what.contains("exchange")) pictures.Exchange();
+  if (what.isEmpty() || what.contains("shell")) pictures.Shell("");
   if (what.isEmpty() || what.contains("small")) pictures.Sheets({1024, 700}, "-small");
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());
     merlu::SetUpLook();
     pictures.Findings("-dark");
+    pictures.Shell("-dark");
   }
   return 0;
 }

@@ -3,7 +3,11 @@
 #include <QMenu>
 #include <QTreeWidget>
 
+#include <algorithm>
+#include <cmath>
+
 #include "desktop/look.h"
+#include "desktop/results_list.h"
 #include "driver.h"
 #include "session/node_keys.h"
 #include "shell/routing.h"
@@ -265,6 +269,49 @@ TEST_F(Window, holds_long_names_without_cutting_or_overlapping) {
     HoldsLongNames(*driver_, {1024, 700});
     driver_->Click("cmdCANCEL");
   }
+}
+
+// How much lighter one colour is than the other, by the eye: 1 to 21.
+double Contrast(const QColor& a, const QColor& b) {
+  const auto light = [](const QColor& colour) {
+    const auto share = [](double part) {
+      return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * share(colour.redF()) + 0.7152 * share(colour.greenF()) + 0.0722 * share(colour.blueF()) + 0.05;
+  };
+  return std::max(light(a), light(b)) / std::min(light(a), light(b));
+}
+
+TEST(Colours, can_be_read_on_their_grounds_in_light_and_dark) {
+  constexpr double kReadable = 4.5;
+  for (const int ground : {239, 45}) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(ground, ground, ground));
+    palette.setColor(QPalette::WindowText, ground > 128 ? QColor(0, 0, 0) : QColor(228, 228, 228));
+    const QColor window = palette.color(QPalette::Window);
+    EXPECT_GE(Contrast(AccentGround(palette), Qt::white), kReadable) << ground;
+    EXPECT_GE(Contrast(EditingRed(palette), window), kReadable) << ground;
+    EXPECT_GE(Contrast(Quiet(palette), window), kReadable) << ground;
+    EXPECT_GE(Contrast(FaceColour(palette), palette.color(QPalette::WindowText)), kReadable) << ground;
+    EXPECT_GE(Contrast(Accent(palette), window), 3.0) << ground;
+  }
+  EXPECT_GE(Contrast(kFlagBack, kFlagText), kReadable);
+}
+
+TEST(ListOfFindings, shows_texts_that_wrap_whole) {
+  Control control;
+  control.columns = {"Field Name", "Error Description", "Operator Comment"};
+  control.rows = {{"Hours", "odd", "The meter ran on over the night of the twelfth, see the log of the platform."}};
+  ResultsList list(control, "No findings", nullptr);
+  list.resize(420, 300);
+  list.show();
+  list.ShowRows(control);
+  QCoreApplication::processEvents();
+  const int width = list.columnWidth(2) - 12;
+  const QRect text = list.fontMetrics().boundingRect(QRect(0, 0, width, 1000), Qt::TextWordWrap,
+                                                     QString::fromStdString(control.rows[0][2]));
+  EXPECT_GT(text.height(), 3 * list.fontMetrics().lineSpacing());
+  EXPECT_GE(list.visualItemRect(list.topLevelItem(0)).height(), text.height());
 }
 
 TEST(LargeTree, of_forty_thousand_nodes_is_walked_without_copies) {

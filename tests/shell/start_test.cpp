@@ -80,6 +80,17 @@ TEST(StartPath, without_a_setting_has_one_separator_behind_the_program_s_folder)
   EXPECT_EQ(run.s.path, run.folder.path("program/merlu.mdb"));
 }
 
+TEST(StartPath, without_a_setting_of_an_installed_program_is_with_the_user_s_data) {
+  TestRun run;
+  MoveProgram(run, run.folder.path("program"));
+  run.installed = true;
+  run.data_folder = run.folder.path("user/data");
+  StartAndCancel(run);
+  EXPECT_EQ(run.s.path, run.folder.path("user/data/merlu.mdb"));
+  EXPECT_TRUE(TableExists(run.s.path, "EA_LOA"));
+  EXPECT_FALSE(fs::exists(run.folder.path("program/merlu.mdb")));
+}
+
 TEST(StartPath, without_a_setting_leads_to_the_file_that_lies_there_already) {
   TestRun run;
   MoveProgram(run, run.folder.path("program"));

@@ -110,6 +110,7 @@ class TestRun : public Platform {
   std::map<std::string, std::string> settings;
   std::string program_folder;
   std::string data_folder;
+  bool installed = false;
   int paints = 0, waits = 0;
   std::vector<std::string> wait_texts;
 
@@ -126,6 +127,7 @@ class TestRun : public Platform {
   std::string Setting(const std::string& section, const std::string& key) override;
   void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
   std::string ProgramFolder() override { return program_folder; }
+  bool IsInstalled() override { return installed; }
   std::string DataFolder() override { return data_folder; }
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport& report, const std::string& path,

@@ -1,0 +1,36 @@
+# What an installation holds. The program finds its files by MERLU_DATA_DIR.
+set(MERLU_ICON_SIZES 16 24 32 48 64 128 256)
+install(TARGETS merlu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${CMAKE_BINARY_DIR}/mr.dbt DESTINATION ${MERLU_DATA_DIR})
+
+# The help is made by the build; what it made is known when it is installed.
+install(CODE "
+  file(GLOB help LIST_DIRECTORIES false \"${CMAKE_BINARY_DIR}/*.rtf\" \"${CMAKE_BINARY_DIR}/*.html\")
+  if(help)
+    file(INSTALL DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${MERLU_DATA_DIR}\" TYPE FILE FILES \${help})
+  endif()")
+
+set(desktop_files ${CMAKE_SOURCE_DIR}/data/desktop)
+install(FILES ${desktop_files}/merlu.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${desktop_files}/merlu.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${desktop_files}/merlu.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME merlu.xml)
+foreach(size ${MERLU_ICON_SIZES})
+  install(FILES ${CMAKE_SOURCE_DIR}/data/icons/${size}/merlu.png
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+endforeach()
+install(FILES ${CMAKE_SOURCE_DIR}/data/icons/merlu.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+
+set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/merlu)
+install(FILES ${desktop_files}/copyright DESTINATION ${doc_dir})
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples DESTINATION ${doc_dir} FILES_MATCHING PATTERN "*.merlu")
+
+# ---- compressed, as Debian keeps them ----
+configure_file(${desktop_files}/merlu.1.in ${CMAKE_BINARY_DIR}/manual/merlu.1 @ONLY)
+function(merlu_compress from to)
+  add_custom_command(OUTPUT ${to} COMMAND gzip -9nc ${from} > ${to} DEPENDS ${from} VERBATIM)
+endfunction()
+merlu_compress(${CMAKE_BINARY_DIR}/manual/merlu.1 ${CMAKE_BINARY_DIR}/manual/merlu.1.gz)
+merlu_compress(${desktop_files}/changelog ${CMAKE_BINARY_DIR}/manual/changelog.gz)
+add_custom_target(manual ALL DEPENDS ${CMAKE_BINARY_DIR}/manual/merlu.1.gz ${CMAKE_BINARY_DIR}/manual/changelog.gz)
+install(FILES ${CMAKE_BINARY_DIR}/manual/merlu.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_BINARY_DIR}/manual/changelog.gz DESTINATION ${doc_dir})

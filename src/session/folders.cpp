@@ -1,0 +1,16 @@
+#include "session/folders.h"
+
+#include "store/files.h"
+
+namespace merlu {
+
+std::string OwnFilesFolder(Session& s) {
+  const std::string program = s.platform.ProgramFolder();
+  // an installation belongs to the system, also where the user happens to be able to write
+  if (!s.platform.IsInstalled() && CanWriteFolder(program)) return WithSeparator(program);
+  const std::string own = s.platform.DataFolder();
+  MakeFolder(own);
+  return WithSeparator(own);
+}
+
+}  // namespace merlu

@@ -1,0 +1,14 @@
+// Where the program puts the files that it makes without being asked where.
+#pragma once
+
+#include <string>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Folder of the default inventory and of temporary files: beside the program, or the user's own data folder
+// (made when missing) where the program is installed or nothing can be written beside it. Ends in a separator.
+std::string OwnFilesFolder(Session& s);
+
+}  // namespace merlu
