@@ -14,6 +14,7 @@
 
 #include <algorithm>
 
+#include "desktop/help_dialog.h"
 #include "desktop/wait_window.h"
 #include "host/report_pdf.h"
 #include "shell/dialogs.h"
@@ -188,8 +189,15 @@ std::string DesktopApp::AskFolder(const std::string& prompt) {
       .toStdString();
 }
 
+DialogWindow* DesktopApp::MakeDialog(Form& form) {
+  const auto& controls = form.controls();
+  const bool help = std::any_of(controls.begin(), controls.end(), [](const Control& c) { return c.document != nullptr; });
+  if (help) return new HelpDialog(acts_, form, settings_.settings(), Parent());
+  return new FormDialog(acts_, form, Parent());
+}
+
 void DesktopApp::RunModal(Form& form) {
-  QPointer<FormDialog> dialog = new FormDialog(acts_, form, Parent());
+  QPointer<DialogWindow> dialog = MakeDialog(form);
   dialogs_.push_back(dialog);
   acts_.Redraw();
   dialog->Sync();

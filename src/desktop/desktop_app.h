@@ -52,6 +52,7 @@ class DesktopApp : public QObject, public Platform {
  private:
   void Sync();
   void SyncSplash();
+  DialogWindow* MakeDialog(Form& form);
   QWidget* Parent() const;
 
   SettingsStore settings_;
@@ -60,7 +61,7 @@ class DesktopApp : public QObject, public Platform {
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<QWidget> splash_;
   std::unique_ptr<QWidget> wait_;
-  std::vector<QPointer<FormDialog>> dialogs_;
+  std::vector<QPointer<DialogWindow>> dialogs_;
   QElapsedTimer waiting_, painted_;
 };
 

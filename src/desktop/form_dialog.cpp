@@ -12,10 +12,13 @@ bool IsField(Kind kind) {
 
 }  // namespace
 
-FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
+DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
+}
+
+FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(acts, form, parent) {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(16, 16, 16, 16);
   grid->setHorizontalSpacing(10);
@@ -59,13 +62,13 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
   grid->setRowMinimumHeight(row, 46);
 }
 
-void FormDialog::Sync() {
+void DialogWindow::Sync() {
   setWindowTitle(QString::fromStdString(binding_.form().caption));
   binding_.Sync();
   binding_.TakeFocus();
 }
 
-void FormDialog::reject() {
+void DialogWindow::reject() {
   Form& form = binding_.form();
   acts_.Do([&] { return act::Click(acts_.s.desk, form, form.cancel_button); });
 }

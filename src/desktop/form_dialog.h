@@ -7,18 +7,25 @@
 
 namespace merlu {
 
-class FormDialog : public QDialog {
+// What every dialog of a form does.
+class DialogWindow : public QDialog {
   Q_OBJECT
  public:
-  FormDialog(Acts& acts, Form& form, QWidget* parent);
-  void Sync();
+  DialogWindow(Acts& acts, Form& form, QWidget* parent);
+  virtual void Sync();
 
   // Closing the window and Escape press the form's cancel button.
   void reject() override;
 
- private:
+ protected:
   Acts& acts_;
   FormBinding binding_;
+};
+
+class FormDialog : public DialogWindow {
+  Q_OBJECT
+ public:
+  FormDialog(Acts& acts, Form& form, QWidget* parent);
 };
 
 }  // namespace merlu

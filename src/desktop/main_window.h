@@ -41,6 +41,8 @@ class MainWindow : public QMainWindow {
   QAction* MakeShortcut(const QString& keys, const char* button);
   void ClickTreeNode(const QModelIndex& index);
   void ShowEditMenu(const QPoint& at);
+  // Help for the current screen, at the field that has the focus.
+  void ShowHelpHere();
 
   void SyncMenus();
   void SyncTree();

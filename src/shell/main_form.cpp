@@ -1,5 +1,8 @@
 #include "shell/main_form.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "qc/comment_dialog.h"
 #include "records/build.h"
 #include "records/operator_record.h"
@@ -10,6 +13,7 @@
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
 #include "shell/file_life.h"
+#include "shell/help.h"
 #include "shell/main_program.h"
 
 namespace merlu {
@@ -22,7 +26,12 @@ struct MenuCommand {
   const char* caption;  // "-" is a separator
   const char* parent;
   Command run;  // null for a menu, a separator, or a command that is not offered yet
+  const char* file = nullptr;  // beside the program, that the command shows as help or hands to the system
 };
+
+void HelpHere(Session& s) {
+  ShowCurrentHelp(s, "");
+}
 
 constexpr MenuCommand kMenus[] = {
     {"mnuFile", "&File", "", nullptr},
@@ -45,6 +54,33 @@ constexpr MenuCommand kMenus[] = {
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuHelp", "&Help", "", nullptr},
+    {"mnuHCurrentScreen", "Current &Screen", "mnuHelp", HelpHere},
+    {"mnuHOther", "&Other Screens", "mnuHelp", nullptr},
+    {"mnuHOUser", "&Operator", "mnuHOther", nullptr, "User help.rtf"},
+    {"mnuHOSurvey", "&Survey", "mnuHOther", nullptr, "Survey help.rtf"},
+    {"mnuHOStructure", "S&tructure", "mnuHOther", nullptr, "Structure help.rtf"},
+    {"mnuHOBar1", "-", "mnuHOther", nullptr},
+    {"mnuHOAMI", "&Amine Unit", "mnuHOther", nullptr, "AMI help.rtf"},
+    {"mnuHOBOI", "&Boiler/Heater/Burner", "mnuHOther", nullptr, "BOI help.rtf"},
+    {"mnuHOVEN", "Cold &Vent", "mnuHOther", nullptr, "VEN help.rtf"},
+    {"mnuHOFLA", "Combustion &Flare", "mnuHOther", nullptr, "FLA help.rtf"},
+    {"mnuHODIE", "&Diesel or Gasoline Engine", "mnuHOther", nullptr, "DIE help.rtf"},
+    {"mnuHOJAC", "D&rilling Equipment", "mnuHOther", nullptr, "DRI help.rtf"},
+    {"mnuHOFUG", "Fu&gitives", "mnuHOther", nullptr, "FUG help.rtf"},
+    {"mnuHOGLY", "Gl&ycol Dehydrator", "mnuHOther", nullptr, "GLY help.rtf"},
+    {"mnuHOLOA", "&Loading Operations", "mnuHOther", nullptr, "LOA help.rtf"},
+    {"mnuHOLOS", "Losses from Flas&hing", "mnuHOther", nullptr, "LOS help.rtf"},
+    {"mnuHOMUD", "&Mud Degassing", "mnuHOther", nullptr, "MUD help.rtf"},
+    {"mnuHONGE", "&Natural Gas Engine", "mnuHOther", nullptr, "NGE help.rtf"},
+    {"mnuHONGT", "Natural Gas, Diesel, or Dual-Fuel T&urbine", "mnuHOther", nullptr, "NGT help.rtf"},
+    {"mnuHOPRE", "Pneumatic &Controllers", "mnuHOther", nullptr, "PRE help.rtf"},
+    {"mnuHOPNE", "&Pneumatic Pumps", "mnuHOther", nullptr, "PNE help.rtf"},
+    {"mnuHOSTO", "Storage Tan&k", "mnuHOther", nullptr, "STO help.rtf"},
+    {"mnuHBar1", "-", "mnuHelp", nullptr},
+    {"mnuHLINK1", "User &Guide", "mnuHelp", nullptr, "User guide.html"},
+    {"mnuHLINK2", "Quality &Rules", "mnuHelp", nullptr, "Quality rules.html"},
+    {"mnuHLink3", "S&cripting", "mnuHelp", nullptr, "Scripting.html"},
+    {"mnuHBar2", "-", "mnuHelp", nullptr},
     {"mnuHAbout", "About MERLU-2017", "mnuHelp", OpenAbout},
 };
 
@@ -76,12 +112,26 @@ constexpr SheetCommand kSheetButtons[] = {
     {"cmdSTRUCTURE_AddEquip", OpenNewEquipment},
 };
 
+bool IsMenu(const MenuCommand& row) {
+  return std::any_of(std::begin(kMenus), std::end(kMenus),
+                     [&](const MenuCommand& other) { return std::string_view(other.parent) == row.name; });
+}
+
+// A page of help shows in the program, any other document in what the system has for it.
+void OpenFile(Session& s, const std::string& file) {
+  if (file.ends_with(".rtf"))
+    ShowHelp(s, file);
+  else
+    OpenHelpDocument(s, file);
+}
+
 void PutMenus(Session& s, Form& main) {
   for (const MenuCommand& menu : kMenus) {
     Control& control = Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent});
-    const bool is_command = *menu.parent != '\0' && menu.caption != std::string("-");
-    control.enabled = !is_command || menu.run != nullptr;
+    const bool is_command = menu.caption != std::string("-") && !IsMenu(menu);
+    control.enabled = !is_command || menu.run != nullptr || menu.file != nullptr;
     if (menu.run != nullptr) main.On(menu.name, Event::kClick, [&s, run = menu.run] { run(s); });
+    if (menu.file != nullptr) main.On(menu.name, Event::kClick, [&s, file = menu.file] { OpenFile(s, file); });
   }
 }
 
