@@ -1,5 +1,7 @@
 // Saves pictures of the screens: merlu_pictures FOLDER
 #include <QDir>
+#include <QScrollBar>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 #include <fstream>
@@ -102,6 +104,30 @@ class Pictures {
     }
   }
 
+  void Help(const QString& suffix) {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("first-month.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    const auto show = [&](const char* command, const QString& name, const QString& sought) {
+      driver.OnNextModal([&](QWidget* dialog) {
+        Save(dialog, name + suffix);
+        auto* text = dialog->findChild<QTextBrowser*>("rtfHelp");
+        text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum());
+        Save(dialog, name + "-end" + suffix);
+        QTest::keyClick(dialog, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(dialog->findChild<QLineEdit*>("helpFind"), sought);
+        Save(dialog, name + "-find" + suffix);
+        dialog->findChild<QPushButton*>("cmdClose")->click();
+      });
+      driver.Command(command);
+    };
+    show("mnuHCurrentScreen", "50-help-operator", "months");
+    show("mnuHOFLA", "51-help-flare", "pilot");
+    show("mnuHOLOS", "52-help-flashing", "nowhere to be found");
+  }
+
   void Findings(const QString& suffix) {
     TemporaryFolder folder;
     CopyTemplate(folder);
@@ -179,11 +205,13 @@ int main(int argc, char** argv) {
   if (what.isEmpty() || what.contains("first")) pictures.FirstRun();
   if (what.isEmpty() || what.contains("sheets")) pictures.Sheets({1280, 800}, "");
   if (what.isEmpty() || what.contains("findings")) pictures.Findings("");
+  if (what.isEmpty() || what.contains("help")) pictures.Help("");
   if (what.isEmpty() || what.contains("small")) pictures.Sheets({1024, 700}, "-small");
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());
     merlu::SetUpLook();
     pictures.Findings("-dark");
+    pictures.Help("-dark");
   }
   return 0;
 }
