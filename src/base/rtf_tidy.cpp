@@ -88,6 +88,15 @@ void TakeTypedBullet(Paragraph& paragraph) {
   }
 }
 
+// A heading row is one without its bold face.
+void PlainHeaders(Document& document) {
+  for (Block& block : document.blocks)
+    for (TableRow& row : block.rows)
+      for (auto& cell : row.cells)
+        for (Paragraph& paragraph : cell)
+          for (TextRun& run : paragraph.runs) run.bold = run.bold && !row.header;
+}
+
 bool IsEmpty(const Paragraph& paragraph) {
   return std::all_of(paragraph.runs.begin(), paragraph.runs.end(),
                      [](const TextRun& run) { return run.text.find_first_not_of(" \t\n") == std::string::npos; });
@@ -118,10 +127,13 @@ void TidyDocument(Document& document) {
   const int body = BodySize(document);
   if (!HasHeadings(document)) FindHeadingsBySize(document, body);
   ForEachParagraph(document, [body](Paragraph& paragraph) {
-    for (TextRun& run : paragraph.runs)
+    for (TextRun& run : paragraph.runs) {
       if (paragraph.heading > 0 || SizeOf(run) == body) run.half_points = 0;
+      if (paragraph.heading > 0) run.bold = false;  // it is one without that
+    }
     TakeTypedBullet(paragraph);
   });
+  PlainHeaders(document);
   DropEmptyParagraphs(document);
 }
 

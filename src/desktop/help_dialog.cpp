@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSettings>
@@ -190,8 +191,8 @@ void HelpDialog::Sync() {
   QTimer::singleShot(0, this, &HelpDialog::GoToBookmark);
 }
 
-void HelpDialog::reject() {
-  if (!bar_->isVisible()) return DialogWindow::reject();
+void HelpDialog::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || !bar_->isVisible()) return DialogWindow::keyPressEvent(event);
   bar_->hide();
   view_->setFocus();
 }

@@ -35,8 +35,10 @@ class HelpDialog : public DialogWindow {
   HelpDialog(Acts& acts, Form& form, QSettings& settings, QWidget* parent);
   ~HelpDialog() override;
   void Sync() override;
+
+ protected:
   // Escape closes the bar first, then the window.
-  void reject() override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QWidget* MakeFindBar();

@@ -121,10 +121,10 @@ std::string TableText(const std::vector<TableRow>& rows) {
     }
     text += "\n";
     for (const auto& cell : row.cells) {
-      text += "\\pard\\plain\\intbl\\f0\\fs18 ";
-      if (row.header) text += "\\b ";
+      text += "\\pard\\plain\\intbl\\f0\\fs" + Number(kBodySize) + " ";
+      if (row.header) text += "{\\b ";
       for (std::size_t p = 0; p < cell.size(); ++p) text += (p == 0 ? "" : "\\line ") + Inner(cell[p]);
-      text += "\\cell\n";
+      text += row.header ? "}\\cell\n" : "\\cell\n";
     }
     text += "\\row\n";
   }

@@ -34,6 +34,7 @@ class HelpWindow : public testing::Test {
       step(dialog);
       if (dialog->isVisible()) dialog->close();
     });
+    driver_->Settle();
     QTest::keyClick(driver_->app->window(), Qt::Key_F1);
     EXPECT_TRUE(came) << "F1 opens the help";
   }
