@@ -127,8 +127,7 @@ std::string PlainText(const Document& document) {
     for (const TableRow& row : block.rows) {
       for (std::size_t i = 0; i < row.cells.size(); ++i) {
         if (i > 0) text += '\t';
-        for (std::size_t p = 0; p < row.cells[i].size(); ++p)
-          text += (p == 0 ? "" : " ") + PlainText(row.cells[i][p]);
+        for (std::size_t p = 0; p < row.cells[i].size(); ++p) text += (p == 0 ? "" : " ") + PlainText(row.cells[i][p]);
       }
       text += '\n';
     }

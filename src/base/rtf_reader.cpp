@@ -49,19 +49,33 @@ struct SpecialCharacter {
   char32_t character;
 };
 constexpr SpecialCharacter kSpecial[] = {
-    {"tab", '\t'},       {"line", '\n'},       {"lbr", '\n'},         {"emdash", 0x2014},    {"endash", 0x2013},
-    {"lquote", 0x2018},  {"rquote", 0x2019},   {"ldblquote", 0x201C}, {"rdblquote", 0x201D}, {"bullet", 0x2022},
-    {"emspace", 0x2003}, {"enspace", 0x2002},  {"qmspace", 0x2005},   {"zwj", 0x200D},       {"zwnj", 0x200C},
+    {"tab", '\t'},       {"line", '\n'},      {"lbr", '\n'},         {"emdash", 0x2014},    {"endash", 0x2013},
+    {"lquote", 0x2018},  {"rquote", 0x2019},  {"ldblquote", 0x201C}, {"rdblquote", 0x201D}, {"bullet", 0x2022},
+    {"emspace", 0x2003}, {"enspace", 0x2002}, {"qmspace", 0x2005},   {"zwj", 0x200D},       {"zwnj", 0x200C},
 };
 
 // Groups whose text is none of the page's.
 const std::set<std::string_view>& Unread() {
-  static const std::set<std::string_view> words = {
-      "colortbl",  "info",     "pict",      "object",   "header",    "headerl",  "headerr",   "headerf",
-      "footer",    "footerl",  "footerr",   "footerf",  "footnote",  "fldinst",  "filetbl",   "listtable",
-      "revtbl",    "nonshppict", "private", "template", "xe",        "tc",       "tcn",       "rxe",
-      "bkmkend",   "atnid",    "atnauthor", "atnref",   "annotation", "objdata", "objclass",  "datafield",
-      "nonesttables", "listoverridetable", "themedata", "colorschememapping", "ftnsep", "ftnsepc", "aftnsep"};
+  static const std::set<std::string_view> words = {"colortbl",     "info",
+                                                   "pict",         "object",
+                                                   "header",       "headerl",
+                                                   "headerr",      "headerf",
+                                                   "footer",       "footerl",
+                                                   "footerr",      "footerf",
+                                                   "footnote",     "fldinst",
+                                                   "filetbl",      "listtable",
+                                                   "revtbl",       "nonshppict",
+                                                   "private",      "template",
+                                                   "xe",           "tc",
+                                                   "tcn",          "rxe",
+                                                   "bkmkend",      "atnid",
+                                                   "atnauthor",    "atnref",
+                                                   "annotation",   "objdata",
+                                                   "objclass",     "datafield",
+                                                   "nonesttables", "listoverridetable",
+                                                   "themedata",    "colorschememapping",
+                                                   "ftnsep",       "ftnsepc",
+                                                   "aftnsep"};
   return words;
 }
 
@@ -309,7 +323,8 @@ class Reader {
       looks.hidden = on;
     else if (word == "ulnone")
       looks.underline = false;
-    else if (word == "ul" || word == "uld" || word == "uldb" || word == "ulw" || word == "uldash" || word == "ulth" || word == "ulwave")
+    else if (word == "ul" || word == "uld" || word == "uldb" || word == "ulw" || word == "uldash" || word == "ulth" ||
+             word == "ulwave")
       looks.underline = on;
     else if (word == "fs")
       looks.half_points = std::clamp(token.number, 2, 400);
@@ -445,7 +460,7 @@ class Reader {
   std::size_t too_deep_ = 0, parts_ = 0;
   int code_page_ = 1252, default_font_ = -1, skip_ = 0;
   char32_t high_surrogate_ = 0;
-  std::map<int, int> fonts_;     // number and character set
+  std::map<int, int> fonts_;  // number and character set
   std::set<int> fixed_fonts_;
   std::map<int, int> headings_;  // style and outline level
   std::string name_, mark_;      // of a bookmark or style; in front of an item

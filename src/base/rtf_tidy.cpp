@@ -11,9 +11,9 @@
 namespace merlu {
 namespace {
 
-constexpr int kUsualSize = 24;                 // half points of a text that names no size
-constexpr int kLarger = 4;                     // half points over the body's size that make a bold line a heading
-constexpr int kMuchLarger = 8;                 // the same for a line that is not bold
+constexpr int kUsualSize = 24;  // half points of a text that names no size
+constexpr int kLarger = 4;      // half points over the body's size that make a bold line a heading
+constexpr int kMuchLarger = 8;  // the same for a line that is not bold
 constexpr std::size_t kLongestHeading = 120;
 constexpr int kHeadingLevels = 3;
 constexpr std::string_view kBullets[] = {"•", "·", "▪", "◦", "–\t"};

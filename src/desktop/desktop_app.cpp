@@ -191,7 +191,8 @@ std::string DesktopApp::AskFolder(const std::string& prompt) {
 
 DialogWindow* DesktopApp::MakeDialog(Form& form) {
   const auto& controls = form.controls();
-  const bool help = std::any_of(controls.begin(), controls.end(), [](const Control& c) { return c.document != nullptr; });
+  const bool help =
+      std::any_of(controls.begin(), controls.end(), [](const Control& c) { return c.document != nullptr; });
   if (help) return new HelpDialog(acts_, form, settings_.settings(), Parent());
   return new FormDialog(acts_, form, Parent());
 }

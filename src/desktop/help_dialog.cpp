@@ -17,7 +17,7 @@ namespace merlu {
 namespace {
 
 constexpr QSize kSize(760, 640);
-constexpr int kMargin = 22;
+constexpr int kMargin = 22, kIndent = 18;
 constexpr const char* kSizeSetting = "Help/size";
 
 QString DocumentStyle(const QPalette& palette) {
@@ -31,6 +31,7 @@ QString DocumentStyle(const QPalette& palette) {
     li { margin-bottom: 4px; }
     ul, ol { margin-top: 2px; margin-bottom: 8px; }
     table { border-collapse: collapse; border-color: %4; margin-top: 6px; margin-bottom: 12px; }
+    td, th { border: 1px solid %4; }
     th { background-color: %5; text-align: left; }
     pre, code { font-family: monospace; }
   )")
@@ -60,6 +61,7 @@ void HelpView::Draw() {
   document()->setDefaultStyleSheet(DocumentStyle(palette()));
   setHtml(html_);
   document()->setDocumentMargin(kMargin);
+  document()->setIndentWidth(kIndent);
   drawing_ = false;
 }
 

@@ -42,9 +42,8 @@ QString Q(const std::string& text) {
 constexpr const char* kHelpCommand = "mnuHCurrentScreen";
 
 bool HoldsMenus(const Form& main, const Control& menu) {
-  return std::any_of(main.controls().begin(), main.controls().end(), [&](const Control& other) {
-    return other.kind == Kind::kMenu && other.parent == menu.name;
-  });
+  return std::any_of(main.controls().begin(), main.controls().end(),
+                     [&](const Control& other) { return other.kind == Kind::kMenu && other.parent == menu.name; });
 }
 
 // Rows of one calm height.

@@ -4,8 +4,8 @@
 #include "records/structure_fields.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
-#include "shell/help.h"
 #include "sheets/units.h"
+#include "shell/help.h"
 
 namespace merlu {
 namespace {

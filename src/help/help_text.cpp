@@ -89,7 +89,8 @@ class Composer {
     if (field.stored == Stored::kComputed) facts.emplace_back("Computed by the QC run, not typed");
     std::vector<std::string> conditions;
     for (const Enabling& enabling : page_.enablings) {
-      if (enabling.only_off || std::find(enabling.fields.begin(), enabling.fields.end(), field.control) == enabling.fields.end())
+      if (enabling.only_off ||
+          std::find(enabling.fields.begin(), enabling.fields.end(), field.control) == enabling.fields.end())
         continue;
       const std::string words = ConditionText(page_.fields, enabling.when.words, kQuotes);
       if (std::find(conditions.begin(), conditions.end(), words) == conditions.end()) conditions.push_back(words);

@@ -42,7 +42,8 @@ class Line {
   bool Sees(std::string_view mark) const { return line_.substr(at_).starts_with(mark); }
 
   void Take() {
-    if (line_[at_] == '\\' && at_ + 1 < line_.size() && std::string_view("\\`*_|[]#-").find(line_[at_ + 1]) != std::string_view::npos) {
+    if (line_[at_] == '\\' && at_ + 1 < line_.size() &&
+        std::string_view("\\`*_|[]#-").find(line_[at_ + 1]) != std::string_view::npos) {
       now_.text += line_[at_ + 1];
       at_ += 2;
     } else if (Sees("`")) {

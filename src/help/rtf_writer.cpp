@@ -75,16 +75,16 @@ std::string ParagraphText(const Paragraph& paragraph) {
   if (paragraph.heading > 0) {
     const int level = std::min(paragraph.heading, static_cast<int>(kHeadingSizes.size()));
     return "\\pard\\plain\\s" + Number(level) + "\\outlinelevel" + Number(level - 1) + "\\sb" +
-           Number(360 - 60 * level) + "\\sa80\\keepn\\f0\\b\\fs" + Number(kHeadingSizes[static_cast<std::size_t>(level - 1)]) +
-           " " + inner + "\\par\n";
+           Number(360 - 60 * level) + "\\sa80\\keepn\\f0\\b\\fs" +
+           Number(kHeadingSizes[static_cast<std::size_t>(level - 1)]) + " " + inner + "\\par\n";
   }
   const std::string body = "\\f0\\fs" + Number(kBodySize);
   if (paragraph.list > 0) {
     const std::string mark = paragraph.numbered ? "1." : "\\'95";
     return "\\pard\\plain" + body + "{\\pntext" + mark + "\\tab}{\\*\\pn" +
-           (paragraph.numbered ? "\\pnlvlbody\\pndec\\pnstart1{\\pntxta.}" : "\\pnlvlblt\\pnf0{\\pntxtb\\'95}") + "}\\ilvl" +
-           Number(paragraph.list - 1) + "\\fi-" + Number(kIndent) + "\\li" + Number(kIndent * paragraph.list) + "\\sa40 " + inner +
-           "\\par\n";
+           (paragraph.numbered ? "\\pnlvlbody\\pndec\\pnstart1{\\pntxta.}" : "\\pnlvlblt\\pnf0{\\pntxtb\\'95}") +
+           "}\\ilvl" + Number(paragraph.list - 1) + "\\fi-" + Number(kIndent) + "\\li" +
+           Number(kIndent * paragraph.list) + "\\sa40 " + inner + "\\par\n";
   }
   return "\\pard\\plain\\sa120" + body + " " + inner + "\\par\n";
 }
@@ -135,13 +135,15 @@ std::string TableText(const std::vector<TableRow>& rows) {
 
 std::string ToRtf(const Document& document, const std::string& title) {
   std::string text =
-      "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}{\\f1\\fmodern\\fcharset0 Courier "
+      "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}{\\f1\\fmodern\\fcharset0 "
+      "Courier "
       "New;}}\n{\\stylesheet{\\s0 Normal;}";
   for (std::size_t level = 0; level < kHeadingSizes.size(); ++level)
     text += "{\\s" + std::to_string(level + 1) + "\\outlinelevel" + std::to_string(level) + "\\b\\fs" +
             Number(kHeadingSizes[level]) + " heading " + std::to_string(level + 1) + ";}";
   text += "}\n{\\info{\\title " + Escape(title) + "}}\n\\paperw12240\\paperh15840\\margl1300\\margr1300\n";
-  for (const Block& block : document.blocks) text += block.IsTable() ? TableText(block.rows) : ParagraphText(block.paragraph);
+  for (const Block& block : document.blocks)
+    text += block.IsTable() ? TableText(block.rows) : ParagraphText(block.paragraph);
   return text + "}\n";
 }
 

@@ -13,19 +13,35 @@ std::string CaptionOf(const std::vector<FieldSpec>& fields, const std::string& c
 
 std::string BareCaption(const std::string& caption) {
   std::string bare = Trim(caption);
-  if (bare.ends_with(':')) bare = Trim(bare.substr(0, bare.size() - 1));
+  if (bare.ends_with(':') || bare.ends_with(';')) bare = Trim(bare.substr(0, bare.size() - 1));
   return bare;
 }
+
+namespace {
+
+std::string PairQuotes(const std::string& words) {
+  std::string paired;
+  bool open = false;
+  for (const char c : words) {
+    if (c == '"')
+      paired += (open = !open) ? "“" : "”";
+    else
+      paired += c;
+  }
+  return paired;
+}
+
+}  // namespace
 
 std::string ConditionText(const std::vector<FieldSpec>& fields, std::string words, const CaptionMarks& marks) {
   for (const FieldSpec& field : fields)
     for (std::size_t at = 0; (at = words.find(field.control, at)) != std::string::npos;) {
       const std::string caption = CaptionOf(fields, field.control);
-      const std::string marked = marks.open + (marks.bare ? BareCaption(caption) : caption) + marks.close;
+      const std::string marked = marks.open + (marks.typeset ? BareCaption(caption) : caption) + marks.close;
       words.replace(at, field.control.size(), marked);
       at += marked.size();
     }
-  return words;
+  return marks.typeset ? PairQuotes(words) : words;
 }
 
 std::string DemandText(const CheckSpec& check) {

@@ -13,17 +13,17 @@ namespace merlu {
 std::string CaptionOf(const std::vector<FieldSpec>& fields, const std::string& control);
 
 // A condition speaks of fields by their control names; readers know them by their captions, which stand between
-// the two marks. Blanks around a caption and the colon behind it may be left away.
+// the two marks.
 struct CaptionMarks {
   std::string open, close;
-  bool bare = false;
+  bool typeset = false;  // bare captions, and quotes in pairs
 };
 std::string ConditionText(const std::vector<FieldSpec>& fields, std::string words, const CaptionMarks& marks);
 
 // What a check demands: "required, 0 to 744".
 std::string DemandText(const CheckSpec& check);
 
-// Without blanks around it and the colon behind it.
+// Without blanks around it and the mark behind it.
 std::string BareCaption(const std::string& caption);
 
 }  // namespace merlu

@@ -25,7 +25,7 @@ struct MenuCommand {
   const char* name;
   const char* caption;  // "-" is a separator
   const char* parent;
-  Command run;  // null for a menu, a separator, or a command that is not offered yet
+  Command run;                 // null for a menu, a separator, or a command that is not offered yet
   const char* file = nullptr;  // beside the program, that the command shows as help or hands to the system
 };
 

@@ -23,8 +23,7 @@ TEST(Document, nests_lists_by_their_depth_and_closes_them) {
   document.blocks[0].paragraph.list = document.blocks[2].paragraph.list = 1;
   document.blocks[1].paragraph.list = 2;
   document.blocks[1].paragraph.numbered = true;
-  EXPECT_EQ(ToHtml(document),
-            "<ul>\n<li>one</li>\n<ol>\n<li>deep</li>\n</ol>\n<li>two</li>\n</ul>\n<p>after</p>\n");
+  EXPECT_EQ(ToHtml(document), "<ul>\n<li>one</li>\n<ol>\n<li>deep</li>\n</ol>\n<li>two</li>\n</ul>\n<p>after</p>\n");
 }
 
 TEST(Document, gives_a_line_to_each_paragraph_and_each_row_of_a_table) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "base/code_pages.h"
 #include "base/fault.h"
 #include "support/rtf_samples.h"
@@ -55,8 +54,12 @@ TEST(RtfReader, takes_unicode_and_leaves_its_stand_ins) {
 }
 
 TEST(RtfReader, knows_the_special_characters) {
-  EXPECT_EQ(Plain("a\\tab b\\line c\\~d\\emdash e\\lquote f\\rquote\\par"), "a\tb\nc\xC2\xA0" "d—e‘f’\n");
-  EXPECT_EQ(Plain("\\{x\\} \\\\ co\\-op\\_er\\par"), "{x} \\ coop\xE2\x80\x91" "er\n");
+  EXPECT_EQ(Plain("a\\tab b\\line c\\~d\\emdash e\\lquote f\\rquote\\par"),
+            "a\tb\nc\xC2\xA0"
+            "d—e‘f’\n");
+  EXPECT_EQ(Plain("\\{x\\} \\\\ co\\-op\\_er\\par"),
+            "{x} \\ coop\xE2\x80\x91"
+            "er\n");
 }
 
 TEST(RtfReader, passes_over_pictures_properties_and_what_it_does_not_know) {
@@ -73,7 +76,8 @@ TEST(RtfReader, shows_the_text_of_a_link) {
 
 TEST(RtfReader, makes_headings_of_outline_levels_and_of_styles_so_named) {
   const Document document = Read(
-      "{\\stylesheet{\\s0 Normal;}{\\s2 heading 2;}}\\pard\\outlinelevel0 Top\\par\\pard\\s2 Under\\par\\pard text\\par");
+      "{\\stylesheet{\\s0 Normal;}{\\s2 heading 2;}}\\pard\\outlinelevel0 Top\\par\\pard\\s2 Under\\par\\pard "
+      "text\\par");
   EXPECT_EQ(At(document, 0).heading, 1);
   EXPECT_EQ(At(document, 1).heading, 2);
   EXPECT_EQ(At(document, 2).heading, 0);
@@ -86,7 +90,8 @@ TEST(RtfReader, makes_headings_of_larger_lines_only_without_any_other) {
   EXPECT_EQ(At(sized, 1).heading, 2);
   EXPECT_EQ(At(sized, 2).heading, 0);
   EXPECT_EQ(At(sized, 2).runs[0].half_points, 0) << "the body has the size of the reader";
-  const Document outlined = Read("\\pard\\outlinelevel0\\fs40\\b T\\par\\pard\\fs30 Part\\par\\b0\\fs22 " + body + "\\par");
+  const Document outlined =
+      Read("\\pard\\outlinelevel0\\fs40\\b T\\par\\pard\\fs30 Part\\par\\b0\\fs22 " + body + "\\par");
   EXPECT_EQ(At(outlined, 1).heading, 0);
 }
 
@@ -169,8 +174,9 @@ TEST(RtfReader, reads_the_plain_editors_dialect) {
 
 TEST(RtfReader, reads_the_large_word_processors_dialect) {
   const Document document = ReadRtf(kWordProcessor);
-  EXPECT_EQ(PlainText(document),
-            "Flow „and“ heat\nłódź See the guide. \n• Item one\n• Numbered\nField\tRule\nHours\t0 to 744\nat most\nafter\n");
+  EXPECT_EQ(
+      PlainText(document),
+      "Flow „and“ heat\nłódź See the guide. \n• Item one\n• Numbered\nField\tRule\nHours\t0 to 744\nat most\nafter\n");
   EXPECT_EQ(At(document, 0).heading, 1);
   EXPECT_EQ(At(document, 0).bookmarks, std::vector<std::string>{"_Toc1"});
   EXPECT_EQ(At(document, 3).list, 2);
@@ -208,7 +214,8 @@ struct Dice {
 };
 
 std::string Mutated(std::string text, const std::vector<std::string>& others, Dice& dice) {
-  const char* kMarks[] = {"{", "}", "\\par ", "\\cell ", "\\row ", "\\intbl ", "\\u55357?", "\\bin9 ", "\\'", "\\*", "{\\listtext ", "\\pard", "\\trowd"};
+  const char* kMarks[] = {"{",       "}",   "\\par ", "\\cell ",      "\\row ", "\\intbl ", "\\u55357?",
+                          "\\bin9 ", "\\'", "\\*",    "{\\listtext ", "\\pard", "\\trowd"};
   for (std::uint32_t changes = 1 + dice.Roll(6); changes > 0; --changes) {
     const std::size_t at = dice.Roll(text.size());
     switch (dice.Roll(5)) {

@@ -102,15 +102,15 @@ TEST_P(Help, tells_what_to_do_about_each_kind_of_finding) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(of, Help, testing::ValuesIn(HelpPages()), [](const auto& info) {
-  return info.param.prose.substr(0, info.param.prose.size() - 3);
-});
+INSTANTIATE_TEST_SUITE_P(of, Help, testing::ValuesIn(HelpPages()),
+                         [](const auto& info) { return info.param.prose.substr(0, info.param.prose.size() - 3); });
 
 TEST(HelpFiles, are_nineteen_with_the_names_that_the_menus_know) {
   ASSERT_EQ(HelpPages().size(), 19u);
   std::set<std::string> files;
   for (const HelpPage& page : HelpPages()) files.insert(page.file);
-  for (const char* screen : {"User", "Survey", "Structure"}) EXPECT_TRUE(files.contains(std::string(screen) + " help.rtf"));
+  for (const char* screen : {"User", "Survey", "Structure"})
+    EXPECT_TRUE(files.contains(std::string(screen) + " help.rtf"));
   for (const EquipmentType& type : EquipmentTypes())
     EXPECT_TRUE(files.contains(std::string(type.code) + " help.rtf")) << type.code;
 }
@@ -125,9 +125,13 @@ TEST(HelpFiles, share_prose_only_for_what_some_screen_has) {
   for (const auto& [name, text] : Read("shared.md").entries) {
     const std::string bare = name.ends_with('!') ? name.substr(0, name.size() - 1) : name;
     if (bare.starts_with("check "))
-      EXPECT_TRUE(std::any_of(checks.begin(), checks.end(), [&](const auto& c) { return c.starts_with(bare.substr(6)); })) << name;
+      EXPECT_TRUE(std::any_of(checks.begin(), checks.end(), [&](const auto& c) {
+        return c.starts_with(bare.substr(6));
+      })) << name;
     else if (bare.starts_with("unit "))
-      EXPECT_TRUE(std::any_of(captions.begin(), captions.end(), [&](const auto& c) { return Holds(c, "(" + bare.substr(5) + ")"); })) << name;
+      EXPECT_TRUE(std::any_of(captions.begin(), captions.end(), [&](const auto& c) {
+        return Holds(c, "(" + bare.substr(5) + ")");
+      })) << name;
     else
       EXPECT_TRUE(shared_names.contains(bare)) << name;
   }

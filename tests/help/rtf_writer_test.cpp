@@ -10,7 +10,8 @@ namespace {
 
 TEST(RtfWriter, writes_what_the_reader_reads_back_the_same) {
   const Document written = ReadMarkdown(
-      "# Top {1} \\\\ °F\nA **bold** and *slanted* `code` line, € “quoted” \xF0\x9F\x98\x80.\n\n- one\n- two\n  - deep\n1. first\n\n"
+      "# Top {1} \\\\ °F\nA **bold** and *slanted* `code` line, € “quoted” \xF0\x9F\x98\x80.\n\n- one\n- two\n  - "
+      "deep\n1. first\n\n"
       "## Part\n| A | B |\n| --- | --- |\n| x | y |\n");
   const Document read = ReadRtf(ToRtf(written, "Title"));
   EXPECT_EQ(PlainText(read), PlainText(written));

@@ -133,9 +133,8 @@ TEST_F(HelpTest, menu_has_a_command_for_every_sheet_by_its_letters_and_name) {
 }
 
 TEST_F(HelpTest, menu_opens_the_documents_beside_the_program) {
-  const std::map<std::string, std::string> links = {{"mnuHLINK1", "User guide.html"},
-                                                    {"mnuHLINK2", "Quality rules.html"},
-                                                    {"mnuHLink3", "Scripting.html"}};
+  const std::map<std::string, std::string> links = {
+      {"mnuHLINK1", "User guide.html"}, {"mnuHLINK2", "Quality rules.html"}, {"mnuHLink3", "Scripting.html"}};
   for (const auto& [menu, file] : links) {
     run.Click(menu);
     EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"Help file not found in " + help.path(file)});
