@@ -85,6 +85,16 @@ HelpDialog::HelpDialog(Acts& acts, Form& form, QSettings& settings, QWidget* par
   column->addWidget(view_, 1);
   bar_ = MakeFindBar();
   column->addWidget(bar_);
+  column->addLayout(MakeButtons(form));
+  MakeKeys();
+  resize(settings_.value(kSizeSetting, kSize).toSize());
+}
+
+HelpDialog::~HelpDialog() {
+  settings_.setValue(kSizeSetting, size());
+}
+
+QLayout* HelpDialog::MakeButtons(Form& form) {
   auto* buttons = new QHBoxLayout;
   auto* print = new QPushButton(tr("Print..."), this);
   print->setObjectName("helpPrint");
@@ -102,13 +112,7 @@ HelpDialog::HelpDialog(Acts& acts, Form& form, QSettings& settings, QWidget* par
   SetLook(*close, "main", true);
   close->setAutoDefault(false);  // Enter in the bar seeks
   buttons->addWidget(close);
-  column->addLayout(buttons);
-  MakeKeys();
-  resize(settings_.value(kSizeSetting, kSize).toSize());
-}
-
-HelpDialog::~HelpDialog() {
-  settings_.setValue(kSizeSetting, size());
+  return buttons;
 }
 
 QWidget* HelpDialog::MakeFindBar() {

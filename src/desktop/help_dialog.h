@@ -42,6 +42,7 @@ class HelpDialog : public DialogWindow {
 
  private:
   QWidget* MakeFindBar();
+  QLayout* MakeButtons(Form& form);
   void MakeKeys();
   void OpenFindBar();
   void FindNext(bool backward);
