@@ -13,6 +13,11 @@ namespace {
 
 const CaptionMarks kQuotes{"“", "”", true};
 
+// What stands in front of the unit in parentheses.
+std::string WithoutUnit(const std::string& caption) {
+  return Trim(caption.substr(0, caption.find('(')));
+}
+
 class Composer {
  public:
   Composer(const HelpPage& page, const Prose& own, const Prose& shared) : page_(page), own_(own), shared_(shared) {}
@@ -85,7 +90,8 @@ class Composer {
     std::vector<std::string> facts;
     if (const std::string* unit = UnitOf(caption)) facts.push_back("Unit: " + *unit);
     const std::string tag = Trim(field.tag);
-    if (!tag.empty() && tag != caption) facts.push_back("Called “" + tag + "” in findings");
+    if (!tag.empty() && tag != caption && tag != WithoutUnit(caption))
+      facts.push_back("Called “" + tag + "” in findings");
     if (field.stored == Stored::kComputed) facts.emplace_back("Computed by the QC run, not typed");
     std::vector<std::string> conditions;
     for (const Enabling& enabling : page_.enablings) {

@@ -1,5 +1,6 @@
 // Saves pictures of the screens: merlu_pictures FOLDER
 #include <QDir>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -123,6 +124,11 @@ class Pictures {
       });
       driver.Command(command);
     };
+    for (const char* name : {"mnuHelp", "mnuHOther"}) {
+      auto* menu = driver.app->window()->findChild<QMenu*>(name);
+      menu->adjustSize();
+      Save(menu, QString("49-") + name + suffix);
+    }
     show("mnuHCurrentScreen", "50-help-operator", "months");
     show("mnuHOFLA", "51-help-flare", "pilot");
     show("mnuHOLOS", "52-help-flashing", "nowhere to be found");
