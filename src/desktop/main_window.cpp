@@ -229,7 +229,7 @@ void MainWindow::SyncMenus() {
   }
   for (const auto& [name, action] : actions_) {
     const Control& control = s_.main->At(name);
-    action->setText(Q(control.caption));
+    if (!action->isSeparator()) action->setText(Q(control.caption));  // a line with a text shows the text
     action->setEnabled(control.enabled);
     action->setVisible(control.visible);
   }

@@ -145,6 +145,8 @@ TEST_F(HelpWindow, menu_holds_the_other_screens_in_a_menu_of_their_own) {
   EXPECT_EQ(other->actions().size(), 20) << "nineteen screens and a line";
   auto* here = driver_->app->window()->findChild<QAction*>("mnuHCurrentScreen");
   EXPECT_EQ(here->shortcut(), QKeySequence(Qt::Key_F1));
+  for (const QAction* action : other->actions())
+    EXPECT_EQ(action->text().isEmpty(), action->isSeparator()) << "a line is only a line";
   const auto entries = driver_->app->window()->findChild<QMenu*>("mnuHelp")->actions();
   EXPECT_EQ(entries.last()->objectName(), "mnuHAbout");
 }
