@@ -40,6 +40,7 @@ class QuietPlatform : public Platform {
   std::string DataFolder() override { return "."; }
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport&, const std::string&, const std::function<void(int, int)>&) override {}
+  void Print(const Form&) override {}
   void OpenDocument(const std::string&) override {}
 
  private:

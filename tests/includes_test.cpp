@@ -18,8 +18,19 @@ namespace fs = std::filesystem;
 
 // From the bottom up. Folders of one row know nothing of one another.
 const std::vector<std::vector<std::string>> kLayers = {
-    {"base"},         {"store", "forms"}, {"session"}, {"qc"},     {"sheets"},  {"records"}, {"qc_run", "exchange"},
-    {"inventory_qc"}, {"shell"},          {"host"},    {"script"}, {"desktop"}, {"app"},
+    {"base"},
+    {"store", "forms"},
+    {"session"},
+    {"qc"},
+    {"sheets"},
+    {"records"},
+    {"qc_run", "exchange"},
+    {"inventory_qc"},
+    {"shell"},
+    {"host", "help"},
+    {"script"},
+    {"desktop"},
+    {"app"},
 };
 
 const std::string kSource = std::string(MERLU_SOURCE_FOLDER) + "/src/";

@@ -6,6 +6,8 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStorageInfo>
 #include <QStyle>
@@ -15,9 +17,12 @@
 #include <algorithm>
 
 #include "desktop/about_window.h"
+#include "desktop/help_dialog.h"
+#include "desktop/print_form.h"
 #include "desktop/wait_window.h"
 #include "host/program_files.h"
 #include "host/report_pdf.h"
+#include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
@@ -206,8 +211,16 @@ std::string DesktopApp::AskFolder(const std::string& prompt) {
       .toStdString();
 }
 
+DialogWindow* DesktopApp::MakeDialog(Form& form) {
+  const auto& controls = form.controls();
+  const bool help =
+      std::any_of(controls.begin(), controls.end(), [](const Control& c) { return c.document != nullptr; });
+  if (help) return new HelpDialog(acts_, form, settings_.settings(), Parent());
+  return new FormDialog(acts_, form, Parent());
+}
+
 void DesktopApp::RunModal(Form& form) {
-  QPointer<FormDialog> dialog = new FormDialog(acts_, form, Parent());
+  QPointer<DialogWindow> dialog = MakeDialog(form);
   dialogs_.push_back(dialog);
   acts_.Redraw();
   dialog->Sync();
@@ -260,6 +273,17 @@ std::uint64_t DesktopApp::FreeBytes(const std::string& folder) {
 void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path,
                              const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
+}
+
+void DesktopApp::Print(const Form& form) {
+  QWidget* widget = &form == session_.main ? window_.get() : window_->findChild<QWidget*>(Q(form.name()));
+  if (widget == nullptr) return;
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(Q(form.caption));
+  QPrintDialog dialog(&printer, Parent());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const Busy busy(session_);
+  PrintWidget(*widget, printer);
 }
 
 void DesktopApp::OpenDocument(const std::string& path) {

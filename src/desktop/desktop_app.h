@@ -46,6 +46,7 @@ class DesktopApp : public QObject, public Platform {
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void Print(const Form& form) override;
   void OpenDocument(const std::string& path) override;
 
  protected:
@@ -54,6 +55,7 @@ class DesktopApp : public QObject, public Platform {
  private:
   void Sync();
   void SyncSplash();
+  DialogWindow* MakeDialog(Form& form);
   QWidget* Parent() const;
 
   SettingsStore settings_;
@@ -62,7 +64,7 @@ class DesktopApp : public QObject, public Platform {
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<QWidget> splash_;
   std::unique_ptr<QWidget> wait_;
-  std::vector<QPointer<FormDialog>> dialogs_;
+  std::vector<QPointer<DialogWindow>> dialogs_;
   QElapsedTimer painted_;
 };
 

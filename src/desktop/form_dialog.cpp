@@ -13,10 +13,13 @@ bool IsField(Kind kind) {
 
 }  // namespace
 
-FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent)
+DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
+}
+
+FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(acts, form, parent) {
   if (form.name() == kAboutForm)
     FillAbout(*this, binding_);
   else
@@ -90,13 +93,13 @@ void FormDialog::AddButton(const Control& control) {
     buttons_->addWidget(button);
 }
 
-void FormDialog::Sync() {
+void DialogWindow::Sync() {
   setWindowTitle(QString::fromStdString(binding_.form().caption));
   binding_.Sync();
   binding_.TakeFocus();
 }
 
-void FormDialog::reject() {
+void DialogWindow::reject() {
   Form& form = binding_.form();
   acts_.Do([&] { return act::Click(acts_.s.desk, form, form.cancel_button); });
 }

@@ -10,14 +10,25 @@
 
 namespace merlu {
 
-class FormDialog : public QDialog {
+// What every dialog of a form does.
+class DialogWindow : public QDialog {
   Q_OBJECT
  public:
-  FormDialog(Acts& acts, Form& form, QWidget* parent);
-  void Sync();
+  DialogWindow(Acts& acts, Form& form, QWidget* parent);
+  virtual void Sync();
 
   // Closing the window and Escape press the form's cancel button.
   void reject() override;
+
+ protected:
+  Acts& acts_;
+  FormBinding binding_;
+};
+
+class FormDialog : public DialogWindow {
+  Q_OBJECT
+ public:
+  FormDialog(Acts& acts, Form& form, QWidget* parent);
 
  private:
   void FillGrid();
@@ -27,8 +38,6 @@ class FormDialog : public QDialog {
   // Beside its field, or in the row at the bottom, the main one last.
   void AddButton(const Control& control);
 
-  Acts& acts_;
-  FormBinding binding_;
   QGridLayout* grid_ = nullptr;
   QHBoxLayout* buttons_ = nullptr;
   QPushButton* main_ = nullptr;

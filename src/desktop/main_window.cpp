@@ -11,11 +11,14 @@
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "base/dates.h"
 #include "desktop/look.h"
 #include "desktop/shortcuts.h"
 #include "qc/qc_log.h"
 #include "session/messages.h"
+#include "shell/help.h"
 #include "shell/main_program.h"
 #include "shell/routing.h"
 
@@ -27,6 +30,13 @@ constexpr int kTreeWidth = 280;
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
+}
+
+constexpr const char* kHelpCommand = "mnuHCurrentScreen";
+
+bool HoldsMenus(const Form& main, const Control& menu) {
+  return std::any_of(main.controls().begin(), main.controls().end(),
+                     [&](const Control& other) { return other.kind == Kind::kMenu && other.parent == menu.name; });
 }
 
 // Rows of one calm height.
@@ -92,9 +102,19 @@ void MainWindow::MakeMenus() {
       continue;
     }
     QMenu* menu = menus_.at(control.parent);
+    if (HoldsMenus(*s_.main, control)) {
+      menus_[name] = menu->addMenu(Q(control.caption));
+      menus_[name]->setObjectName(Q(name));
+      continue;
+    }
     QAction* action = control.caption == "-" ? menu->addSeparator() : menu->addAction(Q(control.caption));
     action->setObjectName(Q(name));
     actions_[name] = action;
+    if (name == kHelpCommand) {
+      action->setShortcut(QKeySequence("F1"));
+      connect(action, &QAction::triggered, this, &MainWindow::ShowHelpHere);
+      continue;
+    }
     connect(action, &QAction::triggered, this,
             [this, name] { acts_.Do([&] { return act::Click(s_.desk, *s_.main, name); }); });
   }
@@ -200,6 +220,18 @@ void MainWindow::ShowEditMenu(const QPoint& at) {
   menus_.at("mnuEdit")->popup(tree_->viewport()->mapToGlobal(at));
 }
 
+void MainWindow::ShowHelpHere() {
+  // the widget with the focus, or one around it, has the name of the control
+  std::string control;
+  for (const QWidget* widget = focusWidget(); widget != nullptr && control.empty(); widget = widget->parentWidget()) {
+    const std::string name = widget->objectName().toStdString();
+    for (const Form* form : s_.desk.showing)
+      if (!name.empty() && form->Find(name) != nullptr) control = name;
+  }
+  if (WhyNot(s_.desk, *s_.main, s_.main->At(kHelpCommand), true).empty())
+    acts_.Run([&] { ShowCurrentHelp(s_, control); });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   bool closed = s_.ended;
   if (!closed) acts_.Run([&] { closed = CloseMainWindow(s_); });
@@ -216,7 +248,7 @@ void MainWindow::SyncMenus() {
   }
   for (const auto& [name, action] : actions_) {
     const Control& control = s_.main->At(name);
-    action->setText(Q(control.caption));
+    if (!action->isSeparator()) action->setText(Q(control.caption));  // a line with a text shows the text
     action->setEnabled(control.enabled);
     action->setVisible(control.visible);
   }

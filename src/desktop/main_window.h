@@ -45,6 +45,8 @@ class MainWindow : public QMainWindow {
   void StepPage(int step);
   void ClickTreeNode(const QModelIndex& index);
   void ShowEditMenu(const QPoint& at);
+  // Help for the current screen, at the field that has the focus.
+  void ShowHelpHere();
 
   void SyncMenus();
   void SyncTree();

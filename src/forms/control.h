@@ -1,8 +1,11 @@
 // One control of a logical screen. A plain record: rules, loads and saves work on it, a front end draws it.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "base/document.h"
 
 namespace merlu {
 
@@ -51,6 +54,10 @@ struct Control {
   std::string beside;     // of a dialog's button: name of the field that it stands behind
   std::string note;       // name of a label control that stands behind the field
   std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
+
+  // Of a rich text box: the text with its looks, and where it is to be read from
+  std::shared_ptr<const Document> document{};
+  std::string bookmark;
 };
 
 }  // namespace merlu

@@ -86,6 +86,8 @@ class Platform {
   // Paints the report as a PDF at the path; faults are thrown.
   virtual void WriteReport(const InventoryReport& report, const std::string& path,
                            const std::function<void(int done, int total)>& progress) = 0;
+  // Prints the form as a picture, on the printer that the user chooses; faults are thrown.
+  virtual void Print(const Form& form) = 0;
   // Hands a document to the system to open.
   virtual void OpenDocument(const std::string& path) = 0;
   virtual std::uint64_t FreeBytes(const std::string& folder) = 0;

@@ -81,6 +81,7 @@ void Player::Emit() {
   answer.update(reply_.extra);
   answer["boxes"] = reply_.boxes;
   if (!reply_.opened.empty()) answer["opened"] = reply_.opened;
+  if (!reply_.printed.empty()) answer["printed"] = reply_.printed;
   out_ << Line(answer) << std::endl;
   failed_ = failed_ || !reply_.ok;
 }
@@ -169,6 +170,10 @@ std::string Player::DataFolder() {
 void Player::WriteReport(const InventoryReport& report, const std::string& path,
                          const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
+}
+
+void Player::Print(const Form& form) {
+  reply_.printed.push_back(form.name());
 }
 
 void Player::OpenDocument(const std::string& path) {

@@ -48,6 +48,7 @@ class Player : public Platform {
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void Print(const Form& form) override;
   void OpenDocument(const std::string& path) override;
 
  private:
@@ -103,6 +104,7 @@ class Player : public Platform {
     Json extra = Json::object();
     Json boxes = Json::array();
     Json opened = Json::array();
+    Json printed = Json::array();
   };
   Reply reply_;
   int count_ = 0;

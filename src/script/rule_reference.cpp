@@ -1,7 +1,7 @@
 #include "script/rule_reference.h"
 
-#include "base/numbers.h"
 #include "sheets/units.h"
+#include "sheets/wording.h"
 
 namespace merlu {
 namespace {
@@ -22,36 +22,6 @@ const char* When(In mode) {
   return mode == In::kActv ? "each month" : mode == In::kDesc ? "description" : "description and each month";
 }
 
-std::string NameOf(const SheetSpec& sheet, const std::string& control) {
-  for (const FieldSpec& field : sheet.fields)
-    if (field.control == control) return field.caption.empty() ? field.tag : field.caption;
-  return control;
-}
-
-// A condition speaks of lists by their control names; readers know them by their captions.
-std::string Readable(const SheetSpec& sheet, std::string words) {
-  for (const FieldSpec& field : sheet.fields)
-    for (std::size_t at = 0; (at = words.find(field.control, at)) != std::string::npos;)
-      words.replace(at, field.control.size(), "*" + NameOf(sheet, field.control) + "*");
-  return words;
-}
-
-std::string Demand(const CheckSpec& check) {
-  std::string demand;
-  if (check.only_if_filled)
-    demand = "when filled";
-  else if (check.name.starts_with("CheckRequired") || check.name.starts_with("RequiredRange") ||
-           check.name == "CheckMin")
-    demand = "required";
-  if (check.has_low && check.has_high)
-    demand += (demand.empty() ? "" : ", ") + GeneralNumber(check.low) + " to " + GeneralNumber(check.high);
-  else if (check.has_low)
-    demand += (demand.empty() ? "" : ", ") + std::string("at least ") + GeneralNumber(check.low);
-  if (!check.text.empty()) demand += (demand.empty() ? "" : "; ") + std::string("“") + check.text + "”";
-  if (check.name == "EmptyUnlessNumeric") demand = "emptied when it is no number";
-  return demand.empty() ? check.name : demand;
-}
-
 std::string Fields(const SheetSpec& sheet) {
   std::string text = Row({"Field", "Name in findings", "Entered", "Choices"}) + Row({"---", "---", "---", "---"});
   for (const FieldSpec& field : sheet.fields) {
@@ -68,7 +38,8 @@ std::string Rules(const SheetSpec& sheet) {
   for (const RuleGroup& group : sheet.rules)
     for (const Rule& rule : group.rules) {
       if (rule.check.name == "none") continue;
-      text += Row({NameOf(sheet, rule.field), Demand(rule.check), Readable(sheet, rule.when.words), When(rule.mode)});
+      text += Row({CaptionOf(sheet.fields, rule.field), DemandText(rule.check),
+                   ConditionText(sheet.fields, rule.when.words, {"*", "*"}), When(rule.mode)});
     }
   return text;
 }

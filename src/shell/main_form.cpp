@@ -1,5 +1,7 @@
 #include "shell/main_form.h"
 
+#include <string_view>
+
 #include "qc/comment_dialog.h"
 #include "records/build.h"
 #include "records/operator_record.h"
@@ -11,7 +13,9 @@
 #include "shell/edit_modes.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
+#include "shell/help.h"
 #include "shell/main_program.h"
+#include "shell/print_screen.h"
 #include "shell/spreadsheet.h"
 
 namespace merlu {
@@ -23,8 +27,13 @@ struct MenuCommand {
   const char* name;
   const char* caption;  // "-" is a separator
   const char* parent;
-  Command run;  // null for a menu or a separator
+  Command run;                 // null for a menu or a separator
+  const char* file = nullptr;  // beside the program, that the command shows as help or hands to the system
 };
+
+void HelpHere(Session& s) {
+  ShowCurrentHelp(s, "");
+}
 
 constexpr MenuCommand kMenus[] = {
     {"mnuFile", "&File", "", nullptr},
@@ -39,6 +48,8 @@ constexpr MenuCommand kMenus[] = {
     {"mnuEStructB", "Import MERLU-2017 Structure Data", "mnuFile", ImportStructuresFrom},
     {"mnuEStructS", "Export MERLU-2017 Structure Data", "mnuFile", ExportStructures},
     {"mnuFBar3", "-", "mnuFile", nullptr},
+    {"PrintScrn", "&Print Screen", "mnuFile", PrintScreen},
+    {"mnuFBar4", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
     {"mnuEdit", "&Edit", "", nullptr},
     {"mnuSetEditMode", "Change to Activity Edit Mode", "mnuEdit", ChangeEditMode},
@@ -51,6 +62,33 @@ constexpr MenuCommand kMenus[] = {
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuHelp", "&Help", "", nullptr},
+    {"mnuHCurrentScreen", "Current &Screen", "mnuHelp", HelpHere},
+    {"mnuHOther", "&Other Screens", "mnuHelp", nullptr},
+    {"mnuHOUser", "&Operator", "mnuHOther", nullptr, "User help.rtf"},
+    {"mnuHOSurvey", "&Survey", "mnuHOther", nullptr, "Survey help.rtf"},
+    {"mnuHOStructure", "S&tructure", "mnuHOther", nullptr, "Structure help.rtf"},
+    {"mnuHOBar1", "-", "mnuHOther", nullptr},
+    {"mnuHOAMI", "&Amine Unit", "mnuHOther", nullptr, "AMI help.rtf"},
+    {"mnuHOBOI", "&Boiler/Heater/Burner", "mnuHOther", nullptr, "BOI help.rtf"},
+    {"mnuHOVEN", "Cold &Vent", "mnuHOther", nullptr, "VEN help.rtf"},
+    {"mnuHOFLA", "Combustion &Flare", "mnuHOther", nullptr, "FLA help.rtf"},
+    {"mnuHODIE", "&Diesel or Gasoline Engine", "mnuHOther", nullptr, "DIE help.rtf"},
+    {"mnuHOJAC", "D&rilling Equipment", "mnuHOther", nullptr, "DRI help.rtf"},
+    {"mnuHOFUG", "Fu&gitives", "mnuHOther", nullptr, "FUG help.rtf"},
+    {"mnuHOGLY", "Gl&ycol Dehydrator", "mnuHOther", nullptr, "GLY help.rtf"},
+    {"mnuHOLOA", "&Loading Operations", "mnuHOther", nullptr, "LOA help.rtf"},
+    {"mnuHOLOS", "Losses from Flas&hing", "mnuHOther", nullptr, "LOS help.rtf"},
+    {"mnuHOMUD", "&Mud Degassing", "mnuHOther", nullptr, "MUD help.rtf"},
+    {"mnuHONGE", "&Natural Gas Engine", "mnuHOther", nullptr, "NGE help.rtf"},
+    {"mnuHONGT", "Natural Gas, Diesel, or Dual-Fuel T&urbine", "mnuHOther", nullptr, "NGT help.rtf"},
+    {"mnuHOPRE", "Pneumatic &Controllers", "mnuHOther", nullptr, "PRE help.rtf"},
+    {"mnuHOPNE", "&Pneumatic Pumps", "mnuHOther", nullptr, "PNE help.rtf"},
+    {"mnuHOSTO", "Storage Tan&k", "mnuHOther", nullptr, "STO help.rtf"},
+    {"mnuHBar1", "-", "mnuHelp", nullptr},
+    {"mnuHLINK1", "User &Guide", "mnuHelp", nullptr, "User guide.html"},
+    {"mnuHLINK2", "Quality &Rules", "mnuHelp", nullptr, "Quality rules.html"},
+    {"mnuHLink3", "S&cripting", "mnuHelp", nullptr, "Scripting.html"},
+    {"mnuHBar2", "-", "mnuHelp", nullptr},
     {"mnuHAbout", "About MERLU-2017", "mnuHelp", OpenAbout},
 };
 
@@ -82,10 +120,19 @@ constexpr SheetCommand kSheetButtons[] = {
     {"cmdSTRUCTURE_AddEquip", OpenNewEquipment},
 };
 
+// A page of help shows in the program, any other document in what the system has for it.
+void OpenFile(Session& s, const std::string& file) {
+  if (file.ends_with(".rtf"))
+    ShowHelp(s, file);
+  else
+    OpenHelpDocument(s, file);
+}
+
 void PutMenus(Session& s, Form& main) {
   for (const MenuCommand& menu : kMenus) {
     Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent});
     if (menu.run != nullptr) main.On(menu.name, Event::kClick, [&s, run = menu.run] { run(s); });
+    if (menu.file != nullptr) main.On(menu.name, Event::kClick, [&s, file = menu.file] { OpenFile(s, file); });
   }
 }
 

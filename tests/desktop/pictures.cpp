@@ -1,5 +1,8 @@
 // Saves pictures of the screens: merlu_pictures FOLDER
 #include <QDir>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 #include "desktop/desktop.h"
@@ -107,6 +110,35 @@ class Pictures {
     driver.app->PaintWait({true, "Preparing QA Summary", "March 2017, structure 1001 1 of 40", 12, 40});
     Save(driver.Top("frmWait"), "54-wait-share" + suffix);
     driver.app->PaintWait({});
+  }
+
+  void Help(const QString& suffix) {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("first-month.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    const auto show = [&](const char* command, const QString& name, const QString& sought) {
+      driver.OnNextModal([&](QWidget* dialog) {
+        Save(dialog, name + suffix);
+        auto* text = dialog->findChild<QTextBrowser*>("rtfHelp");
+        text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum());
+        Save(dialog, name + "-end" + suffix);
+        QTest::keyClick(dialog, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(dialog->findChild<QLineEdit*>("helpFind"), sought);
+        Save(dialog, name + "-find" + suffix);
+        dialog->findChild<QPushButton*>("cmdClose")->click();
+      });
+      driver.Command(command);
+    };
+    for (const char* name : {"mnuHelp", "mnuHOther"}) {
+      auto* menu = driver.app->window()->findChild<QMenu*>(name);
+      menu->adjustSize();
+      Save(menu, QString("49-") + name + suffix);
+    }
+    show("mnuHCurrentScreen", "50-help-operator", "months");
+    show("mnuHOFLA", "51-help-flare", "pilot");
+    show("mnuHOLOS", "52-help-flashing", "nowhere to be found");
   }
 
   void Findings(const QString& suffix) {
@@ -224,12 +256,14 @@ int main(int argc, char** argv) {
   if (what.isEmpty() || what.contains("findings")) pictures.Findings("");
   if (what.isEmpty() || what.contains("exchange")) pictures.Exchange();
   if (what.isEmpty() || what.contains("shell")) pictures.Shell("");
+  if (what.isEmpty() || what.contains("help")) pictures.Help("");
   if (what.isEmpty() || what.contains("small")) pictures.Sheets({1024, 700}, "-small");
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());
     merlu::SetUpLook();
     pictures.Findings("-dark");
     pictures.Shell("-dark");
+    pictures.Help("-dark");
   }
   return 0;
 }

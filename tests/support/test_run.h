@@ -132,8 +132,9 @@ class TestRun : public Platform {
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void Print(const Form& form) override { printed.push_back(form.name()); }
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
-  std::vector<std::string> opened;
+  std::vector<std::string> opened, printed;
   std::uint64_t free_bytes = std::uint64_t{1} << 40;
   std::vector<FileQuestion> file_questions;
   std::vector<std::string> folder_prompts;

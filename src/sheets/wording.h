@@ -1,0 +1,29 @@
+// The tables of fields and rules in words for the people who fill the sheets.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sheets/spec.h"
+
+namespace merlu {
+
+// What a reader knows a field by: its caption, or its name in findings where it has none; the control's own
+// name when it is no field.
+std::string CaptionOf(const std::vector<FieldSpec>& fields, const std::string& control);
+
+// A condition speaks of fields by their control names; readers know them by their captions, which stand between
+// the two marks.
+struct CaptionMarks {
+  std::string open, close;
+  bool typeset = false;  // bare captions, and quotes in pairs
+};
+std::string ConditionText(const std::vector<FieldSpec>& fields, std::string words, const CaptionMarks& marks);
+
+// What a check demands: "required, 0 to 744".
+std::string DemandText(const CheckSpec& check);
+
+// Without blanks around it and the mark behind it.
+std::string BareCaption(const std::string& caption);
+
+}  // namespace merlu

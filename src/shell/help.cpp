@@ -1,0 +1,89 @@
+#include "shell/help.h"
+
+#include <algorithm>
+#include <fstream>
+#include <memory>
+
+#include "base/rtf_reader.h"
+#include "forms/dialog.h"
+#include "session/messages.h"
+#include "session/types.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+constexpr std::string_view kRetiredType = "PUM";
+
+// No more of it than is read as help.
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw Fault(fault_number::kFileNotFound, "MERLU help", "Cannot read " + path + ".");
+  std::string text(static_cast<std::size_t>(std::min<std::uint64_t>(FileSize(path), RtfLimits().bytes)), '\0');
+  in.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(in.gcount()));
+  return text;
+}
+
+Form& HelpForm(Session& s) {
+  Form* found = s.desk.Find("frmHelp");
+  if (found == nullptr) {
+    found = &s.desk.Own(std::make_unique<Form>("frmHelp", "MERLU Help"));
+    Form& form = *found;
+    Control& text = AddText(form, "rtfHelp", "");
+    text.lines = text.locked = true;
+    AddButton(form, "cmdClose", "Close");
+    form.default_button = form.cancel_button = "cmdClose";
+    form.On("cmdClose", Event::kClick, [&s, &form] { s.desk.Hide(form); });
+    form.KeepDesign();
+  }
+  found->RestoreDesign();
+  return *found;
+}
+
+void TellMissing(Session& s, const std::string& path) {
+  Tell(s, "Help file not found in " + path);
+}
+
+std::string BesideProgram(Session& s, const std::string& file) {
+  return WithSeparator(s.platform.ProgramFolder()) + file;
+}
+
+}  // namespace
+
+std::string HelpFile(std::string_view level, std::string_view type) {
+  if (level == level::kUser) return "User help.rtf";
+  if (level == level::kSurvey) return "Survey help.rtf";
+  if (level == level::kStructure) return "Structure help.rtf";
+  const bool known = type == kRetiredType || FindType(type) != nullptr;
+  return level == level::kEquipment && known ? std::string(type) + " help.rtf" : "";
+}
+
+void ShowHelp(Session& s, const std::string& file, const std::string& bookmark) {
+  const std::string path = BesideProgram(s, file);
+  auto document = std::make_shared<Document>();
+  try {
+    *document = ReadRtf(ReadFile(path));
+  } catch (const Fault&) {
+    return TellMissing(s, path);
+  }
+  Form& form = HelpForm(s);
+  Control& text = form.At("rtfHelp");
+  text.text = PlainText(*document);
+  text.document = std::move(document);
+  text.bookmark = bookmark;
+  ShowDialog(s.desk, s.platform, form);
+}
+
+void ShowCurrentHelp(Session& s, const std::string& control) {
+  const std::string file = HelpFile(s.current.Level, s.current.EquipType);
+  if (!file.empty()) ShowHelp(s, file, control);
+}
+
+void OpenHelpDocument(Session& s, const std::string& file) {
+  const std::string path = BesideProgram(s, file);
+  if (!FileExists(path)) return TellMissing(s, path);
+  s.platform.OpenDocument(path);
+}
+
+}  // namespace merlu

@@ -1,0 +1,25 @@
+// The help: one rich text file for each screen, beside the program.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Name of the file for a level and, at equipment, a type; empty when there is none. It also knows the type PUM,
+// which no record uses any more.
+std::string HelpFile(std::string_view level, std::string_view type);
+
+// Shows the file of the program's folder as a dialog, from the bookmark on when it has it. A file that cannot be
+// read is told.
+void ShowHelp(Session& s, const std::string& file, const std::string& bookmark = "");
+
+// Help for the screen of the current location, at the control of that name.
+void ShowCurrentHelp(Session& s, const std::string& control);
+
+// Hands a document that lies beside the program to the system to open.
+void OpenHelpDocument(Session& s, const std::string& file);
+
+}  // namespace merlu

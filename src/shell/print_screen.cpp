@@ -1,0 +1,14 @@
+#include "shell/print_screen.h"
+
+#include "session/messages.h"
+#include "sheets/units.h"
+
+namespace merlu {
+
+void PrintScreen(Session& s) {
+  const SheetSpec* sheet = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr;
+  const Form* form = sheet == nullptr ? s.main : s.desk.Find(sheet->form());
+  if (form != nullptr) Plainly(s, [&] { s.platform.Print(*form); });
+}
+
+}  // namespace merlu

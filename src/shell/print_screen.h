@@ -1,0 +1,11 @@
+// Printing what the user sees.
+#pragma once
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Prints the form that shows the current sheet: the equipment's own, above that the main window.
+void PrintScreen(Session& s);
+
+}  // namespace merlu
