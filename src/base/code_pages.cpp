@@ -102,25 +102,6 @@ const CodePage* Find(int number) {
   return found == std::end(kPages) ? nullptr : found;
 }
 
-// The number of bytes of the sequence that begins at the place; 0 for none.
-std::size_t SequenceAt(std::string_view text, std::size_t at) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byte(at);
-  if (lead < 0x80) return 1;
-  const std::size_t length = lead >= 0xF0 && lead <= 0xF4  ? 4
-                             : lead >= 0xE0 && lead < 0xF0 ? 3
-                             : lead >= 0xC2 && lead < 0xE0 ? 2
-                                                           : 0;
-  if (length == 0 || at + length > text.size()) return 0;
-  char32_t value = lead & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(at + i) & 0xC0U) != 0x80U) return 0;
-    value = (value << 6U) | (byte(at + i) & 0x3FU);
-  }
-  const bool shortest = length == 2 || (length == 3 && value >= 0x800) || (length == 4 && value >= 0x10000);
-  return shortest && value <= 0x10FFFF && (value < 0xD800 || value > 0xDFFF) ? length : 0;
-}
-
 }  // namespace
 
 void AppendUtf8(std::string& text, char32_t character) {
@@ -144,19 +125,6 @@ char32_t Decode(int code_page, unsigned char byte) {
   if (byte < 0x80) return byte;
   const CodePage* page = Find(code_page);
   return (page != nullptr ? page : Find(kDefaultPage))->upper[byte - 0x80U];
-}
-
-std::string ValidUtf8(std::string_view text) {
-  std::string valid;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = SequenceAt(text, at);
-    if (length == 0)
-      AppendUtf8(valid, 0xFFFD);
-    else
-      valid.append(text.substr(at, length));
-    at += std::max<std::size_t>(length, 1);
-  }
-  return valid;
 }
 
 }  // namespace merlu

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace merlu {
 
@@ -12,8 +11,5 @@ void AppendUtf8(std::string& text, char32_t character);
 // What a byte means in a code page of one byte a character (437, 850, 1250 to 1254, 10000); in any other as in
 // 1252.
 char32_t Decode(int code_page, unsigned char byte);
-
-// The text with a replacement character for every byte that is no UTF-8.
-std::string ValidUtf8(std::string_view text);
 
 }  // namespace merlu

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/code_pages.h"
+#include "base/text.h"
 #include "base/fault.h"
 #include "support/rtf_samples.h"
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/code_pages.h"
+#include "base/text.h"
 #include "base/rtf_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
