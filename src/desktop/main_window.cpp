@@ -190,7 +190,7 @@ void MainWindow::MakeShortcuts() {
     addAction(action);
     if (id != shortcut::kSheet) continue;
     action->setText(tr("Keyboard &Shortcuts"));
-    menus_.at("mnuHelp")->addAction(action);
+    menus_.at("mnuHelp")->insertAction(actions_.at("mnuHAbout"), action);
   }
 }
 

@@ -62,8 +62,8 @@ bool AnyAt(Session& s, QCLocation& location) {
   BlankOutBelow(location, !s.current.Is(level::kSurvey), s.current.Is(level::kEquipment));
   KnownFindings& known = s.known_findings;
   if (known.changes != s.db.ChangeCount() || known.location != location) {
-    static const std::string kAny = std::string("SELECT EXISTS (SELECT 1 FROM QC WHERE ") + kAtLocation + ")";
-    known = {location, s.db.ChangeCount(), ToInteger(s.db.Single(kAny, AtLocation(location))) != 0};
+    static const std::string kAny = std::string("SELECT 1 FROM QC WHERE ") + kAtLocation + " LIMIT 1";
+    known = {location, s.db.ChangeCount(), !IsNull(s.db.Single(kAny, AtLocation(location)))};
   }
   return known.any;
 }

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/code_pages.h"
-#include "base/text.h"
 #include "base/fault.h"
+#include "base/text.h"
 #include "support/rtf_samples.h"
 
 namespace merlu::test {

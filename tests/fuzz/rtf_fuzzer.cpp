@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "base/code_pages.h"
-#include "base/text.h"
 #include "base/rtf_reader.h"
+#include "base/text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text = "{\\rtf1 " + std::string(reinterpret_cast<const char*>(data), size);
