@@ -1,6 +1,7 @@
 #include "figures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace merlu::bench {
@@ -32,6 +33,22 @@ void RunMeasure(benchmark::State& state, const Measure& measure) {
 }
 
 }  // namespace
+
+void PrintGrowth(const std::vector<Measure>& sixteenth, const std::vector<Measure>& quarter,
+                 const std::vector<Measure>& whole) {
+  constexpr int kRounds = 5;
+  const auto median = [](const Measure& measure) {
+    std::vector<double> seconds;
+    for (int i = 0; i < kRounds; ++i) seconds.push_back(measure.once().ours);
+    return MedianMs(seconds);
+  };
+  std::printf("%-52s %10s %10s %10s %9s\n", "ms at a share of the size", "1/16", "1/4", "1", "exponent");
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    const double small = median(sixteenth[i]), middle = median(quarter[i]), large = median(whole[i]);
+    std::printf("%-52s %10.2f %10.2f %10.2f %9.2f\n", whole[i].name.c_str(), small, middle, large,
+                std::log(large / small) / std::log(16.0));
+  }
+}
 
 void Register(const std::vector<Measure>& measures) {
   for (const Measure& measure : measures)

@@ -31,6 +31,10 @@ double Seconds(Work&& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
 }
 
+// The medians of ours at 1/16, 1/4 and the whole of the size, and the power of the size by which they grow.
+void PrintGrowth(const std::vector<Measure>& sixteenth, const std::vector<Measure>& quarter,
+                 const std::vector<Measure>& whole);
+
 void Register(const std::vector<Measure>& measures);
 
 // The usual report, and the table behind it.

@@ -4,14 +4,31 @@
 #include <QGuiApplication>
 
 #include <cstdio>
+#include <string>
 
 #include "base/fault.h"
 #include "measures.h"
 
 namespace {
 
+using namespace merlu::bench;
+
+// What grows with the inventory.
+std::vector<Measure> GrowingMeasures(const Workshop& shop) {
+  std::vector<Measure> all = ReadMeasures(shop);
+  for (const auto& more : {MonthMeasures(shop), QCMeasures(shop), AnnualMeasures(shop), ExchangeMeasures(shop)})
+    all.insert(all.end(), more.begin(), more.end());
+  std::erase_if(all, [](const Measure& measure) { return measure.name.starts_with("PDF"); });
+  return all;
+}
+
+int RunGrowth() {
+  const Workshop sixteenth(1.0 / 16), quarter(1.0 / 4), whole(1);
+  PrintGrowth(GrowingMeasures(sixteenth), GrowingMeasures(quarter), GrowingMeasures(whole));
+  return 0;
+}
+
 int Run() {
-  using namespace merlu::bench;
   const Workshop shop;
   const long peak = PeakKilobytesOfStart(shop.full);
   Register(StartMeasures(shop));
@@ -32,10 +49,12 @@ int Run() {
 int main(int count, char** words) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(count, words);
+  const bool growth = count == 2 && std::string(words[1]) == "--growth";
+  if (growth) count = 1;
   benchmark::Initialize(&count, words);
   if (benchmark::ReportUnrecognizedArguments(count, words)) return 2;
   try {
-    return Run();
+    return growth ? RunGrowth() : Run();
   } catch (const merlu::Fault& fault) {
     std::fprintf(stderr, "%s\n", fault.description.c_str());
   } catch (const std::exception& failure) {

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -40,8 +41,15 @@ long PeakKilobytes() {
   return peak;
 }
 
-InventoryPlan Full(int months) {
+InventoryPlan Share(double share) {
   InventoryPlan plan = FullInventory();
+  plan.structures = std::max(1, static_cast<int>(plan.structures * share));
+  plan.equipment = std::max(1, static_cast<int>(plan.equipment * share));
+  return plan;
+}
+
+InventoryPlan Full(double share, int months) {
+  InventoryPlan plan = Share(share);
   plan.types = MonthlyTypes();
   plan.months = months;
   return plan;
@@ -54,8 +62,15 @@ InventoryPlan Single() {
   return plan;
 }
 
-InventoryPlan Flares() {
-  InventoryPlan plan = FullInventory();
+InventoryPlan Mixed(double share) {
+  InventoryPlan plan = Share(share);
+  plan.types = {"DIE", "AMI", "BOI", "FLA", "GLY", "DRI", "LOA", "NGE", "NGT", "STO", "VEN"};
+  plan.fault_share = 0.1;
+  return plan;
+}
+
+InventoryPlan Flares(double share) {
+  InventoryPlan plan = Share(share);
   plan.types = {"FLA"};
   plan.fault_share = 0.1;
   return plan;
@@ -63,13 +78,14 @@ InventoryPlan Flares() {
 
 }  // namespace
 
-Workshop::Workshop()
+Workshop::Workshop(double share)
     : folder_(NewFolder()),
       everyday(Make("everyday", EverydayInventory())),
-      full(Make("full", Full(12))),
-      eleven(Make("eleven", Full(11))),
+      full(Make("full", Full(share, 12))),
+      eleven(Make("eleven", Full(share, 11))),
       single(Make("single", Single())),
-      flares(Make("flares", Flares())) {}
+      mixed(Make("mixed", Mixed(share))),
+      flares(Make("flares", Flares(share))) {}
 
 std::string Workshop::Make(const std::string& name, const InventoryPlan& plan) const {
   const std::string path = Path(name);

@@ -15,7 +15,8 @@ class Workshop {
   const std::string folder_;
 
  public:
-  Workshop();
+  // `share` of the full size, 0 to 1: its structures and its equipment.
+  explicit Workshop(double share = 1);
   ~Workshop();
   Workshop(const Workshop&) = delete;
   Workshop& operator=(const Workshop&) = delete;
@@ -24,6 +25,7 @@ class Workshop {
   const std::string full;      // the full inventory, the fifteen types with activity: 39,996 equipment months
   const std::string eleven;    // the same before its twelfth month
   const std::string single;    // one structure with twelve months
+  const std::string mixed;     // the full inventory of the types that a QC run walks
   const std::string flares;    // the full inventory of flares alone, a tenth of the rows faulty
 
   // A copy of a file that is on the disk already, so that a commit has its own pages to write and no others.

@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <cfenv>
 #include <charconv>
@@ -59,6 +60,23 @@ double Convert(std::string_view text) {
   return value;
 }
 
+// The shortest digits of a number that is written without an exponent; empty when they are too many. A number
+// of up to 15 digits is what its shortest form says.
+std::string PlainDigits(double value) {
+  constexpr double kSmallest = 1e-4, kLargest = 1e15;
+  constexpr std::ptrdiff_t kMost = 15;
+  if (std::abs(value) < kSmallest || std::abs(value) >= kLargest) return "";
+  std::array<char, 32> buffer;
+  const auto [end, error] =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
+  if (error != std::errc()) return "";
+  const char* last = end;
+  const char* first =
+      std::find_if(static_cast<const char*>(buffer.data()), last, [](char c) { return c >= '1' && c <= '9'; });
+  const auto digits = last - first - std::count(first, last, '.');
+  return digits <= kMost ? std::string(buffer.data(), end) : "";
+}
+
 template <typename Number>
 std::string General(Number value, int digits) {
   if (value == 0) return "0";
@@ -111,6 +129,7 @@ double WholeNumber(std::string_view text) {
 }
 
 std::string GeneralNumber(double value) {
+  if (std::string plain = PlainDigits(value); !plain.empty()) return plain;
   return General(value, 15);
 }
 std::string GeneralNumber(float value) {

@@ -1,5 +1,6 @@
 #include "qc_run/walks.h"
 
+#include <algorithm>
 #include <array>
 #include <set>
 #include <vector>
@@ -57,15 +58,17 @@ std::vector<EquipmentRow> EquipmentOf(Session& s, const QCLocation& l, const std
   // the type leads the index of a structure's equipment
   sql += " AND d.ED_EQUIP_TYP='" + type + "'";
   if (months) {
-    sql += " AND a.EA_MO=? AND a.EA_YR=? ORDER BY a.EA_ID_AK";
+    sql += " AND a.EA_MO=? AND a.EA_YR=?";
     values.insert(values.end(), {std::int64_t{l.Month}, std::int64_t{l.Year}});
-  } else {
-    sql += " ORDER BY d.ED_ID_AK";
   }
   std::vector<EquipmentRow> rows;
   s.db.ForEach(sql, values, [&](const RowView& row) {
     rows.push_back({std::string(row.Text(0)), std::string(row.Text(4)), row.Integer(1), row.Integer(3), row.Integer(2),
                     !row.IsNull(5)});
+  });
+  // so few rows are put in order sooner here than by the store
+  std::sort(rows.begin(), rows.end(), [months](const EquipmentRow& a, const EquipmentRow& b) {
+    return months ? a.EA_ID_AK < b.EA_ID_AK : a.ED_ID_AK < b.ED_ID_AK;
   });
   return rows;
 }

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+
 namespace merlu {
 namespace {
 
@@ -62,6 +67,21 @@ TEST(RoundHalfToEven, goes_to_the_even_neighbour) {
   EXPECT_EQ(RoundHalfToEven(1.5), 2);
   EXPECT_EQ(RoundHalfToEven(2.5), 2);
   EXPECT_EQ(RoundHalfToEven(-0.5), 0);
+}
+
+TEST(Numbers, are_written_as_fifteen_digits_say_them) {
+  std::uint64_t seed = 11;
+  for (int i = 0; i < 200000; ++i) {
+    seed = seed * 6364136223846793005u + 1442695040888963407u;
+    const int decimals = static_cast<int>(seed % 17);
+    const double scaled =
+        static_cast<double>(static_cast<std::int64_t>(seed) >> (seed % 53)) / std::pow(10.0, decimals);
+    std::array<char, 40> expected{};
+    std::snprintf(expected.data(), expected.size(), "%.15g", scaled);
+    for (char& c : expected)
+      if (c == 'e') c = 'E';
+    ASSERT_EQ(GeneralNumber(scaled), expected.data());
+  }
 }
 
 }  // namespace
