@@ -79,7 +79,9 @@ void CancelEdit(Session& s) {
 }
 
 void RunQCHere(Session& s) {
-  RunQC(s, s.current, false);
+  const QCLocation here = s.current;
+  RunQC(s, here, false);
+  s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows
 }
 
 }  // namespace merlu

@@ -221,6 +221,8 @@ void Database::OpenWith(const std::string& path, int flags) {
     if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
     if (!writes) Distrust(db_);
     sqlite3_busy_timeout(db_, kBusyMilliseconds);
+    const auto count = [](void* taken_back) { ++*static_cast<std::int64_t*>(taken_back); };
+    sqlite3_rollback_hook(db_, count, &taken_back_);
     Execute("PRAGMA foreign_keys=ON");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
   } catch (const Fault& fault) {
@@ -338,7 +340,7 @@ bool Database::HasTable(std::string_view name) {
 }
 
 std::int64_t Database::ChangeCount() const {
-  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_);
+  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_) + taken_back_;
 }
 
 WriteBatch::WriteBatch(Database& db) : db_(db) {
@@ -366,6 +368,22 @@ WriteBatch::~WriteBatch() {
   } catch (const Fault&) {
     // the caller is already on its way out with the fault that matters
   }
+}
+
+AllOrNothing::AllOrNothing(Database& db) : db_(db) {
+  db_.Execute("SAVEPOINT all_or_nothing");
+}
+
+void AllOrNothing::Keep() {
+  open_ = false;
+  db_.Execute("RELEASE all_or_nothing");
+}
+
+AllOrNothing::~AllOrNothing() {
+  // the engine has taken everything back by itself when it ended the batch
+  if (!open_ || !db_.IsOpen() || sqlite3_get_autocommit(db_.db_)) return;
+  sqlite3_exec(db_.db_, "ROLLBACK TO all_or_nothing; RELEASE all_or_nothing", nullptr, nullptr, nullptr);
+  ++db_.taken_back_;
 }
 
 }  // namespace merlu

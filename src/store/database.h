@@ -74,7 +74,7 @@ class Database {
 
   bool HasTable(std::string_view name);
 
-  // Grows with every row that a statement of this connection changes.
+  // Grows with every row that a statement of this connection changes, and when changes are taken back.
   std::int64_t ChangeCount() const;
 
   // Another file beside this one under a schema name, for reading only, as long as this lives.
@@ -93,6 +93,7 @@ class Database {
  private:
   friend class Cursor;
   friend class WriteBatch;
+  friend class AllOrNothing;
   class Running;  // a prepared statement in use
 
   void OpenWith(const std::string& path, int flags);
@@ -112,6 +113,7 @@ class Database {
   std::string path_;
   Cache cache_;
   int batches_ = 0;
+  std::int64_t taken_back_ = 0;
 };
 
 // Many writes, one commit. The outermost batch begins and commits; it commits when it goes out of scope
@@ -126,6 +128,22 @@ class WriteBatch {
 
   // Commits now, so that a failing commit can be told. Without a call the destructor commits silently.
   void Commit();
+
+ private:
+  Database& db_;
+  bool open_ = true;
+};
+
+// Writes of a batch that stand or fall together: rows of which a part alone would leave the file without sense.
+class AllOrNothing {
+ public:
+  explicit AllOrNothing(Database& db);
+  // Takes the writes back unless they were kept.
+  ~AllOrNothing();
+  AllOrNothing(const AllOrNothing&) = delete;
+  AllOrNothing& operator=(const AllOrNothing&) = delete;
+
+  void Keep();
 
  private:
   Database& db_;
