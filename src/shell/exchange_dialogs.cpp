@@ -289,6 +289,7 @@ void ImportPickedStructures(Session& s, Form& form) {
   } catch (const Fault& fault) {
     TellFaultNumberFirst(s, fault);
     Tell(s, "Specified Import file may be wrong format.");
+    Reopen(s);  // months that were added may have been taken back
   }
 }
 
