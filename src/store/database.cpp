@@ -200,6 +200,8 @@ Database::~Database() {
 }
 
 void Database::Fail(int code) const {
+  if (code == SQLITE_READONLY_DBMOVED)
+    throw Fault(fault_number::kPathNotFound, kSource, "The database file has been moved or deleted.");
   const std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
   const int number = FaultNumber(code, message);
   throw Fault(number, kSource, Described(number, message));
