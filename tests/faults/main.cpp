@@ -5,7 +5,7 @@
 
 // Nothing here asks for a real disk, and waiting for one would be most of the time.
 int main(int argc, char** argv) {
-  if (std::filesystem::is_directory("/dev/shm")) qputenv("TMPDIR", "/dev/shm");
+  if (std::filesystem::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);

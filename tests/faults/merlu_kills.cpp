@@ -337,7 +337,7 @@ int main(int count, char** words) {
     return 2;
   }
   // a process that dies loses nothing that it has written: no disk is needed, and waiting for one takes time
-  if (fs::is_directory("/dev/shm")) qputenv("TMPDIR", "/dev/shm");
+  if (fs::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
   try {
     Harness harness(options.seed);
     const auto chosen = Chosen(options.only);
