@@ -62,8 +62,9 @@ void SaveExit(Session& s) {
   if (s.save_failed) return;
   SaveTreeExpansion(s);
   SelectRoot(s);
+  const QCLocation root = s.current;
   s.current = here;
-  ReselectLocation(s);
+  if (!ReselectLocation(s)) s.current = root;  // a survey has no node among the descriptions
   RestoreTreeExpansion(s);
   UnlockInterface(s);
   LockSheet(s);
