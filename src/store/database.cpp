@@ -79,10 +79,15 @@ bool IsMarkedReadOnly(const std::string& path) {
   return !error && (status.permissions() & writers) == perms::none;
 }
 
-// Nothing that a file of unknown origin says is run.
-void Distrust(sqlite3* db) {
-  for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW})
+// Inventories hold no triggers: one that somebody has put into a file is not run.
+void RunNothingOfTheFile(sqlite3* db) {
+  for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER})
     sqlite3_db_config(db, switched_off, 0, nullptr);
+}
+
+// Beyond that, for a file of unknown origin.
+void Distrust(sqlite3* db) {
+  sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
   sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kLongestForeignValue);
   sqlite3_exec(db, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA query_only=ON", nullptr, nullptr, nullptr);
@@ -221,6 +226,7 @@ void Database::OpenWith(const std::string& path, int flags) {
     if (code != SQLITE_OK) Fail(code);
     const bool writes = (flags & SQLITE_OPEN_READWRITE) != 0;
     if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
+    RunNothingOfTheFile(db_);
     if (!writes) Distrust(db_);
     sqlite3_busy_timeout(db_, kBusyMilliseconds);
     const auto count = [](void* taken_back) { ++*static_cast<std::int64_t*>(taken_back); };

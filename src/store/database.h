@@ -50,7 +50,7 @@ class Database {
 
   // Opens an existing file for reading and writing, with foreign keys on. The file must be a database,
   // not read-only, and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse).
-  // Nothing is written.
+  // Nothing is written, and triggers that the file holds do not run.
   void Open(const std::string& path);
   // Opens a file of unknown origin for reading only, under the engine's defensive settings: its schema may
   // run nothing, and values over a million bytes are faults. The same faults as Open.
