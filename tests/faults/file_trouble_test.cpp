@@ -77,6 +77,43 @@ TEST_F(FileTrouble, AnotherProgramsLockDelaysTheSaveAndLosesNothing) {
   EXPECT_TRUE(IsSaved());
 }
 
+// Another program that has written a part of its changes into the file when an export wants to copy it, and takes
+// them back while the user is asked whether to try again.
+class InterruptedRun : public TestRun {
+ public:
+  Button Ask(const Box& box) override {
+    TestRun::Ask(box);
+    if (box.buttons.front() != Button::kRetry) return box.buttons.front();
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    return Button::kRetry;
+  }
+  sqlite3* other = nullptr;
+};
+
+TEST(FileInUse, IsNotExportedInTheMiddleOfAnotherProgramsChanges) {
+  InterruptedRun run;
+  run.StartWith("FLA", "F1");
+  const std::string path = run.folder.path("inventory.mdb"), target = run.folder.path("all.mdb");
+  run.Start(path);
+  run.TakeBoxes();
+  run.dialogs.push_back([&](Form&) {
+    ASSERT_EQ(sqlite3_open(path.c_str(), &run.other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(run.other,
+                           "PRAGMA cache_size=1; BEGIN EXCLUSIVE; CREATE TABLE half (x); WITH RECURSIVE n(i) AS "
+                           "(SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000) INSERT INTO half SELECT "
+                           "hex(zeroblob(200)) FROM n",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    run.Set("txtExportFilename", target);
+    run.Click("cmdOK");
+  });
+  run.Click("mnuFExportInventory");
+  sqlite3_close(run.other);
+  EXPECT_EQ(run.TakeBoxes().back(), "Failed to create export database");
+  EXPECT_FALSE(fs::exists(target));
+  EXPECT_TRUE(run.s.db.IsOpen());
+}
+
 TEST_F(FileTrouble, AFileThatBecameReadOnlyIsToldAtTheNextOpen) {
   fs::permissions(path, fs::perms::owner_read | fs::perms::group_read);
   run.Start(path);
