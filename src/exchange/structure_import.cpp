@@ -184,6 +184,7 @@ Renumbered Renumber(const std::vector<std::string>& columns, const NextKeys& nex
 
 void MoveRows(Session& s) {
   Database& db = s.db;
+  AllOrNothing whole(db);  // a structure without all of its months could be neither used nor imported again
   const NextKeys next = {NextKey(db, "PD_ID_AK", "PD_PLATFORM_DESC"), NextKey(db, "SA_ID_AK", "PA_PLATFORM_ACTV"),
                          NextKey(db, "ED_ID_AK", "ED_EQUIP_DESC"), NextKey(db, "EA_ID_AK", "EA_EQUIP_ACTV")};
   const std::vector<std::string>& tables = ImportTables();
@@ -196,6 +197,7 @@ void MoveRows(Session& s) {
                    " ORDER BY h.rowid",
                row.values);
   }
+  whole.Keep();
 }
 
 }  // namespace

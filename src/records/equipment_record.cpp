@@ -44,6 +44,7 @@ bool EquipmentExists(Session& s, const EquipmentType& type, const std::string& i
 
 void NewEquipRows(Session& s, const EquipmentType& type, const std::string& id) {
   WriteBatch batch(s.db);
+  CurrentKeys keys(s);
   s.ED_ID_AK = NextEDId(s);
   Cursor& master = s.At("ED_EQUIP_DESC");
   master.AddNew();
@@ -59,6 +60,7 @@ void NewEquipRows(Session& s, const EquipmentType& type, const std::string& id) 
   if (type.has_activity)
     for (int month = 1; month <= s.last_month; ++month) NewActivityRow(s, type, month);
   batch.Commit();
+  keys.Advance();
 }
 
 void DeleteCurrentRecord(Session& s) {

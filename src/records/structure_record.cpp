@@ -151,6 +151,7 @@ bool StructureExists(Session& s, const std::string& complex, const std::string& 
 
 void NewStructureRows(Session& s, const NewStructure& structure) {
   WriteBatch batch(s.db);
+  CurrentKeys keys(s);
   s.PD_ID_AK = NextPDId(s);
   Cursor& description = s.At("PD_PLATFORM_DESC");
   description.AddNew();
@@ -179,6 +180,7 @@ void NewStructureRows(Session& s, const NewStructure& structure) {
     s.SA_ID_AK = key;
   }
   batch.Commit();
+  keys.Advance();
 }
 
 void PropagateStatus(Session& s) {

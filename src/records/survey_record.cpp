@@ -93,6 +93,8 @@ void LoadSurveyQCList(Session& s) {
 
 void AddMonthRows(Session& s) {
   WriteBatch batch(s.db);
+  CurrentKeys keys(s);
+  AllOrNothing whole(s.db);  // the tree cannot be built over a part of a month
   const int month = s.last_month + 1;
   const std::int64_t last_key = AddStructureMonths(s, month);
   AddEquipmentMonths(s, month);
@@ -104,7 +106,9 @@ void AddMonthRows(Session& s) {
   config.Edit();
   config.SetField("SYS_MAX_MO", std::int64_t{month});
   config.Update();
+  whole.Keep();
   batch.Commit();
+  keys.Advance();
   s.last_month = month;
 }
 

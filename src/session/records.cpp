@@ -48,6 +48,17 @@ std::int64_t Next(Session& s, std::string_view sql) {
 
 }  // namespace
 
+CurrentKeys::CurrentKeys(Session& s)
+    : s_(s), PD_ID_AK_(s.PD_ID_AK), SA_ID_AK_(s.SA_ID_AK), ED_ID_AK_(s.ED_ID_AK), EA_ID_AK_(s.EA_ID_AK) {}
+
+CurrentKeys::~CurrentKeys() {
+  if (done_) return;
+  s_.PD_ID_AK = PD_ID_AK_;
+  s_.SA_ID_AK = SA_ID_AK_;
+  s_.ED_ID_AK = ED_ID_AK_;
+  s_.EA_ID_AK = EA_ID_AK_;
+}
+
 std::int64_t KeyAfter(std::int64_t highest) {
   if (highest >= std::numeric_limits<std::int32_t>::max())
     throw Fault(fault_number::kSubscript, "MERLU store", "There is no free key left in the database.");

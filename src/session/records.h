@@ -26,6 +26,24 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
 bool FindStructureRecord(Session& s);
 bool FindOperatorRecord(Session& s);
 
+// The keys of the current rows, as they were before work that makes new ones: put back when it ends in a fault,
+// so that the record that shows is still the one that a save goes to.
+class CurrentKeys {
+ public:
+  explicit CurrentKeys(Session& s);
+  ~CurrentKeys();
+  CurrentKeys(const CurrentKeys&) = delete;
+  CurrentKeys& operator=(const CurrentKeys&) = delete;
+
+  // The work is done; the keys stay as it left them.
+  void Advance() { done_ = true; }
+
+ private:
+  Session& s_;
+  const std::int64_t PD_ID_AK_, SA_ID_AK_, ED_ID_AK_, EA_ID_AK_;
+  bool done_ = false;
+};
+
 // The key after the highest one in use. Keys are 32-bit: past the last one a Fault (kSubscript).
 std::int64_t KeyAfter(std::int64_t highest);
 

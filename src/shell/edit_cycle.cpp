@@ -62,8 +62,9 @@ void SaveExit(Session& s) {
   if (s.save_failed) return;
   SaveTreeExpansion(s);
   SelectRoot(s);
+  const QCLocation root = s.current;
   s.current = here;
-  ReselectLocation(s);
+  if (!ReselectLocation(s)) s.current = root;  // a survey has no node among the descriptions
   RestoreTreeExpansion(s);
   UnlockInterface(s);
   LockSheet(s);
@@ -79,7 +80,9 @@ void CancelEdit(Session& s) {
 }
 
 void RunQCHere(Session& s) {
-  RunQC(s, s.current, false);
+  const QCLocation here = s.current;
+  RunQC(s, here, false);
+  s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows
 }
 
 }  // namespace merlu

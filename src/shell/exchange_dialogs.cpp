@@ -289,6 +289,7 @@ void ImportPickedStructures(Session& s, Form& form) {
   } catch (const Fault& fault) {
     TellFaultNumberFirst(s, fault);
     Tell(s, "Specified Import file may be wrong format.");
+    Reopen(s);  // months that were added may have been taken back
   }
 }
 
@@ -312,6 +313,11 @@ bool CreateExportDatabase(Session& s, const std::string& target) {
   bool copied = true;
   CloseDatabase(s);
   try {
+    // as long as one reads, no other program changes the file under the copy
+    Database reading;
+    reading.Open(s.path);
+    reading.Execute("BEGIN");
+    reading.Query("SELECT COUNT(*) FROM sqlite_master");
     CopyDatabase(s.path, target);
   } catch (const Fault&) {
     copied = false;

@@ -31,6 +31,14 @@ void RequireTables(Session& s, const std::vector<std::string>& tables) {
                   "The database engine cannot find the input table '" + table + "'.");
 }
 
+// A number from 0, which stands for Null, to the highest that there can be: it is counted up to.
+int Within(Cursor& config, const char* column, int highest) {
+  const std::int64_t number = ToInteger(config.Field(column));
+  if (number >= 0 && number <= highest) return static_cast<int>(number);
+  throw Fault(fault_number::kDamaged, "MERLU store",
+              std::string("The database file is damaged (") + column + " is " + std::to_string(number) + ").");
+}
+
 void OpenConfiguration(Session& s) {
   s.cursors.Open(s.db, "SYS_CONFIG");
   Cursor& config = s.At("SYS_CONFIG");
@@ -39,8 +47,8 @@ void OpenConfiguration(Session& s) {
     config.Update();
     return;
   }
-  s.year = static_cast<int>(ToInteger(config.Field("sys_yr")));
-  s.last_month = static_cast<int>(ToInteger(config.Field("SYS_MAX_MO")));
+  s.year = Within(config, "sys_yr", 9999);
+  s.last_month = Within(config, "SYS_MAX_MO", 12);
   s.check_level = static_cast<int>(ToInteger(config.Field("ERR_CHK_LVL")));
 }
 

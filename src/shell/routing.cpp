@@ -43,8 +43,11 @@ void PlaceSheet(Session& s) {
   for (const LevelSheet& row : kLevels) s.main->At(row.frame).visible = !s.current.Is(level::kEquipment);
 }
 
-void HidePreviousSheet(Session& s) {
-  if (const SheetSpec* sheet = SheetAt(s.previous)) UnloadSheet(s, *sheet);
+// Whichever equipment sheet showed: an export leaves the session on a survey while one does.
+void HideOtherSheets(Session& s) {
+  const SheetSpec* current = SheetAt(s.current);
+  for (const SheetSpec* sheet : AllSheets())
+    if (sheet != current && IsShowing(s, *sheet)) UnloadSheet(s, *sheet);
 }
 
 struct LevelCommands {
@@ -176,7 +179,7 @@ void ClickNode(Session& s, int node) {
   LockSheet(s);
   PlaceSheet(s);
   ShowSheet(s);
-  if (s.previous.EquipType != s.current.EquipType) HidePreviousSheet(s);
+  HideOtherSheets(s);
   s.status_text = s.tree.FullPath(node);
 }
 

@@ -234,12 +234,14 @@ void RestoreTreeExpansion(Session& s) {
   ++s.tree.expansion;
 }
 
-void ReselectLocation(Session& s) {
+bool ReselectLocation(Session& s) {
   const std::string wanted = KeyOf(s.current, s.mode);
   for (TreeNode& node : s.tree.nodes)
     if (node.key.size() < wanted.size() && wanted.starts_with(node.key)) node.expanded = true;
   ++s.tree.expansion;
-  if (const int node = s.tree.Find(wanted); node >= 0) ClickNode(s, node);
+  const int node = s.tree.Find(wanted);
+  if (node >= 0) ClickNode(s, node);
+  return node >= 0;
 }
 
 void SelectRoot(Session& s) {

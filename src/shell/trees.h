@@ -17,8 +17,8 @@ void RefreshDescTree(Session& s);
 void SaveTreeExpansion(Session& s);
 void RestoreTreeExpansion(Session& s);
 
-// Finds the node of the current location again, expands what leads to it, and clicks it.
-void ReselectLocation(Session& s);
+// Finds the node of the current location again, expands what leads to it, and clicks it. False when there is none.
+bool ReselectLocation(Session& s);
 // Expands the first root, selects and clicks it. Nothing in an empty tree.
 void SelectRoot(Session& s);
 

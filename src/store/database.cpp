@@ -79,10 +79,15 @@ bool IsMarkedReadOnly(const std::string& path) {
   return !error && (status.permissions() & writers) == perms::none;
 }
 
-// Nothing that a file of unknown origin says is run.
-void Distrust(sqlite3* db) {
-  for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW})
+// Inventories hold no triggers: one that somebody has put into a file is not run.
+void RunNothingOfTheFile(sqlite3* db) {
+  for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER})
     sqlite3_db_config(db, switched_off, 0, nullptr);
+}
+
+// Beyond that, for a file of unknown origin.
+void Distrust(sqlite3* db) {
+  sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
   sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kLongestForeignValue);
   sqlite3_exec(db, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA query_only=ON", nullptr, nullptr, nullptr);
@@ -200,6 +205,8 @@ Database::~Database() {
 }
 
 void Database::Fail(int code) const {
+  if (code == SQLITE_READONLY_DBMOVED)
+    throw Fault(fault_number::kPathNotFound, kSource, "The database file has been moved or deleted.");
   const std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
   const int number = FaultNumber(code, message);
   throw Fault(number, kSource, Described(number, message));
@@ -219,8 +226,11 @@ void Database::OpenWith(const std::string& path, int flags) {
     if (code != SQLITE_OK) Fail(code);
     const bool writes = (flags & SQLITE_OPEN_READWRITE) != 0;
     if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
+    RunNothingOfTheFile(db_);
     if (!writes) Distrust(db_);
     sqlite3_busy_timeout(db_, kBusyMilliseconds);
+    const auto count = [](void* taken_back) { ++*static_cast<std::int64_t*>(taken_back); };
+    sqlite3_rollback_hook(db_, count, &taken_back_);
     Execute("PRAGMA foreign_keys=ON");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
   } catch (const Fault& fault) {
@@ -338,7 +348,7 @@ bool Database::HasTable(std::string_view name) {
 }
 
 std::int64_t Database::ChangeCount() const {
-  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_);
+  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_) + taken_back_;
 }
 
 WriteBatch::WriteBatch(Database& db) : db_(db) {
@@ -366,6 +376,22 @@ WriteBatch::~WriteBatch() {
   } catch (const Fault&) {
     // the caller is already on its way out with the fault that matters
   }
+}
+
+AllOrNothing::AllOrNothing(Database& db) : db_(db) {
+  db_.Execute("SAVEPOINT all_or_nothing");
+}
+
+void AllOrNothing::Keep() {
+  open_ = false;
+  db_.Execute("RELEASE all_or_nothing");
+}
+
+AllOrNothing::~AllOrNothing() {
+  // the engine has taken everything back by itself when it ended the batch
+  if (!open_ || !db_.IsOpen() || sqlite3_get_autocommit(db_.db_)) return;
+  sqlite3_exec(db_.db_, "ROLLBACK TO all_or_nothing; RELEASE all_or_nothing", nullptr, nullptr, nullptr);
+  ++db_.taken_back_;
 }
 
 }  // namespace merlu

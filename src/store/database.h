@@ -51,7 +51,7 @@ class Database {
 
   // Opens an existing file for reading and writing, with foreign keys on. The file must be a database,
   // not read-only, and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse).
-  // Nothing is written.
+  // Nothing is written, and triggers that the file holds do not run.
   void Open(const std::string& path);
   // Opens a file of unknown origin for reading only, under the engine's defensive settings: its schema may
   // run nothing, and values over a million bytes are faults. The same faults as Open.
@@ -75,7 +75,7 @@ class Database {
 
   bool HasTable(std::string_view name);
 
-  // Grows with every row that a statement of this connection changes.
+  // Grows with every row that a statement of this connection changes, and when changes are taken back.
   std::int64_t ChangeCount() const;
 
   // Another file beside this one under a schema name, for reading only, as long as this lives.
@@ -94,6 +94,7 @@ class Database {
  private:
   friend class Cursor;
   friend class WriteBatch;
+  friend class AllOrNothing;
   class Running;  // a prepared statement in use
 
   void OpenWith(const std::string& path, int flags);
@@ -109,6 +110,7 @@ class Database {
   std::string path_;
   Cache cache_;
   int batches_ = 0;
+  std::int64_t taken_back_ = 0;
 };
 
 // Many writes, one commit. The outermost batch begins and commits; it commits when it goes out of scope
@@ -123,6 +125,22 @@ class WriteBatch {
 
   // Commits now, so that a failing commit can be told. Without a call the destructor commits silently.
   void Commit();
+
+ private:
+  Database& db_;
+  bool open_ = true;
+};
+
+// Writes of a batch that stand or fall together: rows of which a part alone would leave the file without sense.
+class AllOrNothing {
+ public:
+  explicit AllOrNothing(Database& db);
+  // Takes the writes back unless they were kept.
+  ~AllOrNothing();
+  AllOrNothing(const AllOrNothing&) = delete;
+  AllOrNothing& operator=(const AllOrNothing&) = delete;
+
+  void Keep();
 
  private:
   Database& db_;

@@ -9,6 +9,8 @@ template <class... Ts>
 struct Overload : Ts... {
   using Ts::operator()...;
 };
+template <class... Ts>
+Overload(Ts...) -> Overload<Ts...>;  // older compilers do not deduce it
 
 }  // namespace
 

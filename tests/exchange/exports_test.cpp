@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "inventory.h"
+#include "session/node_keys.h"
 #include "store/files.h"
 #include "support/test_run.h"
 
@@ -182,6 +183,13 @@ TEST_F(Export, from_description_mode_ends_in_activity_mode_at_the_root) {
   EXPECT_EQ(run.s.tree.selected, 0);
   EXPECT_EQ(run.s.current.Level, level::kUser);
   EXPECT_EQ(run.s.tree.nodes.size(), 1 + 4 + 4 * 3 + 4 * 30u);
+}
+
+TEST_F(Export, of_a_survey_from_an_equipment_sheet_leaves_none_over_the_operators) {
+  run.Select(StructureMonthKey("01234", 1, 2017, "10001", "1") + EquipmentSuffix("AMI", "AMI1"));
+  ExportSurveys({1});
+  EXPECT_EQ(run.s.main->front, "fraUserInfo");
+  EXPECT_EQ(run.s.desk.showing, std::vector<Form*>{run.s.main});
 }
 
 TEST_F(Export, asks_for_the_file_with_its_own_dialog) {

@@ -142,6 +142,16 @@ TEST_F(Edit, that_ends_stands_where_it_began_with_the_tree_as_open_as_before) {
   EXPECT_EQ(after, before);
 }
 
+TEST_F(Edit, that_ends_at_a_survey_among_the_descriptions_stands_on_the_operator_that_shows) {
+  run.Select("K12345 22017");
+  run.ChangeTo(Mode::kDesc);
+  run.Click("cmdEdit");
+  run.Click("cmdSaveExit");
+  EXPECT_EQ(run.s.main->front, "fraUserInfo");
+  EXPECT_EQ(run.s.current.Level, level::kUser);
+  ExpectBrowsing();
+}
+
 TEST_F(Edit, that_ends_shows_the_command_for_a_new_month_or_a_new_structure) {
   run.s.main->At("mnuENewSurvey").visible = false;
   run.Click("cmdEdit");
