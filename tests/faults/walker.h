@@ -39,8 +39,10 @@ class Walker : public Platform {
   std::string Setting(const std::string&, const std::string&) override { return folder_ + "/inventory.mdb"; }
   void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   std::string ProgramFolder() override { return folder_; }
+  bool IsInstalled() override { return false; }
   std::string DataFolder() override { return folder_; }
   void WriteReport(const InventoryReport&, const std::string& path, const std::function<void(int, int)>&) override;
+  void Print(const Form&) override {}
   void OpenDocument(const std::string&) override {}
   std::uint64_t FreeBytes(const std::string&) override { return std::uint64_t{1} << 40; }
 

@@ -1,6 +1,6 @@
 // Feeds the reader of rich text with what libFuzzer makes up:
-//   cmake --preset debug -DMERLU_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++ && cmake --build build-debug --target rtf_fuzzer
-//   build-debug/rtf_fuzzer -max_len=20000 CORPUS_FOLDER
+//   cmake --preset debug -DMERLU_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++ && cmake --build build-debug --target fuzz_rtf
+//   build-debug/fuzz_rtf -max_len=20000 CORPUS_FOLDER
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
