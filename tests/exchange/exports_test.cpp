@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "inventory.h"
-#include "store/files.h"
 #include "session/node_keys.h"
+#include "store/files.h"
 #include "support/test_run.h"
 
 namespace merlu::test {

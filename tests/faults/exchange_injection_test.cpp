@@ -61,8 +61,9 @@ TEST(FaultyDisk, AnImportIsThereWholeOrNotAtAll) {
                          .act = Import,
                          .is_done =
                              [](TestRun&, const std::string& path) {
-                               return Holds(path, "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=4 AND (SELECT SYS_MAX_MO "
-                                                  "FROM SYS_CONFIG)=4");
+                               return Holds(path,
+                                            "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=4 AND (SELECT SYS_MAX_MO "
+                                            "FROM SYS_CONFIG)=4");
                              },
                          .when_failed =
                              [](TestRun& run) {
@@ -103,24 +104,23 @@ void StartAgainWithoutDatabase(TestRun& run) {
 
 void ExpectToSurviveAsExport(const char* name, const ExportDialog& dialog, const std::string& rows_that_must_be) {
   static std::string before;
-  ExpectToSurviveFaults(
-      {.name = name,
-       .plan = Plan(2, 2),
-       .prepare = [](TestRun& run) { before = Bytes(run.folder.path("inventory.mdb")); },
-       .act = [dialog](TestRun& run) { Export(run, dialog); },
-       .is_done =
-           [rows_that_must_be](TestRun& run, const std::string& path) {
-             EXPECT_TRUE(Bytes(path) == before) << "an export changed the working database";
-             const std::string target = run.folder.path("target.mdb");
-             if (IsNotThere(target)) return false;
-             try {
-               return NullToEmpty(RawValue(target, "PRAGMA integrity_check")) == "ok" &&
-                      Holds(target, rows_that_must_be);
-             } catch (const Fault&) {
-               return false;  // half a file, which must have been told
-             }
-           },
-       .again = StartAgainWithoutDatabase});
+  ExpectToSurviveFaults({.name = name,
+                         .plan = Plan(2, 2),
+                         .prepare = [](TestRun& run) { before = Bytes(run.folder.path("inventory.mdb")); },
+                         .act = [dialog](TestRun& run) { Export(run, dialog); },
+                         .is_done =
+                             [rows_that_must_be](TestRun& run, const std::string& path) {
+                               EXPECT_TRUE(Bytes(path) == before) << "an export changed the working database";
+                               const std::string target = run.folder.path("target.mdb");
+                               if (IsNotThere(target)) return false;
+                               try {
+                                 return NullToEmpty(RawValue(target, "PRAGMA integrity_check")) == "ok" &&
+                                        Holds(target, rows_that_must_be);
+                               } catch (const Fault&) {
+                                 return false;  // half a file, which must have been told
+                               }
+                             },
+                         .again = StartAgainWithoutDatabase});
 }
 
 TEST(FaultyDisk, ASurveyExportThatFailsTells) {

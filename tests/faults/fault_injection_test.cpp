@@ -41,8 +41,9 @@ void EditFlare(TestRun& run) {
 }
 
 bool FlareIsSaved(TestRun&, const std::string& path) {
-  return Holds(path, "EXISTS(SELECT 1 FROM EA_FLA f JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=f.EA_ID_AK WHERE f.OP_HR=77 "
-                     "AND f.VOL_FLARED=77 AND a.EA_COMNT_TXT='77')");
+  return Holds(path,
+               "EXISTS(SELECT 1 FROM EA_FLA f JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=f.EA_ID_AK WHERE f.OP_HR=77 "
+               "AND f.VOL_FLARED=77 AND a.EA_COMNT_TXT='77')");
 }
 
 void FlareIsBeingEdited(TestRun& run) {
@@ -95,14 +96,14 @@ TEST(FaultyDisk, AnOperatorsSaveThatFailsKeepsTheEditOpen) {
 }
 
 TEST(FaultyDisk, AMonthIsThereWholeOrNotAtAll) {
-  ExpectToSurviveFaults({.name = "month",
-                         .plan = Small(),
-                         .prepare = [](TestRun& run) { run.SelectRoot(); },
-                         .act = [](TestRun& run) { run.Click("cmdUSER_AddSurvey"); },
-                         .is_done = [](TestRun&, const std::string& path) {
-                           return Holds(path, "(SELECT SYS_MAX_MO FROM SYS_CONFIG)=4");
-                         },
-                         .when_failed = [](TestRun& run) { EXPECT_EQ(run.s.last_month, 3); }});
+  ExpectToSurviveFaults(
+      {.name = "month",
+       .plan = Small(),
+       .prepare = [](TestRun& run) { run.SelectRoot(); },
+       .act = [](TestRun& run) { run.Click("cmdUSER_AddSurvey"); },
+       .is_done = [](TestRun&,
+                     const std::string& path) { return Holds(path, "(SELECT SYS_MAX_MO FROM SYS_CONFIG)=4"); },
+       .when_failed = [](TestRun& run) { EXPECT_EQ(run.s.last_month, 3); }});
 }
 
 TEST(FaultyDisk, ASurveysQCRunTells) {
@@ -114,8 +115,9 @@ TEST(FaultyDisk, ASurveysQCRunTells) {
                          .act = [](TestRun& run) { run.Click("cmdQC"); },
                          .is_done =
                              [](TestRun&, const std::string& path) {
-                               return Holds(path, "(SELECT COUNT(*) FROM QC)>0 AND (SELECT COUNT(*) FROM "
-                                                  "PA_PLATFORM_ACTV WHERE PA_QC_DT IS NOT NULL)=2");
+                               return Holds(path,
+                                            "(SELECT COUNT(*) FROM QC)>0 AND (SELECT COUNT(*) FROM "
+                                            "PA_PLATFORM_ACTV WHERE PA_QC_DT IS NOT NULL)=2");
                              },
                          .when_failed = [](TestRun& run) { EXPECT_FALSE(run.s.wait.showing); }});
 }
@@ -150,28 +152,26 @@ void GoToDescription(TestRun& run, const std::string& key) {
 
 TEST(FaultyDisk, AStructureIsDeletedWholeOrNotAtAll) {
   const auto go = [](TestRun& run) { GoToDescription(run, FirstStructure(0)); };
-  ExpectToSurviveFaults({.name = "delete structure",
-                         .plan = Small(),
-                         .prepare = go,
-                         .act = [](TestRun& run) { run.Click("mnuEDelete"); },
-                         .is_done =
-                             [](TestRun&, const std::string& path) {
-                               return Holds(path, "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=1");
-                             },
-                         .again = go});
+  ExpectToSurviveFaults(
+      {.name = "delete structure",
+       .plan = Small(),
+       .prepare = go,
+       .act = [](TestRun& run) { run.Click("mnuEDelete"); },
+       .is_done = [](TestRun&,
+                     const std::string& path) { return Holds(path, "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=1"); },
+       .again = go});
 }
 
 TEST(FaultyDisk, EquipmentIsDeletedWholeOrNotAtAll) {
   const auto go = [](TestRun& run) { GoToDescription(run, FirstStructure(0) + Flare(run)); };
-  ExpectToSurviveFaults({.name = "delete equipment",
-                         .plan = Small(),
-                         .prepare = go,
-                         .act = [](TestRun& run) { run.Click("mnuEDelete"); },
-                         .is_done =
-                             [](TestRun&, const std::string& path) {
-                               return Holds(path, "(SELECT COUNT(*) FROM ED_EQUIP_DESC)=31");
-                             },
-                         .again = go});
+  ExpectToSurviveFaults(
+      {.name = "delete equipment",
+       .plan = Small(),
+       .prepare = go,
+       .act = [](TestRun& run) { run.Click("mnuEDelete"); },
+       .is_done = [](TestRun&,
+                     const std::string& path) { return Holds(path, "(SELECT COUNT(*) FROM ED_EQUIP_DESC)=31"); },
+       .again = go});
 }
 
 // The record that shows is still the one that a save would go to.
@@ -187,63 +187,61 @@ void StructureCanBeEdited(TestRun& run) {
 }
 
 TEST(FaultyDisk, ANewStructureIsThereWholeOrNotAtAll) {
-  ExpectToSurviveFaults({.name = "new structure",
-                         .plan = Small(),
-                         .prepare =
-                             [](TestRun& run) {
-                               run.ChangeTo(Mode::kDesc);
-                               run.Select(FirstStructure(0));
-                             },
-                         .act =
-                             [](TestRun& run) {
-                               run.dialogs.push_back([&run](Form&) {
-                                 run.Put({{"txtComplxID", "777"},
-                                          {"txtStructID", "1"},
-                                          {"txtArea", "GI"},
-                                          {"txtBlock", "1"},
-                                          {"txtName", "N"}});
-                                 run.Click("cmdOK");
-                               });
-                               run.Click("mnuENewStructure");
-                             },
-                         .is_done =
-                             [](TestRun&, const std::string& path) {
-                               return Holds(path, "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=3");
-                             },
-                         .when_failed = StructureCanBeEdited});
+  ExpectToSurviveFaults(
+      {.name = "new structure",
+       .plan = Small(),
+       .prepare =
+           [](TestRun& run) {
+             run.ChangeTo(Mode::kDesc);
+             run.Select(FirstStructure(0));
+           },
+       .act =
+           [](TestRun& run) {
+             run.dialogs.push_back([&run](Form&) {
+               run.Put({{"txtComplxID", "777"},
+                        {"txtStructID", "1"},
+                        {"txtArea", "GI"},
+                        {"txtBlock", "1"},
+                        {"txtName", "N"}});
+               run.Click("cmdOK");
+             });
+             run.Click("mnuENewStructure");
+           },
+       .is_done = [](TestRun&,
+                     const std::string& path) { return Holds(path, "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=3"); },
+       .when_failed = StructureCanBeEdited});
 }
 
 TEST(FaultyDisk, NewEquipmentIsThereWholeOrNotAtAll) {
-  ExpectToSurviveFaults({.name = "new equipment",
-                         .plan = Small(),
-                         .prepare =
-                             [](TestRun& run) {
-                               run.ChangeTo(Mode::kDesc);
-                               run.Select(FirstStructure(0) + Flare(run));
-                             },
-                         .act =
-                             [](TestRun& run) {
-                               run.dialogs.push_back([&run](Form&) {
-                                 run.Set("txtEquipID", "NEW");
-                                 run.Set("cmbEquipType", "Boiler, Heater, or Burner");
-                                 run.Click("cmdOK");
-                               });
-                               run.Click("mnuENewEquipment");
-                             },
-                         .is_done =
-                             [](TestRun&, const std::string& path) {
-                               return Holds(path, "(SELECT COUNT(*) FROM ED_EQUIP_DESC)=33");
-                             },
-                         .when_failed =
-                             [](TestRun& run) {
-                               run.TakeBoxes();
-                               run.Click("cmdEdit");
-                               run.Set("txtFLA_ConcH2S", "41");
-                               run.Click("cmdSaveEdits");
-                               run.Click("cmdCANCEL");
-                               EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{});
-                               run.boxes.push_back({"told before 999"});
-                             }});
+  ExpectToSurviveFaults(
+      {.name = "new equipment",
+       .plan = Small(),
+       .prepare =
+           [](TestRun& run) {
+             run.ChangeTo(Mode::kDesc);
+             run.Select(FirstStructure(0) + Flare(run));
+           },
+       .act =
+           [](TestRun& run) {
+             run.dialogs.push_back([&run](Form&) {
+               run.Set("txtEquipID", "NEW");
+               run.Set("cmbEquipType", "Boiler, Heater, or Burner");
+               run.Click("cmdOK");
+             });
+             run.Click("mnuENewEquipment");
+           },
+       .is_done = [](TestRun&,
+                     const std::string& path) { return Holds(path, "(SELECT COUNT(*) FROM ED_EQUIP_DESC)=33"); },
+       .when_failed =
+           [](TestRun& run) {
+             run.TakeBoxes();
+             run.Click("cmdEdit");
+             run.Set("txtFLA_ConcH2S", "41");
+             run.Click("cmdSaveEdits");
+             run.Click("cmdCANCEL");
+             EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{});
+             run.boxes.push_back({"told before 999"});
+           }});
 }
 
 }  // namespace

@@ -184,17 +184,15 @@ std::string CheckSurveyQC(const KillFiles&, Database& db, const std::string&, in
   const std::int64_t findings = Count(db, "QC"), dates = Count(db, "PA_PLATFORM_ACTV WHERE PA_QC_DT IS NOT NULL");
   if (done > 0 && findings == 0) return "a run that was answered left no finding";
   // the dates and the findings of a run come together
-  return (findings == 0) == (dates == 0) ? "" : "findings " + std::to_string(findings) + ", dates " +
-                                                    std::to_string(dates);
+  return (findings == 0) == (dates == 0) ? ""
+                                         : "findings " + std::to_string(findings) + ", dates " + std::to_string(dates);
 }
 
 // ---- status propagation ----
 
 KillScript StatusScript(const KillFiles& files, Database&) {
   KillScript script;
-  script.opening = {{Start(files)},
-                    {SelectNode(StructureMonthKey(kUser, 2, kYear, "10001", "1"))},
-                    {"click cmdEdit"}};
+  script.opening = {{Start(files)}, {SelectNode(StructureMonthKey(kUser, 2, kYear, "10001", "1"))}, {"click cmdEdit"}};
   for (int i = 1; i <= kSaves; ++i) {
     script.body.push_back({i % 2 == 1 ? "set chkSTRUCTURE_Status on" : "set chkSTRUCTURE_Status off"});
     script.body.push_back({"click cmdSaveEdits", i});
@@ -263,10 +261,8 @@ std::string CheckDeletedEquipment(const KillFiles&, Database& db, const std::str
 
 KillScript ImportScript(const KillFiles& files, Database& db) {
   KillScript script;
-  script.opening = {{Start(files)},
-                    {"click mnuEStructB"},
-                    {"set txtImportFilename " + Quoted(files.other())},
-                    {"click cmdLoad"}};
+  script.opening = {
+      {Start(files)}, {"click mnuEStructB"}, {"set txtImportFilename " + Quoted(files.other())}, {"click cmdLoad"}};
   if (Count(db, "PD_PLATFORM_DESC") == 4) {
     script.body.push_back({"pick lvwStructures 0 2"});
     script.body.push_back({"click cmdImport", 1});

@@ -54,9 +54,10 @@ int Walk(long acts, std::uint32_t seed) {
     const auto count = [&](const char* table) {
       return ToInteger(RawValue(folder.path("inventory.mdb"), std::string("SELECT COUNT(*) FROM ") + table));
     };
-    std::printf("%ld acts, seed %u: everything held; %ld structures, %ld equipment, month %d, %ld findings, %ld comments\n",
-                walker.acts(), seed, count("PD_PLATFORM_DESC"), count("ED_EQUIP_DESC"), walker.s.last_month, count("QC"),
-                count("QC WHERE Comments<>''"));
+    std::printf(
+        "%ld acts, seed %u: everything held; %ld structures, %ld equipment, month %d, %ld findings, %ld comments\n",
+        walker.acts(), seed, count("PD_PLATFORM_DESC"), count("ED_EQUIP_DESC"), walker.s.last_month, count("QC"),
+        count("QC WHERE Comments<>''"));
     return 0;
   }
   for (const std::string& line : walker.log()) std::printf("  %s\n", line.c_str());

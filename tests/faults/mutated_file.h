@@ -23,7 +23,7 @@ class MutatedFile {
 
  private:
   TemporaryFolder folder_;
-  std::string base_;       // the bytes of the unchanged file
+  std::string base_;  // the bytes of the unchanged file
   const std::string sound_, path_;
 };
 

@@ -1,9 +1,9 @@
 // What holds between any two acts.
+#include "base/text.h"
 #include "faults/kill_operations.h"
 #include "faults/walker.h"
 #include "session/node_keys.h"
 #include "session/types.h"
-#include "base/text.h"
 #include "sheets/units.h"
 
 namespace merlu::test {
@@ -60,9 +60,12 @@ std::string WrongKeys(Session& s) {
              : length == kEquipmentMonthKeyLength ? &s.equipment_month_list
                                                   : nullptr;
     else
-      list = length == kStructureKeyLength ? &s.structure_list : length == kEquipmentKeyLength ? &s.equipment_list : nullptr;
+      list = length == kStructureKeyLength   ? &s.structure_list
+             : length == kEquipmentKeyLength ? &s.equipment_list
+                                             : nullptr;
     if (list == nullptr) {
-      if (node.depth > 0 && !(s.InActv() && length == kSurveyKeyLength)) return "a node with the key \"" + node.key + "\"";
+      if (node.depth > 0 && !(s.InActv() && length == kSurveyKeyLength))
+        return "a node with the key \"" + node.key + "\"";
       continue;
     }
     const std::int64_t* id = list->Find(node.key);

@@ -16,9 +16,9 @@ constexpr int kMostStructures = 8, kMostEquipment = 60;
 constexpr int kMostActsInDialog = 25;
 
 // Commands that cost a copy of the whole file, or end the program, are pressed more seldom.
-const std::vector<std::string> kRare = {"mnuFExit",    "mnuFileCreateNewDB",  "mnuFileSelectDatabase", "mnuEStructB",
-                                        "mnuFExport",  "mnuFExportInventory", "frmInvQCPrint",         "mnuEStructS",
-                                        "mnuEDelete",  "cmdUSER_AddSurvey",   "mnuENewSurvey"};
+const std::vector<std::string> kRare = {"mnuFExit",   "mnuFileCreateNewDB",  "mnuFileSelectDatabase", "mnuEStructB",
+                                        "mnuFExport", "mnuFExportInventory", "frmInvQCPrint",         "mnuEStructS",
+                                        "mnuEDelete", "cmdUSER_AddSurvey",   "mnuENewSurvey"};
 const std::vector<std::string> kAddsStructures = {"cmdUSER_AddStructure", "mnuENewStructure"};
 const std::vector<std::string> kAddsEquipment = {"cmdSTRUCTURE_AddEquip", "mnuENewEquipment"};
 
@@ -41,12 +41,65 @@ void Walker::Start() {
 }
 
 std::string Walker::OddText() {
-  static const std::vector<std::string> odd = {
-      "", " ", "0", "-1", "1", "2", "98", "744", "745", "0.5", ".5", "5.", "-0", "+5", "1e3", "1e308", "1e309",
-      "1e-400", "-1e400", "1,000", "1,0,0", ",1", "12..5", "--1", "+-1", "1e", "1e+", "e5", "  7 ", "7 7", "0x10",
-      "1 000", "NaN", "inf", "abc", "A", "Yes", "No", "NA", "NULL", "O'Brien", "\"quoted\"", "a\\b", "%", "*", "?",
-      "[x]", "'; DROP TABLE QC;--", "n\xC3\xA9 \xC3\x9Cmlaut", "\xE2\x98\x83", "\xF0\x9F\x94\xA5\xF0\x9F\x94\xA5",
-      "\xFF\xFE", "\xC3", "a\tb", "line\nline", "00000000000000000001", "999999999999999999999", "2017", "13"};
+  static const std::vector<std::string> odd = {"",
+                                               " ",
+                                               "0",
+                                               "-1",
+                                               "1",
+                                               "2",
+                                               "98",
+                                               "744",
+                                               "745",
+                                               "0.5",
+                                               ".5",
+                                               "5.",
+                                               "-0",
+                                               "+5",
+                                               "1e3",
+                                               "1e308",
+                                               "1e309",
+                                               "1e-400",
+                                               "-1e400",
+                                               "1,000",
+                                               "1,0,0",
+                                               ",1",
+                                               "12..5",
+                                               "--1",
+                                               "+-1",
+                                               "1e",
+                                               "1e+",
+                                               "e5",
+                                               "  7 ",
+                                               "7 7",
+                                               "0x10",
+                                               "1 000",
+                                               "NaN",
+                                               "inf",
+                                               "abc",
+                                               "A",
+                                               "Yes",
+                                               "No",
+                                               "NA",
+                                               "NULL",
+                                               "O'Brien",
+                                               "\"quoted\"",
+                                               "a\\b",
+                                               "%",
+                                               "*",
+                                               "?",
+                                               "[x]",
+                                               "'; DROP TABLE QC;--",
+                                               "n\xC3\xA9 \xC3\x9Cmlaut",
+                                               "\xE2\x98\x83",
+                                               "\xF0\x9F\x94\xA5\xF0\x9F\x94\xA5",
+                                               "\xFF\xFE",
+                                               "\xC3",
+                                               "a\tb",
+                                               "line\nline",
+                                               "00000000000000000001",
+                                               "999999999999999999999",
+                                               "2017",
+                                               "13"};
   const int kind = Below(40);
   if (kind == 0) return std::string(3000, 'x');
   if (kind == 1) return std::string(400, '9');
@@ -70,8 +123,7 @@ std::string Walker::AskFile(const FileQuestion& question) {
   return question.title.find("Import") != std::string::npos ? folder_ + "/other.mdb" : folder_ + "/inventory.mdb";
 }
 
-void Walker::WriteReport(const InventoryReport& report, const std::string& path,
-                         const std::function<void(int, int)>&) {
+void Walker::WriteReport(const InventoryReport& report, const std::string& path, const std::function<void(int, int)>&) {
   std::ofstream(path) << report.findings;
 }
 

@@ -40,8 +40,7 @@ class Walker : public Platform {
   void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   std::string ProgramFolder() override { return folder_; }
   std::string DataFolder() override { return folder_; }
-  void WriteReport(const InventoryReport&, const std::string& path,
-                   const std::function<void(int, int)>&) override;
+  void WriteReport(const InventoryReport&, const std::string& path, const std::function<void(int, int)>&) override;
   void OpenDocument(const std::string&) override {}
   std::uint64_t FreeBytes(const std::string&) override { return std::uint64_t{1} << 40; }
 
