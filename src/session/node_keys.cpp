@@ -11,7 +11,11 @@ class Cutter {
  public:
   explicit Cutter(const std::string& key) : key_(key) {}
   std::string Text(std::size_t width) { return Trim(Next(width)); }
-  int Number(std::size_t width) { return static_cast<int>(LeadingNumber(Next(width))); }
+  // A few characters can name any number: one with more digits than characters is none of a key's.
+  int Number(std::size_t width) {
+    const double number = LeadingNumber(Next(width));
+    return number > -10000 && number < 10000 ? static_cast<int>(number) : 0;
+  }
 
  private:
   std::string Next(std::size_t width) {

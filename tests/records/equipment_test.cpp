@@ -263,7 +263,7 @@ TEST_F(Deletion, leaves_a_run_in_which_the_rest_can_be_worked_on) {
 }
 
 TEST_F(Deletion, that_fails_has_withdrawn_the_findings_already) {
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE DELETE ON ED_EQUIP_DESC BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE DELETE ON ED_EQUIP_DESC BEGIN SELECT RAISE(ABORT,'no'); END");
   Delete(run.Key("FLA", "F1"));
   EXPECT_EQ(run.TakeBoxes(), (Texts{"Are you sure you wish to delete this equipment data?", "no 3146"}));
   EXPECT_EQ(run.Count("ED_EQUIP_DESC"), 5);

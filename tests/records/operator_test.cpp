@@ -185,7 +185,7 @@ TEST_F(OperatorSheet, of_an_operator_that_is_gone_says_so_and_shows_nothing) {
 }
 
 TEST_F(OperatorSheet, that_cannot_be_saved_tells_the_fault_and_stays_in_the_edit) {
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE UPDATE ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no room'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE UPDATE ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no room'); END");
   run.Click("cmdEdit");
   run.Set("txtUSER_Company", "Deep Sea");
   run.Click("cmdSaveEdits");

@@ -191,17 +191,21 @@ TEST(NextMonth, leaves_the_cursors_on_the_current_structure_and_on_the_last_mont
   EXPECT_EQ(ToInteger(run.s.At("PA_PLATFORM_ACTV").Field("SA_ID_AK")), 5);
 }
 
-TEST(NextMonth, that_fails_half_way_tells_it_and_is_not_counted) {
+TEST(NextMonth, that_fails_half_way_tells_it_and_leaves_nothing_of_it) {
   TestRun run;
   run.StartWith("FLA", "F1");
   run.ChangeTo(Mode::kActv);
   run.SelectRoot();
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE INSERT ON EA_EQUIP_ACTV BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE INSERT ON EA_EQUIP_ACTV BEGIN SELECT RAISE(ABORT,'no'); END");
   run.Click("cmdUSER_AddSurvey");
   EXPECT_EQ(run.TakeBoxes(), Texts{"no 3146"});
-  EXPECT_EQ(ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM PA_PLATFORM_ACTV")), 2);
+  EXPECT_EQ(ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM PA_PLATFORM_ACTV")), 1);
   EXPECT_EQ(ToInteger(RawValue(run.s.path, "SELECT SYS_MAX_MO FROM SYS_CONFIG")), 1);
   EXPECT_EQ(run.s.last_month, 1);
+  run.s.db.Execute("DROP TRIGGER stop");
+  run.Click("cmdUSER_AddSurvey");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Survey Month added to Activity Database"});
+  EXPECT_EQ(ToInteger(RawValue(run.s.path, "SELECT COUNT(*) FROM PA_PLATFORM_ACTV")), 2);
 }
 
 TEST(NextMonth, follows_the_months_of_a_structure_that_came_later) {

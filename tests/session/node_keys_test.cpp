@@ -105,5 +105,10 @@ TEST(KeyOf, writes_the_location_s_level_in_the_form_of_the_mode) {
   EXPECT_EQ(KeyOf(at, Mode::kActv), "");
 }
 
+TEST(NodeKeys, have_no_year_with_an_exponent) {
+  EXPECT_EQ(ParseNodeKey("K12345 188E8").Year, 0);
+  EXPECT_EQ(ParseNodeKey("K123459E9999").Month, 9);
+}
+
 }  // namespace
 }  // namespace merlu

@@ -249,7 +249,7 @@ TEST_F(FlareSheet, whose_record_is_gone_says_so_and_stays_cleared) {
 
 TEST_F(FlareSheet, whose_second_row_cannot_be_saved_has_saved_the_first) {
   GoToMonth();
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE UPDATE ON EA_FLA BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE UPDATE ON EA_FLA BEGIN SELECT RAISE(ABORT,'no'); END");
   run.Click("cmdEdit");
   run.Put({{"txtFLA_Comments", "kept"}, {"txtFLA_HrsOperated", "5"}});
   run.Click("cmdSaveEdits");
@@ -524,7 +524,7 @@ TEST(DieselEngine, writes_the_type_s_month_before_the_common_one) {
   TestRun run;
   run.StartWith("DIE", "D1");
   run.GoTo("DIE", "D1", Mode::kActv);
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE UPDATE ON EA_DIE BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE UPDATE ON EA_DIE BEGIN SELECT RAISE(ABORT,'no'); END");
   run.Click("cmdEdit");
   run.Set("txtDIE_Comments", "not kept");
   run.Click("cmdSaveEdits");

@@ -229,7 +229,7 @@ TEST(DieselEngine, of_too_much_fuel_and_of_a_range_failure_tells_the_structure_s
 TEST(DieselEngine, keeps_its_own_month_before_the_comment_and_the_status) {
   TestRun run;
   StartMonth(run, "Diesel");
-  run.s.db.Execute("CREATE TRIGGER full BEFORE UPDATE ON EA_EQUIP_ACTV BEGIN SELECT RAISE(ABORT,'full'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER full BEFORE UPDATE ON EA_EQUIP_ACTV BEGIN SELECT RAISE(ABORT,'full'); END");
   run.Put({{"txtDIE_HrsOperated", "5"}, {"txtDIE_Comments", "first"}});
   run.TakeBoxes();
   run.Click("cmdSaveEdits");

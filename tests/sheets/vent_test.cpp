@@ -237,7 +237,7 @@ TEST(Vent, keeps_the_month_s_comment_when_its_own_row_cannot_be_written) {
   TestRun run;
   run.StartWith("VEN", "V1");
   run.GoTo("VEN", "V1", Mode::kActv);
-  run.s.db.Execute("CREATE TRIGGER full BEFORE UPDATE ON EA_VEN BEGIN SELECT RAISE(ABORT,'full'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER full BEFORE UPDATE ON EA_VEN BEGIN SELECT RAISE(ABORT,'full'); END");
   run.Click("cmdEdit");
   run.Put({{"txtVEN_HrsOperated", "5"}, {"txtVEN_Comments", "first"}});
   run.Click("cmdSaveEdits");

@@ -205,9 +205,8 @@ TEST_F(NewUser, refuses_a_year_that_no_key_can_hold) {
 }
 
 TEST_F(NewUser, that_cannot_be_stored_stays_open_and_tells_why) {
-  Raw(run.settings["Options/DBloc"],
-      {"CREATE TRIGGER stop BEFORE INSERT ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no'); END"});
   InDialog([&](Form& form) {
+    run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE INSERT ON CO_COMPANY BEGIN SELECT RAISE(ABORT,'no'); END");
     Fill();
     run.Click("cmdOK");
     EXPECT_EQ(run.TakeBoxes(), Texts{"no 3146"});
@@ -455,7 +454,7 @@ TEST_F(NewEquipmentDialog, asks_for_another_id_when_a_key_exists_already) {
 }
 
 TEST_F(NewEquipmentDialog, tells_any_other_fault_with_its_number) {
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE INSERT ON ED_FLA BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE INSERT ON ED_FLA BEGIN SELECT RAISE(ABORT,'no'); END");
   InDialog([&](Form& form) {
     Fill("F1", "Combustion Flare");
     run.Click("cmdOK");

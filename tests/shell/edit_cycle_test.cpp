@@ -218,7 +218,7 @@ TEST_F(Edit, whose_record_is_gone_cannot_be_saved_and_stays_open) {
 }
 
 TEST_F(Edit, that_could_not_be_saved_can_be_saved_when_the_reason_is_gone) {
-  run.s.db.Execute("CREATE TRIGGER stop BEFORE UPDATE ON EA_FLA BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE UPDATE ON EA_FLA BEGIN SELECT RAISE(ABORT,'no'); END");
   run.Click("cmdEdit");
   run.Set("txtFLA_HrsOperated", "5");
   run.Click("cmdSaveEdits");
