@@ -24,6 +24,10 @@ std::string Escape(std::string_view text) {
 }
 
 std::string RunHtml(const TextRun& run, bool sized) {
+  if (!run.picture.empty())
+    return run.picture.starts_with("data:image/")
+               ? "<img src=\"" + Escape(run.picture) + "\" alt=\"" + Escape(run.text) + "\">"
+               : "";
   std::string html = Escape(run.text), behind;
   const auto wrap = [&](const std::string& open, const std::string& close) {
     html.insert(0, open);
@@ -105,6 +109,7 @@ constexpr const char* kPageStyle =
     "body{font:16px/1.5 sans-serif;max-width:52rem;margin:2rem auto;padding:0 1rem;color:#222;background:#fff}"
     "h1,h2,h3{line-height:1.25}h2{margin-top:2em;border-bottom:1px solid #ccc}"
     "table{border-collapse:collapse;font-size:90%}th,td{border:1px solid #ccc;text-align:left;vertical-align:top}"
+    "img{max-width:100%;border:1px solid #ccc}"
     "pre{background:#f3f3f3;padding:.7em;overflow:auto}"
     "@media(prefers-color-scheme:dark){body{color:#ddd;background:#1e1e20}pre{background:#2b2b2e}"
     "h2,th,td{border-color:#555}}";
@@ -113,7 +118,8 @@ constexpr const char* kPageStyle =
 
 std::string PlainText(const Paragraph& paragraph) {
   std::string text;
-  for (const TextRun& run : paragraph.runs) text += run.text;
+  for (const TextRun& run : paragraph.runs)
+    if (run.picture.empty()) text += run.text;
   return text;
 }
 

@@ -15,6 +15,9 @@ struct TextRun {
   bool underline = false;
   bool code = false;    // set in a fixed pitch
   int half_points = 0;  // size; 0 for the size of the text around
+  // A picture in place of the text, which then says what it shows: its file, or "data:image/png;base64,..." when the
+  // document holds it. Only documents of the program's own have pictures.
+  std::string picture{};
 };
 
 struct Paragraph {

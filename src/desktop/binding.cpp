@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kNumberDigits = 12;
 constexpr int kNoteLines = 5;
+constexpr const char* kWidthsSection = "Columns";
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -184,6 +185,10 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
   connect(list, &QTreeWidget::itemSelectionChanged, this, [this, list, name] {
     const QList<int> rows = list->Picked();
     acts_.Do([&] { return act::Pick(acts_.s.desk, form_, name, {rows.begin(), rows.end()}); });
+  });
+  list->ChooseWidths(Q(acts_.s.platform.Setting(kWidthsSection, name)));
+  connect(list, &ResultsList::WidthsChosen, this, [this, list, name] {
+    acts_.s.platform.StoreSetting(kWidthsSection, name, list->ChosenWidths().toStdString());
   });
   connect(list, &ResultsList::Opened, this,
           [this, name] { acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, name); }); });

@@ -30,7 +30,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kWaitPaintsEvery = 80;  // milliseconds
+constexpr int kWaitPaintsEvery = 80, kShortWork = 150;  // milliseconds
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -152,8 +152,11 @@ void DesktopApp::Paint() {
 void DesktopApp::PaintWait(const WaitScreen& wait) {
   if (!wait.showing) {
     wait_.reset();
+    waiting_.invalidate();
     return;
   }
+  if (!waiting_.isValid()) waiting_.start();
+  if (wait_ == nullptr && !wait.at_once && waiting_.elapsed() < kShortWork) return;
   if (wait_ != nullptr && painted_.elapsed() < kWaitPaintsEvery) return;
   if (wait_ == nullptr) wait_ = std::make_unique<WaitWindow>(Parent());
   static_cast<WaitWindow*>(wait_.get())->Show(wait);

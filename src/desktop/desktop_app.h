@@ -65,7 +65,7 @@ class DesktopApp : public QObject, public Platform {
   std::unique_ptr<QWidget> splash_;
   std::unique_ptr<QWidget> wait_;
   std::vector<QPointer<DialogWindow>> dialogs_;
-  QElapsedTimer painted_;
+  QElapsedTimer painted_, waiting_;
 };
 
 }  // namespace merlu

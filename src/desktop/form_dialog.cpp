@@ -1,6 +1,9 @@
 #include "desktop/form_dialog.h"
 
+#include <QAction>
+
 #include "desktop/about_window.h"
+#include "shell/help.h"
 
 namespace merlu {
 namespace {
@@ -17,6 +20,16 @@ DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
+  auto* help = new QAction(this);
+  help->setShortcut(QKeySequence("F1"));
+  connect(help, &QAction::triggered, this, &DialogWindow::ShowHelpHere);
+  addAction(help);
+}
+
+void DialogWindow::ShowHelpHere() {
+  const QWidget* focus = focusWidget();
+  const std::string control = focus == nullptr ? "" : focus->objectName().toStdString();
+  acts_.Run([&] { ShowDialogHelp(acts_.s, binding_.form().name(), control); });
 }
 
 FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(acts, form, parent) {

@@ -23,6 +23,10 @@ class DialogWindow : public QDialog {
  protected:
   Acts& acts_;
   FormBinding binding_;
+
+ private:
+  // Help for the dialog, at the field that has the focus.
+  void ShowHelpHere();
 };
 
 class FormDialog : public DialogWindow {

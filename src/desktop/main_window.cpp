@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "base/dates.h"
+#include "desktop/access_keys.h"
 #include "desktop/look.h"
 #include "desktop/shortcuts.h"
 #include "qc/qc_log.h"
@@ -189,7 +190,7 @@ void MainWindow::MakeShortcuts() {
     }
     addAction(action);
     if (id != shortcut::kSheet) continue;
-    action->setText(tr("Keyboard &Shortcuts"));
+    action->setText(tr("&Keyboard Shortcuts"));
     menus_.at("mnuHelp")->insertAction(actions_.at("mnuHAbout"), action);
   }
 }
@@ -240,7 +241,27 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 // ---- drawing ----
 
+void MainWindow::SyncCaptions() {
+  std::string captions;
+  for (const auto& [name, action] : actions_) captions += s_.main->At(name).caption + "\n";
+  if (captions == captions_) return;
+  captions_ = captions;
+  for (const auto& [name, menu] : menus_) {
+    QStringList texts;
+    const QList<QAction*> entries = menu->actions();
+    for (const QAction* entry : entries) {
+      const auto control =
+          std::find_if(actions_.begin(), actions_.end(), [&](const auto& a) { return a.second == entry; });
+      texts << (control == actions_.end() ? entry->text() : Q(s_.main->At(control->first).caption));
+    }
+    texts = WithAccessKeys(texts);
+    for (qsizetype i = 0; i < entries.size(); ++i)
+      if (!entries[i]->isSeparator()) entries[i]->setText(texts[i]);  // a line with a text shows the text
+  }
+}
+
 void MainWindow::SyncMenus() {
+  SyncCaptions();
   for (const auto& [name, menu] : menus_) {
     const Control& control = s_.main->At(name);
     menu->setEnabled(control.enabled);
@@ -248,7 +269,6 @@ void MainWindow::SyncMenus() {
   }
   for (const auto& [name, action] : actions_) {
     const Control& control = s_.main->At(name);
-    if (!action->isSeparator()) action->setText(Q(control.caption));  // a line with a text shows the text
     action->setEnabled(control.enabled);
     action->setVisible(control.visible);
   }

@@ -49,6 +49,8 @@ class MainWindow : public QMainWindow {
   void ShowHelpHere();
 
   void SyncMenus();
+  // The captions with access keys, when one of them changed.
+  void SyncCaptions();
   void SyncTree();
   void SyncExpansion();
   void SyncSheet();
@@ -62,6 +64,7 @@ class MainWindow : public QMainWindow {
   QSettings& settings_;
   std::map<std::string, QMenu*> menus_;
   std::map<std::string, QAction*> actions_;
+  std::string captions_;  // all that the menus show now
   QSplitter* splitter_ = nullptr;
   QTreeView* tree_ = nullptr;
   TreeModel* model_ = nullptr;

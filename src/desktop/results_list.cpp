@@ -14,6 +14,8 @@ namespace {
 
 constexpr int kFindingColumns = 3;
 constexpr int kAboveAndBelow = 3;
+constexpr int kBetweenColumns = 16;
+constexpr int kWidestColumn = 2000;
 
 // Rows as high as their texts are when they wrap in their columns; a tree by itself keeps rows of one line.
 class WrappingRows : public QStyledItemDelegate {
@@ -63,7 +65,11 @@ ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* pa
   setAllColumnsShowFocus(true);
   header()->setStretchLastSection(true);
   header()->setSectionsMovable(false);
-  connect(header(), &QHeaderView::sectionResized, this, [this] { scheduleDelayedItemsLayout(); });
+  chosen_.fill(0, columnCount());
+  connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+    scheduleDelayedItemsLayout();
+    KeepWidth(column, width);
+  });
   connect(this, &QTreeWidget::itemDoubleClicked, this, [this] { emit Opened(); });
 }
 
@@ -76,9 +82,7 @@ void ResultsList::ShowRows(const Control& control) {
       item->setTextAlignment(static_cast<int>(i), Qt::AlignTop | Qt::AlignLeft);
     }
   }
-  // short texts in columns of their own width, findings in shares of the list's
-  if (columnCount() != kFindingColumns)
-    for (int column = 0; column + 1 < columnCount(); ++column) resizeColumnToContents(column);
+  FitColumns();
   viewport()->update();
 }
 
@@ -94,11 +98,42 @@ QList<int> ResultsList::Picked() const {
   return rows;
 }
 
+// Short texts stand in columns of their own width, findings in shares of the list's; the last takes the rest.
 void ResultsList::FitColumns() {
-  if (columnCount() != kFindingColumns) return;
+  fitting_ = true;
   const int width = viewport()->width();
-  setColumnWidth(0, width * 28 / 100);
-  for (int column = 1; column + 1 < columnCount(); ++column) setColumnWidth(column, width * 36 / 100);
+  for (int column = 0; column + 1 < columnCount(); ++column) {
+    if (chosen_[column] > 0) {
+      setColumnWidth(column, chosen_[column]);
+    } else if (columnCount() == kFindingColumns) {
+      setColumnWidth(column, width * (column == 0 ? 28 : 36) / 100);
+    } else {
+      resizeColumnToContents(column);
+      setColumnWidth(column, columnWidth(column) + kBetweenColumns);
+    }
+  }
+  fitting_ = false;
+}
+
+void ResultsList::KeepWidth(int column, int width) {
+  // the last column follows the window
+  if (fitting_ || column + 1 >= columnCount()) return;
+  chosen_[column] = width;
+  emit WidthsChosen();
+}
+
+QString ResultsList::ChosenWidths() const {
+  QStringList widths;
+  for (const int width : chosen_) widths << QString::number(width);
+  return widths.join(' ');
+}
+
+void ResultsList::ChooseWidths(const QString& widths) {
+  const QStringList texts = widths.split(' ', Qt::SkipEmptyParts);
+  if (texts.size() != columnCount()) return;
+  for (int column = 0; column < columnCount(); ++column)
+    chosen_[column] = std::clamp(texts[column].toInt(), 0, kWidestColumn);
+  FitColumns();
 }
 
 void ResultsList::resizeEvent(QResizeEvent* event) {

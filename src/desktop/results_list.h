@@ -15,9 +15,13 @@ class ResultsList : public QTreeWidget {
   void ShowRows(const Control& control);
   void ShowPicked(const Control& control);
   QList<int> Picked() const;
+  // Widths that the user gave columns, as text from one run to the next; empty while he gave none.
+  QString ChosenWidths() const;
+  void ChooseWidths(const QString& widths);
 
  signals:
   void Opened();  // Enter or a double click on a row
+  void WidthsChosen();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -26,7 +30,10 @@ class ResultsList : public QTreeWidget {
 
  private:
   void FitColumns();
+  void KeepWidth(int column, int width);
   QString empty_text_;
+  QList<int> chosen_;  // 0 for a column that fits itself
+  bool fitting_ = false;
 };
 
 }  // namespace merlu

@@ -52,7 +52,8 @@ struct WaitScreen {
   std::string title;
   std::string text;  // what is being worked on
   int done = 0;
-  int total = 0;  // 0 while the end is not known
+  int total = 0;        // 0 while the end is not known
+  bool at_once = true;  // false: only when the work turns out to be long
 };
 
 class Platform {

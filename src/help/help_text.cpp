@@ -1,5 +1,6 @@
 // A page of help put together: the prose, and behind it what the tables say about each field and rule.
 #include <algorithm>
+#include <cctype>
 #include <map>
 
 #include "base/numbers.h"
@@ -24,6 +25,7 @@ class Composer {
 
   Document Compose() {
     document_ = ReadMarkdown(own_.text);
+    NameHeadings();
     if (page_.by_mode) {
       Fields("Each month", "Typed in Activity Edit Mode, once for every survey month.", In::kActv);
       Fields("Description", "Typed in Description Edit Mode; it holds for every month until it is changed.", In::kDesc);
@@ -36,6 +38,17 @@ class Composer {
   }
 
  private:
+  // So that a reader can go to a heading of the prose by its words.
+  void NameHeadings() {
+    for (auto& block : document_.blocks) {
+      if (block.paragraph.heading == 0) continue;
+      std::string name;
+      for (const TextRun& run : block.paragraph.runs) name += run.text;
+      std::replace_if(
+          name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+      block.paragraph.bookmarks = {name};
+    }
+  }
   Paragraph& Add(std::vector<TextRun> runs) {
     document_.blocks.push_back({{.runs = std::move(runs)}, {}});
     return document_.blocks.back().paragraph;

@@ -10,7 +10,7 @@ namespace {
 
 // "[text](target)" or "![text](target)" at the place: its text, and where it ends.
 struct Link {
-  std::string_view text;
+  std::string_view text, target;
   std::size_t end = 0;
   bool picture = false;
 };
@@ -24,6 +24,7 @@ std::optional<Link> LinkAt(std::string_view line, std::size_t at) {
   const std::size_t close = middle == std::string_view::npos ? middle : line.find(')', middle);
   if (close == std::string_view::npos) return std::nullopt;
   link.text = line.substr(open + 1, middle - open - 1);
+  link.target = line.substr(middle + 2, close - middle - 2);
   link.end = close + 1;
   return link;
 }
@@ -53,11 +54,20 @@ class Line {
     } else if (!now_.code && Sees("*")) {
       Toggle(now_.italic, 1);
     } else if (const auto link = now_.code ? std::nullopt : LinkAt(line_, at_)) {
-      if (!link->picture) now_.text += link->text;
-      at_ = link->end;
+      Take(*link);
     } else {
       now_.text += line_[at_++];
     }
+  }
+
+  void Take(const Link& link) {
+    if (link.picture) {
+      End();
+      runs_.push_back({.text = std::string(link.text), .picture = std::string(link.target)});
+    } else {
+      now_.text += link.text;
+    }
+    at_ = link.end;
   }
 
   void Toggle(bool& looks, std::size_t length) {

@@ -1,6 +1,14 @@
 #include "session/messages.h"
 
+#include "store/files.h"
+
 namespace merlu {
+namespace {
+
+// Below this size everything that has a wait screen takes well under a second.
+constexpr std::uint64_t kLongWorkBytes = 4U << 20U;
+
+}  // namespace
 
 void TellUnder(Session& s, const std::string& title, const std::string& text, Icon icon) {
   s.platform.Ask({text, title, icon, {Button::kOK}});
@@ -23,7 +31,7 @@ void TellFaultNumberFirst(Session& s, const Fault& fault) {
 }
 
 void ShowWait(Session& s, const std::string& title, const std::string& text) {
-  s.wait = {true, title, text, 0, 0};
+  s.wait = {true, title, text, 0, 0, FileSize(s.path) >= kLongWorkBytes};
   s.platform.PaintWait(s.wait);
 }
 

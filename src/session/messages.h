@@ -55,7 +55,8 @@ class Busy {
 };
 
 // The wait screen: shown, told of progress, gone when the record goes out of scope. It is painted at most
-// a few times a second, so telling it often costs nothing.
+// a few times a second, so telling it often costs nothing. On a small inventory work is done before a screen could be
+// read, so there it shows only when the work goes on.
 void ShowWait(Session& s, const std::string& title, const std::string& text);
 void Progress(Session& s, const std::string& text, int done, int total);
 void HideWait(Session& s);

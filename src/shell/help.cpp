@@ -14,6 +14,28 @@ namespace merlu {
 namespace {
 
 constexpr std::string_view kRetiredType = "PUM";
+constexpr std::string_view kUserPage = "User help.rtf", kStructurePage = "Structure help.rtf";
+
+// Where the help speaks of a dialog: without a control, of all of it.
+struct DialogHelp {
+  std::string_view dialog, control, file, bookmark;
+};
+
+constexpr DialogHelp kDialogHelp[] = {
+    {"frmNewUser", "", kUserPage, "The_operator_s_screen"},
+    {"frmNewStructure", "", kStructurePage, ""},
+    {"frmNewStructure", "txtComplxID", kStructurePage, "txtSTRUCTURE_CmplxID"},
+    {"frmNewStructure", "txtStructID", kStructurePage, "txtSTRUCTURE_StructID"},
+    {"frmNewStructure", "txtArea", kStructurePage, "txtSTRUCTURE_Area"},
+    {"frmNewStructure", "txtBlock", kStructurePage, "txtSTRUCTURE_Block"},
+    {"frmNewStructure", "txtName", kStructurePage, "txtSTRUCTURE_Name"},
+    {"frmNewEquipment", "", kStructurePage, "cmdSTRUCTURE_AddEquip"},
+    {"frmQCComment", "", kUserPage, "Quality_rules"},
+    {"frmExportSurvey", "", kUserPage, "Handing_in"},
+    {"frmExportInventory", "", kUserPage, "Handing_in"},
+    {"frmExportStructure", "", kUserPage, "Moving_structures"},
+    {"frmImportStructure", "", kUserPage, "Moving_structures"},
+};
 
 // No more of it than is read as help.
 std::string ReadFile(const std::string& path) {
@@ -78,6 +100,16 @@ void ShowHelp(Session& s, const std::string& file, const std::string& bookmark) 
 void ShowCurrentHelp(Session& s, const std::string& control) {
   const std::string file = HelpFile(s.current.Level, s.current.EquipType);
   if (!file.empty()) ShowHelp(s, file, control);
+}
+
+void ShowDialogHelp(Session& s, const std::string& dialog, const std::string& control) {
+  const DialogHelp* found = nullptr;
+  for (const DialogHelp& row : kDialogHelp)
+    if (row.dialog == dialog && (row.control.empty() || row.control == control)) found = &row;
+  if (found == nullptr) return;
+  // the operator's fields have the same names there as on their own screen
+  const bool same = found->control.empty() && control.starts_with("txtUSER_");
+  ShowHelp(s, std::string(found->file), same ? control : std::string(found->bookmark));
 }
 
 void OpenHelpDocument(Session& s, const std::string& file) {

@@ -19,6 +19,9 @@ void ShowHelp(Session& s, const std::string& file, const std::string& bookmark =
 // Help for the screen of the current location, at the control of that name.
 void ShowCurrentHelp(Session& s, const std::string& control);
 
+// Help for an open dialog, at the control of that name: what the screens say about its fields.
+void ShowDialogHelp(Session& s, const std::string& dialog, const std::string& control);
+
 // Hands a document that lies beside the program to the system to open.
 void OpenHelpDocument(Session& s, const std::string& file);
 

@@ -1,4 +1,5 @@
 // The exchange dialogs in the real windows.
+#include <QHeaderView>
 #include <QTreeWidget>
 
 #include "driver.h"
@@ -76,6 +77,41 @@ TEST_F(ExchangeWindow, exports_two_structures_and_imports_one_of_them) {
   EXPECT_EQ(ToInteger(driver->Sql("SELECT COUNT(*) FROM PD_PLATFORM_DESC")), 4);
   EXPECT_EQ(driver->app->session().mode, Mode::kDesc);
   EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, leaves_room_behind_the_texts_of_its_columns) {
+  driver->OnNextModal([&](QWidget* dialog) {
+    auto* list = driver->Find<QTreeWidget>("lvwStructures");
+    const int head = list->header()->fontMetrics().horizontalAdvance("RIMA Complex ID");
+    EXPECT_GE(list->columnWidth(0), head + 16);
+    dialog->close();
+  });
+  driver->Command("mnuEStructS");
+  EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, keeps_the_widths_that_the_user_gave_its_columns) {
+  const auto open = [&](const std::function<void(QHeaderView&)>& step) {
+    driver->OnNextModal([&](QWidget* dialog) {
+      step(*driver->Find<QTreeWidget>("lvwSurveys")->header());
+      dialog->close();
+    });
+    driver->Command("mnuFExport");
+  };
+  int other = 0;
+  open([&](QHeaderView& heads) {
+    heads.resizeSection(1, 211);
+    other = heads.sectionSize(0);
+  });
+  open([&](QHeaderView& heads) {
+    EXPECT_EQ(heads.sectionSize(1), 211);
+    EXPECT_EQ(heads.sectionSize(0), other) << "a column that was left alone fits itself";
+  });
+  EXPECT_EQ(driver->app->Setting("Columns", "lvwSurveys"), "0 211 0 0");
+  for (const char* odd : {"", "x", "1 2", "-5 99999 0 0", "0 nan 0 0"}) {
+    driver->app->StoreSetting("Columns", "lvwSurveys", odd);
+    open([&](QHeaderView& heads) { EXPECT_LE(heads.sectionSize(1), 2000) << odd; });
+  }
 }
 
 TEST_F(ExchangeWindow, goes_on_with_the_sheet_that_was_open) {

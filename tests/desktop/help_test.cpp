@@ -133,6 +133,28 @@ TEST_F(HelpWindow, follows_a_change_of_the_palette) {
   });
 }
 
+TEST_F(HelpWindow, opens_over_a_dialog_at_its_field_and_leaves_it_open) {
+  driver_->Select("K12345");
+  QString top;
+  bool open = false, gone = false;
+  driver_->OnNextModal([&](QWidget* dialog) {
+    driver_->Type("txtArea", "GI");
+    driver_->OnNextModal([&](QWidget* help) {
+      QTest::qWait(20);
+      top = Top(TextOf(help));
+      help->close();
+    });
+    QTest::keyClick(driver_->Widget("txtArea"), Qt::Key_F1);
+    gone = driver_->app->session().desk.Dialog()->name() == "frmNewStructure";
+    open = dialog->isVisible() && driver_->Text("txtArea") == "GI";
+    dialog->close();
+  });
+  driver_->Click("cmdUSER_AddStructure");
+  EXPECT_EQ(top, "Area");
+  EXPECT_TRUE(open);
+  EXPECT_TRUE(gone);
+}
+
 TEST_F(HelpWindow, fetches_nothing_that_a_text_names) {
   HelpView view(nullptr);
   EXPECT_FALSE(view.loadResource(QTextDocument::ImageResource, QUrl("file:///etc/hostname")).isValid());

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "dark.h"
 #include "desktop/desktop.h"
 
 int main(int argc, char** argv) {
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  if (qEnvironmentVariableIsSet("MERLU_DARK")) QApplication::setPalette(merlu::test::DarkPalette());
   merlu::SetUpLook();
   return RUN_ALL_TESTS();
 }

@@ -1,13 +1,15 @@
-// Saves pictures of the screens: merlu_pictures FOLDER
+// Saves pictures of the screens: merlu_pictures FOLDER [WHAT...], and those of the documents: merlu_pictures docs docs
 #include <QDir>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QTreeWidget>
 
+#include "dark.h"
 #include "desktop/desktop.h"
 #include "desktop/look.h"
 #include "desktop/shortcuts.h"
+#include "doc_pictures.h"
 #include "driver.h"
 #include "examples.h"
 #include "inventory.h"
@@ -228,20 +230,6 @@ class Pictures {
   QString folder_;
 };
 
-QPalette DarkPalette() {
-  QPalette dark;
-  dark.setColor(QPalette::Window, QColor(45, 45, 48));
-  dark.setColor(QPalette::WindowText, QColor(228, 228, 228));
-  dark.setColor(QPalette::Base, QColor(30, 30, 32));
-  dark.setColor(QPalette::AlternateBase, QColor(38, 38, 41));
-  dark.setColor(QPalette::Text, QColor(228, 228, 228));
-  dark.setColor(QPalette::Button, QColor(52, 52, 56));
-  dark.setColor(QPalette::ButtonText, QColor(228, 228, 228));
-  dark.setColor(QPalette::Highlight, QColor(60, 110, 170));
-  dark.setColor(QPalette::HighlightedText, Qt::white);
-  return dark;
-}
-
 }  // namespace
 }  // namespace merlu::test
 
@@ -251,6 +239,7 @@ int main(int argc, char** argv) {
   merlu::SetUpLook();
   merlu::test::Pictures pictures(argc > 1 ? argv[1] : "pictures");
   const QStringList what = application.arguments().mid(2);
+  if (what.contains("docs")) merlu::test::MakeDocPictures(argv[1]);
   if (what.isEmpty() || what.contains("first")) pictures.FirstRun();
   if (what.isEmpty() || what.contains("sheets")) pictures.Sheets({1280, 800}, "");
   if (what.isEmpty() || what.contains("findings")) pictures.Findings("");

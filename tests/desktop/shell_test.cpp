@@ -2,10 +2,12 @@
 #include <QAction>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QStyle>
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <fstream>
 #include <set>
 
 #include "desktop/look.h"
@@ -137,6 +139,39 @@ TEST_F(Around, the_about_box_stays_until_it_is_closed_by_its_button) {
   EXPECT_EQ(driver_->Top("frmAbout"), nullptr);
 }
 
+// ---- what is kept from run to run ----
+
+TEST_F(Around, the_window_comes_back_with_its_place_size_and_tree_width) {
+  OnFirstFlare();
+  MainWindow* window = driver_->app->window();
+  auto* splitter = window->findChild<QSplitter*>();
+  window->setGeometry(40, 60, 1000, 650);
+  driver_->Settle();
+  splitter->setSizes({220, 760});
+  const QPoint place = window->pos();
+  const int tree = splitter->sizes().front();
+  EXPECT_NE(tree, 280);
+  const std::string settings = driver_->folder().path("settings.ini");
+  driver_->app.reset();
+  DesktopApp again(settings);
+  ASSERT_TRUE(again.Start());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(again.window()->size(), QSize(1000, 650));
+  EXPECT_EQ(again.window()->pos(), place);
+  EXPECT_EQ(again.window()->findChild<QSplitter*>()->sizes().front(), tree);
+}
+
+TEST_F(Around, a_window_of_a_larger_screen_comes_back_on_this_one) {
+  OnFirstFlare();
+  driver_->app->window()->move(9000, 9000);
+  driver_->Settle();
+  const std::string settings = driver_->folder().path("settings.ini");
+  driver_->app.reset();
+  DesktopApp again(settings);
+  ASSERT_TRUE(again.Start());
+  EXPECT_TRUE(again.window()->screen()->availableGeometry().intersects(again.window()->geometry()));
+}
+
 // ---- the keys ----
 
 TEST_F(Around, the_keys_walk_through_the_tree_and_stay_while_editing) {
@@ -263,9 +298,28 @@ TEST_F(Around, the_status_bar_counts_a_month_s_findings_for_its_survey_and_its_s
 
 // ---- the wait screen ----
 
-TEST_F(Around, the_wait_screen_shows_at_once_over_the_window_with_what_is_done) {
+TEST_F(Around, the_wait_screen_of_a_small_inventory_shows_only_when_the_work_goes_on) {
   OnFirstFlare();
   Session& s = driver_->app->session();
+  ShowWait(s, "Export", "Please Wait...");
+  EXPECT_EQ(driver_->Top("frmWait"), nullptr);
+  Progress(s, "March", 1, 12);
+  EXPECT_EQ(driver_->Top("frmWait"), nullptr);
+  QTest::qSleep(160);
+  Progress(s, "April", 2, 12);
+  EXPECT_NE(driver_->Top("frmWait"), nullptr);
+  HideWait(s);
+  ShowWait(s, "Export", "Please Wait...");
+  EXPECT_EQ(driver_->Top("frmWait"), nullptr) << "each work has a time of its own";
+  HideWait(s);
+}
+
+TEST_F(Around, the_wait_screen_of_a_large_inventory_shows_at_once_over_the_window_with_what_is_done) {
+  OnFirstFlare();
+  Session& s = driver_->app->session();
+  s.path = folder_.path("large.mdb");
+  std::ofstream(s.path) << "";
+  fs::resize_file(s.path, 8 << 20);
   ShowWait(s, "Preparing QA Summary", "Please Wait...");
   auto* wait = qobject_cast<WaitWindow*>(driver_->Top("frmWait"));
   ASSERT_NE(wait, nullptr);

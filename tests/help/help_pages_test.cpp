@@ -157,6 +157,29 @@ TEST(HelpFiles, come_with_the_documents_that_the_menu_opens) {
   }
 }
 
+TEST(HelpFiles, hold_the_pictures_of_their_documents) {
+  const std::string docs = std::string(MERLU_SOURCE_FOLDER) + "/docs/";
+  std::size_t pictures = 0;
+  for (const HelpDocumentFile& document : HelpDocumentFiles())
+    for (const Block& block : ReadHelpDocument(document, docs).blocks)
+      for (const TextRun& run : block.paragraph.runs) {
+        if (run.picture.empty()) continue;
+        EXPECT_TRUE(run.picture.starts_with("data:image/png;base64,iVBORw0KGgo")) << document.file << " " << run.text;
+        EXPECT_FALSE(run.text.empty()) << "what it shows, for those who do not see it";
+        ++pictures;
+      }
+  EXPECT_GE(pictures, 8u);
+  const HelpDocumentFile missing = {{"none.md"}, "None.html", "None"};
+  EXPECT_THROW(ReadHelpDocument(missing, docs), Fault);
+}
+
+TEST(HelpFiles, show_pictures_that_they_hold_and_fetch_none) {
+  Document document = ReadMarkdown("![a](https://example.org/a.png)");
+  EXPECT_FALSE(Holds(ToHtml(document), "img"));
+  document.blocks[0].paragraph.runs[0].picture = "data:image/png;base64,AA==";
+  EXPECT_TRUE(Holds(ToHtml(document), "<img src=\"data:image/png;base64,AA==\" alt=\"a\">"));
+}
+
 TEST(HelpFiles, that_cannot_be_made_are_faults) {
   const TemporaryFolder folder;
   EXPECT_THROW(ReadHelpPage("FLA help.rtf", folder.path()), Fault);

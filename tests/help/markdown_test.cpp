@@ -19,12 +19,18 @@ TEST(Markdown, reads_headings_paragraphs_and_lists_of_two_depths) {
 
 TEST(Markdown, reads_looks_within_a_line) {
   const std::vector<TextRun> runs = ReadMarkdownLine("a **b** *c* `*d*` \\*e\\* [f](g.md)![h](i.png)");
-  ASSERT_EQ(runs.size(), 7u);
+  ASSERT_EQ(runs.size(), 8u);
   EXPECT_TRUE(runs[1].bold);
   EXPECT_TRUE(runs[3].italic);
   EXPECT_TRUE(runs[5].code);
   EXPECT_EQ(runs[5].text, "*d*");
   EXPECT_EQ(runs[6].text, " *e* f");
+  EXPECT_EQ(runs[7].text, "h");
+  EXPECT_EQ(runs[7].picture, "i.png");
+}
+
+TEST(Markdown, leaves_a_picture_out_of_the_plain_text) {
+  EXPECT_EQ(PlainText(ReadMarkdown("before ![what it shows](i.png)after")), "before after\n");
 }
 
 TEST(Markdown, reads_tables_with_bars_in_their_cells) {

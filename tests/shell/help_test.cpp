@@ -146,6 +146,45 @@ TEST_F(HelpTest, menu_opens_the_documents_beside_the_program) {
   }
 }
 
+TEST_F(HelpTest, of_a_dialog_opens_where_the_page_speaks_of_it) {
+  run.program_folder = MERLU_BUILD_FOLDER;
+  const auto place = [&](const char* dialog, const char* control) {
+    std::string words;
+    run.dialogs.push_back([&](Form& form) {
+      const Control& text = form.At("rtfHelp");
+      for (const Block& block : text.document->blocks)
+        for (const std::string& name : block.paragraph.bookmarks)
+          if (name == text.bookmark) words = PlainText(block.paragraph);
+      if (text.bookmark.empty()) words = PlainText(text.document->blocks[0].paragraph);
+      act::Click(run.s.desk, form, "cmdClose");
+    });
+    ShowDialogHelp(run.s, dialog, control);
+    EXPECT_TRUE(run.dialogs.empty()) << dialog;
+    run.dialogs.clear();
+    return words;
+  };
+  EXPECT_EQ(place("frmNewUser", "txtUserID"), "The operator's screen");
+  EXPECT_EQ(place("frmNewUser", "txtUSER_City"), "City");
+  EXPECT_EQ(place("frmNewStructure", ""), "Structure");
+  EXPECT_EQ(place("frmNewStructure", "txtComplxID"), "RIMA Complex ID");
+  EXPECT_EQ(place("frmNewStructure", "txtStructID"), "RIMA Structure ID");
+  EXPECT_EQ(place("frmNewStructure", "txtArea"), "Area");
+  EXPECT_EQ(place("frmNewStructure", "txtBlock"), "Block");
+  EXPECT_EQ(place("frmNewStructure", "txtName"), "Name");
+  EXPECT_EQ(place("frmNewEquipment", "cmbEquipType"), "New Equipment");
+  EXPECT_EQ(place("frmQCComment", "txtComments"), "Quality rules");
+  EXPECT_EQ(place("frmExportSurvey", "lvwSurveys"), "Handing in");
+  EXPECT_EQ(place("frmExportInventory", ""), "Handing in");
+  EXPECT_EQ(place("frmExportStructure", ""), "Moving structures");
+  EXPECT_EQ(place("frmImportStructure", "cmdLoad"), "Moving structures");
+}
+
+TEST_F(HelpTest, is_not_there_for_the_about_box) {
+  ShowDialogHelp(run.s, "frmAbout", "cmdOK");
+  EXPECT_TRUE(run.boxes.empty());
+  EXPECT_EQ(run.s.desk.Dialog(), nullptr);
+}
+
 TEST_F(HelpTest, menus_give_each_command_a_letter_of_its_own) {
   std::map<std::string, std::set<char>> letters;
   for (const Control& control : run.s.main->controls()) {

@@ -1,0 +1,178 @@
+#include "doc_pictures.h"
+
+#include <QDir>
+#include <QImage>
+#include <QTreeWidget>
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+#include "driver.h"
+#include "examples.h"
+
+namespace merlu::test {
+namespace {
+
+constexpr QSize kWindow(1180, 760);
+constexpr std::size_t kColours = 256;
+
+// With the colours that it has most of: a screen has few, and a palette makes a small file.
+QImage WithPalette(const QImage& picture) {
+  const QImage image = picture.convertToFormat(QImage::Format_RGB32);
+  std::unordered_map<QRgb, int> counts;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
+  std::vector<std::pair<int, QRgb>> order;
+  for (const auto& [colour, count] : counts) order.emplace_back(-count, colour);
+  std::sort(order.begin(), order.end());
+  QList<QRgb> palette;
+  for (std::size_t i = 0; i < std::min(kColours, order.size()); ++i) palette << order[i].second;
+  return image.convertToFormat(QImage::Format_Indexed8, palette, Qt::ThresholdDither | Qt::AvoidDither);
+}
+
+class DocPictures {
+ public:
+  explicit DocPictures(const QString& folder) : folder_(folder) { QDir().mkpath(folder + "/pictures"); }
+
+  void Save(QWidget& window, const QString& name) {
+    QCoreApplication::processEvents();
+    const QString file = folder_ + "/" + name + ".png";
+    if (!WithPalette(window.grab().toImage()).save(file, "PNG", 0)) qWarning("%s", qPrintable(file));
+  }
+  // The dialog that the act opens, after the steps in it.
+  void SaveDialog(Driver& driver, const QString& name, const std::function<void()>& act,
+                  const std::function<void()>& steps) {
+    driver.OnNextModal([&](QWidget* dialog) {
+      steps();
+      Save(*dialog, name);
+      dialog->close();
+    });
+    act();
+  }
+
+  void FirstRun() {
+    Driver driver;
+    driver.OnNextModal([&](QWidget* dialog) {
+      for (const auto& [name, text] : {std::pair{"txtUserID", "12345"}, {"txtUSER_Company", "Blue Water Exploration"},
+                                       {"txtUSER_Address1", "1 Quay Street"}, {"txtUSER_City", "Port Fourchon"},
+                                       {"txtUSER_State", "LA"}, {"txtUSER_Zip", "70357"}})
+        driver.Type(name, text);
+      Save(*dialog, "pictures/first-run");
+      driver.OnNextBox();
+      dialog->close();
+    });
+    driver.Start();
+  }
+
+  void FirstMonth() {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("first-month.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    driver.app->window()->resize(kWindow);
+    Month(driver);
+    Descriptions(driver);
+  }
+
+  void Year() {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, ReadExample("year-of-all-types.merlu"));
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    MainWindow& window = *driver.app->window();
+    window.resize(kWindow);
+    driver.Select("K12345 32017   1001 1DIE   D-103");
+    driver.Click("cmdEdit");
+    Save(window, "pictures/month");
+    driver.Click("cmdCANCEL");
+    driver.Select("K12345 42017   1001 1");
+    driver.Click("cmdEdit");
+    driver.Find<QAbstractButton>("chkSTRUCTURE_Status")->click();
+    driver.OnNextBox();
+    driver.Click("cmdSaveExit");
+    Save(window, "pictures/inactive");
+    SaveDialog(driver, "pictures/export-survey", [&] { driver.Command("mnuFExport"); }, [&] {
+      driver.Find<QTreeWidget>("lvwSurveys")->topLevelItem(2)->setSelected(true);
+      driver.Type("txtExportFilename", "/home/me/handed-in/2017-03.mdb");
+    });
+    SaveDialog(driver, "pictures/export-structures", [&] { driver.Command("mnuEStructS"); }, [&] {
+      driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
+      driver.Type("txtExportFilename", "/home/me/moved/gi-43-a.mdb");
+    });
+    Import(driver, folder);
+  }
+
+ private:
+  void Month(Driver& driver) {
+    MainWindow& window = *driver.app->window();
+    driver.Select("K12345 22017   1001 1FLA      F1");
+    driver.Click("cmdEdit");
+    driver.Type("txtFLA_HrsOperated", "745");
+    driver.Type("txtFLA_VolFlared", "");
+    QTest::keyClick(driver.Widget("txtFLA_VolFlared"), Qt::Key_Backspace);
+    driver.OnNextBox();
+    driver.Click("cmdQC");
+    driver.Widget("txtFLA_VolFlared")->setFocus();
+    Save(window, "window");
+    driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(2);
+    auto* list = driver.Find<QTreeWidget>("lvwFLA_QCResults");
+    list->topLevelItem(0)->setSelected(true);
+    driver.OnNextModal([&](QWidget* dialog) {
+      driver.Type("txtComments", "The meter ran on over the night of the twelfth; the log has the true hours.");
+      Save(*dialog, "pictures/comment");
+      driver.Click("cmdOK");
+    });
+    driver.Click("cmdFLA_EditQCComment");
+    Save(window, "pictures/findings");
+    driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(0);
+    driver.Click("cmdCANCEL");
+    driver.Select("K12345 22017");
+    Save(window, "pictures/survey");
+  }
+
+  void Descriptions(Driver& driver) {
+    MainWindow& window = *driver.app->window();
+    driver.Select("K12345");
+    driver.Command("mnuSetEditMode");
+    SaveDialog(driver, "pictures/new-structure", [&] { driver.Click("cmdUSER_AddStructure"); }, [&] {
+      driver.Type("txtComplxID", "1002");
+      driver.Type("txtStructID", "1");
+    });
+    driver.Select("K12345   1001 1");
+    SaveDialog(driver, "pictures/new-equipment", [&] { driver.Click("cmdSTRUCTURE_AddEquip"); }, [&] {
+      driver.Type("txtEquipID", "V1");
+      driver.Choose("cmbEquipType", "Cold Vent");
+    });
+    driver.Select("K12345   1001 1FLA      F1");
+    driver.Click("cmdEdit");
+    Save(window, "pictures/description");
+    driver.Click("cmdCANCEL");
+  }
+
+  void Import(Driver& driver, const TemporaryFolder& folder) {
+    const QString other = QString::fromStdString(folder.path("gi-43-a.mdb"));
+    fs::copy_file(folder.path("inventory.mdb"), other.toStdString());
+    SaveDialog(driver, "pictures/import", [&] { driver.Command("mnuEStructB"); }, [&] {
+      driver.Type("txtImportFilename", other);
+      driver.Click("cmdLoad");
+      driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
+      driver.Type("txtImportFilename", "/home/me/moved/gi-43-a.mdb");
+    });
+  }
+
+  QString folder_;
+};
+
+}  // namespace
+
+void MakeDocPictures(const QString& folder) {
+  DocPictures pictures(folder);
+  pictures.FirstRun();
+  pictures.FirstMonth();
+  pictures.Year();
+}
+
+}  // namespace merlu::test
