@@ -10,7 +10,7 @@ namespace merlu {
 namespace {
 
 constexpr int kMargin = 12, kBetweenBlocks = 16, kBetweenRows = 8, kBetweenColumns = 28, kToField = 10;
-constexpr int kNarrowestColumn = 380, kNoteGap = 3;
+constexpr int kNarrowestColumn = 380, kNarrowestNotes = 280, kNoteGap = 3;
 
 // On one line.
 int NoteWidth(const QLabel& note) {
@@ -59,11 +59,24 @@ int BlocksPanel::CaptionWidth(int column) const {
   return std::min({widest, column / 2, std::max(column / 3, column - kToField - field)});
 }
 
+// A remark needs more room than beside its caption, so it takes the column.
+int BlocksPanel::PlaceBelowCaption(Bound& bound, const QRect& place, bool move) {
+  const int caption = bound.caption->heightForWidth(place.width()), field = bound.row->sizeHint().height();
+  if (move) {
+    bound.caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    bound.caption->setGeometry(place.x(), place.y(), place.width(), caption);
+    bound.row->setGeometry(place.x(), place.y() + caption + kNoteGap, place.width(), field);
+  }
+  return caption + kNoteGap + field;
+}
+
 int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move) {
   QWidget* field = row.bound->row;
   QLabel* caption = row.bound->caption;
   const int left = x + caption_width + kToField;
   const int room = x + width - left;
+  if (row.bound->control->lines && caption != nullptr && room < kNarrowestNotes)
+    return PlaceBelowCaption(*row.bound, QRect(x, y, width, 0), move);
   const int field_height = field->sizeHint().height();
   // behind the field when both fit, otherwise below it
   const bool below = row.note != nullptr && field->sizeHint().width() + kToField + NoteWidth(*row.note) > room;
@@ -76,6 +89,7 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   field->setGeometry(left, y + (height - shown_height) / 2, room - note_width, shown_height);
   if (below) row.note->setGeometry(left, y + height + kNoteGap, room, note_height - kNoteGap);
   if (note_width > 0) row.note->setGeometry(x + width - note_width + kToField, y, note_width - kToField, height);
+  if (row.bound->control->lines && caption != nullptr) caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
   if (caption != nullptr) caption->setGeometry(x, y + (row.bound->control->lines ? 4 : 0), caption_width, height);
   return height + note_height;
 }

@@ -94,7 +94,6 @@ class DocPictures {
     driver.Select("K12345 42017   1001 1");
     driver.Click("cmdEdit");
     driver.Find<QAbstractButton>("chkSTRUCTURE_Status")->click();
-    driver.OnNextBox();
     driver.Click("cmdSaveExit");
     Save(window, "pictures/inactive");
     SaveDialog(

@@ -11,6 +11,7 @@
 #include "base/fault.h"
 #include "base/rtf_reader.h"
 #include "help/help_files.h"
+#include "help/markdown.h"
 #include "session/types.h"
 #include "sheets/wording.h"
 #include "support/test_run.h"
