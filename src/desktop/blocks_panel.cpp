@@ -10,7 +10,12 @@ namespace merlu {
 namespace {
 
 constexpr int kMargin = 12, kBetweenBlocks = 16, kBetweenRows = 8, kBetweenColumns = 28, kToField = 10;
-constexpr int kNarrowestColumn = 380;
+constexpr int kNarrowestColumn = 380, kNarrowestNotes = 280, kNoteGap = 3;
+
+// On one line.
+int NoteWidth(const QLabel& note) {
+  return note.fontMetrics().horizontalAdvance(note.text()) + 4;
+}
 
 }  // namespace
 
@@ -43,27 +48,50 @@ bool BlocksPanel::HasVisible(const Block& block) {
 }
 
 int BlocksPanel::CaptionWidth(int column) const {
-  int widest = 0;
+  int widest = 0, field = 0;
   for (const Block& block : blocks_)
-    for (const Row& row : block.rows)
-      if (row.bound->caption != nullptr)
-        widest = std::max(widest, row.bound->caption->fontMetrics().horizontalAdvance(row.bound->caption->text()) + 4);
-  return std::min(widest, column / 2);
+    for (const Row& row : block.rows) {
+      if (row.bound->caption == nullptr) continue;
+      widest = std::max(widest, row.bound->caption->fontMetrics().horizontalAdvance(row.bound->caption->text()) + 4);
+      // a list is as wide as its longest item, so the captions make room
+      if (row.bound->control->kind == Kind::kList) field = std::max(field, row.bound->row->sizeHint().width());
+    }
+  return std::min({widest, column / 2, std::max(column / 3, column - kToField - field)});
+}
+
+// A remark needs more room than beside its caption, so it takes the column.
+int BlocksPanel::PlaceBelowCaption(Bound& bound, const QRect& place, bool move) {
+  const int caption = bound.caption->heightForWidth(place.width()), field = bound.row->sizeHint().height();
+  if (move) {
+    bound.caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    bound.caption->setGeometry(place.x(), place.y(), place.width(), caption);
+    bound.row->setGeometry(place.x(), place.y() + caption + kNoteGap, place.width(), field);
+  }
+  return caption + kNoteGap + field;
 }
 
 int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move) {
   QWidget* field = row.bound->row;
   QLabel* caption = row.bound->caption;
   const int left = x + caption_width + kToField;
-  const int note_width = row.note != nullptr ? row.note->sizeHint().width() + 6 : 0;
-  int height = field->sizeHint().height();
+  const int room = x + width - left;
+  if (row.bound->control->lines && caption != nullptr && room < kNarrowestNotes)
+    return PlaceBelowCaption(*row.bound, QRect(x, y, width, 0), move);
+  const int field_height = field->sizeHint().height();
+  // behind the field when both fit, otherwise below it
+  const bool below = row.note != nullptr && field->sizeHint().width() + kToField + NoteWidth(*row.note) > room;
+  const int note_width = row.note == nullptr || below ? 0 : NoteWidth(*row.note) + kToField;
+  int height = field_height;
   if (caption != nullptr) height = std::max(height, caption->heightForWidth(caption_width));
-  if (!move) return height;
-  const int field_height = row.bound->control->lines ? height : field->sizeHint().height();
-  field->setGeometry(left, y + (height - field_height) / 2, x + width - left - note_width, field_height);
-  if (row.note != nullptr) row.note->setGeometry(x + width - note_width, y, note_width, height);
+  const int note_height = below ? row.note->heightForWidth(room) + kNoteGap : 0;
+  if (!move) return height + note_height;
+  const int shown_height = row.bound->control->lines ? height : field_height;
+  field->setGeometry(left, y + (height - shown_height) / 2, room - note_width, shown_height);
+  if (below) row.note->setGeometry(left, y + height + kNoteGap, room, note_height - kNoteGap);
+  if (note_width > 0) row.note->setGeometry(x + width - note_width + kToField, y, note_width - kToField, height);
+  if (row.bound->control->lines && caption != nullptr) caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
   if (caption != nullptr) caption->setGeometry(x, y + (row.bound->control->lines ? 4 : 0), caption_width, height);
-  return height;
+  return height + note_height;
 }
 
 int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width, bool move) {

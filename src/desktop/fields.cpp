@@ -44,8 +44,19 @@ ListField::ListField(QWidget* parent) : QComboBox(parent) {
 void ListField::SetState(bool locked, Back back) {
   locked_ = locked;
   back_ = back;
-  if (lineEdit() != nullptr) lineEdit()->setReadOnly(locked);
+  if (lineEdit() != nullptr) {
+    lineEdit()->setReadOnly(locked);
+    // the list paints the ground, so that all lists tell their state in the same way
+    const QString look =
+        QString("QLineEdit { border: none; padding: 0; background: transparent; color: %1; }").arg(InkOfText().name());
+    if (lineEdit()->styleSheet() != look) lineEdit()->setStyleSheet(look);
+  }
   update();
+}
+
+QColor ListField::InkOfText() const {
+  if (!isEnabled()) return Quiet(palette());
+  return back_ == Back::kFlag ? QColor(kFlagText) : palette().color(QPalette::WindowText);
 }
 
 void ListField::showPopup() {
@@ -75,7 +86,7 @@ void ListField::paintEvent(QPaintEvent*) {
   const bool flagged = isEnabled() && back_ == Back::kFlag;
   const bool plain = isEnabled() && back_ == Back::kWindow;
   const QColor ground = flagged ? kFlagBack : plain ? palette().color(QPalette::Base) : FaceColour(palette());
-  const QColor ink = flagged ? kFlagText : isEnabled() ? palette().color(QPalette::WindowText) : Quiet(palette());
+  const QColor ink = InkOfText();
   const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
   const QColor border = focused ? Accent(palette()) : plain ? Border(palette()) : Line(palette());
   painter.setBrush(ground);

@@ -46,6 +46,8 @@ class ListField : public QComboBox {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  QColor InkOfText() const;
+
   bool locked_ = false;
   Back back_ = Back::kWindow;
 };

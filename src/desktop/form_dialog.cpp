@@ -8,7 +8,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kListWidth = 640, kListHeight = 260;
+constexpr int kListWidth = 740, kListHeight = 260;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;

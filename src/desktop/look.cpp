@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <QTabBar>
 
 namespace merlu {
 namespace {
@@ -58,6 +59,11 @@ LookStyle::LookStyle() : QProxyStyle("Fusion") {}
 
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
+  if (element == PE_FrameFocusRect && qobject_cast<const QTabBar*>(widget) != nullptr) {
+    // a frame would run through the text, which stands close to the edges of its tab
+    const QRect line(option->rect.left(), option->rect.bottom() + 1, option->rect.width(), 2);
+    return painter->fillRect(line, Accent(option->palette));
+  }
   const bool box = element == PE_IndicatorCheckBox, round = element == PE_IndicatorRadioButton;
   if (!box && !round) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool on = option->state & State_On, enabled = option->state & State_Enabled;

@@ -54,9 +54,12 @@ class DocPictures {
   void FirstRun() {
     Driver driver;
     driver.OnNextModal([&](QWidget* dialog) {
-      for (const auto& [name, text] : {std::pair{"txtUserID", "12345"}, {"txtUSER_Company", "Blue Water Exploration"},
-                                       {"txtUSER_Address1", "1 Quay Street"}, {"txtUSER_City", "Port Fourchon"},
-                                       {"txtUSER_State", "LA"}, {"txtUSER_Zip", "70357"}})
+      for (const auto& [name, text] : {std::pair{"txtUserID", "12345"},
+                                       {"txtUSER_Company", "Blue Water Exploration"},
+                                       {"txtUSER_Address1", "1 Quay Street"},
+                                       {"txtUSER_City", "Port Fourchon"},
+                                       {"txtUSER_State", "LA"},
+                                       {"txtUSER_Zip", "70357"}})
         driver.Type(name, text);
       Save(*dialog, "pictures/first-run");
       driver.OnNextBox();
@@ -91,17 +94,20 @@ class DocPictures {
     driver.Select("K12345 42017   1001 1");
     driver.Click("cmdEdit");
     driver.Find<QAbstractButton>("chkSTRUCTURE_Status")->click();
-    driver.OnNextBox();
     driver.Click("cmdSaveExit");
     Save(window, "pictures/inactive");
-    SaveDialog(driver, "pictures/export-survey", [&] { driver.Command("mnuFExport"); }, [&] {
-      driver.Find<QTreeWidget>("lvwSurveys")->topLevelItem(2)->setSelected(true);
-      driver.Type("txtExportFilename", "/home/me/handed-in/2017-03.mdb");
-    });
-    SaveDialog(driver, "pictures/export-structures", [&] { driver.Command("mnuEStructS"); }, [&] {
-      driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
-      driver.Type("txtExportFilename", "/home/me/moved/gi-43-a.mdb");
-    });
+    SaveDialog(
+        driver, "pictures/export-survey", [&] { driver.Command("mnuFExport"); },
+        [&] {
+          driver.Find<QTreeWidget>("lvwSurveys")->topLevelItem(2)->setSelected(true);
+          driver.Type("txtExportFilename", "/home/me/handed-in/2017-03.mdb");
+        });
+    SaveDialog(
+        driver, "pictures/export-structures", [&] { driver.Command("mnuEStructS"); },
+        [&] {
+          driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
+          driver.Type("txtExportFilename", "/home/me/moved/gi-43-a.mdb");
+        });
     Import(driver, folder);
   }
 
@@ -137,15 +143,19 @@ class DocPictures {
     MainWindow& window = *driver.app->window();
     driver.Select("K12345");
     driver.Command("mnuSetEditMode");
-    SaveDialog(driver, "pictures/new-structure", [&] { driver.Click("cmdUSER_AddStructure"); }, [&] {
-      driver.Type("txtComplxID", "1002");
-      driver.Type("txtStructID", "1");
-    });
+    SaveDialog(
+        driver, "pictures/new-structure", [&] { driver.Click("cmdUSER_AddStructure"); },
+        [&] {
+          driver.Type("txtComplxID", "1002");
+          driver.Type("txtStructID", "1");
+        });
     driver.Select("K12345   1001 1");
-    SaveDialog(driver, "pictures/new-equipment", [&] { driver.Click("cmdSTRUCTURE_AddEquip"); }, [&] {
-      driver.Type("txtEquipID", "V1");
-      driver.Choose("cmbEquipType", "Cold Vent");
-    });
+    SaveDialog(
+        driver, "pictures/new-equipment", [&] { driver.Click("cmdSTRUCTURE_AddEquip"); },
+        [&] {
+          driver.Type("txtEquipID", "V1");
+          driver.Choose("cmbEquipType", "Cold Vent");
+        });
     driver.Select("K12345   1001 1FLA      F1");
     driver.Click("cmdEdit");
     Save(window, "pictures/description");
@@ -155,12 +165,14 @@ class DocPictures {
   void Import(Driver& driver, const TemporaryFolder& folder) {
     const QString other = QString::fromStdString(folder.path("gi-43-a.mdb"));
     fs::copy_file(folder.path("inventory.mdb"), other.toStdString());
-    SaveDialog(driver, "pictures/import", [&] { driver.Command("mnuEStructB"); }, [&] {
-      driver.Type("txtImportFilename", other);
-      driver.Click("cmdLoad");
-      driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
-      driver.Type("txtImportFilename", "/home/me/moved/gi-43-a.mdb");
-    });
+    SaveDialog(
+        driver, "pictures/import", [&] { driver.Command("mnuEStructB"); },
+        [&] {
+          driver.Type("txtImportFilename", other);
+          driver.Click("cmdLoad");
+          driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
+          driver.Type("txtImportFilename", "/home/me/moved/gi-43-a.mdb");
+        });
   }
 
   QString folder_;

@@ -24,8 +24,8 @@ class Album {
 // characters scroll in their fields.
 void ExpectNothingCut(QWidget& window, int longest = 40);
 
-// Every control of the form shows, is enabled, and has the caption and text that the form says. Of a sheet, `frame` is its
-// outermost frame; of a dialog it is empty.
+// Every control of the form shows, is enabled, and has the caption and text that the form says. Of a sheet, `frame` is
+// its outermost frame; of a dialog it is empty.
 void ExpectAsTheFormSays(QWidget& window, const Form& form, const std::string& frame = "");
 
 // Tab comes to every field, list and button that can be used.

@@ -242,7 +242,8 @@ void HoldsLongNames(Driver& driver, const QSize& size) {
   for (auto* label : window->findChildren<QLabel*>()) {
     if (!label->isVisible() || label->buddy() == nullptr) continue;
     EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->text().toStdString();
-    EXPECT_LE(label->geometry().right(), label->buddy()->mapTo(label->parentWidget(), QPoint(0, 0)).x())
+    const QPoint field = label->buddy()->mapTo(label->parentWidget(), QPoint(0, 0));
+    EXPECT_TRUE(label->geometry().right() <= field.x() || label->geometry().bottom() <= field.y())
         << label->text().toStdString();
   }
   QList<QRect> rows;
@@ -296,6 +297,21 @@ TEST(Colours, can_be_read_on_their_grounds_in_light_and_dark) {
     EXPECT_GE(Contrast(Accent(palette), window), 3.0) << ground;
   }
   EXPECT_GE(Contrast(kFlagBack, kFlagText), kReadable);
+}
+
+TEST(ListWithFreeText, tells_its_state_by_one_ground) {
+  ListField list(nullptr);
+  list.setEditable(true);
+  list.resize(160, 30);
+  list.show();
+  const auto ground = [&](bool locked, Back back) {
+    list.SetState(locked, back);
+    QCoreApplication::processEvents();
+    return list.grab().toImage().pixelColor(100, 8);
+  };
+  EXPECT_EQ(ground(true, Back::kFace), FaceColour(list.palette()));
+  EXPECT_EQ(ground(false, Back::kWindow), list.palette().color(QPalette::Base));
+  EXPECT_EQ(ground(false, Back::kFlag), kFlagBack);
 }
 
 TEST(ListOfFindings, shows_texts_that_wrap_whole) {
