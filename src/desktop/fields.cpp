@@ -47,9 +47,10 @@ void ListField::SetState(bool locked, Back back) {
   if (lineEdit() != nullptr) {
     lineEdit()->setReadOnly(locked);
     // the list paints the ground, so that all lists tell their state in the same way
-    const QString look =
-        QString("QLineEdit { border: none; padding: 0; background: transparent; color: %1; }").arg(InkOfText().name());
-    if (lineEdit()->styleSheet() != look) lineEdit()->setStyleSheet(look);
+    QPalette colours = lineEdit()->palette();
+    colours.setColor(QPalette::Base, Qt::transparent);
+    colours.setColor(QPalette::Text, InkOfText());
+    lineEdit()->setPalette(colours);
   }
   update();
 }

@@ -56,6 +56,15 @@ void ExpectListWhole(const ListField& list) {
   EXPECT_GE(list.width() - kFrameAndArrow, WidthOf(list, list.currentText())) << Named(list, list.currentText());
 }
 
+// The text of a list that takes free text stands on the ground of the list, which tells its state.
+void ExpectOneGround(ListField& list) {
+  if (!list.isEditable()) return;
+  const QImage picture = list.grab().toImage();
+  const auto at = [&](int x, int y) { return picture.pixelColor(QPoint(x, y) * picture.devicePixelRatio()).name(); };
+  const QRect text = list.lineEdit()->geometry();
+  EXPECT_EQ(at(text.right() - 2, text.top() + 2), at(list.width() - 5, list.height() - 5)) << Named(list);
+}
+
 void ExpectTabsWhole(const QTabBar& bar) {
   EXPECT_LE(bar.tabRect(bar.count() - 1).right(), bar.width()) << Named(bar);
 }
@@ -93,8 +102,9 @@ void Album::Keep(QWidget& window, const std::string& name) {
 }
 
 void ExpectNothingCut(QWidget& window, int longest) {
-  for (const auto* widget : window.findChildren<QWidget*>()) {
+  for (auto* widget : window.findChildren<QWidget*>()) {
     if (!widget->isVisible()) continue;
+    if (auto* list = qobject_cast<ListField*>(widget)) ExpectOneGround(*list);
     if (const auto* label = qobject_cast<const QLabel*>(widget)) ExpectLabelWhole(*label);
     if (const auto* line = qobject_cast<const QLineEdit*>(widget)) ExpectFieldWhole(*line, longest);
     if (const auto* list = qobject_cast<const ListField*>(widget)) ExpectListWhole(*list);

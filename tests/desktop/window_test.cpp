@@ -307,11 +307,11 @@ TEST(ListWithFreeText, tells_its_state_by_one_ground) {
   const auto ground = [&](bool locked, Back back) {
     list.SetState(locked, back);
     QCoreApplication::processEvents();
-    return list.grab().toImage().pixelColor(100, 8);
+    return list.grab().toImage().pixelColor(100, 8).name();
   };
-  EXPECT_EQ(ground(true, Back::kFace), FaceColour(list.palette()));
-  EXPECT_EQ(ground(false, Back::kWindow), list.palette().color(QPalette::Base));
-  EXPECT_EQ(ground(false, Back::kFlag), kFlagBack);
+  EXPECT_EQ(ground(true, Back::kFace), FaceColour(list.palette()).name());
+  EXPECT_EQ(ground(false, Back::kWindow), list.palette().color(QPalette::Base).name());
+  EXPECT_EQ(ground(false, Back::kFlag), kFlagBack.name());
 }
 
 TEST(ListOfFindings, shows_texts_that_wrap_whole) {
