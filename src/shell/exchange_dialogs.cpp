@@ -179,7 +179,9 @@ void ExportPickedSurveys(Session& s, Form& form) {
 
 void ExportWholeInventory(Session& s, Form& form) {
   Plainly(s, [&] {
-    if (MakeExportFile(s, form).empty()) return;
+    const std::string file = MakeExportFile(s, form);
+    if (file.empty()) return;
+    BringToDisk(file);
     Tell(s, "Completed exporting MERLU inventory.");
     s.exchange.Close();
   });
@@ -318,7 +320,7 @@ bool CreateExportDatabase(Session& s, const std::string& target) {
     reading.Open(s.path);
     reading.Execute("BEGIN");
     reading.Query("SELECT COUNT(*) FROM sqlite_master");
-    CopyDatabase(s.path, target);
+    CopyDatabase(s.path, target, Copy::kForNow);
   } catch (const Fault&) {
     copied = false;
   }

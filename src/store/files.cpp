@@ -50,19 +50,25 @@ std::string WithSeparator(const std::string& folder) {
   return folder.ends_with('/') ? folder : folder + "/";
 }
 
-void CopyDatabase(const std::string& from, const std::string& to) {
+void CopyDatabase(const std::string& from, const std::string& to, Copy how) {
   std::error_code error;
   if (!fs::is_regular_file(from, error)) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + from);
   const std::string part = to + ".part";
   if (fs::copy_file(from, part, fs::copy_options::overwrite_existing, error)) {
     fs::permissions(part, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
-    if (!error) error = SeeOnDisk(part);
+    if (!error && how == Copy::kToDisk) error = SeeOnDisk(part);
     if (!error) fs::rename(part, to, error);
     if (!error) return;
   }
   const std::string why = error.message();
   fs::remove(part, error);
   throw Fault(fault_number::kFileAccess, kSource, "Cannot make the file " + to + ": " + why + ".");
+}
+
+void BringToDisk(const std::string& path) {
+  if (const std::error_code error = SeeOnDisk(path))
+    throw Fault(fault_number::kFileAccess, kSource,
+                "The file " + path + " could not be written: " + error.message() + ".");
 }
 
 std::uint64_t FileSize(const std::string& path) {

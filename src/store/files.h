@@ -17,7 +17,11 @@ std::string WithSeparator(const std::string& folder);
 
 // Copies a file to a path that does not exist yet, under a temporary name first, so that no half file is
 // left behind. kFileNotFound, kFileAccess.
-void CopyDatabase(const std::string& from, const std::string& to);
+// A copy that is worked on further need not be seen on the disk yet.
+enum class Copy { kToDisk, kForNow };
+void CopyDatabase(const std::string& from, const std::string& to, Copy how = Copy::kToDisk);
+// Sees a file on the disk. kFileAccess.
+void BringToDisk(const std::string& path);
 
 // Size in bytes; 0 for a file that is not there.
 std::uint64_t FileSize(const std::string& path);
