@@ -280,8 +280,9 @@ void FormBinding::ShowState(Bound& bound, const Control& now) {
   const bool flagged = now.back == Back::kFlag;
   if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) line->setReadOnly(now.locked);
   if (auto* notes = qobject_cast<QPlainTextEdit*>(bound.widget)) notes->setReadOnly(now.locked);
-  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, now.back);
   SetLook(*bound.widget, "look", LookName(now.back));
+  // behind it, as a new look resets the colours of a list's text
+  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, now.back);
   bound.widget->setToolTip(flagged ? Q(now.tip) : QString());
   bound.widget->setAccessibleDescription(bound.widget->toolTip());
   bound.mark->setText(flagged ? "!" : "");
