@@ -100,7 +100,7 @@ TEST_F(Files, can_be_made_in_a_folder_of_one_s_own_and_not_in_one_that_is_not_th
 }
 
 TEST_F(Files, cannot_be_made_in_a_folder_of_the_system_whoever_asks) {
-  if (!fs::exists("/proc/self")) GTEST_SKIP() << "no such folder on this machine";
+  ASSERT_TRUE(fs::exists("/proc/self"));
   EXPECT_FALSE(CanWriteFolder("/proc"));
 }
 
