@@ -100,11 +100,12 @@ double ImportPlain(const Workshop& shop) {
   return Seconds([&] {
     file.Run(("ATTACH '" + shop.full + "' AS source").c_str());
     file.Run("BEGIN");
-    for (const auto& [key, table] : {std::pair{"PD_ID_AK", "PD_PLATFORM_DESC"}, std::pair{"SA_ID_AK", "PA_PLATFORM_ACTV"},
-                                     std::pair{"ED_ID_AK", "ED_EQUIP_DESC"}, std::pair{"EA_ID_AK", "EA_EQUIP_ACTV"}})
-      file.Run((std::string("CREATE TEMP TABLE ") + key + "_map AS SELECT " + key + " AS old," + key +
-                "+(SELECT MAX(" + key + ") FROM main." + table + ") AS new FROM source." + table + ";CREATE INDEX temp." +
-                key + "_ix ON " + key + "_map (old,new)")
+    for (const auto& [key, table] :
+         {std::pair{"PD_ID_AK", "PD_PLATFORM_DESC"}, std::pair{"SA_ID_AK", "PA_PLATFORM_ACTV"},
+          std::pair{"ED_ID_AK", "ED_EQUIP_DESC"}, std::pair{"EA_ID_AK", "EA_EQUIP_ACTV"}})
+      file.Run((std::string("CREATE TEMP TABLE ") + key + "_map AS SELECT " + key + " AS old," + key + "+(SELECT MAX(" +
+                key + ") FROM main." + table + ") AS new FROM source." + table + ";CREATE INDEX temp." + key +
+                "_ix ON " + key + "_map (old,new)")
                    .c_str());
     for (const std::string& copy : copies) file.Run(copy.c_str());
     file.Run("COMMIT");

@@ -22,7 +22,9 @@ bool Succeeds(const std::function<void()>& step) {
 }  // namespace
 
 const FileSteps& RealFileSteps() {
-  static constexpr FileSteps steps = {CompactInto, RemoveFile, MoveFile};
+  static constexpr FileSteps steps = {CompactInto, RemoveFile,
+                                      [](const std::string& from, const std::string& to) { CopyDatabase(from, to); },
+                                      MoveFile};
   return steps;
 }
 
@@ -41,7 +43,8 @@ bool CompactDatabaseFile(Session& s, const std::string& source, const std::strin
     Succeeds([&] { steps.remove(temporary); });
     return false;
   }
-  if (!Succeeds([&] { steps.compact(temporary, source); })) {
+  // what has just been compacted is as small as it gets
+  if (!Succeeds([&] { steps.copy(temporary, source); })) {
     Tell(s, "Could not compact exported database. Restoring original file.");
     Succeeds([&] { steps.remove(source); });
     Succeeds([&] { steps.rename(temporary, source); });

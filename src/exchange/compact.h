@@ -11,6 +11,7 @@ namespace merlu {
 struct FileSteps {
   void (*compact)(const std::string& from, const std::string& to);
   void (*remove)(const std::string& path);
+  void (*copy)(const std::string& from, const std::string& to);
   void (*rename)(const std::string& from, const std::string& to);
 };
 const FileSteps& RealFileSteps();

@@ -15,15 +15,22 @@ void PrepareForCutting(Database& copy) {
   copy.Query("PRAGMA journal_mode=MEMORY");
   copy.Execute("PRAGMA synchronous=OFF");
   copy.Execute("PRAGMA foreign_keys=OFF");
+  copy.Query("PRAGMA temp_store=MEMORY");
+}
+
+// Of a year, a month's rows are few: they are set aside and put back, which is less work than deleting the others.
+void KeepRows(Database& copy, const std::string& table, const std::string& condition, const Values& values = {}) {
+  AllOrNothing whole(copy);
+  copy.Execute("CREATE TEMP TABLE kept_rows AS SELECT * FROM main." + table + " WHERE " + condition + " ORDER BY rowid",
+               values);
+  copy.Execute("DELETE FROM main." + table);
+  copy.Execute("INSERT INTO main." + table + " SELECT * FROM temp.kept_rows ORDER BY rowid");
+  copy.Execute("DROP TABLE temp.kept_rows");
+  whole.Keep();
 }
 
 void DeleteOrphans(Database& copy, const std::string& table, const std::string& key, const std::string& parent) {
   copy.Execute("DELETE FROM " + table + " WHERE " + key + " NOT IN (SELECT " + key + " FROM " + parent + ")");
-}
-
-void DeleteTypesMonths(Database& copy) {
-  for (const EquipmentType& type : EquipmentTypes())
-    if (type.has_activity) DeleteOrphans(copy, "EA_" + std::string(type.code), "EA_ID_AK", "EA_EQUIP_ACTV");
 }
 
 }  // namespace
@@ -45,9 +52,12 @@ bool DeleteOtherMonths(Database& copy, int month, int year) {
     const Values values = {std::int64_t{month}, std::int64_t{year}};
     PrepareForCutting(copy);
     WriteBatch batch(copy);
-    copy.Execute("DELETE FROM EA_EQUIP_ACTV WHERE NOT (EA_MO=? AND EA_YR=?)", values);
-    copy.Execute("DELETE FROM PA_PLATFORM_ACTV WHERE NOT (PA_MO=? AND PA_YR=?)", values);
-    DeleteTypesMonths(copy);
+    // a month that is Null differs from nothing for certain, and stays
+    KeepRows(copy, "EA_EQUIP_ACTV", "(EA_MO=? AND EA_YR=?) IS NOT FALSE", values);
+    KeepRows(copy, "PA_PLATFORM_ACTV", "(PA_MO=? AND PA_YR=?) IS NOT FALSE", values);
+    for (const EquipmentType& type : EquipmentTypes())
+      if (type.has_activity)
+        KeepRows(copy, "EA_" + std::string(type.code), "EA_ID_AK IN (SELECT EA_ID_AK FROM main.EA_EQUIP_ACTV)");
     batch.Commit();
     return true;
   } catch (const Fault&) {
@@ -56,10 +66,10 @@ bool DeleteOtherMonths(Database& copy, int month, int year) {
 }
 
 void KeepStructures(Database& copy, const std::vector<StructureName>& kept) {
+  PrepareForCutting(copy);
   copy.Execute("CREATE TEMP TABLE kept (complex TEXT COLLATE NOCASE, structure TEXT COLLATE NOCASE)");
   for (const StructureName& name : kept)
     copy.Execute("INSERT INTO temp.kept VALUES (?,?)", {name.complex, name.structure});
-  PrepareForCutting(copy);
   WriteBatch batch(copy);
   // a structure whose identifier has a Null part differs from nothing for certain, and stays
   copy.Execute(
@@ -70,7 +80,8 @@ void KeepStructures(Database& copy, const std::vector<StructureName>& kept) {
   for (const EquipmentType& type : EquipmentTypes())
     DeleteOrphans(copy, "ED_" + std::string(type.code), "ED_ID_AK", "ED_EQUIP_DESC");
   DeleteOrphans(copy, "EA_EQUIP_ACTV", "ED_ID_AK", "ED_EQUIP_DESC");
-  DeleteTypesMonths(copy);
+  for (const EquipmentType& type : EquipmentTypes())
+    if (type.has_activity) DeleteOrphans(copy, "EA_" + std::string(type.code), "EA_ID_AK", "EA_EQUIP_ACTV");
   batch.Commit();
 }
 

@@ -14,17 +14,14 @@ enum class Kind { kText, kMasked, kList, kCheck, kOption, kLabel, kButton, kMenu
 // Background of a field: editable, read-only, or flagged by a failed check.
 enum class Back { kWindow, kFace, kFlag };
 
-struct Control {
-  std::string name;
-  Kind kind = Kind::kText;
+// What changes while a form is loaded: put back as a whole when it is loaded anew.
+struct ControlState {
   std::string caption;  // beside a field, on a button, of a frame, over a list
-  std::string tag;      // the field's short human name; the FieldID of its findings
   std::string text;     // of a field; what a label or a masked box shows
 
   // Lists and tabs
   std::vector<std::string> items;      // of a list; the page captions of a tab
   int index = -1;                      // chosen item, -1 for none; of a tab the page that shows
-  bool free_text = false;              // the list takes texts that are no item
   std::vector<bool> page_available{};  // of a tab
 
   bool checked = false;  // check boxes and option buttons
@@ -32,32 +29,42 @@ struct Control {
   bool locked = false;  // shown and copied, not changed
   bool visible = true;
   Back back = Back::kWindow;
+  bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
+  std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
 
   // List views
-  std::vector<std::string> columns;
   std::vector<std::vector<std::string>> rows;
   std::vector<int> picked;  // selected rows, counted from 0
-  bool many = false;        // several rows can be picked at once
-
-  // Entry
-  int limit = 0;     // most characters that can be typed, 0 for no limit
-  std::string mask;  // of a masked box: '#' is a place for a digit
-
-  // Where it stands
-  std::string parent;     // frame, tab or menu that holds it; empty on the form itself
-  int page = 0;           // page of the tab that holds it
-  std::string block;      // heading of the group that it stands in
-  bool numeric = false;   // holds a number: digits are set to the right
-  bool lines = false;     // holds several lines of text
-  std::string label;      // name of the label control that is this field's caption, when it has a name
-  bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
-  std::string beside;     // of a dialog's button: name of the field that it stands behind
-  std::string note;       // name of a label control that stands behind the field
-  std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
 
   // Of a rich text box: the text with its looks, and where it is to be read from
   std::shared_ptr<const Document> document{};
   std::string bookmark;
+};
+
+// What it is and where it stands stays as it was built.
+struct Control : ControlState {
+  std::string name;
+  Kind kind = Kind::kText;
+  std::string tag;         // the field's short human name; the FieldID of its findings
+  bool free_text = false;  // the list takes texts that are no item
+
+  // List views
+  std::vector<std::string> columns;
+  bool many = false;  // several rows can be picked at once
+
+  // Entry
+  int limit = 0;         // most characters that can be typed, 0 for no limit
+  std::string mask;      // of a masked box: '#' is a place for a digit
+  bool numeric = false;  // holds a number: digits are set to the right
+  bool lines = false;    // holds several lines of text
+
+  // Where it stands
+  std::string parent;  // frame, tab or menu that holds it; empty on the form itself
+  int page = 0;        // page of the tab that holds it
+  std::string block;   // heading of the group that it stands in
+  std::string label;   // name of the label control that is this field's caption, when it has a name
+  std::string beside;  // of a dialog's button: name of the field that it stands behind
+  std::string note;    // name of a label control that stands behind the field
 };
 
 }  // namespace merlu

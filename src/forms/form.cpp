@@ -52,7 +52,7 @@ void Form::Raise(std::string_view control, Event event) {
 }
 
 void Form::RestoreDesign() {
-  controls_ = design_;
+  for (std::size_t i = 0; i < design_.size(); ++i) static_cast<ControlState&>(controls_[i]) = design_[i];
   focus.clear();
 }
 

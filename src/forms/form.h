@@ -45,13 +45,13 @@ class Form {
   bool Handles(std::string_view control, Event event) const;
 
   // Design state: taken when the form is complete, put back when it is loaded anew.
-  void KeepDesign() { design_ = controls_; }
+  void KeepDesign() { design_.assign(controls_.begin(), controls_.end()); }
   void RestoreDesign();
 
  private:
   std::string name_;
   std::vector<Control> controls_;
-  std::vector<Control> design_;
+  std::vector<ControlState> design_;
   using Places = std::unordered_map<std::string, std::size_t, TextHash, std::equal_to<>>;
   Places by_name_, by_lower_name_;
   std::map<std::pair<std::string, Event>, std::function<void()>> handlers_;

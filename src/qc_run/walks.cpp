@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
+#include <functional>
+#include <map>
+#include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "base/dates.h"
@@ -31,8 +35,10 @@ struct StructureRow {
 struct EquipmentRow {
   std::string id, status;
   std::int64_t ED_ID_AK, EA_ID_AK, PD_ID_AK;
-  bool checked;  // has a date of last QC
+  bool has_month, checked;  // a row of the month; in it, a date of last QC
 };
+
+using EquipmentByType = std::map<std::string, std::vector<EquipmentRow>, std::less<>>;
 
 std::vector<StructureRow> ActiveStructures(Session& s, const QCLocation& l) {
   std::vector<StructureRow> rows;
@@ -45,42 +51,29 @@ std::vector<StructureRow> ActiveStructures(Session& s, const QCLocation& l) {
   return rows;
 }
 
-std::vector<EquipmentRow> EquipmentOf(Session& s, const QCLocation& l, const std::string& type, bool months) {
-  std::string sql = "SELECT d.ED_MERLU_EQUIP_ID,d.ED_ID_AK,d.PD_ID_AK";
-  sql += months ? ",a.EA_ID_AK,a.EA_STATUS,a.EA_QC_DT FROM EA_" + type +
-                      " t JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-                      "JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK "
-                : ",0,NULL,NULL FROM ED_EQUIP_DESC d ";
-  sql += "JOIN ED_" + type +
-         " e ON e.ED_ID_AK=d.ED_ID_AK JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
-         "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?";
-  Values values = {Trim(l.UserID), l.CmplxID, l.StructID};
-  // the type leads the index of a structure's equipment
-  sql += " AND d.ED_EQUIP_TYP='" + type + "'";
+// All equipment of the structure in one read: by type, and in the order of the keys of what the mode checks.
+EquipmentByType EquipmentOn(Session& s, const QCLocation& l) {
+  const bool months = s.InActv();
+  std::string sql = "SELECT d.ED_EQUIP_TYP,d.ED_MERLU_EQUIP_ID,d.ED_ID_AK,d.PD_ID_AK";
+  sql += months ? ",a.EA_ID_AK,a.EA_STATUS,a.EA_QC_DT" : ",NULL,NULL,NULL";
+  sql += " FROM PD_PLATFORM_DESC p JOIN ED_EQUIP_DESC d ON d.PD_ID_AK=p.PD_ID_AK";
+  Values values;
   if (months) {
-    sql += " AND a.EA_MO=? AND a.EA_YR=?";
-    values.insert(values.end(), {std::int64_t{l.Month}, std::int64_t{l.Year}});
+    sql += " LEFT JOIN EA_EQUIP_ACTV a ON a.ED_ID_AK=d.ED_ID_AK AND a.EA_MO=? AND a.EA_YR=?";
+    values = {std::int64_t{l.Month}, std::int64_t{l.Year}};
   }
-  std::vector<EquipmentRow> rows;
+  sql += " WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?";
+  values.insert(values.end(), {Trim(l.UserID), l.CmplxID, l.StructID});
+  EquipmentByType equipment;
   s.db.ForEach(sql, values, [&](const RowView& row) {
-    rows.push_back({std::string(row.Text(0)), std::string(row.Text(4)), row.Integer(1), row.Integer(3), row.Integer(2),
-                    !row.IsNull(5)});
+    equipment[std::string(row.Text(0))].push_back({std::string(row.Text(1)), std::string(row.Text(5)), row.Integer(2),
+                                                   row.Integer(4), row.Integer(3), !row.IsNull(4), !row.IsNull(6)});
   });
-  // so few rows are put in order sooner here than by the store
-  std::sort(rows.begin(), rows.end(), [months](const EquipmentRow& a, const EquipmentRow& b) {
-    return months ? a.EA_ID_AK < b.EA_ID_AK : a.ED_ID_AK < b.ED_ID_AK;
-  });
-  return rows;
-}
-
-// The types that the structure has at all: the others need no walk.
-std::set<std::string> TypesOn(Session& s, const QCLocation& l) {
-  std::set<std::string> types;
-  s.db.ForEach(
-      "SELECT DISTINCT d.ED_EQUIP_TYP FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
-      "WHERE p.RIMA_CO_NUM=? AND p.CMPLX_ID_NUM=? AND p.STRUCT_NUM=?",
-      {Trim(l.UserID), l.CmplxID, l.StructID}, [&](const RowView& row) { types.emplace(row.Text(0)); });
-  return types;
+  for (auto& [type, rows] : equipment)
+    std::sort(rows.begin(), rows.end(), [](const EquipmentRow& a, const EquipmentRow& b) {
+      return std::tie(a.EA_ID_AK, a.ED_ID_AK) < std::tie(b.EA_ID_AK, b.ED_ID_AK);
+    });
+  return equipment;
 }
 
 // Brings the cursors to the equipment; false when it does not run.
@@ -102,6 +95,30 @@ void StampStructure(Session& s) {
   row.Edit();
   row.SetField(s.InActv() ? "PA_QC_DT" : "PD_QC_DT", StoredDate(s.platform.Now()));
   row.Update();
+}
+
+// The equipment runner for those rows, which are of one type.
+void Walk(Session& s, QCLocation& location, std::string_view type, const std::vector<EquipmentRow>& rows) {
+  Cursor& month = s.At("PA_PLATFORM_ACTV");
+  if (s.InActv() && month.HasRow() && NullToEmpty(month.Field("status")) == "I") return;
+  const std::int64_t ea = s.EA_ID_AK, ed = s.ED_ID_AK, sa = s.SA_ID_AK, pd = s.PD_ID_AK;
+  location.Level = level::kEquipment;
+  const SheetSpec* sheet = FindSheet(type);
+  const bool months = s.InActv() && sheet->has_activity;
+  bool first = true;
+  for (const EquipmentRow& row : rows) {
+    // what lacks a row of its type, or of the month, is not of the walk
+    if (months && !row.has_month) continue;
+    if (!HasTypeRows(s, sheet->ed_table(), row.ED_ID_AK, months ? sheet->ea_table() : "", row.EA_ID_AK)) continue;
+    if (std::exchange(first, false) && months && row.status == "I") break;
+    location.EquipType = type;
+    location.EquipID = row.id;
+    if (Position(s, location, row, months)) RunSheetQC(s, *sheet, location);
+  }
+  s.EA_ID_AK = ea;
+  s.ED_ID_AK = ed;
+  s.SA_ID_AK = sa;
+  s.PD_ID_AK = pd;
 }
 
 }  // namespace
@@ -138,33 +155,18 @@ void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_
   }
   RunRules(s, *s.main, location, StructureRules());
   int done = 0;
-  const std::set<std::string> present = TypesOn(s, location);
+  const EquipmentByType equipment = EquipmentOn(s, location);
   for (std::string_view type : kWalkedTypes) {
     if (!from_above) Progress(s, TreeTypeName(type), done++, static_cast<int>(kWalkedTypes.size()));
-    if (present.contains(std::string(type))) WalkEquipmentQC(s, location, type);
+    if (const auto found = equipment.find(type); found != equipment.end()) Walk(s, location, type, found->second);
   }
   location.Level = level::kStructure;
   StampStructure(s);
 }
 
 void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type) {
-  Cursor& month = s.At("PA_PLATFORM_ACTV");
-  if (s.InActv() && month.HasRow() && NullToEmpty(month.Field("status")) == "I") return;
-  const std::int64_t ea = s.EA_ID_AK, ed = s.ED_ID_AK, sa = s.SA_ID_AK, pd = s.PD_ID_AK;
-  location.Level = level::kEquipment;
-  const SheetSpec* sheet = FindSheet(type);
-  const bool months = s.InActv() && FindType(type)->has_activity;
-  const std::vector<EquipmentRow> rows = EquipmentOf(s, location, std::string(type), months);
-  if (rows.empty() || (months && rows.front().status == "I")) return;
-  for (const EquipmentRow& row : rows) {
-    location.EquipType = type;
-    location.EquipID = row.id;
-    if (Position(s, location, row, months)) RunSheetQC(s, *sheet, location);
-  }
-  s.EA_ID_AK = ea;
-  s.ED_ID_AK = ed;
-  s.SA_ID_AK = sa;
-  s.PD_ID_AK = pd;
+  const EquipmentByType equipment = EquipmentOn(s, location);
+  if (const auto found = equipment.find(type); found != equipment.end()) Walk(s, location, type, found->second);
 }
 
 }  // namespace merlu

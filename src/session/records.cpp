@@ -112,6 +112,12 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
   return true;
 }
 
+bool HasTypeRows(Session& s, std::string_view ed_table, std::int64_t ED_ID_AK, std::string_view ea_table,
+                 std::int64_t EA_ID_AK) {
+  return s.At(ed_table).FindFirst({{"ED_ID_AK", ED_ID_AK}}) &&
+         (ea_table.empty() || s.At(ea_table).FindFirst({{"EA_ID_AK", EA_ID_AK}}));
+}
+
 bool FindStructureRecord(Session& s) {
   if (s.InActv()) {
     if (!Bring(s, "PA_PLATFORM_ACTV", "SA_ID_AK", s.SA_ID_AK)) return false;

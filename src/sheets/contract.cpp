@@ -109,6 +109,19 @@ void SaveDescription(Session& s, Form& form, const SheetSpec& sheet) {
   row.Update();
 }
 
+// Fills the form from the current record; false, with the sheet's message, when there is none.
+bool ShowRecord(Session& s, Form& form, const SheetSpec& sheet) {
+  if (!FindRecord(s, sheet, s.current)) {
+    Tell(s, sheet.not_found_on_load);
+    return false;
+  }
+  LoadDescription(s, form, sheet, true);
+  if (s.InActv()) LoadMonth(s, form, sheet);
+  LoadDescription(s, form, sheet, false);
+  if (sheet.after_load) sheet.after_load(s, form);
+  return true;
+}
+
 void StampMonth(Session& s) {
   Cursor& master = s.At("EA_EQUIP_ACTV");
   master.Edit();
@@ -150,11 +163,7 @@ bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) 
 void LoadFrame(Session& s, const SheetSpec& sheet) {
   OnSheet(s, [&] {
     Form& form = SheetForm(s, sheet);
-    if (!FindRecord(s, sheet, s.current)) return Tell(s, sheet.not_found_on_load);
-    LoadDescription(s, form, sheet, true);
-    if (s.InActv()) LoadMonth(s, form, sheet);
-    LoadDescription(s, form, sheet, false);
-    if (sheet.after_load) sheet.after_load(s, form);
+    if (!ShowRecord(s, form, sheet)) return;
     const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
     form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
     if (s.node_status == "I" && s.InActv()) form.At("lblNoEmissions").visible = true;
@@ -222,8 +231,9 @@ void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
   const bool showing = IsShowing(s, sheet);
   Form& form = SheetForm(s, sheet);
   if (!showing) {
+    // the rules read the fields; the page and the results of a sheet that nobody sees are not asked for
     ClearFrame(s, sheet);
-    LoadFrame(s, sheet);
+    OnSheet(s, [&] { ShowRecord(s, form, sheet); });
   }
   if (sheet.has_activity && form.At(sheet.status_box()).checked) {
     sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location)

@@ -10,7 +10,7 @@ constexpr const char* kSource = "MERLU store";
 
 }  // namespace
 
-Cursor::Cursor(Database& db, std::string table) : db_(db), table_(std::move(table)) {
+Cursor::Cursor(Database& db, std::string table) : db_(db), changes_(db.ChangesOf(table)), table_(std::move(table)) {
   columns_ = db_.Query("SELECT * FROM [" + table_ + "] LIMIT 0").columns;
   for (std::size_t i = 0; i < columns_.size(); ++i) places_.emplace(columns_[i], i);
   select_ = "SELECT rowid,* FROM [" + table_ + "] ";
@@ -40,7 +40,7 @@ bool Cursor::Fetch(std::string_view tail, const Values& values) {
   });
   if (found) {
     position_ = Position::kOnRow;
-    seen_changes_ = db_.ChangeCount();
+    seen_changes_ = changes_.Count();
   }
   return found;
 }
@@ -94,10 +94,10 @@ std::size_t Cursor::ColumnIndex(std::string_view column) const {
 }
 
 void Cursor::Refresh() {
-  if (seen_changes_ == db_.ChangeCount()) return;
+  if (seen_changes_ == changes_.Count()) return;
   // a row that a statement deleted is not found, and the cursor still stands on what it read
   Fetch("WHERE rowid=?", {row_id_});
-  seen_changes_ = db_.ChangeCount();
+  seen_changes_ = changes_.Count();
 }
 
 const Value& Cursor::Field(std::string_view column) {
@@ -143,13 +143,14 @@ void Cursor::Update() {
     values.push_back(std::move(value));
   }
   if (change == Change::kAdd) {
-    db_.Execute(names.empty() ? "INSERT INTO [" + table_ + "] DEFAULT VALUES"
-                              : "INSERT INTO [" + table_ + "] (" + names + ") VALUES (" + marks + ")",
-                values);
+    db_.ExecuteOn(changes_,
+                  names.empty() ? "INSERT INTO [" + table_ + "] DEFAULT VALUES"
+                                : "INSERT INTO [" + table_ + "] (" + names + ") VALUES (" + marks + ")",
+                  values);
     if (position_ == Position::kEmpty) MoveFirst();
   } else if (!names.empty()) {
     values.emplace_back(row_id_);
-    if (db_.Execute("UPDATE [" + table_ + "] SET " + names + " WHERE rowid=?", values) == 0)
+    if (db_.ExecuteOn(changes_, "UPDATE [" + table_ + "] SET " + names + " WHERE rowid=?", values) == 0)
       throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
   }
 }

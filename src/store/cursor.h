@@ -77,6 +77,7 @@ class Cursor {
   void Refresh();
 
   Database& db_;
+  Database::TableChanges& changes_;
   std::string table_;
   std::string select_;
   std::vector<std::string> columns_;

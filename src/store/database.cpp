@@ -351,6 +351,18 @@ std::int64_t Database::ChangeCount() const {
   return db_ == nullptr ? 0 : sqlite3_total_changes64(db_) + taken_back_;
 }
 
+Database::TableChanges& Database::ChangesOf(const std::string& table) {
+  return tables_.try_emplace(Lower(table), *this).first->second;
+}
+
+int Database::ExecuteOn(TableChanges& table, std::string_view sql, const Values& values) {
+  const std::int64_t before = ChangeCount();
+  const int changed = Execute(sql, values);
+  // one row and nothing besides: no key was changed that rows of other tables follow
+  if (ChangeCount() == before + 1) ++table.own_, ++single_rows_;
+  return changed;
+}
+
 WriteBatch::WriteBatch(Database& db) : db_(db) {
   if (db_.batches_ == 0) db_.Execute("BEGIN IMMEDIATE");
   ++db_.batches_;

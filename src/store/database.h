@@ -78,6 +78,23 @@ class Database {
   // Grows with every row that a statement of this connection changes, and when changes are taken back.
   std::int64_t ChangeCount() const;
 
+  // What a reader of one table compares to learn whether its rows can have changed: as ChangeCount, without the
+  // single rows of other tables that ExecuteOn has changed.
+  class TableChanges {
+   public:
+    explicit TableChanges(const Database& db) : db_(db) {}
+    std::int64_t Count() const { return db_.ChangeCount() - db_.single_rows_ + own_; }
+
+   private:
+    friend class Database;
+    const Database& db_;
+    std::int64_t own_ = 0;
+  };
+  // Of the table of that name; lives as long as this.
+  TableChanges& ChangesOf(const std::string& table);
+  // As Execute, for a statement that inserts into the table, or updates it.
+  int ExecuteOn(TableChanges& table, std::string_view sql, const Values& values);
+
   // Another file beside this one under a schema name, for reading only, as long as this lives.
   class Attached {
    public:
@@ -111,6 +128,8 @@ class Database {
   Cache cache_;
   int batches_ = 0;
   std::int64_t taken_back_ = 0;
+  std::int64_t single_rows_ = 0;  // changed by ExecuteOn, all tables together
+  std::unordered_map<std::string, TableChanges> tables_;
 };
 
 // Many writes, one commit. The outermost batch begins and commits; it commits when it goes out of scope
