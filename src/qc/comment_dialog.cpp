@@ -54,6 +54,7 @@ bool IsQCRowSelected(const Control& list) {
 void EditQCComment(Session& s, Form& form, const std::string& name) {
   Control& list = form.At(name);
   if (!IsQCRowSelected(list)) return Tell(s, "Please select an error record to edit.");
+  s.db.NoticeOthers();
   std::vector<std::string>& row = list.rows[static_cast<std::size_t>(list.picked.front())];
   Form* found = s.desk.Find("frmQCComment");
   Form& dialog = found != nullptr ? *found : MakeDialog(s);

@@ -75,7 +75,7 @@ void SetEditButton(Form& main, bool on) {
 
 void SetCommands(Session& s) {
   Form& main = *s.main;
-  SetEditButton(main, !s.current.Is(level::kUnknown));
+  SetEditButton(main, true);
   for (const LevelCommands& row : kCommands) {
     if (!s.current.Is(row.level) || s.mode != row.mode) continue;
     main.At("cmdQC").visible = row.qc;
@@ -134,6 +134,7 @@ void ClearSheet(Session& s) {
 }
 
 void LoadSheet(Session& s) {
+  s.db.NoticeOthers();
   if (const LevelSheet* at = LevelAt(s.current)) at->load(s);
   if (const SheetSpec* sheet = SheetAt(s.current)) LoadFrame(s, *sheet);
 }
@@ -149,6 +150,7 @@ void UnlockSheet(Session& s) {
 }
 
 void SaveSheet(Session& s, bool after_qc) {
+  s.db.NoticeOthers();
   if (s.current.Is(level::kUser)) SaveOperator(s);
   if (s.current.Is(level::kStructure)) {
     // the tree record tells the truth before the structure is saved

@@ -104,6 +104,9 @@ bool AddEquipNode(Session& s, std::string_view type) {
         if (row.IsNull(11)) return TellMissing(s, "Platform Desc", row.Integer(5));
         std::string key = StructureMonthKey(row.Text(6), static_cast<int>(row.Integer(2)),
                                             static_cast<int>(row.Integer(3)), row.Text(7), row.Text(8));
+        s.EA_ID_AK = row.Integer(9);
+        s.ED_ID_AK = row.Integer(10);
+        s.PD_ID_AK = row.Integer(11);
         const int parent = s.tree.Require(key);
         key += EquipmentSuffix(type, row.Text(4));
         s.equipment_month_list.Add(key, row.Integer(0));
@@ -127,6 +130,8 @@ void AddDescEquipNode(Session& s, std::string_view type) {
         if (row.IsNull(6)) return TellMissing(s, "Equip Desc", row.Integer(0));
         if (row.IsNull(7)) return TellMissing(s, "Platform Desc", row.Integer(2));
         std::string key = StructureKey(row.Text(3), row.Text(4), row.Text(5));
+        s.ED_ID_AK = row.Integer(6);
+        s.PD_ID_AK = row.Integer(7);
         const int parent = s.tree.Require(key);
         key += EquipmentSuffix(type, row.Text(1));
         s.equipment_list.Add(key, row.Integer(0));

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <set>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/text.h"
@@ -229,10 +230,11 @@ void Database::OpenWith(const std::string& path, int flags) {
     RunNothingOfTheFile(db_);
     if (!writes) Distrust(db_);
     sqlite3_busy_timeout(db_, kBusyMilliseconds);
-    const auto count = [](void* taken_back) { ++*static_cast<std::int64_t*>(taken_back); };
-    sqlite3_rollback_hook(db_, count, &taken_back_);
+    const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
+    sqlite3_rollback_hook(db_, count, &unseen_changes_);
     Execute("PRAGMA foreign_keys=ON");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
+    data_version_ = ToInteger(Single("PRAGMA data_version"));
   } catch (const Fault& fault) {
     Close();
     if (fault.number == fault_number::kInUseTable) throw Fault(fault_number::kInUse, kSource, fault.description);
@@ -348,7 +350,17 @@ bool Database::HasTable(std::string_view name) {
 }
 
 std::int64_t Database::ChangeCount() const {
-  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_) + taken_back_;
+  return db_ == nullptr ? 0 : sqlite3_total_changes64(db_) + unseen_changes_;
+}
+
+void Database::NoticeOthers() {
+  if (db_ == nullptr) return;
+  try {
+    const std::int64_t version = ToInteger(Single("PRAGMA data_version"));
+    if (std::exchange(data_version_, version) != version) ++unseen_changes_;
+  } catch (const Fault&) {
+    // what follows meets the same failure and tells it
+  }
 }
 
 Database::TableChanges& Database::ChangesOf(const std::string& table) {
@@ -403,7 +415,7 @@ AllOrNothing::~AllOrNothing() {
   // the engine has taken everything back by itself when it ended the batch
   if (!open_ || !db_.IsOpen() || sqlite3_get_autocommit(db_.db_)) return;
   sqlite3_exec(db_.db_, "ROLLBACK TO all_or_nothing; RELEASE all_or_nothing", nullptr, nullptr, nullptr);
-  ++db_.taken_back_;
+  ++db_.unseen_changes_;
 }
 
 }  // namespace merlu

@@ -75,8 +75,11 @@ class Database {
 
   bool HasTable(std::string_view name);
 
-  // Grows with every row that a statement of this connection changes, and when changes are taken back.
+  // Grows with every row that a statement of this connection changes, when changes are taken back, and when
+  // NoticeOthers finds something.
   std::int64_t ChangeCount() const;
+  // Looks whether another program has changed the file since the last look. Never fails.
+  void NoticeOthers();
 
   // What a reader of one table compares to learn whether its rows can have changed: as ChangeCount, without the
   // single rows of other tables that ExecuteOn has changed.
@@ -127,7 +130,8 @@ class Database {
   std::string path_;
   Cache cache_;
   int batches_ = 0;
-  std::int64_t taken_back_ = 0;
+  std::int64_t unseen_changes_ = 0;  // what the engine does not count: changes taken back, and those of others
+  std::int64_t data_version_ = 0;
   std::int64_t single_rows_ = 0;  // changed by ExecuteOn, all tables together
   std::unordered_map<std::string, TableChanges> tables_;
 };

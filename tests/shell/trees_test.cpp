@@ -107,6 +107,18 @@ TEST_F(Trees, keep_the_row_keys_of_their_structures_and_equipment_beside_them) {
   EXPECT_EQ(run.s.equipment_month_list.size(), 30u);
 }
 
+TEST_F(Trees, leave_the_keys_of_the_last_row_that_they_were_built_from) {
+  RefreshTree(run.s);
+  const std::string last = "(SELECT MAX(EA_ID_AK) FROM EA_VEN)";
+  EXPECT_EQ(run.s.EA_ID_AK, ToInteger(run.Sql("SELECT " + last)));
+  EXPECT_EQ(run.s.ED_ID_AK, ToInteger(run.Sql("SELECT ED_ID_AK FROM EA_EQUIP_ACTV WHERE EA_ID_AK=" + last)));
+  EXPECT_EQ(run.s.PD_ID_AK, ToInteger(run.Sql("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM='1001'")));
+  run.s.ED_ID_AK = run.s.PD_ID_AK = 0;
+  RefreshDescTree(run.s);
+  EXPECT_EQ(run.s.ED_ID_AK, ToInteger(run.Sql("SELECT MAX(ED_ID_AK) FROM ED_VEN")));
+  EXPECT_EQ(run.s.PD_ID_AK, ToInteger(run.Sql("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM='1001'")));
+}
+
 TEST_F(Trees, open_at_their_root_and_select_it) {
   RefreshTree(run.s);
   EXPECT_TRUE(run.s.tree.nodes[0].expanded);
@@ -333,6 +345,22 @@ TEST(TreeOfOddIds, of_descriptions_is_of_no_level_without_a_word_and_blank) {
   EXPECT_EQ(run.TakeBoxes(), Texts{});
   for (const char* frame : {"fraUserInfo", "fraSurvey", "fraStructure"}) EXPECT_NE(run.s.main->front, frame);
   EXPECT_EQ(run.s.desk.showing, std::vector<Form*>{run.s.main});
+}
+
+TEST(TreeOfOddIds, lets_a_node_of_no_level_be_edited_to_no_effect) {
+  TestRun run;
+  run.StartWithStructure();
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='12345678'");
+  RefreshDescTree(run.s);
+  run.Select("K1234512345678 1");
+  const std::int64_t changes = run.s.db.ChangeCount();
+  for (const char* end : {"cmdSaveEdits", "cmdCANCEL", "cmdSaveExit"}) {
+    if (!run.s.editing) run.Click("cmdEdit");
+    run.Click(end);
+  }
+  EXPECT_FALSE(run.s.editing);
+  EXPECT_EQ(run.s.db.ChangeCount(), changes);
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
 }
 
 // ---- how much a tree holds ----

@@ -243,6 +243,31 @@ TEST_F(Structures, that_a_statement_added_are_seen_after_a_requery) {
   EXPECT_EQ(Id(), 5);
 }
 
+TEST_F(Structures, show_what_another_cursor_or_a_followed_key_has_changed) {
+  Cursor other(db, "pd_platform_desc");
+  other.FindFirst({{"PD_ID_AK", std::int64_t{10}}});
+  other.Edit();
+  other.SetField("Name", std::string("other"));
+  other.Update();
+  EXPECT_EQ(Name(), "other");
+  db.Execute("INSERT INTO ED_EQUIP_DESC (ED_ID_AK,PD_ID_AK) VALUES (1,10)");
+  Cursor equipment(db, "ED_EQUIP_DESC");
+  at->Edit();
+  at->SetField("PD_ID_AK", std::int64_t{11});
+  at->Update();
+  EXPECT_EQ(ToInteger(equipment.Field("PD_ID_AK")), 11);
+}
+
+TEST_F(Structures, show_what_another_program_has_changed_once_it_is_noticed) {
+  Raw(path, {"UPDATE PD_PLATFORM_DESC SET Name='theirs' WHERE PD_ID_AK=10"});
+  const std::int64_t before = db.ChangeCount();
+  db.NoticeOthers();
+  EXPECT_EQ(db.ChangeCount(), before + 1);
+  EXPECT_EQ(Name(), "theirs");
+  db.NoticeOthers();
+  EXPECT_EQ(db.ChangeCount(), before + 1);
+}
+
 TEST_F(Structures, go_on_with_the_next_match_after_a_match_was_deleted) {
   at->FindFirst({{"Area", std::string("EC")}});
   at->Delete();
