@@ -63,6 +63,7 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
     ShowWait(s, "MERLU", "Running QC ...");
     s.platform.Paint();
     s.EquipmentInactive = s.StructureInactive = false;
+    s.db.NoticeOthers();
     if (location.Is(level::kUser)) {
       HideWait(s);
       return 0;
@@ -72,6 +73,7 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
       WriteBatch batch(s.db);
       Run(s, location);
       s.current = saved;
+      LoadList(s, saved);
       count = CountQCErrors(s, saved);
       batch.Commit();
     }
@@ -83,7 +85,6 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
   }
   location = saved;
   TellResult(s, location, count, silent);
-  LoadList(s, saved);
   return static_cast<std::int16_t>(count);
 }
 

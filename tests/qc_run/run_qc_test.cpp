@@ -11,6 +11,7 @@
 namespace merlu::test {
 namespace {
 
+using Found = std::vector<std::pair<std::string, std::string>>;
 using Texts = std::vector<std::string>;
 
 constexpr const char* kClean = "QC completed, no errors found";
@@ -137,6 +138,20 @@ TEST(QcRun, passes_over_an_equipment_without_a_word_when_it_is_silent) {
   RunQC(flare.run.s, flare.run.s.current, true);
   EXPECT_TRUE(flare.run.TakeBoxes().empty());
   EXPECT_EQ(flare.run.Count("QC"), 0);
+}
+
+TEST(QcRun, lists_what_there_was_before_an_equipment_without_emissions_lost_its_findings) {
+  TestRun run;
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Click("cmdQC");
+  run.s.db.Execute("UPDATE QC SET Comments='why' WHERE rowid=(SELECT MIN(rowid) FROM QC)");
+  run.Click("cmdEdit");
+  run.Check("chkFLA_Status", true);
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Count("QC"), 0);
+  ASSERT_EQ(run.At("lvwFLA_QCResults").rows.size(), 1u);
+  EXPECT_EQ(run.At("lvwFLA_QCResults").rows.front().back(), "why");
 }
 
 TEST(QcRun, forgets_an_equipment_that_it_passed_over_before) {
@@ -341,6 +356,23 @@ TEST(QcRun, can_be_asked_for_while_editing) {
   EXPECT_TRUE(flare.run.s.editing);
   EXPECT_EQ(flare.run.At(kHours).back, Back::kFlag);
   EXPECT_FALSE(flare.run.At(kHours).locked);
+}
+
+TEST(QcRun, sees_what_another_program_has_written_meanwhile) {
+  TestRun run;
+  run.StartWith("NGE", "N1");
+  run.GoTo("NGE", "N1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Put({{"txtNGE_HrsOperated", "10"}, {"txtNGE_TotalFuelUsed", "500"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"QC completed, no errors found"});
+  Raw(run.s.path, {"UPDATE PA_PLATFORM_ACTV SET TOT_FUEL_USE_NG=100",
+                   "INSERT INTO QC (UserID,[Month],[Year],[Level],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],"
+                   "Comments,EditMode) VALUES "
+                   "('12345',1,2017,'EQUIPMENT','1001','1','NGE','N1','Hours Operated','Required field left blank','',"
+                   "'ACTV')"});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Findings(), (Found{{"Total Fuel Used", "Value exceeds N.G. usage for structure"}}));
 }
 
 TEST(QcRun, by_the_menu_is_the_same_as_by_the_button) {

@@ -315,7 +315,7 @@ TEST(OperatorRules, stop_the_end_of_an_edit_at_the_first_thing_that_is_missing) 
       {{{"txtUSER_Phone", ""}, {"txtUSER_Fax", ""}, {"txtUSER_Email", ""}},
        "Please enter your Phone, Fax, or Email",
        "txtUSER_Phone"},
-      {{{"txtUSER_Email", " "}}, "Please enter Email address", "txtUSER_Email"},
+      {{{"txtUSER_Email", ""}, {"txtUSER_Phone", "555123456"}}, "Please enter Email address", "txtUSER_Email"},
       {{{"txtUSER_Company", " "}}, "Please enter your Company Name", "txtUSER_Company"},
       {{{"txtUSER_Address1", ""}, {"txtUSER_Address2", ""}}, "Please enter your Address", "txtUSER_Address1"},
       {{{"txtUSER_City", ""}}, "Please enter your City", "txtUSER_City"},
@@ -323,7 +323,7 @@ TEST(OperatorRules, stop_the_end_of_an_edit_at_the_first_thing_that_is_missing) 
       {{{"txtUSER_State", ""}}, "Please enter your State", "txtUSER_State"}};
   for (std::size_t first = 0; first < cases.size(); ++first) {
     Operator op;
-    for (std::size_t i = first; i < cases.size(); ++i) op.run.Put(cases[i].blank);
+    for (std::size_t i = cases.size(); i-- > first;) op.run.Put(cases[i].blank);
     op.run.Click("cmdSaveExit");
     ASSERT_EQ(op.run.boxes.size(), 1u) << cases[first].message;
     EXPECT_EQ(op.run.boxes.front().text, cases[first].message);
@@ -332,6 +332,21 @@ TEST(OperatorRules, stop_the_end_of_an_edit_at_the_first_thing_that_is_missing) 
     EXPECT_TRUE(op.run.s.editing);
     EXPECT_EQ(NullToEmpty(op.run.Sql("SELECT State FROM CO_COMPANY")), "TX");
   }
+}
+
+TEST(OperatorRules, take_blanks_for_a_way_to_reach_somebody_and_for_an_address_but_not_for_an_email) {
+  Operator op;
+  op.run.Put({{"txtUSER_Phone", ""},
+              {"txtUSER_Fax", ""},
+              {"txtUSER_Email", " "},
+              {"txtUSER_Address1", " "},
+              {"txtUSER_Address2", ""}});
+  op.run.Click("cmdSaveExit");
+  EXPECT_EQ(op.run.TakeBoxes(), std::vector<std::string>{"Please enter Email address"});
+  op.run.Put({{"txtUSER_Email", "a@b.example"}});
+  op.run.Click("cmdSaveExit");
+  EXPECT_EQ(op.run.TakeBoxes(), std::vector<std::string>{});
+  EXPECT_EQ(NullToEmpty(op.run.Sql("SELECT ADDR1 FROM CO_COMPANY")), " ");
 }
 
 TEST(OperatorRules, are_content_with_one_line_of_address_and_a_phone_of_nine_digits) {
