@@ -108,7 +108,7 @@ class Composer {
     if (field.stored == Stored::kComputed) facts.emplace_back("Computed by the QC run, not typed");
     std::vector<std::string> conditions;
     for (const Enabling& enabling : page_.enablings) {
-      if (enabling.only_off ||
+      if (enabling.only_off || enabling.only_on ||
           std::find(enabling.fields.begin(), enabling.fields.end(), field.control) == enabling.fields.end())
         continue;
       const std::string words = ConditionText(page_.fields, enabling.when.words, kQuotes);

@@ -52,7 +52,10 @@ Condition WithModelAndFlashTank() { return {ModelInputs().words + " (and " + kFl
 // A plain finding beside the range's mark; nothing without the structure's month.
 void CheckThroughputOfStructure(RuleRun& r) {
   if (!IsFilled(r.field) || !FindStructureRecord(r.s)) return;
-  Judge(r.s, r.location, r.field, ExceedsStructureTotal(r.s, "THRU_NG", r.field.text), "Value exceeds N.G. throughput for structure");
+  // in full precision, unlike the other sheets' totals
+  const double total = ToNumber(r.s.At("PA_PLATFORM_ACTV").Field("THRU_NG"));
+  const bool over = LeadingNumber(r.field.text) > total && RoundHalfToEven(total) != 0;
+  Judge(r.s, r.location, r.field, over, "Value exceeds N.G. throughput for structure");
 }
 
 // Runs only on hours that passed their own check.
@@ -185,33 +188,36 @@ void AddVentilationAndControl(SheetSpec& sheet) {
   using Empties = Enabling::Empties;
   AddRouting(sheet, {.letters = "AMI", .page = 2, .to_system = true, .destination_caption = "Emission Destination",
                      .temperature_control = "txtAMI_ExhaustOutletT", .temperature_column = "EXH_OUT_TEMP",
-                     .note_label = "lblAMI_VentedToIDNote", .note = "(selected from current structure)"});
+                     .note_label = "lblAMI_VentedToIDNote", .note = "(selected from current structure)", .mode = DESC});
   sheet.keeps_sent_to_for = kSystem;
-  sheet.Add({{.lists = {kDestination}, .when = ReadsNone(kDestination, {kSystem}),
+  sheet.Add({{.mode = DESC, .lists = {kDestination}, .when = ReadsNone(kDestination, {kSystem}),
               .fields = {"cmbAMI_VentedToID", "txtAMI_ExhaustOutletHgt", "txtAMI_ExhaustOutletInnerDiam", "txtAMI_ExhaustOutletExitVel",
                          "txtAMI_ExhaustOutletT", "txtAMI_ExhaustOutletAngle", "txtAMI_FlareFeedRate", "txtAMI_FlareCombustionT",
                          "txtAMI_FlareEfficiency"},
               .empties = Empties::kAlways, .only_off = true}});
   AddControlTechnology(sheet, {.letters = "AMI", .page = 3,
                                .items = {{"None", "NONE"}, {kCondenser, "VR/C"}, {kRecovery, "SR"}, {kBothTechnologies, "SRVC"}},
-                               .with_condenser = {kCondenser, kBothTechnologies}, .empties = Empties::kAlways});
+                               .with_condenser = {kCondenser, kBothTechnologies}, .empties = Empties::kAlways, .mode = DESC});
   sheet.Add(3, "Control technology", {
       Number(DESC, "txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency", "SRU_RECOVERY_EFFIC"),
   });
-  sheet.Add({{.lists = {kTechnology}, .when = Reads(kTechnology, {kRecovery, kBothTechnologies}),
+  sheet.Add({{.mode = DESC, .lists = {kTechnology}, .when = Reads(kTechnology, {kRecovery, kBothTechnologies}),
               .fields = {"txtAMI_SRURecoveryEff"}, .empties = Empties::kAlways}});
+  ApplyTogether(sheet, {kDestination, kTechnology});
 }
 
 std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
       {1, ACTV, kThroughput, RequiredRange(0, 15500)},
-      {2, ACTV, kThroughput, Own("WithinStructureTotal", "Value exceeds N.G. throughput for structure", CheckThroughputOfStructure)},
+      {2, ACTV, kThroughput, When("the field is filled and the structure's month is found",
+                             Own("WithinStructureTotal", "Value exceeds N.G. throughput for structure", CheckThroughputOfStructure))},
       {3, ACTV, kHours, RequiredRange(0, 744)},
-      {4, ACTV, kHours, Own("ZeroHours", "Zero hours for active equipment", CheckZeroHours)},
+      {4, ACTV, kHours, When("the field is filled and in its range, chkAMI_Status is off, and txtAMI_TotalGasThru is filled and over 0",
+                       Own("ZeroHours", "Zero hours for active equipment", CheckZeroHours))},
   };
   int order = 4;
   for (const char* name : kConcentrations) rules.push_back({++order, DESC, TextBox(name), RequiredRange(0, 100)});
-  CheckSpec total = Own("ConcentrationsTotal", "", CheckTotal);
+  CheckSpec total = Own("CheckRequiredRange", "", CheckTotal);
   total.low = kLeastTotal;
   total.high = kMostTotal;
   total.has_low = total.has_high = true;
@@ -281,7 +287,7 @@ SheetSpec Amine() {
   AddVentilationAndControl(sheet);
   sheet.connect = Connect;
   sheet.rules = {{"CheckAMIFields", FieldRules()}, {"CheckAMIModelInputs", ModelInputRules()}, {"CheckAMIVentilation", VentilationRules()}};
-  AddOtherControl(sheet, {.letters = "AMI", .page = 3, .efficiency_tag = " Efficiency", .marks_passes = true});
+  AddOtherControl(sheet, {.letters = "AMI", .page = 3, .efficiency_tag = " Efficiency", .first_order = 46, .marks_passes = true});
   return sheet;
 }
 

@@ -9,6 +9,7 @@ constexpr In ACTV = In::kActv;
 constexpr In DESC = In::kDesc;
 constexpr const char* kThroughput = "txtGLY_TotalGasThru";
 constexpr const char* kFlashTank = "cmbGLY_UseFlashTank";
+constexpr const char* kFlashTankFields[] = {"txtGLY_FlashTankT", "txtGLY_FlashTankP"};
 constexpr const char* kStripping = "cmbGLY_StrippingGas";
 constexpr const char* kDestination = "cmbGLY_GasesVentOrFlare";
 constexpr const char* kTechnology = "cmbGLY_ControlTechnology";
@@ -37,10 +38,19 @@ void AddFields(SheetSpec& sheet) {
   using Does = Enabling::Does;
   sheet.Add({
       {.mode = DESC, .lists = {kFlashTank}, .when = Reads(kFlashTank, {"Yes"}),
-       .fields = {"txtGLY_FlashTankT", "txtGLY_FlashTankP"}, .does = Does::kLock},
+       .fields = {std::begin(kFlashTankFields), std::end(kFlashTankFields)}, .does = Does::kLock},
       {.mode = DESC, .lists = {kStripping}, .when = Reads(kStripping, {"Nitrogen", "Flash Gas", "Dry Gas"}),
        .fields = {"txtGLY_StrippingGasFlowRate"}, .does = Does::kLock},
   });
+}
+
+// A load frees the fields or locks them by itself; in view the lock that follows it overrides that.
+void LockFlashTank(Session&, Form& form) {
+  const bool has_tank = form.At(kFlashTank).text == "Yes";
+  for (const char* name : kFlashTankFields) {
+    form.At(name).locked = !has_tank;
+    form.At(name).back = has_tank ? Back::kWindow : Back::kFace;
+  }
 }
 
 std::vector<Rule> FieldRules() {
@@ -88,6 +98,7 @@ SheetSpec Glycol() {
   sheet.pages = {"General Information", "Ventilation System", "Control Equipment", "QC Results"};
   sheet.focus_actv = kThroughput;
   sheet.focus_desc = "txtGLY_WetGasT";
+  sheet.after_load = LockFlashTank;
   AddFields(sheet);
   AddRouting(sheet, {.letters = "GLY",
                      .flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}});
@@ -95,6 +106,7 @@ SheetSpec Glycol() {
                                .with_condenser = {kCondenser}});
   sheet.rules = {{"CheckGLYFields", FieldRules()}, {"CheckGLYVentilation", VentilationRules()}};
   AddOtherControl(sheet, {.letters = "GLY", .page = 2, .description_tag = "Other Control Equipment Descript.", .marks_passes = true});
+  ApplyTogether(sheet, {kDestination, kTechnology, "cmbGLY_OtherControlDevice"});
   return sheet;
 }
 

@@ -80,12 +80,14 @@ SheetSpec Loading() {
   sheet.focus_desc = "txtLOA_EquipElev";
   AddFields(sheet);
   AddRouting(sheet, {.letters = "LOA", .destination_tag = "Gases Vented/Flared?",
-                     .flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}});
+                     .flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"},
+                     .unlocks_remote = true});
   AddControlTechnology(sheet, {.letters = "LOA", .page = 2, .items = {{kCondenser, "VR/C"}, {"None", "NONE"}},
                                .with_condenser = {kCondenser}});
   sheet.rules = {{"CheckLOAFields", FieldRules()}, {"CheckLOAVentilation", VentilationRules()}};
   AddOtherControl(sheet, {.letters = "LOA", .page = 2, .description_tag = "Other Control Equipment Descript.",
                           .efficiencies = {"VOC"}, .marks_passes = true});
+  ApplyTogether(sheet, {kDestination, kTechnology, "cmbLOA_OtherControlDevice"});
   return sheet;
 }
 

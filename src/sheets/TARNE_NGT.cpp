@@ -15,11 +15,12 @@ constexpr const char* kOverGas = "Value exceeds N.G. usage for structure";
 
 // As NotOver, but a blank limit counts as 0 and a blank field withdraws the finding.
 CheckSpec DieselNotOver(const std::string& other, const std::string& text) {
-  return Own("DieselNotOver " + other, text, [=](RuleRun& r) {
+  const auto check = [=](RuleRun& r) {
     const bool failed = IsFilled(r.field) && WholeNumber(r.field.text) > WholeNumber(r.form.At(other).text);
     Judge(r.s, r.location, r.field, failed, text);
     if (failed) MarkField(r.s, true, r.field);
-  });
+  };
+  return When("the field is filled", Own("DieselNotOver " + other, text, check));
 }
 
 void AddGasFields(SheetSpec& sheet) {

@@ -94,7 +94,8 @@ SheetSpec Pump() {
       {1, DESC, kMake, Required(Marks::kEither)},
       {2, DESC, kModel, Required(Marks::kEither)},
       {3, ACTV, kHours, RequiredRange(0, 744)},
-      {4, ACTV, kRate, Own("GreaterThanZero", "Value should be greater than 0", CheckRate)},
+      {4, ACTV, kRate, When("chkPNE_Status is off and txtPNE_HrsOperated is filled and over 0",
+                      Own("GreaterThanZero", "Value should be greater than 0", CheckRate))},
       {5, ACTV, kRate, Required(Marks::kEither)},
   }}, {"CheckPNEVentilation", {
       {1, BOTH, "cmbPNE_VentedToID", RequiredRemoteID(kDestination, Fallback::kText), Remote(kDestination)},

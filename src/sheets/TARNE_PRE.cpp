@@ -117,7 +117,8 @@ SheetSpec Controllers() {
       {3, DESC, kModel, Required(Marks::kEither)},
       {4, DESC, "cmbPRE_BleedRate", Required(Marks::kEither)},
       {5, DESC, "txtPRE_Quantity", RequiredMarked()},
-      {6, ACTV, kRate, Own("GreaterThanZero", "Required value should be greater than 0", CheckRate)},
+      {6, ACTV, kRate, When("chkPRE_Status is off and " + std::string(kHours) + " is filled and over 0",
+                      Own("GreaterThanZero", "Required value should be greater than 0", CheckRate))},
   }}};
   return sheet;
 }

@@ -91,7 +91,9 @@ void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
       return;
     case Stored::kItemText:
       if (spec.free_text && !IsNull(value)) return SelectText(form, spec.control, NullToEmpty(value));
-      return SelectItem(form, spec.control, ItemFor(spec, value));
+      SelectItem(form, spec.control, ItemFor(spec, value));
+      if (spec.shows_unlisted && form.At(spec.control).index < 0) form.At(spec.control).text = NullToEmpty(value);
+      return;
     case Stored::kCode: return SelectItem(form, spec.control, ItemFor(spec, value));
     case Stored::kYesNo: return ShowYesNo(form, spec, value);
     case Stored::kDestination: return SelectText(form, spec.control, DestinationItem(NullToEmpty(value)));

@@ -72,19 +72,25 @@ CheckSpec RequiredRangeIfFilled(double low, double high) {
 }
 
 CheckSpec EmptyUnlessNumeric() {
-  return {"EmptyUnlessNumeric", [](RuleRun& r) {
-            if (!IsNumericText(r.field.text)) r.field.text.clear();
-          }};
+  return When("the field's text is not numeric", {"EmptyUnlessNumeric", [](RuleRun& r) {
+                                                    if (!IsNumericText(r.field.text)) r.field.text.clear();
+                                                  }});
 }
 
 CheckSpec NotOver(const std::string& other, const std::string& text) {
-  return Own("NotOver " + other, text, [=](RuleRun& r) {
+  const auto check = [=](RuleRun& r) {
     const Control& limit = r.form.At(other);
     if (!IsFilled(r.field) || !IsFilled(limit)) return;
     const bool failed = WholeNumber(r.field.text) > WholeNumber(limit.text);
     Judge(r.s, r.location, r.field, failed, text);
     if (failed) MarkField(r.s, true, r.field);
-  });
+  };
+  return When("the field and " + other + " are filled", Own("NotOver " + other, text, check));
+}
+
+CheckSpec When(const std::string& words, CheckSpec check) {
+  check.when = words;
+  return check;
 }
 
 CheckSpec Own(const std::string& name, const std::string& text, std::function<void(RuleRun&)> run) {
@@ -151,12 +157,13 @@ CheckSpec RangeWithinTotalIfFilled(double low, double high, const std::string& c
 }
 
 CheckSpec WithinStructureTotal(const std::string& text, std::function<std::string(const Form&)> column) {
-  return Own("WithinStructureTotal", text, [=](RuleRun& r) {
+  const auto check = [=](RuleRun& r) {
     if (!FindStructureRecord(r.s)) return;
     const bool failed = ExceedsStructureTotal(r.s, column(r.form), r.field.text);
     Judge(r.s, r.location, r.field, failed, text);
     if (failed) MarkField(r.s, true, r.field);
-  });
+  };
+  return When("the structure's month is found", Own("WithinStructureTotal", text, check));
 }
 
 Condition Reads(const std::string& list, std::vector<std::string> texts) {

@@ -29,6 +29,8 @@ CheckSpec OnlyWithdraws();
 CheckSpec EmptyUnlessNumeric();
 // Fails with `text` when the field is strictly greater than the other one; nothing while either is blank.
 CheckSpec NotOver(const std::string& other, const std::string& text);
+// The check, which tests a condition by itself, told with the condition's words.
+CheckSpec When(const std::string& words, CheckSpec check);
 // A check of the sheet's own.
 CheckSpec Own(const std::string& name, const std::string& text, std::function<void(RuleRun&)> run);
 

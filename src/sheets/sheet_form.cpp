@@ -182,7 +182,7 @@ void ApplyEnablings(Session& s, Form& form, const SheetSpec& sheet, Enabling::At
   for (const Enabling& row : sheet.enablings) {
     if (!Applies(s, row, at, list)) continue;
     const bool on = row.when.holds(form);
-    if (on && row.only_off) continue;
+    if (on ? row.only_off : row.only_on) continue;
     for (const std::string& name : row.fields) Turn(form.At(name), on, row, at);
   }
 }

@@ -53,6 +53,7 @@ struct FieldSpec {
   std::string frame;             // frame on the page that holds it, when it stands in one
   std::string note_label, note;  // a label behind the field, and its text
   bool free_text = false;        // a list that takes texts that are no item
+  bool shows_unlisted = false;   // a stored text that is no item of the list shows, and a save keeps it
   bool loads = true;             // false: a load leaves the field as the clear did
   int known_items = -1;          // items that a load knows, from the first on; -1 for all
   int fallback = -1;             // item that a load selects for any other value, Null included
@@ -85,6 +86,7 @@ struct CheckSpec {
   double low = 0, high = 0;  // both inclusive
   bool has_low = false, has_high = false;
   bool only_if_filled = false;  // a blank field is not looked at
+  std::string when;             // further conditions that the check itself tests, in words
   std::string text;             // of the finding, for a check that is no primitive
 };
 
@@ -120,6 +122,7 @@ struct Enabling {
   Empties empties = Empties::kNever;
   bool keeps_colour = false;  // off leaves the background alone
   bool only_off = false;      // what would be on stays as it is
+  bool only_on = false;       // what would be off stays as it is
   bool in_view_too = false;   // a click acts also while the sheet is not edited
 };
 

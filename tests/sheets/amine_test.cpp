@@ -928,6 +928,31 @@ TEST(Amine, may_not_process_more_than_its_structure) {
   }
 }
 
+TEST(Amine, compares_its_throughput_in_full_precision) {
+  TestRun run;
+  run.StartWith("AMI", "A1");
+  run.GoTo("AMI", "A1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET THRU_NG=100");
+  run.Put({{kHours, "10"}, {kThroughput, "100.000001"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Processed Throughput"), kExceeds);
+}
+
+TEST(Amine, shows_its_description_unchanged_while_a_month_is_edited) {
+  TestRun run;
+  run.StartWith("AMI", "A1");
+  run.s.db.Execute("UPDATE ED_AMI SET EMIS_DEST='RS',EXH_OUT_HGT=4,CTRL_TECH='NONE',CONDENSER_TEMP=50,SRU_RECOVERY_EFFIC=60");
+  run.GoTo("AMI", "A1", Mode::kActv);
+  run.Click("cmdEdit");
+  for (const auto& [field, text] : {std::pair{"txtAMI_ExhaustOutletHgt", "4"}, std::pair{"txtAMI_CondenserT", "50"},
+                                    std::pair{"txtAMI_SRURecoveryEff", "60"}}) {
+    EXPECT_EQ(run.Text(field), text) << field;
+    EXPECT_TRUE(run.At(field).enabled && run.At(field).locked) << field;
+    EXPECT_EQ(run.At(field).back, Back::kFace) << field;
+  }
+}
+
 TEST(Amine, has_one_finding_on_a_throughput_that_is_out_of_range_and_over_the_structure_s) {
   TestRun run;
   run.StartWith("AMI", "A1");

@@ -414,5 +414,20 @@ TEST(Fugitives, keep_the_control_device_out_of_sight) {
   EXPECT_EQ(run.WhyNotSet("txtFUG_OtherControlEffVOC"), "is hidden");
 }
 
+TEST(Fugitives, add_the_seals_of_compressors_up_first) {
+  TestRun run;
+  run.StartWith("FUG", "F1");
+  run.Click("cmdEdit");
+  run.Put({{"cmbFUG_FacilitySize", "Small (<=1000 components)"},
+           {"txtFUG_CentCompWetSeals", "2000"},
+           {"txtFUG_Valves", "1e20"},
+           {"txtFUG_PumpSeals", "-1e20"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Facility Size"), "") << "2000 is lost beside 1E+20, which the pump seals take away again";
+  run.Put({{"txtFUG_Valves", "0"}, {"txtFUG_PumpSeals", "0"}});
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Facility Size"), "Facility Size doesn't match inventory");
+}
+
 }  // namespace
 }  // namespace merlu::test

@@ -524,6 +524,56 @@ TEST_P(Routing, in_a_month_never_stores_another_destination) {
   EXPECT_EQ(Destination().text, "Vented Remotely");
 }
 
+// ---- lists that one procedure serves ----
+
+TEST_P(RoutingThatDisables, repaints_what_control_equipment_and_the_other_device_turn_on) {
+  StartOnSheet();
+  const std::string& type = sheet().type;
+  run.Click("cmdEdit");
+  run.Put({{"cmb" + type + "_ControlTechnology", "Vapor Recovery and/or Condenser (VR/C)"},
+           {"cmb" + type + "_OtherControlDevice", "Yes"}});
+  run.Click("cmdQC");
+  ASSERT_EQ(run.At(sheet().Box("OtherControlDesc")).back, Back::kFlag);
+  const bool condenser_has_rule = type != "STO";
+  EXPECT_EQ(run.At(sheet().Box("CondenserT")).back, condenser_has_rule ? Back::kFlag : Back::kWindow);
+  Go("Vented Locally");
+  EXPECT_EQ(run.At(sheet().Box("CondenserT")).back, Back::kWindow);
+  // the amine unit's other device has a procedure of its own
+  EXPECT_EQ(run.At(sheet().Box("OtherControlDesc")).back, type == "AMI" ? Back::kFlag : Back::kWindow);
+}
+
+TEST_P(RoutingThatDisables, is_repainted_by_a_choice_of_control_equipment) {
+  StartOnSheet();
+  run.Click("cmdEdit");
+  Go("Vented Locally");
+  run.Click("cmdQC");
+  ASSERT_EQ(run.At(sheet().Box("ExhaustOutletHgt")).back, Back::kFlag);
+  run.Set("cmb" + sheet().type + "_ControlTechnology", "None");
+  EXPECT_EQ(run.At(sheet().Box("ExhaustOutletHgt")).back, Back::kWindow);
+}
+
+TEST_P(RoutingThatDisables, repaints_its_own_list_on_the_tank_when_the_destination_is_not_remote) {
+  StartOnSheet();
+  run.Click("cmdEdit");
+  run.Click("cmdQC");
+  if (Destination().back != Back::kFlag) return;  // loading does not require it
+  Go("Vented Remotely");
+  EXPECT_EQ(Destination().back, Back::kFlag);
+  Go("Flared Locally");
+  EXPECT_EQ(Destination().back, sheet().type == "STO" ? Back::kWindow : Back::kFlag);
+}
+
+TEST_P(RoutingThatDisables, frees_the_remote_list_in_a_month_on_loading_alone) {
+  StartOnSheet();
+  run.Keep({{sheet().destination(), "Vented Remotely"}});
+  run.GoTo(sheet().type, "X1", Mode::kActv);
+  EXPECT_TRUE(SentTo().locked);
+  run.Click("cmdEdit");
+  EXPECT_EQ(SentTo().locked, sheet().type != "LOA");
+  run.Click("cmdCANCEL");
+  EXPECT_TRUE(SentTo().locked);
+}
+
 std::vector<Sheet> SheetsThat(TurnsOff how) {
   std::vector<Sheet> found;
   for (const Sheet& sheet : kSheets)

@@ -127,6 +127,20 @@ std::string Words(const Geometry& geometry) {
 
 // ---- what shows, and what is kept ----
 
+TEST(StorageTank, keeps_an_answer_about_the_flash_tank_that_is_no_item_of_its_list) {
+  TestRun run;
+  run.StartWith("STO", "S1");
+  run.s.db.Execute("UPDATE ED_STO SET IS_EQUIPPED_WITH_FLASH_TANK='Unknown'");
+  run.Select(run.Key());
+  run.Select(run.Key("STO", "S1"));
+  EXPECT_EQ(run.Text("cboEquippedWithFlashTank"), "Unknown");
+  EXPECT_EQ(run.At("cboEquippedWithFlashTank").index, -1);
+  run.Keep({});
+  EXPECT_EQ(NullToEmpty(run.Sql("SELECT IS_EQUIPPED_WITH_FLASH_TANK FROM ED_STO")), "Unknown");
+  run.Keep({{"cboEquippedWithFlashTank", "No"}});
+  EXPECT_EQ(NullToEmpty(run.Sql("SELECT IS_EQUIPPED_WITH_FLASH_TANK FROM ED_STO")), "No");
+}
+
 TEST(StorageTank, shows_its_pages_and_titles) {
   TestRun run;
   run.StartWith("STO", "T1");

@@ -20,6 +20,7 @@ struct OtherControl {
   std::vector<std::string> efficiencies = {"SOx", "NOx", "CO", "VOC", "PM10"};
   std::string efficiency_tag = " Control Efficiency";  // behind the pollutant's name
   In mode = In::kBoth;  // in which the device's list turns the other fields on and off
+  int first_order = 1;  // of its rules in the group
   bool marks_passes = false;  // an efficiency that passes is marked too
 };
 // Fields, enabling, and the rule group Check<letters>OtherControl, which comes last in a run.
@@ -84,10 +85,15 @@ struct Routing {
   std::string temperature_column = "EXH_OUT_EXIT_TEMP";
   std::vector<std::string> flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Combustion Efficiency"};
   std::string note_label, note;  // behind the remote vent or flare
-  bool drops_remote = false;  // a destination that is not remote clears the choice of the remote vent or flare
+  // A destination that is not remote clears the choice of the remote vent or flare and is itself enabled.
+  bool drops_remote = false;
+  bool unlocks_remote = false;  // a remote destination also unlocks that list
   In mode = In::kBoth;
 };
 void AddRouting(SheetSpec& sheet, const Routing& block);
+
+// For lists that one procedure serves: a click on any of them applies the rows of all of them.
+void ApplyTogether(SheetSpec& sheet, const std::vector<std::string>& lists);
 
 // Conditions on the list of destinations.
 Condition Remote(const std::string& destination);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "base/text.h"
 #include "qc/checks.h"
 #include "session/messages.h"
@@ -74,6 +76,12 @@ void AddByEnabled(SheetSpec& sheet, const Routing& b, const Names& name) {
       {.mode = b.mode, .lists = lists, .when = VentedLocally(name.destination), .fields = {name.temperature}},
       {.mode = b.mode, .lists = lists, .when = FlaredLocally(name.destination), .fields = name.Flares()},
   });
+  if (b.drops_remote)
+    sheet.Add({{.mode = b.mode, .lists = lists, .when = ReadsNone(name.destination, {kVentedRemotely, kFlaredRemotely}),
+                .fields = {name.destination}, .only_on = true}});
+  if (b.unlocks_remote)
+    sheet.Add({{.mode = b.mode, .lists = lists, .when = Remote(name.destination), .fields = {name.sent_to},
+                .does = Enabling::Does::kEnableAndLock, .only_on = true}});
 }
 
 void AddByLocked(SheetSpec& sheet, const Names& name) {
@@ -110,6 +118,12 @@ void AddRouting(SheetSpec& sheet, const Routing& b) {
     AddByEnabled(sheet, b, name);
   else
     AddByLocked(sheet, name);
+}
+
+void ApplyTogether(SheetSpec& sheet, const std::vector<std::string>& lists) {
+  const auto is_served = [&](const std::string& list) { return std::find(lists.begin(), lists.end(), list) != lists.end(); };
+  for (Enabling& row : sheet.enablings)
+    if (std::all_of(row.lists.begin(), row.lists.end(), is_served)) row.lists = lists;
 }
 
 Condition Remote(const std::string& destination) { return Reads(destination, {kVentedRemotely, kFlaredRemotely}); }
