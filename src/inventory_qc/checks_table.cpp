@@ -41,7 +41,7 @@ const std::vector<InventoryRow>& InventoryChecks() {
       {"AMI", "Emis_C8plus_HC", "Emis_C8plus_HC", "ED_AMI", "Quantity emitted when uncontrolled (%): C8+ hydrocarbons", kRequired, kWithoutModelInputs},
       {"AMI", "Amine_Typ", "AMINE_TYP", "ED_AMI", "Amine type", kRequired, kWithModelInputs},
       {"AMI", "FLASHTANK_FLG", "FLASHTANK_FLG", "ED_AMI", "Equipped with a flash tank (y/n)", kRequired, kWithModelInputs},
-      {"AMI", "Disposition", "Disposition", "ED_AMI", "Disposition of flash gas", kRequired, kWithModelInputs},
+      {"AMI", "Disposition", "Disposition", "ED_AMI", "Disposition of flash gas", kNothing, kWithModelInputs},
       {"AMI", "EMIS_DEST", "EMIS_DEST", "ED_AMI", "Gases vented or flared"},
       {"BOI", "Fuel_Typ", "FUEL_TYP", "ED_BOI", "Fuel type"},
       {"BOI", "MAX_RATED_HI_RATE", "MAX_RATED_HI_RATE", "ED_BOI", "Max rated heat input"},

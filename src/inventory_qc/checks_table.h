@@ -8,6 +8,7 @@ namespace merlu {
 
 enum class InventoryCheck {
   kRequired,   // the column is not Null
+  kNothing,    // the column may be anything
   kDevice,     // a control device and its efficiencies agree
   kSalesGas,   // the composition adds up to exactly 100
   kComponents  // the components are not all 0

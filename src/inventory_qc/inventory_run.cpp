@@ -120,6 +120,7 @@ std::string Judge(const InventoryRow& line, const NamedRow& row) {
   if (!DoesApply(line.applies, row)) return "";
   switch (line.check) {
     case InventoryCheck::kRequired: return IsNull(row[line.column]) ? kBlank : "";
+    case InventoryCheck::kNothing: return "";
     case InventoryCheck::kDevice: return DeviceFinding(row);
     case InventoryCheck::kSalesGas:
       return row.Sum("SalesGas", kGases, "Content") != 100.0F ? "Sum of gas composition fields <> 100%." : "";
@@ -133,6 +134,10 @@ std::vector<const InventoryRow*> LinesOf(std::string_view pass) {
   for (const InventoryRow& line : InventoryChecks())
     if (line.pass == pass) lines.push_back(&line);
   return lines;
+}
+
+Fault NoCurrentRow() {
+  return {fault_number::kNoCurrentRow, "MERLU inventory QC", "No current record."};
 }
 
 // ---- the passes ----
@@ -186,15 +191,14 @@ void StructurePass(Pass& pass) {
   }
 }
 
-// What the description's first row raises: every record of the type is judged by it.
+// What the description's first row raises: every record of the type is judged by it. Empty without a row.
 std::map<const InventoryRow*, std::string> DescriptionFindings(Session& s, const std::string& type,
                                                                const std::vector<const InventoryRow*>& lines) {
   std::map<const InventoryRow*, std::string> findings;
   const std::string table = "ED_" + type;
   const Rows first = s.db.Query("SELECT * FROM " + table + " ORDER BY rowid LIMIT 1");
   for (const InventoryRow* line : lines) {
-    if (line->table != table) continue;
-    if (first.rows.empty()) throw Fault(fault_number::kNoCurrentRow, "MERLU inventory QC", "No current record.");
+    if (line->table != table || first.rows.empty()) continue;
     findings[line] = Judge(*line, NamedRow(first.columns, first.rows.front()));
   }
   return findings;
@@ -263,6 +267,7 @@ void TypePass(Pass& pass, std::string_view code) {
     const Place at = EquipmentPlace(pass.at, code);
     for (const InventoryRow* line : lines) {
       const auto known = of_description.find(line);
+      if (known == of_description.end() && line->table.starts_with("ED_")) throw NoCurrentRow();
       const std::string text = known != of_description.end() ? known->second : Judge(*line, row);
       if (!text.empty()) AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
     }
@@ -273,8 +278,7 @@ void FugitivesPass(Pass& pass) {
   const auto lines = LinesOf("FUG");
   const Rows rows = pass.s.db.Query("SELECT * FROM ED_FUG ORDER BY rowid");
   for (const Values& values : rows.rows) {
-    if (!pass.at.has_activity || !pass.at.has_equipment || !pass.at.has_structure)
-      throw Fault(fault_number::kNoCurrentRow, "MERLU inventory QC", "No current record.");
+    if (!pass.at.has_activity || !pass.at.has_equipment || !pass.at.has_structure) throw NoCurrentRow();
     const NamedRow row(rows.columns, values);
     const Place at = EquipmentPlace(pass.at, "FUG");
     for (const InventoryRow* line : lines)

@@ -321,6 +321,21 @@ TEST_F(AnnualPass, tells_a_fault_of_one_pass_and_goes_on_with_the_next) {
   EXPECT_NE(run.boxes[0].text.find("ED_FLA"), std::string::npos) << run.boxes[0].text;
 }
 
+TEST_F(AnnualPass, comes_as_far_as_the_missing_description_of_a_type) {
+  StartClean();
+  Flare();
+  Equip("AMI", "A1");
+  Run("DELETE FROM ED_AMI");
+  RunInventoryPasses(run.s);
+  Texts boxes = run.TakeBoxes();
+  EXPECT_EQ(std::count(boxes.begin(), boxes.end(), "3021 No current record."), 1);
+  EXPECT_EQ(Read("FieldID", "EquipType='AMI'"), (Texts{"TOT_GAS_THRUPUT", "OP_HR"})) << "they stand before it";
+  Run("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I' WHERE EA_EQUIP_TYP='AMI'");
+  RunInventoryPasses(run.s);
+  boxes = run.TakeBoxes();
+  EXPECT_EQ(std::count(boxes.begin(), boxes.end(), "3021 No current record."), 0);
+}
+
 TEST_F(AnnualPass, tells_a_record_without_its_master_once_and_stays_where_it_stood) {
   StartClean();
   Flare();
