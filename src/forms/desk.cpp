@@ -162,9 +162,13 @@ std::string DoubleClick(Desk& desk, Form& form, std::string_view name) {
 std::string Pick(Desk& desk, Form& form, std::string_view name, const std::vector<int>& rows) {
   Control& control = form.At(name);
   if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  if (rows.size() > 1 && !control.many) return "takes one row at a time";
   for (int row : rows)
     if (row < 0 || row >= static_cast<int>(control.rows.size())) return "has no row " + std::to_string(row);
-  control.picked = rows;
+  control.picked.clear();
+  for (int row : rows)
+    if (std::find(control.picked.begin(), control.picked.end(), row) == control.picked.end())
+      control.picked.push_back(row);
   return "";
 }
 

@@ -84,7 +84,8 @@ Json RuleJson(const RuleGroup& group, const Rule& rule) {
   if (rule.check.has_high) json["high"] = rule.check.high;
   if (!rule.check.text.empty()) json["text"] = rule.check.text;
   std::string when = rule.when.words;
-  if (rule.check.only_if_filled) when += when.empty() ? "the field is filled" : " and the field is filled";
+  for (const std::string& own : {rule.check.when, std::string(rule.check.only_if_filled ? "the field is filled" : "")})
+    if (!own.empty()) when += (when.empty() ? "" : " and ") + own;
   json["when"] = when;
   return json;
 }

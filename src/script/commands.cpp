@@ -5,6 +5,10 @@
 #include "base/text.h"
 #include "forms/desk.h"
 #include "script/player.h"
+#include "sheets/sheet_form.h"
+#include "sheets/units.h"
+#include "shell/dialogs.h"
+#include "shell/exchange_dialogs.h"
 #include "shell/main_program.h"
 #include "shell/routing.h"
 
@@ -58,6 +62,17 @@ void Player::Dispatch(const Words& words) {
   (this->*command->run)(words);
 }
 
+void Player::MakeScreens() {
+  if (session_.main == nullptr || session_.desk.Dialog() != nullptr) return;
+  MakeDialogs(session_);
+  MakeExchangeDialogs(session_);
+  for (const SheetSpec* sheet : AllSheets()) {
+    if (session_.desk.Find(sheet->form()) != nullptr) continue;
+    SheetForm(session_, *sheet);
+    UnloadSheet(session_, *sheet);
+  }
+}
+
 std::pair<Form*, Control*> Player::Look(const std::string& name) {
   Desk& desk = session_.desk;
   std::vector<Form*> order;
@@ -65,9 +80,19 @@ std::pair<Form*, Control*> Player::Look(const std::string& name) {
   for (auto at = desk.showing.rbegin(); at != desk.showing.rend(); ++at)
     if (IsSheet(session_, **at)) order.push_back(*at);
   if (session_.main != nullptr) order.push_back(session_.main);
-  for (const auto& form : desk.forms) order.push_back(form.get());
-  for (Form* form : order)
-    if (Control* control = form->Find(name)) return {form, control};
+  const auto find = [&]() -> std::pair<Form*, Control*> {
+    for (Form* form : order)
+      if (Control* control = form->Find(name)) return {form, control};
+    return {};
+  };
+  const auto add_others = [&] {
+    for (const auto& form : desk.forms) order.push_back(form.get());
+  };
+  add_others();
+  if (const auto found = find(); found.first != nullptr) return found;
+  MakeScreens();
+  add_others();
+  if (const auto found = find(); found.first != nullptr) return found;
   Fail("unknown control " + name);
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <istream>
 #include <ostream>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/text.h"
@@ -55,6 +56,7 @@ bool Player::Next() {
   if (line.ends_with('\r')) line.pop_back();
   reply_ = Reply();
   reply_.line = line;
+  answered_ = false;
   ++count_;
   return true;
 }
@@ -75,6 +77,7 @@ void Player::Carry() {
 }
 
 void Player::Emit() {
+  if (std::exchange(answered_, true)) return;  // with the dialog that it opened, when the input ends in there
   Json answer = {{"n", count_}, {"cmd", reply_.line}, {"ok", reply_.ok}};
   if (!reply_.ok) answer["error"] = reply_.error;
   if (!reply_.modal.empty()) answer["modal"] = reply_.modal;

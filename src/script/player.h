@@ -64,6 +64,8 @@ class Player : public Platform {
   [[noreturn]] void Fail(const std::string& why);
   std::string NextFile();
 
+  // Brings the screens that were never shown into being, so that their controls are known; they stay unloaded.
+  void MakeScreens();
   // A control by its name, as the script finds it; fails for an unknown one.
   std::pair<Form*, Control*> Look(const std::string& name);
   // Fails with the control's name in front when an act was refused.
@@ -107,6 +109,7 @@ class Player : public Platform {
     Json printed = Json::array();
   };
   Reply reply_;
+  bool answered_ = true;  // the reply is out
   int count_ = 0;
   bool failed_ = false;
   bool at_end_ = false;

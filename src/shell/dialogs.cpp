@@ -34,7 +34,8 @@ Form& NewUserDialog(Session& s) {
   return DialogForm(s, "frmNewUser", "New User", [&s](Form& form) {
     AddLabel(form, "lblHeading", "Please enter your User Information");
     AddLabel(form, "lblNote", "Only the owner/lessees can be listed as the Registered User");
-    AddText(form, "txtUserID", "RIMA Company No*:", kOperatorLimit).tip = "(5 characters or less)";
+    AddText(form, "txtUserID", "RIMA Company No*:", kOperatorLimit).note = "lblUserIDNote";
+    AddLabel(form, "lblUserIDNote", "(5 characters or less)");
     AddText(form, "txtUSER_InvYr", "Inventory Year*:").text = "2017";
     PutOperatorFields(form, "");
     AddLabel(form, "lblLegend", "* = Required Information");
@@ -136,6 +137,31 @@ std::vector<std::string> TypeNames() {
   return names;
 }
 
+Form& NewStructureDialog(Session& s) {
+  return DialogForm(s, "frmNewStructure", "New Structure", [&s](Form& form) {
+    AddText(form, "txtUserID", "RIMA Company No:");
+    AddText(form, "txtComplxID", "RIMA Complex ID (5 chars):", kComplexLimit);
+    AddText(form, "txtStructID", "RIMA Structure ID (2 chars):", kStructureLimit);
+    AddText(form, "txtArea", "Area:");
+    AddText(form, "txtBlock", "Block:");
+    AddText(form, "txtName", "Name:");
+    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
+    form.On("cmdOK", Event::kClick, [&s, &form] { MakeStructure(s, form); });
+  });
+}
+
+Form& NewEquipmentDialog(Session& s) {
+  return DialogForm(s, "frmNewEquipment", "New Equipment", [&s](Form& form) {
+    AddText(form, "txtUserID", "RIMA Company No:");
+    AddText(form, "txtComplxID", "RIMA Complex ID:");
+    AddText(form, "txtStructID", "RIMA Structure ID:");
+    AddText(form, "txtEquipID", "Equipment ID (8 chars max):", kEquipmentLimit);
+    AddList(form, "cmbEquipType", "Equipment Type:", TypeNames());
+    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
+    form.On("cmdOK", Event::kClick, [&s, &form] { MakeEquipment(s, form); });
+  });
+}
+
 Form& AboutForm(Session& s) {
   Form& form = DialogForm(s, "frmAbout", "About MERLU-2017", [&s](Form& about) {
     AddLabel(about, "lblTitle", s.title);
@@ -149,6 +175,10 @@ Form& AboutForm(Session& s) {
 }
 
 }  // namespace
+
+void MakeDialogs(Session& s) {
+  for (Form& (*make)(Session&) : {NewUserDialog, NewStructureDialog, NewEquipmentDialog, AboutForm}) make(s);
+}
 
 bool ShowNewOperator(Session& s, const char* farewell) {
   Form& form = NewUserDialog(s);
@@ -169,31 +199,14 @@ bool ShowNewOperator(Session& s, const char* farewell) {
 }
 
 void OpenNewStructure(Session& s) {
-  Form& form = DialogForm(s, "frmNewStructure", "New Structure", [&s](Form& made) {
-    AddText(made, "txtUserID", "RIMA Company No:");
-    AddText(made, "txtComplxID", "RIMA Complex ID (5 chars):", kComplexLimit);
-    AddText(made, "txtStructID", "RIMA Structure ID (2 chars):", kStructureLimit);
-    AddText(made, "txtArea", "Area:");
-    AddText(made, "txtBlock", "Block:");
-    AddText(made, "txtName", "Name:");
-    AddDialogButtons(made, "cmdOK", "cmdCANCEL");
-    made.On("cmdOK", Event::kClick, [&s, &made] { MakeStructure(s, made); });
-  });
+  Form& form = NewStructureDialog(s);
   Preset(form, "txtUserID", s.current.UserID);
   form.focus = "txtComplxID";
   ShowDialog(s.desk, s.platform, form);
 }
 
 void OpenNewEquipment(Session& s) {
-  Form& form = DialogForm(s, "frmNewEquipment", "New Equipment", [&s](Form& made) {
-    AddText(made, "txtUserID", "RIMA Company No:");
-    AddText(made, "txtComplxID", "RIMA Complex ID:");
-    AddText(made, "txtStructID", "RIMA Structure ID:");
-    AddText(made, "txtEquipID", "Equipment ID (8 chars max):", kEquipmentLimit);
-    AddList(made, "cmbEquipType", "Equipment Type:", TypeNames());
-    AddDialogButtons(made, "cmdOK", "cmdCANCEL");
-    made.On("cmdOK", Event::kClick, [&s, &made] { MakeEquipment(s, made); });
-  });
+  Form& form = NewEquipmentDialog(s);
   Preset(form, "txtUserID", s.current.UserID);
   Preset(form, "txtComplxID", s.current.CmplxID);
   Preset(form, "txtStructID", s.current.StructID);

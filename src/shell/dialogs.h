@@ -11,6 +11,8 @@ void OpenNewEquipment(Session& s);
 void DeleteCurrent(Session& s);
 // Adds the next month and rebuilds the tree.
 void AddNextMonth(Session& s);
+// Makes the dialogs above and that of the first run, with nothing in their fields; none may be showing.
+void MakeDialogs(Session& s);
 // The About box; the splash of the start is the same form, not as a dialog.
 void OpenAbout(Session& s);
 void ShowSplash(Session& s);

@@ -333,6 +333,10 @@ bool CreateExportDatabase(Session& s, const std::string& target) {
   return true;
 }
 
+void MakeExchangeDialogs(Session& s) {
+  for (Form& (*make)(Session&) : {SurveyDialog, InventoryDialog, StructureExportDialog, StructureImportDialog}) make(s);
+}
+
 void ExportSurvey(Session& s) {
   if (HasDatabase(s)) RunExport(s, SurveyDialog(s), kSurveys);
 }

@@ -11,6 +11,9 @@ namespace merlu {
 // database. The working database is closed meanwhile and open again afterwards. False after a fault.
 bool CreateExportDatabase(Session& s, const std::string& target);
 
+// Makes the dialogs below, with nothing in their fields; none may be showing.
+void MakeExchangeDialogs(Session& s);
+
 // Menu commands. The first two leave the program in activity mode at the root of a fresh tree.
 void ExportSurvey(Session& s);
 void ExportInventory(Session& s);

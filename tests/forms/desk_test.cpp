@@ -210,11 +210,19 @@ TEST_F(Window, turns_to_a_page_that_is_available_and_tells_the_others_by_name) {
 TEST_F(Window, picks_rows_that_exist_and_none_at_all) {
   EXPECT_EQ(act::Pick(desk, window, "lvwResults", {1}), "");
   EXPECT_EQ(window.At("lvwResults").picked, std::vector<int>{1});
-  EXPECT_EQ(act::Pick(desk, window, "lvwResults", {0, 2}), "has no row 2");
+  EXPECT_EQ(act::Pick(desk, window, "lvwResults", {2}), "has no row 2");
   EXPECT_EQ(act::Pick(desk, window, "lvwResults", {-1}), "has no row -1");
   EXPECT_EQ(window.At("lvwResults").picked, std::vector<int>{1});
   EXPECT_EQ(act::Pick(desk, window, "lvwResults", {}), "");
   EXPECT_TRUE(window.At("lvwResults").picked.empty());
+}
+
+TEST_F(Window, picks_several_rows_only_where_several_can_be_chosen_and_none_twice) {
+  EXPECT_EQ(act::Pick(desk, window, "lvwResults", {0, 1}), "takes one row at a time");
+  EXPECT_TRUE(window.At("lvwResults").picked.empty());
+  window.At("lvwResults").many = true;
+  EXPECT_EQ(act::Pick(desk, window, "lvwResults", {1, 0, 1}), "");
+  EXPECT_EQ(window.At("lvwResults").picked, (std::vector<int>{1, 0}));
 }
 
 TEST_F(Window, raises_focus_events_of_a_field_that_is_locked_but_not_of_one_that_is_disabled) {
