@@ -1,6 +1,7 @@
 #include "desktop/form_dialog.h"
 
 #include <QAction>
+#include <algorithm>
 
 #include "desktop/about_window.h"
 #include "shell/help.h"
@@ -12,6 +13,12 @@ constexpr int kListWidth = 740, kListHeight = 260;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
+}
+
+// A label that stands behind a field.
+bool IsNote(const Form& form, const Control& label) {
+  return std::any_of(form.controls().begin(), form.controls().end(),
+                     [&](const Control& control) { return control.note == label.name; });
 }
 
 }  // namespace
@@ -52,7 +59,7 @@ void FormDialog::FillGrid() {
   for (const Control& control : binding_.form().controls()) {
     if (IsField(control.kind))
       AddField(control);
-    else if (control.kind == Kind::kLabel)
+    else if (control.kind == Kind::kLabel && !IsNote(binding_.form(), control))
       AddLabel(control);
     else if (control.kind == Kind::kListView)
       AddList(control);
@@ -74,7 +81,12 @@ void FormDialog::AddField(const Control& control) {
   grid_->addWidget(bound.caption, row_, 0,
                    control.lines ? Qt::AlignRight | Qt::AlignTop : Qt::AlignRight | Qt::AlignVCenter);
   grid_->addWidget(bound.row, row_, 1);
-  if (!control.tip.empty()) grid_->addWidget(new QLabel(QString::fromStdString(control.tip), this), row_, 2);
+  if (!control.note.empty()) {
+    const Control& note = binding_.form().At(control.note);
+    auto* label = static_cast<QLabel*>(binding_.AddLabel(note, this).widget);
+    label->setWordWrap(false);
+    grid_->addWidget(label, row_, 2);
+  }
   ++row_;
 }
 

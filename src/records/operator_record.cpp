@@ -45,7 +45,8 @@ bool ShowsEmptyMask(const Form& form, const char* field) {
 }
 
 bool NoWayToReach(const Form& form) {
-  return ShowsEmptyMask(form, "txtUSER_Phone") && ShowsEmptyMask(form, "txtUSER_Fax") && IsBlank(form, "txtUSER_Email");
+  return ShowsEmptyMask(form, "txtUSER_Phone") && ShowsEmptyMask(form, "txtUSER_Fax") &&
+         form.At("txtUSER_Email").text.empty();
 }
 
 bool NotWhole(const Form& form, const char* field) {
@@ -53,7 +54,7 @@ bool NotWhole(const Form& form, const char* field) {
 }
 
 bool NoAddress(const Form& form) {
-  return IsBlank(form, "txtUSER_Address1") && IsBlank(form, "txtUSER_Address2");
+  return form.At("txtUSER_Address1").text.empty() && form.At("txtUSER_Address2").text.empty();
 }
 
 // The inventory year: four digits, since node keys hold four. 0 for any other text.

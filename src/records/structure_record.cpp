@@ -46,6 +46,10 @@ void PutStructureSheet(Session& s, Form& main) {
   for (const FieldSpec& field : StructureFields())
     PutField(main, field,
              {field.mode == In::kActv ? "fraStructureActivity" : "fraStructureDescriptive", 0, field.block});
+  for (const char* unused : {"Phone", "Email", "Contact"})
+    Put(main, Kind::kText, std::string("txtSTRUCTURE_") + unused, std::string(unused) + ":",
+        {"fraStructureDescriptive"})
+        .visible = false;
   main.At(kComments).lines = true;
   Put(main, Kind::kFrame, "Frame1", "", {"fraStructureActivity"});
   Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {"Frame1", 0, "Comments"});

@@ -64,7 +64,10 @@ void SaveExit(Session& s) {
   SelectRoot(s);
   const QCLocation root = s.current;
   s.current = here;
-  if (!ReselectLocation(s)) s.current = root;  // a survey has no node among the descriptions
+  if (!ReselectLocation(s)) {
+    LockSheet(s);  // a survey has no node among the descriptions
+    s.current = root;
+  }
   RestoreTreeExpansion(s);
   UnlockInterface(s);
   LockSheet(s);

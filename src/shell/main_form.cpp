@@ -48,7 +48,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuEStructB", "Import MERLU-2017 Structure Data", "mnuFile", ImportStructuresFrom},
     {"mnuEStructS", "Export MERLU-2017 Structure Data", "mnuFile", ExportStructures},
     {"mnuFBar3", "-", "mnuFile", nullptr},
-    {"PrintScrn", "&Print Screen", "mnuFile", PrintScreen},
+    {"PrintScrn", "Print Screen", "mnuFile", PrintScreen},
     {"mnuFBar4", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
     {"mnuEdit", "&Edit", "", nullptr},

@@ -89,9 +89,10 @@ TEST_F(NewUser, asks_for_everything_under_its_captions) {
     Texts labels;
     for (const Control& control : form.controls())
       if (control.kind == Kind::kLabel) labels.push_back(control.text);
-    EXPECT_EQ(labels,
-              (Texts{"Please enter your User Information",
-                     "Only the owner/lessees can be listed as the Registered User", "* = Required Information"}));
+    EXPECT_EQ(labels, (Texts{"Please enter your User Information",
+                             "Only the owner/lessees can be listed as the Registered User", "(5 characters or less)",
+                             "* = Required Information"}));
+    EXPECT_EQ(form.At("txtUserID").note, "lblUserIDNote");
     EXPECT_EQ(form.default_button, "cmdOK");
     EXPECT_EQ(form.cancel_button, "cmdCANCEL");
   });

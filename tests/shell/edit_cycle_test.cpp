@@ -149,6 +149,8 @@ TEST_F(Edit, that_ends_at_a_survey_among_the_descriptions_stands_on_the_operator
   run.Click("cmdSaveExit");
   EXPECT_EQ(run.s.main->front, "fraUserInfo");
   EXPECT_EQ(run.s.current.Level, level::kUser);
+  EXPECT_EQ(run.At("fraSurvey").caption, "Survey");
+  EXPECT_FALSE(run.At("fraSurvey").emphasis);
   ExpectBrowsing();
 }
 

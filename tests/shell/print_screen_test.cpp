@@ -10,7 +10,7 @@ using Texts = std::vector<std::string>;
 TEST(PrintScreen, prints_the_sheet_of_the_equipment_and_otherwise_the_main_window) {
   TestRun run;
   run.StartWith("FLA", "F1");
-  EXPECT_EQ(run.At("PrintScrn").caption, "&Print Screen");
+  EXPECT_EQ(run.At("PrintScrn").caption, "Print Screen");
   run.Click("PrintScrn");
   run.Select(run.Key());
   run.Click("PrintScrn");
