@@ -24,6 +24,19 @@ std::error_code SeeOnDisk(const std::string& path) {
   return error;
 }
 
+// So that the file keeps its name through a power cut. Not every file system can: what fails is let be.
+void SeeNameOnDisk(const std::string& path) {
+  std::error_code error;
+  SeeOnDisk(fs::absolute(path, error).parent_path().string());
+}
+
+std::error_code TakeName(const std::string& part, const std::string& name) {
+  std::error_code error;
+  fs::rename(part, name, error);
+  if (!error) SeeNameOnDisk(name);
+  return error;
+}
+
 }  // namespace
 
 bool FileExists(const std::string& path) {
@@ -57,7 +70,10 @@ void CopyDatabase(const std::string& from, const std::string& to, Copy how) {
   if (fs::copy_file(from, part, fs::copy_options::overwrite_existing, error)) {
     fs::permissions(part, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
     if (!error && how == Copy::kToDisk) error = SeeOnDisk(part);
-    if (!error) fs::rename(part, to, error);
+    if (!error && how == Copy::kToDisk)
+      error = TakeName(part, to);
+    else if (!error)
+      fs::rename(part, to, error);
     if (!error) return;
   }
   const std::string why = error.message();
@@ -69,6 +85,7 @@ void BringToDisk(const std::string& path) {
   if (const std::error_code error = SeeOnDisk(path))
     throw Fault(fault_number::kFileAccess, kSource,
                 "The file " + path + " could not be written: " + error.message() + ".");
+  SeeNameOnDisk(path);
 }
 
 std::uint64_t FileSize(const std::string& path) {
@@ -92,7 +109,7 @@ void CompactInto(const std::string& from, const std::string& to) {
     throw;
   }
   error = SeeOnDisk(part);
-  if (!error) fs::rename(part, to, error);
+  if (!error) error = TakeName(part, to);
   if (!error) return;
   const std::string why = error.message();
   fs::remove(part, error);

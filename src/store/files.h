@@ -20,7 +20,7 @@ std::string WithSeparator(const std::string& folder);
 // A copy that is worked on further need not be seen on the disk yet.
 enum class Copy { kToDisk, kForNow };
 void CopyDatabase(const std::string& from, const std::string& to, Copy how = Copy::kToDisk);
-// Sees a file on the disk. kFileAccess.
+// Sees a file, and its name, on the disk. kFileAccess.
 void BringToDisk(const std::string& path);
 
 // Size in bytes; 0 for a file that is not there.
