@@ -233,6 +233,8 @@ void Database::OpenWith(const std::string& path, int flags) {
     const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
     sqlite3_rollback_hook(db_, count, &unseen_changes_);
     Execute("PRAGMA foreign_keys=ON");
+    // a journal that a power cut brought back would take back what had been told as saved
+    Execute("PRAGMA synchronous=EXTRA");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
     data_version_ = ToInteger(Single("PRAGMA data_version"));
   } catch (const Fault& fault) {

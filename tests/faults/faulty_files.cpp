@@ -5,6 +5,9 @@
 #include <unistd.h>
 
 #include <new>
+#include <string>
+
+#include "faults/power_cut.h"
 
 namespace merlu::test {
 namespace {
@@ -22,6 +25,7 @@ sqlite3_vfs* real_layer = nullptr;
 
 struct File {
   sqlite3_file base;
+  const char* path;  // the engine keeps it as long as the file is open; null for a file without a name
   sqlite3_file* real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
 
@@ -29,9 +33,17 @@ File* Of(sqlite3_file* file) {
   return reinterpret_cast<File*>(file);
 }
 
+std::string PathOf(sqlite3_file* file) {
+  const char* path = Of(file)->path;
+  return path == nullptr ? "" : path;
+}
+
 // SQLITE_OK when the call may pass.
 int Meet(FileAct act) {
-  if (act != FileAct::kRead && ++changes == kill_before) ::kill(::getpid(), SIGKILL);
+  if (act != FileAct::kRead && ++changes == kill_before) {
+    CutPower();
+    ::kill(::getpid(), SIGKILL);
+  }
   if (!armed.on || act != armed.fault.act) return SQLITE_OK;
   ++armed.calls;
   const bool fails = armed.fault.lasting ? armed.calls >= armed.fault.nth : armed.calls == armed.fault.nth;
@@ -54,19 +66,23 @@ int Read(sqlite3_file* file, void* to, int count, sqlite3_int64 at) {
 int Write(sqlite3_file* file, const void* from, int count, sqlite3_int64 at) {
   if (const int code = Meet(FileAct::kWrite); code != SQLITE_OK) return code;
   sqlite3_file* real = Of(file)->real();
+  WillWrite(PathOf(file), real, from, count, at);
   return real->pMethods->xWrite(real, from, count, at);
 }
 
 int Truncate(sqlite3_file* file, sqlite3_int64 size) {
   if (const int code = Meet(FileAct::kTruncate); code != SQLITE_OK) return code;
   sqlite3_file* real = Of(file)->real();
+  WillTruncate(PathOf(file), real, size);
   return real->pMethods->xTruncate(real, size);
 }
 
 int Sync(sqlite3_file* file, int flags) {
   if (const int code = Meet(FileAct::kSync); code != SQLITE_OK) return code;
   sqlite3_file* real = Of(file)->real();
-  return real->pMethods->xSync(real, flags);
+  const int code = real->pMethods->xSync(real, flags);
+  if (code == SQLITE_OK) HasSynced(PathOf(file));
+  return code;
 }
 
 int Size(sqlite3_file* file, sqlite3_int64* size) {
@@ -111,6 +127,8 @@ constexpr sqlite3_io_methods kMethods = {1,    Close,  Read,          Write,   T
 int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out_flags) {
   file->pMethods = nullptr;
   if (const int code = Meet(FileAct::kOpen); code != SQLITE_OK) return code;
+  WillOpen(name, (flags & SQLITE_OPEN_CREATE) != 0);
+  Of(file)->path = name;
   const int code = real_layer->xOpen(real_layer, name, Of(file)->real(), flags, out_flags);
   if (Of(file)->real()->pMethods != nullptr) file->pMethods = &kMethods;
   return code;
@@ -118,7 +136,10 @@ int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
 
 int Delete(sqlite3_vfs*, const char* name, int sync) {
   if (const int code = Meet(FileAct::kDelete); code != SQLITE_OK) return code;
-  return real_layer->xDelete(real_layer, name, sync);
+  WillDelete(name);
+  const int code = real_layer->xDelete(real_layer, name, sync);
+  if (code == SQLITE_OK) HasDeleted(name, sync != 0);
+  return code;
 }
 
 int Access(sqlite3_vfs*, const char* name, int flags, int* is) {

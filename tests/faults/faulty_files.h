@@ -25,7 +25,8 @@ void ArmFault(const FileFault& fault);
 // Disarms; true when the fault was met.
 bool LiftFault();
 
-// The process kills itself before the n-th call that changes a file or its locks, counted from now.
+// The process kills itself before the n-th call that changes a file or its locks, counted from now. With
+// WatchForPowerCut (faults/power_cut.h) the files are left as a power cut leaves them.
 void KillBefore(long nth);
 // Calls of that kind since KillBefore; with a number that is never reached they are only counted.
 long ChangesSoFar();

@@ -1,6 +1,8 @@
 // merlu_kills: kills the program at random moments of its work and looks at what is left.
 //
-//   merlu_kills [--kills N] [--seed S] [--only OPERATION,...]
+//   merlu_kills [--kills N] [--seed S] [--only OPERATION,...] [--power]
+//
+// With --power the working file also loses what no sync had brought to the disk, as in a power cut.
 //
 // Exit status 0 when nothing was lost, 1 when something was, 2 for wrong usage.
 #include <signal.h>
@@ -22,6 +24,7 @@
 #include "base/fault.h"
 #include "faults/faulty_files.h"
 #include "faults/kill_operations.h"
+#include "faults/power_cut.h"
 #include "script/player.h"
 #include "support/test_run.h"
 
@@ -32,6 +35,7 @@ namespace {
 struct Moment {
   long change = 0;
   long microseconds = 0;
+  std::uint32_t power_cut = 0;  // seed of what is lost; 0: the power stays on
 };
 
 // What an uninterrupted body takes.
@@ -62,7 +66,8 @@ class PlayerInFolder : public Player {
 // Hands out the script line by line and begins the countdown with its body.
 class ScriptLines : public std::streambuf {
  public:
-  ScriptLines(const KillScript& script, const Moment& moment) : script_(script), moment_(moment) {}
+  ScriptLines(const KillScript& script, const Moment& moment, std::string database)
+      : script_(script), moment_(moment), database_(std::move(database)) {}
 
   std::chrono::steady_clock::time_point began{};
 
@@ -80,6 +85,7 @@ class ScriptLines : public std::streambuf {
  private:
   void BeginCountdown() {
     began = std::chrono::steady_clock::now();
+    if (moment_.power_cut != 0) WatchForPowerCut(database_, moment_.power_cut);
     KillBefore(moment_.change > 0 ? moment_.change : std::numeric_limits<long>::max());
     if (moment_.microseconds == 0) return;
     ::signal(SIGALRM, [](int) { ::kill(::getpid(), SIGKILL); });
@@ -89,6 +95,7 @@ class ScriptLines : public std::streambuf {
 
   const KillScript& script_;
   const Moment moment_;
+  const std::string database_;
   std::size_t next_ = 0;
   std::string line_;
 };
@@ -110,7 +117,7 @@ std::string CostPath(const KillFiles& files) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("XDG_RUNTIME_DIR", files.folder.c_str());
   const QGuiApplication application(argc, argv);
-  ScriptLines lines(script, moment);
+  ScriptLines lines(script, moment, files.work());
   std::istream in(&lines);
   std::ofstream out(AnswersPath(files));
   PlayOptions options;
@@ -202,7 +209,7 @@ struct Tally {
 
 class Harness {
  public:
-  explicit Harness(std::uint32_t seed) : random_(seed) {}
+  Harness(std::uint32_t seed, bool power) : random_(seed), power_(power) {}
 
   void Kill(const KillOperation& operation) {
     Fixture& fixture = FixtureOf(operation);
@@ -269,9 +276,10 @@ class Harness {
     return *fixture;
   }
 
-  // Half of the kills fall between two changes of a file, half anywhere in time.
+  // Half of the kills fall between two changes of a file, half anywhere in time; power cuts between changes.
   Moment Draw(const Cost& cost) {
     const auto upto = [this](long most) { return std::uniform_int_distribution<long>(1, std::max(most, 1L))(random_); };
+    if (power_) return {upto(cost.changes), 0, static_cast<std::uint32_t>(random_() | 1U)};
     if (random_() % 2 == 0) return {upto(cost.changes), 0};
     return {0, upto(cost.microseconds)};
   }
@@ -286,11 +294,13 @@ class Harness {
 
   static void Report(const KillOperation& operation, const Moment& moment, const std::string& problem, Tally& tally) {
     ++tally.problems;
-    std::printf("%s, change %ld, %ld us: %s\n", operation.name, moment.change, moment.microseconds, problem.c_str());
+    std::printf("%s, change %ld, %ld us, power cut %u: %s\n", operation.name, moment.change, moment.microseconds,
+                moment.power_cut, problem.c_str());
     std::fflush(stdout);
   }
 
   std::mt19937 random_;
+  const bool power_;
   std::map<std::string, std::unique_ptr<Fixture>> fixtures_;
   std::map<std::string, Tally> tallies_;
 };
@@ -299,11 +309,17 @@ struct Options {
   int kills = 100;
   std::uint32_t seed = 1;
   std::set<std::string> only;
+  bool power = false;
 };
 
 bool Read(int count, char** words, Options& options) {
   for (int i = 1; i < count; i += 2) {
     const std::string word = words[i];
+    if (word == "--power") {
+      options.power = true;
+      --i;
+      continue;
+    }
     if (i + 1 == count) return false;
     if (word == "--kills") {
       options.kills = std::atoi(words[i + 1]);
@@ -333,13 +349,13 @@ int main(int count, char** words) {
   using namespace merlu::test;
   Options options;
   if (!Read(count, words, options) || Chosen(options.only).empty()) {
-    std::cerr << "usage: merlu_kills [--kills N] [--seed S] [--only OPERATION,...]\n";
+    std::cerr << "usage: merlu_kills [--kills N] [--seed S] [--only OPERATION,...] [--power]\n";
     return 2;
   }
   // a process that dies loses nothing that it has written: no disk is needed, and waiting for one takes time
   if (fs::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
   try {
-    Harness harness(options.seed);
+    Harness harness(options.seed, options.power);
     const auto chosen = Chosen(options.only);
     for (int i = 0; i < options.kills; ++i) harness.Kill(*chosen[static_cast<std::size_t>(i) % chosen.size()]);
     return harness.PrintTable() ? 0 : 1;
