@@ -21,7 +21,11 @@ void Acts::Do(const std::function<std::string()>& act) {
 void Acts::Redraw() {
   if (IsDrawing()) return;
   ++drawing_;
-  emit Changed();
+  try {
+    emit Changed();
+  } catch (const Fault&) {
+    // what could not be drawn now is drawn with the next act
+  }
   --drawing_;
 }
 

@@ -8,10 +8,14 @@
 #include <QRegularExpression>
 #include <QStyle>
 #include <QTabBar>
+#include <QTimer>
 #include <QToolTip>
+
+#include <algorithm>
 
 #include "desktop/look.h"
 #include "desktop/results_list.h"
+#include "desktop/shortcuts.h"
 
 namespace merlu {
 namespace {
@@ -19,6 +23,7 @@ namespace {
 constexpr int kNumberDigits = 12;
 constexpr int kNoteLines = 5;
 constexpr const char* kWidthsSection = "Columns";
+const QRegularExpression kLineBreaks("[\r\n]+");
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -26,6 +31,27 @@ QString Q(const std::string& text) {
 
 bool IsSelectable(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
+}
+
+bool IsShortcut(const QKeyEvent& key) {
+  const QKeySequence pressed(key.keyCombination());
+  return std::any_of(Shortcuts().begin(), Shortcuts().end(), [&](const Shortcut& row) {
+    return *row.id != '\0' && QKeySequence(row.keys) == pressed && key.modifiers() != Qt::NoModifier;
+  });
+}
+
+// The focus comes back to the field: a list opened, or another window came to the front.
+bool IsTemporary(const QFocusEvent& leaves) {
+  return leaves.reason() == Qt::PopupFocusReason || leaves.reason() == Qt::ActiveWindowFocusReason;
+}
+
+// The whole text of a line that is too short for it; empty when it is not.
+QString HiddenPart(const QWidget& widget) {
+  const auto* line = qobject_cast<const QLineEdit*>(&widget);
+  constexpr int kMargins = 18;
+  return line != nullptr && line->fontMetrics().horizontalAdvance(line->text()) > line->width() - kMargins
+             ? line->text()
+             : QString();
 }
 
 }  // namespace
@@ -65,7 +91,14 @@ QWidget* FormBinding::RowOf(const std::string& name) const {
 
 void FormBinding::TypeInto(const std::string& name, QLineEdit& line) {
   const Control& control = form_.At(name);
-  const QString typed = line.text();
+  QString typed = line.text();
+  if (typed.contains(kLineBreaks)) {
+    // what is copied from a spreadsheet ends with its line
+    while (typed.endsWith('\n') || typed.endsWith('\r')) typed.chop(1);
+    typed.replace(kLineBreaks, " ");
+    const QSignalBlocker quiet(line);
+    line.setText(typed);
+  }
   const int digits_before = static_cast<int>(typed.left(line.cursorPosition()).count(QRegularExpression("[0-9]")));
   acts_.Do([&] { return act::Type(acts_.s.desk, form_, name, typed.toStdString()); });
   if (control.kind != Kind::kMasked) return;
@@ -92,7 +125,10 @@ QWidget* FormBinding::MakeLine(const Control& control, QWidget* parent) {
     line->setAlignment(Qt::AlignRight);
     line->setFixedWidth(line->fontMetrics().horizontalAdvance(QString(kNumberDigits, '0')) + 18);
   }
-  connect(line, &QLineEdit::textEdited, this, [this, line, name] { TypeInto(name, *line); });
+  // also what an assistive program sets; what the program itself shows is no act
+  connect(line, &QLineEdit::textChanged, this, [this, line, name] {
+    if (!acts_.IsDrawing()) TypeInto(name, *line);
+  });
   return line;
 }
 
@@ -139,6 +175,12 @@ Bound& FormBinding::AddField(const Control& control, QWidget* parent, bool with_
   line->setSpacing(6);
   QWidget* field = MakeField(control, row);
   field->installEventFilter(this);
+  if (control.kind == Kind::kList) {
+    // assistive programs name a list by the label beside it
+    auto* spoken = new QLabel(SpokenCaption(control), row);
+    spoken->setBuddy(field);
+    spoken->hide();
+  }
   const bool takes_width = control.kind == Kind::kMasked || (control.kind == Kind::kText && !control.numeric);
   line->addWidget(field, takes_width ? 1 : 0);
   Bound& bound = Add(control, field);
@@ -173,6 +215,7 @@ Bound& FormBinding::AddLabel(const Control& control, QWidget* parent) {
 Bound& FormBinding::AddButton(const Control& control, QWidget* parent) {
   auto* button = new QPushButton(Q(control.caption), parent);
   button->setAutoDefault(false);
+  button->installEventFilter(this);
   const std::string name = control.name;
   connect(button, &QPushButton::clicked, this,
           [this, name] { acts_.Do([&] { return act::Click(acts_.s.desk, form_, name); }); });
@@ -212,6 +255,13 @@ Bound& FormBinding::AddFrame(const Control& control, QWidget* widget) {
 
 bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(watched);
+  // a double click presses a button once: another one may stand in its place by then
+  if (qobject_cast<QPushButton*>(watched) != nullptr) return event->type() == QEvent::MouseButtonDblClick;
+  // a command of the window goes before what a line of text would do with its keys
+  if (event->type() == QEvent::ShortcutOverride && IsShortcut(*static_cast<QKeyEvent*>(event))) {
+    event->ignore();
+    return true;
+  }
   QWidget* named = widget;
   while (named != nullptr && form_.Find(named->objectName().toStdString()) == nullptr) named = named->parentWidget();
   if (named == nullptr) return QObject::eventFilter(watched, event);
@@ -222,18 +272,23 @@ bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
     if (enter && key->modifiers() == Qt::NoModifier && !form_.modal &&
         qobject_cast<QPlainTextEdit*>(widget) == nullptr) {
       QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-      QCoreApplication::sendEvent(widget->window(), &tab);
+      QCoreApplication::sendEvent(widget, &tab);
       return true;
     }
   }
   if (event->type() == QEvent::FocusIn && !acts_.IsDrawing()) {
     const Control& control = form_.At(name);
     if (form_.Handles(name, Event::kGotFocus)) acts_.Do([&] { return act::GotFocus(acts_.s.desk, form_, name); });
-    if (control.back == Back::kFlag && !control.tip.empty())
-      QToolTip::showText(named->mapToGlobal(QPoint(0, named->height())), Q(control.tip), named);
+    // behind the focus itself, which takes tips away and puts the caret
+    QTimer::singleShot(0, named, [named, widget, tip = control.back == Back::kFlag ? Q(control.tip) : QString()] {
+      if (!tip.isEmpty() && named->hasFocus())
+        QToolTip::showText(named->mapToGlobal(QPoint(0, named->height())), tip, named);
+      auto* line = qobject_cast<QLineEdit*>(widget);
+      if (line != nullptr && line != named && line->hasFocus()) line->selectAll();
+    });
   }
   if (event->type() == QEvent::FocusOut && form_.Handles(name, Event::kLostFocus) &&
-      static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+      !IsTemporary(*static_cast<QFocusEvent*>(event)))
     acts_.Do([&] { return act::LostFocus(acts_.s.desk, form_, name); });
   return QObject::eventFilter(watched, event);
 }
@@ -252,6 +307,7 @@ void FormBinding::ShowText(QWidget& widget, const Control& now) {
   const QString text = Q(now.text);
   if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
     if (line->text() != text) line->setText(text);
+    if (!line->hasFocus()) line->setCursorPosition(0);  // a long text shows its beginning
   } else if (auto* notes = qobject_cast<QPlainTextEdit*>(&widget)) {
     if (notes->toPlainText() != text) notes->setPlainText(text);
   } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
@@ -280,11 +336,13 @@ void FormBinding::ShowState(Bound& bound, const Control& now) {
   const bool flagged = now.back == Back::kFlag;
   if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) line->setReadOnly(now.locked);
   if (auto* notes = qobject_cast<QPlainTextEdit*>(bound.widget)) notes->setReadOnly(now.locked);
-  SetLook(*bound.widget, "look", LookName(now.back));
+  // what is locked looks it, whatever a procedure has painted
+  const Back back = now.locked && now.back == Back::kWindow ? Back::kFace : now.back;
+  SetLook(*bound.widget, "look", LookName(back));
   // behind it, as a new look resets the colours of a list's text
-  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, now.back);
-  bound.widget->setToolTip(flagged ? Q(now.tip) : QString());
-  bound.widget->setAccessibleDescription(bound.widget->toolTip());
+  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, back);
+  bound.widget->setToolTip(flagged ? Q(now.tip) : HiddenPart(*bound.widget));
+  bound.widget->setAccessibleDescription(flagged ? bound.widget->toolTip() : QString());
   bound.mark->setText(flagged ? "!" : "");
   QPalette red = bound.mark->palette();
   red.setColor(QPalette::WindowText, EditingRed(bound.row->palette()));

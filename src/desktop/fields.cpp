@@ -1,5 +1,6 @@
 #include "desktop/fields.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
@@ -36,6 +37,19 @@ void LineField::mouseReleaseEvent(QMouseEvent* event) {
   entered_by_mouse_ = false;
 }
 
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  setTextFormat(Qt::PlainText);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  setToolTip(shown == text() ? QString() : text());
+  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                        foregroundRole());
+}
+
 ListField::ListField(QWidget* parent) : QComboBox(parent) {
   setSizeAdjustPolicy(QComboBox::AdjustToContents);
   setFocusPolicy(Qt::StrongFocus);
@@ -61,7 +75,17 @@ QColor ListField::InkOfText() const {
 }
 
 void ListField::showPopup() {
-  if (!locked_) QComboBox::showPopup();
+  if (locked_) return;
+  view()->installEventFilter(this);
+  QComboBox::showPopup();
+}
+
+// Escape closes the list that is open, and is no command of the window.
+bool ListField::eventFilter(QObject* watched, QEvent* event) {
+  const bool escapes =
+      event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (escapes) event->accept();
+  return escapes || QComboBox::eventFilter(watched, event);
 }
 
 QSize ListField::sizeHint() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -29,6 +30,17 @@ class LineField : public QLineEdit {
   bool entered_by_mouse_ = false;
 };
 
+// A label that never asks for more room than there is: what does not fit is left out of its middle.
+class ElidedLabel : public QLabel {
+  Q_OBJECT
+ public:
+  explicit ElidedLabel(QWidget* parent);
+  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
 // A list of fixed items, or of items and free text. While locked it shows its text and does not open.
 class ListField : public QComboBox {
   Q_OBJECT
@@ -37,6 +49,7 @@ class ListField : public QComboBox {
   void SetState(bool locked, Back back);
   bool locked() const { return locked_; }
   void showPopup() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -110,6 +110,7 @@ void FormDialog::AddList(const Control& control) {
 
 void FormDialog::AddButton(const Control& control) {
   auto* button = static_cast<QPushButton*>(binding_.AddButton(control, this).widget);
+  button->setAutoDefault(true);  // Enter presses the button that has the focus
   if (!control.beside.empty())
     binding_.RowOf(control.beside)->layout()->addWidget(button);
   else if (control.name == binding_.form().default_button)

@@ -6,12 +6,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/dates.h"
 #include "desktop/access_keys.h"
@@ -73,7 +75,7 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   splitter_->setChildrenCollapsible(false);
   splitter_->setSizes({kTreeWidth, 900});
   setCentralWidget(splitter_);
-  path_ = new QLabel(this);
+  path_ = new ElidedLabel(this);
   path_->setObjectName("SB1");
   findings_ = new QLabel(this);
   findings_->setObjectName("findings");
@@ -82,6 +84,9 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   MakeShortcuts();
   setMinimumSize(900, 600);
   resize(1180, 760);
+  // a screen that holds the smallest window gets one that fits, with its frame
+  const QSize room = screen()->availableSize() - QSize(8, 40);
+  if (room.width() >= minimumWidth() && room.height() >= minimumHeight()) resize(size().boundedTo(room));
   restoreGeometry(settings_.value("Window/geometry").toByteArray());
   splitter_->restoreState(settings_.value("Window/splitter").toByteArray());
 }
@@ -135,6 +140,10 @@ void MainWindow::MakeTree() {
   tree_->setMinimumWidth(160);
   connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& now) { ClickTreeNode(now); });
+  // what selects without the keyboard or the mouse, as assistive programs do
+  connect(tree_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& now) {
+    if (!now.isEmpty()) ClickTreeNode(now.indexes().front());
+  });
   connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
     if (!acts_.IsDrawing()) s_.tree.nodes[static_cast<std::size_t>(TreeModel::NodeOf(index))].expanded = true;
   });
@@ -158,8 +167,9 @@ void MainWindow::MakeButtons(QWidget* place) {
 }
 
 void MainWindow::PressButton(const char* button) {
+  const bool cancels = std::string_view(button) == "cmdCANCEL";
   // the field that is being typed in hands over its text first
-  if (QWidget* focus = focusWidget(); focus != nullptr && s_.main->Handles(button, Event::kClick)) {
+  if (QWidget* focus = focusWidget(); focus != nullptr && !cancels && s_.main->Handles(button, Event::kClick)) {
     focus->clearFocus();
     focus->setFocus();
   }
@@ -352,10 +362,14 @@ void MainWindow::SyncStatus() {
   path_->setText(Q(s_.status_text));
   QString right;
   if (s_.db.IsOpen() && !s_.current.Is(level::kUser) && !s_.current.Level.empty()) {
-    const int count = CountQCErrors(s_, s_.current);
-    right = count == 0   ? tr("No open findings here")
-            : count == 1 ? tr("1 open finding here")
-                         : tr("%1 open findings here").arg(count);
+    try {
+      const int count = CountQCErrors(s_, s_.current);
+      right = count == 0   ? tr("No open findings here")
+              : count == 1 ? tr("1 open finding here")
+                           : tr("%1 open findings here").arg(count);
+    } catch (const Fault&) {
+      right = tr("The findings cannot be counted now");
+    }
   }
   const QString mode = s_.InDesc() ? tr("Description Edit Mode") : s_.InActv() ? tr("Activity Edit Mode") : QString();
   findings_->setText(QStringList({right, mode}).filter(QRegularExpression(".")).join("  ·  "));

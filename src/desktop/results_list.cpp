@@ -52,7 +52,7 @@ class WrappingRows : public QStyledItemDelegate {
 }  // namespace
 
 ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* parent)
-    : QTreeWidget(parent), empty_text_(std::move(empty_text)) {
+    : QTreeWidget(parent), empty_text_(std::move(empty_text)), opens_(!control.many) {
   QStringList heads;
   for (const std::string& column : control.columns) heads << QString::fromStdString(column);
   setHeaderLabels(heads);
@@ -142,11 +142,18 @@ void ResultsList::resizeEvent(QResizeEvent* event) {
 }
 
 void ResultsList::keyPressEvent(QKeyEvent* event) {
-  if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !selectedItems().isEmpty()) {
-    emit Opened();
-    return;
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool steps = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+  if ((enter || steps) && selectedItems().isEmpty() && topLevelItemCount() > 0) {
+    // the row that looks chosen is the first to be chosen
+    setCurrentItem(currentItem() == nullptr ? topLevelItem(0) : currentItem(), 0, QItemSelectionModel::ClearAndSelect);
+    if (steps) return;
   }
-  QTreeWidget::keyPressEvent(event);
+  if (!enter) return QTreeWidget::keyPressEvent(event);
+  if (opens_ && !selectedItems().isEmpty())
+    emit Opened();
+  else
+    event->ignore();  // the dialog's own button
 }
 
 void ResultsList::paintEvent(QPaintEvent* event) {

@@ -20,7 +20,7 @@ class ResultsList : public QTreeWidget {
   void ChooseWidths(const QString& widths);
 
  signals:
-  void Opened();  // Enter or a double click on a row
+  void Opened();  // Enter or a double click on a row, where one row is picked at a time
   void WidthsChosen();
 
  protected:
@@ -34,6 +34,7 @@ class ResultsList : public QTreeWidget {
   QString empty_text_;
   QList<int> chosen_;  // 0 for a column that fits itself
   bool fitting_ = false;
+  const bool opens_;  // a row that is picked can be opened
 };
 
 }  // namespace merlu

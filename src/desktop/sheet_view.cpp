@@ -64,9 +64,9 @@ void SheetView::MakeBand() {
   auto* grid = new QGridLayout(band);
   grid->setContentsMargins(0, 0, 0, 6);
   grid->setVerticalSpacing(2);
-  title_ = new QLabel(band);
+  title_ = new ElidedLabel(band);
   title_->setTextFormat(Qt::PlainText);
-  where_ = new QLabel(band);
+  where_ = new ElidedLabel(band);
   where_->setTextFormat(Qt::PlainText);
   where_->setObjectName("where");
   QPalette quiet = where_->palette();
@@ -122,7 +122,12 @@ void SheetView::StepPage(int step) {
   const int count = tabs_->count();
   for (int away = 1; away < count; ++away) {
     const int page = ((tabs_->currentIndex() + step * away) % count + count) % count;
-    if (tabs_->isTabEnabled(page)) return tabs_->setCurrentIndex(page);
+    if (!tabs_->isTabEnabled(page)) continue;
+    tabs_->setCurrentIndex(page);
+    // the field that had the focus there may be disabled by now
+    if (const QWidget* focus = focusWidget(); focus == nullptr || !focus->isEnabled() || !isAncestorOf(focus))
+      tabs_->tabBar()->setFocus(Qt::TabFocusReason);
+    return;
   }
 }
 

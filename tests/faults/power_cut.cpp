@@ -66,12 +66,8 @@ void Resize(const std::string& path, std::int64_t size) {
 // Back to what is on the disk for certain.
 void TakeBack(const Op& op) {
   switch (op.what) {
-    case Op::kWrite:
-      Put(op.path, op.at, op.before);
-      return Resize(op.path, op.size);
-    case Op::kTruncate:
-      Resize(op.path, op.size);
-      return Put(op.path, op.at, op.before);
+    case Op::kWrite: Put(op.path, op.at, op.before); return Resize(op.path, op.size);
+    case Op::kTruncate: Resize(op.path, op.size); return Put(op.path, op.at, op.before);
     case Op::kCreate: fs::remove(op.path); return;
     case Op::kDelete: std::ofstream(op.path, std::ios::binary) << op.before; return;
   }
@@ -113,7 +109,8 @@ void WillWrite(const std::string& path, sqlite3_file* real, const void* bytes, i
 void WillTruncate(const std::string& path, sqlite3_file* real, std::int64_t size) {
   if (!IsWatched(path)) return;
   const std::int64_t old_size = SizeOf(real);
-  unsynced.push_back({Op::kTruncate, path, size, old_size, BytesAt(real, size, std::max<std::int64_t>(old_size - size, 0)), {}});
+  unsynced.push_back(
+      {Op::kTruncate, path, size, old_size, BytesAt(real, size, std::max<std::int64_t>(old_size - size, 0)), {}});
 }
 
 void WillDelete(const char* path) {
