@@ -119,7 +119,7 @@ QString StyleSheet(const QPalette& palette) {
     QTreeView { border: 1px solid %6; background: %2; alternate-background-color: %5; color: %3;
                 selection-background-color: %9; selection-color: white; }
     QTreeView[look="face"] { background: %5; alternate-background-color: %5; }
-    QTreeView:disabled { color: %7; }
+    QTreeView:disabled { color: %7; selection-background-color: %6; selection-color: %3; }
     QTreeView#tvwTree { border: none; background: %8; }
     QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
     QProgressBar { border: 1px solid %6; border-radius: 4px; background: %2; min-height: 10px; max-height: 10px; }

@@ -48,11 +48,12 @@ void AddField(Form& form, const SheetSpec& sheet, const FieldSpec& spec) {
   add_label(spec.note_label, spec.note);
 }
 
-// They stand with the first fields of the month.
+// They stand behind the last fields of the month.
 std::string MonthlyBlock(const SheetSpec& sheet) {
+  std::string block = "Comments";
   for (const FieldSpec& field : sheet.fields)
-    if (field.mode == In::kActv) return field.block;
-  return "Comments";
+    if (field.mode == In::kActv) block = field.block;
+  return block;
 }
 
 void AddStatusAndComments(Form& form, const SheetSpec& sheet) {
