@@ -66,11 +66,7 @@ void FormDialog::FillGrid() {
     else if (control.kind == Kind::kButton)
       AddButton(control);
   }
-  if (main_ != nullptr) {
-    main_->setDefault(true);
-    SetLook(*main_, "main", true);
-    buttons_->addWidget(main_);
-  }
+  if (main_ != nullptr) buttons_->addWidget(main_);
   grid_->addLayout(buttons_, row_, 0, 1, 3);
   grid_->setRowMinimumHeight(row_, 46);
 }
@@ -113,7 +109,7 @@ void FormDialog::AddButton(const Control& control) {
   button->setAutoDefault(true);  // Enter presses the button that has the focus
   if (!control.beside.empty())
     binding_.RowOf(control.beside)->layout()->addWidget(button);
-  else if (control.name == binding_.form().default_button)
+  else if (control.name != binding_.form().cancel_button)
     main_ = button;
   else
     buttons_->addWidget(button);
@@ -123,6 +119,17 @@ void DialogWindow::Sync() {
   setWindowTitle(QString::fromStdString(binding_.form().caption));
   binding_.Sync();
   binding_.TakeFocus();
+}
+
+void FormDialog::Sync() {
+  DialogWindow::Sync();
+  if (main_ == nullptr) return;
+  // the main act of the moment: Enter in a field does it
+  for (auto* button : findChildren<QPushButton*>()) {
+    const bool is_main = button->objectName().toStdString() == binding_.form().default_button;
+    button->setDefault(is_main);
+    SetLook(*button, "main", is_main);
+  }
 }
 
 void DialogWindow::reject() {

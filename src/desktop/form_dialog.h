@@ -33,6 +33,7 @@ class FormDialog : public DialogWindow {
   Q_OBJECT
  public:
   FormDialog(Acts& acts, Form& form, QWidget* parent);
+  void Sync() override;
 
  private:
   void FillGrid();

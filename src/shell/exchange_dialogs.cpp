@@ -25,6 +25,7 @@ namespace merlu {
 namespace {
 
 constexpr const char* kSurveys = "lvwSurveys";
+constexpr const char *kLoad = "cmdLoad", *kImport = "cmdImport";
 constexpr const char* kStructures = "lvwStructures";
 constexpr const char* kExportName = "txtExportFilename";
 constexpr const char* kImportName = "txtImportFilename";
@@ -253,6 +254,7 @@ Form& StructureExportDialog(Session& s) {
 void LoadImportList(Session& s, Form& form) {
   form.At(kStructures).rows.clear();
   form.At(kStructures).picked.clear();
+  form.default_button = kLoad;
   s.exchange.Close();
   const std::string file = DatabaseFileName(s, form.At(kImportName).text);
   form.focus = kImportName;
@@ -267,6 +269,7 @@ void LoadImportList(Session& s, Form& form) {
     CheckImportFile(s.exchange, s.db);
     FillStructures(form, s.exchange);
     form.focus = kStructures;
+    form.default_button = kImport;
   } catch (const Fault&) {
     s.exchange.Close();
     Tell(s, "Invalid Import file!");
@@ -298,14 +301,14 @@ void ImportPickedStructures(Session& s, Form& form) {
 Form& StructureImportDialog(Session& s) {
   return DialogForm(s, "frmImportStructure", "Import MERLU-2017 Structure Data", [&s](Form& form) {
     AddFileName(form, kImportName, "Import File Path and Filename:", "Select File");
-    AddButton(form, "cmdLoad", "Load List").beside = kImportName;
+    AddButton(form, kLoad, "Load List").beside = kImportName;
     AddStructureList(form);
-    AddCloseButton(form, "cmdImport", "Import Selected Structures");
+    AddCloseButton(form, kImport, "Import Selected Structures");
     form.On("cmdBrowse", Event::kClick, [&s, &form] {
       Browse(s, form, kImportName, FileQuestion::Kind::kOpen, "Choose Import Database Filename");
     });
-    form.On("cmdLoad", Event::kClick, [&s, &form] { LoadImportList(s, form); });
-    form.On("cmdImport", Event::kClick, [&s, &form] { ImportPickedStructures(s, form); });
+    form.On(kLoad, Event::kClick, [&s, &form] { LoadImportList(s, form); });
+    form.On(kImport, Event::kClick, [&s, &form] { ImportPickedStructures(s, form); });
   });
 }
 
@@ -363,6 +366,7 @@ void ImportStructuresFrom(Session& s) {
     ClickNode(s, 0);
   }
   Form& form = StructureImportDialog(s);
+  form.default_button = kLoad;  // until there is a list to choose from
   form.focus = kImportName;
   ShowDialog(s.desk, s.platform, form);
   s.exchange.Close();

@@ -66,6 +66,25 @@ TEST_F(Hands, press_the_button_that_has_the_focus) {
   EXPECT_EQ(ToInteger(driver->Sql("SELECT COUNT(*) FROM PD_PLATFORM_DESC")), 1);
 }
 
+TEST_F(Hands, load_the_list_by_enter_behind_the_name_of_an_import_file) {
+  const std::string other = folder.path("other.mdb");
+  fs::copy_file(s().path, other);
+  driver->OnNextModal([&, this](QWidget*) {
+    driver->Type("txtImportFilename", "nowhere.mdb");
+    driver->OnNextBox();
+    Press(driver->Widget("txtImportFilename"), Qt::Key_Return);
+    EXPECT_TRUE(driver->Find<QPushButton>("cmdLoad")->isDefault());
+    driver->Type("txtImportFilename", QString::fromStdString(other));
+    Press(driver->Widget("txtImportFilename"), Qt::Key_Return);
+    EXPECT_EQ(driver->Find<ResultsList>("lvwStructures")->topLevelItemCount(), 1);
+    EXPECT_TRUE(driver->Find<QPushButton>("cmdImport")->isDefault());
+    driver->Click("cmdCANCEL");
+  });
+  driver->Command("mnuEStructB");
+  ASSERT_FALSE(driver->texts.empty());
+  EXPECT_EQ(driver->texts.front(), "Failed to open Import database");
+}
+
 TEST_F(Hands, close_an_open_list_by_escape_and_not_the_edit) {
   driver->Command("mnuSetEditMode");
   driver->Click("cmdEdit");
