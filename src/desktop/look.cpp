@@ -118,7 +118,7 @@ QString StyleSheet(const QPalette& palette) {
     QTabBar::tab:disabled { color: %7; }
     QTreeView { border: 1px solid %6; background: %2; alternate-background-color: %5; color: %3;
                 selection-background-color: %9; selection-color: white; }
-    QTreeView[look="face"] { background: %5; alternate-background-color: %5; }
+    QTreeView[look="face"] { background: %5; alternate-background-color: %8; }
     QTreeView:disabled { color: %7; selection-background-color: %6; selection-color: %3; }
     QTreeView#tvwTree { border: none; background: %8; }
     QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
