@@ -1,5 +1,7 @@
 #include "desktop/acts.h"
 
+#include <QScopedValueRollback>
+
 #include "session/messages.h"
 
 namespace merlu {
@@ -20,13 +22,12 @@ void Acts::Do(const std::function<std::string()>& act) {
 
 void Acts::Redraw() {
   if (IsDrawing()) return;
-  ++drawing_;
+  const QScopedValueRollback<int> drawing(drawing_, drawing_ + 1);
   try {
     emit Changed();
   } catch (const Fault&) {
     // what could not be drawn now is drawn with the next act
   }
-  --drawing_;
 }
 
 }  // namespace merlu

@@ -87,6 +87,11 @@ QWidget* FormBinding::RowOf(const std::string& name) const {
   return nullptr;
 }
 
+bool FormBinding::IsCaptionOrNote(const std::string& label) const {
+  return std::any_of(form_.controls().begin(), form_.controls().end(),
+                     [&](const Control& control) { return control.label == label || control.note == label; });
+}
+
 // ---- making widgets ----
 
 void FormBinding::TypeInto(const std::string& name, QLineEdit& line) {

@@ -49,6 +49,8 @@ class FormBinding : public QObject {
   // Gives the focus that the form asks for.
   void TakeFocus();
   QWidget* Find(const std::string& name) const;
+  // Whether a label stands beside a field, which brings it along.
+  bool IsCaptionOrNote(const std::string& label) const;
   // The row that holds a field, its mark and its note.
   QWidget* RowOf(const std::string& name) const;
 

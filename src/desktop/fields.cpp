@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "desktop/look.h"
@@ -42,12 +43,20 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
 }
 
+QString ElidedLabel::Shown() const {
+  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+}
+
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-  setToolTip(shown == text() ? QString() : text());
-  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), Shown(),
                         foregroundRole());
+}
+
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || Shown() == text()) return QLabel::event(event);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+  return true;
 }
 
 ListField::ListField(QWidget* parent) : QComboBox(parent) {

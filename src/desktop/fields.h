@@ -30,7 +30,8 @@ class LineField : public QLineEdit {
   bool entered_by_mouse_ = false;
 };
 
-// A label that never asks for more room than there is: what does not fit is left out of its middle.
+// A label that never asks for more room than there is: what does not fit is left out of its middle, and told
+// when it is pointed at.
 class ElidedLabel : public QLabel {
   Q_OBJECT
  public:
@@ -39,6 +40,10 @@ class ElidedLabel : public QLabel {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  QString Shown() const;
 };
 
 // A list of fixed items, or of items and free text. While locked it shows its text and does not open.

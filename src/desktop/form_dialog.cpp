@@ -1,7 +1,6 @@
 #include "desktop/form_dialog.h"
 
 #include <QAction>
-#include <algorithm>
 
 #include "desktop/about_window.h"
 #include "shell/help.h"
@@ -13,12 +12,6 @@ constexpr int kListWidth = 740, kListHeight = 260;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
-}
-
-// A label that stands behind a field.
-bool IsNote(const Form& form, const Control& label) {
-  return std::any_of(form.controls().begin(), form.controls().end(),
-                     [&](const Control& control) { return control.note == label.name; });
 }
 
 }  // namespace
@@ -59,7 +52,7 @@ void FormDialog::FillGrid() {
   for (const Control& control : binding_.form().controls()) {
     if (IsField(control.kind))
       AddField(control);
-    else if (control.kind == Kind::kLabel && !IsNote(binding_.form(), control))
+    else if (control.kind == Kind::kLabel && !binding_.IsCaptionOrNote(control.name))
       AddLabel(control);
     else if (control.kind == Kind::kListView)
       AddList(control);

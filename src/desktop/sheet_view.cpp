@@ -51,12 +51,6 @@ bool SheetView::IsOnPage(const Control& control, int page) const {
   return false;
 }
 
-bool SheetView::IsCaptionOrNote(const std::string& label) const {
-  const Form& form = const_cast<SheetView*>(this)->binding_.form();
-  return std::any_of(form.controls().begin(), form.controls().end(),
-                     [&](const Control& c) { return c.label == label || c.note == label; });
-}
-
 // ---- the title band ----
 
 void SheetView::MakeBand() {
@@ -162,7 +156,7 @@ void SheetView::FillPage(int page, QWidget* place) {
     } else if (control.kind == Kind::kButton) {
       buttons->addWidget(binding_.AddButton(control, place).widget);
       has_buttons = true;
-    } else if (control.kind == Kind::kLabel && !IsCaptionOrNote(control.name)) {
+    } else if (control.kind == Kind::kLabel && !binding_.IsCaptionOrNote(control.name)) {
       QWidget* label = binding_.AddLabel(control, place).widget;
       QFont bold = label->font();
       bold.setBold(true);

@@ -34,7 +34,6 @@ class SheetView : public QWidget {
   void FillPage(int page, QWidget* place);
   bool IsOnPage(const Control& control, int page) const;
   bool IsInside(const Control& control, const std::string& ancestor) const;
-  bool IsCaptionOrNote(const std::string& label) const;
   void AddTo(BlocksPanel& panel, const Control& control);
   void ShowBand(const QString& where);
   void ShowCount();

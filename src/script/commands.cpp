@@ -63,9 +63,13 @@ void Player::Dispatch(const Words& words) {
 }
 
 void Player::MakeScreens() {
-  if (session_.main == nullptr || session_.desk.Dialog() != nullptr) return;
-  MakeDialogs(session_);
-  MakeExchangeDialogs(session_);
+  const bool in_dialog = session_.desk.Dialog() != nullptr;
+  if (session_.main == nullptr && !in_dialog) return;  // nothing was started
+  // a dialog that is open is not to be made anew
+  if (!in_dialog) {
+    MakeDialogs(session_);
+    MakeExchangeDialogs(session_);
+  }
   for (const SheetSpec* sheet : AllSheets()) {
     if (session_.desk.Find(sheet->form()) != nullptr) continue;
     SheetForm(session_, *sheet);
@@ -80,19 +84,12 @@ std::pair<Form*, Control*> Player::Look(const std::string& name) {
   for (auto at = desk.showing.rbegin(); at != desk.showing.rend(); ++at)
     if (IsSheet(session_, **at)) order.push_back(*at);
   if (session_.main != nullptr) order.push_back(session_.main);
-  const auto find = [&]() -> std::pair<Form*, Control*> {
+  for (const bool made : {false, true}) {
+    if (made) MakeScreens();
+    for (const auto& form : desk.forms) order.push_back(form.get());
     for (Form* form : order)
       if (Control* control = form->Find(name)) return {form, control};
-    return {};
-  };
-  const auto add_others = [&] {
-    for (const auto& form : desk.forms) order.push_back(form.get());
-  };
-  add_others();
-  if (const auto found = find(); found.first != nullptr) return found;
-  MakeScreens();
-  add_others();
-  if (const auto found = find(); found.first != nullptr) return found;
+  }
   Fail("unknown control " + name);
 }
 

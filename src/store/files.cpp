@@ -30,13 +30,6 @@ void SeeNameOnDisk(const std::string& path) {
   SeeOnDisk(fs::absolute(path, error).parent_path().string());
 }
 
-std::error_code TakeName(const std::string& part, const std::string& name) {
-  std::error_code error;
-  fs::rename(part, name, error);
-  if (!error) SeeNameOnDisk(name);
-  return error;
-}
-
 }  // namespace
 
 bool FileExists(const std::string& path) {
@@ -70,10 +63,8 @@ void CopyDatabase(const std::string& from, const std::string& to, Copy how) {
   if (fs::copy_file(from, part, fs::copy_options::overwrite_existing, error)) {
     fs::permissions(part, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
     if (!error && how == Copy::kToDisk) error = SeeOnDisk(part);
-    if (!error && how == Copy::kToDisk)
-      error = TakeName(part, to);
-    else if (!error)
-      fs::rename(part, to, error);
+    if (!error) fs::rename(part, to, error);
+    if (!error && how == Copy::kToDisk) SeeNameOnDisk(to);
     if (!error) return;
   }
   const std::string why = error.message();
@@ -109,8 +100,8 @@ void CompactInto(const std::string& from, const std::string& to) {
     throw;
   }
   error = SeeOnDisk(part);
-  if (!error) error = TakeName(part, to);
-  if (!error) return;
+  if (!error) fs::rename(part, to, error);
+  if (!error) return SeeNameOnDisk(to);
   const std::string why = error.message();
   fs::remove(part, error);
   throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " could not be written: " + why + ".");

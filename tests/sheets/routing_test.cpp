@@ -556,7 +556,8 @@ TEST_P(RoutingThatDisables, repaints_its_own_list_on_the_tank_when_the_destinati
   StartOnSheet();
   run.Click("cmdEdit");
   run.Click("cmdQC");
-  if (Destination().back != Back::kFlag) return;  // loading does not require it
+  ASSERT_EQ(Destination().back == Back::kFlag, sheet().required);
+  if (!sheet().required) return;
   Go("Vented Remotely");
   EXPECT_EQ(Destination().back, Back::kFlag);
   Go("Flared Locally");
