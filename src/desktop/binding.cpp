@@ -13,7 +13,9 @@
 
 #include <algorithm>
 
+#include "desktop/grid_view.h"
 #include "desktop/look.h"
+#include "desktop/model_list.h"
 #include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
 
@@ -227,7 +229,13 @@ Bound& FormBinding::AddButton(const Control& control, QWidget* parent) {
   return Add(control, button);
 }
 
+Bound& FormBinding::AddGrid(const Control& control, QWidget* parent) {
+  return Add(control, new GridView(acts_, form_, control, parent));
+}
+
 Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
+  if (control.model != nullptr)
+    return Add(control, new ModelList(acts_, form_, control, tr("Nothing to show"), parent));
   auto* list = new ResultsList(control, tr(control.many ? "Nothing to choose from" : "No findings"), parent);
   const std::string name = control.name;
   connect(list, &QTreeWidget::itemSelectionChanged, this, [this, list, name] {
@@ -368,6 +376,10 @@ void FormBinding::Show(Bound& bound, const Control& now) {
     const QList<int> picked(now.picked.begin(), now.picked.end());
     if (results->Picked() != picked) results->ShowPicked(now);
     SetLook(*results, "look", LookName(now.back));
+  } else if (auto* list_of_model = qobject_cast<ModelList*>(bound.widget)) {
+    list_of_model->Sync();
+  } else if (auto* grid = qobject_cast<GridView*>(bound.widget)) {
+    grid->Sync();
   } else if (auto* tab = qobject_cast<QTabWidget*>(bound.widget)) {
     ShowTab(*tab, now);
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {

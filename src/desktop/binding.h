@@ -40,6 +40,7 @@ class FormBinding : public QObject {
   Bound& AddLabel(const Control& control, QWidget* parent);
   Bound& AddButton(const Control& control, QWidget* parent);
   Bound& AddList(const Control& control, QWidget* parent);
+  Bound& AddGrid(const Control& control, QWidget* parent);
   Bound& AddTab(const Control& control, QWidget* parent);
   // A widget made elsewhere that only shows the control's caption and visibility.
   Bound& AddFrame(const Control& control, QWidget* widget);

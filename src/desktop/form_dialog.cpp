@@ -3,6 +3,7 @@
 #include <QAction>
 
 #include "desktop/about_window.h"
+#include "desktop/table_panel.h"
 #include "shell/help.h"
 
 namespace merlu {
@@ -35,6 +36,8 @@ void DialogWindow::ShowHelpHere() {
 FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(acts, form, parent) {
   if (form.name() == kAboutForm)
     FillAbout(*this, binding_);
+  else if (IsTablePanel(form))
+    FillTablePanel(*this, binding_);
   else
     FillGrid();
 }

@@ -89,11 +89,13 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   if (room.width() >= minimumWidth() && room.height() >= minimumHeight()) resize(size().boundedTo(room));
   restoreGeometry(settings_.value("Window/geometry").toByteArray());
   splitter_->restoreState(settings_.value("Window/splitter").toByteArray());
+  restoreState(settings_.value("Window/docks").toByteArray());
 }
 
 MainWindow::~MainWindow() {
   settings_.setValue("Window/geometry", saveGeometry());
   settings_.setValue("Window/splitter", splitter_->saveState());
+  settings_.setValue("Window/docks", saveState());
 }
 
 // ---- making ----
@@ -281,6 +283,9 @@ void MainWindow::SyncMenus() {
     const Control& control = s_.main->At(name);
     action->setEnabled(control.enabled);
     action->setVisible(control.visible);
+    if (!control.checkable) continue;
+    action->setCheckable(true);
+    action->setChecked(control.checked);
   }
 }
 
@@ -324,7 +329,7 @@ SheetView* MainWindow::ViewOf(Form& form, const std::string& frame) {
 SheetView* MainWindow::SheetToShow() {
   for (auto at = s_.desk.showing.rbegin(); at != s_.desk.showing.rend(); ++at) {
     Form& form = **at;
-    if (form.modal || &form == s_.main || form.name() == "frmAbout") continue;
+    if (form.modal || !form.dock.empty() || &form == s_.main || form.name() == "frmAbout") continue;
     for (const Control& control : form.controls())
       if (control.kind == Kind::kFrame && control.parent.empty()) return ViewOf(form, control.name);
   }
@@ -375,12 +380,27 @@ void MainWindow::SyncStatus() {
   findings_->setText(QStringList({right, mode}).filter(QRegularExpression(".")).join("  ·  "));
 }
 
+void MainWindow::SyncDocks() {
+  for (const auto& form : s_.desk.forms) {
+    if (form->dock.empty()) continue;
+    DockWindow*& dock = docks_[form->name()];
+    if (dock == nullptr) {
+      if (!form->visible) continue;
+      dock = new DockWindow(acts_, *form, this);
+      if (!restoreDockWidget(dock)) addDockWidget(Qt::BottomDockWidgetArea, dock);
+    }
+    if (form->visible) dock->Sync();
+    if (dock->isHidden() == form->visible) dock->setVisible(form->visible);
+  }
+}
+
 void MainWindow::Sync() {
   setWindowTitle(Q(s_.main->caption));
   SyncMenus();
   SyncTree();
   SyncSheet();
   buttons_->Sync();
+  SyncDocks();
   SyncStatus();
 }
 

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "desktop/acts.h"
+#include "desktop/dock_window.h"
 #include "desktop/sheet_view.h"
 #include "desktop/tree_model.h"
 
@@ -55,6 +56,7 @@ class MainWindow : public QMainWindow {
   void SyncExpansion();
   void SyncSheet();
   void SyncStatus();
+  void SyncDocks();
   SheetView* SheetToShow();
   SheetView* ViewOf(Form& form, const std::string& frame);
   QString Where() const;
@@ -73,6 +75,7 @@ class MainWindow : public QMainWindow {
   QWidget* blank_ = nullptr;
   std::map<std::string, SheetView*> views_;
   std::unique_ptr<FormBinding> buttons_;
+  std::map<std::string, DockWindow*> docks_;  // by the name of the form
   QLabel* path_ = nullptr;
   QLabel* findings_ = nullptr;
 };

@@ -9,7 +9,24 @@
 
 namespace merlu {
 
-enum class Kind { kText, kMasked, kList, kCheck, kOption, kLabel, kButton, kMenu, kListView, kTab, kFrame, kTree };
+class ListModel;
+class GridModel;
+
+enum class Kind {
+  kText,
+  kMasked,
+  kList,
+  kCheck,
+  kOption,
+  kLabel,
+  kButton,
+  kMenu,
+  kListView,
+  kTab,
+  kFrame,
+  kTree,
+  kGrid
+};
 
 // Background of a field: editable, read-only, or flagged by a failed check.
 enum class Back { kWindow, kFace, kFlag };
@@ -24,7 +41,7 @@ struct ControlState {
   int index = -1;                      // chosen item, -1 for none; of a tab the page that shows
   std::vector<bool> page_available{};  // of a tab
 
-  bool checked = false;  // check boxes and option buttons
+  bool checked = false;  // check boxes, option buttons, and menu commands that can be checked
   bool enabled = true;
   bool locked = false;  // shown and copied, not changed
   bool visible = true;
@@ -32,9 +49,20 @@ struct ControlState {
   bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
   std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
 
-  // List views
-  std::vector<std::vector<std::string>> rows;
-  std::vector<int> picked;  // selected rows, counted from 0
+  // Beside a field
+  std::string hint;     // what a save will make of the text
+  std::string was;      // the value of the month before
+  std::string finding;  // the text of the finding under its tag
+  bool copied = false;  // taken over from the month before and not yet confirmed
+
+  std::vector<int> counts{};  // of a tab: the findings on each page; empty while they are not counted
+
+  // List views and grids
+  std::vector<std::vector<std::string>> rows;  // of a list view without a model
+  std::vector<int> picked;                     // selected rows, counted from 0
+  int at_row = -1, at_column = -1;             // the cell in hand; of a list view only the row
+  int sorted_by = -1;                          // column that a click on its head has sorted by
+  bool descending = false;
 
   // Of a rich text box: the text with its looks, and where it is to be read from
   std::shared_ptr<const Document> document{};
@@ -48,9 +76,13 @@ struct Control : ControlState {
   std::string tag;         // the field's short human name; the FieldID of its findings
   bool free_text = false;  // the list takes texts that are no item
 
-  // List views
-  std::vector<std::string> columns;
-  bool many = false;  // several rows can be picked at once
+  // List views and grids
+  std::vector<std::string> columns;  // of a list view
+  bool many = false;                 // several rows can be picked at once
+  std::shared_ptr<ListModel> model;  // of a list view whose rows are read where they are kept
+  std::shared_ptr<GridModel> grid;   // of a grid
+
+  bool checkable = false;  // a menu command that is checked while what it shows is there
 
   // Entry
   int limit = 0;         // most characters that can be typed, 0 for no limit
@@ -66,5 +98,8 @@ struct Control : ControlState {
   std::string beside;  // of a dialog's button: name of the field that it stands behind
   std::string note;    // name of a label control that stands behind the field
 };
+
+// Rows of a list view or a grid, from its model where it has one.
+int RowCount(const Control& control);
 
 }  // namespace merlu

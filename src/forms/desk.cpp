@@ -1,8 +1,11 @@
 #include "forms/desk.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "base/text.h"
+#include "forms/grid_model.h"
+#include "forms/list_model.h"
 
 namespace merlu {
 namespace {
@@ -40,7 +43,8 @@ Form& Desk::Own(std::unique_ptr<Form> form) {
 void Desk::Show(Form& form) {
   Hide(form);
   form.visible = true;
-  showing.push_back(&form);
+  const auto is_dock = [](const Form* other) { return !other->dock.empty(); };
+  showing.insert(form.dock.empty() ? showing.end() : std::find_if_not(showing.begin(), showing.end(), is_dock), &form);
 }
 
 void Desk::Hide(Form& form) {
@@ -51,6 +55,21 @@ void Desk::Hide(Form& form) {
 Form* Desk::Dialog() const {
   const auto found = std::find_if(showing.rbegin(), showing.rend(), [](const Form* form) { return form->modal; });
   return found == showing.rend() ? nullptr : *found;
+}
+
+std::vector<Form*> Desk::LookUpOrder(Form* main) const {
+  std::vector<Form*> order;
+  if (Form* dialog = Dialog()) order.push_back(dialog);
+  for (const bool docks : {false, true})
+    for (auto at = showing.rbegin(); at != showing.rend(); ++at)
+      if (*at != main && !(*at)->modal && (*at)->dock.empty() != docks) order.push_back(*at);
+  if (main != nullptr) order.push_back(main);
+  return order;
+}
+
+int RowCount(const Control& control) {
+  if (control.grid != nullptr) return control.grid->RowCount();
+  return control.model != nullptr ? control.model->RowCount() : static_cast<int>(control.rows.size());
 }
 
 bool IsVisible(const Form& form, const Control& control) {
@@ -153,8 +172,29 @@ std::string Click(Desk& desk, Form& form, std::string_view name) {
   return "";
 }
 
-std::string DoubleClick(Desk& desk, Form& form, std::string_view name) {
-  if (std::string why = WhyNot(desk, form, form.At(name), false); !why.empty()) return why;
+// Why the row, or the cell, is none of the control's; empty when it is.
+std::string WhyNoCell(const Control& control, int row, int column) {
+  if (row < 0 || row >= RowCount(control)) return "has no row " + std::to_string(row);
+  const int columns = control.grid != nullptr ? static_cast<int>(control.grid->Columns().size()) : 0;
+  if (control.grid != nullptr && (column < 0 || column >= columns)) return "has no column " + std::to_string(column);
+  return "";
+}
+
+void MoveTo(Form& form, Control& control, int row, int column) {
+  if (control.at_row == row && control.at_column == column) return;
+  control.at_row = row;
+  control.at_column = column;
+  form.Raise(control.name, Event::kMoved);
+}
+
+std::string DoubleClick(Desk& desk, Form& form, std::string_view name, int row, int column) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  if (row >= 0) {
+    if (std::string why = WhyNoCell(control, row, std::max(column, 0)); !why.empty()) return why;
+    control.picked = {row};
+    MoveTo(form, control, row, control.grid != nullptr ? std::max(column, 0) : -1);
+  }
   form.Raise(name, Event::kDoubleClick);
   return "";
 }
@@ -164,11 +204,54 @@ std::string Pick(Desk& desk, Form& form, std::string_view name, const std::vecto
   if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
   if (rows.size() > 1 && !control.many) return "takes one row at a time";
   for (int row : rows)
-    if (row < 0 || row >= static_cast<int>(control.rows.size())) return "has no row " + std::to_string(row);
+    if (row < 0 || row >= RowCount(control)) return "has no row " + std::to_string(row);
   control.picked.clear();
+  std::unordered_set<int> seen;
   for (int row : rows)
-    if (std::find(control.picked.begin(), control.picked.end(), row) == control.picked.end())
-      control.picked.push_back(row);
+    if (seen.insert(row).second) control.picked.push_back(row);
+  if (control.grid == nullptr) MoveTo(form, control, rows.empty() ? -1 : rows.back(), -1);
+  return "";
+}
+
+std::string Sort(Desk& desk, Form& form, std::string_view name, int column) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  if (control.model == nullptr || !control.model->CanSort()) return "cannot be sorted";
+  if (column < 0 || column >= static_cast<int>(control.columns.size()))
+    return "has no column " + std::to_string(column);
+  control.descending = control.sorted_by == column && !control.descending;
+  control.sorted_by = column;
+  control.model->Sort(column, control.descending);
+  control.picked.clear();
+  control.at_row = -1;
+  form.Raise(name, Event::kSorted);
+  return "";
+}
+
+std::string GoToCell(Desk& desk, Form& form, std::string_view name, int row, int column) {
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  if (control.grid == nullptr) return "is not a grid";
+  if (std::string why = WhyNoCell(control, row, column); !why.empty()) return why;
+  MoveTo(form, control, row, column);
+  return "";
+}
+
+std::string TypeCell(Desk& desk, Form& form, std::string_view name, int row, int column, std::string_view text) {
+  if (std::string why = GoToCell(desk, form, name, row, column); !why.empty()) return why;
+  Control& control = form.At(name);
+  const GridColumn& head = control.grid->Columns()[static_cast<std::size_t>(column)];
+  if (control.grid->Cell(row, column).locked) return "row " + std::to_string(row) + " of " + head.name + " is locked";
+  const bool is_item = std::find(head.items.begin(), head.items.end(), text) != head.items.end();
+  if (!head.items.empty() && !is_item && !head.free_text) return "has no item \"" + std::string(text) + "\"";
+  control.grid->SetCell(
+      row, column, head.limit > 0 ? FirstCharacters(text, static_cast<std::size_t>(head.limit)) : std::string(text));
+  return "";
+}
+
+std::string Paste(Desk& desk, Form& form, std::string_view name, int row, int column, std::string_view text) {
+  if (std::string why = GoToCell(desk, form, name, row, column); !why.empty()) return why;
+  form.At(name).grid->Paste(row, column, CellsOf(text));
   return "";
 }
 

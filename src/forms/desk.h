@@ -20,11 +20,14 @@ struct Desk {
   // The form of that name, made or not shown included; null when there is none.
   Form* Find(std::string_view name) const;
   Form& Own(std::unique_ptr<Form> form);
-  // Puts a form on top of the showing ones.
+  // Puts a form on top of the showing ones; one beside the sheet stands below them all.
   void Show(Form& form);
   void Hide(Form& form);
   // The open dialog on top; null without one.
   Form* Dialog() const;
+  // The order in which a name is looked up on the screen: the open dialog, the sheet, the forms beside it, the
+  // main form.
+  std::vector<Form*> LookUpOrder(Form* main) const;
 };
 
 // Why the user cannot act on the control ("is hidden", "is disabled", "is locked", "is not on the screen");
@@ -50,8 +53,17 @@ std::string Choose(Desk& desk, Form& form, std::string_view control, std::string
 std::string Check(Desk& desk, Form& form, std::string_view control, bool on);
 std::string Page(Desk& desk, Form& form, std::string_view control, int page);
 std::string Click(Desk& desk, Form& form, std::string_view control);
-std::string DoubleClick(Desk& desk, Form& form, std::string_view control);
+// On the row, and in a grid on the cell, that are picked by it; on what is picked without one.
+std::string DoubleClick(Desk& desk, Form& form, std::string_view control, int row = -1, int column = -1);
 std::string Pick(Desk& desk, Form& form, std::string_view control, const std::vector<int>& rows);
+// The head of a list's column: sorts by it, and the other way round at the next click.
+std::string Sort(Desk& desk, Form& form, std::string_view control, int column);
+// Takes a cell of a grid in hand.
+std::string GoToCell(Desk& desk, Form& form, std::string_view control, int row, int column);
+// Types into a cell and leaves it.
+std::string TypeCell(Desk& desk, Form& form, std::string_view control, int row, int column, std::string_view text);
+// Pastes a block of cells: tabs part columns, line ends rows.
+std::string Paste(Desk& desk, Form& form, std::string_view control, int row, int column, std::string_view text);
 
 }  // namespace act
 

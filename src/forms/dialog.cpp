@@ -40,6 +40,20 @@ Control& AddListView(Form& form, const std::string& name, const std::string& cap
   return control;
 }
 
+Control& AddListView(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> columns,
+                     std::shared_ptr<ListModel> model) {
+  Control& control = AddListView(form, name, caption, std::move(columns));
+  control.model = std::move(model);
+  return control;
+}
+
+Control& AddGrid(Form& form, const std::string& name, const std::string& caption, std::shared_ptr<GridModel> model) {
+  Control& control = Add(form, Kind::kGrid, name, caption);
+  control.grid = std::move(model);
+  control.many = true;
+  return control;
+}
+
 Control& AddLabel(Form& form, const std::string& name, const std::string& text) {
   Control& control = Add(form, Kind::kLabel, name, text);
   control.text = text;

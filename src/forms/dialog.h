@@ -1,9 +1,13 @@
 // Building and running dialogs.
 #pragma once
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "forms/desk.h"
+#include "forms/grid_model.h"
+#include "forms/list_model.h"
 #include "forms/platform.h"
 
 namespace merlu {
@@ -13,6 +17,10 @@ Control& AddMasked(Form& form, const std::string& name, const std::string& capti
 Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items);
 // A list of rows; several can be picked.
 Control& AddListView(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> columns);
+// The same with rows that are read from the model.
+Control& AddListView(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> columns,
+                     std::shared_ptr<ListModel> model);
+Control& AddGrid(Form& form, const std::string& name, const std::string& caption, std::shared_ptr<GridModel> model);
 Control& AddLabel(Form& form, const std::string& name, const std::string& text);
 Control& AddButton(Form& form, const std::string& name, const std::string& caption);
 // "OK" and "Cancel", as default and as what Escape presses.

@@ -17,7 +17,8 @@
 
 namespace merlu {
 
-enum class Event { kClick, kDoubleClick, kGotFocus, kLostFocus };
+// kMoved: another cell of a grid, or row of a list view, is in hand. kSorted: the head of a column was clicked.
+enum class Event { kClick, kDoubleClick, kGotFocus, kLostFocus, kMoved, kSorted };
 
 class Form {
  public:
@@ -61,6 +62,7 @@ class Form {
   bool loaded = false;         // its controls hold state
   bool visible = false;        // it is drawn
   bool modal = false;          // shown as a dialog: everything else is covered
+  std::string dock;            // of a form beside the sheet: the menu command that shows and hides it
   std::string front;           // of frames that lie on top of one another: the one in front
   std::string focus;           // control that asked for the focus; the front end takes the request
   std::string default_button;  // Enter presses it

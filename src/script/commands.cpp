@@ -1,10 +1,13 @@
 // The commands of a script.
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 
 #include "base/text.h"
 #include "forms/desk.h"
+#include "forms/grid_model.h"
 #include "script/player.h"
+#include "script/words.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/dialogs.h"
@@ -24,8 +27,16 @@ std::optional<int> WholeNumber(const std::string& text) {
   return number;
 }
 
-bool IsSheet(const Session& s, const Form& form) {
-  return &form != s.main && !form.modal;
+// The text of a pasted block, whose tabs and line ends stand as \t and \n.
+std::string Unescaped(const std::string& text) {
+  std::string plain;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char next = text[at] == '\\' && at + 1 < text.size() ? text[at + 1] : '\0';
+    const char meant = next == 't' ? '\t' : next == 'n' ? '\n' : next == '\\' ? '\\' : '\0';
+    plain += meant == '\0' ? text[at] : meant;
+    if (meant != '\0') ++at;
+  }
+  return plain;
 }
 
 }  // namespace
@@ -39,14 +50,26 @@ struct Player::Command {
 const std::vector<Player::Command>& Player::Commands() {
   constexpr std::size_t kAny = 1000000;
   static const std::vector<Command> commands = {
-      {"start", 0, 1, &Player::Start},          {"answer", 1, kAny, &Player::Answer},
-      {"file", 1, kAny, &Player::File},         {"tree", 0, 0, &Player::ListTree},
-      {"select", 1, 1, &Player::Select},        {"click", 1, 1, &Player::Click},
-      {"dblclick", 1, 1, &Player::DoubleClick}, {"set", 2, 2, &Player::Set},
-      {"pick", 1, kAny, &Player::Pick},         {"get", 1, 1, &Player::Get},
-      {"controls", 0, 1, &Player::Controls},    {"forms", 0, 0, &Player::Forms},
-      {"session", 0, 0, &Player::ShowSession},  {"sql", 1, 1, &Player::Sql},
-      {"clock", 1, 1, &Player::Clock},          {"close", 0, 0, &Player::Close},
+      {"start", 0, 1, &Player::Start},
+      {"answer", 1, kAny, &Player::Answer},
+      {"file", 1, kAny, &Player::File},
+      {"tree", 0, 0, &Player::ListTree},
+      {"select", 1, 1, &Player::Select},
+      {"click", 1, 1, &Player::Click},
+      {"dblclick", 1, 3, &Player::DoubleClick},
+      {"set", 2, 2, &Player::Set},
+      {"pick", 1, kAny, &Player::Pick},
+      {"sort", 2, 2, &Player::Sort},
+      {"cell", 4, 4, &Player::Cell},
+      {"paste", 4, 4, &Player::Paste},
+      {"leave", 0, 0, &Player::Leave},
+      {"get", 1, 1, &Player::Get},
+      {"controls", 0, 1, &Player::Controls},
+      {"forms", 0, 0, &Player::Forms},
+      {"session", 0, 0, &Player::ShowSession},
+      {"sql", 1, 1, &Player::Sql},
+      {"clock", 1, 1, &Player::Clock},
+      {"close", 0, 0, &Player::Close},
   };
   return commands;
 }
@@ -79,11 +102,7 @@ void Player::MakeScreens() {
 
 std::pair<Form*, Control*> Player::Look(const std::string& name) {
   Desk& desk = session_.desk;
-  std::vector<Form*> order;
-  if (Form* dialog = desk.Dialog()) order.push_back(dialog);
-  for (auto at = desk.showing.rbegin(); at != desk.showing.rend(); ++at)
-    if (IsSheet(session_, **at)) order.push_back(*at);
-  if (session_.main != nullptr) order.push_back(session_.main);
+  std::vector<Form*> order = desk.LookUpOrder(session_.main);
   for (const bool made : {false, true}) {
     if (made) MakeScreens();
     for (const auto& form : desk.forms) order.push_back(form.get());
@@ -135,8 +154,54 @@ void Player::Click(const Words& words) {
 
 void Player::DoubleClick(const Words& words) {
   const auto [form, control] = Look(words[1]);
+  if (control->kind != Kind::kListView && control->kind != Kind::kGrid) Fail(control->name + " is not a list");
+  if (words.size() > 3 && control->kind != Kind::kGrid) Fail(control->name + " is not a grid");
+  const int row = words.size() > 2 ? RowOf(*control, words[2]) : -1;
+  const int column = words.size() > 3 ? ColumnOf(*control, words[3]) : -1;
+  Done(control->name, act::DoubleClick(session_.desk, *form, control->name, row, column));
+}
+
+int Player::RowOf(const Control& control, const std::string& word) {
+  const std::optional<int> number = WholeNumber(word);
+  if (number && *number >= 0 && *number < RowCount(control)) return *number;
+  const int row = control.grid != nullptr ? control.grid->FindRow(word) : -1;
+  if (row < 0) Fail(control.name + " has no row " + word);
+  return row;
+}
+
+int Player::ColumnOf(const Control& control, const std::string& word) {
+  const std::optional<int> number = WholeNumber(word);
+  if (number && *number >= 0 && *number < static_cast<int>(control.grid->Columns().size())) return *number;
+  const int column = control.grid->FindColumn(word);
+  if (column < 0) Fail(control.name + " has no column " + word);
+  return column;
+}
+
+void Player::Sort(const Words& words) {
+  const auto [form, control] = Look(words[1]);
   if (control->kind != Kind::kListView) Fail(control->name + " is not a list");
-  Done(control->name, act::DoubleClick(session_.desk, *form, control->name));
+  const auto head = std::find(control->columns.begin(), control->columns.end(), words[2]);
+  const std::optional<int> number = WholeNumber(words[2]);
+  if (head == control->columns.end() && !number) Fail(control->name + " has no column " + words[2]);
+  const int column = head != control->columns.end() ? static_cast<int>(head - control->columns.begin()) : *number;
+  Done(control->name, act::Sort(session_.desk, *form, control->name, column));
+}
+
+void Player::Cell(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  if (control->kind != Kind::kGrid) Fail(control->name + " is not a grid");
+  Done(control->name, WhyNot(session_.desk, *form, *control, false));
+  const int row = RowOf(*control, words[2]), column = ColumnOf(*control, words[3]);
+  Done(control->name, act::TypeCell(session_.desk, *form, control->name, row, column, words[4]));
+}
+
+void Player::Paste(const Words& words) {
+  const auto [form, control] = Look(words[1]);
+  if (control->kind != Kind::kGrid) Fail(control->name + " is not a grid");
+  Done(control->name, WhyNot(session_.desk, *form, *control, false));
+  const int row = RowOf(*control, words[2]), column = ColumnOf(*control, words[3]);
+  const std::string text = Unescaped(SplitWordsKeepingBackslashes(reply_.line)->back());
+  Done(control->name, act::Paste(session_.desk, *form, control->name, row, column, text));
 }
 
 void Player::SetPage(Form& form, Control& tab, const std::string& value) {
@@ -172,10 +237,11 @@ void Player::Set(const Words& words) {
 
 void Player::Pick(const Words& words) {
   const auto [form, control] = Look(words[1]);
-  if (control->kind != Kind::kListView) Fail(control->name + " is not a list");
+  if (control->kind != Kind::kListView && control->kind != Kind::kGrid) Fail(control->name + " is not a list");
   std::vector<int> rows;
   for (std::size_t i = 2; i < words.size(); ++i) {
-    const std::optional<int> row = WholeNumber(words[i]);
+    std::optional<int> row = WholeNumber(words[i]);
+    if (control->grid != nullptr) row = RowOf(*control, words[i]);
     if (!row) Fail("no row number: " + words[i]);
     rows.push_back(*row);
   }
@@ -230,6 +296,11 @@ void Player::Close(const Words&) {
   if (session_.main == nullptr || !session_.main->visible) Fail("no window is open");
   if (session_.desk.Dialog() != nullptr) Fail("frmMain is not on the screen");
   CloseMainWindow(session_);
+}
+
+void Player::Leave(const Words&) {
+  Emit();
+  std::_Exit(failed_ ? 1 : 0);
 }
 
 }  // namespace merlu

@@ -1,6 +1,9 @@
 #include "script/json_views.h"
 
 #include "forms/desk.h"
+#include "forms/grid_model.h"
+#include "forms/list_model.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -19,6 +22,7 @@ const char* KindName(Kind kind) {
     case Kind::kTab: return "tab";
     case Kind::kFrame: return "frame";
     case Kind::kTree: return "tree";
+    case Kind::kGrid: return "grid";
   }
   return "";
 }
@@ -47,6 +51,69 @@ Json LocationJson(const QCLocation& l) {
           {"CmplxID", l.CmplxID}, {"StructID", l.StructID}, {"EquipType", l.EquipType}, {"EquipID", l.EquipID}};
 }
 
+// A member that says something: one at its default is left out.
+void AddSome(Json& json, const char* name, const std::string& text) {
+  if (!text.empty()) json[name] = text;
+}
+void AddSome(Json& json, const char* name, bool flag) {
+  if (flag) json[name] = true;
+}
+
+Json CellJson(const GridCell& cell) {
+  Json json = Json::object();
+  AddSome(json, "text", cell.text);
+  AddSome(json, "locked", cell.locked);
+  if (cell.back != Back::kWindow) json["back"] = BackName(cell.back);
+  AddSome(json, "was", cell.was);
+  AddSome(json, "copied", cell.copied);
+  AddSome(json, "hint", cell.hint);
+  AddSome(json, "finding", cell.finding);
+  return json;
+}
+
+void AddGrid(Json& json, const GridModel& grid) {
+  Json columns = Json::array(), rows = Json::array();
+  for (const GridColumn& column : grid.Columns()) {
+    Json head = {{"name", column.name}, {"caption", column.caption}};
+    AddSome(head, "numeric", column.numeric);
+    if (!column.items.empty()) head["items"] = column.items;
+    columns.push_back(std::move(head));
+  }
+  const int count = static_cast<int>(columns.size());
+  for (int row = 0; row < grid.RowCount(); ++row) {
+    Json cells = Json::array();
+    for (int column = 0; column < count; ++column) cells.push_back(CellJson(grid.Cell(row, column)));
+    rows.push_back({{"key", grid.RowKey(row)}, {"cells", std::move(cells)}});
+  }
+  json["columns"] = std::move(columns);
+  json["rows"] = std::move(rows);
+}
+
+void AddRows(Json& json, const Control& c) {
+  if (c.grid != nullptr) {
+    AddGrid(json, *c.grid);
+  } else {
+    json["columns"] = c.columns;
+    Json rows = Json::array();
+    if (c.model == nullptr) rows = c.rows;
+    for (int row = 0; c.model != nullptr && row < c.model->RowCount(); ++row) {
+      Json cells = Json::array();
+      for (std::size_t column = 0; column < c.columns.size(); ++column)
+        cells.push_back(c.model->Text(row, static_cast<int>(column)));
+      rows.push_back(std::move(cells));
+    }
+    json["rows"] = std::move(rows);
+  }
+  json["picked"] = c.picked;
+}
+
+// The control that has the focus, or asked for it, on the screen that has it.
+std::string FocusOf(const Session& s) {
+  for (const Form* form : s.desk.LookUpOrder(s.main))
+    if (!form->focus.empty()) return form->focus;
+  return "";
+}
+
 }  // namespace
 
 Json ControlJson(const Form& form, const Control& c) {
@@ -63,12 +130,15 @@ Json ControlJson(const Form& form, const Control& c) {
   if (c.kind == Kind::kList || c.kind == Kind::kTab) json["items"] = c.items;
   if (c.kind == Kind::kList) json["index"] = c.index;
   if (checkable) json["checked"] = c.checked;
-  if (c.kind == Kind::kListView) {
-    json["columns"] = c.columns;
-    json["rows"] = c.rows;
-    json["picked"] = c.picked;
-  }
+  if (c.kind == Kind::kMenu && c.checkable) json["checked"] = c.checked;
+  if (c.kind == Kind::kListView || c.kind == Kind::kGrid) AddRows(json, c);
   if (c.kind == Kind::kTab) json["page"] = c.index;
+  if (c.kind == Kind::kTab && !c.counts.empty()) json["counts"] = c.counts;
+  if (!field && !checkable) return json;
+  AddSome(json, "hint", c.hint);
+  AddSome(json, "copied", c.copied);
+  AddSome(json, "finding", c.finding);
+  AddSome(json, "was", c.was);
   return json;
 }
 
@@ -77,6 +147,7 @@ Json TreeJson(const Tree& tree) {
   for (int index : tree.InOrder()) {
     const TreeNode& node = tree.nodes[static_cast<std::size_t>(index)];
     nodes.push_back({{"key", node.key}, {"text", node.text}, {"level", node.depth}, {"expanded", node.expanded}});
+    AddSome(nodes.back(), "hidden", node.hidden);
   }
   return nodes;
 }
@@ -94,6 +165,12 @@ void AddSession(Json& answer, const Session& s) {
   answer["EA_ID_AK"] = s.EA_ID_AK;
   answer["nodeStatus"] = s.node_status;
   answer["status"] = s.status_text;
+  answer["file"] = FileName(s.path);
+  answer["message"] = s.message;
+  answer["findings"] = s.findings;
+  answer["unexplained"] = s.unexplained;
+  answer["checked"] = s.checked;
+  answer["focus"] = FocusOf(s);
 }
 
 Json ValueJson(const Value& value) {
@@ -110,11 +187,13 @@ Json ValueJson(const Value& value) {
 Json BoxJson(const Box& box, Button answer) {
   Json buttons = Json::array();
   for (Button button : box.buttons) buttons.push_back(ButtonName(button));
-  return {{"text", box.text},
-          {"title", box.title},
-          {"icon", IconName(box.icon)},
-          {"buttons", buttons},
-          {"answer", ButtonName(answer)}};
+  Json json = {{"text", box.text},
+               {"title", box.title},
+               {"icon", IconName(box.icon)},
+               {"buttons", buttons},
+               {"answer", ButtonName(answer)}};
+  AddSome(json, "detail", box.detail);
+  return json;
 }
 
 std::string Line(const Json& json) {

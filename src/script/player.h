@@ -81,6 +81,12 @@ class Player : public Platform {
   void Set(const Words& words);
   void SetPage(Form& form, Control& tab, const std::string& value);
   void Pick(const Words& words);
+  void Sort(const Words& words);
+  void Cell(const Words& words);
+  void Paste(const Words& words);
+  // A row or a column of a grid, by its number or its name; fails when there is none.
+  int RowOf(const Control& control, const std::string& word);
+  int ColumnOf(const Control& control, const std::string& word);
   void Get(const Words& words);
   void Controls(const Words& words);
   void Forms(const Words& words);
@@ -88,6 +94,7 @@ class Player : public Platform {
   void Sql(const Words& words);
   void Clock(const Words& words);
   void Close(const Words& words);
+  [[noreturn]] void Leave(const Words& words);
 
   std::istream& in_;
   std::ostream& out_;

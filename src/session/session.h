@@ -73,6 +73,9 @@ struct Session {
   std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;  // rows of the hierarchy cursors
   std::string node_status;  // of the selected structure month: "A", "I" or empty
   std::string status_text;  // what the status bar shows: the path of the selected node
+  std::string message;      // what it last said of an act: "Saved", "Edit dropped"
+  int findings = 0, unexplained = 0;  // of the place, as it shows them
+  bool checked = true;                // false where no run has been since the last save
 
   KnownFindings known_findings;  // of the location that was asked about last
 

@@ -18,6 +18,7 @@ struct TreeNode {
   int parent = -1;
   int depth = 0;
   bool expanded = false;
+  bool hidden = false;        // the filter leaves it out
   std::vector<int> children;  // in the order that shows
 };
 

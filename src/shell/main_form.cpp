@@ -9,6 +9,7 @@
 #include "records/survey_record.h"
 #include "shell/annual_summary.h"
 #include "shell/dialogs.h"
+#include "shell/docks.h"
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
 #include "shell/exchange_dialogs.h"
@@ -29,6 +30,7 @@ struct MenuCommand {
   const char* parent;
   Command run;                 // null for a menu or a separator
   const char* file = nullptr;  // beside the program, that the command shows as help or hands to the system
+  bool checkable = false;      // checked while what it shows is there
 };
 
 void HelpHere(Session& s) {
@@ -61,6 +63,8 @@ constexpr MenuCommand kMenus[] = {
     {"mnuEDelete", "Delete", "mnuEdit", DeleteCurrent},
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
+    {"mnuReview", "&Review", "", nullptr},
+    {"mnuEntry", "E&ntry", "", nullptr},
     {"mnuHelp", "&Help", "", nullptr},
     {"mnuHCurrentScreen", "Current &Screen", "mnuHelp", HelpHere},
     {"mnuHOther", "&Other Screens", "mnuHelp", nullptr},
@@ -130,7 +134,7 @@ void OpenFile(Session& s, const std::string& file) {
 
 void PutMenus(Session& s, Form& main) {
   for (const MenuCommand& menu : kMenus) {
-    Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent});
+    Put(main, Kind::kMenu, menu.name, menu.caption, {menu.parent}).checkable = menu.checkable;
     if (menu.run != nullptr) main.On(menu.name, Event::kClick, [&s, run = menu.run] { run(s); });
     if (menu.file != nullptr) main.On(menu.name, Event::kClick, [&s, file = menu.file] { OpenFile(s, file); });
   }
@@ -171,6 +175,7 @@ void MakeMainForm(Session& s) {
     main.KeepDesign();
   }
   s.main->RestoreDesign();
+  CheckDockCommands(s);
   s.main->caption = "RIMA Pelagic Field Reporting Suite (MERLU-2017)";
   s.main->front = "none";
   s.main->loaded = true;

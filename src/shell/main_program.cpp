@@ -4,6 +4,7 @@
 #include "session/folders.h"
 #include "session/messages.h"
 #include "shell/dialogs.h"
+#include "shell/docks.h"
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
 #include "shell/main_form.h"
@@ -68,6 +69,7 @@ void Main(Session& s) {
   s.desk.Show(*s.main);
   for (Form* form : std::vector<Form*>(s.desk.showing))
     if (form != s.main) s.desk.Show(*form);  // a sheet lies over the main window
+  ReopenDocks(s);
   s.main->focus = "tvwTree";
   ShowSplash(s);
 }

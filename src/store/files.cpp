@@ -52,6 +52,10 @@ void MakeFolder(const std::string& folder) {
   fs::create_directories(folder, error);
 }
 
+std::string FileName(const std::string& path) {
+  return path.substr(path.find_last_of('/') + 1);
+}
+
 std::string WithSeparator(const std::string& folder) {
   return folder.ends_with('/') ? folder : folder + "/";
 }

@@ -12,6 +12,8 @@ bool FileExists(const std::string& path);
 bool CanWriteFolder(const std::string& folder);
 // Makes a folder and what leads to it; silent when it cannot.
 void MakeFolder(const std::string& folder);
+// The name of the file alone.
+std::string FileName(const std::string& path);
 // The folder with a separator at its end.
 std::string WithSeparator(const std::string& folder);
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "forms/dialog.h"
+#include "forms/small_grid.h"
 #include "support/test_run.h"
 
 namespace merlu {
@@ -282,6 +283,116 @@ TEST(ShowDialog, covers_everything_until_it_returns_and_leaves_nothing_behind) {
   EXPECT_FALSE(dialog.loaded);
   EXPECT_EQ(dialog.default_button, "cmdOK");
   EXPECT_EQ(dialog.cancel_button, "cmdCANCEL");
+}
+
+// A list that reads its rows from a model, and a grid, beside one another.
+class Tables : public testing::Test {
+ protected:
+  Tables() {
+    rows->Set({{"b", "2"}, {"a", "1"}, {"c", "3"}});
+    grid->columns = {{"Structure", "Structure"}, {"txtHours", "Hours", true}, {"chkOff", "Off"}};
+    grid->columns[1].limit = 4;
+    grid->columns[2].items = {"off", "on"};
+    for (const char* key : {"k1", "k2"}) grid->rows.emplace_back(key, std::vector<GridCell>(3));
+    for (auto& row : grid->rows) row.second[0].locked = true;
+    AddListView(form, "lvwRows", "", {"Name", "Number"}, rows);
+    AddListView(form, "lvwPlain", "", {"Name"}).rows = {{"x"}};
+    AddGrid(form, "grdCells", "", grid);
+    form.loaded = true;
+    desk.Show(form);
+  }
+  Control& At(const std::string& name) { return form.At(name); }
+
+  Desk desk;
+  Form& form = desk.Own(std::make_unique<Form>("frmTables", "Tables"));
+  std::shared_ptr<RowsModel> rows = std::make_shared<RowsModel>();
+  std::shared_ptr<test::SmallGrid> grid = std::make_shared<test::SmallGrid>();
+};
+
+TEST_F(Tables, count_the_rows_of_the_model) {
+  EXPECT_EQ(RowCount(At("lvwRows")), 3);
+  EXPECT_EQ(RowCount(At("lvwPlain")), 1);
+  EXPECT_EQ(RowCount(At("grdCells")), 2);
+}
+
+TEST_F(Tables, pick_several_rows_that_the_model_has) {
+  EXPECT_EQ(act::Pick(desk, form, "lvwRows", {2, 0, 2}), "");
+  EXPECT_EQ(At("lvwRows").picked, (std::vector<int>{2, 0}));
+  EXPECT_EQ(act::Pick(desk, form, "lvwRows", {3}), "has no row 3");
+  EXPECT_EQ(act::Pick(desk, form, "grdCells", {0, 1}), "");
+  EXPECT_EQ(act::Pick(desk, form, "grdCells", {2}), "has no row 2");
+}
+
+TEST_F(Tables, sort_by_a_head_and_the_other_way_round_at_the_next_click) {
+  At("lvwRows").picked = {1};
+  EXPECT_EQ(act::Sort(desk, form, "lvwRows", 0), "");
+  EXPECT_EQ(rows->Text(0, 0), "a");
+  EXPECT_TRUE(At("lvwRows").picked.empty());
+  EXPECT_EQ(act::Sort(desk, form, "lvwRows", 0), "");
+  EXPECT_EQ(rows->Text(0, 0), "c");
+  EXPECT_EQ(act::Sort(desk, form, "lvwRows", 1), "");
+  EXPECT_EQ(rows->Text(0, 1), "1");
+  EXPECT_EQ(act::Sort(desk, form, "lvwRows", 2), "has no column 2");
+  EXPECT_EQ(act::Sort(desk, form, "lvwPlain", 0), "cannot be sorted");
+}
+
+TEST_F(Tables, double_click_the_row_or_the_cell_that_is_named) {
+  int clicks = 0;
+  form.On("lvwRows", Event::kDoubleClick, [&] { ++clicks; });
+  form.On("grdCells", Event::kDoubleClick, [&] { ++clicks; });
+  EXPECT_EQ(act::DoubleClick(desk, form, "lvwRows", 1), "");
+  EXPECT_EQ(At("lvwRows").picked, (std::vector<int>{1}));
+  EXPECT_EQ(act::DoubleClick(desk, form, "grdCells", 1, 2), "");
+  EXPECT_EQ(At("grdCells").at_row, 1);
+  EXPECT_EQ(At("grdCells").at_column, 2);
+  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(act::DoubleClick(desk, form, "grdCells", 1, 3), "has no column 3");
+  EXPECT_EQ(act::DoubleClick(desk, form, "lvwRows", 3), "has no row 3");
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(Tables, type_into_open_cells_what_their_column_takes) {
+  EXPECT_EQ(act::TypeCell(desk, form, "grdCells", 0, 1, "12345"), "");
+  EXPECT_EQ(grid->Cell(0, 1).text, "1234");
+  EXPECT_EQ(act::TypeCell(desk, form, "grdCells", 0, 0, "x"), "row 0 of Structure is locked");
+  EXPECT_EQ(act::TypeCell(desk, form, "grdCells", 1, 2, "ON"), "has no item \"ON\"");
+  EXPECT_EQ(act::TypeCell(desk, form, "grdCells", 1, 2, "on"), "");
+  EXPECT_EQ(grid->Cell(1, 2).text, "on");
+  EXPECT_EQ(act::TypeCell(desk, form, "lvwRows", 0, 0, "x"), "is not a grid");
+}
+
+TEST_F(Tables, hear_when_another_cell_is_in_hand) {
+  int moves = 0;
+  form.On("grdCells", Event::kMoved, [&] { ++moves; });
+  EXPECT_EQ(act::GoToCell(desk, form, "grdCells", 0, 1), "");
+  EXPECT_EQ(act::GoToCell(desk, form, "grdCells", 0, 1), "");
+  EXPECT_EQ(moves, 1);
+  EXPECT_EQ(act::GoToCell(desk, form, "grdCells", 0, 2), "");
+  EXPECT_EQ(moves, 2);
+}
+
+TEST_F(Tables, paste_a_block_at_a_cell) {
+  EXPECT_EQ(act::Paste(desk, form, "grdCells", 0, 1, "1\ton\n2"), "");
+  ASSERT_EQ(grid->pasted.size(), 1U);
+  EXPECT_EQ(grid->pasted[0], (GridBlock{{"1", "on"}, {"2"}}));
+  EXPECT_EQ(grid->pasted_at.column, 1);
+  form.At("grdCells").enabled = false;
+  EXPECT_EQ(act::Paste(desk, form, "grdCells", 0, 1, "1"), "is disabled");
+  EXPECT_EQ(grid->pasted.size(), 1U);
+}
+
+TEST(Desk, looks_names_up_in_the_dialog_the_sheet_the_docks_and_the_main_form) {
+  Desk desk;
+  const auto make = [&](const char* name) -> Form& { return desk.Own(std::make_unique<Form>(name, name)); };
+  Form &main = make("frmMain"), &sheet = make("frmSheet"), &dock = make("frmDock"), &dialog = make("frmDialog");
+  dock.dock = "mnuDock";
+  dialog.modal = true;
+  for (Form* form : {&main, &sheet, &dialog, &dock}) desk.Show(*form);
+  EXPECT_EQ(desk.showing, (std::vector<Form*>{&dock, &main, &sheet, &dialog}));
+  EXPECT_EQ(desk.LookUpOrder(&main), (std::vector<Form*>{&dialog, &sheet, &dock, &main}));
+  desk.Hide(dialog);
+  desk.Hide(sheet);
+  EXPECT_EQ(desk.LookUpOrder(&main), (std::vector<Form*>{&dock, &main}));
 }
 
 }  // namespace

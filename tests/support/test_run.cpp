@@ -126,12 +126,7 @@ void TestRun::AddMonth() {
 }
 
 std::pair<Form*, Control*> TestRun::Look(const std::string& name) {
-  std::vector<Form*> order;
-  if (Form* dialog = s.desk.Dialog()) order.push_back(dialog);
-  for (auto at = s.desk.showing.rbegin(); at != s.desk.showing.rend(); ++at)
-    if (*at != s.main) order.push_back(*at);
-  if (s.main != nullptr) order.push_back(s.main);
-  for (Form* form : order)
+  for (Form* form : s.desk.LookUpOrder(s.main))
     if (Control* control = form->Find(name)) return {form, control};
   throw std::runtime_error("no control " + name + " on the screen");
 }

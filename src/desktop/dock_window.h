@@ -1,0 +1,26 @@
+// A form beside the sheet, in a window that can be put at any side of the main one, or taken off it.
+#pragma once
+
+#include <QDockWidget>
+
+#include "desktop/binding.h"
+
+namespace merlu {
+
+class DockWindow : public QDockWidget {
+  Q_OBJECT
+ public:
+  DockWindow(Acts& acts, Form& form, QWidget* parent);
+  Form& form() { return binding_.form(); }
+  void Sync();
+
+ protected:
+  // Its own button gives the menu command that hides it.
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  Acts& acts_;
+  FormBinding binding_;
+};
+
+}  // namespace merlu

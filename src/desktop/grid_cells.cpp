@@ -1,0 +1,234 @@
+#include "desktop/grid_cells.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+
+#include <algorithm>
+
+#include "desktop/look.h"
+#include "desktop/model_list.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kAside = 6, kMarkWidth = 9, kCorner = 6;
+
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+QColor Tinted(const QPalette& palette, const QColor& tint) {
+  const QColor ground = palette.color(QPalette::Base);
+  const int share = IsDark(palette) ? 70 : 45;  // of 255
+  const auto mix = [&](int a, int b) { return (a * (255 - share) + b * share) / 255; };
+  return {mix(ground.red(), tint.red()), mix(ground.green(), tint.green()), mix(ground.blue(), tint.blue())};
+}
+
+QColor GroundOf(const QPalette& palette, const GridCell& cell, bool selected) {
+  if (cell.back == Back::kFlag) return kFlagBack;
+  if (selected) return AccentGround(palette);
+  if (cell.copied) return Tinted(palette, Accent(palette));
+  switch (cell.tone) {
+    case Tone::kGood: return Tinted(palette, QColor(40, 160, 80));
+    case Tone::kLook: return Tinted(palette, QColor(230, 160, 20));
+    case Tone::kStop: return Tinted(palette, QColor(220, 50, 50));
+    case Tone::kPlain:
+    case Tone::kQuiet: break;
+  }
+  return cell.locked || cell.back == Back::kFace ? FaceColour(palette) : palette.color(QPalette::Base);
+}
+
+QColor InkOf(const QPalette& palette, const GridCell& cell, bool selected) {
+  if (cell.back == Back::kFlag) return kFlagText;
+  if (selected) return Qt::white;
+  return cell.tone == Tone::kQuiet ? Quiet(palette) : palette.color(QPalette::Text);
+}
+
+}  // namespace
+
+GridAdapter::GridAdapter(const Control& control, QObject* parent)
+    : QAbstractTableModel(parent),
+      grid_(*control.grid),
+      revision_(grid_.Revision()),
+      shape_(grid_.Shape()),
+      rows_(grid_.RowCount()),
+      columns_(static_cast<int>(grid_.Columns().size())) {}
+
+bool GridAdapter::Refresh() {
+  if (shape_ != grid_.Shape()) {
+    beginResetModel();
+    shape_ = grid_.Shape();
+    revision_ = grid_.Revision();
+    rows_ = grid_.RowCount();
+    columns_ = static_cast<int>(grid_.Columns().size());
+    endResetModel();
+    return true;
+  }
+  if (revision_ == grid_.Revision()) return false;
+  revision_ = grid_.Revision();
+  if (rows_ > 0 && columns_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+  return false;
+}
+
+const GridCell& GridAdapter::At(const QModelIndex& index) const {
+  static const GridCell none;
+  // between a change and the next drawing there may be fewer than there were
+  if (shape_ != grid_.Shape()) return none;
+  if (cell_row_ != index.row() || cell_column_ != index.column() || cell_revision_ != grid_.Revision()) {
+    cell_ = grid_.Cell(index.row(), index.column());
+    cell_row_ = index.row();
+    cell_column_ = index.column();
+    cell_revision_ = grid_.Revision();
+  }
+  return cell_;
+}
+
+int GridAdapter::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : rows_;
+}
+
+int GridAdapter::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : columns_;
+}
+
+QVariant GridAdapter::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const GridCell& cell = At(index);
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::AccessibleTextRole: return OneLine(cell.text);
+    case Qt::EditRole: return Q(cell.text);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: {
+      QStringList lines;
+      for (const std::string& line : {cell.finding, cell.hint})
+        if (!line.empty()) lines << Q(line);
+      if (cell.copied) lines << tr("Copied from the month before, not yet confirmed");
+      return lines.isEmpty() ? QVariant() : lines.join('\n');
+    }
+    default: return {};
+  }
+}
+
+QVariant GridAdapter::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical) return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
+  if (section >= columns_ || shape_ != grid_.Shape()) return {};
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return Q(Head(section).caption);
+  return {};
+}
+
+Qt::ItemFlags GridAdapter::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags seen = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+  return index.isValid() && !At(index).locked ? seen | Qt::ItemIsEditable : seen;
+}
+
+// ---- how they look ----
+
+void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const GridCell& cell = adapter_.At(index);
+  const bool numeric = adapter_.Head(index.column()).numeric;
+  const bool selected = option.state & QStyle::State_Selected;
+  const QRect place = option.rect;
+  const QColor ink = InkOf(option.palette, cell, selected);
+  painter->save();
+  painter->fillRect(place, GroundOf(option.palette, cell, selected));
+  painter->setPen(ink);
+  QRect room = place.adjusted(kAside, 0, -kAside, 0);
+  if (cell.back == Back::kFlag || !cell.finding.empty()) {
+    QFont bold = option.font;
+    bold.setBold(true);
+    painter->setFont(bold);
+    painter->drawText(QRect(place.left() + 3, place.top(), kMarkWidth, place.height()), Qt::AlignVCenter, "!");
+    room.setLeft(room.left() + kMarkWidth);
+  }
+  painter->setFont(option.font);
+  const QString text = option.fontMetrics.elidedText(OneLine(cell.text), Qt::ElideRight, room.width());
+  painter->drawText(room, Qt::AlignVCenter | (numeric ? Qt::AlignRight : Qt::AlignLeft), text);
+  if (!cell.was.empty() && numeric) {
+    const int free = room.width() - option.fontMetrics.horizontalAdvance(text) - kAside;
+    QFont small = option.font;
+    small.setPointSizeF(option.font.pointSizeF() * 0.85);
+    painter->setFont(small);
+    painter->setPen(selected || cell.back == Back::kFlag ? ink : Quiet(option.palette));
+    const QString was = Q(cell.was);
+    if (QFontMetrics(small).horizontalAdvance(was) <= free)
+      painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeft, was);
+  }
+  if (!cell.hint.empty() || cell.copied) {
+    const QPoint corner = place.bottomRight() + QPoint(1, 1);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(ink);
+    if (!cell.hint.empty())
+      painter->drawPolygon(QPolygon({corner, corner - QPoint(kCorner, 0), corner - QPoint(0, kCorner)}));
+    if (cell.copied) painter->fillRect(QRect(place.left(), place.top() + 2, 2, place.height() - 4), ink);
+  }
+  if (option.state & QStyle::State_HasFocus) {
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(selected ? option.palette.color(QPalette::Base) : Accent(option.palette), 2));
+    painter->drawRect(place.adjusted(2, 2, -2, -2));
+  }
+  painter->restore();
+}
+
+// ---- editing ----
+
+QWidget* GridCells::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
+  const GridColumn& head = adapter_.Head(index.column());
+  if (head.items.empty()) {
+    auto* line = new QLineEdit(parent);
+    line->setFrame(false);
+    if (head.limit > 0) line->setMaxLength(head.limit);
+    if (head.numeric) line->setAlignment(Qt::AlignRight);
+    line->setAccessibleName(Q(head.caption));
+    return line;
+  }
+  auto* choice = new QComboBox(parent);
+  for (const std::string& item : head.items) choice->addItem(Q(item));
+  choice->setEditable(head.free_text);
+  choice->setAccessibleName(Q(head.caption));
+  return choice;
+}
+
+void GridCells::setEditorData(QWidget* editor, const QModelIndex& index) const {
+  const QString text = Q(adapter_.At(index).text);
+  if (auto* line = qobject_cast<QLineEdit*>(editor)) line->setText(text);
+  if (auto* choice = qobject_cast<QComboBox*>(editor)) {
+    choice->setCurrentIndex(choice->findText(text));
+    if (choice->isEditable()) choice->setEditText(text);
+  }
+}
+
+void GridCells::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
+  QString text;
+  if (const auto* line = qobject_cast<QLineEdit*>(editor)) text = line->text();
+  if (const auto* choice = qobject_cast<QComboBox*>(editor)) text = choice->currentText();
+  if (text.toStdString() != adapter_.At(index).text) emit Typed(index.row(), index.column(), text);
+}
+
+bool GridCells::eventFilter(QObject* editor, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(editor, event);
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const bool back = key->modifiers() & Qt::ShiftModifier, choice = qobject_cast<QComboBox*>(editor) != nullptr;
+  Step step = Step::kRight;
+  switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: step = back ? Step::kUp : Step::kDown; break;
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+      if (choice) return false;
+      step = key->key() == Qt::Key_Up ? Step::kUp : Step::kDown;
+      break;
+    case Qt::Key_Tab: break;
+    case Qt::Key_Backtab: step = Step::kLeft; break;
+    default: return QStyledItemDelegate::eventFilter(editor, event);
+  }
+  auto* widget = static_cast<QWidget*>(editor);
+  emit commitData(widget);
+  emit closeEditor(widget, NoHint);
+  emit Left(step);
+  return true;
+}
+
+}  // namespace merlu

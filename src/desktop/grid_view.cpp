@@ -1,0 +1,242 @@
+#include "desktop/grid_view.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+#include "desktop/model_list.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kAboveAndBelow = 4, kAside = 6, kHeadLines = 3;
+constexpr int kNarrowest = 56, kWidest = 260;
+
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+}  // namespace
+
+GridView::GridView(Acts& acts, Form& form, const Control& control, QWidget* parent)
+    : QTableView(parent), acts_(acts), form_(form), control_(control), adapter_(new GridAdapter(control, this)) {
+  auto* cells = new GridCells(*adapter_, this);
+  setModel(adapter_);
+  setItemDelegate(cells);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed |
+                  QAbstractItemView::DoubleClicked);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  horizontalHeader()->setDefaultAlignment(Qt::Alignment(Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap));
+  horizontalHeader()->setFixedHeight(kHeadLines * fontMetrics().height() + 8);
+  horizontalHeader()->setHighlightSections(false);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 2 * kAboveAndBelow);
+  connect(cells, &GridCells::Typed, this, [this](int row, int column, const QString& text) {
+    acts_.Do([&] { return act::TypeCell(acts_.s.desk, form_, control_.name, row, column, text.toStdString()); });
+  });
+  connect(cells, &GridCells::Left, this, &GridView::Move);
+  connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& at) {
+    acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, control_.name, at.row(), at.column()); });
+  });
+  FitColumns();
+  MakeFixed();
+}
+
+void GridView::Sync() {
+  if (adapter_->Refresh()) {
+    FitColumns();
+    MakeFixed();
+  }
+  const QModelIndex at = adapter_->index(control_.at_row, control_.at_column);
+  if (at.isValid() && at != currentIndex()) {
+    setCurrentIndex(at);
+    scrollTo(at);
+  }
+}
+
+// Room for the caption on a few lines and for a number, at least.
+void GridView::FitColumns() {
+  const QFontMetrics metrics = fontMetrics();
+  for (int column = 0; column < adapter_->columnCount(); ++column) {
+    const GridColumn& head = adapter_->Head(column);
+    int width = std::max(kNarrowest, metrics.horizontalAdvance(head.numeric ? "0000000000" : "0000000"));
+    const QStringList words = Q(head.caption).split(' ');
+    for (const QString& word : words) width = std::max(width, metrics.horizontalAdvance(word));
+    width = std::max(width, metrics.horizontalAdvance(Q(head.caption)) * 10 / (kHeadLines * 8));
+    for (const std::string& item : head.items) width = std::max(width, metrics.horizontalAdvance(Q(item)));
+    for (int row = 0; row < std::min(adapter_->rowCount(), 40); ++row)
+      width = std::max(
+          width, metrics.horizontalAdvance(adapter_->data(adapter_->index(row, column), Qt::DisplayRole).toString()));
+    setColumnWidth(column, std::min(width, kWidest) + 2 * kAside + 4);
+  }
+}
+
+// ---- columns that stay ----
+
+void GridView::MakeFixed() {
+  delete fixed_;
+  fixed_ = nullptr;
+  const int fixed = std::min(control_.grid->FixedColumns(), adapter_->columnCount());
+  if (fixed <= 0) return;
+  fixed_ = new QTableView(this);
+  fixed_->setModel(adapter_);
+  fixed_->setItemDelegate(itemDelegate());
+  fixed_->setSelectionModel(selectionModel());
+  fixed_->setEditTriggers(NoEditTriggers);
+  fixed_->setFocusPolicy(Qt::NoFocus);
+  fixed_->setFrameShape(QFrame::NoFrame);
+  fixed_->setWordWrap(false);
+  fixed_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  fixed_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  fixed_->verticalHeader()->hide();
+  fixed_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  fixed_->verticalHeader()->setDefaultSectionSize(verticalHeader()->defaultSectionSize());
+  fixed_->horizontalHeader()->setFixedHeight(horizontalHeader()->height());
+  fixed_->horizontalHeader()->setDefaultAlignment(horizontalHeader()->defaultAlignment());
+  fixed_->horizontalHeader()->setHighlightSections(false);
+  for (int column = 0; column < adapter_->columnCount(); ++column) {
+    fixed_->setColumnHidden(column, column >= fixed);
+    fixed_->setColumnWidth(column, columnWidth(column));
+  }
+  fixed_->setVerticalScrollMode(verticalScrollMode());
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, fixed_->verticalScrollBar(), &QScrollBar::setValue);
+  connect(fixed_->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
+  connect(fixed_, &QTableView::doubleClicked, this, &QTableView::doubleClicked);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, fixed_, [this](int column, int, int width) {
+    fixed_->setColumnWidth(column, width);
+    PlaceFixed();
+  });
+  connect(fixed_->horizontalHeader(), &QHeaderView::sectionResized, fixed_,
+          [this](int column, int, int width) { setColumnWidth(column, width); });
+  PlaceFixed();
+  fixed_->show();
+}
+
+int GridView::FixedWidth() const {
+  int width = 0;
+  for (int column = 0; fixed_ != nullptr && column < control_.grid->FixedColumns(); ++column)
+    width += columnWidth(column);
+  return width;
+}
+
+void GridView::PlaceFixed() {
+  if (fixed_ == nullptr) return;
+  const QRect place(verticalHeader()->width() + frameWidth(), frameWidth(), FixedWidth(),
+                    viewport()->height() + horizontalHeader()->height());
+  if (fixed_->geometry() != place) fixed_->setGeometry(place);
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  PlaceFixed();
+}
+
+void GridView::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  PlaceFixed();
+}
+
+void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  const int fixed = control_.grid->FixedColumns();
+  if (index.column() < fixed) {
+    // its row alone
+    const int sideways = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(sideways);
+    return;
+  }
+  QTableView::scrollTo(index, hint);
+  const int hidden = FixedWidth() - visualRect(index).left();
+  if (hidden > 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
+}
+
+// ---- acts ----
+
+void GridView::Move(Step step) {
+  const QModelIndex now = currentIndex();
+  if (!now.isValid()) return;
+  const GridPlace next = NextOpenCell(*control_.grid, {now.row(), now.column()}, step);
+  setCurrentIndex(adapter_->index(next.row, next.column));
+}
+
+void GridView::currentChanged(const QModelIndex& now, const QModelIndex& before) {
+  QTableView::currentChanged(now, before);
+  if (acts_.IsDrawing() || !now.isValid()) return;
+  acts_.Do([&] { return act::GoToCell(acts_.s.desk, form_, control_.name, now.row(), now.column()); });
+}
+
+// What is picked are whole rows.
+void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  if (acts_.IsDrawing()) return;
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    if (range.width() == adapter_->columnCount())
+      for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  if (rows == control_.picked) return;
+  acts_.Do([&] { return act::Pick(acts_.s.desk, form_, control_.name, rows); });
+}
+
+void GridView::Copy() const {
+  const QItemSelection selection = selectionModel()->selection();
+  if (selection.isEmpty()) return;
+  QRect block;
+  for (const QItemSelectionRange& range : selection)
+    block |= QRect(range.left(), range.top(), range.width(), range.height());
+  QString text;
+  for (int row = block.top(); row <= block.bottom(); ++row) {
+    QStringList cells;
+    for (int column = block.left(); column <= block.right(); ++column)
+      cells << Q(control_.grid->Cell(row, column).text).replace('\t', ' ').replace('\n', ' ');
+    text += cells.join('\t') + '\n';
+  }
+  QApplication::clipboard()->setText(text);
+}
+
+void GridView::Paste() {
+  const QModelIndex at = currentIndex();
+  const QString text = QApplication::clipboard()->text();
+  if (!at.isValid() || text.isEmpty()) return;
+  acts_.Do([&] { return act::Paste(acts_.s.desk, form_, control_.name, at.row(), at.column(), text.toStdString()); });
+}
+
+void GridView::Clear() {
+  const QModelIndexList cells = selectionModel()->selectedIndexes();
+  const QModelIndex now = currentIndex();
+  for (const QModelIndex& cell : cells)
+    if (!adapter_->At(cell).locked && !adapter_->At(cell).text.empty())
+      acts_.Do([&] { return act::TypeCell(acts_.s.desk, form_, control_.name, cell.row(), cell.column(), ""); });
+  setCurrentIndex(now);
+}
+
+bool GridView::focusNextPrevChild(bool next) {
+  const QModelIndex before = currentIndex();
+  Move(next ? Step::kRight : Step::kLeft);
+  return currentIndex() != before || QTableView::focusNextPrevChild(next);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  const bool back = event->modifiers() & Qt::ShiftModifier;
+  const bool opens = form_.Handles(control_.name, Event::kDoubleClick) && currentIndex().isValid() &&
+                     adapter_->At(currentIndex()).locked;
+  if (event->matches(QKeySequence::Copy)) return Copy();
+  if (event->matches(QKeySequence::Paste)) return Paste();
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (opens) return emit doubleClicked(currentIndex());
+      return Move(back ? Step::kUp : Step::kDown);
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace: return Clear();
+    default: QTableView::keyPressEvent(event);
+  }
+}
+
+}  // namespace merlu

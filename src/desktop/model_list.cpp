@@ -1,0 +1,217 @@
+#include "desktop/model_list.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "desktop/look.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kWidthsSection = "Columns";
+constexpr std::size_t kLongestLine = 300, kLongestTip = 3000;  // characters
+constexpr int kAboveAndBelow = 3, kBetweenColumns = 16;
+constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320;
+
+QString Q(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+// Rows of one height, with the air that other lists have.
+class EvenRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return {QStyledItemDelegate::sizeHint(option, index).width(), option.fontMetrics.height() + 2 * kAboveAndBelow};
+  }
+};
+
+}  // namespace
+
+QString OneLine(const std::string& text) {
+  const std::string first = FirstCharacters(text, kLongestLine);
+  QString line = Q(first);
+  if (first.size() < text.size()) line += QChar(0x2026);
+  for (QChar& c : line)
+    if (c == '\n' || c == '\r' || c == '\t') c = ' ';
+  return line;
+}
+
+ListAdapter::ListAdapter(const Control& control, QObject* parent)
+    : QAbstractTableModel(parent), control_(control), revision_(control.model->Revision()) {
+  rows_ = control.model->RowCount();
+}
+
+bool ListAdapter::Refresh() {
+  if (revision_ == control_.model->Revision()) return false;
+  beginResetModel();
+  revision_ = control_.model->Revision();
+  rows_ = control_.model->RowCount();
+  endResetModel();
+  return true;
+}
+
+int ListAdapter::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : rows_;
+}
+
+int ListAdapter::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(control_.columns.size());
+}
+
+QVariant ListAdapter::data(const QModelIndex& index, int role) const {
+  // between a change and the next drawing rows may be fewer than they were
+  if (!index.isValid() || index.row() >= control_.model->RowCount()) return {};
+  const bool shown = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+  if (!shown && role != Qt::ToolTipRole) return {};
+  const std::string text = control_.model->Text(index.row(), index.column());
+  if (shown) return OneLine(text);
+  return text.empty() ? QVariant() : Q(FirstCharacters(text, kLongestTip)).toHtmlEscaped();
+}
+
+QVariant ListAdapter::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section >= columnCount()) return {};
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role != Qt::DisplayRole) return {};
+  return Q(control_.columns[static_cast<std::size_t>(section)]);
+}
+
+ModelList::ModelList(Acts& acts, Form& form, const Control& control, QString empty_text, QWidget* parent)
+    : QTreeView(parent),
+      acts_(acts),
+      form_(form),
+      control_(control),
+      adapter_(new ListAdapter(control, this)),
+      empty_text_(std::move(empty_text)) {
+  setModel(adapter_);
+  setItemDelegate(new EvenRows(this));
+  setRootIsDecorated(false);
+  setUniformRowHeights(true);
+  setAlternatingRowColors(true);
+  setAllColumnsShowFocus(true);
+  setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
+  header()->setStretchLastSection(true);
+  header()->setSectionsMovable(false);
+  header()->setMinimumSectionSize(kNarrowest);
+  header()->setSectionsClickable(control.model->CanSort());
+  header()->setSortIndicator(-1, Qt::AscendingOrder);
+  header()->setSortIndicatorShown(control.model->CanSort());
+  connect(header(), &QHeaderView::sectionClicked, this,
+          [this](int column) { acts_.Do([&] { return act::Sort(acts_.s.desk, form_, control_.name, column); }); });
+  connect(this, &QTreeView::doubleClicked, this, [this] { Open(); });
+  const QStringList widths = Q(acts.s.platform.Setting(kWidthsSection, control.name)).split(' ', Qt::SkipEmptyParts);
+  chosen_ = widths.size() == adapter_->columnCount();
+  for (int column = 0; chosen_ && column < widths.size(); ++column)
+    setColumnWidth(column, std::clamp(widths[column].toInt(), kNarrowest, kWidest));
+  fitting_ = false;
+  connect(header(), &QHeaderView::sectionResized, this, [this](int column) {
+    // the last column follows the window
+    if (!fitting_ && column + 1 < adapter_->columnCount()) KeepWidths();
+  });
+  FitColumns();
+}
+
+void ModelList::Sync() {
+  const bool changed = adapter_->Refresh();
+  const Qt::SortOrder order = control_.descending ? Qt::DescendingOrder : Qt::AscendingOrder;
+  if (header()->sortIndicatorSection() != control_.sorted_by || header()->sortIndicatorOrder() != order)
+    header()->setSortIndicator(control_.sorted_by, order);
+  if (changed) FitColumns();
+  ShowPicked();
+}
+
+void ModelList::ShowPicked() {
+  QItemSelection wanted;
+  const int rows = adapter_->rowCount(), last = adapter_->columnCount() - 1;
+  for (std::size_t i = 0; i < control_.picked.size();) {
+    const int first = control_.picked[i];
+    int end = first;
+    while (++i < control_.picked.size() && control_.picked[i] == end + 1) ++end;
+    if (end < rows) wanted.select(adapter_->index(first, 0), adapter_->index(end, last));
+  }
+  const QItemSelection now = selectionModel()->selection();
+  if (now == wanted) return;
+  qsizetype selected = 0;
+  for (const QItemSelectionRange& range : now) selected += range.height();
+  if (selected == static_cast<qsizetype>(control_.picked.size()) &&
+      std::all_of(control_.picked.begin(), control_.picked.end(),
+                  [&](int row) { return selectionModel()->isSelected(adapter_->index(row, 0)); }))
+    return;
+  selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect);
+  if (control_.picked.size() != 1 || wanted.isEmpty()) return;
+  const QModelIndex row = adapter_->index(control_.picked.front(), 0);
+  selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
+  scrollTo(row);
+}
+
+void ModelList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTreeView::selectionChanged(selected, deselected);
+  if (acts_.IsDrawing()) return;
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  acts_.Do([&] { return act::Pick(acts_.s.desk, form_, control_.name, rows); });
+}
+
+void ModelList::Open() {
+  acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, control_.name); });
+}
+
+void ModelList::CopyRows() const {
+  std::vector<int> rows = control_.picked;
+  std::sort(rows.begin(), rows.end());
+  QString text;
+  for (const int row : rows) {
+    QStringList cells;
+    for (int column = 0; column < adapter_->columnCount(); ++column)
+      cells << Q(control_.model->Text(row, column)).replace('\t', ' ').replace('\n', ' ');
+    text += cells.join('\t') + '\n';
+  }
+  QApplication::clipboard()->setText(text);
+}
+
+void ModelList::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (event->matches(QKeySequence::Copy)) return CopyRows();
+  if (!enter) return QTreeView::keyPressEvent(event);
+  if (form_.Handles(control_.name, Event::kDoubleClick) && !control_.picked.empty())
+    Open();
+  else
+    event->ignore();  // the dialog's own button
+}
+
+// As wide as what shows, at first; the last column takes the rest.
+void ModelList::FitColumns() {
+  if (chosen_ || fitted_ || adapter_->rowCount() == 0) return;
+  fitted_ = true;
+  fitting_ = true;
+  for (int column = 0; column + 1 < adapter_->columnCount(); ++column) {
+    resizeColumnToContents(column);
+    setColumnWidth(column, std::min(columnWidth(column) + kBetweenColumns, kWidestFitted));
+  }
+  fitting_ = false;
+}
+
+void ModelList::KeepWidths() {
+  chosen_ = true;
+  QStringList widths;
+  for (int column = 0; column < adapter_->columnCount(); ++column) widths << QString::number(columnWidth(column));
+  acts_.s.platform.StoreSetting(kWidthsSection, control_.name, widths.join(' ').toStdString());
+}
+
+void ModelList::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  if (adapter_->rowCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(Quiet(palette()));
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, empty_text_);
+}
+
+}  // namespace merlu

@@ -1,0 +1,14 @@
+// A form around one table: its fields in a row above a list or a grid, labels and buttons below. Docks and the
+// dialogs of grids are laid out so.
+#pragma once
+
+#include "desktop/binding.h"
+
+namespace merlu {
+
+// Whether the form is one: it has a grid, or stands beside the sheet.
+bool IsTablePanel(const Form& form);
+// Lays the controls of the form out in the place, the cancel button last but for the main one.
+void FillTablePanel(QWidget& place, FormBinding& binding);
+
+}  // namespace merlu

@@ -1,0 +1,41 @@
+#include "shell/docks.h"
+
+#include <vector>
+
+namespace merlu {
+namespace {
+
+constexpr const char* kSection = "Docks";
+constexpr const char* kShows = "1";
+
+}  // namespace
+
+void CheckDockCommands(Session& s) {
+  for (const auto& form : s.desk.forms)
+    if (!form->dock.empty()) s.main->At(form->dock).checked = form->visible;
+}
+
+void ShowDock(Session& s, Form& dock, bool show) {
+  if (dock.visible == show) return;
+  dock.loaded = show;
+  if (show)
+    s.desk.Show(dock);
+  else
+    s.desk.Hide(dock);
+  CheckDockCommands(s);
+  s.platform.StoreSetting(kSection, dock.dock, show ? kShows : "");
+}
+
+void ToggleDock(Session& s, Form& dock) {
+  ShowDock(s, dock, !dock.visible);
+}
+
+void ReopenDocks(Session& s) {
+  std::vector<std::string> commands;
+  for (const Control& control : s.main->controls())
+    if (control.checkable && !control.checked && s.platform.Setting(kSection, control.name) == kShows)
+      commands.push_back(control.name);
+  for (const std::string& command : commands) s.main->Raise(command, Event::kClick);
+}
+
+}  // namespace merlu

@@ -1,0 +1,17 @@
+// The forms beside the sheet: each is shown and hidden by its menu command, which is checked while it shows.
+#pragma once
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Shows the dock, or hides it, and keeps that for the next start.
+void ShowDock(Session& s, Form& dock, bool show);
+// What its menu command does.
+void ToggleDock(Session& s, Form& dock);
+// Checks the menu commands of the docks that show and of no others.
+void CheckDockCommands(Session& s);
+// Gives the commands of the docks that showed when the program ended last; they make and show them.
+void ReopenDocks(Session& s);
+
+}  // namespace merlu
