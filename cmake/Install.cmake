@@ -3,12 +3,7 @@ set(MERLU_ICON_SIZES 16 24 32 48 64 128 256)
 install(TARGETS merlu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${CMAKE_BINARY_DIR}/mr.dbt DESTINATION ${MERLU_DATA_DIR})
 
-# The help is made by the build; what it made is known when it is installed.
-install(CODE "
-  file(GLOB help LIST_DIRECTORIES false \"${CMAKE_BINARY_DIR}/*.rtf\" \"${CMAKE_BINARY_DIR}/*.html\")
-  if(help)
-    file(INSTALL DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${MERLU_DATA_DIR}\" TYPE FILE FILES \${help})
-  endif()")
+install(FILES ${help_files} DESTINATION ${MERLU_DATA_DIR})
 
 set(desktop_files ${CMAKE_SOURCE_DIR}/data/desktop)
 install(FILES ${desktop_files}/merlu.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

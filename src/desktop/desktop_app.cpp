@@ -9,7 +9,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QStorageInfo>
 #include <QStyle>
 #include <QTimer>
 #include <QUrl>
@@ -26,6 +25,7 @@
 #include "shell/dialogs.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -237,10 +237,8 @@ void DesktopApp::RunModal(Form& form) {
   connect(qApp, &QCoreApplication::aboutToQuit, &loop, &QEventLoop::quit);
   if (form.visible) loop.exec();
   std::erase(dialogs_, dialog);
-  if (dialog != nullptr) {
-    dialog->hide();
-    dialog->deleteLater();
-  }
+  // its form can be gone by the time that a later deletion comes
+  delete dialog;
 }
 
 // ---- the outside world ----
@@ -270,7 +268,7 @@ std::string DesktopApp::DataFolder() {
 }
 
 std::uint64_t DesktopApp::FreeBytes(const std::string& folder) {
-  return static_cast<std::uint64_t>(std::max<qint64>(0, QStorageInfo(Q(folder)).bytesAvailable()));
+  return merlu::FreeBytes(folder);
 }
 
 void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path,

@@ -59,6 +59,32 @@ bool ElidedLabel::event(QEvent* event) {
   return true;
 }
 
+void TitleLabel::ShowTitle(const QString& text, bool bold) {
+  setText(text);
+  bold_ = bold;
+  Fit();
+}
+
+void TitleLabel::resizeEvent(QResizeEvent* event) {
+  ElidedLabel::resizeEvent(event);
+  Fit();
+}
+
+void TitleLabel::Fit() {
+  constexpr int kLargest = 145, kPlain = 100, kStep = 5;  // percent of plain text
+  const qreal plain = parentWidget()->font().pointSizeF();
+  QFont fitting = font();
+  fitting.setBold(true);
+  fitting.setPointSizeF(plain * kLargest / 100);
+  setFixedHeight(QFontMetrics(fitting).height());
+  fitting.setBold(bold_);
+  for (int size = kLargest; size >= kPlain; size -= kStep) {
+    fitting.setPointSizeF(plain * size / 100);
+    if (QFontMetrics(fitting).horizontalAdvance(text()) <= contentsRect().width()) break;
+  }
+  if (font() != fitting) setFont(fitting);
+}
+
 ListField::ListField(QWidget* parent) : QComboBox(parent) {
   setSizeAdjustPolicy(QComboBox::AdjustToContents);
   setFocusPolicy(Qt::StrongFocus);

@@ -46,6 +46,23 @@ class ElidedLabel : public QLabel {
   QString Shown() const;
 };
 
+// The title of a sheet: as large as its text allows in the room there is, down to the size of plain text. Its height
+// is always that of the largest.
+class TitleLabel : public ElidedLabel {
+  Q_OBJECT
+ public:
+  explicit TitleLabel(QWidget* parent) : ElidedLabel(parent) {}
+  void ShowTitle(const QString& text, bool bold);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Fit();
+
+  bool bold_ = false;
+};
+
 // A list of fixed items, or of items and free text. While locked it shows its text and does not open.
 class ListField : public QComboBox {
   Q_OBJECT

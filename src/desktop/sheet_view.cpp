@@ -58,18 +58,20 @@ void SheetView::MakeBand() {
   auto* grid = new QGridLayout(band);
   grid->setContentsMargins(0, 0, 0, 6);
   grid->setVerticalSpacing(2);
-  title_ = new ElidedLabel(band);
-  title_->setTextFormat(Qt::PlainText);
+  title_ = new TitleLabel(band);
   where_ = new ElidedLabel(band);
   where_->setTextFormat(Qt::PlainText);
   where_->setObjectName("where");
   QPalette quiet = where_->palette();
   quiet.setColor(QPalette::WindowText, Quiet(quiet));
   where_->setPalette(quiet);
-  grid->addWidget(title_, 0, 0);
+  grid->addWidget(title_, 0, 0, 1, 2);
   grid->addWidget(where_, 1, 0);
   grid->setColumnStretch(0, 1);
-  int row = 0;
+  // below the title, which needs all the width that there is
+  auto* remarks = new QHBoxLayout;
+  remarks->setSpacing(12);
+  grid->addLayout(remarks, 1, 1);
   for (const Control& control : binding_.form().controls()) {
     if (control.kind != Kind::kLabel || control.parent != frame_) continue;
     Bound& label = binding_.AddLabel(control, band);
@@ -78,7 +80,7 @@ void SheetView::MakeBand() {
     if (control.name == "lblNoEmissions")
       label.widget->setStyleSheet(QString("QLabel { border: 1px solid %1; border-radius: 9px; padding: 1px 10px; }")
                                       .arg(Line(palette()).name()));
-    grid->addWidget(label.widget, row++, 1, Qt::AlignRight);
+    remarks->addWidget(label.widget);
   }
   binding_.AddFrame(binding_.form().At(frame_), band);
   layout()->addWidget(band);
@@ -86,14 +88,10 @@ void SheetView::MakeBand() {
 
 void SheetView::ShowBand(const QString& where) {
   const Control& frame = binding_.form().At(frame_);
-  QFont font = title_->font();
-  font.setPointSizeF(this->font().pointSizeF() * 1.45);
-  font.setBold(frame.emphasis);
-  title_->setFont(font);
   QPalette colours = palette();
   if (frame.emphasis) colours.setColor(QPalette::WindowText, EditingRed(palette()));
   title_->setPalette(colours);
-  title_->setText(Q(frame.caption));
+  title_->ShowTitle(Q(frame.caption), frame.emphasis);
   where_->setText(where);
 }
 

@@ -41,7 +41,7 @@ class SheetView : public QWidget {
   Acts& acts_;
   FormBinding binding_;
   std::string frame_, tab_;
-  QLabel* title_ = nullptr;
+  TitleLabel* title_ = nullptr;
   QLabel* where_ = nullptr;
   std::string results_;  // name of the list of findings
   int results_page_ = -1;

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <ctime>
-#include <filesystem>
 #include <istream>
 #include <ostream>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "script/words.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -184,9 +184,7 @@ void Player::OpenDocument(const std::string& path) {
 }
 
 std::uint64_t Player::FreeBytes(const std::string& folder) {
-  std::error_code error;
-  const auto space = std::filesystem::space(folder, error);
-  return error ? 0 : space.available;
+  return merlu::FreeBytes(folder);
 }
 
 }  // namespace merlu

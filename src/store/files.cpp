@@ -89,6 +89,12 @@ std::uint64_t FileSize(const std::string& path) {
   return error ? 0 : size;
 }
 
+std::uint64_t FreeBytes(const std::string& folder) {
+  std::error_code error;
+  const fs::space_info space = fs::space(folder, error);
+  return error ? 0 : space.available;
+}
+
 void CompactInto(const std::string& from, const std::string& to) {
   if (FileExists(to)) throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " exists already.");
   // the name is taken when the file is whole, so that a cut never leaves half a file under it

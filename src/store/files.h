@@ -28,6 +28,9 @@ void BringToDisk(const std::string& path);
 // Size in bytes; 0 for a file that is not there.
 std::uint64_t FileSize(const std::string& path);
 
+// What the file system of the folder has left; 0 when it cannot be asked.
+std::uint64_t FreeBytes(const std::string& folder);
+
 // Writes the rows of a database file into a new one, as small as they are, and sees it on the disk. The new
 // file must not exist, and none is left after a failure that began here. kFileAccess and the faults of the
 // store.

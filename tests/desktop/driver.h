@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -29,7 +30,10 @@ class Driver {
     path_ = database.empty() ? CopyTemplate(folder_) : database;
     app = std::make_unique<DesktopApp>(folder_.path("settings.ini"));
     app->StoreSetting("Options", "DBloc", path_);
+    Watch();
   }
+  // For a test that meets all dialogs by itself.
+  void LeaveDialogsToTheTest() { watches_ = false; }
 
   // Runs the steps, each when the dialog or box before it is open; then starts the program.
   void Start() {
@@ -42,11 +46,8 @@ class Driver {
     Settle();
   }
 
-  // The next dialog or box that opens is handed to the step.
-  void OnNextModal(std::function<void(QWidget*)> step) {
-    steps_.push_back(std::move(step));
-    Watch();
-  }
+  // The next dialog or box that opens is handed to the step. One that opens without a step fails the test.
+  void OnNextModal(std::function<void(QWidget*)> step) { steps_.push_back(std::move(step)); }
   void OnNextBox(QMessageBox::StandardButton button = QMessageBox::Ok) {
     OnNextModal([this, button](QWidget* widget) {
       auto* box = qobject_cast<QMessageBox*>(widget);
@@ -158,26 +159,34 @@ class Driver {
   const TemporaryFolder& folder() const { return folder_; }
 
  private:
-  // Looks again whenever the event loop is idle, until a dialog is open for the step.
+  // Looks whenever the event loop is idle for a dialog that nobody has in hand.
   void Watch() {
     QTimer::singleShot(1, &guard_, [this] {
-      if (steps_.empty()) return;
-      QWidget* modal = QApplication::activeModalWidget();
-      if (modal == nullptr || modal == seen_) return Watch();
-      seen_ = modal;
+      Watch();
+      auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (modal == nullptr || !watches_ || std::count(in_hand_.begin(), in_hand_.end(), modal) > 0) return;
+      if (steps_.empty()) return CloseUnexpected(*modal);
       const auto step = std::move(steps_.front());
       steps_.pop_front();
-      if (!steps_.empty()) Watch();
+      in_hand_.emplace_back(modal);
       Settle();
       step(modal);
-      seen_ = nullptr;
+      in_hand_.pop_back();
     });
+  }
+  // What no step waits for would keep the test waiting for ever.
+  void CloseUnexpected(QDialog& modal) {
+    const auto* box = qobject_cast<QMessageBox*>(&modal);
+    ADD_FAILURE() << "a dialog that nobody expected: " << modal.objectName().toStdString() << " \""
+                  << (box == nullptr ? modal.windowTitle() : box->text()).toStdString() << "\"";
+    modal.reject();
   }
 
   TemporaryFolder folder_;
   std::string path_;
   std::deque<std::function<void(QWidget*)>> steps_;
-  QPointer<QWidget> seen_;
+  std::vector<QPointer<QWidget>> in_hand_;  // dialogs whose step is at work
+  bool watches_ = true;
   QObject guard_;  // ends the waiting timers with the driver
 };
 

@@ -1,4 +1,6 @@
 // The exchange dialogs in the real windows.
+#include <gtest/gtest-spi.h>
+
 #include <QHeaderView>
 #include <QTreeWidget>
 
@@ -76,6 +78,17 @@ TEST_F(ExchangeWindow, exports_two_structures_and_imports_one_of_them) {
   EXPECT_EQ(driver->texts, (std::deque<QString>{"Done.", "Done."}));
   EXPECT_EQ(ToInteger(driver->Sql("SELECT COUNT(*) FROM PD_PLATFORM_DESC")), 4);
   EXPECT_EQ(driver->app->session().mode, Mode::kDesc);
+  EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, does_not_wait_for_ever_when_a_box_comes_that_no_test_expects) {
+  driver->OnNextModal([&](QWidget*) {
+    ClickRow("lvwSurveys", 1);
+    driver->Type("txtExportFilename", QString::fromStdString(folder.path("out")));
+    EXPECT_NONFATAL_FAILURE(driver->Click("cmdOK"), "Completed exporting Survey: 02/2017");
+    driver->Click("cmdCANCEL");
+  });
+  driver->Command("mnuFExport");
   EXPECT_TRUE(driver->AllModalsCame());
 }
 

@@ -4,9 +4,11 @@
 
 #include "dark.h"
 #include "desktop/desktop.h"
+#include "support/fonts.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -13,6 +13,7 @@
 #include "driver.h"
 #include "examples.h"
 #include "inventory.h"
+#include "support/fonts.h"
 
 namespace merlu::test {
 namespace {
@@ -234,6 +235,7 @@ class Pictures {
 }  // namespace merlu::test
 
 int main(int argc, char** argv) {
+  merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   merlu::SetUpLook();

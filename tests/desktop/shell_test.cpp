@@ -1,4 +1,6 @@
 // What stands around the sheets: the splash, the keys, the status bar, the wait screen.
+#include <sys/wait.h>
+
 #include <QAction>
 #include <QScreen>
 #include <QScrollBar>
@@ -7,6 +9,8 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <set>
 
@@ -247,6 +251,25 @@ TEST_F(Around, the_sheet_of_keys_lists_them_all_and_opens_from_the_help_menu_or_
   driver_->OnNextModal(look);
   Key("Ctrl+F1");
   EXPECT_EQ(opened, 2);
+}
+
+// ---- no display ----
+
+TEST(WithoutADisplay, the_program_says_so_in_one_line_and_ends_with_2) {
+  const TemporaryFolder folder;
+  const std::string run = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM \"" MERLU_BUILD_FOLDER) +
+                          "/merlu\" --settings \"" + folder.path("settings.ini") + "\" > \"" + folder.path("out") +
+                          "\" 2> \"" + folder.path("error") + "\"";
+  const int status = std::system(run.c_str());
+  ASSERT_TRUE(WIFEXITED(status)) << "it ended by a signal";
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  std::ifstream error(folder.path("error"));
+  std::string line, more;
+  std::getline(error, line);
+  EXPECT_EQ(line,
+            "merlu: there is no display to open a window on; \"merlu script\" works without one, see merlu --help");
+  EXPECT_FALSE(std::getline(error, more)) << more;
+  EXPECT_EQ(std::filesystem::file_size(folder.path("out")), 0u);
 }
 
 // ---- the status bar ----

@@ -134,5 +134,11 @@ TEST_F(Files, that_are_folders_are_not_removed) {
   EXPECT_TRUE(fs::is_directory(folder.path("folder")));
 }
 
+TEST_F(Files, are_told_what_their_file_system_has_left) {
+  EXPECT_GT(FreeBytes(folder.path()), 0u);
+  EXPECT_GT(FreeBytes("/"), 0u);
+  EXPECT_EQ(FreeBytes(folder.path("missing")), 0u);
+}
+
 }  // namespace
 }  // namespace merlu::test
