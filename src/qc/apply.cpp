@@ -71,7 +71,7 @@ void Add(Session& s, const QCLocation& location, const Finding& finding) {
       "INSERT INTO QC (UserID,[Month],[Year],[Level],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
       "VALUES (?,?,?,?,?,?,?,?,?,?,'',?)";
   s.db.ExecuteOn(s.db.ChangesOf("QC"), kInsert,
-                 {Trim(location.UserID), std::int64_t{location.Month}, std::int64_t{location.Year}, location.Level,
+                 {Trim(location.UserID), std::int64_t{s.current.Month}, std::int64_t{s.current.Year}, s.current.Level,
                   Trim(location.CmplxID), Trim(location.StructID), Trim(location.EquipType), Trim(location.EquipID),
                   finding.tag, finding.text, std::string(ModeText(s.mode))});
 }

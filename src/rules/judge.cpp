@@ -10,7 +10,7 @@ void JudgeRule(const Rule& rule, RecordView& view, const Context& context, Verdi
   if (rule.when.holds(view)) {
     if (!rule.check.passed_unless(view))
       judging.Mark(Mark::kPlain);
-    else if (rule.check.run)
+    else
       rule.check.run(judging);
   } else if (rule.otherwise == Otherwise::kWithdraw) {
     judging.WithdrawAny();

@@ -30,7 +30,7 @@ class Judging;  // rules/judge.h
 // What a rule does with its field, and how the catalogue calls it.
 struct CheckSpec {
   std::string name;
-  std::function<void(Judging&)> run;  // null: it checks nothing
+  std::function<void(Judging&)> run;
   double low = 0, high = 0;           // both inclusive
   bool has_low = false, has_high = false;
   bool only_if_filled = false;     // a blank field is not looked at
