@@ -120,7 +120,7 @@ Demands DemandsOn(const FieldSpec& field, const std::vector<RuleGroup>& groups, 
     for (const Rule& rule : group.rules) {
       if (rule.field != field.control || (rule.mode != In::kBoth && rule.mode != field.mode)) continue;
       demands.is_judged = true;
-      if (rule.when.holds && !rule.when.holds(form)) continue;
+      if (!rule.when.holds(form)) continue;
       demands.applies = true;
       if (IsRequirement(rule.check.name)) demands.required = true;
       if (rule.check.has_low) demands.low = std::max(rule.check.low, demands.low.value_or(rule.check.low));
@@ -132,7 +132,7 @@ Demands DemandsOn(const FieldSpec& field, const std::vector<RuleGroup>& groups, 
 
 // A field that the others leave out stays blank, as on paper.
 bool IsLeftOut(const FieldSpec& field, const Demands& demands, const Form& form) {
-  return (demands.is_judged && !demands.applies) || (field.kept_when.holds && !field.kept_when.holds(form));
+  return (demands.is_judged && !demands.applies) || !field.kept_when.holds(form);
 }
 
 Value FreeValue(const FieldSpec& field, const Demands& demands) {

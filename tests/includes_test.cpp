@@ -21,6 +21,7 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"base"},
     {"store", "forms"},
     {"session"},
+    {"rules"},
     {"qc"},
     {"sheets"},
     {"records"},

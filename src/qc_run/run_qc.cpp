@@ -1,6 +1,7 @@
 #include "qc_run/run_qc.h"
 
 #include "qc/qc_log.h"
+#include "qc_run/run_record.h"
 #include "qc_run/walks.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
@@ -29,6 +30,12 @@ void LoadList(Session& s, const QCLocation& location) {
   if (location.Is(level::kSurvey)) LoadSurveyQCList(s);
   if (location.Is(level::kStructure)) LoadStructureQCList(s);
   if (const SheetSpec* sheet = SheetAt(location)) LoadQCList(s, *sheet);
+}
+
+// Findings of descriptions have no month.
+QCLocation Counted(const Session& s, QCLocation location) {
+  if (s.InDesc()) location.Month = location.Year = 0;
+  return location;
 }
 
 void TellResult(Session& s, QCLocation& location, int count, bool silent) {
@@ -62,7 +69,7 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
     const Busy busy(s);
     ShowWait(s, "MERLU", "Running QC ...");
     s.platform.Paint();
-    s.EquipmentInactive = s.StructureInactive = false;
+    s.EquipmentInactive = s.StructureInactive = s.record_checked = false;
     s.db.NoticeOthers();
     if (location.Is(level::kUser)) {
       HideWait(s);
@@ -74,7 +81,7 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
       Run(s, location);
       s.current = saved;
       LoadList(s, saved);
-      count = CountQCErrors(s, saved);
+      count = CountQCErrors(s, Counted(s, saved));
       batch.Commit();
     }
     HideWait(s);

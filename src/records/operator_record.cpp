@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "base/text.h"
-#include "qc/checks.h"
+#include "rules/checks.h"
 #include "records/build.h"
 #include "session/messages.h"
 #include "session/records.h"
@@ -36,7 +36,7 @@ constexpr std::array<OperatorField, 10> kFields = {{
 }};
 
 bool IsBlank(const Form& form, const char* field) {
-  return !IsFilled(form.At(field));
+  return !IsFilled(form.At(field).text);
 }
 
 bool ShowsEmptyMask(const Form& form, const char* field) {

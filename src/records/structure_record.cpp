@@ -13,7 +13,7 @@ namespace merlu {
 namespace {
 
 constexpr const char* kNoDate = "Date of Last QC:          ";
-constexpr const char* kStatus = "chkSTRUCTURE_Status";
+constexpr const char* kStatus = kStructureStatus;
 constexpr const char* kList = "lvwSTRUCTURE_QCResults";
 constexpr const char* kComments = "txtSTRUCTURE_Comments";
 

@@ -21,6 +21,9 @@ void LoadStructureQCList(Session& s);
 
 // The rules of the sheet, by group: fields, sales gas composition, retired findings.
 const std::vector<RuleGroup>& StructureRules();
+// The same with the fields of the sheet looked up.
+const RuleSet& StructureRuleSet();
+inline constexpr const char* kStructureStatus = "chkSTRUCTURE_Status";
 
 struct NewStructure {
   std::string complex, structure, area, block, name;

@@ -1,9 +1,8 @@
 // What the structure's sheet is held to.
 #include "base/numbers.h"
-#include "qc/checks.h"
-#include "qc/qc_log.h"
+#include "records/structure_fields.h"
 #include "records/structure_record.h"
-#include "sheets/rules.h"
+#include "rules/checks.h"
 
 namespace merlu {
 namespace {
@@ -18,40 +17,49 @@ constexpr double kLeastTotal = 99.8, kMostTotal = 100;
 constexpr const char* kGases[] = {"H2S", "O2",  "CO2", "N2",  "C1", "C2", "C3",
                                   "iC4", "nC4", "iC5", "nC5", "C6", "C7", "C8"};
 
-void CheckEquipmentPresence(RuleRun& r) {
-  if (r.form.At("chkSTRUCTURE_Status").checked || HasEquipment(r.s, r.location))
-    ClearQCError(r.s, r.location, kPlatform, kNoEquipment);
-  else
-    AddQCError(r.s, r.location, kPlatform, kNoEquipment);
+// Kept under a name of its own, which no field carries.
+CheckSpec EquipmentPresence() {
+  return Own("EquipmentPresence", kNoEquipment, {kStructureStatus}, [](Judging& j) {
+    j.Under(kPlatform);
+    j.WithoutTip();
+    const bool active = !j.view().IsChecked(j.Other(0));
+    if (active) j.NeedContext();
+    j.Say(active && !j.context().has_equipment, kNoEquipment);
+  });
 }
 
-void CheckSalesGas(RuleRun& r) {
-  double sum = 0;
-  bool any = false;
-  for (const char* gas : kGases) {
-    const Control& part = r.form.At(std::string("txtSTRUCTURE_SalesGas") + gas + "Content");
-    any = any || IsFilled(part);
-    if (IsNumericText(part.text)) sum += LeadingNumber(part.text);
-  }
-  if (!any) return;  // a structure may report no composition at all
-  r.field.text = GeneralNumber(sum);
-  const bool flagged = sum > kMostTotal || sum < kLeastTotal;
-  CheckRequiredRange(r.s, r.location, r.field, kLeastTotal, kMostTotal);
-  // the total is never editable, so a pass must not make it look so
-  if (!flagged) r.field.back = Back::kFace;
+// A structure may report no composition at all; the total is computed, and is no input.
+CheckSpec SalesGasTotal() {
+  std::vector<std::string> parts;
+  for (const char* gas : kGases) parts.push_back(std::string("txtSTRUCTURE_SalesGas") + gas + "Content");
+  const std::string text = RangeText(kLeastTotal, kMostTotal);
+  CheckSpec check = Own("SalesGasTotal", text, parts, [text](Judging& j) {
+    double sum = 0;
+    bool any = false;
+    for (std::size_t i = 0; i < std::size(kGases); ++i) {
+      const int part = j.Other(i);
+      any = any || j.view().IsFilled(part);
+      if (j.view().IsNumeric(part)) sum += j.view().Number(part);
+    }
+    if (!any) return;
+    j.Become(GeneralNumber(sum));
+    JudgeRequiredRange(j, kLeastTotal, kMostTotal, text);
+    if (!(sum > kMostTotal || sum < kLeastTotal)) j.Mark(Mark::kFace);
+  });
+  check.expected = RequiredRange(kLeastTotal, kMostTotal).expected;
+  return check;
 }
 
 // Kept so that rows in files of older versions go away; no rule raises the text any more.
-void WithdrawRetired(RuleRun& r) {
-  ClearQCError(r.s, r.location, r.field.tag, finding::kRetiredSum);
+CheckSpec WithdrawRetired() {
+  return Own("WithdrawRetired", finding::kRetiredSum, {}, [](Judging& j) { j.Withdraw(finding::kRetiredSum); });
 }
 
 // A field that need not be filled looks passed, and an older finding stays until it is filled.
-void CheckExemptWhat(RuleRun& r) {
-  if (r.form.At("cmbMinorSourceExempt").text == "Yes")
-    CheckRequiredMarked(r.s, r.location, r.field);
-  else
-    MarkField(r.s, false, r.field);
+CheckSpec ExemptWhat() {
+  CheckSpec check = PassedUnless(Reads("cmbMinorSourceExempt", {"Yes"}), RequiredMarked());
+  check.text = finding::kBlank;
+  return check;
 }
 
 std::vector<Rule> FieldRules() {
@@ -64,7 +72,7 @@ std::vector<Rule> FieldRules() {
       {6, DESC, "txtSTRUCTURE_Lat", RequiredRange(23, 31)},
       {7, DESC, "txtSTRUCTURE_DistShore", RequiredRange(0, 500)},
       {8, DESC, "txtSTRUCTURE_WaterDepth", RequiredMarked()},
-      {9, DESC, "cmbMinorSourceExemptWhat", Own("CheckRequiredMarked", finding::kBlank, CheckExemptWhat)},
+      {9, DESC, "cmbMinorSourceExemptWhat", ExemptWhat()},
       {1, ACTV, "txtSTRUCTURE_ProdOil", RequiredRange(0, 5000000)},
       {2, ACTV, "txtSTRUCTURE_ProdNG", RequiredRange(0, 20000)},
       {3, ACTV, "txtSTRUCTURE_ThruOil", RequiredRange(0, 5000000)},
@@ -72,7 +80,7 @@ std::vector<Rule> FieldRules() {
       {5, ACTV, "txtSTRUCTURE_TotalFuelUsageNG", RequiredRange(0, 1000000000000)},
       {6, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", RequiredRange(0, 10000)},
       {7, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", RequiredRange(0, 10000000)},
-      {8, ACTV, "chkSTRUCTURE_Status", Own("EquipmentPresence", kNoEquipment, CheckEquipmentPresence)},
+      {8, ACTV, kStructureStatus, EquipmentPresence()},
   };
 }
 
@@ -82,14 +90,25 @@ const std::vector<RuleGroup>& StructureRules() {
   static const std::vector<RuleGroup> groups = {
       {"CheckStructureFields", FieldRules()},
       {"CheckSalesGasComposition",
-       {{1, DESC, "txtSTRUCTURE_SalesGasTotal",
-         Own("SalesGasTotal", RangeText(kLeastTotal, kMostTotal), CheckSalesGas)}}},
+       {{1, DESC, "txtSTRUCTURE_SalesGasTotal", SalesGasTotal()}}},
       {"WithdrawRetiredFindings",
-       {{1, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", Own("WithdrawRetired", finding::kRetiredSum, WithdrawRetired)},
-        {2, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", Own("WithdrawRetired", finding::kRetiredSum, WithdrawRetired)},
-        {3, ACTV, "txtSTRUCTURE_TotalFuelUsageNG", Own("WithdrawRetired", finding::kRetiredSum, WithdrawRetired)}}},
+       {{1, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", WithdrawRetired()},
+        {2, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", WithdrawRetired()},
+        {3, ACTV, "txtSTRUCTURE_TotalFuelUsageNG", WithdrawRetired()}}},
   };
   return groups;
+}
+
+const RuleSet& StructureRuleSet() {
+  static const RuleSet rules(
+      [] {
+        std::vector<RecordField> fields;
+        for (const FieldSpec& field : StructureFields()) fields.push_back({field.control, field.tag});
+        fields.push_back({kStructureStatus, ""});
+        return fields;
+      }(),
+      StructureRules());
+  return rules;
 }
 
 }  // namespace merlu

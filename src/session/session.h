@@ -36,13 +36,6 @@ class Cursors {
 inline constexpr std::size_t kPageMemorySize = 19;  // type numbers 0 to 18
 using PageMemory = std::array<std::uint8_t, kPageMemorySize>;
 
-// Whether a location has findings, as of the store's changes so far: with the next change it is not known.
-struct KnownFindings {
-  QCLocation location;
-  std::int64_t changes = -1;
-  bool any = true;
-};
-
 struct Session {
   explicit Session(Platform& platform) : platform(platform) {}
   Session(const Session&) = delete;
@@ -77,14 +70,13 @@ struct Session {
   int findings = 0, unexplained = 0;  // of the place, as it shows them
   bool checked = true;                // false where no run has been since the last save
 
-  KnownFindings known_findings;  // of the location that was asked about last
-
   // The edit
   bool editing = false;
   bool save_failed = false;  // a save or the first-run dialog was not carried through
   bool InSaveQC = false;     // the QC run is the one that the save began
   bool EquipmentInactive = false;
   bool StructureInactive = false;
+  bool record_checked = false;  // the last run judged the whole record that it was started at
   PageMemory last_page_desc{}, last_page_actv{};  // by type number
 
   // The tree

@@ -1,9 +1,7 @@
 // Amine unit: the composition of the unprocessed gas with its total, the inputs of the emissions model, and
 // where the vented gas goes.
 #include "base/numbers.h"
-#include "qc/checks.h"
 #include "qc/qc_log.h"
-#include "session/records.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/units.h"
 
@@ -24,6 +22,7 @@ constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 constexpr const char* kRecovery = "Sulfur Recovery (SR)";
 constexpr const char* kBothTechnologies = "SR + VR/C";
 constexpr double kLeastTotal = 99.8, kMostTotal = 100;
+constexpr double kMostHours = 744;
 
 // In the order of the sum and of the rules.
 constexpr const char* kConcentrations[] = {"ConcNGH2S", "ConcMethane", "ConcEthane", "ConcC3HC", "ConcC4HC", "ConcC5HC",
@@ -31,54 +30,61 @@ constexpr const char* kConcentrations[] = {"ConcNGH2S", "ConcMethane", "ConcEtha
 
 std::string TextBox(const char* field) { return std::string("txtAMI_") + field; }
 
-Condition ModelInputs() {
-  return {std::string(kModel) + " is set", [](const Form& form) { return form.At(kModel).checked; }};
-}
+Condition ModelInputs() { return IsSet(kModel); }
 
 // The check while there is a flash tank; without one the field looks passed and its finding stays.
-CheckSpec WithFlashTank(const CheckSpec& check) {
-  CheckSpec wrapped = check;
-  wrapped.run = [check](RuleRun& r) {
-    if (r.form.At(kFlashTank).text == "Yes")
-      check.run(r);
-    else
-      MarkField(r.s, false, r.field);
-  };
-  return wrapped;
+CheckSpec WithFlashTank(CheckSpec check) { return PassedUnless(Reads(kFlashTank, {"Yes"}), std::move(check)); }
+
+// Told with the flash tank's condition, which its check tests.
+Condition WithModelAndFlashTank() {
+  Condition model = ModelInputs();
+  model.words += " (and " + Reads(kFlashTank, {"Yes"}).words + ")";
+  return model;
 }
 
-Condition WithModelAndFlashTank() { return {ModelInputs().words + " (and " + kFlashTank + " reads \"Yes\")", ModelInputs().holds}; }
+constexpr const char* kOverThroughput = "Value exceeds N.G. throughput for structure";
+constexpr const char* kZeroHours = "Zero hours for active equipment";
 
 // A plain finding beside the range's mark; nothing without the structure's month.
-void CheckThroughputOfStructure(RuleRun& r) {
-  if (!IsFilled(r.field) || !FindStructureRecord(r.s)) return;
+void CheckThroughputOfStructure(Judging& j) {
+  if (!j.IsFilled() || !j.HasMonth()) return;
   // in full precision, unlike the other sheets' totals
-  const double total = ToNumber(r.s.At("PA_PLATFORM_ACTV").Field("THRU_NG"));
-  const bool over = LeadingNumber(r.field.text) > total && RoundHalfToEven(total) != 0;
-  Judge(r.s, r.location, r.field, over, "Value exceeds N.G. throughput for structure");
+  const double total = j.context().totals[static_cast<std::size_t>(Total::kThroughputGas)];
+  j.Say(j.Number() > total && RoundHalfToEven(total) != 0, kOverThroughput);
 }
+
+// Equipment that processed something in the month.
+Condition IsActive() { return Both(IsOff("chkAMI_Status"), IsOverZero(kThroughput)); }
 
 // Runs only on hours that passed their own check.
-void CheckZeroHours(RuleRun& r) {
-  const double hours = LeadingNumber(r.field.text);
-  if (!IsFilled(r.field) || hours < 0 || hours > 744) return;
-  const Control& throughput = r.form.At(kThroughput);
-  const bool active = !r.form.At("chkAMI_Status").checked && IsFilled(throughput) && LeadingNumber(throughput.text) > 0;
-  const bool failed = active && !(hours > 0);
-  Judge(r.s, r.location, r.field, failed, "Zero hours for active equipment");
-  if (failed) MarkField(r.s, true, r.field);
+CheckSpec ZeroHours() {
+  const auto check = [active = IsActive().holds](Judging& j) {
+    const double hours = j.Number();
+    if (!j.IsFilled() || hours < 0 || hours > kMostHours) return;
+    const bool failed = active(j.view()) && !(hours > 0);
+    j.Say(failed, kZeroHours);
+    if (failed) j.Mark(Mark::kFlag);
+  };
+  return When("the field is filled and in its range, chkAMI_Status is off, and txtAMI_TotalGasThru is filled and over 0",
+              Own("ZeroHours", kZeroHours, {"chkAMI_Status", kThroughput}, check));
 }
 
-void CheckTotal(RuleRun& r) {
-  double sum = 0;
-  for (const char* name : kConcentrations) {
-    const std::string& text = r.form.At(TextBox(name)).text;
-    if (IsNumericText(text)) sum += LeadingNumber(text);
-  }
-  r.field.text = GeneralNumber(sum);
-  const bool marked = sum < kLeastTotal || sum > kMostTotal;
-  CheckRequiredRange(r.s, r.location, r.field, kLeastTotal, kMostTotal);
-  if (!marked) r.field.back = Back::kFace;  // it is no input
+// The total is computed, and is no input.
+CheckSpec ConcentrationTotal() {
+  std::vector<std::string> parts;
+  for (const char* name : kConcentrations) parts.push_back(TextBox(name));
+  const auto check = [text = RangeText(kLeastTotal, kMostTotal)](Judging& j) {
+    double sum = 0;
+    for (std::size_t i = 0; i < std::size(kConcentrations); ++i)
+      if (j.view().IsNumeric(j.Other(i))) sum += j.view().Number(j.Other(i));
+    j.Become(GeneralNumber(sum));
+    JudgeRequiredRange(j, kLeastTotal, kMostTotal, text);
+    if (!(sum < kLeastTotal || sum > kMostTotal)) j.Mark(Mark::kFace);
+  };
+  CheckSpec total = RequiredRange(kLeastTotal, kMostTotal);
+  total.reads = parts;
+  total.run = check;
+  return total;
 }
 
 FieldSpec Concentration(const char* field, const char* caption, const char* tag, const char* column) {
@@ -210,18 +216,13 @@ std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
       {1, ACTV, kThroughput, RequiredRange(0, 15500)},
       {2, ACTV, kThroughput, When("the field is filled and the structure's month is found",
-                             Own("WithinStructureTotal", "Value exceeds N.G. throughput for structure", CheckThroughputOfStructure))},
+                             Own("WithinStructureTotal", kOverThroughput, {}, CheckThroughputOfStructure))},
       {3, ACTV, kHours, RequiredRange(0, 744)},
-      {4, ACTV, kHours, When("the field is filled and in its range, chkAMI_Status is off, and txtAMI_TotalGasThru is filled and over 0",
-                       Own("ZeroHours", "Zero hours for active equipment", CheckZeroHours))},
+      {4, ACTV, kHours, ZeroHours()},
   };
   int order = 4;
   for (const char* name : kConcentrations) rules.push_back({++order, DESC, TextBox(name), RequiredRange(0, 100)});
-  CheckSpec total = Own("CheckRequiredRange", "", CheckTotal);
-  total.low = kLeastTotal;
-  total.high = kMostTotal;
-  total.has_low = total.has_high = true;
-  rules.push_back({++order, DESC, kTotal, total});
+  rules.push_back({++order, DESC, kTotal, ConcentrationTotal()});
   return rules;
 }
 

@@ -22,20 +22,16 @@ const std::vector<std::string> kMonthlyOilSet = {"txtBOI_FuelUsageRateOil", "txt
 Condition OilFuel() { return Reads(kFuel, kOilFuels); }
 Condition GasFuel() { return ReadsNone(kFuel, kOilFuels); }
 
-// Column of the structure's month that the fuel is counted in; gas fuels other than natural gas have none.
-std::string TotalColumn(const Form& form) {
-  const std::string& fuel = form.At(kFuel).text;
-  if (fuel == "Natural Gas") return "TOT_FUEL_USE_NG";
-  return fuel == "Diesel" ? "TOT_FUEL_USE_DIE" : "";
+// What the structure's month counts the fuel in; gas fuels other than natural gas have none.
+CheckSpec WithinFuelTotal() {
+  return WithinStructureTotal("Value exceeds total fuel used for structure", kFuel,
+                              {{"Natural Gas", Total::kFuelGas}, {"Diesel", Total::kFuelDiesel}});
 }
 
 // The month's values of the other set are not shown, and the next save writes Null over them.
-void EmptyOtherSet(Session&, Form& form) {
-  if (OilFuel().holds(form)) {
-    form.At(kTotalGas).text.clear();
-  } else {
-    for (const std::string& field : kMonthlyOilSet) form.At(field).text.clear();
-  }
+FieldSpec While(const Condition& fuel, FieldSpec field) {
+  field.shown_when = fuel;
+  return field;
 }
 
 void AddFields(SheetSpec& sheet) {
@@ -64,9 +60,9 @@ void AddFields(SheetSpec& sheet) {
   });
   sheet.Add(0, "Monthly activity", {
       Number(ACTV, "txtBOI_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-      Number(ACTV, kTotalGas, "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
-      Number(ACTV, "txtBOI_FuelUsageRateOil", "Average Fuel Usage Oil (lb/hr):", "Average Fuel Usage", "FUEL_USE_RATE_OIL"),
-      Number(ACTV, "txtBOI_TotalFuelUsedOil", "Total Fuel Used Oil (lb):", "Total Fuel Used", "TOT_FUEL_USE_OIL"),
+      While(GasFuel(), Number(ACTV, kTotalGas, "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE")),
+      While(OilFuel(), Number(ACTV, "txtBOI_FuelUsageRateOil", "Average Fuel Usage Oil (lb/hr):", "Average Fuel Usage", "FUEL_USE_RATE_OIL")),
+      While(OilFuel(), Number(ACTV, "txtBOI_TotalFuelUsedOil", "Total Fuel Used Oil (lb):", "Total Fuel Used", "TOT_FUEL_USE_OIL")),
   });
 }
 
@@ -103,7 +99,7 @@ std::vector<Rule> FieldRules() {
       {10, DESC, "txtBOI_FuelH2SContent", RequiredRange(0, 2000), GasFuel(), kStays},
       {11, DESC, "txtBOI_FuelUsageRate", RequiredRange(0, 400000), GasFuel(), kStays},
       {12, ACTV, kTotalGas, RequiredRange(0, 300000000), GasFuel(), kStays},
-      {13, ACTV, kTotalGas, WithinStructureTotal("Value exceeds total fuel used for structure", TotalColumn)},
+      {13, ACTV, kTotalGas, WithinFuelTotal()},
       {14, ACTV, "txtBOI_HrsOperated", RequiredRange(0, 744)},
       {15, DESC, "txtBOI_HeatInputRate", RequiredRange(0, 600)},
       {16, DESC, "txtBOI_MaxRatedHeatInputRate", RequiredRange(0.1, 600)},
@@ -125,7 +121,6 @@ SheetSpec Boiler() {
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = "txtBOI_HrsOperated";
   sheet.focus_desc = "txtBOI_HeatInputRate";
-  sheet.after_monthly_load = EmptyOtherSet;
   AddFields(sheet);
   AddEnablings(sheet);
 

@@ -13,11 +13,10 @@ constexpr const char* kTotal = "txtDIE_TotalFuelUsed";
 Condition Gasoline() { return Reads(kFuel, {"Gasoline"}); }
 Condition OtherFuel() { return ReadsNone(kFuel, {"Gasoline"}); }
 
-// Column of the structure's month that the fuel is counted in; waste oil has none.
-std::string TotalColumn(const Form& form) {
-  const std::string& fuel = form.At(kFuel).text;
-  if (fuel == "Gasoline") return "TOT_FUEL_USE_GAS";
-  return fuel == "Diesel" ? "TOT_FUEL_USE_DIE" : "";
+// What the structure's month counts the fuel in; waste oil has none.
+CheckSpec WithinFuelTotal() {
+  return WithinStructureTotal("Value exceeds total fuel used for structure", kFuel,
+                              {{"Gasoline", Total::kFuelGasoline}, {"Diesel", Total::kFuelDiesel}});
 }
 
 void AddFields(SheetSpec& sheet) {
@@ -58,7 +57,7 @@ std::vector<Rule> FieldRules() {
       {11, ACTV, "txtDIE_HrsOperated", RequiredRange(0, 744)},
       {12, ACTV, kTotal, RequiredRange(0, 10000), Gasoline(), kStays},
       {12, ACTV, kTotal, RequiredRange(0, 350000), OtherFuel(), kStays},
-      {13, ACTV, kTotal, WithinStructureTotal("Value exceeds total fuel used for structure", TotalColumn)},
+      {13, ACTV, kTotal, WithinFuelTotal()},
   };
 }
 

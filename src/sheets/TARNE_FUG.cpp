@@ -1,7 +1,5 @@
 // Fugitives: what leaks on a structure, in one stream. The one type without activity: no month, no status,
 // no date of last QC.
-#include "base/numbers.h"
-#include "qc/checks.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/units.h"
 
@@ -58,18 +56,23 @@ bool DoesNotMatch(const std::string& size, float total) {
   return size == kLarge && total < 10000;
 }
 
-void CheckSize(RuleRun& r) {
-  double total = 0;
-  const auto add = [&](std::size_t from, std::size_t behind) {
-    for (std::size_t i = from; i < behind; ++i) total += LeadingNumber(r.form.At(TextBox(kCounts[i])).text);
-  };
-  // the seals of compressors come first, which shows in sums of very large numbers
-  add(kFirstSeal, kBehindSeals);
-  add(0, kFirstSeal);
-  add(kBehindSeals, std::size(kCounts));
-  const bool failed = DoesNotMatch(r.field.text, static_cast<float>(total));
-  Judge(r.s, r.location, r.field, failed, "Facility Size doesn't match inventory");
-  if (failed) MarkField(r.s, true, r.field);
+CheckSpec SizeMatches() {
+  constexpr const char* kText = "Facility Size doesn't match inventory";
+  std::vector<std::string> counts;
+  for (const Count& count : kCounts) counts.push_back(TextBox(count));
+  return Own("FacilitySize", kText, counts, [](Judging& j) {
+    double total = 0;
+    const auto add = [&](std::size_t from, std::size_t behind) {
+      for (std::size_t i = from; i < behind; ++i) total += j.view().Number(j.Other(i));
+    };
+    // the seals of compressors come first, which shows in sums of very large numbers
+    add(kFirstSeal, kBehindSeals);
+    add(0, kFirstSeal);
+    add(kBehindSeals, std::size(kCounts));
+    const bool failed = DoesNotMatch(j.Text(), static_cast<float>(total));
+    j.Say(failed, kText);
+    if (failed) j.Mark(Mark::kFlag);
+  });
 }
 
 void AddFields(SheetSpec& sheet) {
@@ -118,7 +121,7 @@ std::vector<Rule> FieldRules() {
   };
   int order = 6;
   for (const Count& count : kCounts) rules.push_back({++order, BOTH, TextBox(count), AtLeast(0)});
-  rules.push_back({25, BOTH, kSize, Own("FacilitySize", "Facility Size doesn't match inventory", CheckSize)});
+  rules.push_back({25, BOTH, kSize, SizeMatches()});
   rules.push_back({26, BOTH, kMonths, Required(Marks::kEither), Reads(kInspected, {"Yes"}), Otherwise::kWithdrawBlank});
   rules.push_back({27, BOTH, kMethod, Required(Marks::kEither), Reads(kInspected, {"Yes"}), Otherwise::kWithdrawBlank});
   return rules;

@@ -56,7 +56,7 @@ void LockFlashTank(Session&, Form& form) {
 std::vector<Rule> FieldRules() {
   return {
       {1, DESC, "cmbGLY_Disposition", Required(Marks::kEither)},
-      {2, ACTV, kThroughput, RequiredRangeWithinTotal(0, 15500, "THRU_NG", "Value exceeds N.G. throughput for structure")},
+      {2, ACTV, kThroughput, RequiredRangeWithinTotal(0, 15500, Total::kThroughputGas, "Value exceeds N.G. throughput for structure")},
       {3, DESC, "txtGLY_WetGasT", RequiredRange(32, 200)},
       {4, DESC, "txtGLY_WetGasP", RequiredRange(1, 5000)},
       {5, DESC, kFlashTank, Required(Marks::kEither)},

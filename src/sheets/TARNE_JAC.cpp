@@ -8,10 +8,6 @@ namespace {
 constexpr In ACTV = In::kActv;
 constexpr const char* kOver = "Value exceeds total fuel used for structure";
 
-CheckSpec WithinTotal(const char* column) {
-  return WithinStructureTotal(kOver, [column](const Form&) { return std::string(column); });
-}
-
 SheetSpec Drilling() {
   SheetSpec sheet;
   sheet.type = "DRI";
@@ -41,9 +37,9 @@ SheetSpec Drilling() {
       {2, ACTV, "txtJAC_DieselUsage", RequiredMarked()},
       {3, ACTV, "txtJAC_GasolineUsage", RequiredMarked()},
       {4, ACTV, "txtJAC_NGUsage", RequiredMarked()},
-      {5, ACTV, "txtJAC_DieselUsage", WithinTotal("TOT_FUEL_USE_DIE")},
-      {6, ACTV, "txtJAC_GasolineUsage", WithinTotal("TOT_FUEL_USE_GAS")},
-      {7, ACTV, "txtJAC_NGUsage", WithinTotal("TOT_FUEL_USE_NG")},
+      {5, ACTV, "txtJAC_DieselUsage", WithinStructureTotal(kOver, Total::kFuelDiesel)},
+      {6, ACTV, "txtJAC_GasolineUsage", WithinStructureTotal(kOver, Total::kFuelGasoline)},
+      {7, ACTV, "txtJAC_NGUsage", WithinStructureTotal(kOver, Total::kFuelGas)},
   }}, {"CheckJACExhaust", ExhaustRules(exhaust)}};
   AddOtherControl(sheet, {.letters = "JAC", .page = 2, .description_tag = "Other Control Equipment Descript."});
   return sheet;

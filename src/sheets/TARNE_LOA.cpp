@@ -36,7 +36,7 @@ void AddFields(SheetSpec& sheet) {
 // The rules of the description run in both modes; a finding belongs to the mode of its run.
 std::vector<Rule> FieldRules() {
   return {
-      {1, ACTV, "txtLOA_VolLoaded", RequiredRangeWithinTotal(0, 5000000, "THRU_OIL", "Value exceeds crude oil throughput for structure")},
+      {1, ACTV, "txtLOA_VolLoaded", RequiredRangeWithinTotal(0, 5000000, Total::kThroughputOil, "Value exceeds crude oil throughput for structure")},
       {2, BOTH, "txtLOA_EquipElev", RequiredRange(10, 350)},
       {3, BOTH, "cmbLOA_TankPaintColor", Required(Marks::kEither)},
       {4, BOTH, "cmbLOA_TankPaintCondition", Required(Marks::kEither)},

@@ -1,5 +1,5 @@
 // Mud degassing.
-#include "sheets/rules.h"
+#include "rules/checks.h"
 #include "sheets/units.h"
 
 namespace merlu {

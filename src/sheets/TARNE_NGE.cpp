@@ -53,7 +53,7 @@ std::vector<Rule> FieldRules() {
       {11, DESC, "txtNGE_OperatingHP", NotOver("txtNGE_MaxHP", "Operating Horsepower exceeds Max Rated Horsepower")},
       {12, DESC, "txtNGE_FuelUsageRate", NotOver("txtNGE_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
       {13, ACTV, "txtNGE_TotalFuelUsed",
-       RequiredRangeWithinTotal(0, 120000, "TOT_FUEL_USE_NG", "Value exceeds N.G. usage for structure")},
+       RequiredRangeWithinTotal(0, 120000, Total::kFuelGas, "Value exceeds N.G. usage for structure")},
   };
 }
 

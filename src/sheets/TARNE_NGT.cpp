@@ -1,7 +1,6 @@
 // Natural gas, diesel or dual-fuel turbine. The gas set of fields is required, the diesel set is checked
 // only where it is filled in.
 #include "base/numbers.h"
-#include "qc/checks.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/units.h"
 
@@ -15,12 +14,12 @@ constexpr const char* kOverGas = "Value exceeds N.G. usage for structure";
 
 // As NotOver, but a blank limit counts as 0 and a blank field withdraws the finding.
 CheckSpec DieselNotOver(const std::string& other, const std::string& text) {
-  const auto check = [=](RuleRun& r) {
-    const bool failed = IsFilled(r.field) && WholeNumber(r.field.text) > WholeNumber(r.form.At(other).text);
-    Judge(r.s, r.location, r.field, failed, text);
-    if (failed) MarkField(r.s, true, r.field);
+  const auto check = [text](Judging& j) {
+    const bool failed = j.IsFilled() && WholeNumber(j.Text()) > WholeNumber(j.view().Text(j.Other(0)));
+    j.Say(failed, text);
+    if (failed) j.Mark(Mark::kFlag);
   };
-  return When("the field is filled", Own("DieselNotOver " + other, text, check));
+  return When("the field is filled", Own("DieselNotOver " + other, text, {other}, check));
 }
 
 void AddGasFields(SheetSpec& sheet) {
@@ -66,10 +65,10 @@ void AddDieselFields(SheetSpec& sheet) {
 std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
       {1, ACTV, "txtNGT_HrsOperated", RequiredRange(0, 744)},
-      {2, ACTV, "txtNGT_TotalFuelUsed", RequiredRangeWithinTotal(0, 500000, "TOT_FUEL_USE_NG", kOverGas)},
+      {2, ACTV, "txtNGT_TotalFuelUsed", RequiredRangeWithinTotal(0, 500000, Total::kFuelGas, kOverGas)},
       {3, ACTV, "txtNGT_HrsOperated_Diesel", RequiredRangeIfFilled(0, 744)},
       // gallons of diesel are held against the structure's natural gas
-      {4, ACTV, "txtNGT_TotalFuelUsed_Diesel", RangeWithinTotalIfFilled(0, 2400000, "TOT_FUEL_USE_NG", kOverGas)},
+      {4, ACTV, "txtNGT_TotalFuelUsed_Diesel", RangeWithinTotalIfFilled(0, 2400000, Total::kFuelGas, kOverGas)},
   };
   for (const char* set : {"", "_Diesel"})
     for (const char* field : {"OperatingHP", "MaxHP", "FuelUsageRate", "MaxRatedFuelUsage"})

@@ -1,6 +1,4 @@
 // Pneumatic pump. Make and model come from the look-up table listPNE, which grows with what is typed.
-#include "base/numbers.h"
-#include "qc/checks.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/blocks/lookup.h"
 #include "sheets/units.h"
@@ -48,18 +46,24 @@ void Connect(Session& s, Form& form) {
   for (const char* list : {kMake, kModel}) form.On(list, Event::kLostFocus, [&] { LeaveLookup(s, form); });
 }
 
-void CheckRate(RuleRun& r) {
-  const Control& hours = r.form.At(kHours);
-  if (r.form.At("chkPNE_Status").checked || !IsFilled(hours) || !(LeadingNumber(hours.text) > 0)) return;
-  const bool failed = IsFilled(r.field) && !(LeadingNumber(r.field.text) > 0);
-  Judge(r.s, r.location, r.field, failed, "Value should be greater than 0");
-  MarkField(r.s, failed, r.field);
+constexpr const char* kNotOverZero = "Value should be greater than 0";
+
+// A pump that ran. While it did not, only this finding is withdrawn: a blank rate stays with its explanation.
+Condition Ran() { return Both(IsOff("chkPNE_Status"), IsOverZero(kHours)); }
+
+CheckSpec GreaterThanZero() {
+  return Own("GreaterThanZero", kNotOverZero, {}, [](Judging& j) {
+    const bool failed = j.IsFilled() && !(j.Number() > 0);
+    j.Say(failed, kNotOverZero);
+    j.MarkEither(failed);
+  });
 }
 
 FieldSpec Lookup(const char* control, const char* caption, const char* tag, const char* column) {
   FieldSpec field = ItemText(DESC, control, caption, tag, column, {});
   field.free_text = true;
-  field.loads = false;  // LoadMakeAndModel shows it, after the other columns
+  field.loads = false;
+  field.loads_last = true;  // LoadMakeAndModel shows it
   return field;
 }
 
@@ -94,8 +98,7 @@ SheetSpec Pump() {
       {1, DESC, kMake, Required(Marks::kEither)},
       {2, DESC, kModel, Required(Marks::kEither)},
       {3, ACTV, kHours, RequiredRange(0, 744)},
-      {4, ACTV, kRate, When("chkPNE_Status is off and txtPNE_HrsOperated is filled and over 0",
-                      Own("GreaterThanZero", "Value should be greater than 0", CheckRate))},
+      {4, ACTV, kRate, GreaterThanZero(), Ran(), Otherwise::kWithdrawOwn},
       {5, ACTV, kRate, Required(Marks::kEither)},
   }}, {"CheckPNEVentilation", {
       {1, BOTH, "cmbPNE_VentedToID", RequiredRemoteID(kDestination, Fallback::kText), Remote(kDestination)},

@@ -1,7 +1,5 @@
 // Pneumatic controllers. Service type, make and model come from the look-up table listPRE, each list from
 // the choice before it; the table grows with what is typed.
-#include "base/numbers.h"
-#include "qc/checks.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/blocks/lookup.h"
 #include "sheets/units.h"
@@ -56,18 +54,24 @@ void Connect(Session& s, Form& form) {
   for (const char* list : {kMake, kModel}) form.On(list, Event::kLostFocus, [&] { LeaveLookup(s, form); });
 }
 
-void CheckRate(RuleRun& r) {
-  const Control& hours = r.form.At(kHours);
-  const bool runs = !r.form.At("chkPRE_Status").checked && IsFilled(hours) && LeadingNumber(hours.text) > 0;
-  const bool failed = runs && (!IsFilled(r.field) || !(LeadingNumber(r.field.text) > 0));
-  Judge(r.s, r.location, r.field, failed, "Required value should be greater than 0");
-  MarkField(r.s, failed, r.field);
+constexpr const char* kNotOverZero = "Required value should be greater than 0";
+
+// Controllers that ran need a rate; the others' look passed.
+CheckSpec GreaterThanZero() {
+  const Condition ran = Both(IsOff("chkPRE_Status"), IsOverZero(kHours));
+  const auto check = [holds = ran.holds](Judging& j) {
+    const bool failed = holds(j.view()) && (!j.IsFilled() || !(j.Number() > 0));
+    j.Say(failed, kNotOverZero);
+    j.MarkEither(failed);
+  };
+  return When(ran.words, Own("GreaterThanZero", kNotOverZero, {"chkPRE_Status", kHours}, check));
 }
 
 FieldSpec Lookup(const char* control, const char* caption, const char* tag, const char* column) {
   FieldSpec field = ItemText(DESC, control, caption, tag, column, {});
   field.free_text = true;
-  field.loads = false;  // LoadMakeAndModel shows it
+  field.loads = false;
+  field.loads_last = true;  // LoadMakeAndModel shows it
   return field;
 }
 
@@ -117,8 +121,7 @@ SheetSpec Controllers() {
       {3, DESC, kModel, Required(Marks::kEither)},
       {4, DESC, "cmbPRE_BleedRate", Required(Marks::kEither)},
       {5, DESC, "txtPRE_Quantity", RequiredMarked()},
-      {6, ACTV, kRate, When("chkPRE_Status is off and " + std::string(kHours) + " is filled and over 0",
-                      Own("GreaterThanZero", "Required value should be greater than 0", CheckRate))},
+      {6, ACTV, kRate, GreaterThanZero()},
   }}};
   return sheet;
 }

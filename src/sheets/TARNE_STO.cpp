@@ -1,8 +1,5 @@
 // Storage tank. Shape and orientation decide which of the five dimensions exist, on the screen, in the
 // rules and in the stored row, each by conditions of its own.
-#include "base/numbers.h"
-#include "qc/checks.h"
-#include "qc/qc_log.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/units.h"
 
@@ -98,13 +95,17 @@ void AddEnablings(SheetSpec& sheet) {
 }
 
 // The liquid cannot stand higher than the tank: its diameter when it lies, its height when it stands.
-void CheckLiquidHeight(RuleRun& r) {
-  const bool lies = Both(Cylindrical(), Horizontal()).holds(r.form);
-  const double limit = LeadingNumber(r.form.At(lies ? kDiameter : kHeight).text);
-  if (LeadingNumber(r.field.text) > limit)
-    AddQCError(r.s, r.location, r.field.tag, lies ? "Avg. Liquid Height > Shell Diameter" : "Avg. Liquid Height > Shell Height");
-  else
-    ClearQCField(r.s, r.location, r.field.tag);
+CheckSpec LiquidHeight() {
+  const auto check = [lying = Both(Cylindrical(), Horizontal()).holds](Judging& j) {
+    j.WithoutTip();
+    const bool lies = lying(j.view());
+    if (j.Number() > j.view().Number(j.Other(lies ? 2 : 3)))
+      j.Say(true, lies ? "Avg. Liquid Height > Shell Diameter" : "Avg. Liquid Height > Shell Height");
+    else
+      j.WithdrawAny();
+  };
+  return Own("LiquidHeight", "Avg. Liquid Height > Shell Diameter, or > Shell Height",
+             {kShape, kOrientation, kDiameter, kHeight}, check);
 }
 
 std::vector<Rule> FieldRules() {
@@ -123,13 +124,13 @@ std::vector<Rule> FieldRules() {
       {12, DESC, "cmbSTO_TankPaintCondition", Required(Marks::kEither)},
       {13, DESC, "txtSTO_BreatherVentPressure", RequiredRange(0.01, 5)},
       {14, DESC, "txtSTO_BreatherVentVacuum", RequiredRange(-5, -0.01)},
-      {15, ACTV, kLiquidHeight, Own("LiquidHeight", "Avg. Liquid Height > Shell Diameter, or > Shell Height", CheckLiquidHeight)},
+      {15, ACTV, kLiquidHeight, LiquidHeight()},
       {16, ACTV, kLiquidHeight, RequiredRange(1, 50)},
       {17, ACTV, "txtSTO_TankBulkLiqT", RequiredRange(50, 150)},
       {18, DESC, "cmbSTO_ProductType", Required(Marks::kEither)},
       {19, ACTV, "txtSTO_APIGravity", RequiredRange(1, 75)},
       {20, ACTV, "txtSTO_ReidVP", RequiredRange(0.5, 20)},
-      {21, ACTV, "txtSTO_Throughput", RequiredRangeWithinTotal(0, 5000000, "THRU_OIL", "Value exceeds crude oil throughput for structure")},
+      {21, ACTV, "txtSTO_Throughput", RequiredRangeWithinTotal(0, 5000000, Total::kThroughputOil, "Value exceeds crude oil throughput for structure")},
       {22, ACTV, "txtSTO_TankVOCMolWeight", RequiredRange(0, 200)},
       {23, ACTV, "txtSTO_TankVaporWeightPercentVOC", RequiredRange(0, 98)},
   };

@@ -2,12 +2,10 @@
 
 #include "base/dates.h"
 #include "qc/qc_list.h"
-#include "qc/qc_log.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/conversions.h"
-#include "sheets/rules.h"
 #include "sheets/sheet_form.h"
 
 namespace merlu {
@@ -57,9 +55,8 @@ void LoadMonth(Session& s, Form& form, const SheetSpec& sheet) {
   form.At(sheet.comments()).text = NullToEmpty(master.Field("EA_COMNT_TXT"));
   Cursor& row = s.At(sheet.ea_table());
   for (const FieldSpec& field : sheet.fields)
-    if (IsMonthly(field)) ShowField(form, field, row.Field(field.column));
+    if (IsMonthly(field) && field.shown_when.holds(form)) ShowField(form, field, row.Field(field.column));
   if (!IsNull(master.Field("EA_QC_DT"))) SetLabel(form, sheet.date_label(), QCDateText(master.Field("EA_QC_DT")));
-  if (sheet.after_monthly_load) sheet.after_monthly_load(s, form);
 }
 
 void Unlock(Control& field) {
@@ -81,7 +78,7 @@ void SaveMasterRow(Session& s, Form& form, const SheetSpec& sheet, bool after_qc
 
 // Null for a column that the record has no use for.
 void StoreOrDrop(Cursor& row, const FieldSpec& field, const Form& form) {
-  if (field.kept_when.holds && !field.kept_when.holds(form))
+  if (!field.kept_when.holds(form))
     row.SetField(field.column, Null{});
   else
     StoreField(row, field, form.At(field.control));
@@ -120,13 +117,6 @@ bool ShowRecord(Session& s, Form& form, const SheetSpec& sheet) {
   LoadDescription(s, form, sheet, false);
   if (sheet.after_load) sheet.after_load(s, form);
   return true;
-}
-
-void StampMonth(Session& s) {
-  Cursor& master = s.At("EA_EQUIP_ACTV");
-  master.Edit();
-  master.SetField("EA_QC_DT", StoredDate(s.platform.Now()));
-  master.Update();
 }
 
 }  // namespace
@@ -224,27 +214,6 @@ void LoadQCList(Session& s, const SheetSpec& sheet) {
     const Value& date = s.InActv() ? s.At("EA_EQUIP_ACTV").Field("EA_QC_DT") : s.At("ED_EQUIP_DESC").Field("ED_QC_DT");
     if (!IsNull(date)) SetLabel(form, sheet.date_label(), QCDateText(date));
   });
-}
-
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
-  s.current = location;
-  const bool showing = IsShowing(s, sheet);
-  Form& form = SheetForm(s, sheet);
-  if (!showing) {
-    // the rules read the fields; the page and the results of a sheet that nobody sees are not asked for
-    ClearFrame(s, sheet);
-    OnSheet(s, [&] { ShowRecord(s, form, sheet); });
-  }
-  if (sheet.has_activity && form.At(sheet.status_box()).checked) {
-    sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location)
-                                  : DelQCRecordsForLocAndBelow(s, location);
-    s.EquipmentInactive = true;
-  } else {
-    if (sheet.before_rules) sheet.before_rules(s, location);
-    RunRules(s, form, location, sheet.rules);
-    if (FindRecord(s, sheet, location) && s.InActv() && sheet.has_activity) StampMonth(s);
-  }
-  if (!showing) UnloadSheet(s, sheet);
 }
 
 }  // namespace merlu

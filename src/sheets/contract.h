@@ -24,10 +24,6 @@ void UnlockFrame(Session& s, const SheetSpec& sheet);
 void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc);
 // Fills the list of findings and the date label.
 void LoadQCList(Session& s, const SheetSpec& sheet);
-// Runs the type's rules for the location in the session's mode, on the sheet that shows or on a hidden one.
-// Faults are passed on.
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location);
-
 // The text of a date label.
 std::string QCDateText(const Value& date);
 

@@ -82,6 +82,21 @@ void ShowYesNo(Form& form, const FieldSpec& spec, const Value& value) {
 
 }  // namespace
 
+std::string ShownText(const FieldSpec& spec, const Value& value) {
+  const auto item = [&](int index) { return index < 0 ? std::string() : spec.items[static_cast<std::size_t>(index)].text; };
+  switch (spec.stored) {
+    case Stored::kItemText:
+      if (spec.free_text && !IsNull(value)) return NullToEmpty(value);
+      if (const int index = ItemFor(spec, value); index >= 0 || !spec.shows_unlisted) return item(index);
+      return NullToEmpty(value);
+    case Stored::kCode: return item(ItemFor(spec, value));
+    case Stored::kYesNo: return IsNull(value) ? "" : item(ToNumber(value) != 0 ? 0 : 1);
+    case Stored::kDestination: return DestinationItem(NullToEmpty(value));
+    case Stored::kNone: return "";
+    default: return NullToEmpty(value);
+  }
+}
+
 void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
   switch (spec.stored) {
     case Stored::kNumber:

@@ -19,6 +19,9 @@ Value FieldYesNo(std::string_view text);
 Value StoredDestination(std::string_view item);
 std::string DestinationItem(std::string_view stored);
 
+// What a field of texts, a list's or not, shows of its column.
+std::string ShownText(const FieldSpec& spec, const Value& value);
+
 // Sets the field's column in a cursor under change. A list whose text is no item with a code leaves the
 // column as it was.
 void StoreField(Cursor& row, const FieldSpec& spec, const Control& field);

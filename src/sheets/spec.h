@@ -8,12 +8,10 @@
 #include <vector>
 
 #include "forms/form.h"
+#include "rules/rule.h"
 #include "session/session.h"
 
 namespace merlu {
-
-// The mode that a field belongs to, or that a rule runs in.
-enum class In { kDesc, kActv, kBoth };
 
 // How a field is kept in its column.
 enum class Stored {
@@ -25,12 +23,6 @@ enum class Stored {
   kDestination,  // "Vent: " or "Flare: " and an ID, as VEN or FLA and the ID
   kComputed,     // a number that a rule computes
   kNone
-};
-
-// A condition in words for the reader, and its test. No test means always.
-struct Condition {
-  std::string words;
-  std::function<bool(const Form&)> holds;
 };
 
 struct Item {
@@ -55,9 +47,12 @@ struct FieldSpec {
   bool free_text = false;        // a list that takes texts that are no item
   bool shows_unlisted = false;   // a stored text that is no item of the list shows, and a save keeps it
   bool loads = true;             // false: a load leaves the field as the clear did
+  bool loads_last = false;       // the sheet's after_load shows the column, behind all others
   int known_items = -1;          // items that a load knows, from the first on; -1 for all
   int fallback = -1;             // item that a load selects for any other value, Null included
+  std::string destination;       // of a remote vent or flare: the list whose choice it belongs to
   Condition kept_when;           // a save stores Null while it does not hold
+  Condition shown_when;          // a load leaves a monthly field blank while it does not hold
 };
 
 inline constexpr int kOffPage = -1;
@@ -70,42 +65,6 @@ FieldSpec Coded(In mode, std::string control, std::string caption, std::string t
                 std::vector<Item> items);
 FieldSpec ItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
                    std::vector<std::string> items);
-
-// A rule in the middle of its run.
-struct RuleRun {
-  Session& s;
-  QCLocation& location;
-  Form& form;
-  Control& field;
-};
-
-// What a rule does with its field, and how the catalogue calls it.
-struct CheckSpec {
-  std::string name;
-  std::function<void(RuleRun&)> run;
-  double low = 0, high = 0;  // both inclusive
-  bool has_low = false, has_high = false;
-  bool only_if_filled = false;  // a blank field is not looked at
-  std::string when;             // further conditions that the check itself tests, in words
-  std::string text;             // of the finding, for a check that is no primitive
-};
-
-// What a rule whose condition is false does about its field's finding.
-enum class Otherwise { kWithdraw, kNothing, kWithdrawBlank };
-
-struct Rule {
-  int order = 0;
-  In mode = In::kDesc;
-  std::string field;
-  CheckSpec check;
-  Condition when;
-  Otherwise otherwise = Otherwise::kWithdraw;
-};
-
-struct RuleGroup {
-  std::string name;
-  std::vector<Rule> rules;
-};
 
 // Fields that are on while a condition holds, and off otherwise. Off is disabled with the read-only
 // background, on is enabled with the editable one. Texts stay unless `empties` says so.
@@ -153,7 +112,7 @@ struct SheetSpec {
   std::vector<Control> extra;            // further controls, with their parents
   // Deviations of the type, run at the end of the step that they are named after
   using Step = std::function<void(Session&, Form&)>;
-  Step after_clear, after_monthly_load, after_load;
+  Step after_clear, after_load;
   Step connect;  // events of its own
   std::function<void(Session&, QCLocation&)> before_rules;
 

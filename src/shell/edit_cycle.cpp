@@ -58,7 +58,7 @@ void SaveExit(Session& s) {
   RunQC(s, here, true);
   s.InSaveQC = false;
   s.current = here;  // a run that a fault ended stands elsewhere; the save belongs to this record
-  SaveSheet(s, true);
+  SaveSheet(s, s.record_checked);
   if (s.save_failed) return;
   SaveTreeExpansion(s);
   SelectRoot(s);

@@ -75,7 +75,6 @@ void Main(Session& s) {
 }
 
 void CloseDatabase(Session& s) {
-  s.known_findings = {};
   s.cursors.Close();
   s.db.Close();
 }

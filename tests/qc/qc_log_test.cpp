@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "support/findings.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -29,7 +30,7 @@ struct Log {
   // Makes the location the current one, and records a finding there.
   void Add(QCLocation location, const std::string& field, const std::string& text = "Wrong") {
     run.s.current = location;
-    AddQCError(run.s, location, field, text);
+    AddFinding(run.s, location, field, text);
   }
   void Explain(const std::string& field, const std::string& comment) {
     run.s.db.Execute("UPDATE QC SET Comments=? WHERE FieldID=?", {comment, field});
@@ -124,7 +125,7 @@ TEST(QcLog, takes_level_month_and_year_of_a_new_finding_from_where_the_user_stan
   log.s().current.Month = 2;
   log.s().current.Year = 2018;
   QCLocation elsewhere = log.flare;
-  AddQCError(log.s(), elsewhere, "Hours", "Too many");
+  AddFinding(log.s(), elsewhere, "Hours", "Too many");
   EXPECT_EQ(log.run.Count("QC WHERE Month=2 AND Year=2018 AND Level='STRUCTURE' AND CmplxID='1001'"), 1);
 }
 
@@ -165,7 +166,7 @@ TEST(QcLog, finds_a_finding_whatever_blanks_its_field_ends_in) {
   log.Add(log.flare, "Model", "Blank");
   EXPECT_EQ(log.run.Count("QC"), 1);
   EXPECT_EQ(NullToEmpty(log.run.Sql("SELECT Comments FROM QC")), "unknown");
-  ClearQCError(log.s(), log.flare, "Model   ", "Blank");
+  WithdrawFinding(log.s(), log.flare, "Model   ", "Blank");
   EXPECT_EQ(log.run.Count("QC"), 0);
 }
 
@@ -181,9 +182,9 @@ TEST(QcLog, leaves_its_cursor_on_the_finding_that_it_found) {
 TEST(QcLog, withdraws_a_finding_only_by_its_own_text) {
   Log log;
   log.Add(log.flare, "Hours", "Too many");
-  ClearQCError(log.s(), log.flare, "Hours", "Too few");
+  WithdrawFinding(log.s(), log.flare, "Hours", "Too few");
   EXPECT_EQ(log.run.Findings(), (Found{{"Hours", "Too many"}}));
-  ClearQCError(log.s(), log.flare, "Hours", "Too many");
+  WithdrawFinding(log.s(), log.flare, "Hours", "Too many");
   EXPECT_EQ(log.run.Count("QC"), 0);
 }
 
@@ -191,16 +192,53 @@ TEST(QcLog, withdraws_the_finding_of_a_field_that_no_longer_applies_whatever_its
   Log log;
   log.Add(log.flare, "Hours", "Too many");
   log.Add(log.flare, "Volume", "Too big");
-  ClearQCField(log.s(), log.flare, "Hours");
+  WithdrawField(log.s(), log.flare, "Hours");
   EXPECT_EQ(log.run.Findings(), (Found{{"Volume", "Too big"}}));
 }
 
-TEST(QcLog, stands_on_a_row_that_exists_after_a_withdrawal) {
+// Several verdicts of one run over the flare.
+Verdicts Said(const std::vector<std::pair<Verdict::Log, std::string>>& said) {
+  Verdicts verdicts;
+  for (const auto& [log, text] : said) {
+    Verdict& verdict = verdicts.all.emplace_back();
+    verdict.tag = "Hours";
+    verdict.log = log;
+    verdict.text = text;
+  }
+  return verdicts;
+}
+
+TEST(QcLog, takes_a_finding_that_was_withdrawn_and_raised_again_in_one_run_for_a_new_one) {
   Log log;
   log.Add(log.flare, "Hours", "Too many");
+  log.Explain("Hours", "leap month");
   log.Add(log.flare, "Volume", "Too big");
-  ClearQCField(log.s(), log.flare, "Volume");
-  EXPECT_EQ(NullToEmpty(log.s().At("QC").Field("FieldID")), "Hours");
+  using Says = Verdict::Log;
+  ApplyVerdicts(log.s(), log.flare, Said({{Says::kWithdrawAny, ""}, {Says::kRaise, "Too many"}}));
+  EXPECT_EQ(log.run.Findings(), (Found{{"Volume", "Too big"}, {"Hours", "Too many"}}));
+  EXPECT_EQ(log.run.Count("QC WHERE Comments<>''"), 0);
+}
+
+TEST(QcLog, drops_the_comment_of_a_text_that_another_took_the_place_of_in_the_middle_of_a_run) {
+  Log log;
+  log.Add(log.flare, "Hours", "Too many");
+  log.Explain("Hours", "leap month");
+  using Says = Verdict::Log;
+  ApplyVerdicts(log.s(), log.flare, Said({{Says::kRaise, "Too few"}, {Says::kRaise, "Too many"}}));
+  EXPECT_EQ(log.run.Findings(), (Found{{"Hours", "Too many"}}));
+  EXPECT_EQ(log.run.Count("QC WHERE Comments<>''"), 0);
+}
+
+TEST(QcLog, is_not_written_by_a_run_that_says_what_it_holds) {
+  Log log;
+  log.Add(log.flare, "Hours", "Too many");
+  log.Explain("Hours", "leap month");
+  const std::int64_t changes = log.s().db.ChangeCount();
+  using Says = Verdict::Log;
+  ApplyVerdicts(log.s(), log.flare,
+                Said({{Says::kWithdraw, "Too few"}, {Says::kRaise, "Too many"}, {Says::kWithdraw, "Too odd"}}));
+  EXPECT_EQ(log.s().db.ChangeCount(), changes);
+  EXPECT_EQ(NullToEmpty(log.run.Sql("SELECT Comments FROM QC")), "leap month");
 }
 
 // Findings of two flares and a vent in two months and both modes, one of them explained, and of the structure.
@@ -309,31 +347,17 @@ TEST(QcLog, counts_a_month_a_structure_with_its_equipment_or_one_equipment_in_bo
   EXPECT_EQ(CountQCErrors(log.s(), user), 0);
 }
 
-TEST(QcLog, knows_whether_a_structure_has_equipment) {
-  TestRun run;
-  run.StartWithStructure();
-  EXPECT_FALSE(HasEquipment(run.s, run.s.current));
-  run.AddEquipment("MUD", "M1");
-  EXPECT_TRUE(HasEquipment(run.s, run.s.current));
-  run.AddStructure("10'2", "'");
-  EXPECT_FALSE(HasEquipment(run.s, run.s.current));
-  run.AddEquipment("MUD", "M1");
-  EXPECT_TRUE(HasEquipment(run.s, run.s.current));
-  EXPECT_TRUE(run.TakeBoxes().empty());
-}
-
 TEST(QcLog, tells_its_faults_with_the_number_first_and_lets_the_run_go_on) {
   Log log;
   log.Add(log.flare, "Hours");
   log.s().db.Execute("DROP TABLE QC");
   QCLocation location = log.flare;
-  AddQCError(log.s(), location, "Volume", "Too big");
-  ClearQCField(log.s(), location, "Volume");
-  ClearQCError(log.s(), location, "Volume", "Too big");
+  AddFinding(log.s(), location, "Volume", "Too big");
+  WithdrawField(log.s(), location, "Volume");
   DelQCRecordsForEquip(log.s(), location);
   EXPECT_FALSE(FindQCRecord(log.s(), location, "Volume"));
   const Texts boxes = log.run.TakeBoxes();
-  ASSERT_EQ(boxes.size(), 5u);
+  ASSERT_EQ(boxes.size(), 4u);
   for (const std::string& box : boxes) EXPECT_EQ(box.substr(0, 5), "3078 ") << box;
 }
 

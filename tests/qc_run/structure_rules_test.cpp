@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers.h"
+#include "qc/apply.h"
 #include "records/structure_record.h"
 #include "sheets/bounds.h"
-#include "sheets/rules.h"
 
 namespace merlu::test {
 namespace {
@@ -186,7 +186,8 @@ TEST(StructureRules, miss_no_equipment_of_a_structure_without_emissions) {
   EXPECT_EQ(run.Finding("Platform"), kNoEquipment);
   run.Check("chkSTRUCTURE_Status", true);
   QCLocation location = run.s.current;
-  RunRules(run.s, *run.s.main, location, StructureRules());
+  const RuleSet& rules = StructureRuleSet();
+  ApplyVerdicts(run.s, location, Judge(rules, run.s.mode, ViewOfForm(rules.fields(), *run.s.main), {}));
   EXPECT_EQ(run.Finding("Platform"), "");
 }
 

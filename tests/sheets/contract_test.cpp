@@ -6,6 +6,7 @@
 #include <map>
 
 #include "forms/desk.h"
+#include "qc_run/run_record.h"
 #include "session/types.h"
 #include "sheets/conversions.h"
 #include "sheets/sheet_form.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "sheets/rules.h"
+#include "rules/checks.h"
 
 namespace merlu {
 namespace {

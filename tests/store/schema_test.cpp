@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "qc/qc_log.h"
+#include "records/judge_records.h"
 #include "records/structure_fields.h"
 #include "session/records.h"
 #include "session/types.h"
@@ -345,7 +346,9 @@ TEST_F(Lookups, of_a_finding_are_searches) {
   ExpectSearches("finding", [&] { EXPECT_FALSE(FindQCRecord(s, here, "Hours Operated, excl. upsets")); });
   ExpectSearches("withdrawal", [&] { DelQCRecordsForEquip(s, here); });
   ExpectSearches("count", [&] { EXPECT_EQ(CountQCErrors(s, here), 0); });
-  ExpectSearches("equipment of a structure", [&] { EXPECT_TRUE(HasEquipment(s, here)); });
+  const RecordKeys keys{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK};
+  ExpectSearches("record", [&] { EXPECT_TRUE(JudgeRecord(s.db, FindSheet("FLA"), s.mode, keys, [](const JudgedRecord&) {})); });
+  ExpectSearches("structure", [&] { EXPECT_TRUE(JudgeRecord(s.db, nullptr, s.mode, keys, [](const JudgedRecord&) {})); });
 }
 
 }  // namespace

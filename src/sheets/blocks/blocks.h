@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "sheets/rules.h"
+#include "rules/checks.h"
 #include "sheets/spec.h"
 
 namespace merlu {
@@ -94,6 +94,13 @@ void AddRouting(SheetSpec& sheet, const Routing& block);
 
 // For lists that one procedure serves: a click on any of them applies the rows of all of them.
 void ApplyTogether(SheetSpec& sheet, const std::vector<std::string>& lists);
+
+// What the list of remote vents or flares offers for a destination: a type, and the words in front of its IDs.
+// Empty for one that is not remote.
+struct DestinationList {
+  std::string_view type, prefix;
+};
+DestinationList DestinationsFor(const std::string& destination);
 
 // Conditions on the list of destinations.
 Condition Remote(const std::string& destination);

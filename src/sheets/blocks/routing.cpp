@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "qc/checks.h"
 #include "session/messages.h"
 #include "sheets/blocks/blocks.h"
 
@@ -49,6 +48,7 @@ struct Names {
 void AddFields(SheetSpec& sheet, const Routing& b, const Names& name) {
   FieldSpec sent_to = Coded(In::kDesc, name.sent_to, "Remote Vent/Flare ID:", "Low Pressure Vent/Flare ID", "SENT_TO_ID", {});
   sent_to.stored = Stored::kDestination;
+  sent_to.destination = name.destination;
   sent_to.note_label = b.note_label;
   sent_to.note = b.note;
   sheet.Add(b.page, "Emissions destination",
@@ -96,15 +96,14 @@ void AddByLocked(SheetSpec& sheet, const Names& name) {
   });
 }
 
-void FallBack(RuleRun& r, const std::string& destination, Fallback fallback) {
-  Control& list = r.form.At(destination);
-  const bool vent = list.text == kVentedRemotely;
-  Tell(r.s, vent ? "No Vent ID given. Changing Ventilation to Vented Locally"
-                 : "No Flare ID given. Changing Ventilation to Flared Locally");
-  if (fallback == Fallback::kTextAndIndex)
-    SelectItem(r.form, destination, vent ? 0 : 1);
-  else
-    list.text = vent ? kVentedLocally : kFlaredLocally;
+// The local destination takes the place of the remote one that lacks its ID.
+void FallBackToLocal(Judging& j, Fallback fallback) {
+  const int destination = j.Other(0);
+  const bool vent = j.view().Text(destination) == kVentedRemotely;
+  const int item = vent ? 0 : 1;
+  j.FallBack(destination, vent ? kVentedLocally : kFlaredLocally, fallback == Fallback::kTextAndIndex ? item : -1,
+             vent ? "No Vent ID given. Changing Ventilation to Vented Locally"
+                  : "No Flare ID given. Changing Ventilation to Flared Locally");
 }
 
 }  // namespace
@@ -132,11 +131,19 @@ Condition VentedLocally(const std::string& destination) { return Reads(destinati
 Condition FlaredLocally(const std::string& destination) { return Reads(destination, {kFlaredLocally}); }
 
 CheckSpec RequiredRemoteID(const std::string& destination, Fallback fallback) {
-  return {"CheckRequired", [=](RuleRun& r) {
-            const bool failed = CheckRequired(r.s, r.location, r.field);
-            MarkField(r.s, failed, r.field);
-            if (failed && r.s.InSaveQC && fallback != Fallback::kNone) FallBack(r, destination, fallback);
-          }};
+  CheckSpec check = Own("CheckRequired", "", {destination}, [fallback](Judging& j) {
+    const bool failed = JudgeRequired(j);
+    j.MarkEither(failed);
+    if (failed && j.context().saving && fallback != Fallback::kNone) FallBackToLocal(j, fallback);
+  });
+  check.expected = "required";
+  return check;
+}
+
+DestinationList DestinationsFor(const std::string& destination) {
+  for (const DestinationKind& kind : kKinds)
+    if (destination == kind.remote) return {kind.type, kind.prefix};
+  return {};
 }
 
 void LoadVentFlareList(Session& s, Form& form, const std::string& destination, const std::string& sent_to) {

@@ -1,0 +1,110 @@
+#include "qc_run/run_record.h"
+
+#include "base/dates.h"
+#include "qc/apply.h"
+#include "qc/qc_log.h"
+#include "records/structure_record.h"
+#include "session/messages.h"
+#include "session/records.h"
+#include "sheets/contract.h"
+#include "sheets/paint.h"
+#include "sheets/sheet_form.h"
+
+namespace merlu {
+namespace {
+
+RecordKeys CurrentRecord(const Session& s) {
+  return {s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK};
+}
+
+// What a run does over equipment that reports nothing.
+void PassOver(Session& s, const SheetSpec& sheet, const QCLocation& location) {
+  sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location) : DelQCRecordsForLocAndBelow(s, location);
+  s.EquipmentInactive = true;
+  s.record_checked = false;
+}
+
+Value DateOf(Session& s, const Verdicts& verdicts) {
+  s.record_checked = verdicts.faults.empty();
+  return s.record_checked ? Value(StoredDate(s.platform.Now())) : Value(Null{});
+}
+
+void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location) {
+  Form& form = SheetForm(s, sheet);
+  if (sheet.has_activity && form.At(sheet.status_box()).checked) return PassOver(s, sheet, location);
+  if (sheet.before_rules) sheet.before_rules(s, location);
+  Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
+  context.saving = s.InSaveQC;
+  const RuleSet& rules = RulesOf(sheet);
+  const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), form), context);
+  ApplyVerdicts(s, location, verdicts);
+  PaintVerdicts(s, form, rules.fields(), verdicts);
+  const Value date = DateOf(s, verdicts);
+  if (!FindRecord(s, sheet, location) || !s.InActv() || !sheet.has_activity) return;
+  Cursor& master = s.At("EA_EQUIP_ACTV");
+  master.Edit();
+  master.SetField("EA_QC_DT", date);
+  master.Update();
+}
+
+}  // namespace
+
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
+  s.current = location;
+  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location);
+  const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
+                                 [&](const JudgedRecord& record) { RunJudged(s, location, record); });
+  if (!found) Tell(s, sheet.not_found_on_load);
+}
+
+void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record) {
+  const SheetSpec& sheet = *record.sheet;
+  QCLocation location = at;
+  if (sheet.has_activity && record.inactive) return PassOver(s, sheet, location);
+  if (sheet.before_rules) sheet.before_rules(s, location);
+  ApplyVerdicts(s, location, *record.verdicts);
+  TellFaults(s, *record.verdicts);
+  const Value date = DateOf(s, *record.verdicts);
+  if (s.InActv() && sheet.has_activity)
+    s.db.ExecuteOn(s.db.ChangesOf("EA_EQUIP_ACTV"), "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK=?",
+                   {date, record.keys.EA_ID_AK});
+}
+
+bool RunStructureRules(Session& s, const QCLocation& location, bool on_screen) {
+  bool active = true;
+  const auto run = [&](bool inactive, const Verdicts& verdicts) {
+    active = !inactive;
+    s.StructureInactive = inactive;
+    if (inactive) {
+      s.record_checked = false;
+      DelQCRecordsForLocAndBelow(s, location);
+      return;
+    }
+    ApplyVerdicts(s, location, verdicts);
+    s.record_checked = verdicts.faults.empty();
+  };
+  if (on_screen) {
+    const RuleSet& rules = StructureRuleSet();
+    const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
+    const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), *s.main), context);
+    run(s.main->At(kStructureStatus).checked, verdicts);
+    if (active) PaintVerdicts(s, *s.main, rules.fields(), verdicts);
+    return active;
+  }
+  const bool found = JudgeRecord(s.db, nullptr, s.mode, CurrentRecord(s), [&](const JudgedRecord& record) {
+    run(record.inactive, *record.verdicts);
+    if (active) TellFaults(s, *record.verdicts);
+  });
+  if (!found) Tell(s, "Structure record not found");
+  return found && active;
+}
+
+void StampStructure(Session& s, bool checked) {
+  if (!FindStructureRecord(s)) return;
+  Cursor& row = s.At(s.InActv() ? "PA_PLATFORM_ACTV" : "PD_PLATFORM_DESC");
+  row.Edit();
+  row.SetField(s.InActv() ? "PA_QC_DT" : "PD_QC_DT", checked ? Value(StoredDate(s.platform.Now())) : Value(Null{}));
+  row.Update();
+}
+
+}  // namespace merlu

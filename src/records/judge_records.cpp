@@ -1,0 +1,279 @@
+#include "records/judge_records.h"
+
+#include <algorithm>
+
+#include "records/structure_fields.h"
+#include "records/structure_record.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kMonthsOfYear = 16;  // room for a month behind a year
+
+int YearAndMonth(int year, int month) {
+  return year * kMonthsOfYear + month;
+}
+
+// Conditions of a query with the values of their question marks.
+struct Where {
+  std::string text;
+  Values values;
+  void Add(const std::string& condition, Value value) {
+    text += (text.empty() ? " WHERE " : " AND ") + condition;
+    values.push_back(std::move(value));
+  }
+};
+
+std::string TotalColumns() {
+  std::string columns;
+  for (std::size_t total = 1; total < kTotals; ++total) columns += std::string(",[") + kTotalColumns[total] + "]";
+  return columns;
+}
+
+// A record in the middle of a query, and what judges it.
+struct Judged {
+  JudgedRecord record;
+  RecordView view;
+  Verdicts verdicts;
+  explicit Judged(const RuleSet& rules) : view(rules.fields()) {
+    record.rules = &rules;
+    record.view = &view;
+    record.verdicts = &verdicts;
+  }
+
+  void Hand(const RecordScope& scope, Contexts& contexts, const RowReader& reader, const RowView& row, int first,
+            int status_box, const EachRecord& each) {
+    record.context = &contexts.Of(record.keys.PD_ID_AK, record.year, record.month);
+    record.structure = contexts.Structure(record.keys.PD_ID_AK);
+    const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month);
+    record.structure_inactive = month != nullptr && month->inactive;
+    verdicts.Clear();
+    if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
+    reader.Show(row, first, *record.context, view);
+    if (status_box >= 0) view.SetChecked(status_box, record.inactive);
+    Judge(*record.rules, scope.mode, view, *record.context, verdicts);
+    each(record);
+  }
+};
+
+}  // namespace
+
+Contexts::Contexts(Database& db, std::int64_t only) {
+  const std::string where = only == 0 ? "" : " WHERE PD_ID_AK=?";
+  const Values values = only == 0 ? Values() : Values{only};
+  try {
+    db.ForEach("SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,[Area],[Block],[Name] FROM PD_PLATFORM_DESC" + where,
+               values, [&](const RowView& row) {
+                 const auto text = [&](int column) { return std::string(row.Text(column)); };
+                 structures_[row.Integer(0)] = {text(1), text(2), text(3), text(4), text(5), text(6), {}, {}, false, {}};
+               });
+    db.ForEach("SELECT PD_ID_AK,PA_YR,PA_MO,SA_ID_AK,status" + TotalColumns() + " FROM PA_PLATFORM_ACTV" + where +
+                   " ORDER BY rowid",
+               values, [&](const RowView& row) {
+                 const MonthKey key{row.Integer(0),
+                                    YearAndMonth(static_cast<int>(row.Integer(1)), static_cast<int>(row.Integer(2)))};
+                 const auto [found, is_new] = months_.try_emplace(key);
+                 if (!is_new) return;  // of a month that is there twice the first counts
+                 found->second.SA_ID_AK = row.Integer(3);
+                 found->second.inactive = row.Text(4) == "I";
+                 constexpr int kFirstTotal = 4;
+                 for (std::size_t total = 1; total < kTotals; ++total)
+                   found->second.totals[total] = ToNumber(row.At(kFirstTotal + static_cast<int>(total)));
+               });
+    db.ForEach("SELECT PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC" + where + " ORDER BY ED_ID_AK", values,
+               [&](const RowView& row) {
+                 const auto found = structures_.find(row.Integer(0));
+                 if (found == structures_.end()) return;
+                 found->second.has_equipment = true;
+                 std::vector<std::string>& types = found->second.types;
+                 if (std::find(types.begin(), types.end(), row.Text(1)) == types.end()) types.emplace_back(row.Text(1));
+                 if (row.Text(1) == "VEN") found->second.vents.emplace_back(row.Text(2));
+                 if (row.Text(1) == "FLA") found->second.flares.emplace_back(row.Text(2));
+               });
+  } catch (const Fault& fault) {
+    fault_ = std::make_shared<const Fault>(fault);
+  }
+}
+
+const StructureFacts* Contexts::Structure(std::int64_t PD_ID_AK) const {
+  const auto found = structures_.find(PD_ID_AK);
+  return found == structures_.end() ? nullptr : &found->second;
+}
+
+const StructureMonth* Contexts::Month(std::int64_t PD_ID_AK, int year, int month) const {
+  const auto found = months_.find({PD_ID_AK, YearAndMonth(year, month)});
+  return found == months_.end() ? nullptr : &found->second;
+}
+
+const Context& Contexts::Of(std::int64_t PD_ID_AK, int year, int month) {
+  const auto [found, is_new] = contexts_.try_emplace({PD_ID_AK, YearAndMonth(year, month)});
+  Context& context = found->second;
+  if (!is_new) return context;
+  context.year = year;
+  context.month = month;
+  context.unreadable = fault_;
+  if (const StructureFacts* structure = Structure(PD_ID_AK)) {
+    context.has_equipment = structure->has_equipment;
+    context.vents = structure->vents;
+    context.flares = structure->flares;
+  }
+  if (const StructureMonth* found_month = Month(PD_ID_AK, year, month)) {
+    context.month_found = true;
+    context.totals = found_month->totals;
+  }
+  return context;
+}
+
+void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope, const EachRecord& each) {
+  const bool months = scope.mode == Mode::kActv;
+  const RuleSet& rules = StructureRuleSet();
+  const RowReader reader(StructureFields(), rules, scope.mode, scope.wanted);
+  Where where;
+  if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?", scope.PD_ID_AK);
+  if (months && scope.month != 0) where.Add("a.PA_MO=?", std::int64_t{scope.month});
+  if (scope.key != 0) where.Add(months ? "a.SA_ID_AK=?" : "d.PD_ID_AK=?", scope.key);
+  const std::string sql =
+      months ? "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
+                   HasValues(StructureFields(), "a") + reader.Columns("d", "a") +
+                   " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" + where.text +
+                   " ORDER BY a.SA_ID_AK"
+             : "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
+                   " FROM PD_PLATFORM_DESC d" + where.text + " ORDER BY d.PD_ID_AK";
+  const int status_box = rules.fields().At(kStructureStatus);
+  Judged judged(rules);
+  db.ForEach(sql, where.values, [&](const RowView& row) {
+    JudgedRecord& record = judged.record;
+    record.keys = {row.Integer(0), row.Integer(1), 0, 0};
+    record.year = static_cast<int>(row.Integer(2));
+    record.month = static_cast<int>(row.Integer(3));
+    record.inactive = row.Text(4) == "I";
+    record.checked = row.Integer(5) != 0;
+    record.has_values = row.Integer(6) != 0;
+    constexpr int kFirst = 7;
+    judged.Hand(scope, contexts, reader, row, kFirst, status_box, each);
+  });
+}
+
+namespace {
+
+// The tables of a type's records with the one in front that leads straight to those asked for.
+std::string EquipmentTables(const SheetSpec& sheet, const RecordScope& scope) {
+  const std::string type_desc = " CROSS JOIN " + sheet.ed_table() + " e ON e.ED_ID_AK=d.ED_ID_AK";
+  if (scope.mode != Mode::kActv) {
+    if (scope.PD_ID_AK != 0 || scope.key != 0) return " FROM ED_EQUIP_DESC d" + type_desc;
+    return " FROM " + sheet.ed_table() + " e CROSS JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=e.ED_ID_AK";
+  }
+  const std::string month = " CROSS JOIN " + sheet.ea_table() + " t ON t.EA_ID_AK=a.EA_ID_AK";
+  if (scope.key != 0)
+    return " FROM EA_EQUIP_ACTV a" + month + " CROSS JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK" + type_desc;
+  if (scope.PD_ID_AK != 0)
+    return " FROM ED_EQUIP_DESC d CROSS JOIN EA_EQUIP_ACTV a ON a.ED_ID_AK=d.ED_ID_AK" + month + type_desc;
+  return " FROM " + sheet.ea_table() +
+         " t CROSS JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK CROSS JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK" +
+         type_desc;
+}
+
+}  // namespace
+
+void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
+                    const EachRecord& each) {
+  const bool months = scope.mode == Mode::kActv;
+  if (months && !sheet.has_activity) return;
+  const RuleSet& rules = RulesOf(sheet);
+  const RowReader reader(sheet.fields, rules, scope.mode, scope.wanted);
+  Where where;
+  if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?", scope.PD_ID_AK);
+  where.Add("d.ED_EQUIP_TYP=?", sheet.type);
+  if (months && scope.month != 0) where.Add("a.EA_MO=?", std::int64_t{scope.month});
+  if (scope.key != 0) where.Add(months ? "a.EA_ID_AK=?" : "d.ED_ID_AK=?", scope.key);
+  std::string sql = "SELECT d.PD_ID_AK,d.ED_ID_AK,d.ED_MERLU_EQUIP_ID,";
+  sql += months ? "a.EA_ID_AK,a.EA_YR,a.EA_MO,a.EA_STATUS,a.EA_QC_DT IS NOT NULL," + HasValues(sheet.fields, "t")
+                : std::string("0,0,0,NULL,d.ED_QC_DT IS NOT NULL,1");
+  sql += reader.Columns("e", "t") + EquipmentTables(sheet, scope) + where.text;
+  // without a structure the type's own table leads, in the order of its keys
+  if (scope.PD_ID_AK != 0) sql += months ? " ORDER BY a.EA_ID_AK" : " ORDER BY d.ED_ID_AK";
+  const int status_box = rules.fields().Find(sheet.status_box());
+  Judged judged(rules);
+  judged.record.sheet = &sheet;
+  db.ForEach(sql, where.values, [&](const RowView& row) {
+    JudgedRecord& record = judged.record;
+    record.id = row.Text(2);
+    record.keys = {row.Integer(0), 0, row.Integer(1), row.Integer(3)};
+    record.year = static_cast<int>(row.Integer(4));
+    record.month = static_cast<int>(row.Integer(5));
+    record.inactive = row.Text(6) == "I";
+    record.checked = row.Integer(7) != 0;
+    record.has_values = row.Integer(8) != 0;
+    if (const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month))
+      record.keys.SA_ID_AK = month->SA_ID_AK;
+    constexpr int kFirst = 9;
+    judged.Hand(scope, contexts, reader, row, kFirst, status_box, each);
+  });
+}
+
+void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each) {
+  Contexts contexts(db, scope.PD_ID_AK);
+  JudgeStructures(db, contexts, scope, each);
+  for (const SheetSpec* sheet : AllSheets()) JudgeEquipment(db, contexts, *sheet, scope, each);
+}
+
+Context ContextOf(Database& db, Mode mode, const RecordKeys& keys) {
+  Context context;
+  try {
+    const std::string month = "SELECT d.PD_ID_AK" + TotalColumns() +
+                              " FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK WHERE a.SA_ID_AK=?";
+    std::int64_t structure = keys.PD_ID_AK;
+    if (mode == Mode::kActv)
+      db.ForEach(month, {keys.SA_ID_AK}, [&](const RowView& row) {
+        context.month_found = true;
+        structure = row.Integer(0);
+        for (std::size_t total = 1; total < kTotals; ++total)
+          context.totals[total] = ToNumber(row.At(static_cast<int>(total)));
+      });
+    context.has_equipment = !IsNull(db.Single("SELECT 1 FROM ED_EQUIP_DESC WHERE PD_ID_AK=? LIMIT 1", {structure}));
+  } catch (const Fault& fault) {
+    context.unreadable = std::make_shared<const Fault>(fault);
+  }
+  return context;
+}
+
+namespace {
+
+std::int64_t StructureOf(Database& db, const SheetSpec* sheet, Mode mode, const RecordKeys& keys) {
+  const bool months = mode == Mode::kActv;
+  if (sheet == nullptr && !months) return keys.PD_ID_AK;
+  if (sheet == nullptr)
+    return ToInteger(db.Single("SELECT PD_ID_AK FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {keys.SA_ID_AK}));
+  if (!months) return ToInteger(db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {keys.ED_ID_AK}));
+  return ToInteger(db.Single("SELECT d.PD_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK WHERE "
+                             "a.EA_ID_AK=?",
+                             {keys.EA_ID_AK}));
+}
+
+}  // namespace
+
+bool JudgeRecord(Database& db, const SheetSpec* sheet, Mode mode, const RecordKeys& keys, const EachRecord& each) {
+  const bool months = mode == Mode::kActv;
+  RecordScope scope{.mode = mode};
+  if (sheet != nullptr)
+    scope.key = months ? keys.EA_ID_AK : keys.ED_ID_AK;
+  else
+    scope.key = months ? keys.SA_ID_AK : keys.PD_ID_AK;
+  scope.wanted = Wanted::kAllFields;
+  const std::int64_t structure = StructureOf(db, sheet, mode, keys);
+  if (structure == 0) return false;
+  Contexts contexts(db, structure);
+  bool found = false;
+  const auto hand = [&](const JudgedRecord& record) {
+    found = true;
+    each(record);
+  };
+  if (sheet != nullptr)
+    JudgeEquipment(db, contexts, *sheet, scope, hand);
+  else
+    JudgeStructures(db, contexts, scope, hand);
+  return found;
+}
+
+}  // namespace merlu

@@ -1,0 +1,100 @@
+// Judges stored records from their rows: nothing is written, shown or moved, and no form is made. One thread uses a
+// connection; others may judge at the same time over connections of their own.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "rules/judge.h"
+#include "sheets/record_rows.h"
+#include "store/database.h"
+
+namespace merlu {
+
+// The keys of a record: those of its levels, 0 for a level that it does not reach. A description has no month keys.
+struct RecordKeys {
+  std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;
+};
+
+// A structure as its records know it.
+struct StructureFacts {
+  std::string user, complex, structure, area, block, name;
+  std::vector<std::string> vents, flares;
+  bool has_equipment = false;
+  std::vector<std::string> types;  // of its equipment, each once
+};
+
+struct StructureMonth {
+  std::int64_t SA_ID_AK = 0;
+  bool inactive = false;
+  std::array<double, kTotals> totals{};
+};
+
+// What records are judged against, read once: all structures, or one, with their months, vents and flares.
+class Contexts {
+ public:
+  // A fault of the reading is kept for the rules that need what it read.
+  explicit Contexts(Database& db, std::int64_t only_PD_ID_AK = 0);
+
+  const Context& Of(std::int64_t PD_ID_AK, int year, int month);
+  const StructureFacts* Structure(std::int64_t PD_ID_AK) const;
+  const StructureMonth* Month(std::int64_t PD_ID_AK, int year, int month) const;
+
+ private:
+  using MonthKey = std::pair<std::int64_t, int>;  // the structure; year and month
+  std::map<std::int64_t, StructureFacts> structures_;
+  std::map<MonthKey, StructureMonth> months_;
+  std::map<MonthKey, Context> contexts_;
+  std::shared_ptr<const Fault> fault_;
+};
+
+// What the sheet that shows is judged against: the month by its key, in activity mode, and whether the structure has
+// equipment.
+Context ContextOf(Database& db, Mode mode, const RecordKeys& keys);
+
+// A judged record. What it points to is good during the call that hands it out.
+struct JudgedRecord {
+  const RuleSet* rules = nullptr;
+  const SheetSpec* sheet = nullptr;  // null for a structure
+  RecordKeys keys;
+  int year = 0, month = 0;  // 0 for a description
+  const StructureFacts* structure = nullptr;
+  std::string_view id;      // of the equipment, empty for a structure
+  bool inactive = false;    // its own status in the month
+  bool structure_inactive = false;
+  bool has_values = true;   // of a month: any of its columns is not Null
+  bool checked = false;     // it has a date of last QC
+  const RecordView* view = nullptr;
+  const Context* context = nullptr;
+  const Verdicts* verdicts = nullptr;
+};
+using EachRecord = std::function<void(const JudgedRecord&)>;
+
+// Which records: all of the mode, or those of a month, of a structure, or one by its key.
+struct RecordScope {
+  Mode mode = Mode::kActv;
+  int month = 0;              // 0 for all
+  std::int64_t PD_ID_AK = 0;  // 0 for all
+  std::int64_t key = 0;       // of one record: EA_ID_AK or ED_ID_AK; of a structure SA_ID_AK or PD_ID_AK
+  Wanted wanted = Wanted::kWhatRulesRead;
+  bool only_unchecked = false;  // an inactive month, and one with a date of last QC, is handed out unjudged
+};
+
+// Structures, in the order of their keys in the mode.
+void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope, const EachRecord& each);
+// The equipment of a type, in the order of its keys in the mode. None in the months for a type without activity.
+void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
+                    const EachRecord& each);
+// Structures, then all types.
+void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each);
+
+// One record by its keys (its own is enough); false when a row of it is missing.
+bool JudgeRecord(Database& db, const SheetSpec* sheet, Mode mode, const RecordKeys& keys, const EachRecord& each);
+
+}  // namespace merlu

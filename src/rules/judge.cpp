@@ -1,0 +1,175 @@
+#include "rules/judge.h"
+
+#include <algorithm>
+
+namespace merlu {
+namespace {
+
+void JudgeRule(const Rule& rule, RecordView& view, const Context& context, Verdicts& verdicts) {
+  Judging judging(rule, view, context, verdicts);
+  if (rule.when.holds(view)) {
+    if (!rule.check.passed_unless(view))
+      judging.Mark(Mark::kPlain);
+    else
+      rule.check.run(judging);
+  } else if (rule.otherwise == Otherwise::kWithdraw) {
+    judging.WithdrawAny();
+  } else if (rule.otherwise == Otherwise::kWithdrawBlank) {
+    judging.Withdraw(finding::kBlank);
+  } else if (rule.otherwise == Otherwise::kWithdrawOwn) {
+    judging.Withdraw(rule.check.text);
+  }
+}
+
+std::string_view TrimmedTag(std::string_view tag) {
+  while (!tag.empty() && tag.back() == ' ') tag.remove_suffix(1);
+  return tag;
+}
+
+char LowerLetter(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+RuleSet::RuleSet(std::vector<RecordField> fields, std::vector<RuleGroup> groups)
+    : fields_(std::move(fields)), groups_(std::move(groups)) {
+  read_desc_.resize(static_cast<std::size_t>(fields_.size()));
+  read_actv_ = read_desc_;
+  for (RuleGroup& group : groups_)
+    for (Rule& rule : group.rules) {
+      rule.place = fields_.At(rule.field);
+      rule.when.holds.Resolve(fields_);
+      rule.check.passed_unless.Resolve(fields_);
+      for (const std::string& name : rule.check.reads) rule.check.places.push_back(fields_.At(name));
+      for (const Mode mode : {Mode::kDesc, Mode::kActv}) {
+        if (!RunsIn(rule.mode, mode)) continue;
+        std::vector<bool>& read = mode == Mode::kActv ? read_actv_ : read_desc_;
+        read[static_cast<std::size_t>(rule.place)] = true;
+        for (const int place : rule.check.places) read[static_cast<std::size_t>(place)] = true;
+        rule.when.holds.MarkRead(read);
+        rule.check.passed_unless.MarkRead(read);
+      }
+    }
+}
+
+void Judge(const RuleSet& rules, Mode mode, RecordView& view, const Context& context, Verdicts& verdicts) {
+  verdicts.Clear();
+  for (const RuleGroup& group : rules.groups()) {
+    try {
+      for (const Rule& rule : group.rules)
+        if (RunsIn(rule.mode, mode)) JudgeRule(rule, view, context, verdicts);
+    } catch (const Fault& fault) {
+      verdicts.faults.push_back({verdicts.all.size(), fault});
+    }
+  }
+}
+
+Verdicts Judge(const RuleSet& rules, Mode mode, RecordView view, const Context& context) {
+  Verdicts verdicts;
+  Judge(rules, mode, view, context, verdicts);
+  return verdicts;
+}
+
+std::vector<JudgedFinding> StandingFindings(const Verdicts& verdicts) {
+  std::vector<JudgedFinding> standing;
+  for (const Verdict& verdict : verdicts.all) {
+    if (verdict.log == Verdict::Log::kNothing) continue;
+    const bool raises = verdict.log == Verdict::Log::kRaise;
+    if (!raises && standing.empty()) continue;
+    const auto found = std::find_if(standing.begin(), standing.end(),
+                                    [&](const JudgedFinding& other) { return IsSameTag(other.tag, verdict.tag); });
+    if (raises) {
+      const JudgedFinding raised{verdict.field, verdict.tag, verdict.text, verdict.rule->check.expected};
+      if (found == standing.end())
+        standing.push_back(raised);
+      else if (found->text != verdict.text)
+        *found = {raised.field, found->tag, raised.text, raised.expected};
+      continue;
+    }
+    if (found != standing.end() && Withdraws(verdict, found->text)) standing.erase(found);
+  }
+  return standing;
+}
+
+bool Withdraws(const Verdict& verdict, std::string_view text) {
+  return verdict.log == Verdict::Log::kWithdrawAny ||
+         (verdict.log == Verdict::Log::kWithdraw &&
+          (text == verdict.text || (!verdict.other_text.empty() && text == verdict.other_text)));
+}
+
+std::string_view ExpectedOf(const RuleSet& rules, std::string_view tag, std::string_view text) {
+  for (const RuleGroup& group : rules.groups())
+    for (const Rule& rule : group.rules) {
+      if (!IsSameTag(rules.fields()[rule.place].tag, tag) || rule.check.expected.empty()) continue;
+      const bool same = text == finding::kBlank || text == rule.check.text ||
+                        text.find("(" + rule.check.expected + ")") != std::string_view::npos;
+      if (same) return rule.check.expected;
+    }
+  return {};
+}
+
+bool IsSameTag(std::string_view a, std::string_view b) {
+  a = TrimmedTag(a);
+  b = TrimmedTag(b);
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return LowerLetter(x) == LowerLetter(y); });
+}
+
+void Judging::NeedContext() const {
+  if (context_.unreadable) throw *context_.unreadable;
+}
+
+bool Judging::HasMonth() const {
+  NeedContext();
+  return context_.month_found;
+}
+
+Verdict& Judging::Add() {
+  Verdict& verdict = verdicts_.all.emplace_back();
+  verdict.rule = &rule_;
+  verdict.field = rule_.place;
+  verdict.tag = tag_.data() != nullptr ? tag_ : std::string_view(view_.fields()[rule_.place].tag);
+  verdict.as_tip = as_tip_;
+  return verdict;
+}
+
+void Judging::Say(bool failed, std::string_view text) {
+  Verdict& verdict = Add();
+  verdict.log = failed ? Verdict::Log::kRaise : Verdict::Log::kWithdraw;
+  verdict.text = text;
+}
+
+void Judging::Withdraw(std::string_view text, std::string_view or_this) {
+  Verdict& verdict = Add();
+  verdict.log = Verdict::Log::kWithdraw;
+  verdict.text = text;
+  verdict.other_text = or_this;
+}
+
+void Judging::WithdrawAny() {
+  Add().log = Verdict::Log::kWithdrawAny;
+}
+
+void Judging::Mark(merlu::Mark mark) {
+  Verdict& verdict = verdicts_.all.size() > first_ ? verdicts_.all.back() : Add();
+  verdict.mark = mark;
+}
+
+void Judging::Become(std::string text) {
+  view_.SetText(rule_.place, text);
+  Verdict& verdict = Add();
+  verdict.changed = rule_.place;
+  verdict.becomes = std::move(text);
+}
+
+void Judging::FallBack(int list, std::string text, int item, std::string message) {
+  view_.SetText(list, text);
+  Verdict& verdict = Add();
+  verdict.changed = list;
+  verdict.becomes = std::move(text);
+  verdict.item = item;
+  verdict.message = std::move(message);
+}
+
+}  // namespace merlu
