@@ -63,8 +63,7 @@ bool Find(Session& s, QCLocation& location, std::string_view field_id) {
   BlankOutBelow(location, !s.current.Is(level::kSurvey), s.current.Is(level::kEquipment));
   Values values = AtLocation(location);
   values.emplace_back(TrimRight(field_id));
-  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE",
-                                   std::move(values));
+  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE", values);
 }
 
 }  // namespace
