@@ -95,7 +95,7 @@ bool MutatedFile::ImportLeavesASoundFile() {
   Main(s);
   try {
     Database file;
-    file.OpenReadOnly(path_);
+    file.OpenPrivateCopy(path_);
     CheckImportFile(file, s.db);
     std::vector<StructureName> all;
     for (const ListedStructure& structure : ListStructures(file)) all.push_back(structure.name);
