@@ -3,6 +3,7 @@
 #include "forms/dialog.h"
 #include "qc/qc_list.h"
 #include "qc/qc_log.h"
+#include "session/act.h"
 #include "session/messages.h"
 
 namespace merlu {
@@ -33,6 +34,7 @@ void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
 
 void Keep(Session& s, Form& dialog, std::vector<std::string>& row) {
   const std::string& comment = dialog.At("txtComments").text;
+  const Act act(s, "Comment");
   const bool kept = OnSheet(s, [&] {
     Cursor& qc = s.At("QC");
     qc.Edit();

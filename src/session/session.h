@@ -13,6 +13,8 @@
 #include "base/text.h"
 #include "forms/desk.h"
 #include "forms/platform.h"
+#include "history/companion.h"
+#include "history/notes.h"
 #include "session/location.h"
 #include "session/tree.h"
 #include "store/cursor.h"
@@ -62,7 +64,8 @@ struct Session {
 
   // The open file
   Database db;
-  Database exchange;  // a second file: what an export writes, or an import reads
+  Companion companion;  // what is kept beside the file
+  Database exchange;    // a second file: what an export writes, or an import reads
   Cursors cursors;
   int year = 0;         // sys_yr
   int last_month = 0;   // SYS_MAX_MO
@@ -81,6 +84,8 @@ struct Session {
 
   // The edit
   bool editing = false;
+  Draft draft;                  // what is kept of the edit in case it is interrupted
+  std::int64_t edit_step = 0;   // a look-up list has grown in it: the save goes on with that step
   bool save_failed = false;  // a save or the first-run dialog was not carried through
   bool InSaveQC = false;     // the QC run is the one that the save began
   bool EquipmentInactive = false;

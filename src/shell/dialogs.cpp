@@ -9,8 +9,10 @@
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "session/act.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
+#include "session/place.h"
 #include "session/records.h"
 #include "shell/dialog_form.h"
 #include "shell/program_end.h"
@@ -80,6 +82,14 @@ void ShowNewStructure(Session& s, const NewStructure& structure) {
   AddAndSelect(s, parent, key, StructureText(structure.area, structure.block, structure.name));
 }
 
+QCLocation StructureAt(Session& s, const NewStructure& structure) {
+  QCLocation at = s.current;
+  at.Level = level::kStructure;
+  at.CmplxID = structure.complex;
+  at.StructID = structure.structure;
+  return at;
+}
+
 void MakeStructure(Session& s, Form& form) {
   for (const Needed& field : kStructureFields)
     if (Trim(form.At(field.control).text).empty()) return Refuse(s, form, field.control, field.message);
@@ -92,7 +102,11 @@ void MakeStructure(Session& s, Form& form) {
       form.At("txtStructID").text.clear();
       return;
     }
-    NewStructureRows(s, structure);
+    {
+      const std::string name = StructureText(structure.area, structure.block, structure.name);
+      const Act act(s, "New Structure", JoinPlace(0, 0, name, ""), StructureAt(s, structure));
+      NewStructureRows(s, structure);
+    }
     s.desk.Hide(form);
     ShowNewStructure(s, structure);
   });
@@ -113,6 +127,21 @@ void ShowNewEquipment(Session& s, const EquipmentType& type, const std::string& 
   AddAndSelect(s, parent, key, std::string(type.tree_name) + ": " + id);
 }
 
+QCLocation EquipmentAt(Session& s, const EquipmentType& type, const std::string& id) {
+  QCLocation at = s.current;
+  at.Level = level::kEquipment;
+  at.EquipType = type.code;
+  at.EquipID = id;
+  return at;
+}
+
+// The new piece's description: it comes with all its months.
+std::string EquipmentPlace(Session& s, const EquipmentType& type, const std::string& id) {
+  QCLocation at = EquipmentAt(s, type, id);
+  at.Month = at.Year = 0;
+  return PlaceText(s.db, at);
+}
+
 void MakeEquipment(Session& s, Form& form) {
   const std::string id = Trim(form.At("txtEquipID").text);
   if (id.empty()) return Refuse(s, form, "txtEquipID", "Please supply a valid Equipment ID (8 chars max)");
@@ -121,7 +150,10 @@ void MakeEquipment(Session& s, Form& form) {
   try {
     if (EquipmentExists(s, *type, id))
       return Refuse(s, form, "txtEquipID", "This Equipment ID already exists. Please enter a unique ID.");
-    NewEquipRows(s, *type, id);
+    {
+      const Act act(s, "New Equipment", EquipmentPlace(s, *type, id), EquipmentAt(s, *type, id));
+      NewEquipRows(s, *type, id);
+    }
     s.desk.Hide(form);
     ShowNewEquipment(s, *type, id);
   } catch (const Fault& fault) {
@@ -220,10 +252,12 @@ void DeleteCurrent(Session& s) {
   const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
                                    : "Are you sure you wish to delete this equipment data?";
   if (AskUser(s, question, {Button::kOK, Button::kCancel}) != Button::kOK) return;
+  const Act act(s, "Deletion");
   if (Plainly(s, [&] { DeleteCurrentRecord(s); })) RefreshDescTree(s);
 }
 
 void AddNextMonth(Session& s) {
+  const Act act(s, "New Month", JoinPlace(s.last_month + 1, s.year, "", ""), s.current);
   Plainly(s, [&] {
     if (s.At("CO_COMPANY").RecordCount() == 0) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
     if (s.last_month == 12) return Tell(s, "All 12 months have already been added to this inventory.");

@@ -11,6 +11,7 @@
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "forms/dialog.h"
+#include "session/act.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "shell/dialog_form.h"
@@ -282,6 +283,7 @@ void ImportPickedStructures(Session& s, Form& form) {
     form.focus = kStructures;
     return Tell(s, "No Structures selected for importing.");
   }
+  const Act act(s, "Import");
   try {
     bool imported = false;
     {

@@ -77,6 +77,7 @@ void Main(Session& s) {
 void CloseDatabase(Session& s) {
   s.known_findings = {};
   s.cursors.Close();
+  s.companion.Close();
   s.db.Close();
 }
 
