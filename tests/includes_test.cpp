@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 const std::vector<std::vector<std::string>> kLayers = {
     {"base"},
     {"store", "forms"},
+    {"history"},
     {"session"},
     {"rules"},
     {"qc"},

@@ -3,6 +3,7 @@
 #include "forms/dialog.h"
 #include "qc/qc_list.h"
 #include "qc/qc_log.h"
+#include "session/act.h"
 #include "session/messages.h"
 
 namespace merlu {
@@ -35,6 +36,7 @@ void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
 // Finds the row again: another program may have taken it meanwhile.
 bool StoreComment(Session& s, const std::string& field_id, const std::string& comment) {
   bool found = false;
+  const Act act(s, "Comment");
   const bool done = OnSheet(s, [&] {
     WriteBatch batch(s.db);
     s.db.NoticeOthers();

@@ -13,6 +13,8 @@
 #include "base/text.h"
 #include "forms/desk.h"
 #include "forms/platform.h"
+#include "history/companion.h"
+#include "history/notes.h"
 #include "session/location.h"
 #include "session/tree.h"
 #include "store/cursor.h"
@@ -57,7 +59,8 @@ struct Session {
   // The open file
   Database db;
   FileNote note;      // that this run has the file open
-  Database exchange;  // a second file: what an export writes, or an import reads
+  Companion companion;  // what is kept beside the file
+  Database exchange;    // a second file: what an export writes, or an import reads
   Cursors cursors;
   int year = 0;        // sys_yr
   int last_month = 0;  // SYS_MAX_MO
@@ -75,6 +78,8 @@ struct Session {
   bool editing = false;
   bool unreadable = false;   // the record that shows could not be read: no edit, no save, no run
   int faults_told = 0;       // by messages: a load that told of one has not read its record
+  Draft draft;                  // what is kept of the edit in case it is interrupted
+  std::int64_t edit_step = 0;   // a look-up list has grown in it: the save goes on with that step
   bool save_failed = false;  // a save or the first-run dialog was not carried through
   bool InSaveQC = false;     // the QC run is the one that the save began
   bool EquipmentInactive = false;

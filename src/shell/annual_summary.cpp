@@ -1,6 +1,7 @@
 #include "shell/annual_summary.h"
 
 #include "inventory_qc/inventory_run.h"
+#include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
 
@@ -65,6 +66,7 @@ void RenderReport(Session& s, const std::string& path) {
 void RunInventoryQC(Session& s, const std::string& path) {
   try {
     const Busy busy(s);
+    const Act act(s, "Annual Summary", "", s.current);
     ShowWait(s, "Preparing QA Summary", "Please Wait...");
     RunInventoryPasses(s);
     RenderReport(s, path);

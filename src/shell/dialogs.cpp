@@ -9,8 +9,10 @@
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "session/act.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
+#include "session/place.h"
 #include "session/records.h"
 #include "shell/dialog_form.h"
 #include "shell/program_end.h"
@@ -83,8 +85,18 @@ void ShowNewStructure(Session& s, const NewStructure& structure) {
   AddAndSelect(s, parent, key, StructureText(structure.area, structure.block, structure.name));
 }
 
+QCLocation StructureAt(Session& s, const NewStructure& structure) {
+  QCLocation at = s.current;
+  at.Level = level::kStructure;
+  at.CmplxID = structure.complex;
+  at.StructID = structure.structure;
+  return at;
+}
+
 // Looks and adds in one batch, so that no other program adds the same one in between. False for one that exists.
 bool AddStructure(Session& s, const NewStructure& structure) {
+  const std::string name = StructureText(structure.area, structure.block, structure.name);
+  const Act act(s, "New Structure", JoinPlace(0, 0, name, ""), StructureAt(s, structure));
   WriteBatch batch(s.db);
   if (StructureExists(s, structure.complex, structure.structure)) return false;
   RequireRoomForStructure(s);
@@ -127,7 +139,23 @@ void ShowNewEquipment(Session& s, const EquipmentType& type, const std::string& 
   AddAndSelect(s, parent, key, std::string(type.tree_name) + ": " + id);
 }
 
+QCLocation EquipmentAt(Session& s, const EquipmentType& type, const std::string& id) {
+  QCLocation at = s.current;
+  at.Level = level::kEquipment;
+  at.EquipType = type.code;
+  at.EquipID = id;
+  return at;
+}
+
+// The new piece's description: it comes with all its months.
+std::string EquipmentPlace(Session& s, const EquipmentType& type, const std::string& id) {
+  QCLocation at = EquipmentAt(s, type, id);
+  at.Month = at.Year = 0;
+  return PlaceText(s.db, at);
+}
+
 bool AddEquipment(Session& s, const EquipmentType& type, const std::string& id) {
+  const Act act(s, "New Equipment", EquipmentPlace(s, type, id), EquipmentAt(s, type, id));
   WriteBatch batch(s.db);
   if (EquipmentExists(s, type, id)) return false;
   NewEquipRows(s, type, id);
@@ -255,6 +283,7 @@ void DeleteCurrent(Session& s) {
   const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
                                    : "Are you sure you wish to delete this equipment data?";
   if (AskUser(s, question, {Button::kOK, Button::kCancel}) != Button::kOK) return;
+  const Act act(s, "Deletion");
   const bool deleted = Plainly(s, [&] {
     const std::vector<std::int64_t> months = structure ? MonthsOf(s, s.PD_ID_AK) : std::vector<std::int64_t>();
     DeleteCurrentRecord(s);
@@ -264,6 +293,7 @@ void DeleteCurrent(Session& s) {
 }
 
 void AddNextMonth(Session& s) {
+  const Act act(s, "New Month", JoinPlace(s.last_month + 1, s.year, "", ""), s.current);
   Plainly(s, [&] {
     if (s.At("CO_COMPANY").RecordCount() == 0) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
     if (s.last_month == 12) return Tell(s, kAllMonths);

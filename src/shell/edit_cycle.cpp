@@ -1,7 +1,10 @@
 #include "shell/edit_cycle.h"
 
+#include <utility>
+
 #include "qc_run/run_qc.h"
 #include "records/operator_record.h"
+#include "session/act.h"
 #include "shell/routing.h"
 #include "shell/trees.h"
 
@@ -31,6 +34,15 @@ void EndEdit(Session& s) {
   s.editing = false;
 }
 
+// A save, with the look-up list that has grown during the edit.
+class SavingAct {
+ public:
+  explicit SavingAct(Session& s) : act_((s.companion.ContinueWith(std::exchange(s.edit_step, 0)), s), "Save") {}
+
+ private:
+  Act act_;
+};
+
 }  // namespace
 
 void UnlockInterface(Session& s) {
@@ -46,6 +58,7 @@ void BeginEdit(Session& s) {
 }
 
 void SaveEdits(Session& s) {
+  const SavingAct act(s);
   s.save_failed = false;
   SaveSheet(s, false);
   if (s.save_failed) return;
@@ -56,6 +69,7 @@ void SaveEdits(Session& s) {
 }
 
 void SaveExit(Session& s) {
+  const SavingAct act(s);
   s.save_failed = false;
   if (s.current.Is(level::kUser) && !ValidateOperator(s)) {
     s.save_failed = true;
@@ -81,6 +95,7 @@ void SaveExit(Session& s) {
 }
 
 void CancelEdit(Session& s) {
+  s.edit_step = 0;
   ClearSheet(s);
   LoadSheet(s);
   EndEdit(s);
@@ -88,6 +103,7 @@ void CancelEdit(Session& s) {
 
 void RunQCHere(Session& s) {
   if (!CanUseRecord(s)) return;
+  const Act act(s, "QC Run");
   const QCLocation here = s.current;
   RunQC(s, here, false);
   s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows

@@ -11,6 +11,7 @@
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "forms/dialog.h"
+#include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
@@ -301,6 +302,7 @@ void ImportPickedStructures(Session& s, Form& form) {
     form.focus = kStructures;
     return Tell(s, "No Structures selected for importing.");
   }
+  const Act act(s, "Import");
   try {
     bool imported = false;
     {

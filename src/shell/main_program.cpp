@@ -92,6 +92,7 @@ void Main(Session& s) {
 
 void CloseDatabase(Session& s) {
   s.cursors.Close();
+  s.companion.Close();
   s.db.Close();
   s.note.Release();
 }

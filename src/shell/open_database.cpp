@@ -4,6 +4,8 @@
 
 #include "base/dates.h"
 #include "base/text.h"
+#include "history/layout.h"
+#include "session/act.h"
 #include "session/messages.h"
 #include "session/types.h"
 #include "shell/program_end.h"
@@ -62,11 +64,13 @@ bool OpenAll(Session& s) {
   s.db.Open(s.path);
   RequireTables(s, {"SYS_CONFIG", "CO_COMPANY"});
   RequireTables(s, tables);
+  s.db.RecordChanges(RecordedCompanionTables());
   OpenConfiguration(s);
   s.cursors.Open(s.db, "CO_COMPANY");
   if (s.At("CO_COMPANY").EOF_() && !ShowNewOperator(s, kFarewell)) return false;
   for (const std::string& table : tables) s.cursors.Open(s.db, table);
   s.activity_record = TreeRecord();
+  OpenCompanion(s);
   return true;
 }
 

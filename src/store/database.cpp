@@ -94,6 +94,10 @@ int ReadersOnly(void*, int action, const char* first, const char* second, const 
   }
 }
 
+bool ChangesRows(std::string_view sql) {
+  return sql.starts_with("INSERT") || sql.starts_with("UPDATE") || sql.starts_with("DELETE");
+}
+
 // Inventories hold no triggers: one that somebody has put into a file is not run.
 void RunNothingOfTheFile(sqlite3* db) {
   for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER})
@@ -154,7 +158,8 @@ Value RowView::At(int c) const {
 // inside a query) is prepared once more for the inner use.
 class Database::Running {
  public:
-  Running(Database& db, std::string_view sql, const Values& values) : db_(db) {
+  template <typename V>
+  Running(Database& db, std::string_view sql, const std::vector<V>& values) : db_(db) {
     statement_ = db.Prepare(sql);
     if (sqlite3_stmt_busy(statement_)) {
       if (sqlite3_prepare_v2(db.db_, sql.data(), static_cast<int>(sql.size()), &statement_, nullptr) != SQLITE_OK)
@@ -186,6 +191,20 @@ class Database::Running {
     if (const auto* d = std::get_if<double>(&value)) sqlite3_bind_double(statement_, at, *d);
     if (const auto* s = std::get_if<std::string>(&value))
       sqlite3_bind_text(statement_, at, s->data(), static_cast<int>(s->size()), SQLITE_STATIC);
+  }
+
+  void Bind(int at, const StoredValue& value) {
+    using Kind = StoredValue::Kind;
+    const auto size = static_cast<int>(value.bytes.size());
+    // an empty text is no Null
+    const char* bytes = value.bytes.data() == nullptr ? "" : value.bytes.data();
+    switch (value.kind) {
+      case Kind::kNull: return;
+      case Kind::kInteger: sqlite3_bind_int64(statement_, at, value.integer); return;
+      case Kind::kReal: sqlite3_bind_double(statement_, at, value.real); return;
+      case Kind::kText: sqlite3_bind_text(statement_, at, bytes, size, SQLITE_STATIC); return;
+      case Kind::kBlob: sqlite3_bind_blob(statement_, at, bytes, size, SQLITE_STATIC); return;
+    }
   }
 
   Database& db_;
@@ -220,8 +239,12 @@ void Database::OpenWith(const std::string& path, int flags) {
     OpenFile(std::filesystem::absolute(path, error).string(), flags);
     if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
     if (!writes) Distrust(db_);
-    const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
-    sqlite3_rollback_hook(db_, count, &unseen_changes_);
+    const auto taken_back = [](void* self) {
+      auto& db = *static_cast<Database*>(self);
+      ++db.unseen_changes_;
+      db.recorder_.BackTo(0);
+    };
+    sqlite3_rollback_hook(db_, taken_back, this);
     Execute("PRAGMA foreign_keys=ON");
     // a journal that a power cut brought back would take back what had been told as saved
     Execute("PRAGMA synchronous=EXTRA");
@@ -335,7 +358,12 @@ Database::Attached::~Attached() {
 void Database::Close() {
   if (db_ == nullptr) return;
   cache_.clear();
-  if (!sqlite3_get_autocommit(db_)) sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
+  try {
+    if (!sqlite3_get_autocommit(db_)) EndBatch();
+  } catch (const Fault&) {
+    // nobody is left to hear of it
+  }
+  recorder_.Stop();
   sqlite3_close_v2(db_);
   db_ = nullptr;
   batches_ = 0;
@@ -352,11 +380,30 @@ sqlite3_stmt* Database::Prepare(std::string_view sql) {
   return statement;
 }
 
-int Database::Execute(std::string_view sql, const Values& values) {
-  Running run(*this, sql, values);
-  while (run.Step()) {
+template <typename V>
+int Database::Run(std::string_view sql, const std::vector<V>& values) {
+  const std::size_t mark = recorder_.Mark();
+  try {
+    Running run(*this, sql, values);
+    while (run.Step()) {
+    }
+  } catch (const Fault&) {
+    recorder_.BackTo(mark);  // the engine takes back what the statement did
+    throw;
   }
   return sqlite3_changes(db_);
+}
+
+int Database::Execute(std::string_view sql, const Values& values) {
+  if (!recorder_.IsOn() || !sqlite3_get_autocommit(db_) || !ChangesRows(sql)) return Run(sql, values);
+  WriteBatch batch(*this);  // what is recorded is written in a batch
+  const int changed = Run(sql, values);
+  batch.Commit();
+  return changed;
+}
+
+int Database::ExecuteStored(std::string_view sql, const std::vector<StoredValue>& values) {
+  return Run(sql, values);
 }
 
 int Database::ForEach(std::string_view sql, const Values& values, const std::function<void(const RowView&)>& each) {
@@ -425,7 +472,9 @@ void Database::NoticeOthers() {
   if (db_ == nullptr) return;
   try {
     const std::int64_t version = ToInteger(Single("PRAGMA data_version"));
-    if (std::exchange(data_version_, version) != version) ++unseen_changes_;
+    if (std::exchange(data_version_, version) == version) return;
+    ++unseen_changes_;
+    TellAllChanged();
   } catch (const Fault&) {
     // what follows meets the same failure and tells it
   }
@@ -444,22 +493,14 @@ int Database::ExecuteOn(TableChanges& table, std::string_view sql, const Values&
 }
 
 WriteBatch::WriteBatch(Database& db) : db_(db) {
-  if (db_.batches_ == 0) db_.Execute("BEGIN IMMEDIATE");
+  if (db_.batches_ == 0) db_.BeginBatch();
   ++db_.batches_;
 }
 
 void WriteBatch::Commit() {
   if (!open_) return;
   open_ = false;
-  if (--db_.batches_ > 0) return;
-  // the engine ends a batch by itself when the disk fails; nothing is left to commit then
-  if (sqlite3_get_autocommit(db_.db_)) return;
-  try {
-    db_.Execute("COMMIT");
-  } catch (const Fault&) {
-    sqlite3_exec(db_.db_, "ROLLBACK", nullptr, nullptr, nullptr);
-    throw;
-  }
+  if (--db_.batches_ == 0) db_.EndBatch();
 }
 
 WriteBatch::~WriteBatch() {
@@ -470,7 +511,7 @@ WriteBatch::~WriteBatch() {
   }
 }
 
-AllOrNothing::AllOrNothing(Database& db) : db_(db) {
+AllOrNothing::AllOrNothing(Database& db) : db_(db), mark_(db.recorder_.Mark()) {
   db_.Execute("SAVEPOINT all_or_nothing");
 }
 
@@ -483,6 +524,7 @@ AllOrNothing::~AllOrNothing() {
   // the engine has taken everything back by itself when it ended the batch
   if (!open_ || !db_.IsOpen() || sqlite3_get_autocommit(db_.db_)) return;
   sqlite3_exec(db_.db_, "ROLLBACK TO all_or_nothing; RELEASE all_or_nothing", nullptr, nullptr, nullptr);
+  db_.recorder_.BackTo(mark_);
   ++db_.unseen_changes_;
 }
 

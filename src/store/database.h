@@ -8,9 +8,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "base/fault.h"
 #include "base/text.h"
+#include "store/changes.h"
 #include "store/value.h"
 
 struct sqlite3;
@@ -42,6 +45,19 @@ struct Rows {
   std::vector<Values> rows;
 };
 
+// What takes part in every batch of a connection that records: a second file in the same commit.
+class BatchPartner {
+ public:
+  virtual ~BatchPartner() = default;
+  // Before the outermost batch begins.
+  virtual void Begin() = 0;
+  // Before it is committed: writes what belongs to these changes into the same batch.
+  virtual void Write(const Changes& changes) = 0;
+  // A batch that could not begin, or not be committed: leaves, so that the inventory is written alone. False when it
+  // took no part.
+  virtual bool StepAside(const Fault& why) = 0;
+};
+
 class Database {
  public:
   Database() = default;
@@ -67,6 +83,8 @@ class Database {
 
   // Runs a statement; returns the number of rows it changed.
   int Execute(std::string_view sql, const Values& values = {});
+  // The same with values as they are stored, blobs included.
+  int ExecuteStored(std::string_view sql, const std::vector<StoredValue>& values);
   // Runs a query and keeps all rows.
   Rows Query(std::string_view sql, const Values& values = {});
   // Runs a query and hands each row to `each`; returns the number of rows.
@@ -105,6 +123,31 @@ class Database {
   // As Execute, for a statement that inserts into the table, or updates it.
   int ExecuteOn(TableChanges& table, std::string_view sql, const Values& values);
 
+  // From here on the rows that a batch changes are recorded, those of further tables in an attached file included.
+  // Ends with the connection.
+  void RecordChanges(std::vector<RecordedTable> more = {});
+  const ChangeRecorder& recorder() const { return recorder_; }
+  // Called with the rows of every batch that was committed, in the order in which the listeners came. A number to
+  // forget the listener by.
+  using Listener = std::function<void(const Changes&)>;
+  int Listen(Listener listener);
+  void Forget(int listener);
+  // Tells the listeners that any row may be another one.
+  void TellAllChanged();
+  // The partner outlives the connection; null for none.
+  void SetPartner(BatchPartner* partner) { partner_ = partner; }
+  bool InBatch() const { return batches_ > 0; }
+
+  // Another file that is written together with this one, outside a batch only; a missing one is made.
+  void Attach(const std::string& path, const std::string& schema);
+  void Detach(const std::string& schema);
+  // Writes to the other file alone in one commit, so that the inventory stays free for other programs; inside a batch
+  // it is part of that.
+  void Alone(const std::function<void()>& work);
+  bool IsReadOnly(const char* schema) const;
+  // Grows with every commit of any program; -1 when it cannot be read.
+  std::int64_t FileChangeCounter() const;
+
   // What another connection has open, as a schema of this one: its pages are copied into a private file, which goes
   // with this. No batch may be open.
   class Attached {
@@ -129,6 +172,12 @@ class Database {
   void OpenFile(const std::string& name, int flags);
   void LeaveWriteAheadLog();
   void CopyPages(sqlite3* to, const std::string& schema);
+  void BeginBatch();
+  void EndBatch();
+  void WriteAlone(Changes& changes);
+  void Tell(const Changes& changes);
+  template <typename V>
+  int Run(std::string_view sql, const std::vector<V>& values);
   sqlite3_stmt* Prepare(std::string_view sql);
   [[noreturn]] void Fail(int code) const;
 
@@ -145,6 +194,10 @@ class Database {
   std::int64_t data_version_ = 0;
   std::int64_t single_rows_ = 0;  // changed by ExecuteOn, all tables together
   std::unordered_map<std::string, TableChanges> tables_;
+  ChangeRecorder recorder_;
+  BatchPartner* partner_ = nullptr;
+  std::vector<std::pair<int, Listener>> listeners_;
+  int last_listener_ = 0;
 };
 
 // Many writes, one commit. The outermost batch begins and commits; it commits when it goes out of scope
@@ -178,7 +231,25 @@ class AllOrNothing {
 
  private:
   Database& db_;
+  std::size_t mark_;
   bool open_ = true;
+};
+
+// Makes the rows what the changes say they are after, or, backwards, what they were before: rows that go first, then
+// those that change, then those that come. Runs in a batch with foreign keys off.
+enum class Direction { kForward, kBackward };
+void ApplyChanges(Database& db, const Changes& changes, Direction direction);
+
+// Foreign keys are off as long as this lives; outside a batch only.
+class WithoutRelations {
+ public:
+  explicit WithoutRelations(Database& db);
+  ~WithoutRelations();
+  WithoutRelations(const WithoutRelations&) = delete;
+  WithoutRelations& operator=(const WithoutRelations&) = delete;
+
+ private:
+  Database& db_;
 };
 
 }  // namespace merlu

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/fault.h"
+#include "session/act.h"
 #include "session/messages.h"
 
 namespace merlu {
@@ -22,19 +23,18 @@ std::string Where(const LookupCriteria& criteria, Values& values) {
 
 }  // namespace
 
-void FillLookupList(Session& s, Form& form, const std::string& list, const std::string& table, const std::string& column,
-                    const LookupCriteria& criteria) {
+void FillLookupList(Session& s, Form& form, const std::string& list, const std::string& table,
+                    const std::string& column, const LookupCriteria& criteria) {
   OnSheet(s, [&] {
     Control& control = form.At(list);
     control.items.clear();
     Values values;
     const std::string where = Where(criteria, values);
-    Database lookup;
-    lookup.Open(s.db.path());
-    lookup.ForEach("SELECT [" + column + "] FROM [" + table + "]" + where + " ORDER BY rowid", values, [&](const RowView& row) {
-      const std::string value(row.Text(0));
-      if (control.items.empty() || control.items.back() != value) control.items.push_back(value);
-    });
+    s.db.ForEach("SELECT [" + column + "] FROM [" + table + "]" + where + " ORDER BY rowid", values,
+                 [&](const RowView& row) {
+                   const std::string value(row.Text(0));
+                   if (control.items.empty() || control.items.back() != value) control.items.push_back(value);
+                 });
     const auto found = std::find(control.items.begin(), control.items.end(), control.text);
     control.index = found == control.items.end() ? -1 : static_cast<int>(found - control.items.begin());
   });
@@ -44,16 +44,16 @@ void AddToLookup(Session& s, const std::string& table, const LookupCriteria& row
   OnSheet(s, [&] {
     Values values;
     const std::string where = Where(row, values);
-    Database lookup;
-    lookup.Open(s.db.path());
-    if (!IsNull(lookup.Single("SELECT 1 FROM [" + table + "]" + where, values))) return;
+    if (!IsNull(s.db.Single("SELECT 1 FROM [" + table + "]" + where, values))) return;
     Tell(s, "Adding new Make-Model to lookup.");
     std::string columns, marks;
     for (const auto& [column, text] : row) {
       columns.append(columns.empty() ? "[" : ",[").append(column).append("]");
       marks.append(marks.empty() ? "?" : ",?");
     }
-    lookup.Execute("INSERT INTO [" + table + "] (" + columns + ") VALUES (" + marks + ")", values);
+    const Act act(s, "Look-up List");
+    s.db.Execute("INSERT INTO [" + table + "] (" + columns + ") VALUES (" + marks + ")", values);
+    s.edit_step = s.companion.last_step();
   });
 }
 

@@ -1,0 +1,22 @@
+// The tables of the companion.
+#pragma once
+
+#include <vector>
+
+#include "store/database.h"
+
+namespace merlu {
+
+// Of a step: done, undone, or the mark of a restored backup, behind which nothing is undone.
+namespace step_state {
+inline constexpr int kDone = 0, kUndone = 1, kEndsUndo = 2;
+}
+
+void MakeLayout(Database& db);
+// Whether the attached file holds these tables and nothing else.
+bool HasLayout(Database& db);
+
+// The tables whose rows belong to a step as the inventory's do: an undo takes them back too.
+std::vector<RecordedTable> RecordedCompanionTables();
+
+}  // namespace merlu
