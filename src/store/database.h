@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "store/image.h"
 #include "store/value.h"
 
 struct sqlite3;
@@ -56,6 +57,10 @@ class Database {
   // Opens a file of unknown origin for reading only, under the engine's defensive settings: its schema may
   // run nothing, and values over a million bytes are faults. The same faults as Open.
   void OpenReadOnly(const std::string& path);
+  // Opens a file that was taken into memory, with the same distrust as OpenReadOnly. What is written to a private copy
+  // is gone with it.
+  enum class Use { kRead, kPrivateCopy };
+  void OpenImage(const Image& image, Use use);
   // Never fails. A batch that is still open is committed.
   void Close();
   bool IsOpen() const { return db_ != nullptr; }
@@ -128,6 +133,7 @@ class Database {
 
   sqlite3* db_ = nullptr;
   std::string path_;
+  Image image_;  // that an image in memory is read from
   Cache cache_;
   int batches_ = 0;
   std::int64_t unseen_changes_ = 0;  // what the engine does not count: changes taken back, and those of others
