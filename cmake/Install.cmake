@@ -20,7 +20,15 @@ install(FILES ${desktop_files}/copyright DESTINATION ${doc_dir})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples DESTINATION ${doc_dir} FILES_MATCHING PATTERN "*.merlu")
 
 # ---- compressed, as Debian keeps them ----
-configure_file(${desktop_files}/merlu.1.in ${CMAKE_BINARY_DIR}/manual/merlu.1 @ONLY)
+configure_file(${desktop_files}/merlu.1.in ${CMAKE_BINARY_DIR}/manual/merlu.1.in @ONLY)
+add_executable(make_manual tools/make_manual.cpp)
+target_link_libraries(make_manual PRIVATE merlu_command merlu_options)
+add_custom_command(
+  OUTPUT ${CMAKE_BINARY_DIR}/manual/merlu.1 ${CMAKE_BINARY_DIR}/manual/merlu.bash
+  COMMAND make_manual ${CMAKE_BINARY_DIR}/manual/merlu.1.in ${CMAKE_BINARY_DIR}/manual/merlu.1
+          ${CMAKE_BINARY_DIR}/manual/merlu.bash
+  DEPENDS make_manual ${CMAKE_BINARY_DIR}/manual/merlu.1.in
+  VERBATIM)
 function(merlu_compress from to)
   add_custom_command(OUTPUT ${to} COMMAND gzip -9nc ${from} > ${to} DEPENDS ${from} VERBATIM)
 endfunction()
@@ -28,4 +36,6 @@ merlu_compress(${CMAKE_BINARY_DIR}/manual/merlu.1 ${CMAKE_BINARY_DIR}/manual/mer
 merlu_compress(${desktop_files}/changelog ${CMAKE_BINARY_DIR}/manual/changelog.gz)
 add_custom_target(manual ALL DEPENDS ${CMAKE_BINARY_DIR}/manual/merlu.1.gz ${CMAKE_BINARY_DIR}/manual/changelog.gz)
 install(FILES ${CMAKE_BINARY_DIR}/manual/merlu.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_BINARY_DIR}/manual/merlu.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+  RENAME merlu)
 install(FILES ${CMAKE_BINARY_DIR}/manual/changelog.gz DESTINATION ${doc_dir})

@@ -30,7 +30,7 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"inventory_qc"},
     {"shell"},
     {"host", "help"},
-    {"script"},
+    {"script", "command"},
     {"desktop"},
     {"app"},
 };

@@ -1,6 +1,8 @@
 // merlu: the desktop program, and its commands without a window.
 #include <QGuiApplication>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -8,6 +10,8 @@
 #include <vector>
 
 #include "base/text.h"
+#include "command/command_texts.h"
+#include "command/commands.h"
 #include "desktop/desktop.h"
 #include "script/catalogue.h"
 #include "script/player.h"
@@ -21,16 +25,19 @@ constexpr const char* kUsage =
     "usage: merlu [--settings FILE] [INVENTORY]\n"
     "       merlu script [--settings FILE] [--clock \"YYYY-MM-DD HH:MM\"] [--stop-on-error] [FILE]\n"
     "       merlu catalogue\n"
-    "       merlu --help | --version\n";
+    "       merlu COMMAND ...\n"
+    "       merlu --help | --version | COMMAND --help\n";
 
 constexpr const char* kHelp =
     "\n"
     "Without a command the desktop program opens, on INVENTORY (a file *.mdb) or on the one of the last time.\n"
-    "  script       plays commands from FILE, or from standard input, and answers each with a line of JSON\n"
-    "  catalogue    prints every sheet, field and rule as JSON\n"
     "  --settings   keeps the settings in FILE instead of the user's own\n"
     "  --clock      sets the present date and time\n"
-    "  --stop-on-error  ends the script at the first command that could not be done\n";
+    "  --stop-on-error  ends the script at the first command that could not be done\n"
+    "\n"
+    "Commands need no display and use no settings, script excepted:\n"
+    "  script      plays commands from FILE, or from standard input, and answers each with a line of JSON\n"
+    "  catalogue   prints every sheet, field and rule as JSON\n";
 
 int Usage() {
   std::cerr << kUsage;
@@ -41,6 +48,11 @@ int Play(std::istream& in, const PlayOptions& options) {
   const int status = Player(in, std::cout, options).Run();
   if (!std::cout) std::cerr << "merlu: the answers cannot be written\n";
   return status;
+}
+
+int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
+  Console console{std::cout, std::cerr, isatty(STDERR_FILENO) != 0};
+  return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 
 int RunScript(int argc, char** argv) {
@@ -113,8 +125,9 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::string command = argc > 1 ? argv[1] : "";
   if (command == "script") return merlu::RunScript(argc, argv);
+  if (const merlu::CommandSpec* spec = merlu::FindCommand(command)) return merlu::RunCommandLine(*spec, argc, argv);
   if (command == "--help" || command == "-h") {
-    std::cout << merlu::kUsage << merlu::kHelp;
+    std::cout << merlu::kUsage << merlu::kHelp << merlu::CommandList();
     return 0;
   }
   if (command == "--version") {

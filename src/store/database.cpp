@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <set>
 #include <system_error>
@@ -336,6 +337,42 @@ void Database::CopyPages(sqlite3* to, const std::string& schema) {
   if (code != SQLITE_OK) FailWith(code, sqlite3_errmsg(to));
 }
 
+void Database::OpenImage(const Image& image, Use use) {
+  Close();
+  path_.clear();
+  const bool writes = use == Use::kPrivateCopy;
+  int code = sqlite3_open_v2(":memory:", &db_,
+                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX,
+                             nullptr);
+  try {
+    if (code != SQLITE_OK) Fail(code);
+    const auto size = static_cast<sqlite3_int64>(image.size);
+    unsigned char* bytes = image.bytes.get();
+    unsigned flags = SQLITE_DESERIALIZE_READONLY;
+    if (writes) {
+      bytes = static_cast<unsigned char*>(sqlite3_malloc64(image.size));
+      if (bytes == nullptr) throw std::bad_alloc();
+      std::memcpy(bytes, image.bytes.get(), image.size);
+      flags = SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE;
+    } else {
+      image_ = image;
+    }
+    code = sqlite3_deserialize(db_, "main", bytes, size, size, flags);
+    if (code != SQLITE_OK) Fail(code);
+    RunNothingOfTheFile(db_);
+    Distrust(db_);
+    if (writes) Execute("PRAGMA query_only=OFF");
+    const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
+    sqlite3_rollback_hook(db_, count, &unseen_changes_);
+    Execute("PRAGMA foreign_keys=ON");
+    Query("SELECT COUNT(*) FROM sqlite_master");
+    data_version_ = ToInteger(Single("PRAGMA data_version"));
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
 Database::Attached::Attached(Database& db, Database& other, std::string schema) : db_(db), schema_(std::move(schema)) {
   db.Execute("ATTACH DATABASE '' AS " + schema_);
   try {
@@ -366,6 +403,7 @@ void Database::Close() {
   recorder_.Stop();
   sqlite3_close_v2(db_);
   db_ = nullptr;
+  image_ = {};
   batches_ = 0;
 }
 

@@ -14,6 +14,7 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "store/changes.h"
+#include "store/image.h"
 #include "store/value.h"
 
 struct sqlite3;
@@ -76,6 +77,10 @@ class Database {
   // The same for a private copy of the file, made through the engine: what happens to the file, or to its name, after
   // that does not matter.
   void OpenPrivateCopy(const std::string& path);
+  // Opens a file that was taken into memory, with the same distrust as OpenReadOnly. What is written to a private copy
+  // is gone with it.
+  enum class Use { kRead, kPrivateCopy };
+  void OpenImage(const Image& image, Use use);
   // Never fails. A batch that is still open is committed.
   void Close();
   bool IsOpen() const { return db_ != nullptr; }
@@ -188,6 +193,7 @@ class Database {
 
   sqlite3* db_ = nullptr;
   std::string path_;
+  Image image_;  // that an image in memory is read from
   Cache cache_;
   int batches_ = 0;
   std::int64_t unseen_changes_ = 0;  // what the engine does not count: changes taken back, and those of others

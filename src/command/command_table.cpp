@@ -1,0 +1,66 @@
+#include "command/command_table.h"
+
+#include <algorithm>
+
+#include "command/commands.h"
+
+namespace merlu {
+namespace {
+
+const CommandOption kTextOrJson = {"--format", ValueKind::kChoice, "", "how it is written; text when it is not said", 0,
+                                   false,      {"text", "json"}};
+std::vector<CommandSpec> Make() {
+  return {
+      {"diff",
+       "A B",
+       2,
+       2,
+       "lists in what two inventories differ",
+       "Compares two inventories record by record, by the places of the records, and lists each value that differs. "
+       "Neither file is changed.",
+       {kTextOrJson},
+       ListDifferences},
+  };
+}
+
+}  // namespace
+
+const std::vector<CommandSpec>& Commands() {
+  static const std::vector<CommandSpec> commands = Make();
+  return commands;
+}
+
+const CommandSpec* FindCommand(std::string_view name) {
+  const auto& all = Commands();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const CommandSpec& one) { return one.name == name; });
+  return found == all.end() ? nullptr : &*found;
+}
+
+std::string OptionText(const CommandOption& option) {
+  std::string text = option.name;
+  if (option.kind == ValueKind::kNone) return text;
+  text += ' ';
+  if (option.choices.empty()) return text + option.value;
+  for (std::size_t i = 0; i < option.choices.size(); ++i) text += (i == 0 ? "" : "|") + std::string(option.choices[i]);
+  return text;
+}
+
+std::string Synopsis(const CommandSpec& command) {
+  std::string text = std::string("merlu ") + command.name + " " + command.words;
+  for (std::size_t i = 0; i < command.options.size();) {
+    const CommandOption& first = command.options[i];
+    std::string one = OptionText(first);
+    std::size_t next = i + 1;
+    for (; first.group != 0 && next < command.options.size() && command.options[next].group == first.group; ++next)
+      one += "|" + OptionText(command.options[next]);
+    const bool alternatives = next > i + 1;
+    if (!first.needed)
+      text += " [" + one + "]";
+    else
+      text += alternatives ? " (" + one + ")" : " " + one;
+    i = next;
+  }
+  return text;
+}
+
+}  // namespace merlu

@@ -1,0 +1,18 @@
+// The commands of the command line. Each takes its request and answers with its exit status; a Fault that it lets
+// pass is a file that could not be read or written.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "command/command_line.h"
+#include "command/console.h"
+
+namespace merlu {
+
+// `words` are those behind the command's name. Needs an application with fonts where a PDF is written.
+Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console);
+
+Status ListDifferences(const Request& request, Console& console);
+
+}  // namespace merlu

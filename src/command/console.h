@@ -1,0 +1,32 @@
+// Where a command writes, and what it answers.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace merlu {
+
+// Exit statuses.
+enum class Status { kWell = 0, kSomething = 1, kWrongUsage = 2, kFile = 3 };
+
+// The graver of two.
+inline Status Worse(Status one, Status other) {
+  return static_cast<int>(one) < static_cast<int>(other) ? other : one;
+}
+
+struct Console {
+  std::ostream& out;      // what was asked for
+  std::ostream& err;      // what concerns the run
+  bool progress = false;  // somebody looks at err
+};
+
+// A line on the run: "merlu check: FILE: why".
+void Complain(Console& console, const std::string& command, const std::string& file, const std::string& why);
+
+// A field of a line of CSV, quoted where it must be; a text that a spreadsheet would take for a formula gets an
+// apostrophe before it.
+std::string CsvField(const std::string& text);
+std::string CsvLine(const std::vector<std::string>& fields);
+
+}  // namespace merlu

@@ -1,0 +1,75 @@
+#include <nlohmann/json.hpp>
+
+#include "base/fault.h"
+#include "command/commands.h"
+#include "command/diff.h"
+#include "command/inventory_file.h"
+
+namespace merlu {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json ValueOf(const Value& value) {
+  return std::visit(
+      [](const auto& held) -> Json {
+        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Null>)
+          return nullptr;
+        else
+          return held;
+      },
+      value);
+}
+
+std::string InWords(const Value& value) {
+  const std::string text = NullToEmpty(value);
+  return text.empty() ? "(blank)" : text;
+}
+
+// One line of text, whatever a value holds.
+std::string OneLine(std::string text) {
+  for (char& c : text)
+    if (c == '\n' || c == '\r') c = ' ';
+  return text;
+}
+
+std::string TextOf(const Difference& one, const Request& request) {
+  if (one.column.empty())
+    return one.place + ": " + one.table + ": only in " + request.words[IsNull(one.a) || one.a == Value(false) ? 1 : 0];
+  return one.place + ": " + one.table + "." + one.column + ": " + InWords(one.a) + " -> " + InWords(one.b);
+}
+
+bool Open(Database& db, const std::string& file, Console& console) {
+  try {
+    OpenUntouched(db, file);
+    return true;
+  } catch (const Fault& fault) {
+    Complain(console, "diff", file, fault.description);
+    return false;
+  }
+}
+
+}  // namespace
+
+Status ListDifferences(const Request& request, Console& console) {
+  Database a, b;
+  const bool both = Open(a, request.words[0], console);
+  if (!Open(b, request.words[1], console) || !both) return Status::kFile;
+  const std::vector<Difference> differences = CompareInventories(a, b);
+  const bool json = request.Text("--format") == "json";
+  for (const Difference& one : differences) {
+    if (!json) {
+      console.out << OneLine(TextOf(one, request)) << "\n";
+      continue;
+    }
+    const Json line = {{"place", one.place},
+                       {"table", one.table},
+                       {"column", one.column},
+                       {"a", ValueOf(one.a)},
+                       {"b", ValueOf(one.b)}};
+    console.out << line.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+  }
+  return differences.empty() ? Status::kWell : Status::kSomething;
+}
+
+}  // namespace merlu

@@ -1,0 +1,39 @@
+#include <new>
+
+#include "base/fault.h"
+#include "command/command_texts.h"
+#include "command/commands.h"
+
+namespace merlu {
+namespace {
+
+Status Run(const Request& request, Console& console) {
+  const std::string name = request.command->name;
+  try {
+    return request.command->run(request, console);
+  } catch (const Fault& fault) {
+    Complain(console, name, "", fault.description);
+  } catch (const std::bad_alloc&) {
+    Complain(console, name, "", "There is not enough memory.");
+  }
+  return Status::kFile;
+}
+
+}  // namespace
+
+Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console) {
+  try {
+    const Request request = ReadRequest(command, words);
+    if (request.help) console.out << CommandHelp(command);
+    const Status status = request.help ? Status::kWell : Run(request, console);
+    console.out.flush();
+    if (console.out) return status;
+    Complain(console, command.name, "", "The answer could not be written.");
+    return Status::kFile;
+  } catch (const WrongUsage& wrong) {
+    console.err << "merlu " << command.name << ": " << wrong.what() << "\nusage: " << Synopsis(command) << "\n";
+    return Status::kWrongUsage;
+  }
+}
+
+}  // namespace merlu
