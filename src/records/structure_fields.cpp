@@ -23,6 +23,13 @@ FieldSpec Computed(FieldSpec field) {
   return field;
 }
 
+FieldSpec Exempt(const char* control, const char* caption, const char* tag, const char* column,
+                 std::vector<std::string> items) {
+  FieldSpec field = OpenItemText(DESC, control, caption, tag, column, std::move(items));
+  field.any_case = true;
+  return field;
+}
+
 std::vector<FieldSpec> Under(const char* block, std::vector<FieldSpec> fields) {
   for (FieldSpec& field : fields) field.block = block;
   return fields;
@@ -48,11 +55,11 @@ std::vector<FieldSpec> Description() {
             });
   sheet.Add(0, "Minor source",
             {
-                ItemText(DESC, "cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
-                         "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
-                ItemText(DESC, "cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What",
-                         "MINOR_SOURCE_EXEMPT_WHAT",
-                         {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
+                Exempt("cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
+                       "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
+                Exempt("cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What",
+                       "MINOR_SOURCE_EXEMPT_WHAT",
+                       {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
             });
   sheet.Add(
       0, "Sales gas composition",

@@ -113,6 +113,11 @@ void Distrust(sqlite3* db) {
   sqlite3_exec(db, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA query_only=ON", nullptr, nullptr, nullptr);
 }
 
+int CompareAsIds(void*, int a_size, const void* a, int b_size, const void* b) {
+  return CompareIds({static_cast<const char*>(a), static_cast<std::size_t>(a_size)},
+                    {static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
+}
+
 }  // namespace
 
 int RowView::size() const {
@@ -277,6 +282,7 @@ void Database::OpenFile(const std::string& name, int flags) {
   const int code = sqlite3_open_v2(name.c_str(), &db_,
                                    flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   if (code != SQLITE_OK) Fail(code);
+  sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
   RunNothingOfTheFile(db_);
   sqlite3_busy_timeout(db_, kBusyMilliseconds);
 }
@@ -359,6 +365,7 @@ void Database::OpenImage(const Image& image, Use use) {
     }
     code = sqlite3_deserialize(db_, "main", bytes, size, size, flags);
     if (code != SQLITE_OK) Fail(code);
+    sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
     RunNothingOfTheFile(db_);
     Distrust(db_);
     if (writes) Execute("PRAGMA query_only=OFF");
