@@ -211,17 +211,17 @@ bool GridCells::eventFilter(QObject* editor, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(editor, event);
   const auto* key = static_cast<QKeyEvent*>(event);
   const bool back = key->modifiers() & Qt::ShiftModifier, choice = qobject_cast<QComboBox*>(editor) != nullptr;
-  Step step = Step::kRight;
+  GridStep step = GridStep::kRight;
   switch (key->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: step = back ? Step::kUp : Step::kDown; break;
+    case Qt::Key_Enter: step = back ? GridStep::kUp : GridStep::kDown; break;
     case Qt::Key_Down:
     case Qt::Key_Up:
       if (choice) return false;
-      step = key->key() == Qt::Key_Up ? Step::kUp : Step::kDown;
+      step = key->key() == Qt::Key_Up ? GridStep::kUp : GridStep::kDown;
       break;
     case Qt::Key_Tab: break;
-    case Qt::Key_Backtab: step = Step::kLeft; break;
+    case Qt::Key_Backtab: step = GridStep::kLeft; break;
     default: return QStyledItemDelegate::eventFilter(editor, event);
   }
   auto* widget = static_cast<QWidget*>(editor);

@@ -49,7 +49,7 @@ class GridCells : public QStyledItemDelegate {
 
  signals:
   void Typed(int row, int column, const QString& text) const;
-  void Left(Step step);
+  void Left(GridStep step);
 
  private:
   const GridAdapter& adapter_;

@@ -159,7 +159,7 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 // ---- acts ----
 
-void GridView::Move(Step step) {
+void GridView::Move(GridStep step) {
   const QModelIndex now = currentIndex();
   if (!now.isValid()) return;
   const GridPlace next = NextOpenCell(*control_.grid, {now.row(), now.column()}, step);
@@ -218,7 +218,7 @@ void GridView::Clear() {
 
 bool GridView::focusNextPrevChild(bool next) {
   const QModelIndex before = currentIndex();
-  Move(next ? Step::kRight : Step::kLeft);
+  Move(next ? GridStep::kRight : GridStep::kLeft);
   return currentIndex() != before || QTableView::focusNextPrevChild(next);
 }
 
@@ -232,7 +232,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (opens) return emit doubleClicked(currentIndex());
-      return Move(back ? Step::kUp : Step::kDown);
+      return Move(back ? GridStep::kUp : GridStep::kDown);
     case Qt::Key_Delete:
     case Qt::Key_Backspace: return Clear();
     default: QTableView::keyPressEvent(event);

@@ -32,7 +32,7 @@ class GridView : public QTableView {
   void PlaceFixed();
   void FitColumns();
   int FixedWidth() const;
-  void Move(Step step);
+  void Move(GridStep step);
   void Copy() const;
   void Paste();
   void Clear();

@@ -61,14 +61,14 @@ GridBlock CellsOf(std::string_view text) {
   }
 }
 
-GridPlace NextOpenCell(const GridModel& grid, GridPlace from, Step step) {
+GridPlace NextOpenCell(const GridModel& grid, GridPlace from, GridStep step) {
   const int rows = grid.RowCount(), columns = static_cast<int>(grid.Columns().size());
   GridPlace at = from;
   while (true) {
-    if (step == Step::kDown || step == Step::kUp) {
-      at.row += step == Step::kDown ? 1 : -1;
+    if (step == GridStep::kDown || step == GridStep::kUp) {
+      at.row += step == GridStep::kDown ? 1 : -1;
     } else {
-      at.column += step == Step::kRight ? 1 : -1;
+      at.column += step == GridStep::kRight ? 1 : -1;
       if (at.column >= columns) at = {at.row + 1, 0};
       if (at.column < 0) at = {at.row - 1, columns - 1};
     }

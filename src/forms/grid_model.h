@@ -61,7 +61,7 @@ class GridModel {
 // quotes may hold both. The end of the last line makes no row.
 GridBlock CellsOf(std::string_view text);
 
-enum class Step { kDown, kUp, kRight, kLeft };
+enum class GridStep { kDown, kUp, kRight, kLeft };
 
 struct GridPlace {
   int row = -1, column = -1;
@@ -69,6 +69,6 @@ struct GridPlace {
 
 // The next open cell from there: Enter goes down its column, Tab along its row and on to the next one. The same
 // place when there is none.
-GridPlace NextOpenCell(const GridModel& grid, GridPlace from, Step step);
+GridPlace NextOpenCell(const GridModel& grid, GridPlace from, GridStep step);
 
 }  // namespace merlu

@@ -75,26 +75,26 @@ test::SmallGrid Grid(const Texts& rows) {
   return grid;
 }
 
-std::pair<int, int> Next(const GridModel& grid, int row, int column, Step step) {
+std::pair<int, int> Next(const GridModel& grid, int row, int column, GridStep step) {
   const GridPlace place = NextOpenCell(grid, {row, column}, step);
   return {place.row, place.column};
 }
 
 TEST(NextOpenCell, goes_down_the_column_past_what_is_locked) {
   const auto grid = Grid({"..", "#.", "#.", ".."});
-  EXPECT_EQ(Next(grid, 0, 0, Step::kDown), std::pair(3, 0));
-  EXPECT_EQ(Next(grid, 3, 0, Step::kUp), std::pair(0, 0));
-  EXPECT_EQ(Next(grid, 3, 1, Step::kDown), std::pair(3, 1));
+  EXPECT_EQ(Next(grid, 0, 0, GridStep::kDown), std::pair(3, 0));
+  EXPECT_EQ(Next(grid, 3, 0, GridStep::kUp), std::pair(0, 0));
+  EXPECT_EQ(Next(grid, 3, 1, GridStep::kDown), std::pair(3, 1));
 }
 
 TEST(NextOpenCell, goes_along_the_row_and_on_to_the_next_one) {
   const auto grid = Grid({".#.", "##.", "..#"});
-  EXPECT_EQ(Next(grid, 0, 0, Step::kRight), std::pair(0, 2));
-  EXPECT_EQ(Next(grid, 0, 2, Step::kRight), std::pair(1, 2));
-  EXPECT_EQ(Next(grid, 1, 2, Step::kRight), std::pair(2, 0));
-  EXPECT_EQ(Next(grid, 2, 1, Step::kRight), std::pair(2, 1));
-  EXPECT_EQ(Next(grid, 2, 0, Step::kLeft), std::pair(1, 2));
-  EXPECT_EQ(Next(grid, 0, 0, Step::kLeft), std::pair(0, 0));
+  EXPECT_EQ(Next(grid, 0, 0, GridStep::kRight), std::pair(0, 2));
+  EXPECT_EQ(Next(grid, 0, 2, GridStep::kRight), std::pair(1, 2));
+  EXPECT_EQ(Next(grid, 1, 2, GridStep::kRight), std::pair(2, 0));
+  EXPECT_EQ(Next(grid, 2, 1, GridStep::kRight), std::pair(2, 1));
+  EXPECT_EQ(Next(grid, 2, 0, GridStep::kLeft), std::pair(1, 2));
+  EXPECT_EQ(Next(grid, 0, 0, GridStep::kLeft), std::pair(0, 0));
 }
 
 TEST(GridModel, finds_rows_by_key_and_columns_by_name) {
