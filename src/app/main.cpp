@@ -49,6 +49,12 @@ int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 
+int Play(std::istream& in, const PlayOptions& options) {
+  const int status = Player(in, std::cout, options).Run();
+  if (!std::cout) std::cerr << "merlu: the answers cannot be written\n";
+  return status;
+}
+
 int RunScript(int argc, char** argv) {
   PlayOptions options;
   std::string file;
@@ -70,13 +76,14 @@ int RunScript(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for reports, and never a display
   const QGuiApplication application(argc, argv);
-  if (file.empty()) return Player(std::cin, std::cout, options).Run();
+  if (file.empty()) return Play(std::cin, options);
   std::ifstream in(file);
-  if (!in) {
+  std::error_code error;
+  if (!in || std::filesystem::is_directory(file, error)) {
     std::cerr << "merlu: cannot read " << file << "\n";
     return kWrongUsage;
   }
-  return Player(in, std::cout, options).Run();
+  return Play(in, options);
 }
 
 // Why the file cannot be taken for an inventory; empty when it can.

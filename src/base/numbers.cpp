@@ -49,13 +49,28 @@ std::size_t UnsignedLength(std::string_view text) {
   return SkipExponent(text, end);
 }
 
+// Whether an unsigned number, beyond what can be told, is too small rather than too large: by the place of its first
+// digit that counts.
+bool IsBelowOne(std::string_view text) {
+  const std::size_t exponent_at = std::min(text.find_first_of("eE"), text.size());
+  const std::string_view digits = text.substr(0, exponent_at);
+  const std::size_t first = digits.find_first_of("123456789");
+  if (first == std::string_view::npos) return true;
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const auto place = static_cast<double>(point) - static_cast<double>(first);  // above 0 in front of the point
+  const std::string_view exponent = text.substr(std::min(exponent_at + 1, text.size()));
+  double power = 0;
+  for (const char c : exponent)
+    if (IsDigit(c)) power = std::min(power * 10 + (c - '0'), 1e9);
+  return place + (exponent.starts_with('-') ? -power : power) <= 0;
+}
+
 double Convert(std::string_view text) {
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::result_out_of_range) {
-    // from_chars leaves the value alone; an exponent below zero means too small, otherwise too large
-    const bool small = text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos;
-    return small ? 0 : std::numeric_limits<double>::infinity();
+    // from_chars leaves the value alone
+    return IsBelowOne(text) ? 0 : std::numeric_limits<double>::infinity();
   }
   return value;
 }

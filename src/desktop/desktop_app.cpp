@@ -183,6 +183,7 @@ Button DesktopApp::Ask(const Box& box) {
   message.setWindowTitle(Q(box.title));
   message.setTextFormat(Qt::PlainText);
   message.setText(Q(box.text));
+  if (!box.detail.empty()) message.setInformativeText(Q(box.detail));
   message.setIcon(Picture(box.icon));
   for (Button button : box.buttons) message.addButton(Standard(button));
   message.setDefaultButton(Standard(box.buttons.front()));
@@ -288,7 +289,8 @@ void DesktopApp::Print(const Form& form) {
 }
 
 void DesktopApp::OpenDocument(const std::string& path) {
-  QDesktopServices::openUrl(QUrl::fromLocalFile(Q(path)));
+  // the bytes of the name as they are, also where they are no text
+  QDesktopServices::openUrl(QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/")));
 }
 
 }  // namespace merlu

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QSettings>
@@ -146,6 +147,7 @@ void MainWindow::MakeTree() {
   connect(tree_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& now) {
     if (!now.isEmpty()) ClickTreeNode(now.indexes().front());
   });
+  tree_->viewport()->installEventFilter(this);
   connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
     if (!acts_.IsDrawing()) s_.tree.nodes[static_cast<std::size_t>(TreeModel::NodeOf(index))].expanded = true;
   });
@@ -213,6 +215,25 @@ void MainWindow::ClickTreeNode(const QModelIndex& index) {
   const int node = TreeModel::NodeOf(index);
   if (acts_.IsDrawing() || node < 0 || !s_.tree.enabled || node == s_.tree.selected) return;
   acts_.Run([&] { ClickNode(s_, node); });
+}
+
+// A click on the node that is selected already clicks it again; its selection says nothing of that.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == tree_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const QModelIndex index = tree_->indexAt(mouse->position().toPoint());
+    const int node = TreeModel::NodeOf(index);
+    const bool on_text = index.isValid() && tree_->visualRect(index).contains(mouse->position().toPoint());
+    if (mouse->button() == Qt::LeftButton && on_text && node == pressed_again_ && s_.tree.enabled)
+      acts_.Run([&] { ClickNode(s_, node); });
+    pressed_again_ = -1;
+  }
+  if (watched == tree_->viewport() && event->type() == QEvent::MouseButtonPress) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const int node = TreeModel::NodeOf(tree_->indexAt(mouse->position().toPoint()));
+    pressed_again_ = node >= 0 && node == s_.tree.selected ? node : -1;
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::StepNode(int step) {

@@ -34,6 +34,7 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakeMenus();
@@ -70,6 +71,7 @@ class MainWindow : public QMainWindow {
   QSplitter* splitter_ = nullptr;
   QTreeView* tree_ = nullptr;
   TreeModel* model_ = nullptr;
+  int pressed_again_ = -1;  // the selected node, while the mouse is pressed on it
   std::uint64_t seen_revision_ = ~std::uint64_t{0}, seen_expansion_ = ~std::uint64_t{0};
   QStackedWidget* sheets_ = nullptr;
   QWidget* blank_ = nullptr;

@@ -144,7 +144,7 @@ void ResultsList::resizeEvent(QResizeEvent* event) {
 void ResultsList::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool steps = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
-  if ((enter || steps) && selectedItems().isEmpty() && topLevelItemCount() > 0) {
+  if (((enter && opens_) || steps) && selectedItems().isEmpty() && topLevelItemCount() > 0) {
     // the row that looks chosen is the first to be chosen
     setCurrentItem(currentItem() == nullptr ? topLevelItem(0) : currentItem(), 0, QItemSelectionModel::ClearAndSelect);
     if (steps) return;

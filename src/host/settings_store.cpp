@@ -1,6 +1,9 @@
 #include "host/settings_store.h"
 
 #include <QSettings>
+#include <QVariant>
+
+#include "base/fault.h"
 
 namespace merlu {
 namespace {
@@ -20,12 +23,19 @@ SettingsStore::SettingsStore(const std::string& file)
 SettingsStore::~SettingsStore() = default;
 
 std::string SettingsStore::Value(const std::string& section, const std::string& key) const {
-  return settings_->value(Key(section, key)).toString().toStdString();
+  const QVariant value = settings_->value(Key(section, key));
+  return value.typeId() == QMetaType::QByteArray ? value.toByteArray().toStdString() : value.toString().toStdString();
 }
 
 void SettingsStore::Store(const std::string& section, const std::string& key, const std::string& value) {
-  settings_->setValue(Key(section, key), QString::fromStdString(value));
+  const QString text = QString::fromStdString(value);
+  // a file name need not be text: its bytes are kept then
+  const bool is_text = text.toStdString() == value;
+  settings_->setValue(Key(section, key), is_text ? QVariant(text) : QVariant(QByteArray::fromStdString(value)));
   settings_->sync();
+  if (settings_->status() != QSettings::NoError)
+    throw Fault(fault_number::kFileAccess, "MERLU settings",
+                "The settings cannot be written to " + settings_->fileName().toStdString() + ".");
 }
 
 }  // namespace merlu

@@ -15,6 +15,7 @@ class SettingsStore {
   ~SettingsStore();
 
   std::string Value(const std::string& section, const std::string& key) const;
+  // kFileAccess when they cannot be written; this run keeps the value all the same.
   void Store(const std::string& section, const std::string& key, const std::string& value);
   QSettings& settings() { return *settings_; }
 

@@ -8,7 +8,8 @@
 namespace merlu {
 namespace {
 
-constexpr std::size_t kCommentColumn = 2;
+constexpr std::size_t kFieldColumn = 0, kCommentColumn = 2;
+constexpr const char* kNotFound = "QC Error record was not found";
 
 Form& MakeDialog(Session& s) {
   Form& form = s.desk.Own(std::make_unique<Form>("frmQCComment", "Edit QC Comments"));
@@ -26,21 +27,38 @@ Form& MakeDialog(Session& s) {
 void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
   dialog.At("txtFieldName").text = field_id;
   QCLocation location = s.current;
-  if (!FindQCRecord(s, location, field_id)) return Tell(s, "QC Error record was not found");
+  if (!FindQCRecord(s, location, field_id)) return Tell(s, kNotFound);
   dialog.At("txtComments").text = NullToEmpty(s.At("QC").Field("Comments"));
   dialog.At("txtErrorDesc").text = NullToEmpty(s.At("QC").Field("Desc"));
 }
 
-void Keep(Session& s, Form& dialog, std::vector<std::string>& row) {
-  const std::string& comment = dialog.At("txtComments").text;
-  const bool kept = OnSheet(s, [&] {
+// Finds the row again: another program may have taken it meanwhile.
+bool StoreComment(Session& s, const std::string& field_id, const std::string& comment) {
+  bool found = false;
+  const bool done = OnSheet(s, [&] {
+    WriteBatch batch(s.db);
+    s.db.NoticeOthers();
+    QCLocation location = s.current;
+    found = FindQCRecord(s, location, field_id);
+    if (!found) return;
     Cursor& qc = s.At("QC");
     qc.Edit();
     qc.SetField("Comments", comment);
     qc.Update();
+    batch.Commit();
   });
-  if (!kept) return;
-  row[kCommentColumn] = comment;
+  if (done && !found) Tell(s, kNotFound);
+  return done && found;
+}
+
+void Keep(Session& s, Form& dialog, Control& list) {
+  const std::string& field_id = dialog.At("txtFieldName").text;
+  const std::string& comment = dialog.At("txtComments").text;
+  if (!StoreComment(s, field_id, comment)) return;
+  if (IsQCRowSelected(list)) {
+    std::vector<std::string>& row = list.rows[static_cast<std::size_t>(list.picked.front())];
+    if (row[kFieldColumn] == field_id) row[kCommentColumn] = comment;
+  }
   s.desk.Hide(dialog);
 }
 
@@ -55,14 +73,16 @@ void EditQCComment(Session& s, Form& form, const std::string& name) {
   Control& list = form.At(name);
   if (!IsQCRowSelected(list)) return Tell(s, "Please select an error record to edit.");
   s.db.NoticeOthers();
-  std::vector<std::string>& row = list.rows[static_cast<std::size_t>(list.picked.front())];
+  const std::string field_id = list.rows[static_cast<std::size_t>(list.picked.front())][kFieldColumn];
   Form* found = s.desk.Find("frmQCComment");
   Form& dialog = found != nullptr ? *found : MakeDialog(s);
   dialog.RestoreDesign();
   dialog.focus = "txtComments";
-  dialog.On("cmdOK", Event::kClick, [&s, &dialog, &row] { Keep(s, dialog, row); });
-  FillDialog(s, dialog, row.front());
+  // the form of the list outlives the dialog, its rows need not
+  dialog.On("cmdOK", Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form.At(name)); });
+  FillDialog(s, dialog, field_id);
   ShowDialog(s.desk, s.platform, dialog);
+  dialog.On("cmdOK", Event::kClick, nullptr);
 }
 
 }  // namespace merlu

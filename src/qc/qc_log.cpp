@@ -70,11 +70,13 @@ bool AnyAt(Session& s, QCLocation& location) {
 
 // The find itself, with faults passed on.
 bool Find(Session& s, QCLocation& location, std::string_view field_id) {
-  if (!AnyAt(s, location)) return false;
+  if (!AnyAt(s, location)) {
+    s.At("QC").Leave();
+    return false;
+  }
   Values values = AtLocation(location);
   values.emplace_back(TrimRight(field_id));
-  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE",
-                                   std::move(values));
+  return s.At("QC").FindFirstWhere(std::string(kAtLocation) + " AND rtrim(FieldID)=? COLLATE NOCASE", values);
 }
 
 void DeleteCurrent(Session& s) {

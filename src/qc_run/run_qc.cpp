@@ -68,7 +68,7 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
       HideWait(s);
       return 0;
     }
-    if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No database is open.");
+    if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No inventory is open.");
     {
       WriteBatch batch(s.db);
       Run(s, location);

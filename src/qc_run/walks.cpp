@@ -78,14 +78,10 @@ EquipmentByType EquipmentOn(Session& s, const QCLocation& l) {
 
 // Brings the cursors to the equipment; false when it does not run.
 bool Position(Session& s, const QCLocation& location, const EquipmentRow& row, bool months) {
-  if (months)
-    MoveToEARecord(s, row.EA_ID_AK);
-  else
-    s.ED_ID_AK = row.ED_ID_AK;
-  MoveToEDRecord(s, row.ED_ID_AK);
-  MoveToPDRecord(s, row.PD_ID_AK);
+  if (months && !MoveToEARecord(s, row.EA_ID_AK)) return false;
+  if (!MoveToEDRecord(s, row.ED_ID_AK) || !MoveToPDRecord(s, row.PD_ID_AK)) return false;
   if (!months) return s.InDesc();
-  MoveToPAActvRecordByMo(s, row.PD_ID_AK, location.Month, location.Year);
+  if (!MoveToPAActvRecordByMo(s, row.PD_ID_AK, location.Month, location.Year)) return false;
   return row.status != "I" && !row.checked;
 }
 
@@ -146,7 +142,9 @@ void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_
   const bool from_above = started_at.Level != level::kStructure;
   if (from_above) {
     ClearStructure(s);
+    const int told = s.faults_told;
     LoadStructure(s);
+    if (s.faults_told != told) return;  // what could not be read is not judged
   }
   if (s.main->At("chkSTRUCTURE_Status").checked) {
     DelQCRecordsForLocAndBelow(s, location);

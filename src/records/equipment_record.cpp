@@ -44,7 +44,10 @@ bool EquipmentExists(Session& s, const EquipmentType& type, const std::string& i
 
 void NewEquipRows(Session& s, const EquipmentType& type, const std::string& id) {
   WriteBatch batch(s.db);
+  ReadMonths(s);
   CurrentKeys keys(s);
+  AllOrNothing whole(s.db);
+  if (type.has_activity) RequireKeys(MaxEAId(s), s.last_month);
   s.ED_ID_AK = NextEDId(s);
   Cursor& master = s.At("ED_EQUIP_DESC");
   master.AddNew();
@@ -59,6 +62,7 @@ void NewEquipRows(Session& s, const EquipmentType& type, const std::string& id) 
   row.Update();
   if (type.has_activity)
     for (int month = 1; month <= s.last_month; ++month) NewActivityRow(s, type, month);
+  whole.Keep();
   batch.Commit();
   keys.Advance();
 }

@@ -155,7 +155,9 @@ bool StructureExists(Session& s, const std::string& complex, const std::string& 
 
 void NewStructureRows(Session& s, const NewStructure& structure) {
   WriteBatch batch(s.db);
+  ReadMonths(s);
   CurrentKeys keys(s);
+  AllOrNothing whole(s.db);
   s.PD_ID_AK = NextPDId(s);
   Cursor& description = s.At("PD_PLATFORM_DESC");
   description.AddNew();
@@ -172,6 +174,7 @@ void NewStructureRows(Session& s, const NewStructure& structure) {
   MoveToPDRecord(s, s.PD_ID_AK);
 
   std::int64_t key = NextSAId(s);
+  RequireKeys(key - 1, s.last_month);
   Cursor& activity = s.At("PA_PLATFORM_ACTV");
   for (int month = 1; month <= s.last_month; ++month, ++key) {
     activity.AddNew();
@@ -183,6 +186,7 @@ void NewStructureRows(Session& s, const NewStructure& structure) {
     activity.Update();
     s.SA_ID_AK = key;
   }
+  whole.Keep();
   batch.Commit();
   keys.Advance();
 }

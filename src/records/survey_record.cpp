@@ -21,9 +21,14 @@ void SetListsEnabled(Form& main, bool enabled) {
   main.At(kButton).enabled = enabled;
 }
 
+std::int64_t RowsOf(Session& s, const char* table) {
+  return ToInteger(s.db.Single(std::string("SELECT COUNT(*) FROM ") + table));
+}
+
 // A row of the month for every structure; the first key stays unused. Returns the last key.
 std::int64_t AddStructureMonths(Session& s, int month) {
   const std::int64_t key = NextSAId(s);
+  RequireKeys(key, RowsOf(s, "PD_PLATFORM_DESC"));
   const int added = s.db.Execute(
       "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) "
       "SELECT ?+ROW_NUMBER() OVER (ORDER BY PD_ID_AK),PD_ID_AK,?,?,'A' FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK",
@@ -35,6 +40,7 @@ std::int64_t AddStructureMonths(Session& s, int month) {
 void AddEquipmentMonths(Session& s, int month) {
   const std::int64_t key = MaxEAId(s);
   if (key == 0) return;
+  RequireKeys(key, RowsOf(s, "ED_EQUIP_DESC"));
   s.db.Execute(
       "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) "
       "SELECT ?+ROW_NUMBER() OVER (ORDER BY ED_ID_AK),ED_ID_AK,?,?,ED_EQUIP_TYP FROM ED_EQUIP_DESC ORDER BY ED_ID_AK",
@@ -91,8 +97,10 @@ void LoadSurveyQCList(Session& s) {
   });
 }
 
-void AddMonthRows(Session& s) {
+bool AddMonthRows(Session& s) {
   WriteBatch batch(s.db);
+  ReadMonths(s);
+  if (s.last_month >= 12) return false;
   CurrentKeys keys(s);
   AllOrNothing whole(s.db);  // the tree cannot be built over a part of a month
   const int month = s.last_month + 1;
@@ -110,6 +118,7 @@ void AddMonthRows(Session& s) {
   batch.Commit();
   keys.Advance();
   s.last_month = month;
+  return true;
 }
 
 }  // namespace merlu

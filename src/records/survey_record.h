@@ -14,7 +14,8 @@ void UnlockSurvey(Session& s);
 void LoadSurveyQCList(Session& s);
 
 // Adds the rows of the next month for every structure and equipment, and raises SYS_MAX_MO. Structure
-// months leave one key unused at every run. Faults are passed on; nothing of the month is left then.
-void AddMonthRows(Session& s);
+// months leave one key unused at every run. False when the file has all twelve by now, also by another program.
+// Faults are passed on; nothing of the month is left then.
+bool AddMonthRows(Session& s);
 
 }  // namespace merlu

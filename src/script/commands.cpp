@@ -8,6 +8,7 @@
 #include "forms/grid_model.h"
 #include "script/player.h"
 #include "script/words.h"
+#include "session/messages.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/dialogs.h"
@@ -115,7 +116,7 @@ std::pair<Form*, Control*> Player::Look(const std::string& name) {
 void Player::Start(const Words& words) {
   if (session_.desk.Dialog() != nullptr) Fail("a dialog is open");
   if (session_.editing) Fail("an edit is open");
-  if (words.size() > 1) settings_.Store(kSettingSection, kSettingPath, words[1]);
+  if (words.size() > 1) Plainly(session_, [&] { settings_.Store(kSettingSection, kSettingPath, words[1]); });
   if (session_.main != nullptr && !session_.ended) CloseMainWindow(session_);
   Main(session_);
 }

@@ -23,6 +23,13 @@ struct Refused {
   std::string why;
 };
 
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string WholePath(const std::string& path) {
+  std::error_code error;
+  return path.empty() ? path : std::filesystem::absolute(path, error).lexically_normal().string();
+}
+
 bool IsSkipped(const std::string& line) {
   const auto first = line.find_first_not_of(" \t\r");
   return first == std::string::npos || line[first] == '#';
@@ -44,14 +51,17 @@ int Player::Run() {
   }
   at_end_ = true;
   if (session_.main != nullptr && !session_.ended) CloseMainWindow(session_);
-  return failed_ ? 1 : 0;
+  return failed_ || !out_ || in_.bad() ? 1 : 0;
 }
 
 bool Player::Next() {
-  if (at_end_ || (stop_on_error_ && failed_)) return false;
+  // what nobody can read the answers of is not done
+  if (at_end_ || !out_ || (stop_on_error_ && failed_)) return false;
   std::string line;
   do {
     if (!std::getline(in_, line)) return false;
+    // what some editors put in front of the first line
+    if (lines_++ == 0 && line.starts_with(kByteOrderMark)) line.erase(0, std::string_view(kByteOrderMark).size());
   } while (IsSkipped(line));
   if (line.ends_with('\r')) line.pop_back();
   reply_ = Reply();
@@ -104,10 +114,7 @@ Button Player::Ask(const Box& box) {
         !answers_.empty() && std::find(box.buttons.begin(), box.buttons.end(), answers_.front()) != box.buttons.end();
     answer = queued ? answers_.front() : LeastChange(box);
     if (!answers_.empty()) answers_.pop_front();
-    if (!queued) {
-      reply_.ok = false;
-      if (reply_.error.empty()) reply_.error = "unanswered box: " + box.text;
-    }
+    if (!queued) Complain("unanswered box: " + box.text);
   }
   reply_.boxes.push_back(BoxJson(box, answer));
   return answer;
@@ -120,12 +127,29 @@ std::string Player::NextFile() {
   return path;
 }
 
+// Whole paths of what is there, as the dialogs give them.
 std::string Player::AskFile(const FileQuestion& question) {
-  const bool save = question.kind == FileQuestion::Kind::kSave;
-  return save ? WithExtension(NextFile(), question.extension) : NextFile();
+  std::error_code error;
+  const bool open = question.kind == FileQuestion::Kind::kOpen;
+  std::string path = WholePath(NextFile());
+  if (open && std::filesystem::is_regular_file(path, error)) return path;
+  path = WithExtension(path, question.extension);
+  if (path.empty() || !open || std::filesystem::is_regular_file(path, error)) return path;
+  Complain("no such file: " + path);
+  return "";
 }
+
 std::string Player::AskFolder(const std::string&) {
-  return NextFile();
+  std::string path = WholePath(NextFile());
+  std::error_code error;
+  if (path.empty() || std::filesystem::is_directory(path, error)) return path;
+  Complain("no such folder: " + path);
+  return "";
+}
+
+void Player::Complain(const std::string& what) {
+  reply_.ok = false;
+  if (reply_.error.empty()) reply_.error = what;
 }
 
 void Player::RunModal(Form& form) {

@@ -63,6 +63,8 @@ class Player : public Platform {
   void Dispatch(const Words& words);
   [[noreturn]] void Fail(const std::string& why);
   std::string NextFile();
+  // The command could not be done as it was meant; the first reason is told.
+  void Complain(const std::string& what);
 
   // Brings the screens that were never shown into being, so that their controls are known; they stay unloaded.
   void MakeScreens();
@@ -117,7 +119,7 @@ class Player : public Platform {
   };
   Reply reply_;
   bool answered_ = true;  // the reply is out
-  int count_ = 0;
+  int count_ = 0, lines_ = 0;
   bool failed_ = false;
   bool at_end_ = false;
 };

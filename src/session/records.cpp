@@ -33,17 +33,11 @@ bool MoveTo(Session& s, std::string_view table, std::string_view column, std::in
   return found;
 }
 
-std::int64_t Highest(Session& s, std::string_view sql) {
-  std::int64_t highest = 0;
-  Plainly(s, [&] { highest = ToInteger(s.db.Single(sql)); });
-  return highest;
-}
+constexpr std::int64_t kLastKey = std::numeric_limits<std::int32_t>::max();
 
-// Maximum plus 1, and 1 in an empty table; 0 after a fault.
+// Maximum plus 1, and 1 in an empty table.
 std::int64_t Next(Session& s, std::string_view sql) {
-  std::int64_t next = 0;
-  Plainly(s, [&] { next = KeyAfter(ToInteger(s.db.Single(sql))); });
-  return next;
+  return KeyAfter(ToInteger(s.db.Single(sql)));
 }
 
 }  // namespace
@@ -59,10 +53,21 @@ CurrentKeys::~CurrentKeys() {
   s_.EA_ID_AK = EA_ID_AK_;
 }
 
+void ReadMonths(Session& s) {
+  Cursor& config = s.At("SYS_CONFIG");
+  config.MoveFirst();
+  s.year = static_cast<int>(ToInteger(config.Field("sys_yr")));
+  s.last_month = static_cast<int>(ToInteger(config.Field("SYS_MAX_MO")));
+}
+
 std::int64_t KeyAfter(std::int64_t highest) {
-  if (highest >= std::numeric_limits<std::int32_t>::max())
-    throw Fault(fault_number::kSubscript, "MERLU store", "There is no free key left in the database.");
+  RequireKeys(highest, 1);
   return highest + 1;
+}
+
+void RequireKeys(std::int64_t last_used, std::int64_t count) {
+  if (last_used > kLastKey - count)
+    throw Fault(fault_number::kSubscript, "MERLU store", "There is no free key left in the database.");
 }
 
 bool MoveToPDRecord(Session& s, std::int64_t id) {
@@ -140,7 +145,7 @@ std::int64_t NextEDId(Session& s) {
   return Next(s, "SELECT MAX(ED_ID_AK) AS ED from ED_EQUIP_DESC;");
 }
 std::int64_t MaxEAId(Session& s) {
-  return Highest(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;");
+  return ToInteger(s.db.Single("SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;"));
 }
 std::int64_t NextEAId(Session& s) {
   return Next(s, "SELECT MAX(EA_ID_AK) AS EA from EA_EQUIP_ACTV;");

@@ -48,11 +48,16 @@ class CurrentKeys {
   bool done_ = false;
 };
 
+// The inventory year and the last month, brought to what the file says now: another program may have added one.
+void ReadMonths(Session& s);
+
 // The key after the highest one in use. Keys are 32-bit: past the last one a Fault (kSubscript).
 std::int64_t KeyAfter(std::int64_t highest);
+// The same Fault when there are not so many keys behind that one.
+void RequireKeys(std::int64_t last_used, std::int64_t count);
 
 // Keys are the highest in use plus 1. MaxEAId is the highest itself, for callers that add 1 before each row.
-// A fault goes to the plain handler, and the result is 0.
+// Faults are passed on, so that nothing is written with a key that could not be read.
 std::int64_t NextPDId(Session& s);
 std::int64_t NextSAId(Session& s);
 std::int64_t NextEDId(Session& s);

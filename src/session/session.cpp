@@ -6,8 +6,7 @@ namespace merlu {
 
 Cursor& Cursors::At(std::string_view table) {
   const auto found = by_table_.find(table);
-  if (found == by_table_.end())
-    throw Fault(fault_number::kNotSet, "MERLU store", "Object variable or With block variable not set");
+  if (found == by_table_.end()) throw Fault(fault_number::kNotSet, "MERLU store", "No inventory is open.");
   return *found->second;
 }
 

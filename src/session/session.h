@@ -17,6 +17,7 @@
 #include "session/tree.h"
 #include "store/cursor.h"
 #include "store/database.h"
+#include "store/file_note.h"
 
 namespace merlu {
 
@@ -62,18 +63,18 @@ struct Session {
 
   // The open file
   Database db;
+  FileNote note;      // that this run has the file open
   Database exchange;  // a second file: what an export writes, or an import reads
   Cursors cursors;
-  int year = 0;         // sys_yr
-  int last_month = 0;   // SYS_MAX_MO
-  int check_level = 0;  // ERR_CHK_LVL; read, and nothing depends on it
+  int year = 0;        // sys_yr
+  int last_month = 0;  // SYS_MAX_MO
 
   // Where the user stands
-  QCLocation current, previous, last_desc, last_actv;
+  QCLocation current, last_desc, last_actv;
   std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;  // rows of the hierarchy cursors
-  std::string node_status;  // of the selected structure month: "A", "I" or empty
-  std::string status_text;  // what the status bar shows: the path of the selected node
-  std::string message;      // what it last said of an act: "Saved", "Edit dropped"
+  std::string node_status;            // of the selected structure month: "A", "I" or empty
+  std::string status_text;            // what the status bar shows: the path of the selected node
+  std::string message;                // what it last said of an act: "Saved", "Edit dropped"
   int findings = 0, unexplained = 0;  // of the place, as it shows them
   bool checked = true;                // false where no run has been since the last save
 
@@ -81,6 +82,8 @@ struct Session {
 
   // The edit
   bool editing = false;
+  bool unreadable = false;   // the record that shows could not be read: no edit, no save, no run
+  int faults_told = 0;       // by messages: a load that told of one has not read its record
   bool save_failed = false;  // a save or the first-run dialog was not carried through
   bool InSaveQC = false;     // the QC run is the one that the save began
   bool EquipmentInactive = false;
@@ -95,7 +98,7 @@ struct Session {
   KeyList equipment_list{40001};         // ED_ID_AK, description mode
   KeyList structure_month_list{12001};   // SA_ID_AK, activity mode
   KeyList equipment_month_list{480001};  // EA_ID_AK, activity mode
-  TreeRecord activity_record, description_record;
+  TreeRecord activity_record;
   std::vector<bool> tree_expansion;  // kept by SaveTreeExpansion
 
   bool InDesc() const { return mode == Mode::kDesc; }

@@ -103,8 +103,12 @@ void KeyList::Reset() {
   first_.Clear();
 }
 
-void KeyList::Add(std::string_view node_key, std::int64_t row_key) {
+void KeyList::RequireRoom() const {
   if (count_ >= capacity_) throw Fault(fault_number::kSubscript, kSource, "Subscript out of range");
+}
+
+void KeyList::Add(std::string_view node_key, std::int64_t row_key) {
+  RequireRoom();
   ++count_;
   first_.Add(node_key, row_key);
 }
@@ -114,10 +118,25 @@ const std::int64_t* KeyList::Find(std::string_view node_key) const {
 }
 
 void TreeRecord::Append(std::int64_t uid, const std::string& tag, const std::string& status) {
-  // a row whose both keys are taken would never be found, so it need not be kept
-  const bool new_tag = by_tag_.Add(tag, static_cast<std::int64_t>(rows_.size()));
-  const bool new_uid = by_uid_.try_emplace(uid, rows_.size()).second;
-  if (new_tag || new_uid) rows_.push_back({uid, tag, status});
+  // a row that no find would come to need not be kept
+  const auto known = by_uid_.find(uid);
+  if (known != by_uid_.end() && !LessIgnoringCase(tag, rows_[known->second].TreeTag) && by_tag_.Find(tag) != nullptr)
+    return;
+  rows_.push_back({uid, tag, status});
+  Enter(rows_.size() - 1);
+}
+
+void TreeRecord::Enter(std::size_t row) {
+  by_tag_.Add(rows_[row].TreeTag, static_cast<std::int64_t>(row));
+  const auto [known, is_new] = by_uid_.try_emplace(rows_[row].DbUid, row);
+  if (!is_new && LessIgnoringCase(rows_[row].TreeTag, rows_[known->second].TreeTag)) known->second = row;
+}
+
+void TreeRecord::Remove(std::int64_t uid) {
+  if (std::erase_if(rows_, [uid](const Row& row) { return row.DbUid == uid; }) == 0) return;
+  by_tag_.Clear();
+  by_uid_.clear();
+  for (std::size_t row = 0; row < rows_.size(); ++row) Enter(row);
 }
 
 TreeRecord::Row* TreeRecord::FindTag(std::string_view tag) {

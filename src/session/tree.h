@@ -28,7 +28,7 @@ struct Tree {
   int selected = -1;
   bool enabled = true;
   std::uint64_t revision = 0;   // grows with every change of nodes or order
-  std::uint64_t expansion = 0;  // grows when nodes were expanded or collapsed by the program
+  std::uint64_t expansion = 0;  // grows when nodes were expanded, collapsed, hidden or shown by the program
 
   void Clear();
   // Adds a node under the one with the parent key (empty: a root). kKeyNotUnique for a key that exists,
@@ -59,10 +59,12 @@ class KeyList {
   explicit KeyList(std::size_t capacity) : capacity_(capacity) {}
   void Reset();
   // kSubscript past the capacity.
+  void RequireRoom() const;
   void Add(std::string_view node_key, std::int64_t row_key);
   // Null without an entry.
   const std::int64_t* Find(std::string_view node_key) const;
   std::size_t size() const { return count_; }
+  std::int64_t capacity() const { return static_cast<std::int64_t>(capacity_); }
 
  private:
   std::size_t capacity_;
@@ -70,8 +72,9 @@ class KeyList {
   TextIndex first_;
 };
 
-// One row per structure node: its row key, node key and status. Rebuilding the tree appends and never
-// empties, and a find takes the first match, so a row's older copy wins.
+// One row per structure node of the activity tree: its row key, node key and status. Rebuilding the tree appends and
+// never empties. Rows stand in the order of TreeTag, older ones before newer ones of one tag, and a find takes the
+// first match, so a row's older copy wins.
 class TreeRecord {
  public:
   struct Row {
@@ -82,11 +85,15 @@ class TreeRecord {
   void Append(std::int64_t uid, const std::string& tag, const std::string& status);
   Row* FindTag(std::string_view tag);
   Row* FindUid(std::int64_t uid);
+  // The rows of a record that was deleted: its key may come back as another record's.
+  void Remove(std::int64_t uid);
 
  private:
+  void Enter(std::size_t row);
+
   std::vector<Row> rows_;
   TextIndex by_tag_;
-  std::unordered_map<std::int64_t, std::size_t> by_uid_;
+  std::unordered_map<std::int64_t, std::size_t> by_uid_;  // the row with the first tag
 };
 
 }  // namespace merlu

@@ -233,7 +233,8 @@ void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
   if (!showing) {
     // the rules read the fields; the page and the results of a sheet that nobody sees are not asked for
     ClearFrame(s, sheet);
-    OnSheet(s, [&] { ShowRecord(s, form, sheet); });
+    bool shown = false;
+    if (!OnSheet(s, [&] { shown = ShowRecord(s, form, sheet); }) || !shown) return UnloadSheet(s, sheet);
   }
   if (sheet.has_activity && form.At(sheet.status_box()).checked) {
     sheet.inactive_takes_comments ? DelQCRecordsForLocAndBelowAll(s, location)

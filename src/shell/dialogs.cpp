@@ -14,12 +14,15 @@
 #include "session/records.h"
 #include "shell/dialog_form.h"
 #include "shell/program_end.h"
+#include "shell/routing.h"
 #include "shell/trees.h"
 
 namespace merlu {
 namespace {
 
 constexpr int kComplexLimit = 7, kStructureLimit = 2, kEquipmentLimit = 8, kOperatorLimit = 5;
+
+constexpr const char* kAllMonths = "All 12 months have already been added to this inventory.";
 
 void Preset(Form& form, const char* name, const std::string& text) {
   Control& control = form.At(name);
@@ -75,9 +78,19 @@ void ShowNewStructure(Session& s, const NewStructure& structure) {
       s.InActv() ? StructureMonthKey(user, s.current.Month, s.current.Year, structure.complex, structure.structure)
                  : StructureKey(user, structure.complex, structure.structure);
   const std::string parent = s.InActv() ? SurveyKey(user, s.current.Month, s.current.Year) : UserKey(user);
-  s.structure_list.Add(key, s.PD_ID_AK);
+  if (s.InDesc()) s.structure_list.Add(key, s.PD_ID_AK);
   if (s.InActv()) s.structure_month_list.Add(key, s.SA_ID_AK);
   AddAndSelect(s, parent, key, StructureText(structure.area, structure.block, structure.name));
+}
+
+// Looks and adds in one batch, so that no other program adds the same one in between. False for one that exists.
+bool AddStructure(Session& s, const NewStructure& structure) {
+  WriteBatch batch(s.db);
+  if (StructureExists(s, structure.complex, structure.structure)) return false;
+  RequireRoomForStructure(s);
+  NewStructureRows(s, structure);
+  batch.Commit();
+  return true;
 }
 
 void MakeStructure(Session& s, Form& form) {
@@ -86,15 +99,16 @@ void MakeStructure(Session& s, Form& form) {
   const NewStructure structure{Trim(form.At("txtComplxID").text), Trim(form.At("txtStructID").text),
                                form.At("txtArea").text, form.At("txtBlock").text, form.At("txtName").text};
   Plainly(s, [&] {
-    if (StructureExists(s, structure.complex, structure.structure)) {
+    CurrentKeys keys(s);  // what shows keeps its record until the new node shows
+    if (!AddStructure(s, structure)) {
       Refuse(s, form, "txtStructID",
              "This Complex/Structure ID already exists. Please enter unique Complex/Structure ID.");
       form.At("txtStructID").text.clear();
       return;
     }
-    NewStructureRows(s, structure);
     s.desk.Hide(form);
     ShowNewStructure(s, structure);
+    keys.Advance();
   });
 }
 
@@ -113,17 +127,26 @@ void ShowNewEquipment(Session& s, const EquipmentType& type, const std::string& 
   AddAndSelect(s, parent, key, std::string(type.tree_name) + ": " + id);
 }
 
+bool AddEquipment(Session& s, const EquipmentType& type, const std::string& id) {
+  WriteBatch batch(s.db);
+  if (EquipmentExists(s, type, id)) return false;
+  NewEquipRows(s, type, id);
+  batch.Commit();
+  return true;
+}
+
 void MakeEquipment(Session& s, Form& form) {
   const std::string id = Trim(form.At("txtEquipID").text);
   if (id.empty()) return Refuse(s, form, "txtEquipID", "Please supply a valid Equipment ID (8 chars max)");
   const EquipmentType* type = FindTypeByName(form.At("cmbEquipType").text);
   if (type == nullptr) return Refuse(s, form, "cmbEquipType", "Please select an Equipment Type");
   try {
-    if (EquipmentExists(s, *type, id))
+    CurrentKeys keys(s);
+    if (!AddEquipment(s, *type, id))
       return Refuse(s, form, "txtEquipID", "This Equipment ID already exists. Please enter a unique ID.");
-    NewEquipRows(s, *type, id);
     s.desk.Hide(form);
     ShowNewEquipment(s, *type, id);
+    keys.Advance();
   } catch (const Fault& fault) {
     if (fault.number == fault_number::kDuplicateKey)
       return Refuse(s, form, "txtEquipID", "Please supply a unique Equipment ID");
@@ -180,6 +203,17 @@ void MakeDialogs(Session& s) {
   for (Form& (*make)(Session&) : {NewUserDialog, NewStructureDialog, NewEquipmentDialog, AboutForm}) make(s);
 }
 
+namespace {
+
+std::vector<std::int64_t> MonthsOf(Session& s, std::int64_t PD_ID_AK) {
+  std::vector<std::int64_t> months;
+  s.db.ForEach("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=?", {PD_ID_AK},
+               [&](const RowView& row) { months.push_back(row.Integer(0)); });
+  return months;
+}
+
+}  // namespace
+
 bool ShowNewOperator(Session& s, const char* farewell) {
   Form& form = NewUserDialog(s);
   form.focus = "txtUserID";
@@ -206,6 +240,7 @@ void OpenNewStructure(Session& s) {
 }
 
 void OpenNewEquipment(Session& s) {
+  if (!CanUseRecord(s)) return;
   Form& form = NewEquipmentDialog(s);
   Preset(form, "txtUserID", s.current.UserID);
   Preset(form, "txtComplxID", s.current.CmplxID);
@@ -216,21 +251,28 @@ void OpenNewEquipment(Session& s) {
 
 void DeleteCurrent(Session& s) {
   const bool structure = s.current.Is(level::kStructure);
-  if (!structure && !s.current.Is(level::kEquipment)) return;
+  if ((!structure && !s.current.Is(level::kEquipment)) || !CanUseRecord(s)) return;
   const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
                                    : "Are you sure you wish to delete this equipment data?";
   if (AskUser(s, question, {Button::kOK, Button::kCancel}) != Button::kOK) return;
-  if (Plainly(s, [&] { DeleteCurrentRecord(s); })) RefreshDescTree(s);
+  const bool deleted = Plainly(s, [&] {
+    const std::vector<std::int64_t> months = structure ? MonthsOf(s, s.PD_ID_AK) : std::vector<std::int64_t>();
+    DeleteCurrentRecord(s);
+    for (const std::int64_t month : months) s.activity_record.Remove(month);
+  });
+  if (deleted) RefreshDescTree(s);
 }
 
 void AddNextMonth(Session& s) {
   Plainly(s, [&] {
     if (s.At("CO_COMPANY").RecordCount() == 0) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
-    if (s.last_month == 12) return Tell(s, "All 12 months have already been added to this inventory.");
+    if (s.last_month == 12) return Tell(s, kAllMonths);
+    bool added = false;
     {
       const Busy busy(s);
-      AddMonthRows(s);
+      added = AddMonthRows(s);
     }
+    if (!added) return Tell(s, kAllMonths);
     std::array<char, 48> text;
     std::snprintf(text.data(), text.size(), "Monthly Survey: %d/%02d", s.year, s.last_month);
     const std::string& user = s.current.UserID;

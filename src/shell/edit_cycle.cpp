@@ -25,6 +25,12 @@ void SetEditing(Session& s, bool editing) {
   for (const char* name : kEditButtons) s.main->At(name).visible = editing;
 }
 
+void EndEdit(Session& s) {
+  UnlockInterface(s);
+  LockSheet(s);
+  s.editing = false;
+}
+
 }  // namespace
 
 void UnlockInterface(Session& s) {
@@ -33,6 +39,7 @@ void UnlockInterface(Session& s) {
 }
 
 void BeginEdit(Session& s) {
+  if (!CanUseRecord(s)) return;
   SetEditing(s, true);
   s.editing = true;
   UnlockSheet(s);
@@ -44,6 +51,7 @@ void SaveEdits(Session& s) {
   if (s.save_failed) return;
   ClearSheet(s);
   LoadSheet(s);
+  if (s.unreadable) return EndEdit(s);  // it is saved, and cannot be shown
   BeginEdit(s);
 }
 
@@ -69,20 +77,17 @@ void SaveExit(Session& s) {
     s.current = root;
   }
   RestoreTreeExpansion(s);
-  UnlockInterface(s);
-  LockSheet(s);
-  s.editing = false;
+  EndEdit(s);
 }
 
 void CancelEdit(Session& s) {
   ClearSheet(s);
   LoadSheet(s);
-  UnlockInterface(s);
-  LockSheet(s);
-  s.editing = false;
+  EndEdit(s);
 }
 
 void RunQCHere(Session& s) {
+  if (!CanUseRecord(s)) return;
   const QCLocation here = s.current;
   RunQC(s, here, false);
   s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows

@@ -31,7 +31,9 @@ void SetStartMode(Session& s) {
     s.main->At(name).visible = false;
 }
 
-void ChangeEditMode(Session& s) {
+namespace {
+
+void ChangeMode(Session& s) {
   if (s.current.EquipType == "FUG") return Tell(s, "No Activity Edit Mode for Fugitives.");
   if (s.mode == Mode::kNone) return;
   const bool to_actv = s.InDesc();
@@ -45,6 +47,12 @@ void ChangeEditMode(Session& s) {
     RefreshTree(s);
   else
     RefreshDescTree(s);
+}
+
+}  // namespace
+
+void ChangeEditMode(Session& s) {
+  Plainly(s, [&] { ChangeMode(s); });
 }
 
 void PressEditMode(Session& s) {

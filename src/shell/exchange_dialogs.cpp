@@ -48,11 +48,6 @@ bool HasDatabase(Session& s) {
   return Plainly(s, [&] { s.At("SYS_CONFIG"); });
 }
 
-bool Reopen(Session& s) {
-  CloseDatabase(s);
-  return OpenDatabaseAndCursors(s);
-}
-
 // The sheet that shows, and the cursors with it, after the database was opened anew.
 void ShowCurrentNode(Session& s) {
   if (s.tree.selected >= 0) ClickNode(s, s.tree.selected);
@@ -212,8 +207,9 @@ void RunExport(Session& s, Form& form, const char* focus) {
   FillSurveys(s, form);
   form.focus = focus;
   ShowDialog(s.desk, s.platform, form);
+  if (!s.db.IsOpen()) return;
   SetMode(s, Mode::kActv);
-  if (Reopen(s)) RefreshTree(s);
+  if (ReopenDatabase(s)) RefreshTree(s);
 }
 
 // ---- structures out ----
@@ -288,13 +284,13 @@ void ImportPickedStructures(Session& s, Form& form) {
       const Working working(s, "Import", "Checking the file");
       imported = ImportStructures(s, s.exchange, names);
     }
-    if (!imported || !Reopen(s)) return;
+    if (!imported || !ReopenDatabase(s)) return;
     RefreshDescTree(s);
     Tell(s, "Done.");
   } catch (const Fault& fault) {
     TellFaultNumberFirst(s, fault);
     Tell(s, "Specified Import file may be wrong format.");
-    Reopen(s);  // months that were added may have been taken back
+    ReopenDatabase(s);  // months that were added may have been taken back
   }
 }
 
@@ -327,7 +323,7 @@ bool CreateExportDatabase(Session& s, const std::string& target) {
   } catch (const Fault&) {
     copied = false;
   }
-  if (!OpenDatabaseAndCursors(s) || !copied) return false;
+  if (!ReopenDatabase(s) || !copied) return false;
   try {
     s.exchange.Open(target);
   } catch (const Fault&) {

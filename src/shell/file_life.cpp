@@ -20,7 +20,8 @@ bool TakeDatabase(Session& s, const std::string& path) {
     TellUnder(s, "Data Validation", kPreviousVersion, Icon::kWarning);
     return false;
   }
-  s.platform.StoreSetting(kSettingSection, kSettingPath, path);
+  // this run opens the file also when the next one will not find it
+  Plainly(s, [&] { s.platform.StoreSetting(kSettingSection, kSettingPath, path); });
   return true;
 }
 

@@ -35,14 +35,29 @@ std::string PathFromSettings(Session& s) {
 void ResetRun(Session& s) {
   s.version.clear();
   s.mode = Mode::kNone;
-  s.ended = s.editing = s.save_failed = s.InSaveQC = false;
-  s.year = s.last_month = s.check_level = 0;
-  s.current = s.previous = s.last_desc = s.last_actv = QCLocation();
+  s.ended = s.editing = s.unreadable = s.save_failed = s.InSaveQC = false;
+  s.year = s.last_month = 0;
+  s.current = s.last_desc = s.last_actv = QCLocation();
   s.mode_changed_to_actv = s.mode_changed_to_desc = false;
   s.node_status.clear();
   s.status_text.clear();
   s.tree.Clear();
   s.tree.enabled = true;
+}
+
+void UnloadForms(Session& s, const Form* kept) {
+  for (Form* form : std::vector<Form*>(s.desk.showing.rbegin(), s.desk.showing.rend())) {
+    if (form == kept) continue;
+    s.desk.Hide(*form);
+    form->loaded = false;
+  }
+}
+
+// What a start whose open was cancelled shows: the main window, and nothing in it.
+void ShowNoDatabase(Session& s) {
+  UnloadForms(s, s.main);
+  ResetRun(s);
+  MakeMainForm(s);
 }
 
 void LoadMainForm(Session& s) {
@@ -78,14 +93,21 @@ void CloseDatabase(Session& s) {
   s.known_findings = {};
   s.cursors.Close();
   s.db.Close();
+  s.note.Release();
+}
+
+bool ReopenDatabase(Session& s) {
+  CloseDatabase(s);
+  if (OpenDatabaseAndCursors(s)) {
+    if (s.mode != Mode::kNone) RebuildTree(s);
+    return true;
+  }
+  if (!s.ended) ShowNoDatabase(s);
+  return false;
 }
 
 void EndProgram(Session& s) {
-  while (!s.desk.showing.empty()) {
-    Form& form = *s.desk.showing.back();
-    s.desk.Hide(form);
-    form.loaded = false;
-  }
+  UnloadForms(s, nullptr);
   CloseDatabase(s);
   s.tree.Clear();
   s.ended = true;

@@ -13,6 +13,8 @@
 namespace merlu {
 namespace {
 
+constexpr const char* kUnreadable = "This record could not be read.";
+
 const SheetSpec* SheetAt(const QCLocation& location) {
   return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
 }
@@ -92,12 +94,18 @@ void SetCommands(Session& s) {
   if (s.current.Is(level::kEquipment) && s.InActv() && s.node_status == "I") SetEditButton(main, false);
 }
 
+// The record's key, or that of none: what is done next must not go to the record that showed before.
+std::int64_t RowKey(const KeyList& list, const std::string& node_key) {
+  const std::int64_t* id = list.Find(node_key);
+  return id == nullptr ? 0 : *id;
+}
+
 void TakeActivityKeys(Session& s, const std::string& key) {
   const std::size_t length = CountCharacters(key);
   if (length == kStructureMonthKeyLength) {
-    if (const auto* id = s.structure_month_list.Find(key)) s.SA_ID_AK = *id;
+    s.SA_ID_AK = RowKey(s.structure_month_list, key);
   } else if (length == kEquipmentMonthKeyLength) {
-    if (const auto* id = s.equipment_month_list.Find(key)) s.EA_ID_AK = *id;
+    s.EA_ID_AK = RowKey(s.equipment_month_list, key);
     const TreeRecord::Row* row = s.activity_record.FindTag(FirstCharacters(key, kStructureMonthKeyLength));
     s.node_status = row == nullptr ? "" : row->Status;
   }
@@ -106,14 +114,20 @@ void TakeActivityKeys(Session& s, const std::string& key) {
 void TakeDescriptionKeys(Session& s, const std::string& key) {
   const std::size_t length = CountCharacters(key);
   if (length == kStructureKeyLength) {
-    if (const auto* id = s.structure_list.Find(key)) s.PD_ID_AK = *id;
+    s.PD_ID_AK = RowKey(s.structure_list, key);
   } else if (length == kEquipmentKeyLength) {
-    if (const auto* id = s.equipment_list.Find(key)) s.ED_ID_AK = *id;
+    s.ED_ID_AK = RowKey(s.equipment_list, key);
   }
 }
 
+// False for a node that no list knows the record of.
+bool HasRecord(const Session& s) {
+  if (s.current.Is(level::kStructure)) return (s.InActv() ? s.SA_ID_AK : s.PD_ID_AK) != 0;
+  if (s.current.Is(level::kEquipment)) return (s.InActv() ? s.EA_ID_AK : s.ED_ID_AK) != 0;
+  return true;
+}
+
 void TakeLocation(Session& s, const std::string& key) {
-  s.previous = s.current;
   s.editing = false;
   if (s.InActv()) {
     s.current = ParseNodeKey(key);
@@ -135,8 +149,24 @@ void ClearSheet(Session& s) {
 
 void LoadSheet(Session& s) {
   s.db.NoticeOthers();
+  const int told = s.faults_told;
   if (const LevelSheet* at = LevelAt(s.current)) at->load(s);
   if (const SheetSpec* sheet = SheetAt(s.current)) LoadFrame(s, *sheet);
+  s.unreadable = s.faults_told != told;
+  if (s.unreadable) Tell(s, kUnreadable, Icon::kWarning);
+  s.unreadable = s.unreadable || !HasRecord(s);
+}
+
+bool CanUseRecord(Session& s) {
+  if (!s.unreadable) return true;
+  if (!HasRecord(s)) {
+    Tell(s, kUnreadable, Icon::kWarning);
+    return false;
+  }
+  ClearSheet(s);
+  LoadSheet(s);
+  LockSheet(s);
+  return !s.unreadable;
 }
 
 void LockSheet(Session& s) {
@@ -150,6 +180,10 @@ void UnlockSheet(Session& s) {
 }
 
 void SaveSheet(Session& s, bool after_qc) {
+  if (s.unreadable) {
+    s.save_failed = true;
+    return Tell(s, kUnreadable, Icon::kWarning);
+  }
   s.db.NoticeOthers();
   if (s.current.Is(level::kUser)) SaveOperator(s);
   if (s.current.Is(level::kStructure)) {

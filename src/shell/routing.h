@@ -7,7 +7,11 @@
 namespace merlu {
 
 void ClearSheet(Session& s);
+// Marks the record as unreadable, and says so, when a fault came in the way.
 void LoadSheet(Session& s);
+// Whether the record that shows could be read; one that could not is read again. False, after the message, when it
+// still cannot be.
+bool CanUseRecord(Session& s);
 void LockSheet(Session& s);
 void UnlockSheet(Session& s);
 // Operator, structure and equipment; a survey has nothing to save. Sets save_failed when it could not be

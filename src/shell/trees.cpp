@@ -43,21 +43,35 @@ void AddSurveys(Session& s, const std::vector<std::string>& ids) {
       s.tree.Add(UserKey(id), SurveyKey(id, month, s.year), SurveyText(s.year, month));
 }
 
-void TellMissing(Session& s, const char* what, std::int64_t id) {
-  Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
+// Rows whose structure or equipment is missing: they have no place in the tree.
+struct Orphans {
+  int count = 0;
+  std::string first;
+};
+
+void Count(Orphans& orphans, const char* what, std::int64_t id) {
+  if (orphans.count++ == 0) orphans.first = std::string(what) + " ID " + std::to_string(id) + " not found!";
 }
 
-void AddStructureMonths(Session& s) {
+// One box for all of them.
+void TellOrphans(Session& s, const Orphans& orphans) {
+  if (orphans.count == 1) Tell(s, orphans.first);
+  if (orphans.count > 1)
+    Tell(s, orphans.first + "\nRows that have no place in the tree: " + std::to_string(orphans.count) + ".");
+}
+
+void AddStructureMonths(Session& s, Orphans& orphans) {
   s.structure_month_list.Reset();
   s.db.ForEach(
       "SELECT a.SA_ID_AK,a.PA_MO,a.PA_YR,a.status,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,p.Area,p.Block,p.Name,"
       "p.PD_ID_AK,a.PD_ID_AK FROM PA_PLATFORM_ACTV a LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK ORDER BY "
       "a.SA_ID_AK",
       {}, [&](const RowView& row) {
-        if (row.IsNull(10)) return TellMissing(s, "Platform Desc", row.Integer(11));
+        if (row.IsNull(10)) return Count(orphans, "Platform Desc", row.Integer(11));
         const std::string_view user = row.Text(4);
         const int month = static_cast<int>(row.Integer(1)), year = static_cast<int>(row.Integer(2));
         const std::string key = StructureMonthKey(user, month, year, row.Text(5), row.Text(6));
+        s.structure_month_list.RequireRoom();
         s.tree.Add(SurveyKey(user, month, year), key, StructureText(row.Text(7), row.Text(8), row.Text(9)));
         s.structure_month_list.Add(key, row.Integer(0));
         s.activity_record.Append(row.Integer(0), key, FirstCharacters(row.Text(3), 1));
@@ -67,13 +81,13 @@ void AddStructureMonths(Session& s) {
 void AddStructures(Session& s) {
   s.structure_list.Reset();
   s.db.ForEach(
-      "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name,status FROM PD_PLATFORM_DESC ORDER BY "
+      "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name FROM PD_PLATFORM_DESC ORDER BY "
       "PD_ID_AK",
       {}, [&](const RowView& row) {
         const std::string key = StructureKey(row.Text(1), row.Text(2), row.Text(3));
+        s.structure_list.RequireRoom();
         s.tree.Add(UserKey(row.Text(1)), key, StructureText(row.Text(4), row.Text(5), row.Text(6)));
         s.structure_list.Add(key, row.Integer(0));
-        s.description_record.Append(row.Integer(0), key, FirstCharacters(row.Text(7), 1));
       });
 }
 
@@ -86,7 +100,7 @@ void EndAtTheLimit(Session& s) {
 }
 
 // Nodes of one type; false when the limit was met and the program has ended.
-bool AddEquipNode(Session& s, std::string_view type) {
+bool AddEquipNode(Session& s, std::string_view type, Orphans& orphans) {
   bool full = false;
   const std::string name = TreeTypeName(type) + ": ";
   s.db.ForEach(
@@ -99,9 +113,9 @@ bool AddEquipNode(Session& s, std::string_view type) {
           "ORDER BY t.EA_ID_AK",
       {}, [&](const RowView& row) {
         if (full) return;
-        if (row.IsNull(9)) return TellMissing(s, "Equip Activity", row.Integer(0));
-        if (row.IsNull(10)) return TellMissing(s, "Equip Desc", row.Integer(1));
-        if (row.IsNull(11)) return TellMissing(s, "Platform Desc", row.Integer(5));
+        if (row.IsNull(9)) return Count(orphans, "Equip Activity", row.Integer(0));
+        if (row.IsNull(10)) return Count(orphans, "Equip Desc", row.Integer(1));
+        if (row.IsNull(11)) return Count(orphans, "Platform Desc", row.Integer(5));
         std::string key = StructureMonthKey(row.Text(6), static_cast<int>(row.Integer(2)),
                                             static_cast<int>(row.Integer(3)), row.Text(7), row.Text(8));
         s.EA_ID_AK = row.Integer(9);
@@ -117,7 +131,7 @@ bool AddEquipNode(Session& s, std::string_view type) {
   return !full;
 }
 
-void AddDescEquipNode(Session& s, std::string_view type) {
+void AddDescEquipNode(Session& s, std::string_view type, Orphans& orphans) {
   const std::string name = TreeTypeName(type) + ": ";
   s.db.ForEach(
       "SELECT "
@@ -127,8 +141,8 @@ void AddDescEquipNode(Session& s, std::string_view type) {
           " t LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=t.ED_ID_AK "
           "LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY t.ED_ID_AK",
       {}, [&](const RowView& row) {
-        if (row.IsNull(6)) return TellMissing(s, "Equip Desc", row.Integer(0));
-        if (row.IsNull(7)) return TellMissing(s, "Platform Desc", row.Integer(2));
+        if (row.IsNull(6)) return Count(orphans, "Equip Desc", row.Integer(0));
+        if (row.IsNull(7)) return Count(orphans, "Platform Desc", row.Integer(2));
         std::string key = StructureKey(row.Text(3), row.Text(4), row.Text(5));
         s.ED_ID_AK = row.Integer(6);
         s.PD_ID_AK = row.Integer(7);
@@ -139,8 +153,9 @@ void AddDescEquipNode(Session& s, std::string_view type) {
       });
 }
 
-void SortTree(Session& s) {
+void FinishTree(Session& s) {
   s.tree.Sort();
+  if (!s.tree.nodes.empty()) s.tree.nodes.front().expanded = true;
 }
 
 void ClickExisting(Session& s, const std::string& key) {
@@ -175,23 +190,46 @@ bool BuildActivityTree(Session& s) {
   const std::vector<std::string> ids = Operators(s);
   AddOperators(s, ids);
   AddSurveys(s, ids);
-  AddStructureMonths(s);
+  Orphans orphans;
+  AddStructureMonths(s, orphans);
   s.equipment_month_list.Reset();
   for (std::string_view type : kBuildOrder)
-    if (FindType(type)->has_activity && !AddEquipNode(s, type)) return false;
-  SortTree(s);
-  if (!s.tree.nodes.empty()) s.tree.nodes.front().expanded = true;
+    if (FindType(type)->has_activity && !AddEquipNode(s, type, orphans)) return false;
+  FinishTree(s);
+  TellOrphans(s, orphans);
   return true;
 }
 
-void BuildDescriptionTree(Session& s) {
+// The tree of descriptions without its selection; false, after a message, when there was no room for all of it.
+bool BuildDescriptionTree(Session& s) {
   s.tree.Clear();
   AddOperators(s, Operators(s));
-  AddStructures(s);
-  s.equipment_list.Reset();
-  for (std::string_view type : kBuildOrder) AddDescEquipNode(s, type);
-  SortTree(s);
-  if (!s.tree.nodes.empty()) s.tree.nodes.front().expanded = true;
+  Orphans orphans;
+  bool whole = true;
+  try {
+    AddStructures(s);
+    s.equipment_list.Reset();
+    for (std::string_view type : kBuildOrder) AddDescEquipNode(s, type, orphans);
+  } catch (const Fault& fault) {
+    if (fault.number != fault_number::kSubscript) throw;
+    TellFault(s, fault);
+    whole = false;
+  }
+  FinishTree(s);
+  TellOrphans(s, orphans);
+  return whole;
+}
+
+// Selects nothing, so that what shows stays in front.
+void Build(Session& s) {
+  try {
+    if (s.InActv())
+      BuildActivityTree(s);
+    else
+      BuildDescriptionTree(s);
+  } catch (const Fault& fault) {
+    if (s.InActv()) TellUnder(s, "Error", fault.description, Icon::kNone);
+  }
 }
 
 }  // namespace
@@ -217,8 +255,8 @@ void RefreshTree(Session& s) {
 void RefreshDescTree(Session& s) {
   const Busy busy(s);
   try {
-    BuildDescriptionTree(s);
-    if (s.mode_changed_to_desc)
+    const bool whole = BuildDescriptionTree(s);
+    if (s.mode_changed_to_desc && whole)
       SelectAfterModeChangeToDesc(s);
     else
       SelectRoot(s);
@@ -226,6 +264,28 @@ void RefreshDescTree(Session& s) {
   } catch (const Fault&) {
     // a description tree that cannot be built, or a node that is gone, ends here without a word
   }
+}
+
+void RebuildTree(Session& s) {
+  const Busy busy(s);
+  std::vector<std::string> expanded;
+  for (const TreeNode& node : s.tree.nodes)
+    if (node.expanded) expanded.push_back(node.key);
+  const std::string selected = s.tree.selected < 0 ? "" : s.tree.nodes[static_cast<std::size_t>(s.tree.selected)].key;
+  Build(s);
+  for (const std::string& key : expanded)
+    if (const int node = s.tree.Find(key); node >= 0) s.tree.nodes[static_cast<std::size_t>(node)].expanded = true;
+  ++s.tree.expansion;
+  s.tree.selected = s.tree.Find(selected);
+}
+
+void RequireRoomForStructure(Session& s) {
+  const auto rows = [&s](const char* table) {
+    return ToInteger(s.db.Single(std::string("SELECT COUNT(*) FROM ") + table));
+  };
+  const bool room = rows("PD_PLATFORM_DESC") < s.structure_list.capacity() &&
+                    rows("PA_PLATFORM_ACTV") + s.last_month <= s.structure_month_list.capacity();
+  if (!room) throw Fault(fault_number::kSubscript, "MERLU tree", "Subscript out of range");
 }
 
 void SaveTreeExpansion(Session& s) {

@@ -53,9 +53,10 @@ void Cursor::MoveLast() {
   if (!Load("ORDER BY rowid DESC LIMIT 1", {})) position_ = Position::kEmpty;
 }
 
-void Cursor::MoveNext() {
-  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
-  if (!Load("WHERE rowid>? ORDER BY rowid LIMIT 1", {row_id_})) position_ = Position::kAfter;
+void Cursor::Leave() {
+  change_ = Change::kNone;
+  pending_.clear();
+  if (position_ == Position::kOnRow) position_ = Position::kAfter;
 }
 
 bool Cursor::FindFirst(const Criteria& criteria) {
@@ -66,21 +67,11 @@ bool Cursor::FindFirst(const Criteria& criteria) {
     condition.append(condition.empty() ? "[" : " AND [").append(column).append("]=?");
     values.push_back(value);
   }
-  return FindFirstWhere(std::move(condition), std::move(values));
+  return FindFirstWhere(condition, values);
 }
 
-bool Cursor::FindFirstWhere(std::string condition, Values values) {
-  condition_ = std::move(condition);
-  condition_values_ = std::move(values);
-  no_match_ = !Load("WHERE " + condition_ + " ORDER BY rowid LIMIT 1", condition_values_);
-  if (no_match_) position_ = Position::kAfter;
-  return !no_match_;
-}
-
-bool Cursor::FindNext() {
-  Values values = condition_values_;
-  values.emplace_back(row_id_);
-  no_match_ = !Load("WHERE " + condition_ + " AND rowid>? ORDER BY rowid LIMIT 1", values);
+bool Cursor::FindFirstWhere(const std::string& condition, const Values& values) {
+  no_match_ = !Load("WHERE " + condition + " ORDER BY rowid LIMIT 1", values);
   if (no_match_) position_ = Position::kAfter;
   return !no_match_;
 }

@@ -36,15 +36,15 @@ class Cursor {
   std::int64_t RecordCount();
 
   void MoveFirst();
-  void MoveNext();
   void MoveLast();
+  // Leaves the row: there is no current one until the next move or find.
+  void Leave();
 
-  // Move to the first row that meets the criteria, or to the next one after the current row; NoMatch tells
-  // the result, and after a failed find there is no current row. Return true on a match.
+  // Move to the first row that meets the criteria; NoMatch tells the result, and after a failed find there is no
+  // current row. Return true on a match.
   bool FindFirst(const Criteria& criteria);
   // The same with a condition of the caller's own; values are bound to its question marks.
-  bool FindFirstWhere(std::string condition, Values values);
-  bool FindNext();
+  bool FindFirstWhere(const std::string& condition, const Values& values);
   bool NoMatch() const { return no_match_; }
 
   // Change of the current row, or a new row: Edit or AddNew, then SetField, then Update. A new row does not
@@ -87,8 +87,6 @@ class Cursor {
   Values row_;
   std::int64_t seen_changes_ = 0;
   bool no_match_ = false;
-  std::string condition_;
-  Values condition_values_;
   Change change_ = Change::kNone;
   std::vector<std::pair<std::size_t, Value>> pending_;
 };

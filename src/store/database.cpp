@@ -2,9 +2,11 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <set>
+#include <system_error>
 #include <utility>
 
 #include "base/fault.h"
@@ -49,6 +51,21 @@ std::string Described(int number, const std::string& message) {
     case fault_number::kReadOnly: return "The database file is read-only.";
     default: return message;
   }
+}
+
+// A failure of the disk in the system's own words; nothing for another one, or where the system said none.
+void ThrowFailedDisk(int code, int system) {
+  const int kind = code & 0xFF;
+  if ((kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN) || system == 0) return;
+  const std::string why = " (" + std::generic_category().message(system) + ").";
+  if (system == ENOSPC || system == EDQUOT)
+    throw Fault(fault_number::kDiskFullStore, kSource, "There is not enough room on the disk for the database.");
+  const bool is_protected = system == EPERM || system == EACCES || system == EROFS;
+  const char* what = kind == SQLITE_CANTOPEN ? (is_protected ? "The folder of the database cannot be written to"
+                                                             : "The journal of the database could not be opened")
+                     : is_protected          ? "The database file cannot be written to"
+                                             : "The database file could not be read or written";
+  throw Fault(is_protected ? fault_number::kReadOnly : fault_number::kOther, kSource, what + why);
 }
 
 bool IsBoolean(sqlite3_stmt* statement, int column) {
@@ -209,6 +226,8 @@ Database::~Database() {
 void Database::Fail(int code) const {
   if (code == SQLITE_READONLY_DBMOVED)
     throw Fault(fault_number::kPathNotFound, kSource, "The database file has been moved or deleted.");
+  // an open that fails has prepared nothing yet
+  if (db_ != nullptr && !cache_.empty()) ThrowFailedDisk(code, sqlite3_system_errno(db_));
   const std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
   const int number = FaultNumber(code, message);
   throw Fault(number, kSource, Described(number, message));
@@ -314,7 +333,7 @@ void Database::Close() {
 }
 
 sqlite3_stmt* Database::Prepare(std::string_view sql) {
-  if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No database is open.");
+  if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No inventory is open.");
   if (const auto found = cache_.find(sql); found != cache_.end()) return found->second.get();
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement,
@@ -358,7 +377,7 @@ Value Database::Single(std::string_view sql, const Values& values) {
 }
 
 Rows Database::ReadOnlyQuery(const std::string& sql) {
-  if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No database is open.");
+  if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No inventory is open.");
   // the text's own preparation is judged; a cached statement would not be
   sqlite3_set_authorizer(db_, ReadersOnly, nullptr);
   sqlite3_stmt* statement = nullptr;

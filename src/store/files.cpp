@@ -156,7 +156,9 @@ bool TableExists(const std::string& path, std::string_view table) {
 
 bool IsCurrentDatabase(const std::string& path) {
   try {
-    return TableExists(path, "EA_LOA");
+    Database db;
+    db.OpenReadOnly(path);  // a file that cannot be written tells its version, too
+    return db.HasTable("EA_LOA");
   } catch (const Fault&) {
     return true;  // its failure shows when it is opened
   }

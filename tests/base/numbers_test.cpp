@@ -32,6 +32,18 @@ TEST(LeadingNumber, of_more_than_a_double_holds_is_the_largest_one) {
   EXPECT_EQ(LeadingNumber("1e-999"), 0);
 }
 
+TEST(LeadingNumber, of_less_than_a_double_holds_is_zero_however_it_is_written) {
+  const std::string zeros(400, '0');
+  EXPECT_EQ(LeadingNumber("0." + zeros + "1"), 0);
+  EXPECT_EQ(LeadingNumber("-0." + zeros + "1"), 0);
+  EXPECT_EQ(LeadingNumber("12e-500"), 0);
+  EXPECT_EQ(LeadingNumber("0." + zeros + "1e-5"), 0);
+  EXPECT_GT(LeadingNumber("1" + zeros), 1e308);
+  EXPECT_GT(LeadingNumber("1" + zeros + ".5"), 1e308);
+  EXPECT_TRUE(IsNumericText("0." + zeros + "1"));
+  EXPECT_FALSE(IsNumericText("1" + zeros));
+}
+
 TEST(IsNumericText, accepts_what_a_spreadsheet_user_calls_a_number) {
   for (const char* text : {"0", " 5 ", "-5", "+5", "1,200", "1,234,567.5", "0.25", ".5", "5.", "1e2", "1.5E-3", "\t7"})
     EXPECT_TRUE(IsNumericText(text)) << text;

@@ -168,7 +168,7 @@ TEST(CommentDialog, explains_no_other_finding_in_place_of_one_that_is_gone) {
     findings.run.Set("txtComments", "lost");
     findings.run.Click("cmdOK");
   });
-  EXPECT_EQ(findings.run.TakeBoxes(), Texts{"3021 No current record."});
+  EXPECT_EQ(findings.run.TakeBoxes(), Texts{"QC Error record was not found"});
   EXPECT_EQ(findings.run.Count("QC WHERE Comments<>''"), 0);
   EXPECT_EQ(findings.Row(0)[2], "");
 }
@@ -236,6 +236,44 @@ TEST(CommentDialog, has_its_button_only_while_the_sheet_is_edited) {
   findings.run.Click("cmdCANCEL");
   EXPECT_EQ(findings.run.WhyNotClick(kButton), "is disabled");
   EXPECT_EQ(findings.run.At(kButton).caption, "Edit QC Comment");
+}
+
+TEST(CommentDialog, on_a_finding_that_is_gone_writes_into_no_other_one) {
+  Findings findings;
+  Raw(findings.run.s.path, {"DELETE FROM QC WHERE FieldID='Hours Operated, excl. upsets'"});
+  findings.InDialog(0, [&](Form& dialog) {
+    EXPECT_EQ(findings.run.TakeBoxes(), Texts{"QC Error record was not found"});
+    findings.run.Set("txtComments", "for another one");
+    findings.run.Click("cmdOK");
+    EXPECT_EQ(findings.run.TakeBoxes(), Texts{"QC Error record was not found"});
+    EXPECT_TRUE(dialog.visible);
+    findings.run.Click("cmdCancel");
+  });
+  EXPECT_EQ(findings.run.Count("QC WHERE Comments<>''"), 0);
+}
+
+TEST(CommentDialog, of_the_last_finding_that_is_gone_leaves_another_record_s_alone) {
+  Findings findings;
+  findings.run.s.db.Execute("INSERT INTO QC (UserID,FieldID,Comments) VALUES ('12345','another','kept')");
+  Raw(findings.run.s.path, {"DELETE FROM QC WHERE FieldID<>'another'"});
+  findings.InDialog(0, [&](Form&) {
+    findings.run.Set("txtComments", "lost");
+    findings.run.Click("cmdOK");
+    findings.run.Click("cmdCancel");
+  });
+  EXPECT_EQ(findings.Comment("another"), "kept");
+}
+
+TEST(CommentDialog, tells_at_ok_that_its_finding_has_gone_meanwhile) {
+  Findings findings;
+  findings.InDialog(1, [&](Form&) {
+    Raw(findings.run.s.path, {"DELETE FROM QC WHERE FieldID='Volume Flared, incl. upsets'"});
+    findings.run.Set("txtComments", "late");
+    findings.run.Click("cmdOK");
+    EXPECT_EQ(findings.run.TakeBoxes(), Texts{"QC Error record was not found"});
+    findings.run.Click("cmdCancel");
+  });
+  EXPECT_EQ(findings.run.Count("QC WHERE Comments='late'"), 0);
 }
 
 }  // namespace

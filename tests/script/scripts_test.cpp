@@ -89,5 +89,63 @@ INSTANTIATE_TEST_SUITE_P(journeys, Script, testing::ValuesIn(Scripts()), [](cons
   return name;
 });
 
+// ---- what stands around the commands ----
+
+std::string PlayText(const std::string& text, const TemporaryFolder& folder, int& status) {
+  std::istringstream in(text);
+  std::ostringstream out;
+  PlayOptions options;
+  options.settings_file = folder.path("settings.ini");
+  status = Player(in, out, options).Run();
+  return out.str();
+}
+
+TEST(ScriptText, may_begin_with_a_byte_order_mark) {
+  const TemporaryFolder folder;
+  int status = 1;
+  const std::string replies = PlayText(
+      "\xEF\xBB\xBF"
+      "forms\nforms\n",
+      folder, status);
+  EXPECT_EQ(status, 0) << replies;
+}
+
+TEST(ScriptText, whose_answers_cannot_be_written_is_not_played_on) {
+  const TemporaryFolder folder;
+  CopyTemplate(folder);
+  std::istringstream in("start " + folder.path("inventory.mdb") + "\nclock \"2017-03-05 14:02\"\n");
+  std::ofstream out("/dev/full");
+  PlayOptions options;
+  options.settings_file = folder.path("settings.ini");
+  EXPECT_EQ(Player(in, out, options).Run(), 1);
+}
+
+TEST(ScriptFile, answers_an_open_dialog_with_a_whole_path_that_is_there) {
+  const TemporaryFolder folder;
+  CopyTemplate(folder, "one.MDB");
+  int status = 1;
+  const std::string gone = folder.path("gone.mdb");
+  std::string replies =
+      PlayText("start " + folder.path("nothing.mdb") + "\nfile " + gone + "\nclick mnuFileSelectDatabase\nsession\n",
+               folder, status);
+  EXPECT_NE(replies.find("no such file: " + gone), std::string::npos) << replies;
+  replies = PlayText("answer Cancel\nstart " + folder.path("nothing.mdb") + "\nfile " + folder.path("sub/../one") +
+                         "\nclick mnuFileSelectDatabase\nset txtUserID 1\n",
+                     folder, status);
+  EXPECT_NE(replies.find("\"modal\":\"frmNewUser\""), std::string::npos) << replies;
+}
+
+TEST(ScriptFile, of_a_name_that_is_no_text_is_opened_and_remembered) {
+  const TemporaryFolder folder;
+  const std::string name = "caf\xE9.mdb";
+  CopyTemplate(folder, name);
+  Raw(folder.path(name), {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
+  int status = 1;
+  PlayText("start " + folder.path(name) + "\n", folder, status);
+  EXPECT_EQ(status, 0);
+  const std::string replies = PlayText("start\nsession\n", folder, status);
+  EXPECT_NE(replies.find("\"UserID\":\"77\""), std::string::npos) << replies;
+}
+
 }  // namespace
 }  // namespace merlu::test

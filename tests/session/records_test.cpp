@@ -2,10 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include "base/fault.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
 namespace {
+
+// Number of the fault that the work ends in, 0 for none.
+template <typename Work>
+int FaultOf(Work&& work) {
+  try {
+    work();
+  } catch (const Fault& fault) {
+    return fault.number;
+  }
+  return 0;
+}
 
 // Two structures of three months with a flare on the second, in activity mode at the flare's second month.
 class Records : public testing::Test {
@@ -62,7 +74,7 @@ TEST_F(Records, are_found_again_after_a_find_that_failed) {
 TEST_F(Records, are_found_from_behind_the_last_row) {
   Cursor& pd = s.At("PD_PLATFORM_DESC");
   pd.MoveLast();
-  pd.MoveNext();
+  pd.Leave();
   ASSERT_TRUE(pd.EOF_());
   EXPECT_TRUE(MoveToPDRecord(s, 1));
   EXPECT_EQ(ToInteger(pd.Field("PD_ID_AK")), 1);
@@ -216,21 +228,92 @@ TEST(FirstRecords, get_key_one_and_the_highest_month_of_none_is_zero) {
 
 TEST(FirstRecords, cannot_be_asked_for_without_a_database) {
   TestRun run;
-  EXPECT_EQ(NextPDId(run.s), 0);
-  EXPECT_EQ(MaxEAId(run.s), 0);
+  EXPECT_EQ(FaultOf([&] { NextPDId(run.s); }), 91);
+  EXPECT_EQ(FaultOf([&] { MaxEAId(run.s); }), 91);
   EXPECT_FALSE(MoveToPDRecord(run.s, 1));
-  EXPECT_EQ(run.TakeBoxes(), (std::vector<std::string>{"No database is open. 91", "No database is open. 91",
-                                                       "Object variable or With block variable not set 91"}));
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"No inventory is open. 91"});
 }
 
-TEST(FirstRecords, that_cannot_be_counted_are_told_with_description_and_number) {
+TEST(FirstRecords, whose_keys_cannot_be_read_are_not_written) {
   TestRun run;
   run.StartWithStructure();
   run.s.db.Execute("ALTER TABLE PA_PLATFORM_ACTV RENAME TO gone");
-  EXPECT_EQ(NextSAId(run.s), 0);
+  EXPECT_EQ(FaultOf([&] { NextSAId(run.s); }), 3078);
+  run.AddStructure("1002");
   const auto boxes = run.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_TRUE(boxes[0].ends_with(" 3078")) << boxes[0];
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1);
+}
+
+TEST(Keys, that_would_run_out_in_the_middle_of_a_month_add_nothing_of_it) {
+  TestRun run;
+  run.StartWith("FLA", "F1");
+  run.Select(run.Key());
+  run.AddEquipment("VEN", "V1");
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_ID_AK=2147483646 WHERE EA_EQUIP_TYP='VEN'");
+  run.ChangeTo(Mode::kActv);
+  run.SelectRoot();
+  const std::int64_t months = run.Count("PA_PLATFORM_ACTV");
+  run.Click("cmdUSER_AddSurvey");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"There is no free key left in the database. 9"});
+  EXPECT_EQ(run.Count("PA_PLATFORM_ACTV"), months);
+  EXPECT_EQ(run.Count("EA_EQUIP_ACTV"), 2);
+  EXPECT_EQ(ToInteger(run.Sql("SELECT SYS_MAX_MO FROM SYS_CONFIG")), 1);
+}
+
+TEST(Keys, that_would_run_out_add_no_equipment_without_all_of_its_months) {
+  TestRun run;
+  run.StartWith("FLA", "F1");
+  run.s.db.Execute("UPDATE SYS_CONFIG SET SYS_MAX_MO=2");
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_ID_AK=2147483646");
+  run.Select(run.Key());
+  run.AddEquipment("VEN", "V1");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"There is no free key left in the database. 9"});
+  EXPECT_EQ(run.Count("ED_EQUIP_DESC"), 1);
+  EXPECT_EQ(run.Count("ED_VEN"), 0);
+  EXPECT_EQ(run.Count("EA_EQUIP_ACTV"), 1);
+}
+
+// ---- what another program has added meanwhile ----
+
+TEST(Months, are_added_behind_the_one_that_another_program_has_added) {
+  TestRun run;
+  run.StartWith("FLA", "F1");
+  run.ChangeTo(Mode::kActv);
+  run.SelectRoot();
+  Raw(run.s.path, {"UPDATE SYS_CONFIG SET SYS_MAX_MO=2",
+                   "INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (90,1,2,2017,'A')",
+                   "INSERT INTO EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_MO,EA_YR,EA_EQUIP_TYP) VALUES (90,1,2,2017,'FLA')",
+                   "INSERT INTO EA_FLA (EA_ID_AK) VALUES (90)"});
+  run.Click("cmdUSER_AddSurvey");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"Survey Month added to Activity Database"});
+  EXPECT_EQ(run.s.last_month, 3);
+  EXPECT_EQ(run.Count("PA_PLATFORM_ACTV WHERE PA_MO=2"), 1);
+  EXPECT_EQ(run.Count("PA_PLATFORM_ACTV WHERE PA_MO=3"), 1);
+  EXPECT_GE(run.s.tree.Find(run.Key("FLA", "F1", 3)), 0);
+}
+
+TEST(Months, of_a_whole_year_by_another_program_leave_none_to_add) {
+  TestRun run;
+  run.StartWithStructure();
+  run.ChangeTo(Mode::kActv);
+  run.SelectRoot();
+  Raw(run.s.path, {"UPDATE SYS_CONFIG SET SYS_MAX_MO=12"});
+  const std::int64_t rows = run.Count("PA_PLATFORM_ACTV");
+  run.Click("cmdUSER_AddSurvey");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"All 12 months have already been added to this inventory."});
+  EXPECT_EQ(run.Count("PA_PLATFORM_ACTV"), rows);
+}
+
+TEST(AddedStructures, get_the_months_that_another_program_has_added) {
+  TestRun run;
+  run.StartWithStructure();
+  Raw(run.s.path, {"UPDATE SYS_CONFIG SET SYS_MAX_MO=4"});
+  run.AddStructure("1002");
+  EXPECT_EQ(run.Count("PA_PLATFORM_ACTV WHERE PD_ID_AK=2"), 4);
+  run.AddEquipment("FLA", "F1");
+  EXPECT_EQ(run.Count("EA_FLA"), 4);
 }
 
 }  // namespace

@@ -152,6 +152,33 @@ TEST(TreeRecord, lets_the_older_copy_of_a_row_win) {
   EXPECT_EQ(record.FindTag("K1")->Status, "I");
 }
 
+TEST(TreeRecord, of_a_row_is_the_first_one_in_the_order_of_the_keys) {
+  TreeRecord record;
+  record.Append(7, "K2", "A");
+  record.Append(8, "K1", "A");
+  record.Append(7, "K1", "I");
+  EXPECT_EQ(record.FindUid(7)->TreeTag, "K1");
+  EXPECT_EQ(record.FindUid(7)->Status, "I");
+  EXPECT_EQ(record.FindTag("K1")->DbUid, 8);
+  EXPECT_EQ(record.FindTag("K2")->DbUid, 7);
+  record.Append(7, "K3", "A");
+  EXPECT_EQ(record.FindUid(7)->TreeTag, "K1");
+}
+
+TEST(TreeRecord, goes_with_its_record) {
+  TreeRecord record;
+  record.Append(7, "K1", "I");
+  record.Append(8, "K2", "A");
+  record.Append(7, "K3", "I");
+  record.Remove(7);
+  EXPECT_EQ(record.FindUid(7), nullptr);
+  EXPECT_EQ(record.FindTag("K1"), nullptr);
+  EXPECT_EQ(record.FindTag("K3"), nullptr);
+  EXPECT_EQ(record.FindTag("K2")->DbUid, 8);
+  record.Append(7, "K4", "A");
+  EXPECT_EQ(record.FindUid(7)->TreeTag, "K4");
+}
+
 TEST(EquipmentTypes, are_sixteen_with_numbers_codes_and_names_of_their_own) {
   std::set<int> numbers;
   std::set<std::string_view> codes, names;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/routing.h"
 #include "shell/trees.h"
 #include "support/test_run.h"
 
@@ -280,6 +281,100 @@ TEST_F(Edit, is_over_when_another_node_is_selected) {
   run.s.tree.enabled = true;
   run.Select(run.Key("FLA", "F1", 2));
   EXPECT_FALSE(run.s.editing);
+}
+
+// ---- a record that cannot be read ----
+
+constexpr const char* kUnreadable = "This record could not be read.";
+
+// Holds the file as another program does, as long as it lives.
+class Hold {
+ public:
+  explicit Hold(TestRun& run) {
+    other_.Open(run.s.path);
+    other_.Execute("BEGIN EXCLUSIVE");
+  }
+
+ private:
+  Database other_;
+};
+
+TEST_F(Edit, does_not_begin_on_a_record_that_could_not_be_read) {
+  run.Keep({{"txtFLA_HrsOperated", "700"}});
+  run.TakeBoxes();
+  {
+    const Hold hold(run);
+    run.Select(run.Key("FLA", "F1", 1));
+    EXPECT_EQ(run.TakeBoxes().back(), kUnreadable);
+    run.Click("cmdEdit");
+    EXPECT_EQ(run.TakeBoxes().back(), kUnreadable);
+    ExpectBrowsing();
+  }
+  EXPECT_EQ(ToNumber(Stored("OP_HR")), 700);
+}
+
+TEST_F(Edit, reads_the_record_again_when_it_begins) {
+  run.Keep({{"txtFLA_HrsOperated", "700"}});
+  {
+    const Hold hold(run);
+    run.Select(run.Key("FLA", "F1", 1));
+  }
+  run.TakeBoxes();
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  ExpectEditing();
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "700");
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(ToNumber(Stored("OP_HR")), 700);
+}
+
+TEST_F(Edit, of_every_level_does_not_begin_while_it_cannot_be_read) {
+  for (const std::string& key : {std::string("K12345"), run.Key("", "", 1), run.Key("FLA", "F1", 1)}) {
+    const Hold hold(run);
+    run.Select(key);
+    run.Click("cmdEdit");
+    EXPECT_EQ(run.TakeBoxes().back(), kUnreadable) << key;
+    ExpectBrowsing();
+  }
+}
+
+TEST_F(Edit, of_a_record_that_could_not_be_read_is_neither_saved_nor_judged) {
+  run.Keep({{"txtFLA_HrsOperated", "700"}});
+  {
+    const Hold hold(run);
+    run.Select(run.Key("FLA", "F1", 1));
+    run.TakeBoxes();
+    run.Click("cmdQC");
+    EXPECT_EQ(run.TakeBoxes().back(), kUnreadable);
+  }
+  EXPECT_EQ(run.Count("QC"), 0);
+  EXPECT_TRUE(IsNull(Date()));
+  SaveSheet(run.s, false);
+  EXPECT_TRUE(run.s.save_failed);
+  EXPECT_EQ(ToNumber(Stored("OP_HR")), 700);
+}
+
+TEST_F(Edit, that_was_cancelled_into_a_record_that_cannot_be_read_has_ended) {
+  run.Keep({{"txtFLA_HrsOperated", "700"}});
+  run.Click("cmdEdit");
+  {
+    const Hold hold(run);
+    run.Click("cmdCANCEL");
+    EXPECT_EQ(run.TakeBoxes().back(), kUnreadable);
+    ExpectBrowsing();
+  }
+  run.Select(run.Key("FLA", "F1", 1));
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "700");
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+}
+
+TEST_F(Edit, of_a_node_without_a_record_is_refused) {
+  run.s.equipment_month_list.Reset();
+  run.Select(run.Key("FLA", "F1", 1));
+  run.TakeBoxes();
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.TakeBoxes(), Texts{kUnreadable});
+  ExpectBrowsing();
 }
 
 }  // namespace

@@ -156,5 +156,18 @@ TEST(EditModes, clear_the_sheet_of_what_belongs_to_the_other) {
   EXPECT_EQ(run.At("tabFLA").page_available, (std::vector<bool>{true, true, true}));
 }
 
+TEST(ModeChange, on_a_file_that_another_program_holds_is_told_and_not_done) {
+  TestRun run;
+  run.StartWithStructure();
+  run.SelectRoot();
+  Database other;
+  other.Open(run.s.path);
+  other.Execute("BEGIN EXCLUSIVE");
+  run.Click("mnuSetEditMode");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"The database is locked by another program. 3261"});
+  EXPECT_EQ(run.s.mode, Mode::kDesc);
+  EXPECT_FALSE(run.s.tree.nodes.empty());
+}
+
 }  // namespace
 }  // namespace merlu::test

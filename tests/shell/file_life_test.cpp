@@ -93,6 +93,25 @@ TEST_F(OtherDatabase, of_the_version_before_is_refused_and_not_remembered) {
   EXPECT_EQ(Bytes(second), before);
 }
 
+TEST_F(OtherDatabase, of_the_version_before_is_refused_also_when_it_is_read_only) {
+  Raw(second, {"DROP TABLE EA_LOA"});
+  fs::permissions(second, fs::perms::owner_read);
+  run.files = {second};
+  run.Click("mnuFileSelectDatabase");
+  ASSERT_EQ(run.boxes.size(), 1u);
+  EXPECT_EQ(run.boxes[0].title, "Data Validation");
+  ExpectFirst();
+}
+
+TEST_F(OtherDatabase, opens_also_when_it_cannot_be_remembered) {
+  run.settings_fail = true;
+  run.files = {second};
+  run.Click("mnuFileSelectDatabase");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"The settings cannot be written. 75"});
+  EXPECT_EQ(run.s.path, second);
+  EXPECT_TRUE(run.s.db.IsOpen());
+}
+
 TEST_F(OtherDatabase, that_is_no_database_is_remembered_and_fails_at_the_start) {
   const std::string text(3000, 'x');
   std::ofstream(second, std::ios::trunc) << text;

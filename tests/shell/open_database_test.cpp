@@ -5,12 +5,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <fstream>
 #include <functional>
 #include <sstream>
 
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
+#include "shell/program_end.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -181,7 +183,7 @@ TEST_F(BadFile, leaves_a_window_whose_commands_say_what_is_wrong_and_nothing_wor
   run.Click("mnuFQC");
   EXPECT_EQ(run.TakeBoxes(), Texts{"There is no data to QC"});
   run.Click("mnuENewSurvey");
-  EXPECT_EQ(run.TakeBoxes(), Texts{"Object variable or With block variable not set 91"});
+  EXPECT_EQ(run.TakeBoxes(), Texts{"No inventory is open. 91"});
 }
 
 // ---- a file that another program holds ----
@@ -301,6 +303,109 @@ TEST(HeldFile, during_the_work_is_told_by_the_save_and_keeps_the_edit) {
   run.Click("cmdSaveEdits");
   EXPECT_EQ(run.TakeBoxes(), Texts{});
   EXPECT_EQ(NullToEmpty(run.Sql("SELECT City FROM CO_COMPANY")), "Bay");
+}
+
+// ---- a file that another run of the program has open ----
+
+class OpenedTwice : public testing::Test {
+ protected:
+  OpenedTwice() {
+    first.clock = {2017, 3, 5, 14, 2, 0};
+    second.clock = {2017, 3, 5, 15, 0, 0};
+    first.Start();
+  }
+  std::string Path() const { return first.s.path; }
+  Box Refused() {
+    second.answers = {Button::kCancel};
+    second.Start(Path());
+    EXPECT_FALSE(second.s.db.IsOpen());
+    EXPECT_EQ(second.boxes.size(), 1u);
+    const Box box = second.boxes.empty() ? Box() : second.boxes.front();
+    second.boxes.clear();
+    return box;
+  }
+  TestRun first, second;
+};
+
+TEST_F(OpenedTwice, is_refused_as_in_use_and_says_who_has_it_and_since_when) {
+  const Box box = Refused();
+  EXPECT_TRUE(box.text.starts_with(kInUse)) << box.text;
+  EXPECT_NE(box.text.find("Error # 3356 "), std::string::npos) << box.text;
+  EXPECT_EQ(box.buttons, (std::vector<Button>{Button::kRetry, Button::kCancel}));
+  std::string who = "Opened";
+  if (!UserName().empty()) who += " by " + UserName();
+  EXPECT_EQ(box.detail, who + " on " + MachineName() + " since 14:02.");
+}
+
+TEST_F(OpenedTwice, says_the_day_too_when_it_is_another_one) {
+  second.clock = {2017, 3, 6, 9, 0, 0};
+  EXPECT_TRUE(Refused().detail.ends_with(" since Mar 05, 2017 14:02.")) << second.boxes.front().detail;
+}
+
+TEST_F(OpenedTwice, is_refused_under_another_name_of_the_file) {
+  const std::string link = first.folder.path("link.mdb");
+  fs::create_symlink(Path(), link);
+  second.answers = {Button::kCancel};
+  second.Start(link);
+  EXPECT_FALSE(second.s.db.IsOpen());
+}
+
+TEST_F(OpenedTwice, changes_nothing_in_the_file_and_leaves_nothing_beside_it) {
+  first.s.db.Execute("DROP TABLE QC_XREF");
+  Refused();
+  EXPECT_FALSE(first.s.db.HasTable("QC_XREF"));
+  std::vector<std::string> files;
+  for (const auto& entry : fs::directory_iterator(first.folder.path())) files.push_back(entry.path().filename());
+  EXPECT_EQ(files, std::vector<std::string>{"inventory.mdb"});
+}
+
+TEST_F(OpenedTwice, opens_once_the_other_run_has_ended) {
+  Refused();
+  EndProgram(first.s);
+  second.Start(Path());
+  EXPECT_TRUE(second.s.db.IsOpen());
+  EXPECT_EQ(second.TakeBoxes(), Texts{});
+}
+
+TEST_F(OpenedTwice, opens_after_a_crash_of_the_other_run) {
+  EndProgram(first.s);
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    FileNote note;
+    std::string holder;
+    const char letter = note.Take(Path(), "anna\tquay-7\t2017-03-05 14:02:00", holder) ? 'y' : 'n';
+    if (write(ready[1], &letter, 1) != 1) _exit(1);
+    for (;;) pause();
+  }
+  char letter = 0;
+  ASSERT_EQ(read(ready[0], &letter, 1), 1);
+  EXPECT_EQ(letter, 'y');
+  EXPECT_EQ(Refused().detail, "Opened by anna on quay-7 since 14:02.");
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  close(ready[0]);
+  close(ready[1]);
+  second.Start(Path());
+  EXPECT_TRUE(second.s.db.IsOpen());
+}
+
+TEST_F(OpenedTwice, can_still_be_read_beside_the_other_run) {
+  Database reader;
+  reader.OpenReadOnly(Path());
+  EXPECT_EQ(ToInteger(reader.Single("SELECT COUNT(*) FROM CO_COMPANY")), 1);
+}
+
+TEST_F(OpenedTwice, opens_at_the_retry_after_the_other_run_has_ended) {
+  WaitingRun third;
+  third.meanwhile = [&](const Box&) {
+    EndProgram(first.s);
+    return Button::kRetry;
+  };
+  third.Start(Path());
+  EXPECT_TRUE(third.s.db.IsOpen());
 }
 
 // ---- the repair of the first open ----

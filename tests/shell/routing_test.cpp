@@ -48,7 +48,6 @@ TEST_F(NodeClick, takes_the_location_and_the_row_from_the_key_of_the_node) {
   EXPECT_EQ(run.s.ED_ID_AK, 2);
   run.Select(run.Key("", "", 1));
   EXPECT_EQ(run.s.SA_ID_AK, 1);
-  EXPECT_EQ(run.s.previous.EquipID, "F2");
 }
 
 TEST_F(NodeClick, has_neither_month_nor_year_in_description_mode) {

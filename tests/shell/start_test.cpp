@@ -102,7 +102,6 @@ TEST(StartPath, without_a_setting_leads_to_the_file_that_lies_there_already) {
   EXPECT_EQ(run.Text("txtUSER_Company"), "Old");
   EXPECT_EQ(run.s.year, 2016);
   EXPECT_EQ(run.s.last_month, 5);
-  EXPECT_EQ(run.s.check_level, 3);
 }
 
 TEST(StartPath, is_not_stored_by_a_start) {
@@ -252,7 +251,6 @@ TEST(Start, of_a_file_without_a_configuration_adds_a_blank_row_and_counts_from_z
   run.Start(path);
   EXPECT_EQ(run.s.year, 0);
   EXPECT_EQ(run.s.last_month, 0);
-  EXPECT_EQ(run.s.check_level, 0);
   const Rows rows = run.s.db.Query("SELECT * FROM SYS_CONFIG");
   EXPECT_EQ(rows.rows, (std::vector<Values>{{Null{}, Null{}, Null{}}}));
   EXPECT_EQ(run.TakeBoxes(), Texts{});

@@ -5,6 +5,7 @@
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "shell/main_program.h"
+#include "shell/program_end.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -249,7 +250,7 @@ TEST_F(Trees, of_activity_tell_a_row_of_a_type_whose_description_is_missing_and_
   run.s.db.Execute("DELETE FROM ED_EQUIP_DESC WHERE ED_EQUIP_TYP='AMI'");
   run.TakeBoxes();
   RefreshTree(run.s);
-  EXPECT_EQ(run.TakeBoxes(), (Texts{"Equip Desc ID 1 not found!", "Equip Desc ID 1 not found!"}));
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equip Desc ID 1 not found!\nRows that have no place in the tree: 2."});
   EXPECT_EQ(run.s.tree.Find(run.Key("AMI", "X1", 1)), -1);
   EXPECT_GE(run.s.tree.Find(run.Key("VEN", "X1", 1)), 0);
 }
@@ -460,17 +461,19 @@ TEST(ListOfStructures, holds_1_001_and_tells_the_next_one) {
   EXPECT_EQ(run.TakeBoxes(), Texts{});
   run.AddStructure("new");
   EXPECT_EQ(run.TakeBoxes(), Texts{"Subscript out of range 9"});
-  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1002);
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1001);
+  EXPECT_EQ(run.s.tree.selected, 0);
   EXPECT_EQ(run.s.tree.Find(run.Key("", "", 0, "new")), -1);
 }
 
-TEST(ListOfStructures, of_more_than_1_001_ends_the_tree_of_descriptions_silently) {
+TEST(ListOfStructures, of_more_than_1_001_is_told_and_ends_the_tree_of_descriptions_there) {
   TestRun run;
   StartWithStructures(run, 1002, 1);
   run.ChangeTo(Mode::kDesc);
-  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Subscript out of range 9"});
   EXPECT_EQ(run.s.structure_list.size(), 1001u);
-  EXPECT_EQ(run.s.tree.selected, -1);
+  EXPECT_EQ(run.s.tree.nodes.size(), 1002u);
+  EXPECT_EQ(run.s.tree.selected, 0);
 }
 
 TEST(ListOfStructures, of_more_than_12_001_months_is_an_error_of_the_tree_of_activity) {
@@ -480,6 +483,64 @@ TEST(ListOfStructures, of_more_than_12_001_months_is_an_error_of_the_tree_of_act
   EXPECT_EQ(run.boxes[0].title, "Error");
   EXPECT_EQ(run.boxes[0].text, "Subscript out of range");
   EXPECT_EQ(run.s.structure_month_list.size(), 12001u);
+}
+
+// ---- tree records and keys that come back ----
+
+TEST(TreeRecords, of_a_structure_go_with_it) {
+  TestRun run;
+  run.StartWithStructure();
+  run.AddStructure("1002");
+  run.AddEquipment("FLA", "F1");
+  run.ChangeTo(Mode::kActv);
+  run.Select(run.Key("", "", 1, "1002"));
+  run.Click("cmdEdit");
+  run.Check("chkSTRUCTURE_Status", true);
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key("", "", 0, "1002"));
+  run.answers = {Button::kOK};
+  run.Click("mnuEDelete");
+  run.TakeBoxes();
+  run.AddStructure("1002");
+  run.AddEquipment("FLA", "F1");
+  EXPECT_EQ(ToInteger(run.Sql("SELECT MAX(SA_ID_AK) FROM PA_PLATFORM_ACTV")), 2) << "the key comes back";
+  run.ChangeTo(Mode::kActv);
+  run.Select(run.Key("FLA", "F1", 1, "1002"));
+  EXPECT_EQ(run.s.node_status, "A");
+  EXPECT_EQ(run.WhyNotClick("cmdEdit"), "");
+}
+
+// ---- a database that is opened again ----
+
+TEST_F(Trees, stay_at_their_node_when_the_database_is_opened_again) {
+  run.Select(run.Key("FLA", "X1", 2));
+  EXPECT_TRUE(ReopenDatabase(run.s));
+  EXPECT_EQ(Selected(run), run.Key("FLA", "X1", 2));
+  EXPECT_NE(run.s.activity_record.FindTag(run.Key("", "", 2)), nullptr);
+  EXPECT_TRUE(NodeOf(run, run.Key("", "", 2)).expanded);
+}
+
+TEST_F(Trees, are_emptied_when_the_database_could_not_be_opened_again) {
+  run.Select(run.Key("FLA", "X1", 2));
+  const std::string aside = run.s.path + ".aside";
+  CloseDatabase(run.s);
+  fs::rename(run.s.path, aside);
+  run.answers = {Button::kCancel};
+  EXPECT_FALSE(ReopenDatabase(run.s));
+  EXPECT_TRUE(run.s.tree.nodes.empty());
+  EXPECT_EQ(run.s.mode, Mode::kNone);
+  EXPECT_EQ(run.s.main->front, "none");
+  EXPECT_FALSE(run.s.desk.Find("frmFLA")->visible);
+  EXPECT_TRUE(run.s.main->visible);
+  EXPECT_EQ(run.s.current, QCLocation());
+  run.TakeBoxes();
+  fs::rename(aside, run.s.path);
+  run.files = {run.s.path};
+  run.Click("mnuFileSelectDatabase");
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  EXPECT_FALSE(run.s.tree.nodes.empty());
 }
 
 // ---- expansion ----

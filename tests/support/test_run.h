@@ -108,6 +108,7 @@ class TestRun : public Platform {
   std::vector<std::string> TakeBoxes();            // their texts; forgets them
   DateTime clock{2017, 3, 5, 14, 2, 0};
   std::map<std::string, std::string> settings;
+  bool settings_fail = false;  // they are kept for the run only
   std::string program_folder;
   std::string data_folder;
   bool installed = false;
