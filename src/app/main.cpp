@@ -55,6 +55,12 @@ int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 
+int Play(std::istream& in, const PlayOptions& options) {
+  const int status = Player(in, std::cout, options).Run();
+  if (!std::cout) std::cerr << "merlu: the answers cannot be written\n";
+  return status;
+}
+
 int RunScript(int argc, char** argv) {
   PlayOptions options;
   std::string file;
