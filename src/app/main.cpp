@@ -44,12 +44,6 @@ int Usage() {
   return kWrongUsage;
 }
 
-int Play(std::istream& in, const PlayOptions& options) {
-  const int status = Player(in, std::cout, options).Run();
-  if (!std::cout) std::cerr << "merlu: the answers cannot be written\n";
-  return status;
-}
-
 int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
   Console console{std::cout, std::cerr, isatty(STDERR_FILENO) != 0};
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
