@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/case_folding.h"
+
 namespace merlu {
 namespace {
 
@@ -132,6 +134,21 @@ std::string Lower(std::string_view text) {
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](char x, char y) { return LowerChar(x) == LowerChar(y); });
+}
+
+int CompareIds(std::string_view a, std::string_view b) {
+  while (!a.empty() && !b.empty()) {
+    const Character left = FirstCharacter(a), right = FirstCharacter(b);
+    // a byte that is no character stands behind all characters, and for itself
+    const auto place = [](const Character& at, std::string_view text) {
+      return at.valid ? FoldedCase(at.code) : 0x110000 + static_cast<unsigned char>(text[0]);
+    };
+    const char32_t x = place(left, a), y = place(right, b);
+    if (x != y) return x < y ? -1 : 1;
+    a.remove_prefix(left.bytes);
+    b.remove_prefix(right.bytes);
+  }
+  return a.empty() ? (b.empty() ? 0 : -1) : 1;
 }
 
 bool LessIgnoringCase(std::string_view a, std::string_view b) {

@@ -1,4 +1,5 @@
-// Small helpers on texts. Texts are UTF-8; case is folded for ASCII letters only, as the store does.
+// Small helpers on texts. Texts are UTF-8; case is folded for ASCII letters only, as the store does, except
+// where IDs are compared.
 #pragma once
 
 #include <functional>
@@ -18,6 +19,9 @@ void AppendPadded(std::string& to, std::string_view text, std::size_t width);
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+// Negative, 0 or positive: the order of two IDs without regard to the case of any letter. 0 is the same ID.
+int CompareIds(std::string_view a, std::string_view b);
 
 // For hash tables that are searched by texts of any kind, without a copy.
 struct TextHash {

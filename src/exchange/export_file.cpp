@@ -67,14 +67,14 @@ bool DeleteOtherMonths(Database& copy, int month, int year) {
 
 void KeepStructures(Database& copy, const std::vector<StructureName>& kept) {
   PrepareForCutting(copy);
-  copy.Execute("CREATE TEMP TABLE kept (complex TEXT COLLATE NOCASE, structure TEXT COLLATE NOCASE)");
+  copy.Execute("CREATE TEMP TABLE kept (complex TEXT COLLATE SAME_ID, structure TEXT COLLATE SAME_ID)");
   for (const StructureName& name : kept)
     copy.Execute("INSERT INTO temp.kept VALUES (?,?)", {name.complex, name.structure});
   WriteBatch batch(copy);
   // a structure whose identifier has a Null part differs from nothing for certain, and stays
   copy.Execute(
       "DELETE FROM PD_PLATFORM_DESC WHERE NOT EXISTS (SELECT 1 FROM temp.kept WHERE "
-      "(CMPLX_ID_NUM=kept.complex AND STRUCT_NUM=kept.structure) IS NOT FALSE)");
+      "(kept.complex=CMPLX_ID_NUM AND kept.structure=STRUCT_NUM) IS NOT FALSE)");
   DeleteOrphans(copy, "PA_PLATFORM_ACTV", "PD_ID_AK", "PD_PLATFORM_DESC");
   DeleteOrphans(copy, "ED_EQUIP_DESC", "PD_ID_AK", "PD_PLATFORM_DESC");
   for (const EquipmentType& type : EquipmentTypes())

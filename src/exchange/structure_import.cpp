@@ -33,8 +33,10 @@ bool IsSameYear(Session& s, Database& file) {
 
 bool IsNew(Session& s, const std::vector<StructureName>& chosen) {
   for (const StructureName& name : chosen) {
-    const Value hit = s.db.Single("SELECT 1 FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? AND STRUCT_NUM=?",
-                                  {name.complex, name.structure});
+    const Value hit = s.db.Single(
+        "SELECT 1 FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE SAME_ID "
+        "AND STRUCT_NUM=? COLLATE SAME_ID",
+        {name.complex, name.structure});
     if (IsNull(hit)) continue;
     Tell(s, "RIMA Structure ID already exists in database - import cancelled.");
     return false;
@@ -67,8 +69,8 @@ void RankStructures(Database& db, const std::vector<StructureName>& chosen) {
   std::int64_t rank = 0;
   for (const StructureName& name : chosen) {
     const Value old = db.Single(
-        "SELECT PD_ID_AK FROM source.PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE NOCASE AND STRUCT_NUM=? COLLATE "
-        "NOCASE ORDER BY PD_ID_AK LIMIT 1",
+        "SELECT PD_ID_AK FROM source.PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE SAME_ID AND STRUCT_NUM=? COLLATE "
+        "SAME_ID ORDER BY PD_ID_AK LIMIT 1",
         {name.complex, name.structure});
     if (!IsNull(old)) db.Execute("INSERT OR REPLACE INTO temp.structure_key VALUES (?,?)", {old, rank++});
   }

@@ -38,7 +38,7 @@ void RequeryAll(Session& s, bool structures) {
 bool EquipmentExists(Session& s, const EquipmentType& type, const std::string& id) {
   return !IsNull(
       s.db.Single("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC WHERE PD_ID_AK=? AND ED_EQUIP_TYP=? AND "
-                  "ED_MERLU_EQUIP_ID=?",
+                  "ED_MERLU_EQUIP_ID=? COLLATE SAME_ID",
                   {s.PD_ID_AK, std::string(type.code), id}));
 }
 

@@ -130,6 +130,11 @@ std::string ReadOnlyAddress(const std::string& path) {
   return address + "?mode=ro";
 }
 
+int CompareAsIds(void*, int a_size, const void* a, int b_size, const void* b) {
+  return CompareIds({static_cast<const char*>(a), static_cast<std::size_t>(a_size)},
+                    {static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
+}
+
 }  // namespace
 
 int RowView::size() const {
@@ -249,6 +254,7 @@ void Database::OpenWith(const std::string& path, int flags) {
     if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
     RunNothingOfTheFile(db_);
     if (!writes) Distrust(db_);
+    sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
     sqlite3_busy_timeout(db_, kBusyMilliseconds);
     const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
     sqlite3_rollback_hook(db_, count, &unseen_changes_);

@@ -43,6 +43,10 @@ struct Rows {
   std::vector<Values> rows;
 };
 
+// The collation by which two IDs are the same: without regard to the case of any letter. The files' own one
+// knows ASCII letters only, and their indexes are ordered by it.
+inline constexpr const char* kSameId = "SAME_ID";
+
 class Database {
  public:
   Database() = default;
