@@ -1,8 +1,10 @@
 #include "inventory_qc/inventory_run.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
+#include "base/text.h"
 #include "inventory_qc/checks_table.h"
 #include "session/messages.h"
 #include "session/types.h"
@@ -51,6 +53,9 @@ struct Place {
 struct Standing {
   bool has_activity = false, has_equipment = false, has_structure = false;
   int month = 0, year = 0;
+  Value status;                    // of the activity
+  std::int64_t equipment_key = 0;  // that the activity names
+  std::int64_t structure_key = 0;  // that the description of the equipment names
   std::string equipment, user, complex, structure;
 };
 
@@ -66,6 +71,9 @@ class NamedRow {
   const Value& operator[](std::string_view column) const {
     for (std::size_t i = 0; i < columns_.size(); ++i)
       if (columns_[i] == column) return values_[i];
+    // a file may spell its columns as it likes
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+      if (EqualsIgnoringCase(columns_[i], column)) return values_[i];
     throw Fault(fault_number::kNoSuchItem, "MERLU inventory QC",
                 "Item not found in this collection: " + std::string(column) + ".");
   }
@@ -166,28 +174,46 @@ void AddPlatformsWithoutEquipment(Session& s) {
       {std::string(kTimeStamp)});
 }
 
+void TellMissing(Session& s, const char* what, std::int64_t id) {
+  Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
+}
+
+void StandOnStructure(Standing& at, const NamedRow& row) {
+  at.has_structure = true;
+  at.user = NullToEmpty(row["RIMA_CO_NUM"]);
+  at.complex = NullToEmpty(row["CMPLX_ID_NUM"]);
+  at.structure = NullToEmpty(row["STRUCT_NUM"]);
+}
+
 void StructurePass(Pass& pass) {
   AddPlatformsWithoutEquipment(pass.s);
   const auto lines = LinesOf("STRUCTURE");
-  const Rows rows = pass.s.db.Query(
-      "SELECT p.*,a.PA_MO,a.PA_YR,a.PROD_NG,a.PROD_OIL FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON "
-      "p.PD_ID_AK=a.PD_ID_AK "
+  Rows rows = pass.s.db.Query(
+      "SELECT p.*,a.PD_ID_AK AS structure_key,a.PA_MO,a.PA_YR,a.PROD_NG,a.PROD_OIL FROM PA_PLATFORM_ACTV a LEFT JOIN "
+      "PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK "
       "WHERE a.status IS NOT NULL AND a.status<>'I' ORDER BY a.SA_ID_AK");
-  for (const Values& values : rows.rows) {
+  // the description on which the pass stands: the first one, then that of the month
+  Rows standing = pass.s.db.Query("SELECT * FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK LIMIT 1");
+  for (Values& values : rows.rows) {
     const NamedRow row(rows.columns, values);
+    const auto description = static_cast<std::ptrdiff_t>(standing.columns.size());
+    if (IsNull(row["PD_ID_AK"])) {
+      TellMissing(pass.s, "Platform Desc", ToInteger(row["structure_key"]));
+      if (standing.rows.empty()) throw NoCurrentRow();
+      std::copy(standing.rows.front().begin(), standing.rows.front().end(), values.begin());
+    } else {
+      standing.rows.assign(1, Values(values.begin(), values.begin() + description));
+    }
+    StandOnStructure(pass.at, row);
     const Place at{.level = "STRUCTURE",
-                   .user = NullToEmpty(row["RIMA_CO_NUM"]),
+                   .user = pass.at.user,
                    .month = static_cast<int>(ToInteger(row["PA_MO"])),
                    .year = static_cast<int>(ToInteger(row["PA_YR"])),
-                   .complex = NullToEmpty(row["CMPLX_ID_NUM"]),
-                   .structure = NullToEmpty(row["STRUCT_NUM"])};
+                   .complex = pass.at.complex,
+                   .structure = pass.at.structure};
     for (const InventoryRow* line : lines)
       if (std::string text = Judge(*line, row); !text.empty())
         AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
-    pass.at.has_structure = true;
-    pass.at.user = at.user;
-    pass.at.complex = at.complex;
-    pass.at.structure = at.structure;
   }
 }
 
@@ -204,11 +230,8 @@ std::map<const InventoryRow*, std::string> DescriptionFindings(Session& s, const
   return findings;
 }
 
-void TellMissing(Session& s, const char* what, std::int64_t id) {
-  Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
-}
-
-// Moves the pass to one month of equipment; what is missing is told, and the cursors from there on stay.
+// Moves the pass to one month of equipment. What is missing is told, and the pass stays where it stood: the
+// status that counts then is that of the standing month.
 bool MoveToActivity(Pass& pass, const NamedRow& row) {
   if (IsNull(row["master"])) {
     TellMissing(pass.s, "Equip Activity", ToInteger(row["type_key"]));
@@ -217,18 +240,40 @@ bool MoveToActivity(Pass& pass, const NamedRow& row) {
   pass.at.has_activity = true;
   pass.at.month = static_cast<int>(ToInteger(row["EA_MO"]));
   pass.at.year = static_cast<int>(ToInteger(row["EA_YR"]));
+  pass.at.status = row["EA_STATUS"];
+  pass.at.equipment_key = ToInteger(row["equipment_key"]);
   return true;
 }
 
+void MoveToStructure(Pass& pass, const NamedRow& row) {
+  if (IsNull(row["structure"])) return TellMissing(pass.s, "Platform Desc", pass.at.structure_key);
+  StandOnStructure(pass.at, row);
+}
+
+// To the description that the standing month names, and to the structure that the standing description names.
+void FindDescription(Pass& pass) {
+  const Rows found = pass.s.db.Query("SELECT ED_ID_AK,ED_MERLU_EQUIP_ID,PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?",
+                                     {pass.at.equipment_key});
+  if (found.rows.empty()) {
+    TellMissing(pass.s, "Equip Desc", pass.at.equipment_key);
+  } else {
+    pass.at.has_equipment = true;
+    pass.at.equipment = NullToEmpty(found.rows.front()[1]);
+    pass.at.structure_key = ToInteger(found.rows.front()[2]);
+  }
+  if (!pass.at.has_equipment) throw NoCurrentRow();
+  const Rows structure = pass.s.db.Query(
+      "SELECT k.key,p.PD_ID_AK AS structure,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM FROM (SELECT ? AS key) k LEFT "
+      "JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=k.key",
+      {pass.at.structure_key});
+  MoveToStructure(pass, NamedRow(structure.columns, structure.rows.front()));
+}
+
 void MoveToDescription(Pass& pass, const NamedRow& row) {
-  if (IsNull(row["equipment"])) return TellMissing(pass.s, "Equip Desc", ToInteger(row["equipment_key"]));
   pass.at.has_equipment = true;
   pass.at.equipment = NullToEmpty(row["ED_MERLU_EQUIP_ID"]);
-  if (IsNull(row["structure"])) return TellMissing(pass.s, "Platform Desc", ToInteger(row["structure_key"]));
-  pass.at.has_structure = true;
-  pass.at.user = NullToEmpty(row["RIMA_CO_NUM"]);
-  pass.at.complex = NullToEmpty(row["CMPLX_ID_NUM"]);
-  pass.at.structure = NullToEmpty(row["STRUCT_NUM"]);
+  pass.at.structure_key = ToInteger(row["structure_key"]);
+  MoveToStructure(pass, row);
 }
 
 Place EquipmentPlace(const Standing& at, std::string_view type) {
@@ -262,8 +307,13 @@ void TypePass(Pass& pass, std::string_view code) {
   for (const Values& values : rows.rows) {
     const NamedRow row(rows.columns, values);
     const bool has_master = MoveToActivity(pass, row);
-    if (!IsActive(row["EA_STATUS"])) continue;
-    if (has_master) MoveToDescription(pass, row);
+    if (!pass.at.has_activity) throw NoCurrentRow();
+    if (!IsActive(pass.at.status)) continue;
+    if (has_master && !IsNull(row["equipment"]))
+      MoveToDescription(pass, row);
+    else
+      FindDescription(pass);
+    if (!pass.at.has_structure) throw NoCurrentRow();
     const Place at = EquipmentPlace(pass.at, code);
     for (const InventoryRow* line : lines) {
       const auto known = of_description.find(line);
@@ -290,15 +340,21 @@ void FugitivesPass(Pass& pass) {
 // The pass's cursors stand on the first rows of their tables.
 Standing FirstRows(Session& s) {
   Standing at;
-  s.db.ForEach("SELECT EA_MO,EA_YR FROM EA_EQUIP_ACTV ORDER BY EA_ID_AK LIMIT 1", {}, [&](const RowView& row) {
+  const Rows activity =
+      s.db.Query("SELECT EA_MO,EA_YR,EA_STATUS,ED_ID_AK FROM EA_EQUIP_ACTV ORDER BY EA_ID_AK LIMIT 1");
+  for (const Values& row : activity.rows) {
     at.has_activity = true;
-    at.month = static_cast<int>(row.Integer(0));
-    at.year = static_cast<int>(row.Integer(1));
-  });
-  s.db.ForEach("SELECT ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC ORDER BY ED_ID_AK LIMIT 1", {}, [&](const RowView& row) {
-    at.has_equipment = true;
-    at.equipment = row.Text(0);
-  });
+    at.month = static_cast<int>(ToInteger(row[0]));
+    at.year = static_cast<int>(ToInteger(row[1]));
+    at.status = row[2];
+    at.equipment_key = ToInteger(row[3]);
+  }
+  s.db.ForEach("SELECT ED_MERLU_EQUIP_ID,PD_ID_AK FROM ED_EQUIP_DESC ORDER BY ED_ID_AK LIMIT 1", {},
+               [&](const RowView& row) {
+                 at.has_equipment = true;
+                 at.equipment = row.Text(0);
+                 at.structure_key = row.Integer(1);
+               });
   s.db.ForEach("SELECT RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK LIMIT 1", {},
                [&](const RowView& row) {
                  at.has_structure = true;
@@ -310,11 +366,12 @@ Standing FirstRows(Session& s) {
 }
 
 void PurgeInactiveStructures(Session& s) {
+  // an ID that is Null stands in the findings as an empty text, or as Null
   s.db.Execute(
-      "DELETE FROM QCInventory WHERE EXISTS (SELECT 1 FROM PD_PLATFORM_DESC p JOIN PA_PLATFORM_ACTV a ON "
-      "a.PD_ID_AK=p.PD_ID_AK "
-      "WHERE a.status='I' AND p.CMPLX_ID_NUM=QCInventory.CmplxID AND p.STRUCT_NUM=QCInventory.StructID AND "
-      "p.RIMA_CO_NUM=QCInventory.UserID AND a.PA_MO=QCInventory.[Month] AND a.PA_YR=QCInventory.[Year])");
+      "DELETE FROM QCInventory WHERE (ifnull(UserID,'') COLLATE NOCASE,ifnull(CmplxID,'') COLLATE NOCASE,"
+      "ifnull(StructID,'') COLLATE NOCASE,[Month],[Year]) IN (SELECT ifnull(p.RIMA_CO_NUM,''),"
+      "ifnull(p.CMPLX_ID_NUM,''),ifnull(p.STRUCT_NUM,''),a.PA_MO,a.PA_YR FROM PD_PLATFORM_DESC p JOIN "
+      "PA_PLATFORM_ACTV a ON a.PD_ID_AK=p.PD_ID_AK WHERE a.status='I')");
 }
 
 void AddSummary(Session& s) {
