@@ -42,6 +42,7 @@ struct ControlState {
   std::vector<bool> page_available{};  // of a tab
 
   bool checked = false;  // check boxes, option buttons, and menu commands that can be checked
+  bool touched = false;  // of a field: the user has changed it since it was loaded
   bool enabled = true;
   bool locked = false;  // shown and copied, not changed
   bool visible = true;

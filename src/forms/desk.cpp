@@ -125,6 +125,7 @@ std::string Type(Desk& desk, Form& form, std::string_view name, std::string_view
   else
     control.text =
         control.limit > 0 ? FirstCharacters(text, static_cast<std::size_t>(control.limit)) : std::string(text);
+  control.touched = true;
   return "";
 }
 
@@ -133,6 +134,7 @@ std::string Choose(Desk& desk, Form& form, std::string_view name, std::string_vi
   if (std::string why = WhyNot(desk, form, control, true); !why.empty()) return why;
   const bool is_item = std::find(control.items.begin(), control.items.end(), text) != control.items.end();
   if (!is_item && !control.free_text) return "has no item \"" + std::string(text) + "\"";
+  control.touched = true;
   SelectText(form, name, text);
   return "";
 }

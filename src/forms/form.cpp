@@ -1,6 +1,7 @@
 #include "forms/form.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 #include "base/text.h"
@@ -76,10 +77,21 @@ void SelectText(Form& form, std::string_view list, std::string_view text) {
   control.text = control.free_text ? std::string(text) : std::string();
 }
 
-std::string Masked(std::string_view mask, std::string_view text) {
+namespace {
+
+constexpr std::size_t kLocalNumber = 7, kWholeNumber = 10;  // digits
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string DigitsOf(std::string_view text) {
   std::string digits;
-  for (char c : text)
-    if (c >= '0' && c <= '9') digits += c;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(digits), IsDigit);
+  return digits;
+}
+
+std::string FillPlaces(std::string_view mask, const std::string& digits) {
   std::string shown;
   std::size_t next = 0;
   for (char place : mask) {
@@ -89,6 +101,31 @@ std::string Masked(std::string_view mask, std::string_view text) {
       shown += next < digits.size() ? digits[next++] : '_';
   }
   return shown;
+}
+
+std::string WithoutCountry(std::string_view number) {
+  std::string digits = DigitsOf(number);
+  const bool plus_one = Trim(number).starts_with("+1");
+  if (plus_one || (digits.size() == kWholeNumber + 1 && digits.front() == '1')) digits.erase(0, 1);
+  return digits;
+}
+
+}  // namespace
+
+std::string Masked(std::string_view mask, std::string_view text) {
+  const std::size_t extension = mask.find("ext");
+  const std::size_t mark = std::min(text.find_first_of("xX#"), text.size());
+  const bool has_extension = mark < text.size() && DigitsOf(text.substr(0, mark)).size() >= kLocalNumber;
+  if (!has_extension) return FillPlaces(mask, WithoutCountry(text));
+  const std::string number = WithoutCountry(text.substr(0, mark));
+  if (extension == std::string_view::npos) return FillPlaces(mask, number);
+  return FillPlaces(mask.substr(0, extension), number) +
+         FillPlaces(mask.substr(extension), DigitsOf(text.substr(mark)));
+}
+
+bool FitsMask(std::string_view mask, std::string_view text) {
+  return std::equal(mask.begin(), mask.end(), text.begin(), text.end(),
+                    [](char place, char c) { return place == '#' ? IsDigit(c) || c == '_' : place == c; });
 }
 
 }  // namespace merlu

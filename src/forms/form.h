@@ -76,7 +76,11 @@ void SelectItem(Form& form, std::string_view list, int index);
 // text, the text is set as it is.
 void SelectText(Form& form, std::string_view list, std::string_view text);
 
-// The text of a masked box: the digits of `text` in the mask's places, "_" in the places left over.
+// The text of a masked box: the digits of `text` in the mask's places, "_" in the places left over. The 1 of
+// a country in front of a whole number is left out. Digits behind an "x" or a "#" are the extension's, where
+// the mask has one.
 std::string Masked(std::string_view mask, std::string_view text);
+// True for a text that a masked box can hold: the mask with a digit or "_" in each place.
+bool FitsMask(std::string_view mask, std::string_view text);
 
 }  // namespace merlu

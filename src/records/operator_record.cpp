@@ -57,6 +57,12 @@ bool NoAddress(const Form& form) {
   return form.At("txtUSER_Address1").text.empty() && form.At("txtUSER_Address2").text.empty();
 }
 
+// A stored number that does not fit the mask shows as it is, until the user types there.
+std::string ShownText(const OperatorField& field, const std::string& stored) {
+  if (field.mask == nullptr || (!stored.empty() && !FitsMask(field.mask, stored))) return stored;
+  return Masked(field.mask, stored);
+}
+
 // The inventory year: four digits, since node keys hold four. 0 for any other text.
 int YearOf(const Form& form) {
   const std::string text = Trim(form.At("txtUSER_InvYr").text);
@@ -121,8 +127,9 @@ void LoadOperator(Session& s) {
   Plainly(s, [&] {
     if (!FindOperatorRecord(s)) return Tell(s, "record not found");
     for (const OperatorField& field : kFields) {
-      const std::string text = NullToEmpty(s.At("CO_COMPANY").Field(field.column));
-      s.main->At(field.control).text = field.mask ? Masked(field.mask, text) : text;
+      Control& control = s.main->At(field.control);
+      control.text = ShownText(field, NullToEmpty(s.At("CO_COMPANY").Field(field.column)));
+      control.touched = false;
     }
   });
 }

@@ -23,6 +23,13 @@ FieldSpec Computed(FieldSpec field) {
   return field;
 }
 
+FieldSpec Exempt(const char* control, const char* caption, const char* tag, const char* column,
+                 std::vector<std::string> items) {
+  FieldSpec field = OpenItemText(DESC, control, caption, tag, column, std::move(items));
+  field.any_case = true;
+  return field;
+}
+
 std::vector<FieldSpec> Under(const char* block, std::vector<FieldSpec> fields) {
   for (FieldSpec& field : fields) field.block = block;
   return fields;
@@ -46,14 +53,14 @@ std::vector<FieldSpec> Description() {
                 Number(DESC, "txtSTRUCTURE_DistShore", "Distance to Shore:", "Distance to Shore", "DIST_TO_SHORE"),
                 Number(DESC, "txtSTRUCTURE_WaterDepth", "Water Depth (ft):", "Water Depth", "WATER_DEPTH_FT"),
             });
-  sheet.Add(0, "Minor source",
-            {
-                ItemText(DESC, "cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
-                         "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
-                ItemText(DESC, "cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What",
-                         "MINOR_SOURCE_EXEMPT_WHAT",
-                         {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
-            });
+  sheet.Add(
+      0, "Minor source",
+      {
+          Exempt("cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
+                 "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
+          Exempt("cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What", "MINOR_SOURCE_EXEMPT_WHAT",
+                 {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
+      });
   sheet.Add(
       0, "Sales gas composition",
       {

@@ -69,6 +69,7 @@ void ClearStructure(Session& s) {
     control.text.clear();
     control.index = -1;
     control.tip.clear();
+    control.touched = false;
   }
   main.At(kStatus).checked = false;
   main.At("lblNoEmissions").visible = false;
@@ -78,6 +79,7 @@ void ClearStructure(Session& s) {
 }
 
 void LoadStructure(Session& s) {
+  const NotEditing load(s);
   Plainly(s, [&] {
     if (!FindStructureRecord(s)) return Tell(s, "Structure record not found");
     ShowId(s, "txtSTRUCTURE_CmplxID", "CMPLX_ID_NUM");
@@ -107,6 +109,7 @@ void LockStructure(Session& s) {
 void UnlockStructure(Session& s) {
   Form& main = *s.main;
   SetFrameTitle(main, "fraStructure", "Structure - EDIT DATA", true);
+  for (const FieldSpec& field : StructureFields()) SetLocked(main.At(field.control), true);
   for (const FieldSpec& field : StructureFields())
     if (InMode(s, field) && field.stored != Stored::kNone && field.stored != Stored::kComputed)
       SetLocked(main.At(field.control), false);
@@ -150,7 +153,9 @@ void LoadStructureQCList(Session& s) {
 
 bool StructureExists(Session& s, const std::string& complex, const std::string& structure) {
   return !IsNull(
-      s.db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE STRUCT_NUM=? AND CMPLX_ID_NUM=?", {structure, complex}));
+      s.db.Single("SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE STRUCT_NUM=? COLLATE SAME_ID AND CMPLX_ID_NUM=? COLLATE "
+                  "SAME_ID",
+                  {structure, complex}));
 }
 
 void NewStructureRows(Session& s, const NewStructure& structure) {

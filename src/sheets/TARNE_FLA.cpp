@@ -25,7 +25,7 @@ SheetSpec Flare() {
   sheet.Add(0, "Monthly activity", {
       Number(ACTV, "txtFLA_HrsOperated", "Hours Operated (hrs), including upsets:", "Hours Operated, excl. upsets", "OP_HR"),
       Number(ACTV, "txtFLA_VolFlared", "Volume Flared (Mscf), including upsets:", "Volume Flared, incl. upsets", "VOL_FLARED"),
-      ItemText(ACTV, "cmbFLA_PilotIncludedInVolume", "Pilot Feed Rate Included in Volume Flared?", "Pilot Included in Volume",
+      OpenItemText(ACTV, "cmbFLA_PilotIncludedInVolume", "Pilot Feed Rate Included in Volume Flared?", "Pilot Included in Volume",
                "PILOT_INCLUDED_IN_VOLUME", {"Yes", "No"}),
   });
   sheet.Add(0, "Flare", {

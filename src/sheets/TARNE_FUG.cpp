@@ -73,7 +73,7 @@ void CheckSize(RuleRun& r) {
 }
 
 void AddFields(SheetSpec& sheet) {
-  FieldSpec inspected = ItemText(DESC, kInspected, "Is active Leak Detection and Repair (LDAR) program in place?", "LDAR Program",
+  FieldSpec inspected = OpenItemText(DESC, kInspected, "Is active Leak Detection and Repair (LDAR) program in place?", "LDAR Program",
                                  "IS_LDAR_IN_PLACE", {"Yes", "No"});
   inspected.label = "lblFUG_IsLDAPInPlace";
   sheet.Add(0, "Stream", {
@@ -82,12 +82,12 @@ void AddFields(SheetSpec& sheet) {
       Coded(DESC, kSize, "Facility Size:", "Facility Size", "FACIL_SIZE", {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}}),
       Number(DESC, "txtFUG_WeightPercentVOC", "Avg. VOC Weight Percent of Fugitives:", "VOC Weight %", "WGT_PER_VOC"),
       Number(DESC, "txtFUG_EquipElev", "Avg Equipment Elev. (ft above msl):", "Equipment Elevation", "EQUIP_ELEV"),
-      ItemText(DESC, "cmbFUG_CountType", "Actual or Default Counts?", "Count Type", "COUNT_TYPE", {"Actual", "Default"}),
+      OpenItemText(DESC, "cmbFUG_CountType", "Actual or Default Counts?", "Count Type", "COUNT_TYPE", {"Actual", "Default"}),
   });
   sheet.Add(0, "Inspection", {
       inspected,
       Number(DESC, kMonths, "Number of months between inspections", "Months Between Inspections", "NBR_MONTHS_BETWEEN_INSPECTIONS"),
-      ItemText(DESC, kMethod, "Method of inspection", "Method of Inspection", "INSPECTION_METHOD",
+      OpenItemText(DESC, kMethod, "Method of inspection", "Method of Inspection", "INSPECTION_METHOD",
                {"Optical Instrument", "Vapor Analyzer", "Visual Inspection"}),
   });
   std::vector<FieldSpec> counts;

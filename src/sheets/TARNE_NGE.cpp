@@ -30,7 +30,7 @@ void AddFields(SheetSpec& sheet) {
       Number(DESC, "txtNGE_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
   });
   sheet.Add(1, "Emission controls", {
-      ItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
+      OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
                {"None", "Selective Catalytic Reduction (SCR)"}),
   });
 }

@@ -43,7 +43,7 @@ void AddGasFields(SheetSpec& sheet) {
       Number(DESC, "txtNGT_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
   });
   sheet.Add(1, "Emission controls", {
-      ItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
+      OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
                {"None", "Selective Catalytic Reduction (SCR)"}),
   });
 }

@@ -101,7 +101,7 @@ SheetSpec Controllers() {
       service,
       Lookup(kMake, "Manufacturer:", "Equipment Manufacturer", "MFG"),
       Lookup(kModel, "Model:", "Equipment Model", "model"),
-      ItemText(DESC, "cmbPRE_BleedRate", "Bleed Rate:", "Bleed Rate", "BLEED_RATE",
+      OpenItemText(DESC, "cmbPRE_BleedRate", "Bleed Rate:", "Bleed Rate", "BLEED_RATE",
                {"High-bleed (>6 scfh)", "Low-bleed (<6 scfh)", "Intermittent", "Zero-bleed"}),
       Number(DESC, "txtPRE_Quantity", "Number of this Make-Model:", "Number of Units", "QTY"),
       Number(DESC, "txtPRE_EquipElev", "Equipment Elevation (ft above msl):", "Engine Elevation", "EQUIP_ELEV"),

@@ -71,9 +71,8 @@ void AddTank(SheetSpec& sheet) {
             {{"Aluminum/Specular", "AS"}, {"Aluminum/Diffuse", "AD"}, {"Grey/Light", "GL"}, {"Grey/Med", "GM"}, {"Red/Primer", "RP"}, {"White/NA", "WN"}}),
       Coded(DESC, "cmbSTO_TankPaintCondition", "Paint Condition:", "Paint Condition", "TANK_PAINT_CND", {{"Good", "G"}, {"Poor", "P"}}),
   });
-  FieldSpec flash_tank = ItemText(DESC, "cboEquippedWithFlashTank", "Equipped with a flash tank?", "Equipped with flash tank",
+  FieldSpec flash_tank = OpenItemText(DESC, "cboEquippedWithFlashTank", "Equipped with a flash tank?", "Equipped with flash tank",
                                   "IS_EQUIPPED_WITH_FLASH_TANK", {"No", "Yes"});
-  flash_tank.shows_unlisted = true;
   sheet.Add(0, "Vents and product", {
       Number(DESC, "txtSTO_BreatherVentPressure", "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure", "BREATH_VEN_PRES"),
       Number(DESC, "txtSTO_BreatherVentVacuum", "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC"),

@@ -109,8 +109,20 @@ void SaveDescription(Session& s, Form& form, const SheetSpec& sheet) {
   row.Update();
 }
 
+// Read-only with nothing marked, and nothing disabled: what an earlier edit or run left goes.
+void LockField(Control& field) {
+  field.enabled = field.kind != Kind::kOption;
+  field.locked = true;
+  field.back = Back::kFace;
+}
+
+bool IsField(const Control& control) {
+  return control.kind == Kind::kText || control.kind == Kind::kList || control.kind == Kind::kOption;
+}
+
 // Fills the form from the current record; false, with the sheet's message, when there is none.
 bool ShowRecord(Session& s, Form& form, const SheetSpec& sheet) {
+  const NotEditing load(s);
   if (!FindRecord(s, sheet, s.current)) {
     Tell(s, sheet.not_found_on_load);
     return false;
@@ -143,6 +155,8 @@ void ClearFrame(Session& s, const SheetSpec& sheet) {
       control.text.clear();
       control.index = -1;
       control.tip.clear();
+      control.touched = false;
+      control.enabled = true;
     }
     control.checked = false;
   }
@@ -190,6 +204,8 @@ void UnlockFrame(Session& s, const SheetSpec& sheet) {
   form.At(sheet.comment_button()).enabled = true;
   form.At(sheet.list()).back = Back::kWindow;
   if (s.InActv()) form.At("Frame1").visible = true;
+  for (Control& control : form.controls())
+    if (IsField(control)) LockField(control);
   if (s.InActv() || sheet.comments_unlock_in_desc || !sheet.has_activity) Unlock(form.At(sheet.comments()));
   for (const FieldSpec& field : sheet.fields)
     if (IsMonthly(field) == s.InActv() && field.stored != Stored::kComputed) Unlock(form.At(field.control));

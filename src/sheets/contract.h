@@ -9,6 +9,19 @@
 
 namespace merlu {
 
+// A load is no act of the user: a click that it raises enables, empties and refills nothing.
+class NotEditing {
+ public:
+  explicit NotEditing(Session& s) : s_(s), was_(s.editing) { s_.editing = false; }
+  ~NotEditing() { s_.editing = was_; }
+  NotEditing(const NotEditing&) = delete;
+  NotEditing& operator=(const NotEditing&) = delete;
+
+ private:
+  Session& s_;
+  bool was_;
+};
+
 // Blanks every field and shapes the sheet for the session's mode.
 void ClearFrame(Session& s, const SheetSpec& sheet);
 // Brings the rows of the current equipment into place.

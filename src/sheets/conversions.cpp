@@ -44,7 +44,56 @@ std::string DestinationItem(std::string_view stored) {
   return "";
 }
 
+namespace {
+
+bool KeepsUnlisted(const FieldSpec& spec) {
+  return spec.stored == Stored::kItemText && spec.shows_unlisted;
+}
+
+int ItemOfText(const FieldSpec& spec, std::string_view text) {
+  for (std::size_t i = 0; i < spec.items.size(); ++i)
+    if (spec.any_case ? EqualsIgnoringCase(spec.items[i].text, text) : spec.items[i].text == text)
+      return static_cast<int>(i);
+  return -1;
+}
+
+// Whether the field can show the value in its own form.
+bool Fits(const FieldSpec& spec, const Value& stored) {
+  if (IsNull(stored)) return true;
+  const auto* text = std::get_if<std::string>(&stored);
+  switch (spec.stored) {
+    case Stored::kNumber:
+    case Stored::kComputed: return text == nullptr || IsNumericText(*text);
+    case Stored::kYesNo: return text == nullptr || spec.kind == Kind::kOption;
+    case Stored::kItemText: return !KeepsUnlisted(spec) || ItemOfText(spec, NullToEmpty(stored)) >= 0;
+    default: return true;
+  }
+}
+
+// A save of one field must not change what another file brought into the others: neither a text that the field
+// has no form for, nor the last digits of a number, nor the case of an item.
+bool StaysAsStored(const FieldSpec& spec, const Value& stored, const Control& field) {
+  const bool by_text = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed ||
+                       (spec.stored == Stored::kYesNo && spec.kind == Kind::kList) || KeepsUnlisted(spec);
+  if (!by_text || !spec.loads || IsNull(stored)) return false;
+  if (!field.text.empty() && field.text == ShownText(spec, stored)) return true;
+  return spec.stored != Stored::kComputed && !field.touched && !Fits(spec, stored);
+}
+
+}  // namespace
+
+std::string ShownText(const FieldSpec& spec, const Value& stored) {
+  if (IsNull(stored) || !Fits(spec, stored)) return NullToEmpty(stored);
+  if (KeepsUnlisted(spec)) {
+    const int item = ItemOfText(spec, NullToEmpty(stored));
+    return item < 0 ? "" : spec.items[static_cast<std::size_t>(item)].text;
+  }
+  if (spec.stored == Stored::kYesNo) return ToNumber(stored) != 0 ? "Yes" : "No";
+  return NullToEmpty(stored);
+}
+
 void StoreField(Cursor& row, const FieldSpec& spec, const Control& field) {
+  if (StaysAsStored(spec, row.Field(spec.column), field)) return;
   switch (spec.stored) {
     case Stored::kNumber:
     case Stored::kComputed: return row.SetField(spec.column, FieldNumber(field.text));
@@ -67,22 +116,32 @@ namespace {
 // Item of a coded or text list for a stored value.
 int ItemFor(const FieldSpec& spec, const Value& value) {
   int index = -1;
-  if (!IsNull(value))
+  if (!IsNull(value) && KeepsUnlisted(spec))
+    index = ItemOfText(spec, NullToEmpty(value));
+  else if (!IsNull(value))
     index = IndexOf(spec, NullToEmpty(value), spec.stored == Stored::kCode ? &Item::code : &Item::text);
   const bool known = index >= 0 && (spec.known_items < 0 || index < spec.known_items);
   return known ? index : spec.fallback;
 }
 
+void ShowUnlisted(Control& list, const Value& value) {
+  list.index = -1;
+  list.text = NullToEmpty(value);
+}
+
 void ShowYesNo(Form& form, const FieldSpec& spec, const Value& value) {
   if (spec.kind == Kind::kOption)
     form.At(spec.control).checked = ToNumber(value) != 0;
-  else
+  else if (Fits(spec, value))
     SelectItem(form, spec.control, IsNull(value) ? -1 : ToNumber(value) != 0 ? 0 : 1);
+  else
+    ShowUnlisted(form.At(spec.control), value);
 }
 
 }  // namespace
 
 void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
+  form.At(spec.control).touched = false;
   switch (spec.stored) {
     case Stored::kNumber:
     case Stored::kComputed:
@@ -91,9 +150,8 @@ void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
       return;
     case Stored::kItemText:
       if (spec.free_text && !IsNull(value)) return SelectText(form, spec.control, NullToEmpty(value));
-      SelectItem(form, spec.control, ItemFor(spec, value));
-      if (spec.shows_unlisted && form.At(spec.control).index < 0) form.At(spec.control).text = NullToEmpty(value);
-      return;
+      if (!Fits(spec, value)) return ShowUnlisted(form.At(spec.control), value);
+      return SelectItem(form, spec.control, ItemFor(spec, value));
     case Stored::kCode: return SelectItem(form, spec.control, ItemFor(spec, value));
     case Stored::kYesNo: return ShowYesNo(form, spec, value);
     case Stored::kDestination: return SelectText(form, spec.control, DestinationItem(NullToEmpty(value)));

@@ -19,8 +19,12 @@ Value FieldYesNo(std::string_view text);
 Value StoredDestination(std::string_view item);
 std::string DestinationItem(std::string_view stored);
 
-// Sets the field's column in a cursor under change. A list whose text is no item with a code leaves the
-// column as it was.
+// The text that a stored value shows as in the field. What the field cannot show in its own form (a text in
+// the column of a number, or one that is no item of the list) shows as it is stored.
+std::string ShownText(const FieldSpec& spec, const Value& stored);
+
+// Sets the field's column in a cursor under change. What the user has not changed stays as it is stored, and so
+// does a list whose text is no item with a code.
 void StoreField(Cursor& row, const FieldSpec& spec, const Control& field);
 // Shows the column. Null leaves a text as the clear left it; a value that the list lacks selects nothing.
 void ShowField(Form& form, const FieldSpec& spec, const Value& value);

@@ -51,6 +51,14 @@ FieldSpec ItemText(In mode, std::string control, std::string caption, std::strin
   return field;
 }
 
+FieldSpec OpenItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
+                       std::vector<std::string> items) {
+  FieldSpec field =
+      ItemText(mode, std::move(control), std::move(caption), std::move(tag), std::move(column), std::move(items));
+  field.shows_unlisted = true;
+  return field;
+}
+
 void SheetSpec::Add(int page, const std::string& block, std::vector<FieldSpec> more) {
   for (FieldSpec& field : more) {
     field.page = page;

@@ -54,6 +54,7 @@ struct FieldSpec {
   std::string note_label, note;  // a label behind the field, and its text
   bool free_text = false;        // a list that takes texts that are no item
   bool shows_unlisted = false;   // a stored text that is no item of the list shows, and a save keeps it
+  bool any_case = false;         // a stored text is an item of the list without regard to case
   bool loads = true;             // false: a load leaves the field as the clear did
   int known_items = -1;          // items that a load knows, from the first on; -1 for all
   int fallback = -1;             // item that a load selects for any other value, Null included
@@ -70,6 +71,9 @@ FieldSpec Coded(In mode, std::string control, std::string caption, std::string t
                 std::vector<Item> items);
 FieldSpec ItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
                    std::vector<std::string> items);
+// The same, where a stored text that is no item shows and is kept.
+FieldSpec OpenItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
+                       std::vector<std::string> items);
 
 // A rule in the middle of its run.
 struct RuleRun {

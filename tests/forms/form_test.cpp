@@ -28,6 +28,22 @@ TEST(Masked, drops_the_digits_that_find_no_place) {
   EXPECT_EQ(Masked(kFax, "55512345678901"), "(555) 123 - 4567");
 }
 
+TEST(Masked, leaves_out_the_country_of_a_whole_number_and_finds_its_extension) {
+  EXPECT_EQ(Masked(kPhone, "+1 (713) 555-0199 x12"), "(713) 555 - 0199 ext 12__");
+  EXPECT_EQ(Masked(kPhone, "1-713-555-0199 ext. 12345"), "(713) 555 - 0199 ext 1234");
+  EXPECT_EQ(Masked(kPhone, "555-1234 x12"), "(555) 123 - 4___ ext 12__");
+  EXPECT_EQ(Masked(kPhone, "(180) 055 - 5123 ext 4___"), "(180) 055 - 5123 ext 4___");
+  EXPECT_EQ(Masked(kFax, "+1 (713) 555-0199 x12"), "(713) 555 - 0199");
+  EXPECT_EQ(Masked(kFax, "17135550199"), "(713) 555 - 0199");
+}
+
+TEST(Masked, holds_only_texts_of_its_form) {
+  EXPECT_TRUE(FitsMask(kFax, "(713) 555 - 01__"));
+  EXPECT_FALSE(FitsMask(kFax, "713-555-0199"));
+  EXPECT_FALSE(FitsMask(kPhone, "(713) 555 - 0199"));
+  EXPECT_FALSE(FitsMask(kFax, ""));
+}
+
 TEST(Masked, reads_its_own_text_back_unchanged) {
   const std::string shown = Masked(kPhone, "55512345678901");
   EXPECT_EQ(Masked(kPhone, shown), shown);
