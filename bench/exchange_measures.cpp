@@ -9,7 +9,8 @@
 #include "exchange/structure_import.h"
 #include "measures.h"
 #include "plain.h"
-#include "shell/exchange_dialogs.h"
+#include "session/folders.h"
+#include "store/image.h"
 
 namespace merlu::bench {
 namespace fs = std::filesystem;
@@ -31,10 +32,8 @@ double ExportOurs(const Workshop& shop) {
   opened.platform.free_bytes = std::uint64_t{1} << 40;
   const std::string target = shop.NewPath("export-ours");
   const double seconds = Seconds([&] {
-    CreateExportDatabase(s, target);
-    DeleteOtherMonths(s.exchange, kMonth, s.year);
-    s.exchange.Close();
-    CompactExport(s, target);
+    WriteExport(OwnFilesOf(s), s.db, target, opened.platform.free_bytes,
+                [&](Database& copy) { DeleteOtherMonths(copy, kMonth, s.year); });
   });
   opened.ExpectSilence();
   return seconds;
@@ -64,7 +63,7 @@ std::string Target(const Workshop& shop, const std::string& name) {
 double ImportOurs(const Workshop& shop) {
   Opened opened(Target(shop, "import-ours"));
   Session& s = opened.s;
-  s.exchange.OpenReadOnly(shop.full);
+  s.exchange.OpenImage(ReadImage(shop.full), Database::Use::kRead);
   std::vector<StructureName> all;
   for (const ListedStructure& structure : ListStructures(s.exchange)) all.push_back(structure.name);
   const double seconds = Seconds([&] { ImportStructures(s, s.exchange, all); });

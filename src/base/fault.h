@@ -12,9 +12,12 @@ namespace fault_number {
 inline constexpr int kOverflow = 6;          // more than a file format takes
 inline constexpr int kSubscript = 9;         // an array is full
 inline constexpr int kTypeMismatch = 13;     // a text where a number must stand
+inline constexpr int kBadFileName = 52;      // a name that no file may be written under
 inline constexpr int kFileNotFound = 53;     // a file to copy is missing
-inline constexpr int kDiskFull = 61;         // no room for a copy
-inline constexpr int kFileAccess = 75;       // a file or folder that cannot be written
+inline constexpr int kDeviceError = 57;      // a device that fails
+inline constexpr int kDiskFull = 61;         // no room for a file
+inline constexpr int kFileAccess = 75;       // no permission to write a file or folder
+inline constexpr int kNoSuchFolder = 76;     // the folder of a file is not there
 inline constexpr int kNotSet = 91;           // a record set that was never opened
 inline constexpr int kNoChange = 3020;       // an update that nothing began
 inline constexpr int kNoCurrentRow = 3021;   // the cursor stands on no row

@@ -1,26 +1,25 @@
-// Compacting an exported database file in place.
+// Compacting an exported database file before it takes its name.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
-#include "session/session.h"
+#include "store/new_file.h"
 
 namespace merlu {
 
-// What the compaction does to files. A test replaces one by a failing one; each throws a Fault on failure.
-struct FileSteps {
-  void (*compact)(const std::string& from, const std::string& to);
-  void (*remove)(const std::string& path);
-  void (*copy)(const std::string& from, const std::string& to);
-  void (*rename)(const std::string& from, const std::string& to);
+enum class Compaction {
+  kDone,
+  kNoRoom,        // fewer free bytes than the file has
+  kNotCompacted,  // the compact copy could not be made, or was not sound
+  kNotReplaced,   // it could not take the file's place
 };
-const FileSteps& RealFileSteps();
 
-// Rewrites the source as small as its rows, by way of the temporary path, which must not exist; an existing
-// file there makes the first compaction fail and is deleted with it, so that a second attempt can work. Free
-// room is measured on the root file system, wherever the files lie. Each failure is told; the source's rows
-// are never lost. True when the source is compact.
-bool CompactDatabaseFile(Session& s, const std::string& source, const std::string& temporary,
-                         const FileSteps& steps = RealFileSteps());
+// Rewrites a closed file as small as its rows, under a name of its own in the same folder until it is whole. After
+// anything but kDone the file is as it was.
+Compaction CompactDatabaseFile(const OwnFiles& own, const std::string& file, std::uint64_t free_bytes);
+
+// What the user is told; empty for kDone.
+std::string CompactionMessage(Compaction result);
 
 }  // namespace merlu

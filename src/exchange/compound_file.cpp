@@ -1,11 +1,8 @@
 #include "exchange/compound_file.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-
 #include "base/fault.h"
 #include "exchange/little_endian.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -118,16 +115,13 @@ void WriteCompoundFile(const std::string& path, std::string_view stream, const s
   for (const std::string_view part : parts) size += part.size();
   if (size > kLargest) throw Fault(fault_number::kOverflow, kSource, "The data are too large for a file of this kind.");
   const Plan plan = MakePlan(size);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  const auto put = [&](std::string_view bytes) { out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); };
-  put(Header(plan).data);
-  for (const std::string_view part : parts) put(part);
-  put(std::string(plan.stream * kSector - size, '\0'));
-  for (const Bytes& tail : {AllocationTable(plan), TableList(plan), Directory(plan, stream)}) put(tail.data);
-  out.close();
-  if (!out)
-    throw Fault(fault_number::kFileAccess, kSource,
-                "Cannot write the file " + path + ": " + std::strerror(errno) + ".");
+  const Bytes header = Header(plan), table = AllocationTable(plan), list = TableList(plan),
+              directory = Directory(plan, stream);
+  const std::string filling(plan.stream * kSector - size, '\0');
+  std::vector<std::string_view> file = {header.data};
+  file.insert(file.end(), parts.begin(), parts.end());
+  file.insert(file.end(), {filling, table.data, list.data, directory.data});
+  WriteBytes(path, file);
 }
 
 }  // namespace merlu

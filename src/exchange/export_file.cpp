@@ -1,8 +1,6 @@
 #include "exchange/export_file.h"
 
 #include "base/fault.h"
-#include "exchange/compact.h"
-#include "exchange/filename_rule.h"
 #include "session/types.h"
 #include "store/files.h"
 
@@ -47,26 +45,19 @@ std::vector<ListedStructure> ListStructures(Database& db) {
   return structures;
 }
 
-bool DeleteOtherMonths(Database& copy, int month, int year) {
-  try {
-    const Values values = {std::int64_t{month}, std::int64_t{year}};
-    PrepareForCutting(copy);
-    WriteBatch batch(copy);
-    // a month that is Null differs from nothing for certain, and stays
-    KeepRows(copy, "EA_EQUIP_ACTV", "(EA_MO=? AND EA_YR=?) IS NOT FALSE", values);
-    KeepRows(copy, "PA_PLATFORM_ACTV", "(PA_MO=? AND PA_YR=?) IS NOT FALSE", values);
-    for (const EquipmentType& type : EquipmentTypes())
-      if (type.has_activity)
-        KeepRows(copy, "EA_" + std::string(type.code), "EA_ID_AK IN (SELECT EA_ID_AK FROM main.EA_EQUIP_ACTV)");
-    batch.Commit();
-    return true;
-  } catch (const Fault&) {
-    return false;
-  }
+void DeleteOtherMonths(Database& copy, int month, int year) {
+  const Values values = {std::int64_t{month}, std::int64_t{year}};
+  WriteBatch batch(copy);
+  // a month that is Null differs from nothing for certain, and stays
+  KeepRows(copy, "EA_EQUIP_ACTV", "(EA_MO=? AND EA_YR=?) IS NOT FALSE", values);
+  KeepRows(copy, "PA_PLATFORM_ACTV", "(PA_MO=? AND PA_YR=?) IS NOT FALSE", values);
+  for (const EquipmentType& type : EquipmentTypes())
+    if (type.has_activity)
+      KeepRows(copy, "EA_" + std::string(type.code), "EA_ID_AK IN (SELECT EA_ID_AK FROM main.EA_EQUIP_ACTV)");
+  batch.Commit();
 }
 
 void KeepStructures(Database& copy, const std::vector<StructureName>& kept) {
-  PrepareForCutting(copy);
   copy.Execute("CREATE TEMP TABLE kept (complex TEXT COLLATE SAME_ID, structure TEXT COLLATE SAME_ID)");
   for (const StructureName& name : kept)
     copy.Execute("INSERT INTO temp.kept VALUES (?,?)", {name.complex, name.structure});
@@ -85,17 +76,23 @@ void KeepStructures(Database& copy, const std::vector<StructureName>& kept) {
   batch.Commit();
 }
 
-void CompactExport(Session& s, const std::string& file) {
-  const std::string temporary = CompactionFile(s);
-  // a file that has no room to be compacted keeps everything as it is
-  if (FileExists(temporary) && s.platform.FreeBytes("/") >= FileSize(file)) {
-    try {
-      RemoveFile(temporary);
-    } catch (const Fault&) {
-      // the compaction tells that it cannot use the path
+Compaction WriteExport(const OwnFiles& own, Database& working, const std::string& target, std::uint64_t free_bytes,
+                       const std::function<void(Database& copy)>& cut) {
+  Compaction compaction = Compaction::kDone;
+  WriteNewFile(own, target, [&](const std::string& path) {
+    working.CopyTo(path);
+    if (cut) {
+      Database copy;
+      copy.Open(path);
+      PrepareForCutting(copy);
+      cut(copy);
+      copy.Close();
+      compaction = CompactDatabaseFile(own, path, free_bytes);
     }
-  }
-  CompactDatabaseFile(s, file, temporary);
+    // a compact file has been looked through
+    if (!cut || compaction != Compaction::kDone) CheckPages(path);
+  });
+  return compaction;
 }
 
 }  // namespace merlu

@@ -1,11 +1,12 @@
-// Cutting a copy of the working database down to what is to be handed in. The copy is open as the session's
-// exchange database; the working database is not touched.
+// Handing data out: a copy of the working database, cut down to what is to be handed in.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "session/session.h"
+#include "exchange/compact.h"
+#include "store/database.h"
 
 namespace merlu {
 
@@ -22,15 +23,16 @@ struct ListedStructure {
 };
 std::vector<ListedStructure> ListStructures(Database& db);
 
-// Deletes the activity of every other month, and what depends on it. False after a fault; the file then
-// holds what the fault left.
-bool DeleteOtherMonths(Database& copy, int month, int year);
+// Deletes the activity of every other month, and what depends on it.
+void DeleteOtherMonths(Database& copy, int month, int year);
 
 // Deletes every other structure, and what depends on it.
 void KeepStructures(Database& copy, const std::vector<StructureName>& kept);
 
-// Compacts the finished file, which is closed. A temporary file that an earlier failure left is deleted
-// first. Failures are told.
-void CompactExport(Session& s, const std::string& file);
+// Writes the file: a copy of the working database, cut down and compacted. It takes the target's name, in the place
+// of an older file, when it is whole, sound and fsynced. Without `cut` all goes out and nothing is compacted. The
+// faults of WriteNewFile, of the store and of `cut`; the working database is only read.
+Compaction WriteExport(const OwnFiles& own, Database& working, const std::string& target, std::uint64_t free_bytes,
+                       const std::function<void(Database& copy)>& cut);
 
 }  // namespace merlu

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kExtension = ".mdb";
 
-std::string Refuse(Session& s, const char* message) {
+std::string Refuse(Session& s, const std::string& message) {
   Tell(s, message);
   return "";
 }
@@ -26,12 +26,6 @@ bool HasExtension(const std::string& name) {
 bool LacksFilePart(const std::string& name) {
   const std::string lower = Lower(name);
   return lower == kExtension || lower.find("/.mdb") != std::string::npos || lower.find("\\.mdb") != std::string::npos;
-}
-
-bool IsSameFile(const std::string& a, const std::string& b) {
-  std::error_code error;
-  if (fs::equivalent(a, b, error)) return true;
-  return fs::absolute(a, error).lexically_normal() == fs::absolute(b, error).lexically_normal();
 }
 
 }  // namespace
@@ -50,18 +44,15 @@ std::string DatabaseFileName(Session& s, const std::string& typed) {
 std::string NewDatabaseFileName(Session& s, const std::string& typed) {
   const std::string name = DatabaseFileName(s, typed);
   if (name.empty()) return "";
-  if (IsSameFile(name, s.path))
-    return Refuse(s, "This is the database that you are working with. Please choose another filename.");
-  if (IsSameFile(name, CompactionFile(s)))
-    return Refuse(s, "The program needs this file for itself. Please choose another filename.");
+  try {
+    TargetPath(OwnFilesOf(s), name);
+  } catch (const Fault& fault) {
+    // that it cannot be written shows when it is
+    if (fault.number == fault_number::kBadFileName) return Refuse(s, fault.description);
+  }
   if (!FileExists(name)) return name;
-  if (AskUser(s, "FileName already exists.  Do you wish to overwrite?", {Button::kYes, Button::kNo}) != Button::kYes)
-    return "";
-  return Plainly(s, [&] { RemoveFile(name); }) ? name : "";
-}
-
-std::string CompactionFile(Session& s) {
-  return OwnFilesFolder(s) + "ZTEMPZ.MDB";
+  constexpr const char* kExists = "FileName already exists.  Do you wish to overwrite?";
+  return AskUser(s, kExists, {Button::kYes, Button::kNo}) == Button::kYes ? name : "";
 }
 
 }  // namespace merlu

@@ -212,7 +212,7 @@ bool ImportStructures(Session& s, Database& file, const std::vector<StructureNam
   }
   if (!IsSameYear(s, file) || !IsNew(s, chosen)) return false;
   CheckImportFile(file, s.db);
-  const Database::Attached source(s.db, file.path(), "source");
+  const Database::Attached source(s.db, file, "source");
   WriteBatch batch(s.db);
   StageStructures(s, chosen);
   const int last = LastStagedMonth(s.db);

@@ -53,7 +53,7 @@ class WorkbookFile {
   virtual ~WorkbookFile() = default;
   // kOverflow for a sheet that the format has no room for.
   virtual void Add(const Sheet& sheet) = 0;
-  // Once, at the end. kFileAccess; what has been written then stays, and no program takes it for a whole file.
+  // Once, at the end. The faults of FailFile; what has been written then stays.
   virtual void Write() = 0;
 };
 

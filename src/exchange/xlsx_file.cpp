@@ -8,11 +8,10 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <filesystem>
 
 #include "base/fault.h"
 #include "exchange/workbook.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -26,17 +25,8 @@ constexpr double kLargest = 1.797693134862315e308;
 // What the parts of a workbook take that are not its rows.
 constexpr long kSmallParts = 1 << 20;
 
-[[noreturn]] void FailWrite(const std::string& path, const std::string& why) {
-  throw Fault(fault_number::kFileAccess, kSource, "Cannot write the file " + path + ": " + why + ".");
-}
-
 void Check(lxw_error error) {
   if (error != LXW_NO_ERROR) throw Fault(fault_number::kOther, kSource, lxw_strerror(error));
-}
-
-std::string FolderOf(const std::string& path) {
-  const std::string folder = std::filesystem::path(path).parent_path().string();
-  return folder.empty() ? "." : folder;
 }
 
 // Whether the folder's disk takes so many bytes more: 0, or the system's number of the error.
@@ -101,7 +91,7 @@ class XlsxFile : public WorkbookFile {
     options.tmpdir = folder_.data();
     options.constant_memory = LXW_TRUE;  // rows go to the disk as they come
     workbook_ = workbook_new_opt(path.c_str(), &options);
-    if (workbook_ == nullptr) FailWrite(path, std::strerror(errno));
+    if (workbook_ == nullptr) FailFile(path, errno);
     heading_ = workbook_add_format(workbook_);
     format_set_font_name(heading_, kHeadingFont);
     format_set_bold(heading_);
@@ -117,7 +107,7 @@ class XlsxFile : public WorkbookFile {
   void Add(const Sheet& sheet) override {
     CheckFits(sheet, kLimits);
     lxw_worksheet* out = workbook_add_worksheet(workbook_, sheet.name.c_str());
-    if (out == nullptr) FailWrite(path_, std::strerror(errno));
+    if (out == nullptr) FailFile(path_, errno);
     sheets_.push_back(out);
     for (std::size_t column = 0; column < sheet.widths.size(); ++column) {
       const auto at = static_cast<lxw_col_t>(column);
@@ -129,9 +119,12 @@ class XlsxFile : public WorkbookFile {
 
   void Write() override {
     SeeRoom();
+    errno = 0;
     const lxw_error error = workbook_close(workbook_);
     workbook_ = nullptr;  // closing frees it
-    if (error != LXW_NO_ERROR) FailWrite(path_, lxw_strerror(error));
+    if (error == LXW_NO_ERROR) return;
+    if (errno != 0) FailFile(path_, errno);
+    throw Fault(fault_number::kOther, kSource, lxw_strerror(error));
   }
 
  private:
@@ -141,10 +134,10 @@ class XlsxFile : public WorkbookFile {
     long bytes = 0;
     for (const lxw_worksheet* sheet : sheets_) {
       std::FILE* rows = sheet->optimize_tmpfile;
-      if (std::fflush(rows) != 0 || std::ferror(rows) != 0) FailWrite(path_, std::strerror(errno));
+      if (std::fflush(rows) != 0 || std::ferror(rows) != 0) FailFile(path_, errno);
       bytes += std::ftell(rows);
     }
-    if (const int error = TryRoom(folder_, 2 * bytes + kSmallParts)) FailWrite(path_, std::strerror(error));
+    if (const int error = TryRoom(folder_, 2 * bytes + kSmallParts)) FailFile(path_, error);
   }
 
   void PutRow(lxw_worksheet* out, lxw_row_t row, const SheetRow& content) const {

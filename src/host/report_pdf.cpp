@@ -1,6 +1,6 @@
 #include "host/report_pdf.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QHash>
 #include <QPageLayout>
@@ -10,7 +10,7 @@
 #include <array>
 #include <memory>
 
-#include "base/fault.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -24,10 +24,6 @@ const QColor kInk(30, 30, 30), kQuiet(95, 95, 95), kRule(200, 200, 200), kBand(2
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
-}
-
-[[noreturn]] void CannotWrite(const QString& path) {
-  throw Fault(fault_number::kFileAccess, "MERLU report", "Cannot write the file " + path.toStdString() + ".");
 }
 
 // A font and the lines that texts make in a width; equal texts are broken once.
@@ -221,22 +217,22 @@ class Pages {
 
 void WriteReportPdf(const InventoryReport& report, const std::string& path,
                     const std::function<void(int done, int total)>& progress) {
-  QFile file(Q(path));
-  if (!file.open(QIODevice::WriteOnly)) CannotWrite(file.fileName());
+  // made in memory: what cannot be written is then noticed for certain
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
   {
-    QPdfWriter writer(&file);
+    QPdfWriter writer(&bytes);
     writer.setResolution(kResolution);
     writer.setPageSize(QPageSize(QPageSize::Letter));
     writer.setPageMargins(QMarginsF(kMargin / kPoint, kMargin / kPoint, kMargin / kPoint, kMargin / kPoint),
                           QPageLayout::Point);
     writer.setTitle(Q(report.title + " " + report.year));
     writer.setCreator("MERLU-2017");
-    QPainter painter;
-    if (!painter.begin(&writer)) CannotWrite(file.fileName());
+    QPainter painter(&writer);
     Pages(report, writer, painter).Paint(progress);
-    if (!painter.end()) CannotWrite(file.fileName());
   }
-  if (!file.flush() || file.error() != QFileDevice::NoError) CannotWrite(file.fileName());
+  const QByteArray& data = bytes.data();
+  WriteBytes(path, {std::string_view(data.constData(), static_cast<std::size_t>(data.size()))});
 }
 
 }  // namespace merlu

@@ -13,4 +13,9 @@ std::string OwnFilesFolder(Session& s) {
   return WithSeparator(own);
 }
 
+OwnFiles OwnFilesOf(Session& s) {
+  const std::string folder = s.platform.DataFolder();
+  return {s.path, folder.empty() ? "" : WithSeparator(folder) + "unfinished"};
+}
+
 }  // namespace merlu

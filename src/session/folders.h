@@ -4,11 +4,15 @@
 #include <string>
 
 #include "session/session.h"
+#include "store/new_file.h"
 
 namespace merlu {
 
 // Folder of the default inventory and of temporary files: beside the program, or the user's own data folder
 // (made when missing) where the program is installed or nothing can be written beside it. Ends in a separator.
 std::string OwnFilesFolder(Session& s);
+
+// What writers of files have to know of this run.
+OwnFiles OwnFilesOf(Session& s);
 
 }  // namespace merlu

@@ -1,8 +1,8 @@
 #include "shell/annual_summary.h"
 
 #include "inventory_qc/inventory_run.h"
+#include "session/folders.h"
 #include "session/messages.h"
-#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -44,22 +44,14 @@ bool IsWanted(Session& s) {
   return false;
 }
 
-// The path under which the report is written before it takes its own name.
-std::string TemporaryName(const std::string& path) {
-  const auto at = path.rfind(".pdf");
-  return at == std::string::npos ? path + ".rpt" : path.substr(0, at) + ".rpt" + path.substr(at + 4);
-}
-
 void RenderReport(Session& s, const std::string& path) {
   const Busy busy(s);
-  const std::string temporary = TemporaryName(path);
   try {
-    if (FileExists(temporary)) RemoveFile(temporary);
-    s.platform.WriteReport(ReadInventoryReport(s), temporary,
-                           [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
-    MoveFile(temporary, path);
+    WriteNewFile(OwnFilesOf(s), path, [&s](const std::string& unfinished) {
+      s.platform.WriteReport(ReadInventoryReport(s), unfinished,
+                             [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
+    });
   } catch (const Fault& fault) {
-    if (FileExists(temporary)) Plainly(s, [&] { RemoveFile(temporary); });
     HideWait(s);
     if (fault.number == fault_number::kFileAccess) return TellUnder(s, s.title, kNoPermission, Icon::kStop);
     return TellFaultNumberFirst(s, fault);

@@ -11,6 +11,7 @@
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "forms/dialog.h"
+#include "session/folders.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "shell/dialog_form.h"
@@ -20,6 +21,7 @@
 #include "shell/routing.h"
 #include "shell/trees.h"
 #include "store/files.h"
+#include "store/image.h"
 
 namespace merlu {
 namespace {
@@ -29,6 +31,8 @@ constexpr const char *kLoad = "cmdLoad", *kImport = "cmdImport";
 constexpr const char* kStructures = "lvwStructures";
 constexpr const char* kExportName = "txtExportFilename";
 constexpr const char* kImportName = "txtImportFilename";
+
+using Cut = std::function<void(Database& copy)>;
 
 // The wait screen and the busy pointer, gone at the end of the work.
 class Working {
@@ -119,68 +123,91 @@ void AddStructureList(Form& form) {
               "Structures:", {"RIMA Complex ID", "RIMA Structure ID", "Area", "Block", "Struct Name"});
 }
 
-// The export file that the dialog names, made as a copy of the working database and open; empty after a
-// message.
-std::string MakeExportFile(Session& s, Form& form) {
-  const std::string file = NewDatabaseFileName(s, form.At(kExportName).text);
+// The export file that the dialog names; empty after a message.
+std::string ExportFileName(Session& s, Form& form) {
   form.focus = kExportName;
-  if (file.empty()) return "";
-  const Working working(s, "Export", "Copying the database");
-  if (CreateExportDatabase(s, file)) return file;
-  Tell(s, "Failed to create export database");
-  return "";
+  return NewDatabaseFileName(s, form.At(kExportName).text);
+}
+
+// Writes the file, with the wait screen. False after a message.
+bool Write(Session& s, const std::string& file, const char* cut_failed, const Cut& cut, Compaction& compaction) {
+  bool cutting = false, cut_done = false;
+  const auto watched = [&](Database& copy) {
+    cutting = true;
+    cut(copy);
+    cut_done = true;
+  };
+  try {
+    const Working working(s, "Export", "Writing " + file);
+    const std::uint64_t free_bytes = s.platform.FreeBytes(FolderOf(file));
+    compaction = WriteExport(OwnFilesOf(s), s.db, file, free_bytes, cut ? Cut(watched) : Cut());
+    return true;
+  } catch (const Fault& fault) {
+    const bool in_cut = cutting && !cut_done;
+    if (in_cut && cut_failed == nullptr)
+      TellFault(s, fault);
+    else
+      Tell(s, in_cut ? cut_failed : "Failed to create export database");
+    return false;
+  }
+}
+
+void TellCompaction(Session& s, Compaction compaction) {
+  if (const std::string message = CompactionMessage(compaction); !message.empty()) Tell(s, message);
 }
 
 // ---- one survey, or all of them ----
 
-void KeepSurvey(Session& s, const std::string& survey) {
-  const int month = std::atoi(survey.substr(0, 2).c_str());
-  const int year = std::atoi(survey.substr(survey.size() - 4).c_str());
+struct Survey {
+  std::string text;
+  int month, year;
+};
+
+std::vector<Survey> PickedSurveys(const Control& list) {
+  std::vector<Survey> surveys;
+  for (const std::size_t row : PickedRows(list)) {
+    const std::string& text = list.rows[row][0];
+    surveys.push_back({text, std::atoi(text.substr(0, 2).c_str()), std::atoi(text.substr(text.size() - 4).c_str())});
+  }
+  return surveys;
+}
+
+void GoToSurvey(Session& s, const Survey& survey) {
   const std::string user = s.current.UserID;
   s.current = QCLocation();
   s.current.UserID = user;
   s.current.Level = level::kSurvey;
-  s.current.Month = month;
-  s.current.Year = year;
-  if (const int node = s.tree.Find(SurveyKey(user, month, year)); node >= 0) s.tree.selected = node;
-  bool kept = false;
-  {
-    const Working working(s, "Export", "Survey " + survey);
-    kept = DeleteOtherMonths(s.exchange, month, year);
-  }
-  Tell(s, kept ? "Completed exporting Survey: " + survey : "errors during export of Month/Year");
-}
-
-void FinishExport(Session& s, const std::string& file) {
-  s.exchange.Close();
-  const Working working(s, "Export", "Compacting " + file);
-  CompactExport(s, file);
+  s.current.Month = survey.month;
+  s.current.Year = survey.year;
+  if (const int node = s.tree.Find(SurveyKey(user, survey.month, survey.year)); node >= 0) s.tree.selected = node;
 }
 
 void ExportPickedSurveys(Session& s, Form& form) {
-  const std::vector<std::size_t> rows = PickedRows(form.At(kSurveys));
-  if (rows.empty()) {
+  const std::vector<Survey> surveys = PickedSurveys(form.At(kSurveys));
+  if (surveys.empty()) {
     form.focus = kSurveys;
     return Tell(s, "Please select a Survey.");
   }
-  Plainly(s, [&] {
-    const std::string file = MakeExportFile(s, form);
-    if (file.empty()) return;
-    for (const std::size_t row : rows) KeepSurvey(s, form.At(kSurveys).rows[row][0]);
-    form.At(kExportName).text.clear();
-    FinishExport(s, file);
-    FillSurveys(s, form);
-  });
+  const std::string file = ExportFileName(s, form);
+  if (file.empty()) return;
+  Compaction compaction{};
+  const auto cut = [&surveys](Database& copy) {
+    for (const Survey& survey : surveys) DeleteOtherMonths(copy, survey.month, survey.year);
+  };
+  if (!Write(s, file, "errors during export of Month/Year", cut, compaction)) return;
+  for (const Survey& survey : surveys) {
+    GoToSurvey(s, survey);
+    Tell(s, "Completed exporting Survey: " + survey.text);
+  }
+  TellCompaction(s, compaction);
+  form.At(kExportName).text.clear();
+  FillSurveys(s, form);
 }
 
 void ExportWholeInventory(Session& s, Form& form) {
-  Plainly(s, [&] {
-    const std::string file = MakeExportFile(s, form);
-    if (file.empty()) return;
-    BringToDisk(file);
-    Tell(s, "Completed exporting MERLU inventory.");
-    s.exchange.Close();
-  });
+  const std::string file = ExportFileName(s, form);
+  Compaction compaction{};
+  if (!file.empty() && Write(s, file, nullptr, nullptr, compaction)) Tell(s, "Completed exporting MERLU inventory.");
 }
 
 Form& SurveyDialog(Session& s) {
@@ -220,19 +247,16 @@ void ExportPickedStructures(Session& s, Form& form) {
     form.focus = kStructures;
     return Tell(s, "Please select a Structure.");
   }
+  const std::string file = ExportFileName(s, form);
+  Compaction compaction{};
+  const auto cut = [&names](Database& copy) { KeepStructures(copy, names); };
+  if (file.empty() || !Write(s, file, nullptr, cut, compaction)) return;
+  TellCompaction(s, compaction);
+  Tell(s, "Done.");
   Plainly(s, [&] {
-    const std::string file = MakeExportFile(s, form);
-    if (file.empty()) return;
-    {
-      const Working working(s, "Export", "Structures");
-      KeepStructures(s.exchange, names);
-    }
-    FinishExport(s, file);
-    Tell(s, "Done.");
     if (s.InActv()) SetMode(s, Mode::kActv);
     FillStructures(form, s.db);
   });
-  s.exchange.Close();
 }
 
 Form& StructureExportDialog(Session& s) {
@@ -256,7 +280,7 @@ void LoadImportList(Session& s, Form& form) {
   form.focus = kImportName;
   if (file.empty()) return;
   try {
-    s.exchange.OpenReadOnly(file);
+    s.exchange.OpenImage(ReadImage(file), Database::Use::kRead);
   } catch (const Fault&) {
     return Tell(s, "Failed to open Import database");
   }
@@ -309,28 +333,6 @@ Form& StructureImportDialog(Session& s) {
 }
 
 }  // namespace
-
-bool CreateExportDatabase(Session& s, const std::string& target) {
-  bool copied = true;
-  CloseDatabase(s);
-  try {
-    // as long as one reads, no other program changes the file under the copy
-    Database reading;
-    reading.Open(s.path);
-    reading.Execute("BEGIN");
-    reading.Query("SELECT COUNT(*) FROM sqlite_master");
-    CopyDatabase(s.path, target, Copy::kForNow);
-  } catch (const Fault&) {
-    copied = false;
-  }
-  if (!ReopenDatabase(s) || !copied) return false;
-  try {
-    s.exchange.Open(target);
-  } catch (const Fault&) {
-    return false;
-  }
-  return true;
-}
 
 void MakeExchangeDialogs(Session& s) {
   for (Form& (*make)(Session&) : {SurveyDialog, InventoryDialog, StructureExportDialog, StructureImportDialog}) make(s);

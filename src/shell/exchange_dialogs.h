@@ -1,15 +1,9 @@
 // The dialogs that hand data out and take structures in.
 #pragma once
 
-#include <string>
-
 #include "session/session.h"
 
 namespace merlu {
-
-// Copies the working database to a path that does not exist yet, and opens the copy as the session's exchange
-// database. The working database is closed meanwhile and open again afterwards. False after a fault.
-bool CreateExportDatabase(Session& s, const std::string& target);
 
 // Makes the dialogs below, with nothing in their fields; none may be showing.
 void MakeExchangeDialogs(Session& s);

@@ -76,6 +76,7 @@ void LoadMainForm(Session& s) {
 void Main(Session& s) {
   ResetRun(s);
   s.path = PathFromSettings(s);
+  RemoveUnfinishedFiles(OwnFilesOf(s).notes);
   MakeMainForm(s);
   if (OpenDatabaseAndCursors(s)) Plainly(s, [&] { SetStartMode(s); });
   if (s.save_failed || s.ended) return;

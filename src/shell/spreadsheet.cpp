@@ -1,9 +1,8 @@
 #include "shell/spreadsheet.h"
 
-#include <filesystem>
-
 #include "base/text.h"
 #include "exchange/description_sheets.h"
+#include "session/folders.h"
 #include "session/messages.h"
 #include "store/files.h"
 
@@ -11,7 +10,6 @@ namespace merlu {
 namespace {
 
 constexpr const char* kTitle = "Spreadsheet Export";
-constexpr const char* kSource = "MERLU spreadsheet";
 constexpr const char* kAbout =
     "Please note, this function writes a workbook that can be opened with Microsoft Excel or any other spreadsheet "
     "program. None needs to be installed on this computer in order for this function to work.";
@@ -37,19 +35,12 @@ std::string AskPath(Session& s) {
   return answer == Button::kYes ? path : "";
 }
 
-void MakeRoom(const std::string& path) {
-  const std::string folder = std::filesystem::path(path).parent_path().string();
-  if (!CanWriteFolder(folder.empty() ? "." : folder))
-    throw Fault(fault_number::kFileAccess, kSource,
-                "Cannot make the file " + path + ": its folder does not exist or cannot be written to.");
-  if (FileExists(path)) RemoveFile(path);
-}
-
 void WriteDescriptions(Session& s, const std::string& path) {
-  MakeRoom(path);
-  const auto file = IsXlsx(path) ? NewXlsx(path) : NewXls(path);
-  ExportDescriptions(s.db, *file, [&s](std::string_view table, int done, int total) {
-    Progress(s, "Exporting " + std::string(table), done, total);
+  WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) {
+    const auto file = IsXlsx(path) ? NewXlsx(unfinished) : NewXls(unfinished);
+    ExportDescriptions(s.db, *file, [&s](std::string_view table, int done, int total) {
+      Progress(s, "Exporting " + std::string(table), done, total);
+    });
   });
 }
 

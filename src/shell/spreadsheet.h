@@ -6,7 +6,7 @@
 namespace merlu {
 
 // Says what comes, asks for the file and writes it: .xlsx when its name ends so, otherwise .xls. Nothing of the
-// inventory changes. A fault is told, and the file stays as far as it got, which no program takes for a whole one.
+// inventory changes. After a fault, which is told, an older file of that name is as it was.
 void ExportSpreadsheet(Session& s);
 
 }  // namespace merlu

@@ -11,6 +11,7 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -73,6 +74,11 @@ bool IsBoolean(sqlite3_stmt* statement, int column) {
   return type != nullptr && EqualsIgnoringCase(type, "BOOLEAN");
 }
 
+[[noreturn]] void FailWith(int code, const std::string& message) {
+  const int number = FaultNumber(code, message);
+  throw Fault(number, kSource, Described(number, message));
+}
+
 // Lets reading statements pass, nothing else.
 int ReadersOnly(void*, int action, const char* first, const char* second, const char*, const char*) {
   static const std::set<std::string> kReadingPragmas = {"table_info",      "table_xinfo",      "index_list",
@@ -89,15 +95,6 @@ int ReadersOnly(void*, int action, const char* first, const char* second, const 
   }
 }
 
-// No write permission for anybody marks a file as read-only, also for the superuser.
-bool IsMarkedReadOnly(const std::string& path) {
-  using std::filesystem::perms;
-  std::error_code error;
-  const auto status = std::filesystem::status(path, error);
-  const auto writers = perms::owner_write | perms::group_write | perms::others_write;
-  return !error && (status.permissions() & writers) == perms::none;
-}
-
 // Inventories hold no triggers: one that somebody has put into a file is not run.
 void RunNothingOfTheFile(sqlite3* db) {
   for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER})
@@ -110,24 +107,6 @@ void Distrust(sqlite3* db) {
   sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kLongestForeignValue);
   sqlite3_exec(db, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA query_only=ON", nullptr, nullptr, nullptr);
-}
-
-// The address under which a file is opened for reading only.
-std::string ReadOnlyAddress(const std::string& path) {
-  std::error_code error;
-  std::string address = "file:";
-  for (const char c : std::filesystem::absolute(path, error).string()) {
-    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
-                       c == '.' || c == '-' || c == '_';
-    if (plain) {
-      address += c;
-      continue;
-    }
-    constexpr const char* kDigits = "0123456789ABCDEF";
-    const auto byte = static_cast<unsigned char>(c);
-    address += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
-  }
-  return address + "?mode=ro";
 }
 
 int CompareAsIds(void*, int a_size, const void* a, int b_size, const void* b) {
@@ -233,9 +212,7 @@ void Database::Fail(int code) const {
     throw Fault(fault_number::kPathNotFound, kSource, "The database file has been moved or deleted.");
   // an open that fails has prepared nothing yet
   if (db_ != nullptr && !cache_.empty()) ThrowFailedDisk(code, sqlite3_system_errno(db_));
-  const std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
-  const int number = FaultNumber(code, message);
-  throw Fault(number, kSource, Described(number, message));
+  FailWith(code, db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code));
 }
 
 void Database::OpenWith(const std::string& path, int flags) {
@@ -243,31 +220,48 @@ void Database::OpenWith(const std::string& path, int flags) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error))
     throw Fault(fault_number::kPathNotFound, kSource, "Could not find file '" + path + "'.");
-  path_ = path;
-  // an absolute path is never taken for an address
-  const std::string full = std::filesystem::absolute(path, error).string();
-  const int code = sqlite3_open_v2(full.c_str(), &db_,
-                                   flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const bool writes = (flags & SQLITE_OPEN_READWRITE) != 0;
   try {
-    if (code != SQLITE_OK) Fail(code);
-    const bool writes = (flags & SQLITE_OPEN_READWRITE) != 0;
+    // an absolute path is never taken for an address
+    OpenFile(std::filesystem::absolute(path, error).string(), flags);
     if (writes && (sqlite3_db_readonly(db_, "main") == 1 || IsMarkedReadOnly(path))) Fail(SQLITE_READONLY);
-    RunNothingOfTheFile(db_);
     if (!writes) Distrust(db_);
-    sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
-    sqlite3_busy_timeout(db_, kBusyMilliseconds);
     const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
     sqlite3_rollback_hook(db_, count, &unseen_changes_);
     Execute("PRAGMA foreign_keys=ON");
     // a journal that a power cut brought back would take back what had been told as saved
     Execute("PRAGMA synchronous=EXTRA");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
+    if (writes) LeaveWriteAheadLog();
     data_version_ = ToInteger(Single("PRAGMA data_version"));
   } catch (const Fault& fault) {
     Close();
     if (fault.number == fault_number::kInUseTable) throw Fault(fault_number::kInUse, kSource, fault.description);
     throw;
   }
+  path_ = path;
+}
+
+// Everything that looks at an inventory expects the one file. What a log holds comes into it.
+void Database::LeaveWriteAheadLog() {
+  if (NullToEmpty(Single("PRAGMA journal_mode")) != "wal") return;
+  try {
+    Query("PRAGMA journal_mode=DELETE");
+  } catch (const Fault& fault) {
+    if (fault.number != fault_number::kInUseTable) throw;
+    throw Fault(fault_number::kInUse, kSource,
+                "Another program has the database open and keeps what it writes in a file beside it.");
+  }
+}
+
+// Opens a connection, with nothing read yet. A name that is empty is a private file.
+void Database::OpenFile(const std::string& name, int flags) {
+  const int code = sqlite3_open_v2(name.c_str(), &db_,
+                                   flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
+  if (code != SQLITE_OK) Fail(code);
+  RunNothingOfTheFile(db_);
+  sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
+  sqlite3_busy_timeout(db_, kBusyMilliseconds);
 }
 
 void Database::Open(const std::string& path) {
@@ -301,6 +295,7 @@ void Database::OpenImage(const Image& image, Use use) {
     code = sqlite3_deserialize(db_, "main", bytes, size, size, flags);
     if (code != SQLITE_OK) Fail(code);
     RunNothingOfTheFile(db_);
+    sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
     Distrust(db_);
     if (writes) Execute("PRAGMA query_only=OFF");
     const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
@@ -314,9 +309,46 @@ void Database::OpenImage(const Image& image, Use use) {
   }
 }
 
-Database::Attached::Attached(Database& db, const std::string& path, std::string schema)
-    : db_(db), schema_(std::move(schema)) {
-  db.Execute("ATTACH DATABASE ? AS " + schema_, {ReadOnlyAddress(path)});
+void Database::CopyTo(const std::string& path) {
+  sqlite3* copy = nullptr;
+  std::error_code error;
+  int code = sqlite3_open_v2(std::filesystem::absolute(path, error).c_str(), &copy,
+                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner(copy, sqlite3_close_v2);
+  if (code != SQLITE_OK) FailWith(code, sqlite3_errstr(code));
+  sqlite3_exec(copy, "PRAGMA synchronous=OFF; PRAGMA journal_mode=OFF", nullptr, nullptr, nullptr);
+  CopyPages(copy, "main");
+  // whatever journal this file keeps, the copy stands alone
+  code = sqlite3_exec(copy, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) FailWith(code, sqlite3_errmsg(copy));
+}
+
+void Database::CopyPages(sqlite3* to, const std::string& schema) {
+  // the beginning of a read waits for a lock, which the copy itself would not
+  const bool begins = sqlite3_get_autocommit(db_) != 0;
+  if (begins) Execute("BEGIN");
+  int code = SQLITE_OK;
+  try {
+    Query("SELECT COUNT(*) FROM sqlite_master");
+    sqlite3_backup* backup = sqlite3_backup_init(to, schema.c_str(), db_, "main");
+    if (backup != nullptr) sqlite3_backup_step(backup, -1);
+    code = backup != nullptr ? sqlite3_backup_finish(backup) : sqlite3_extended_errcode(to);
+  } catch (const Fault&) {
+    if (begins) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    throw;
+  }
+  if (begins) Execute("COMMIT");
+  if (code != SQLITE_OK) FailWith(code, sqlite3_errmsg(to));
+}
+
+Database::Attached::Attached(Database& db, Database& other, std::string schema) : db_(db), schema_(std::move(schema)) {
+  db.Execute("ATTACH DATABASE '' AS " + schema_);
+  try {
+    other.CopyPages(db.db_, schema_);
+  } catch (const Fault&) {
+    sqlite3_exec(db.db_, ("DETACH DATABASE " + schema_).c_str(), nullptr, nullptr, nullptr);
+    throw;
+  }
 }
 
 Database::Attached::~Attached() {

@@ -56,7 +56,8 @@ class Database {
 
   // Opens an existing file for reading and writing, with foreign keys on. The file must be a database,
   // not read-only, and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse).
-  // Nothing is written, and triggers that the file holds do not run.
+  // Triggers that the file holds do not run. Nothing is written, but a file with a write-ahead log goes back to the
+  // rollback journal; one that another program keeps so is refused (kInUse).
   void Open(const std::string& path);
   // Opens a file of unknown origin for reading only, under the engine's defensive settings: its schema may
   // run nothing, and values over a million bytes are faults. The same faults as Open.
@@ -84,6 +85,9 @@ class Database {
 
   bool HasTable(std::string_view name);
 
+  // Copies what is committed into an empty file, which is not fsynced. The file may be in use meanwhile.
+  void CopyTo(const std::string& path);
+
   // Grows with every row that a statement of this connection changes, when changes are taken back, and when
   // NoticeOthers finds something.
   std::int64_t ChangeCount() const;
@@ -107,10 +111,11 @@ class Database {
   // As Execute, for a statement that inserts into the table, or updates it.
   int ExecuteOn(TableChanges& table, std::string_view sql, const Values& values);
 
-  // Another file beside this one under a schema name, for reading only, as long as this lives.
+  // What another connection has open, as a schema of this one: its pages are copied into a private file, which goes
+  // with this. No batch may be open.
   class Attached {
    public:
-    Attached(Database& db, const std::string& path, std::string schema);
+    Attached(Database& db, Database& other, std::string schema);
     ~Attached();
     Attached(const Attached&) = delete;
     Attached& operator=(const Attached&) = delete;
@@ -127,6 +132,9 @@ class Database {
   class Running;  // a prepared statement in use
 
   void OpenWith(const std::string& path, int flags);
+  void OpenFile(const std::string& name, int flags);
+  void LeaveWriteAheadLog();
+  void CopyPages(sqlite3* to, const std::string& schema);
   sqlite3_stmt* Prepare(std::string_view sql);
   [[noreturn]] void Fail(int code) const;
 

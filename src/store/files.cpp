@@ -9,6 +9,7 @@
 
 #include "base/fault.h"
 #include "store/database.h"
+#include "store/new_file.h"
 
 namespace merlu {
 namespace fs = std::filesystem;
@@ -22,12 +23,6 @@ std::error_code SeeOnDisk(const std::string& path) {
   if (file < 0 || ::fsync(file) != 0) error = std::error_code(errno, std::generic_category());
   if (file >= 0) ::close(file);
   return error;
-}
-
-// So that the file keeps its name through a power cut. Not every file system can: what fails is let be.
-void SeeNameOnDisk(const std::string& path) {
-  std::error_code error;
-  SeeOnDisk(fs::absolute(path, error).parent_path().string());
 }
 
 }  // namespace
@@ -60,27 +55,65 @@ std::string WithSeparator(const std::string& folder) {
   return folder.ends_with('/') ? folder : folder + "/";
 }
 
-void CopyDatabase(const std::string& from, const std::string& to, Copy how) {
+std::string FolderOf(const std::string& path) {
+  const std::string folder = fs::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+void FailFile(const std::string& path, int error) {
+  const std::string why = "Cannot write the file " + path + ": " + std::generic_category().message(error) + ".";
+  switch (error) {
+    case EACCES:
+    case EPERM:
+    case EROFS: throw Fault(fault_number::kFileAccess, kSource, why);
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG: throw Fault(fault_number::kDiskFull, kSource, why);
+    case ENOENT:
+    case ENOTDIR: throw Fault(fault_number::kNoSuchFolder, kSource, why);
+    default: throw Fault(fault_number::kDeviceError, kSource, why);
+  }
+}
+
+void WriteBytes(const std::string& path, const std::vector<std::string_view>& parts) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (file < 0) FailFile(path, errno);
+  int error = 0;
+  for (std::string_view part : parts)
+    while (!part.empty() && error == 0) {
+      const ssize_t written = ::write(file, part.data(), part.size());
+      if (written > 0) part.remove_prefix(static_cast<std::size_t>(written));
+      if (written < 0 && errno != EINTR) error = errno;
+    }
+  // some file systems tell only now
+  if (::close(file) != 0 && error == 0) error = errno;
+  if (error != 0) FailFile(path, error);
+}
+
+void CopyDatabase(const std::string& from, const std::string& to) {
   std::error_code error;
   if (!fs::is_regular_file(from, error)) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + from);
-  const std::string part = to + ".part";
-  if (fs::copy_file(from, part, fs::copy_options::overwrite_existing, error)) {
-    fs::permissions(part, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
-    if (!error && how == Copy::kToDisk) error = SeeOnDisk(part);
-    if (!error) fs::rename(part, to, error);
-    if (!error && how == Copy::kToDisk) SeeNameOnDisk(to);
-    if (!error) return;
-  }
-  const std::string why = error.message();
-  fs::remove(part, error);
-  throw Fault(fault_number::kFileAccess, kSource, "Cannot make the file " + to + ": " + why + ".");
+  MakeFile({}, to, [&](const std::string& path) {
+    if (!fs::copy_file(from, path, fs::copy_options::overwrite_existing, error)) FailFile(to, error.value());
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
+    if (error) FailFile(to, error.value());
+  });
+}
+
+bool IsMarkedReadOnly(const std::string& path) {
+  std::error_code error;
+  const auto status = fs::status(path, error);
+  const auto writers = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  return !error && (status.permissions() & writers) == fs::perms::none;
 }
 
 void BringToDisk(const std::string& path) {
-  if (const std::error_code error = SeeOnDisk(path))
-    throw Fault(fault_number::kFileAccess, kSource,
-                "The file " + path + " could not be written: " + error.message() + ".");
-  SeeNameOnDisk(path);
+  if (const std::error_code error = SeeOnDisk(path)) FailFile(path, error.value());
+}
+
+void BringFolderToDisk(const std::string& path) {
+  std::error_code error;
+  SeeOnDisk(fs::absolute(path, error).parent_path().string());
 }
 
 std::uint64_t FileSize(const std::string& path) {
@@ -96,25 +129,19 @@ std::uint64_t FreeBytes(const std::string& folder) {
 }
 
 void CompactInto(const std::string& from, const std::string& to) {
-  if (FileExists(to)) throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " exists already.");
-  // the name is taken when the file is whole, so that a cut never leaves half a file under it
-  const std::string part = to + ".part";
-  std::error_code error;
-  fs::remove(part, error);
-  try {
+  {
     Database db;
     db.Open(from);
-    db.Execute("VACUUM INTO ?", {part});
-  } catch (const Fault&) {
-    fs::remove(part, error);
-    throw;
+    db.Execute("VACUUM INTO ?", {to});
   }
-  error = SeeOnDisk(part);
-  if (!error) fs::rename(part, to, error);
-  if (!error) return SeeNameOnDisk(to);
-  const std::string why = error.message();
-  fs::remove(part, error);
-  throw Fault(fault_number::kFileAccess, kSource, "The file " + to + " could not be written: " + why + ".");
+  CheckPages(to);
+}
+
+void CheckPages(const std::string& path) {
+  Database db;
+  db.OpenReadOnly(path);
+  const std::string state = NullToEmpty(db.Single("PRAGMA quick_check(1)"));
+  if (state != "ok") throw Fault(fault_number::kDamaged, kSource, "The file is damaged (" + state + ").");
 }
 
 void RemoveFile(const std::string& path) {
@@ -125,18 +152,6 @@ void RemoveFile(const std::string& path) {
   if (fs::remove(path, error)) return;
   if (!error) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + path);
   throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": " + error.message() + ".");
-}
-
-void MoveFile(const std::string& from, const std::string& to) {
-  std::error_code error;
-  fs::rename(from, to, error);
-  if (error == std::errc::cross_device_link) {
-    CopyDatabase(from, to);
-    fs::remove(from, error);
-    error.clear();
-  }
-  if (error)
-    throw Fault(fault_number::kFileAccess, kSource, "Cannot move the file " + from + ": " + error.message() + ".");
 }
 
 std::string NextFreeFileName(const std::string& path) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace merlu {
 
@@ -17,13 +18,25 @@ std::string FileName(const std::string& path);
 // The folder with a separator at its end.
 std::string WithSeparator(const std::string& folder);
 
-// Copies a file to a path that does not exist yet, under a temporary name first, so that no half file is
-// left behind. kFileNotFound, kFileAccess.
-// A copy that is worked on further need not be seen on the disk yet.
-enum class Copy { kToDisk, kForNow };
-void CopyDatabase(const std::string& from, const std::string& to, Copy how = Copy::kToDisk);
-// Sees a file, and its name, on the disk. kFileAccess.
+// The folder of a file, "." for a name alone.
+std::string FolderOf(const std::string& path);
+
+// Copies a file to a path that does not exist yet; no half file is left behind. kFileNotFound and the faults of
+// MakeFile.
+void CopyDatabase(const std::string& from, const std::string& to);
+
+// Writes the parts one after the other, over what the file held. The faults of FailFile.
+void WriteBytes(const std::string& path, const std::vector<std::string_view>& parts);
+// Throws the fault for an error number of the system: kFileAccess, kDiskFull, kNoSuchFolder, kDeviceError.
+[[noreturn]] void FailFile(const std::string& path, int error);
+// fsyncs a file. The faults of FailFile.
 void BringToDisk(const std::string& path);
+// fsyncs the folder of a file, so that the file keeps its name through a power cut. Not every file system can: what
+// fails is let be.
+void BringFolderToDisk(const std::string& path);
+
+// No write permission for anybody marks a file as read-only, also for the superuser.
+bool IsMarkedReadOnly(const std::string& path);
 
 // Size in bytes; 0 for a file that is not there.
 std::uint64_t FileSize(const std::string& path);
@@ -31,15 +44,13 @@ std::uint64_t FileSize(const std::string& path);
 // What the file system of the folder has left; 0 when it cannot be asked.
 std::uint64_t FreeBytes(const std::string& folder);
 
-// Writes the rows of a database file into a new one, as small as they are, and sees it on the disk. The new
-// file must not exist, and none is left after a failure that began here. kFileAccess and the faults of the
-// store.
+// Writes the rows of a database file into an empty one, as small as they are, and looks through its pages. The
+// faults of the store.
 void CompactInto(const std::string& from, const std::string& to);
+// kDamaged for a database file with damaged pages.
+void CheckPages(const std::string& path);
 // kFileNotFound; kFileAccess, also for a folder.
 void RemoveFile(const std::string& path);
-// Also from one file system to another. kFileAccess.
-void MoveFile(const std::string& from, const std::string& to);
-
 // The path itself, or the first of base1, base2, ... with its extension that does not exist.
 std::string NextFreeFileName(const std::string& path);
 

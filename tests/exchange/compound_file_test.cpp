@@ -78,7 +78,7 @@ TEST_F(CompoundFile, in_a_folder_that_is_not_there_is_a_fault) {
     WriteCompoundFile(folder.path("none/file.xls"), "Workbook", {});
     FAIL() << "a fault";
   } catch (const Fault& fault) {
-    EXPECT_EQ(fault.number, fault_number::kFileAccess);
+    EXPECT_EQ(fault.number, fault_number::kNoSuchFolder);
     EXPECT_NE(fault.description.find(folder.path("none/file.xls")), std::string::npos) << fault.description;
   }
 }

@@ -227,7 +227,7 @@ TEST_F(DescriptionSheets, that_cannot_be_written_are_a_fault) {
       Export(folder.path(name));
       FAIL() << "a fault";
     } catch (const Fault& fault) {
-      EXPECT_EQ(fault.number, fault_number::kFileAccess);
+      EXPECT_EQ(fault.number, fault_number::kNoSuchFolder);
       EXPECT_NE(fault.description.find(folder.path(name)), std::string::npos) << fault.description;
     }
   }

@@ -53,8 +53,8 @@ class Export : public testing::Test {
   void ExpectSound() {
     EXPECT_EQ(NullToEmpty(RawValue(Out(), "PRAGMA integrity_check")), "ok");
     EXPECT_TRUE(IsNull(RawValue(Out(), "PRAGMA foreign_key_check")));
-    EXPECT_FALSE(FileExists(Out("ZTEMPZ.MDB")));
-    EXPECT_FALSE(FileExists(Out() + ".part"));
+    for (const auto& entry : fs::directory_iterator(run.folder.path()))
+      EXPECT_FALSE(entry.path().filename().string().starts_with(".merlu-")) << entry.path();
     EXPECT_EQ(ToInteger(RawValue(Out(), "PRAGMA application_id")),
               ToInteger(RawValue(TemplatePath(), "PRAGMA application_id")));
   }
@@ -158,21 +158,30 @@ TEST_F(Export, that_cannot_be_written_says_so_and_leaves_the_work_open) {
   EXPECT_EQ(run.Count("PA_PLATFORM_ACTV"), 12);
 }
 
-TEST_F(Export, deletes_a_temporary_file_that_an_earlier_failure_left) {
-  std::ofstream(Out("ZTEMPZ.MDB")) << "left";
-  ExportSurveys({0});
-  EXPECT_EQ(run.TakeBoxes(), Texts{"Completed exporting Survey: 01/2017"});
-  ExpectSound();
-}
-
-TEST_F(Export, without_room_keeps_the_file_as_it_is) {
-  std::ofstream(Out("ZTEMPZ.MDB")) << "left";
+TEST_F(Export, without_room_is_not_compacted) {
   run.free_bytes = 1000;
   ExportSurveys({0});
   EXPECT_EQ(run.TakeBoxes(),
             (Texts{"Completed exporting Survey: 01/2017", "Not enough disk space to compact database!"}));
   EXPECT_EQ(There("PA_PLATFORM_ACTV"), 3);
-  EXPECT_TRUE(FileExists(Out("ZTEMPZ.MDB"))) << "nothing was begun";
+}
+
+TEST_F(Export, touches_no_file_but_its_own) {
+  const Texts others = {"ZTEMPZ.MDB", "out.mdb.part", "out.part", "out.rpt"};
+  for (const std::string& name : others) std::ofstream(run.folder.path(name)) << "kept";
+  ExportSurveys({0});
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Completed exporting Survey: 01/2017"});
+  for (const std::string& name : others) EXPECT_EQ(FileSize(run.folder.path(name)), 4u) << name;
+}
+
+TEST_F(Export, that_fails_leaves_the_older_file_as_it_was) {
+  std::ofstream(Out()) << "old";
+  // rows that the copy cannot be cut by
+  run.s.db.Execute("DROP TABLE EA_FLA");
+  run.answers = {Button::kYes, Button::kYes};
+  ExportSurveys({0});
+  EXPECT_EQ(FileSize(Out()), 3u);
+  EXPECT_EQ(run.TakeBoxes().at(1), "errors during export of Month/Year");
 }
 
 TEST_F(Export, from_description_mode_ends_in_activity_mode_at_the_root) {

@@ -74,14 +74,14 @@ TEST_F(FileName, of_a_new_file_asks_nothing) {
   EXPECT_EQ(run.TakeBoxes(), Texts{});
 }
 
-TEST_F(FileName, of_a_file_that_exists_is_free_after_a_yes) {
+TEST_F(FileName, of_a_file_that_exists_is_taken_after_a_yes_and_the_file_stays_until_there_is_a_new_one) {
   Write("old.mdb");
   run.answers = {Button::kYes};
   EXPECT_EQ(New("old"), run.folder.path("old.mdb"));
   ASSERT_EQ(run.boxes.size(), 1u);
   EXPECT_EQ(run.boxes[0].text, kExists);
   EXPECT_EQ(run.boxes[0].buttons, (std::vector<Button>{Button::kYes, Button::kNo}));
-  EXPECT_FALSE(FileExists(run.folder.path("old.mdb")));
+  EXPECT_EQ(Bytes("old.mdb"), "kept");
 }
 
 TEST_F(FileName, of_a_file_that_exists_leaves_it_untouched_after_a_no) {
@@ -103,15 +103,13 @@ TEST_F(FileName, never_is_the_working_database_under_whatever_name) {
   }
 }
 
-TEST_F(FileName, never_is_the_file_that_exports_are_compacted_through) {
-  EXPECT_EQ(CompactionFile(run.s), run.folder.path("ZTEMPZ.MDB"));
-  EXPECT_EQ(New("ZTEMPZ.MDB"), "");
-  EXPECT_EQ(run.TakeBoxes().size(), 1u);
-}
-
-TEST_F(FileName, of_the_compaction_lies_where_the_user_may_write) {
-  run.program_folder = "/proc";
-  EXPECT_EQ(CompactionFile(run.s), run.folder.path("ZTEMPZ.MDB"));
+TEST_F(FileName, never_is_what_belongs_to_the_working_database) {
+  for (const char* name : {"working.mdb.history"}) {
+    fs::create_symlink(run.folder.path(name), run.folder.path("link.mdb"));
+    EXPECT_EQ(New("link.mdb"), "") << name;
+    ASSERT_EQ(run.boxes.size(), 1u) << name;
+    EXPECT_NE(run.TakeBoxes()[0].find("The program needs this file for itself"), std::string::npos) << name;
+  }
 }
 
 }  // namespace

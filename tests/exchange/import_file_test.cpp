@@ -8,6 +8,7 @@
 #include "base/fault.h"
 #include "inventory.h"
 #include "store/files.h"
+#include "store/image.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -59,7 +60,7 @@ TEST_F(ForeignFile, is_never_written) {
   fs::permissions(path(), fs::perms::owner_read);
   EXPECT_EQ(Loaded(), Texts{});
   Database file;
-  file.OpenReadOnly(path());
+  file.OpenImage(ReadImage(path()), Database::Use::kRead);
   EXPECT_THROW(file.Execute("DELETE FROM QC"), Fault);
 }
 
@@ -113,7 +114,7 @@ TEST_F(ForeignFile, with_damaged_pages_is_refused_or_read_whole) {
     std::ofstream(path(), std::ios::binary) << damaged;
     Database file;
     try {
-      file.OpenReadOnly(path());
+      file.OpenImage(ReadImage(path()), Database::Use::kRead);
       CheckImportFile(file, run.s.db);
     } catch (const Fault&) {
       ++refused;
@@ -180,20 +181,26 @@ const std::vector<Hostile> kHostile = {
 INSTANTIATE_TEST_SUITE_P(files, HostileDatabase, testing::ValuesIn(kHostile),
                          [](const auto& info) { return info.param.name; });
 
-TEST_F(ForeignFile, that_turns_bad_between_list_and_import_is_refused_then) {
-  run.dialogs.push_back([&](Form&) {
-    run.Set("txtImportFilename", path());
-    run.Click("cmdLoad");
-    EXPECT_EQ(run.TakeBoxes(), Texts{});
-    Raw(path(), {"UPDATE EA_FLA SET OP_HR='many'", "UPDATE SYS_CONFIG SET sys_yr=2017"});
-    run.Pick("lvwStructures", 0);
-    run.Click("cmdImport");
-    EXPECT_EQ(run.TakeBoxes(), (Texts{"3343 The table EA_FLA holds a value in OP_HR that does not belong there.",
-                                      "Specified Import file may be wrong format."}));
-  });
-  run.Click("mnuEStructB");
-  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 0);
-  EXPECT_EQ(run.Count("H_PD_PLATFORM_DESC"), 0);
+TEST_F(ForeignFile, is_imported_as_it_was_listed_whatever_becomes_of_it_or_its_name) {
+  for (const bool in_place : {true, false}) {
+    Raw(path(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='C" + std::to_string(in_place) + "'||PD_ID_AK"});
+    const std::int64_t before = run.Count("PD_PLATFORM_DESC");
+    run.dialogs.push_back([&](Form&) {
+      run.Set("txtImportFilename", path());
+      run.Click("cmdLoad");
+      if (!in_place) fs::remove(path());
+      if (!in_place) CopyTemplate(run.folder, fs::path(path()).filename().string());
+      Raw(path(), {"UPDATE SYS_CONFIG SET sys_yr=1999", "UPDATE PD_PLATFORM_DESC SET Name='other'"});
+      run.Pick("lvwStructures", 0);
+      run.Click("cmdImport");
+      EXPECT_EQ(run.TakeBoxes().back(), "Done.");
+    });
+    run.Click("mnuEStructB");
+    EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), before + 1);
+    EXPECT_EQ(run.Count("PD_PLATFORM_DESC WHERE Name='other'"), 0);
+    EXPECT_EQ(run.Count("H_PD_PLATFORM_DESC"), 0);
+    if (in_place) Raw(path(), {"UPDATE SYS_CONFIG SET sys_yr=2017", "UPDATE PD_PLATFORM_DESC SET Name='A'"});
+  }
 }
 
 TEST_F(ForeignFile, with_rows_that_belong_to_nothing_leaves_them_behind) {

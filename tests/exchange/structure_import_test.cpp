@@ -7,6 +7,7 @@
 #include "inventory.h"
 #include "session/types.h"
 #include "store/files.h"
+#include "store/image.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -131,7 +132,7 @@ TEST_F(Import, takes_over_the_chosen_structures_and_nothing_of_the_others) {
   EXPECT_EQ(ImportRows({1, 3}), Texts{"Done."});
   ExpectSound();
   Database other;
-  other.OpenReadOnly(Other());
+  other.OpenImage(ReadImage(Other()), Database::Use::kRead);
   const std::string chosen = "p.PD_ID_AK IN (2,4)", mine = "p.CMPLX_ID_NUM LIKE 'X%'";
   for (const std::string& table : ImportTables()) {
     const Rows theirs = Identified(other, table, chosen), ours = Identified(run.s.db, table, mine);
@@ -181,7 +182,7 @@ TEST_F(Import, gives_keys_by_the_order_of_the_list_whatever_the_order_of_picking
   const Rows rows = run.s.db.Query(
       "SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM LIKE 'X%' ORDER BY PD_ID_AK");
   Database other;
-  other.OpenReadOnly(Other());
+  other.OpenImage(ReadImage(Other()), Database::Use::kRead);
   EXPECT_EQ(
       rows.rows,
       other.Query("SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK<>2 ORDER BY PD_ID_AK").rows);
@@ -333,7 +334,7 @@ TEST_F(Import, of_a_full_inventory_brings_every_row_over) {
   EXPECT_EQ(ImportRows(all), Texts{"Done."});
   ExpectSound();
   Database other;
-  other.OpenReadOnly(Other());
+  other.OpenImage(ReadImage(Other()), Database::Use::kRead);
   for (const std::string& table : ImportTables()) {
     const Rows theirs = Identified(other, table), ours = Identified(run.s.db, table, "p.CMPLX_ID_NUM LIKE 'X%'");
     EXPECT_EQ(ours.rows.size(), theirs.rows.size()) << table;

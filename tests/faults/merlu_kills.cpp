@@ -192,6 +192,15 @@ std::string Judge(const KillOperation& operation, const KillFiles& files, const 
   }
 }
 
+// Files that a killed writer has left.
+bool HasLeftovers(const KillFiles& files) {
+  for (const auto& entry : fs::directory_iterator(files.folder)) {
+    const std::string name = entry.path().filename().string();
+    if (name.starts_with(".merlu-")) return true;
+  }
+  return false;
+}
+
 // The same operation once more, to its end.
 std::string GoOn(const KillOperation& operation, const KillFiles& files) {
   const Prepared prepared = Prepare(operation, files);
@@ -199,6 +208,7 @@ std::string GoOn(const KillOperation& operation, const KillFiles& files) {
   if (!outcome.all_ok || !outcome.complaint.empty()) return "going on: " + outcome.complaint;
   // a journal that was only begun may lie beside the file until the next write
   if (fs::exists(files.work() + "-journal")) return "going on: the journal is left";
+  if (HasLeftovers(files)) return "going on: an unfinished file is left";
   const std::string problem = Judge(operation, files, prepared, outcome.done);
   return problem.empty() ? "" : "going on: " + problem;
 }
@@ -282,14 +292,6 @@ class Harness {
     if (power_) return {upto(cost.changes), 0, static_cast<std::uint32_t>(random_() | 1U)};
     if (random_() % 2 == 0) return {upto(cost.changes), 0};
     return {0, upto(cost.microseconds)};
-  }
-
-  static bool HasLeftovers(const KillFiles& files) {
-    for (const auto& entry : fs::directory_iterator(files.folder)) {
-      const std::string name = entry.path().filename().string();
-      if (name.ends_with(".part") || name.ends_with(".rpt") || name == "ZTEMPZ.MDB") return true;
-    }
-    return false;
   }
 
   static void Report(const KillOperation& operation, const Moment& moment, const std::string& problem, Tally& tally) {

@@ -14,6 +14,7 @@
 #include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
+#include "store/image.h"
 
 namespace merlu::test {
 namespace {
@@ -95,7 +96,7 @@ bool MutatedFile::ImportLeavesASoundFile() {
   Main(s);
   try {
     Database file;
-    file.OpenReadOnly(path_);
+    file.OpenImage(ReadImage(path_), Database::Use::kRead);
     CheckImportFile(file, s.db);
     std::vector<StructureName> all;
     for (const ListedStructure& structure : ListStructures(file)) all.push_back(structure.name);

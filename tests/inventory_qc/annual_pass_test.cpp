@@ -418,40 +418,74 @@ TEST_F(AnnualPass, shows_the_wait_screen_writes_the_document_and_opens_it) {
   EXPECT_FALSE(fs::exists(run.folder.path("summary.rpt")));
 }
 
-TEST_F(AnnualPass, overwrites_a_document_of_that_name_and_a_left_over_beside_it) {
+TEST_F(AnnualPass, overwrites_a_document_of_that_name_and_touches_no_other_file) {
   StartClean();
   Flare();
   std::ofstream(pdf) << "old";
-  std::ofstream(run.folder.path("summary.rpt")) << "left over";
+  std::ofstream(run.folder.path("summary.rpt")) << "another's";
   Export();
   EXPECT_EQ(run.TakeBoxes(), Texts{kFewer});
   EXPECT_TRUE(Bytes(pdf).starts_with("%PDF-"));
-  EXPECT_FALSE(fs::exists(run.folder.path("summary.rpt")));
+  EXPECT_EQ(Bytes(run.folder.path("summary.rpt")), "another's");
 }
 
-// A folder that takes no file, also for a user who may write everywhere.
-TEST_F(AnnualPass, tells_three_lines_where_it_may_not_write_and_leaves_nothing) {
+TEST_F(AnnualPass, tells_three_lines_where_it_may_not_write_and_leaves_what_was_there) {
+  StartClean();
+  Flare();
+  std::ofstream(pdf) << "old";
+  fs::permissions(pdf, fs::perms::owner_read);
+  Export();
+  ASSERT_EQ(run.boxes.size(), 2u);
+  EXPECT_EQ(run.boxes[1].text,
+            "There was an error saving the report.\n"
+            "Make sure you have permission to create files in the selected directory.\n"
+            "You must select another location in order to save the report.");
+  EXPECT_EQ(run.boxes[1].icon, Icon::kStop);
+  EXPECT_EQ(Bytes(pdf), "old");
+  EXPECT_TRUE(run.opened.empty());
+  EXPECT_FALSE(run.s.wait.showing);
+}
+
+TEST_F(AnnualPass, tells_any_other_failure_by_its_number_and_leaves_nothing) {
   StartClean();
   Flare();
   const std::string folder = run.folder.path("target");
-  fs::create_directory(folder);
-  fs::create_directory(folder + "/summary.pdf");
-  std::ofstream(folder + "/summary.pdf/inside") << "x";
-  for (const std::string& path : {folder + "/summary.pdf", run.folder.path("nowhere/summary.pdf")}) {
+  fs::create_directories(folder + "/summary.pdf");
+  for (const auto& [path, box] : std::vector<std::pair<std::string, std::string>>{
+           {folder + "/summary.pdf", "52 Cannot write the file " + folder + "/summary.pdf: it is a folder."},
+           {run.folder.path("nowhere/summary.pdf"),
+            "76 Cannot write the file " + run.folder.path("nowhere/summary.pdf") + ": No such file or directory."}}) {
     pdf = path;
     Export();
-    ASSERT_EQ(run.boxes.size(), 2u);
-    EXPECT_EQ(run.boxes[1].text,
-              "There was an error saving the report.\n"
-              "Make sure you have permission to create files in the selected directory.\n"
-              "You must select another location in order to save the report.");
-    EXPECT_EQ(run.boxes[1].icon, Icon::kStop);
-    run.TakeBoxes();
+    EXPECT_EQ(run.TakeBoxes(), (Texts{kFewer, box}));
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
   EXPECT_FALSE(fs::exists(run.folder.path("nowhere")));
   EXPECT_TRUE(run.opened.empty());
   EXPECT_FALSE(run.s.wait.showing);
+}
+
+TEST_F(AnnualPass, never_writes_over_the_inventory) {
+  StartClean();
+  Flare();
+  fs::create_symlink(run.s.path, run.folder.path("link.pdf"));
+  for (const std::string& path : {run.s.path, run.folder.path("link.pdf")}) {
+    pdf = path;
+    Export();
+    ASSERT_EQ(run.boxes.size(), 2u);
+    EXPECT_TRUE(run.TakeBoxes()[1].starts_with("52 This is the database that you are working with."));
+  }
+  EXPECT_TRUE(Bytes(run.s.path).starts_with("SQLite format 3"));
+}
+
+TEST_F(AnnualPass, goes_through_a_link_to_the_file_that_it_leads_to) {
+  StartClean();
+  Flare();
+  std::ofstream(run.folder.path("real.pdf")) << "old";
+  fs::create_symlink("real.pdf", pdf);
+  Export();
+  EXPECT_TRUE(fs::is_symlink(pdf));
+  EXPECT_TRUE(Bytes(run.folder.path("real.pdf")).starts_with("%PDF-"));
 }
 
 // ---- what is printed ----
