@@ -22,6 +22,7 @@
 #include "shell/routing.h"
 #include "shell/trees.h"
 #include "store/files.h"
+#include "store/image.h"
 
 namespace merlu {
 namespace {

@@ -8,6 +8,7 @@
 #include "base/fault.h"
 #include "inventory.h"
 #include "store/files.h"
+#include "store/image.h"
 #include "support/test_run.h"
 
 namespace merlu::test {

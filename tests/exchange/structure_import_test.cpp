@@ -7,6 +7,7 @@
 #include "inventory.h"
 #include "session/types.h"
 #include "store/files.h"
+#include "store/image.h"
 #include "support/test_run.h"
 
 namespace merlu::test {

@@ -14,6 +14,7 @@
 #include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
+#include "store/image.h"
 
 namespace merlu::test {
 namespace {

@@ -346,6 +346,52 @@ TEST_F(AnnualPass, tells_a_record_without_its_master_once_and_stays_where_it_sto
   EXPECT_EQ(Read("CmplxID,[Month],EquipID,FieldID"), Texts{"1001 | 1 | F1 | Vol_Flared"});
 }
 
+TEST_F(AnnualPass, takes_the_status_of_the_month_where_it_stands_for_a_record_without_its_master) {
+  StartClean();
+  Flare();
+  Run("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I'");
+  Run("PRAGMA foreign_keys=OFF");
+  Run("INSERT INTO EA_FLA (EA_ID_AK) VALUES (99999)");
+  RunInventoryPasses(run.s);
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equip Activity ID 99999 not found!"});
+  EXPECT_EQ(Read("FieldID"), Texts{});
+}
+
+TEST_F(AnnualPass, tells_a_month_without_its_structure_and_judges_it_by_the_one_where_it_stands) {
+  StartClean();
+  Flare();
+  Run("PRAGMA foreign_keys=OFF");
+  Run("INSERT INTO PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_MO,PA_YR,status) VALUES (99999,777,1,2017,'A')");
+  RunInventoryPasses(run.s);
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Platform Desc ID 777 not found!"});
+  EXPECT_EQ(Read("CmplxID,[Month],FieldID"), (Texts{"1001 | 1 | Prod_NG", "1001 | 1 | Prod_Oil"}));
+}
+
+TEST_F(AnnualPass, drops_what_it_found_of_an_inactive_structure_without_a_complex) {
+  StartClean();
+  run.AddStructure("1002");
+  Run("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM=NULL,Name=NULL WHERE CMPLX_ID_NUM='1002'");
+  Run("UPDATE PA_PLATFORM_ACTV SET status='I' WHERE PD_ID_AK<>(SELECT MIN(PD_ID_AK) FROM PD_PLATFORM_DESC)");
+  const int flare = Flare();
+  Run("UPDATE ED_EQUIP_DESC SET PD_ID_AK=(SELECT MAX(PD_ID_AK) FROM PD_PLATFORM_DESC) WHERE ED_ID_AK=" +
+      std::to_string(flare));
+  Flare("F2");
+  Run("UPDATE EA_FLA SET VOL_FLARED=NULL");
+  RunInventoryPasses(run.s);
+  EXPECT_EQ(Read("CmplxID,EquipID,FieldID"), Texts{"1001 | F2 | Vol_Flared"});
+}
+
+TEST_F(AnnualPass, finds_columns_in_any_spelling) {
+  StartClean();
+  Flare();
+  Run("ALTER TABLE EA_FLA RENAME COLUMN VOL_FLARED TO Vol_Flared");
+  Run("ALTER TABLE PD_PLATFORM_DESC RENAME COLUMN LATITUDE TO Latitude");
+  Run("UPDATE EA_FLA SET Vol_Flared=NULL");
+  RunInventoryPasses(run.s);
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  EXPECT_EQ(Read("FieldID"), Texts{"Vol_Flared"});
+}
+
 TEST_F(AnnualPass, that_cannot_keep_its_findings_says_so) {
   StartClean();
   Flare();
