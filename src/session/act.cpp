@@ -1,7 +1,7 @@
 #include "session/act.h"
 
-#include "history/user_name.h"
 #include "session/place.h"
+#include "store/file_note.h"
 
 namespace merlu {
 namespace {

@@ -132,11 +132,6 @@ void ShowUnlisted(Control& list, const Value& value) {
   list.text = NullToEmpty(value);
 }
 
-void ShowUnlisted(Control& list, const Value& value) {
-  list.index = -1;
-  list.text = NullToEmpty(value);
-}
-
 void ShowYesNo(Form& form, const FieldSpec& spec, const Value& value) {
   if (spec.kind == Kind::kOption)
     form.At(spec.control).checked = ToNumber(value) != 0;

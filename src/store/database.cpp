@@ -367,7 +367,6 @@ void Database::OpenImage(const Image& image, Use use) {
     if (code != SQLITE_OK) Fail(code);
     sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
     RunNothingOfTheFile(db_);
-    sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
     Distrust(db_);
     if (writes) Execute("PRAGMA query_only=OFF");
     const auto count = [](void* unseen) { ++*static_cast<std::int64_t*>(unseen); };
