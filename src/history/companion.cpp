@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 
 #include "history/layout.h"
 #include "history/steps.h"
@@ -29,11 +30,13 @@ void SetAbout(Database& db, const char* what, const Value& value) {
       {std::string(what), value});
 }
 
-// A file that several people share is theirs together with what stands beside it.
-void TakePermissions(const std::string& from, const std::string& to) {
+// An empty file, which a file that several people share has theirs too.
+void MakeBeside(const std::string& inventory, const std::string& path) {
+  if (!std::ofstream(path, std::ios::app))
+    throw Fault(fault_number::kFileAccess, kSource, "Cannot make the file " + path + ".");
   std::error_code error;
-  const auto status = std::filesystem::status(from, error);
-  if (!error) std::filesystem::permissions(to, status.permissions(), error);
+  const auto status = std::filesystem::status(inventory, error);
+  if (!error) std::filesystem::permissions(path, status.permissions(), error);
 }
 
 std::string Words(const Fault& fault) {
@@ -89,33 +92,35 @@ void Companion::Attach(bool make) {
   const bool exists = FileExists(path_);
   if (!exists && !make) return;
   try {
+    if (!exists) MakeBeside(db_->path(), path_);
     db_->Attach(path_, kSchema);
     attached_ = true;
     if (db_->IsReadOnly(kSchema)) throw Fault(fault_number::kReadOnly, kSource, "");
     // a step is on the disk together with the rows that it tells of
     db_->Execute("PRAGMA history.synchronous=EXTRA");
+    // one super-journal covers both files in this mode alone
+    db_->Query("PRAGMA history.journal_mode=DELETE");
     db_->Query("PRAGMA history.secure_delete=FAST");
     if (ToInteger(db_->Single("SELECT COUNT(*) FROM history.sqlite_schema")) == 0) {
       if (!make) return Detach();
-      if (!exists) TakePermissions(db_->path(), path_);
       MakeLayout(*db_);
       SetAbout(*db_, "inventory", InventoryName(*db_));
     }
-    Check();
+    if (IsAnothers()) return Refuse("belongs to another inventory", true);
     why_not_.clear();
   } catch (const Fault& fault) {
     Refuse(Words(fault), !MayPass(fault));
   }
 }
 
-void Companion::Check() {
+bool Companion::IsAnothers() {
   if (!HasLayout(*db_)) throw Fault(fault_number::kDamaged, kSource, "");
-  if (NullToEmpty(About(*db_, "inventory")) != InventoryName(*db_) ||
-      // the inventory has never been as young as this since the companion went with it
-      ToInteger(About(*db_, "counter")) > db_->FileChangeCounter() ||
-      // nobody has written since, and yet the rows are others
-      (ToInteger(About(*db_, "counter")) == db_->FileChangeCounter() && !IsAsNewestStepLeftIt(*this)))
-    Refuse("belongs to another inventory", true);
+  const std::int64_t known = ToInteger(About(*db_, "counter")), present = db_->FileChangeCounter();
+  return NullToEmpty(About(*db_, "inventory")) != InventoryName(*db_) ||
+         // the inventory has never been as young as this since the companion went with it
+         known > present ||
+         // nobody has written since, and yet the rows are others
+         (known == present && !IsAsNewestStepLeftIt(*this));
 }
 
 void Companion::Detach() {
@@ -211,8 +216,8 @@ namespace {
 constexpr const char* kStepColumns =
     "SELECT id,made_at,who,what,place,stood_at,stands_at,shown,state FROM history.step ";
 
-Step ReadStep(const RowView& row) {
-  Step step;
+HistoryStep ReadStep(const RowView& row) {
+  HistoryStep step;
   step.id = row.Integer(0);
   StepTitle& t = step.title;
   std::string* const texts[] = {&t.when, &t.who, &t.what, &t.place, &t.from, &t.to};
@@ -223,8 +228,8 @@ Step ReadStep(const RowView& row) {
   return step;
 }
 
-std::optional<Step> OneStep(const Companion& companion, const std::string& which, const Values& values = {}) {
-  std::optional<Step> found;
+std::optional<HistoryStep> OneStep(const Companion& companion, const std::string& which, const Values& values = {}) {
+  std::optional<HistoryStep> found;
   if (companion.db() == nullptr) return found;
   companion.db()->ForEach(kStepColumns + which, values, [&](const RowView& row) { found = ReadStep(row); });
   return found;
@@ -232,21 +237,21 @@ std::optional<Step> OneStep(const Companion& companion, const std::string& which
 
 }  // namespace
 
-std::vector<Step> Steps(const Companion& companion) {
-  std::vector<Step> steps;
+std::vector<HistoryStep> Steps(const Companion& companion) {
+  std::vector<HistoryStep> steps;
   if (companion.db() == nullptr) return steps;
   companion.db()->ForEach(std::string(kStepColumns) + "ORDER BY id DESC", {},
                           [&](const RowView& row) { steps.push_back(ReadStep(row)); });
   return steps;
 }
 
-std::optional<Step> NextUndo(const Companion& companion) {
-  std::optional<Step> newest = OneStep(companion, "WHERE state<>1 ORDER BY id DESC LIMIT 1");
+std::optional<HistoryStep> NextUndo(const Companion& companion) {
+  std::optional<HistoryStep> newest = OneStep(companion, "WHERE state<>1 ORDER BY id DESC LIMIT 1");
   if (newest && newest->ends_undo) return std::nullopt;
   return newest;
 }
 
-std::optional<Step> NextRedo(const Companion& companion) {
+std::optional<HistoryStep> NextRedo(const Companion& companion) {
   // a step that was made since ends what could be redone
   return OneStep(
       companion,

@@ -24,7 +24,7 @@ struct StepTitle {
   std::string from, to;  // where the user stood before, and stands afterwards
 };
 
-struct Step {
+struct HistoryStep {
   std::int64_t id = 0;
   StepTitle title;
   std::int64_t values = 0;
@@ -37,6 +37,11 @@ class Companion : public BatchPartner {
   // Limits of what is kept.
   std::int64_t most_steps = 1000;
   std::int64_t most_bytes = std::int64_t{64} << 20;
+
+  Companion() = default;
+  ~Companion() override { Close(); }
+  Companion(const Companion&) = delete;
+  Companion& operator=(const Companion&) = delete;
 
   // Takes part in the connection's batches from here on. A companion that exists is attached at once; otherwise it is
   // made with the first batch. `untitled` names a batch that no step was begun for.
@@ -75,7 +80,7 @@ class Companion : public BatchPartner {
 
  private:
   void Attach(bool make);
-  void Check();
+  bool IsAnothers();
   void Detach();
   void Refuse(const std::string& why, bool for_good);
   void KeepStep(const Changes& changes);
@@ -94,10 +99,10 @@ class Companion : public BatchPartner {
 };
 
 // The steps, newest first.
-std::vector<Step> Steps(const Companion& companion);
+std::vector<HistoryStep> Steps(const Companion& companion);
 // What the next undo, or redo, would take; empty when there is none.
-std::optional<Step> NextUndo(const Companion& companion);
-std::optional<Step> NextRedo(const Companion& companion);
+std::optional<HistoryStep> NextUndo(const Companion& companion);
+std::optional<HistoryStep> NextRedo(const Companion& companion);
 // The packed changes of a step, in the order in which they were written.
 std::vector<std::string> PartsOf(const Companion& companion, std::int64_t step);
 

@@ -211,7 +211,7 @@ std::optional<InTheWay> RedoSteps(Companion& companion, std::int64_t step) {
 
 bool IsAsNewestStepLeftIt(const Companion& companion) {
   constexpr std::size_t kEnough = 20;
-  const std::optional<Step> newest = NextUndo(companion);
+  const std::optional<HistoryStep> newest = NextUndo(companion);
   if (!newest) return true;
   const std::vector<std::string> parts = PartsOf(companion, newest->id);
   if (parts.empty()) return true;

@@ -414,6 +414,11 @@ void Database::Close() {
   batches_ = 0;
 }
 
+bool Database::IsReadOnly(const char* schema) const {
+  const char* file = sqlite3_db_filename(db_, schema);
+  return sqlite3_db_readonly(db_, schema) == 1 || (file != nullptr && IsMarkedReadOnly(file));
+}
+
 sqlite3_stmt* Database::Prepare(std::string_view sql) {
   if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No inventory is open.");
   if (const auto found = cache_.find(sql); found != cache_.end()) return found->second.get();

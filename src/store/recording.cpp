@@ -174,10 +174,6 @@ void Database::Alone(const std::function<void()>& work) {
   }
 }
 
-bool Database::IsReadOnly(const char* schema) const {
-  return sqlite3_db_readonly(db_, schema) == 1;
-}
-
 std::int64_t Database::FileChangeCounter() const {
   sqlite3_file* file = nullptr;
   unsigned char bytes[4] = {};

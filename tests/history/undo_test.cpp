@@ -75,12 +75,12 @@ TEST_F(History, is_not_made_before_something_is_written) {
   EXPECT_FALSE(NextUndo(companion));
   EXPECT_EQ(companion.why_not(), "");
   AddStructure();
-  EXPECT_TRUE(fs::exists(File()));
+  EXPECT_TRUE(fs::exists(File())) << companion.why_not();
 }
 
 TEST_F(History, keeps_what_a_step_is_called_and_how_many_values_it_wrote) {
   AddStructure();
-  const std::vector<Step> steps = Steps(companion);
+  const std::vector<HistoryStep> steps = Steps(companion);
   ASSERT_EQ(steps.size(), 1u);  // its batches together
   EXPECT_EQ(steps[0].title.what, "structure");
   EXPECT_EQ(steps[0].title.who, "anna");
@@ -204,7 +204,7 @@ TEST_F(History, lets_the_oldest_steps_go) {
   for (int i = 0; i < 5; ++i)
     DoStep(std::to_string(i), {"UPDATE PD_PLATFORM_DESC SET Block='" + std::to_string(i) + "'"});
   std::vector<std::string> names;
-  for (const Step& step : Steps(companion)) names.push_back(step.title.what);
+  for (const HistoryStep& step : Steps(companion)) names.push_back(step.title.what);
   EXPECT_EQ(names, (std::vector<std::string>{"4", "3", "2"}));
   EXPECT_EQ(ToInteger(db.Single("SELECT COUNT(*) FROM history.part")), 3);
 }
