@@ -1,6 +1,6 @@
 #include "desktop/binding.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -9,7 +9,6 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTimer>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -18,6 +17,7 @@
 #include "desktop/model_list.h"
 #include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
+#include "forms/pasted.h"
 
 namespace merlu {
 namespace {
@@ -37,6 +37,8 @@ bool IsSelectable(Kind kind) {
 
 bool IsShortcut(const QKeyEvent& key) {
   const QKeySequence pressed(key.keyCombination());
+  // a field takes back and does again what was typed in it
+  if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) return false;
   return std::any_of(Shortcuts().begin(), Shortcuts().end(), [&](const Shortcut& row) {
     return *row.id != '\0' && QKeySequence(row.keys) == pressed && key.modifiers() != Qt::NoModifier;
   });
@@ -127,6 +129,9 @@ QWidget* FormBinding::MakeLine(const Control& control, QWidget* parent) {
     return notes;
   }
   auto* line = new LineField(parent);
+  line->SetNumeric(control.numeric);
+  connect(line, &LineField::PastedFurther, this,
+          [this, &control](const QStringList& cells) { PasteBehind(control, cells); });
   if (control.limit > 0) line->setMaxLength(control.limit);
   if (control.numeric) {
     line->setAlignment(Qt::AlignRight);
@@ -224,9 +229,14 @@ Bound& FormBinding::AddButton(const Control& control, QWidget* parent) {
   button->setAutoDefault(false);
   button->installEventFilter(this);
   const std::string name = control.name;
-  connect(button, &QPushButton::clicked, this,
-          [this, name] { acts_.Do([&] { return act::Click(acts_.s.desk, form_, name); }); });
+  connect(button, &QPushButton::clicked, this, [this, name] { Press(name); });
   return Add(control, button);
+}
+
+void FormBinding::Press(const std::string& button) {
+  if (may_press && !may_press(button)) return;
+  acts_.Do([&] { return act::Click(acts_.s.desk, form_, button); });
+  if (pressed) pressed(button);
 }
 
 Bound& FormBinding::AddGrid(const Control& control, QWidget* parent) {
@@ -239,6 +249,7 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
   auto* list = new ResultsList(control, tr(control.many ? "Nothing to choose from" : "No findings"), parent);
   const std::string name = control.name;
   connect(list, &QTreeWidget::itemSelectionChanged, this, [this, list, name] {
+    if (!list->usable()) return;
     const QList<int> rows = list->Picked();
     acts_.Do([&] { return act::Pick(acts_.s.desk, form_, name, {rows.begin(), rows.end()}); });
   });
@@ -264,45 +275,157 @@ Bound& FormBinding::AddFrame(const Control& control, QWidget* widget) {
   return Add(control, widget);
 }
 
+// ---- pasted rows ----
+
+std::vector<QWidget*> FormBinding::OpenFields() const {
+  std::vector<QWidget*> fields;
+  for (const auto& bound : bound_) {
+    const Control& control = *bound->control;
+    const bool is_field = IsSelectable(control.kind) || control.kind == Kind::kCheck || control.kind == Kind::kOption;
+    if (is_field && !control.locked && bound->widget->isEnabled() && bound->widget->isVisible())
+      fields.push_back(bound->widget);
+  }
+  return fields;
+}
+
+// False when the field takes no such text.
+bool FormBinding::PutInto(QWidget& field, const QString& cell) {
+  if (auto* line = qobject_cast<QLineEdit*>(&field)) {
+    const Control* control = ControlOf(&field);
+    line->setText(control->numeric ? Q(PastedNumber(cell.toStdString())) : cell);
+    return true;
+  }
+  if (auto* notes = qobject_cast<QPlainTextEdit*>(&field)) {
+    notes->setPlainText(cell);
+    return true;
+  }
+  auto* list = qobject_cast<ListField*>(&field);
+  const int item = list == nullptr ? -1 : list->findText(cell.trimmed(), Qt::MatchFixedString);
+  if (item < 0) return cell.trimmed().isEmpty();
+  list->setCurrentIndex(item);
+  emit list->activated(item);
+  return true;
+}
+
+// The further cells of a pasted row go into the fields that follow. A blank one changes nothing.
+void FormBinding::PasteBehind(const Control& control, const QStringList& cells) {
+  const std::string first = control.name;
+  std::vector<QWidget*> fields = OpenFields();
+  auto at =
+      std::find_if(fields.begin(), fields.end(), [&](const QWidget* field) { return field->objectName() == Q(first); });
+  bool all = true;
+  for (const QString& cell : cells) {
+    if (at != fields.end()) ++at;
+    if (at == fields.end()) {
+      all = false;
+      break;
+    }
+    (*at)->setFocus(Qt::TabFocusReason);
+    if (!cell.trimmed().isEmpty() && !PutInto(**at, cell)) all = false;
+  }
+  if (!all) acts_.s.platform.Beep();
+}
+
 // ---- acts of the keyboard ----
+
+const Control* FormBinding::ControlOf(const QWidget* widget) const {
+  for (; widget != nullptr; widget = widget->parentWidget())
+    if (const Control* control = form_.Find(widget->objectName().toStdString())) return control;
+  return nullptr;
+}
+
+// True when the key was the field's.
+bool FormBinding::HandleKey(QWidget* widget, const QKeyEvent& key) {
+  const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  const bool enters = plain && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+  if (enters && !form_.modal && qobject_cast<QPlainTextEdit*>(widget) == nullptr) {
+    if (enter && enter(widget)) return true;
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &tab);
+    return true;
+  }
+  auto* list = qobject_cast<ListField*>(widget);
+  if (plain && key.key() == Qt::Key_Delete && list != nullptr && !list->isEditable() && !list->locked()) {
+    const std::string name = widget->objectName().toStdString();
+    acts_.Do([&] { return act::Choose(acts_.s.desk, form_, name, ""); });
+    return true;
+  }
+  return false;
+}
+
+void FormBinding::KeepField() {
+  if (const Control* control = form_.Find(entered_)) entered_text_ = control->text;
+}
+
+bool FormBinding::TakeBackField() {
+  QWidget* focus = QApplication::focusWidget();
+  const Control* control = ControlOf(focus);
+  if (control == nullptr || control->name != entered_ || control->text == entered_text_ || control->locked)
+    return false;
+  const std::string name = entered_, text = entered_text_;
+  acts_.Do([&] {
+    return control->kind == Kind::kList ? act::Choose(acts_.s.desk, form_, name, text)
+                                        : act::Type(acts_.s.desk, form_, name, text);
+  });
+  if (auto* line = qobject_cast<QLineEdit*>(focus)) line->selectAll();
+  return control->text == text;
+}
+
+void FormBinding::EnterField(const Control& control, QWidget* named, QWidget* widget, Qt::FocusReason reason) {
+  const std::string name = control.name;
+  if (IsEntered(reason)) {
+    entered_ = name;
+    entered_text_ = control.text;
+  }
+  if (form_.Handles(name, Event::kGotFocus)) acts_.Do([&] { return act::GotFocus(acts_.s.desk, form_, name); });
+  // behind the focus itself, which puts the caret
+  auto* line = qobject_cast<QLineEdit*>(widget);
+  if (line == nullptr || line == named || !IsEntered(reason)) return;
+  QTimer::singleShot(0, line, [line] {
+    if (line->hasFocus()) line->selectAll();
+  });
+}
 
 bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(watched);
-  // a double click presses a button once: another one may stand in its place by then
-  if (qobject_cast<QPushButton*>(watched) != nullptr) return event->type() == QEvent::MouseButtonDblClick;
+  if (auto* button = qobject_cast<QPushButton*>(watched)) {
+    if (event->type() == QEvent::KeyPress) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+      button->click();
+      return true;
+    }
+    // a double click presses a button once: another one may stand in its place by then
+    return event->type() == QEvent::MouseButtonDblClick;
+  }
   // a command of the window goes before what a line of text would do with its keys
   if (event->type() == QEvent::ShortcutOverride && IsShortcut(*static_cast<QKeyEvent*>(event))) {
     event->ignore();
     return true;
   }
+  const Control* control = ControlOf(widget);
+  if (control == nullptr) return QObject::eventFilter(watched, event);
   QWidget* named = widget;
-  while (named != nullptr && form_.Find(named->objectName().toStdString()) == nullptr) named = named->parentWidget();
-  if (named == nullptr) return QObject::eventFilter(watched, event);
-  const std::string name = named->objectName().toStdString();
-  if (event->type() == QEvent::KeyPress) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    if (enter && key->modifiers() == Qt::NoModifier && !form_.modal &&
-        qobject_cast<QPlainTextEdit*>(widget) == nullptr) {
-      QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-      QCoreApplication::sendEvent(widget, &tab);
-      return true;
-    }
+  while (named->objectName().toStdString() != control->name) named = named->parentWidget();
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      if (HandleKey(widget, *static_cast<QKeyEvent*>(event))) return true;
+      break;
+    case QEvent::Enter: emit Pointed(control); break;
+    case QEvent::Leave: emit Pointed(nullptr); break;
+    case QEvent::ToolTip:
+      // a sheet tells it in a line of its own, which covers no field
+      if (!form_.modal && !(control->finding.empty() && control->back != Back::kFlag)) return true;
+      break;
+    case QEvent::FocusIn:
+      if (!acts_.IsDrawing()) EnterField(*control, named, widget, static_cast<QFocusEvent*>(event)->reason());
+      break;
+    case QEvent::FocusOut:
+      if (form_.Handles(control->name, Event::kLostFocus) && !IsTemporary(*static_cast<QFocusEvent*>(event)))
+        acts_.Do([&] { return act::LostFocus(acts_.s.desk, form_, control->name); });
+      break;
+    default: break;
   }
-  if (event->type() == QEvent::FocusIn && !acts_.IsDrawing()) {
-    const Control& control = form_.At(name);
-    if (form_.Handles(name, Event::kGotFocus)) acts_.Do([&] { return act::GotFocus(acts_.s.desk, form_, name); });
-    // behind the focus itself, which takes tips away and puts the caret
-    QTimer::singleShot(0, named, [named, widget, tip = control.back == Back::kFlag ? Q(control.tip) : QString()] {
-      if (!tip.isEmpty() && named->hasFocus())
-        QToolTip::showText(named->mapToGlobal(QPoint(0, named->height())), tip, named);
-      auto* line = qobject_cast<QLineEdit*>(widget);
-      if (line != nullptr && line != named && line->hasFocus()) line->selectAll();
-    });
-  }
-  if (event->type() == QEvent::FocusOut && form_.Handles(name, Event::kLostFocus) &&
-      !IsTemporary(*static_cast<QFocusEvent*>(event)))
-    acts_.Do([&] { return act::LostFocus(acts_.s.desk, form_, name); });
   return QObject::eventFilter(watched, event);
 }
 
@@ -343,28 +466,78 @@ void FormBinding::ShowList(ListField& list, const Control& now, const Control& s
 
 void FormBinding::ShowState(Bound& bound, const Control& now) {
   const bool enabled = IsEnabled(form_, *bound.control);
-  bound.widget->setEnabled(enabled);
+  bound.widget->setEnabled(enabled || qobject_cast<ResultsList*>(bound.widget) != nullptr);
   if (bound.caption != nullptr) bound.caption->setEnabled(enabled);
   if (!IsSelectable(now.kind)) return;
-  const bool flagged = now.back == Back::kFlag;
   if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) line->setReadOnly(now.locked);
   if (auto* notes = qobject_cast<QPlainTextEdit*>(bound.widget)) notes->setReadOnly(now.locked);
   // what is locked looks it, whatever a procedure has painted
   const Back back = now.locked && now.back == Back::kWindow ? Back::kFace : now.back;
   SetLook(*bound.widget, "look", LookName(back));
+  SetLook(*bound.widget, "copied", now.copied);
   // behind it, as a new look resets the colours of a list's text
-  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, back);
-  bound.widget->setToolTip(flagged ? Q(now.tip) : HiddenPart(*bound.widget));
-  bound.widget->setAccessibleDescription(flagged ? bound.widget->toolTip() : QString());
-  bound.mark->setText(flagged ? "!" : "");
+  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, back, now.copied);
+  ShowFinding(bound, now);
+}
+
+void FormBinding::ShowFinding(Bound& bound, const Control& now) {
+  const QString finding = Q(!now.finding.empty() ? now.finding : now.back == Back::kFlag ? now.tip : "");
+  QStringList said;
+  for (const QString& text :
+       {finding, Q(now.hint), now.copied ? tr("Copied from the month before, not yet confirmed") : ""})
+    if (!text.isEmpty()) said << text;
+  bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : said.join('\n'));
+  bound.widget->setAccessibleDescription(said.join('\n'));
+  bound.mark->setText(finding.isEmpty() ? "" : "!");
+  bound.mark->setToolTip(finding);
   QPalette red = bound.mark->palette();
   red.setColor(QPalette::WindowText, EditingRed(bound.row->palette()));
   bound.mark->setPalette(red);
 }
 
+bool FormBinding::ShowRemarks(Bound& bound, const Control& now) {
+  const auto small = [&](QLabel*& label, const char* what, QWidget* parent) {
+    if (label != nullptr) return;
+    label = new QLabel(parent);
+    label->setObjectName(Q(now.name) + what);
+    label->setTextFormat(Qt::PlainText);
+    QPalette quiet = label->palette();
+    quiet.setColor(QPalette::WindowText, Quiet(quiet));
+    label->setPalette(quiet);
+  };
+  if (!now.was.empty() && bound.was == nullptr) {
+    small(bound.was, "_Was", bound.row);
+    QFont font = bound.was->font();
+    font.setPointSizeF(font.pointSizeF() * 0.9);
+    bound.was->setFont(font);
+    bound.was->setToolTip(tr("The month before"));
+    auto* row = static_cast<QHBoxLayout*>(bound.row->layout());
+    row->insertWidget(row->indexOf(bound.mark) + 1, bound.was);
+  }
+  if (bound.was != nullptr) {
+    bound.was->setText(Q(now.was));
+    bound.was->setVisible(!now.was.empty());
+  }
+  const bool has_remark = !now.hint.empty() && bound.caption != nullptr;
+  if (has_remark && bound.remark == nullptr) {
+    small(bound.remark, "_Hint", bound.row->parentWidget());
+    bound.remark->setWordWrap(true);
+  }
+  if (bound.remark == nullptr) return false;
+  const bool changes = bound.remark->text() != Q(now.hint) || bound.remark->isHidden() == has_remark;
+  bound.remark->setText(Q(now.hint));
+  bound.remark->setVisible(has_remark);
+  return changes;
+}
+
 void FormBinding::ShowTab(QTabWidget& tab, const Control& now) {
-  for (int page = 0; page < tab.count(); ++page)
-    tab.setTabEnabled(page, now.page_available[static_cast<std::size_t>(page)]);
+  for (int page = 0; page < tab.count(); ++page) {
+    const auto at = static_cast<std::size_t>(page);
+    tab.setTabEnabled(page, now.page_available[at]);
+    if (at >= now.counts.size()) continue;
+    const QString text = Q(now.items[at]) + (now.counts[at] == 0 ? QString() : QString(" (%1)").arg(now.counts[at]));
+    if (tab.tabText(page) != text) tab.setTabText(page, text);
+  }
   if (tab.currentIndex() != now.index) tab.setCurrentIndex(now.index);
 }
 
@@ -374,7 +547,8 @@ void FormBinding::Show(Bound& bound, const Control& now) {
   } else if (auto* results = qobject_cast<ResultsList*>(bound.widget)) {
     if (!bound.drawn || now.rows != bound.shown.rows) results->ShowRows(now);
     const QList<int> picked(now.picked.begin(), now.picked.end());
-    if (results->Picked() != picked) results->ShowPicked(now);
+    if (IsEnabled(form_, now) && results->Picked() != picked) results->ShowPicked(now);
+    results->SetUsable(IsEnabled(form_, now));
     SetLook(*results, "look", LookName(now.back));
   } else if (auto* list_of_model = qobject_cast<ModelList*>(bound.widget)) {
     list_of_model->Sync();
@@ -407,6 +581,7 @@ bool FormBinding::Sync() {
       if (bound.caption != nullptr) bound.caption->setVisible(visible);
     }
     Show(bound, now);
+    if (bound.mark != nullptr && ShowRemarks(bound, now)) moved = true;
     bound.shown = now;
     bound.drawn = true;
   }

@@ -7,6 +7,9 @@
 #include <QTabWidget>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "desktop/acts.h"
@@ -23,13 +26,16 @@ struct Bound {
   const Control* control = nullptr;
   QWidget* widget = nullptr;
   QLabel* caption = nullptr;  // beside it
-  QLabel* mark = nullptr;     // at its end, when it is flagged
+  QLabel* mark = nullptr;     // at its end, when it has a finding
+  QLabel* was = nullptr;      // behind it: the month before
+  QLabel* remark = nullptr;   // below it: what a save makes of the text
   QWidget* row = nullptr;     // that holds field, mark and note
   Control shown;              // the state that the widgets show
   bool drawn = false;
 };
 
 class FormBinding : public QObject {
+  Q_OBJECT
  public:
   FormBinding(Acts& acts, Form& form, QObject* parent) : QObject(parent), acts_(acts), form_(form) {}
 
@@ -49,11 +55,30 @@ class FormBinding : public QObject {
   bool Sync();
   // Gives the focus that the form asks for.
   void TakeFocus();
+  // Clicks a button, unless `may_press` stops it.
+  void Press(const std::string& button);
+  // Asked before a button's click is done, and called when it is.
+  std::function<bool(const std::string& button)> may_press;
+  std::function<void(const std::string& button)> pressed;
+  // Enter in a field: it goes on from there; true when it did.
+  std::function<bool(QWidget* from)> enter;
+  // Gives the field with the focus the text that it was entered with; false when it has it.
+  bool TakeBackField();
+  // What stands in it now is what it is given back from here on.
+  void KeepField();
+  // The open fields, in the order of the sheet.
+  std::vector<QWidget*> OpenFields() const;
+  // The control of the widget, or of one around it; null when it is none of the form's.
+  const Control* ControlOf(const QWidget* widget) const;
   QWidget* Find(const std::string& name) const;
   // Whether a label stands beside a field, which brings it along.
   bool IsCaptionOrNote(const std::string& label) const;
   // The row that holds a field, its mark and its note.
   QWidget* RowOf(const std::string& name) const;
+
+ signals:
+  // Another field is pointed at, or none.
+  void Pointed(const Control* field);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -64,16 +89,24 @@ class FormBinding : public QObject {
   QWidget* MakeLine(const Control& control, QWidget* parent);
   QWidget* MakeChoice(const Control& control, QWidget* parent);
   void TypeInto(const std::string& name, QLineEdit& line);
+  void PasteBehind(const Control& control, const QStringList& cells);
+  bool PutInto(QWidget& field, const QString& cell);
+  bool HandleKey(QWidget* widget, const QKeyEvent& key);
+  void EnterField(const Control& control, QWidget* named, QWidget* widget, Qt::FocusReason reason);
 
   void Show(Bound& bound, const Control& now);
   void ShowText(QWidget& widget, const Control& now);
   void ShowList(ListField& list, const Control& now, const Control& shown, bool drawn);
   void ShowState(Bound& bound, const Control& now);
+  void ShowFinding(Bound& bound, const Control& now);
+  // What stands beside the field; true when a row became higher or lower.
+  bool ShowRemarks(Bound& bound, const Control& now);
   void ShowTab(QTabWidget& tab, const Control& now);
 
   Acts& acts_;
   Form& form_;
   std::vector<std::unique_ptr<Bound>> bound_;
+  std::string entered_, entered_text_;  // the field that was entered last, and its text then
 };
 
 // The text of a caption: '&' doubled in captions is one, and a field without caption goes by its tag.

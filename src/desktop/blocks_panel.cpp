@@ -84,14 +84,17 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   int height = field_height;
   if (caption != nullptr) height = std::max(height, caption->heightForWidth(caption_width));
   const int note_height = below ? row.note->heightForWidth(room) + kNoteGap : 0;
-  if (!move) return height + note_height;
+  QLabel* remark = row.bound->remark;
+  const int remark_height = remark == nullptr || remark->isHidden() ? 0 : remark->heightForWidth(room) + kNoteGap;
+  if (!move) return height + note_height + remark_height;
+  if (remark_height > 0) remark->setGeometry(left, y + height + note_height + kNoteGap, room, remark_height - kNoteGap);
   const int shown_height = row.bound->control->lines ? height : field_height;
   field->setGeometry(left, y + (height - shown_height) / 2, room - note_width, shown_height);
   if (below) row.note->setGeometry(left, y + height + kNoteGap, room, note_height - kNoteGap);
   if (note_width > 0) row.note->setGeometry(x + width - note_width + kToField, y, note_width - kToField, height);
   if (row.bound->control->lines && caption != nullptr) caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
   if (caption != nullptr) caption->setGeometry(x, y + (row.bound->control->lines ? 4 : 0), caption_width, height);
-  return height + note_height;
+  return height + note_height + remark_height;
 }
 
 int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width, bool move) {

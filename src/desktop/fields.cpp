@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QStyle>
 #include <QTimer>
@@ -11,6 +12,7 @@
 #include <QWheelEvent>
 
 #include "desktop/look.h"
+#include "forms/pasted.h"
 
 namespace merlu {
 
@@ -21,14 +23,30 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value) {
   widget.style()->polish(&widget);
 }
 
+namespace {
+
+// What the style sheet paints behind the text of the field.
+QColor GroundOf(const QWidget& field) {
+  const QPalette palette = QApplication::palette();
+  if (!field.isEnabled() || field.property("look") == "face") return FaceColour(palette);
+  if (field.property("look") == "flag") return kFlagBack;
+  return field.property("copied").toBool() ? CopiedGround(palette) : palette.color(QPalette::Base);
+}
+
+}  // namespace
+
 const char* LookName(Back back) {
   return back == Back::kFlag ? "flag" : back == Back::kFace ? "face" : "window";
+}
+
+bool IsEntered(Qt::FocusReason reason) {
+  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
 void LineField::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
   entered_by_mouse_ = event->reason() == Qt::MouseFocusReason;
-  selectAll();
+  if (IsEntered(event->reason())) selectAll();
 }
 
 void LineField::mouseReleaseEvent(QMouseEvent* event) {
@@ -36,6 +54,45 @@ void LineField::mouseReleaseEvent(QMouseEvent* event) {
   // the press that entered the field would otherwise have put the caret into the selected text
   if (entered_by_mouse_ && !hasSelectedText()) selectAll();
   entered_by_mouse_ = false;
+}
+
+void LineField::PasteCells() {
+  if (isReadOnly()) return;
+  const std::string text = QApplication::clipboard()->text().toStdString();
+  QStringList cells;
+  for (const std::string& cell : PastedCells(text, numeric_)) cells << QString::fromStdString(cell);
+  insert(numeric_ ? QString::fromStdString(PastedNumber(cells.front().toStdString())) : cells.front());
+  cells.removeFirst();
+  if (!cells.isEmpty()) emit PastedFurther(cells);
+}
+
+void LineField::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Paste)) return PasteCells();
+  QLineEdit::keyPressEvent(event);
+}
+
+void LineField::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* menu = createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  if (auto* paste = menu->findChild<QAction*>("edit-paste")) {
+    paste->disconnect(SIGNAL(triggered()));
+    connect(paste, &QAction::triggered, this, &LineField::PasteCells);
+  }
+  menu->popup(event->globalPos());
+}
+
+void LineField::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  constexpr int kFrame = 3, kAside = 9;
+  if (hasFocus() || !numeric_ || fontMetrics().horizontalAdvance(text()) <= width() - 2 * kAside) return;
+  const QString dots = QStringLiteral("…");
+  const int room = fontMetrics().horizontalAdvance(dots) + 4;
+  const QRect end(width() - kFrame - room, kFrame, room, height() - 2 * kFrame);
+  QPainter painter(this);
+  // the ground of the field, whatever state it shows
+  painter.fillRect(end, GroundOf(*this));
+  painter.setPen(property("look") == "flag" ? QColor(kFlagText) : palette().color(QPalette::WindowText));
+  painter.drawText(end, Qt::AlignVCenter | Qt::AlignLeft, dots);
 }
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
@@ -90,11 +147,14 @@ ListField::ListField(QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::StrongFocus);
 }
 
-void ListField::SetState(bool locked, Back back) {
+void ListField::SetState(bool locked, Back back, bool copied) {
+  constexpr int kAside = 6;  // texts stand as far from the border as in a field
   locked_ = locked;
   back_ = back;
+  copied_ = copied;
   if (lineEdit() != nullptr) {
     lineEdit()->setReadOnly(locked);
+    lineEdit()->setTextMargins(std::max(0, kAside - lineEdit()->x()), 0, 0, 0);
     // the list paints the ground, so that all lists tell their state in the same way
     QPalette colours = lineEdit()->palette();
     colours.setColor(QPalette::Base, Qt::transparent);
@@ -117,6 +177,9 @@ void ListField::showPopup() {
 
 // Escape closes the list that is open, and is no command of the window.
 bool ListField::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && watched == view() && lineEdit() == nullptr &&
+      Seek(*static_cast<QKeyEvent*>(event)))
+    return true;
   const bool escapes =
       event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
   if (escapes) event->accept();
@@ -137,7 +200,39 @@ void ListField::wheelEvent(QWheelEvent* event) {
 void ListField::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return QApplication::clipboard()->setText(currentText());
   if (locked_) return event->ignore();
+  if (lineEdit() == nullptr && Seek(*event)) return;
   QComboBox::keyPressEvent(event);
+}
+
+bool ListField::Seek(const QKeyEvent& key) {
+  constexpr int kPause = 1000;  // milliseconds after which a name begins anew
+  const QString text = key.text();
+  const bool plain = (key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+  if (!plain || text.isEmpty() || !text[0].isPrint()) return false;
+  const bool goes_on = typed_.isValid() && typed_.elapsed() < kPause && !sought_.isEmpty();
+  if (!goes_on && text == " ") return false;
+  typed_.start();
+  const bool same_letter = goes_on && sought_.compare(text, Qt::CaseInsensitive) == 0;
+  sought_ = goes_on && !same_letter ? sought_ + text : text;
+  // the same letter again goes on to the next item that begins with it
+  const int now = view()->isVisible() ? view()->currentIndex().row() : currentIndex();
+  const int from = std::max(0, now + (same_letter || !goes_on ? 1 : 0));
+  for (int step = 0; step < count(); ++step) {
+    const int index = (from + step) % count();
+    if (!itemText(index).startsWith(sought_, Qt::CaseInsensitive)) continue;
+    ShowItem(index);
+    break;
+  }
+  return true;
+}
+
+void ListField::ShowItem(int index) {
+  if (view()->isVisible()) {
+    view()->setCurrentIndex(model()->index(index, modelColumn(), rootModelIndex()));
+  } else if (index != currentIndex()) {
+    setCurrentIndex(index);
+    emit activated(index);
+  }
 }
 
 void ListField::paintEvent(QPaintEvent*) {
@@ -145,7 +240,10 @@ void ListField::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool flagged = isEnabled() && back_ == Back::kFlag;
   const bool plain = isEnabled() && back_ == Back::kWindow;
-  const QColor ground = flagged ? kFlagBack : plain ? palette().color(QPalette::Base) : FaceColour(palette());
+  const QColor ground = flagged            ? QColor(kFlagBack)
+                        : plain && copied_ ? CopiedGround(palette())
+                        : plain            ? palette().color(QPalette::Base)
+                                           : FaceColour(palette());
   const QColor ink = InkOfText();
   const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
   const QColor border = focused ? Accent(palette()) : plain ? Border(palette()) : Line(palette());
@@ -171,7 +269,7 @@ NotesField::NotesField(QWidget* parent) : QPlainTextEdit(parent) {
 
 void NotesField::focusInEvent(QFocusEvent* event) {
   QPlainTextEdit::focusInEvent(event);
-  if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason) selectAll();
+  if (event->reason() != Qt::MouseFocusReason && IsEntered(event->reason())) moveCursor(QTextCursor::End);
 }
 
 }  // namespace merlu

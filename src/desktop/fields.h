@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -16,18 +17,32 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value);
 // "window", "face" or "flag".
 const char* LookName(Back back);
 
-// A line of text, or a masked box: the text is selected when the field is entered.
+// Whether the field is entered: not so when a list or another window gives the focus back.
+bool IsEntered(Qt::FocusReason reason);
+
+// A line of text, or a masked box: the text is selected when the field is entered. A number that is longer than the
+// field shows its beginning and an ellipsis while nobody is in the field.
 class LineField : public QLineEdit {
   Q_OBJECT
  public:
   explicit LineField(QWidget* parent) : QLineEdit(parent) {}
+  void SetNumeric(bool numeric) { numeric_ = numeric; }
+
+ signals:
+  // Cells behind the first one that was pasted.
+  void PastedFurther(const QStringList& cells);
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
-  bool entered_by_mouse_ = false;
+  void PasteCells();
+
+  bool entered_by_mouse_ = false, numeric_ = false;
 };
 
 // A label that never asks for more room than there is: what does not fit is left out of its middle, and told
@@ -68,7 +83,7 @@ class ListField : public QComboBox {
   Q_OBJECT
  public:
   explicit ListField(QWidget* parent);
-  void SetState(bool locked, Back back);
+  void SetState(bool locked, Back back, bool copied);
   bool locked() const { return locked_; }
   void showPopup() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -82,12 +97,17 @@ class ListField : public QComboBox {
 
  private:
   QColor InkOfText() const;
+  // Finds the item that begins with what was typed, blanks included. False when the key is none of a name.
+  bool Seek(const QKeyEvent& key);
+  void ShowItem(int index);
 
-  bool locked_ = false;
+  bool locked_ = false, copied_ = false;
   Back back_ = Back::kWindow;
+  QString sought_;
+  QElapsedTimer typed_;
 };
 
-// Several lines of text; Tab leaves it.
+// Several lines of text, entered behind the last; Tab leaves it.
 class NotesField : public QPlainTextEdit {
   Q_OBJECT
  public:

@@ -1,8 +1,12 @@
 #include "desktop/look.h"
 
+#include <QDialogButtonBox>
 #include <QPainter>
 #include <QStyleOption>
 #include <QTabBar>
+
+#include <algorithm>
+#include <cmath>
 
 namespace merlu {
 namespace {
@@ -37,6 +41,31 @@ QColor Quiet(const QPalette& palette) {
   return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.35);
 }
 
+double Contrast(const QColor& a, const QColor& b) {
+  const auto luminance = [](const QColor& colour) {
+    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+  };
+  const double first = luminance(a), second = luminance(b);
+  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+// As faint as a text may be that is to be read on the grounds of windows and fields.
+QColor Dimmed(const QPalette& palette) {
+  constexpr double kReadable = 4.6;
+  const QColor ink = palette.color(QPalette::WindowText), window = palette.color(QPalette::Window);
+  QColor dimmed = ink;
+  for (int share = 55; share > 0; share -= 2) {
+    dimmed = Mix(ink, window, share / 100.0);
+    if (Contrast(dimmed, FaceColour(palette)) >= kReadable && Contrast(dimmed, window) >= kReadable) break;
+  }
+  return dimmed;
+}
+
+QColor CopiedGround(const QPalette& palette) {
+  return Mix(palette.color(QPalette::Base), Accent(palette), 0.18);
+}
+
 QColor Line(const QPalette& palette) {
   return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78);
 }
@@ -56,6 +85,14 @@ QIcon ProgramIcon() {
 }
 
 LookStyle::LookStyle() : QProxyStyle("Fusion") {}
+
+// Boxes show their buttons as the dialogs do: what goes on stands last, none has an icon.
+int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* data) const {
+  if (hint == SH_DialogButtonLayout) return QDialogButtonBox::GnomeLayout;
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, data);
+}
 
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
@@ -101,6 +138,9 @@ QString StyleSheet(const QPalette& palette) {
     QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid %4; padding: 2px 5px; }
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { background: %5; border-color: %6; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { background: rgb(255,128,128); color: rgb(40,10,10); border-color: rgb(170,50,50); }
+    QLineEdit[look="window"][copied="true"], QPlainTextEdit[look="window"][copied="true"] { background: %10; }
+    QLineEdit[look="face"]:focus, QPlainTextEdit[look="face"]:focus { border-color: %4; }
+    QLineEdit[look="flag"]:focus, QPlainTextEdit[look="flag"]:focus { border-color: rgb(120,0,0); }
     QLineEdit:disabled, QPlainTextEdit:disabled { background: %5; border-color: %6; color: %7; }
     QComboBox QLineEdit { border: none; padding: 0; background: transparent; }
     QLabel:disabled, QCheckBox:disabled, QRadioButton:disabled { color: %7; }
@@ -119,8 +159,11 @@ QString StyleSheet(const QPalette& palette) {
     QTreeView { border: 1px solid %6; background: %2; alternate-background-color: %5; color: %3;
                 selection-background-color: %9; selection-color: white; }
     QTreeView[look="face"] { background: %5; alternate-background-color: %8; }
+    QTreeView:focus { border-color: %4; }
+    QTreeView:!focus { selection-background-color: %6; selection-color: %3; }
     QTreeView:disabled { color: %7; selection-background-color: %6; selection-color: %3; }
-    QTreeView#tvwTree { border: none; background: %8; }
+    QTreeView#tvwTree { border: 2px solid %8; background: %8; }
+    QTreeView#tvwTree:focus { border-color: %4; }
     QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
     QProgressBar { border: 1px solid %6; border-radius: 4px; background: %2; min-height: 10px; max-height: 10px; }
     QProgressBar::chunk { border-radius: 3px; background: %4; }
@@ -130,8 +173,9 @@ QString StyleSheet(const QPalette& palette) {
   const auto name = [](const QColor& colour) { return colour.name(); };
   const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);
   return form.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
-                  name(FaceColour(palette)), name(Line(palette)), name(Mix(ink, ground, 0.55)),
-                  name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)));
+                  name(FaceColour(palette)), name(Line(palette)), name(Dimmed(palette)),
+                  name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)),
+                  name(CopiedGround(palette)));
 }
 
 }  // namespace merlu

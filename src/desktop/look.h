@@ -21,6 +21,11 @@ QColor Line(const QPalette& palette);        // thin borders and rules
 QColor Border(const QPalette& palette);      // of what can be edited
 QColor FaceColour(const QPalette& palette);  // background of what is read-only
 
+QColor Dimmed(const QPalette& palette);        // texts of what is disabled
+QColor CopiedGround(const QPalette& palette);  // of a value taken over and not yet confirmed
+// How far two colours stand apart, from 1 to 21.
+double Contrast(const QColor& a, const QColor& b);
+
 // The program's icon, in the sizes that are part of the program.
 QIcon ProgramIcon();
 
@@ -33,6 +38,8 @@ class LookStyle : public QProxyStyle {
   LookStyle();
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override;
 };
 
 QString StyleSheet(const QPalette& palette);

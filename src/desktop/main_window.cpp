@@ -10,7 +10,6 @@
 #include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -19,6 +18,7 @@
 #include "base/dates.h"
 #include "desktop/access_keys.h"
 #include "desktop/look.h"
+#include "desktop/navigation_tree.h"
 #include "desktop/shortcuts.h"
 #include "qc/qc_log.h"
 #include "session/messages.h"
@@ -30,12 +30,15 @@ namespace merlu {
 namespace {
 
 constexpr const char* kMainButtons[] = {"cmdEditMode", "cmdQC", "cmdCANCEL", "cmdSaveEdits", "cmdSaveExit", "cmdEdit"};
+constexpr const char* kCancel = "cmdCANCEL";
+constexpr const char* kSave = "cmdSaveEdits";
 constexpr int kTreeWidth = 280;
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
 }
 
+constexpr const char* kDelete = "mnuEDelete";
 constexpr const char* kHelpCommand = "mnuHCurrentScreen";
 
 bool HoldsMenus(const Form& main, const Control& menu) {
@@ -43,15 +46,42 @@ bool HoldsMenus(const Form& main, const Control& menu) {
                      [&](const Control& other) { return other.kind == Kind::kMenu && other.parent == menu.name; });
 }
 
-// Rows of one calm height.
-class TreeRows : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const QSize size = QStyledItemDelegate::sizeHint(option, index);
-    return {size.width(), option.fontMetrics.height() + 6};
-  }
+constexpr const char* kTreeFilter = "txtTREE_Filter";
+
+// Where the caret stands in a field, and what is selected there.
+struct Caret {
+  QPointer<QWidget> field;
+  int from = 0, to = 0;
 };
+
+Caret CaretOf(QWidget* field) {
+  Caret caret{field};
+  if (const auto* line = qobject_cast<QLineEdit*>(field)) {
+    caret.to = line->cursorPosition();
+    caret.from = !line->hasSelectedText()                           ? caret.to
+                 : line->selectionStart() == line->cursorPosition() ? line->selectionEnd()
+                                                                    : line->selectionStart();
+  } else if (const auto* notes = qobject_cast<QPlainTextEdit*>(field)) {
+    caret.from = notes->textCursor().anchor();
+    caret.to = notes->textCursor().position();
+  }
+  return caret;
+}
+
+void PutBack(const Caret& caret) {
+  if (caret.field == nullptr || !caret.field->isVisible() || !caret.field->isEnabled()) return;
+  caret.field->setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(caret.field)) {
+    line->setCursorPosition(caret.from);
+    line->cursorForward(true, caret.to - caret.from);
+  } else if (auto* notes = qobject_cast<QPlainTextEdit*>(caret.field)) {
+    const int end = notes->document()->characterCount() - 1;
+    QTextCursor cursor = notes->textCursor();
+    cursor.setPosition(std::min(caret.from, end));
+    cursor.setPosition(std::min(caret.to, end), QTextCursor::KeepAnchor);
+    notes->setTextCursor(cursor);
+  }
+}
 
 }  // namespace
 
@@ -59,13 +89,20 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   setObjectName("frmMain");
   MakeMenus();
   splitter_ = new QSplitter(this);
+  buttons_ = std::make_unique<FormBinding>(acts_, *s_.main, nullptr);
   MakeTree();
   auto* right = new QWidget(splitter_);
   auto* column = new QVBoxLayout(right);
   column->setContentsMargins(14, 12, 14, 10);
   column->setSpacing(10);
   sheets_ = new QStackedWidget(right);
-  blank_ = new QWidget(sheets_);
+  blank_ = new QLabel(sheets_);
+  blank_->setObjectName("blank");
+  blank_->setAlignment(Qt::AlignCenter);
+  blank_->setWordWrap(true);
+  QPalette quiet = blank_->palette();
+  quiet.setColor(QPalette::WindowText, Quiet(quiet));
+  blank_->setPalette(quiet);
   sheets_->addWidget(blank_);
   column->addWidget(sheets_, 1);
   auto* row = new QWidget(right);
@@ -78,16 +115,17 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   setCentralWidget(splitter_);
   path_ = new ElidedLabel(this);
   path_->setObjectName("SB1");
+  message_ = new QLabel(this);
+  message_->setObjectName("message");
   findings_ = new QLabel(this);
   findings_->setObjectName("findings");
   statusBar()->addWidget(path_, 1);
+  statusBar()->addPermanentWidget(message_);
   statusBar()->addPermanentWidget(findings_);
   MakeShortcuts();
-  setMinimumSize(900, 600);
-  resize(1180, 760);
-  // a screen that holds the smallest window gets one that fits, with its frame
-  const QSize room = screen()->availableSize() - QSize(8, 40);
-  if (room.width() >= minimumWidth() && room.height() >= minimumHeight()) resize(size().boundedTo(room));
+  setMinimumSize(600, 400);                                     // the sheets scroll
+  const QSize room = screen()->availableSize() - QSize(8, 40);  // with its frame
+  resize(QSize(1180, 760).boundedTo(room).expandedTo(minimumSize()));
   restoreGeometry(settings_.value("Window/geometry").toByteArray());
   splitter_->restoreState(settings_.value("Window/splitter").toByteArray());
   restoreState(settings_.value("Window/docks").toByteArray());
@@ -97,6 +135,10 @@ MainWindow::~MainWindow() {
   settings_.setValue("Window/geometry", saveGeometry());
   settings_.setValue("Window/splitter", splitter_->saveState());
   settings_.setValue("Window/docks", saveState());
+}
+
+QTreeView& MainWindow::tree() {
+  return *tree_;
 }
 
 // ---- making ----
@@ -120,7 +162,6 @@ void MainWindow::MakeMenus() {
     action->setObjectName(Q(name));
     actions_[name] = action;
     if (name == kHelpCommand) {
-      action->setShortcut(QKeySequence("F1"));
       connect(action, &QAction::triggered, this, &MainWindow::ShowHelpHere);
       continue;
     }
@@ -130,15 +171,17 @@ void MainWindow::MakeMenus() {
 }
 
 void MainWindow::MakeTree() {
-  tree_ = new QTreeView(splitter_);
+  auto* left = new QWidget(splitter_);
+  auto* column = new QVBoxLayout(left);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(4);
+  if (s_.main->Find(kTreeFilter) != nullptr) MakeFilter(left);
+  tree_ = new NavigationTree(left);
+  column->addWidget(tree_, 1);
   tree_->setObjectName("tvwTree");
   tree_->setAccessibleName("Navigation tree");
   model_ = new TreeModel(s_.tree, tree_);
   tree_->setModel(model_);
-  tree_->setItemDelegate(new TreeRows(tree_));
-  tree_->setHeaderHidden(true);
-  tree_->setUniformRowHeights(true);
-  tree_->setIndentation(16);
   tree_->setContextMenuPolicy(Qt::CustomContextMenu);
   tree_->setMinimumWidth(160);
   connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -155,13 +198,34 @@ void MainWindow::MakeTree() {
     if (!acts_.IsDrawing()) s_.tree.nodes[static_cast<std::size_t>(TreeModel::NodeOf(index))].expanded = false;
   });
   connect(tree_, &QTreeView::customContextMenuRequested, this, &MainWindow::ShowEditMenu);
+  connect(tree_, &NavigationTree::Opened, this, [this] {
+    if (auto* view = qobject_cast<SheetView*>(sheets_->currentWidget())) view->FocusAnything();
+  });
+}
+
+// A line that leaves in the tree what it finds. Enter and Down go on to the tree.
+void MainWindow::MakeFilter(QWidget* place) {
+  Bound& filter = buttons_->AddField(s_.main->At(kTreeFilter), place, false);
+  place->layout()->addWidget(filter.row);
+  auto* line = static_cast<QLineEdit*>(filter.widget);
+  line->setPlaceholderText(tr("Find in the tree"));
+  line->setAccessibleName(tr("Find in the tree"));
+  line->setClearButtonEnabled(true);
+  buttons_->enter = [this](QWidget*) {
+    tree_->setFocus(Qt::TabFocusReason);
+    return true;
+  };
 }
 
 void MainWindow::MakeButtons(QWidget* place) {
   auto* row = new QHBoxLayout(place);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(8);
-  buttons_ = std::make_unique<FormBinding>(acts_, *s_.main, nullptr);
+  buttons_->may_press = [this](const std::string& button) { return button != kCancel || MayDrop(); };
+  buttons_->pressed = [this](const std::string& button) {
+    SheetView* view = SheetInView();
+    if (button == kSave && view != nullptr && s_.editing && !s_.save_failed) view->KeepTexts();
+  };
   for (const char* name : kMainButtons) {
     Bound& button = buttons_->AddButton(s_.main->At(name), place);
     row->addWidget(button.widget);
@@ -170,14 +234,35 @@ void MainWindow::MakeButtons(QWidget* place) {
   for (const char* name : {"cmdEdit", "cmdSaveExit"}) SetLook(*buttons_->Find(name), "main", true);
 }
 
+SheetView* MainWindow::SheetInView() {
+  return qobject_cast<SheetView*>(sheets_->currentWidget());
+}
+
+// Whether what was typed since the record was loaded may go.
+bool MainWindow::MayDrop() {
+  const SheetView* view = SheetInView();
+  if (!s_.editing || view == nullptr || !view->HasTyped()) return true;
+  bool drop = false;
+  acts_.Run([&] { drop = AskUser(s_, "Drop what was typed?", {Button::kYes, Button::kNo}) == Button::kYes; });
+  return drop;
+}
+
 void MainWindow::PressButton(const char* button) {
-  const bool cancels = std::string_view(button) == "cmdCANCEL";
+  const bool cancels = std::string_view(button) == kCancel;
+  SheetView* view = SheetInView();
+  if (cancels && s_.editing && view != nullptr && view->TakeBackField()) return;
+  const bool was_editing = s_.editing;
+  QWidget* focus = focusWidget();
+  const Caret caret = CaretOf(focus);
   // the field that is being typed in hands over its text first
-  if (QWidget* focus = focusWidget(); focus != nullptr && !cancels && s_.main->Handles(button, Event::kClick)) {
+  if (focus != nullptr && !cancels && s_.main->Handles(button, Event::kClick)) {
     focus->clearFocus();
     focus->setFocus();
+    PutBack(caret);
   }
-  acts_.Do([&] { return act::Click(s_.desk, *s_.main, button); });
+  buttons_->Press(button);
+  // one that goes on in the same record leaves the hands where they are
+  if (was_editing && s_.editing && !s_.save_failed) PutBack(caret);
 }
 
 std::function<void()> MainWindow::ActOf(const std::string& id) {
@@ -185,28 +270,54 @@ std::function<void()> MainWindow::ActOf(const std::string& id) {
   if (id == shortcut::kPreviousNode) return [this] { StepNode(-1); };
   if (id == shortcut::kNextPage) return [this] { StepPage(1); };
   if (id == shortcut::kPreviousPage) return [this] { StepPage(-1); };
-  return [this] { ShortcutSheet(this).exec(); };
+  if (id == shortcut::kNextPart) return [this] { StepPart(1); };
+  if (id == shortcut::kPreviousPart) return [this] { StepPart(-1); };
+  return [this] { ShortcutSheet(*s_.main, this).exec(); };
 }
 
 void MainWindow::MakeShortcuts() {
+  sheet_menu_ = new QMenu(tr("&Sheet"), menuBar());
+  sheet_menu_->setObjectName("sheetMenu");
+  const auto before =
+      std::find_if(menus_.begin(), menus_.end(), [](const auto& menu) { return menu.first == "mnuReview"; });
+  menuBar()->insertMenu((before == menus_.end() ? menus_.at("mnuHelp") : before->second)->menuAction(), sheet_menu_);
   for (const Shortcut& row : Shortcuts()) {
     const std::string id = row.id;
-    if (id.empty()) continue;
-    auto* action = new QAction(tr(row.what), this);
-    action->setObjectName(Q(id));
-    action->setShortcut(QKeySequence(row.keys));
-    if (QWidget* button = buttons_->Find(id)) {
-      connect(action, &QAction::triggered, this, [this, name = row.id] { PressButton(name); });
-      button->setToolTip(tr(row.what) + " (" + KeysText(row) + ")");
-      button->setAccessibleDescription(button->toolTip());
-    } else {
-      connect(action, &QAction::triggered, this, ActOf(id));
+    if (id.empty() || !IsOffered(row, *s_.main)) continue;
+    if (const auto command = actions_.find(id); command != actions_.end()) {
+      command->second->setShortcut(QKeySequence(row.keys));
+      if (id == kDelete) {
+        // elsewhere the key is the field's
+        command->second->setShortcutContext(Qt::WidgetShortcut);
+        tree_->addAction(command->second);
+      }
+      continue;
     }
-    addAction(action);
-    if (id != shortcut::kSheet) continue;
-    action->setText(tr("&Keyboard Shortcuts"));
-    menus_.at("mnuHelp")->insertAction(actions_.at("mnuHAbout"), action);
+    MakeShortcut(row, id);
   }
+  QStringList texts;
+  for (const QAction* entry : sheet_menu_->actions()) texts << entry->text();
+  texts = WithAccessKeys(texts);
+  for (qsizetype i = 0; i < texts.size(); ++i) sheet_menu_->actions()[i]->setText(texts[i]);
+}
+
+void MainWindow::MakeShortcut(const Shortcut& row, const std::string& id) {
+  auto* action = new QAction(tr(row.what), this);
+  action->setObjectName(Q(id));
+  QList<QKeySequence> keys = {QKeySequence(row.keys)};
+  if (*row.also != '\0') keys << QKeySequence(row.also);
+  action->setShortcuts(keys);
+  if (QWidget* button = buttons_->Find(id)) {
+    connect(action, &QAction::triggered, this, [this, name = row.id] { PressButton(name); });
+    button->setToolTip(tr(row.what) + " (" + KeysText(row) + ")");
+    button->setAccessibleDescription(button->toolTip());
+  } else {
+    connect(action, &QAction::triggered, this, ActOf(id));
+  }
+  addAction(action);
+  if (id != shortcut::kSheet) return sheet_menu_->addAction(action);
+  action->setText(tr("&Keyboard Shortcuts"));
+  menus_.at("mnuHelp")->insertAction(actions_.at("mnuHAbout"), action);
 }
 
 // ---- acts ----
@@ -241,6 +352,41 @@ void MainWindow::StepNode(int step) {
   if (!s_.tree.enabled || !now.isValid()) return;
   const QModelIndex next = step > 0 ? tree_->indexBelow(now) : tree_->indexAbove(now);
   if (next.isValid()) tree_->setCurrentIndex(next);
+}
+
+// From the tree to the sheet to the buttons and round again.
+void MainWindow::StepPart(int step) {
+  const QWidget* focus = focusWidget();
+  QWidget* buttons = buttons_->Find(kMainButtons[0])->parentWidget();
+  const std::vector<QWidget*> parts = {tree_, sheets_, buttons};
+  const auto now = std::find_if(parts.begin(), parts.end(), [&](const QWidget* part) {
+    return focus != nullptr && (part == focus || part->isAncestorOf(focus));
+  });
+  const int count = static_cast<int>(parts.size());
+  int at = now == parts.end() ? (step > 0 ? -1 : 0) : static_cast<int>(now - parts.begin());
+  for (int tries = 0; tries < count; ++tries) {
+    at = (at + step + count) % count;
+    if (FocusPart(parts[static_cast<std::size_t>(at)])) return;
+  }
+}
+
+bool MainWindow::FocusPart(QWidget* part) {
+  if (part == tree_) {
+    tree_->setFocus(Qt::TabFocusReason);
+    return tree_->hasFocus();
+  }
+  if (part == sheets_) {
+    SheetView* view = SheetInView();
+    if (view != nullptr) view->FocusAnything();
+    return view != nullptr;
+  }
+  for (const char* name : kMainButtons) {
+    QWidget* button = buttons_->Find(name);
+    if (!button->isVisible() || !button->isEnabled()) continue;
+    button->setFocus(Qt::TabFocusReason);
+    return true;
+  }
+  return false;
 }
 
 void MainWindow::StepPage(int step) {
@@ -298,8 +444,11 @@ void MainWindow::SyncMenus() {
   for (const auto& [name, menu] : menus_) {
     const Control& control = s_.main->At(name);
     menu->setEnabled(control.enabled);
-    menu->menuAction()->setVisible(control.visible);
+    menu->menuAction()->setVisible(control.visible && !menu->isEmpty());
   }
+  for (QAction* entry : sheet_menu_->actions())
+    if (const Control* button = s_.main->Find(entry->objectName().toStdString()))
+      entry->setEnabled(button->enabled && button->visible);
   for (const auto& [name, action] : actions_) {
     const Control& control = s_.main->At(name);
     action->setEnabled(control.enabled);
@@ -375,13 +524,32 @@ QString MainWindow::Where() const {
 void MainWindow::SyncSheet() {
   SheetView* view = SheetToShow();
   if (view != nullptr) view->Sync(Where());
-  QWidget* widget = view == nullptr ? blank_ : view;
+  QWidget* widget = blank_;
+  if (view != nullptr) widget = view;
   if (sheets_->currentWidget() != widget) sheets_->setCurrentWidget(widget);
+  if (view == nullptr) blank_->setText(WhatNext());
   if (view != nullptr) view->TakeFocus();
+  if (view != nullptr) SyncEdit(*view);
   if (s_.main->focus == "tvwTree") {
     s_.main->focus.clear();
     tree_->setFocus();
   }
+}
+
+// An edit that begins, on this record or on the next, puts the hands on its first open field.
+void MainWindow::SyncEdit(SheetView& view) {
+  const int node = s_.editing ? s_.tree.selected : -1;
+  const bool begins = s_.editing && edited_ != node;
+  const bool goes_on = begins && edited_ >= 0;
+  edited_ = node;
+  if (!begins) return;
+  view.KeepTexts();
+  if (goes_on || !view.HasOpenFocus()) view.FocusFirstOpen();
+}
+
+QString MainWindow::WhatNext() const {
+  if (!s_.db.IsOpen()) return tr("No inventory is open. The menu File opens one, or makes a new one.");
+  return s_.tree.nodes.empty() ? QString() : tr("Choose a month, a structure or a piece of equipment in the tree.");
 }
 
 void MainWindow::SyncStatus() {

@@ -21,6 +21,9 @@ class QSettings;
 
 namespace merlu {
 
+class NavigationTree;
+struct Shortcut;
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -30,7 +33,7 @@ class MainWindow : public QMainWindow {
 
   // Draws what changed.
   void Sync();
-  QTreeView& tree() { return *tree_; }
+  QTreeView& tree();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -40,11 +43,17 @@ class MainWindow : public QMainWindow {
   void MakeMenus();
   void MakeTree();
   void MakeButtons(QWidget* place);
+  void MakeFilter(QWidget* place);
   void MakeShortcuts();
+  void MakeShortcut(const Shortcut& row, const std::string& id);
   std::function<void()> ActOf(const std::string& shortcut);
   void PressButton(const char* button);
   void StepNode(int step);
   void StepPage(int step);
+  void StepPart(int step);
+  bool FocusPart(QWidget* part);
+  SheetView* SheetInView();
+  bool MayDrop();
   void ClickTreeNode(const QModelIndex& index);
   void ShowEditMenu(const QPoint& at);
   // Help for the current screen, at the field that has the focus.
@@ -56,7 +65,9 @@ class MainWindow : public QMainWindow {
   void SyncTree();
   void SyncExpansion();
   void SyncSheet();
+  void SyncEdit(SheetView& view);
   void SyncStatus();
+  QString WhatNext() const;
   void SyncDocks();
   SheetView* SheetToShow();
   SheetView* ViewOf(Form& form, const std::string& frame);
@@ -69,16 +80,19 @@ class MainWindow : public QMainWindow {
   std::map<std::string, QAction*> actions_;
   std::string captions_;  // all that the menus show now
   QSplitter* splitter_ = nullptr;
-  QTreeView* tree_ = nullptr;
+  NavigationTree* tree_ = nullptr;
+  QMenu* sheet_menu_ = nullptr;  // what has keys and no entry of another menu
+  int edited_ = -1;              // node of the record whose edit has begun
   TreeModel* model_ = nullptr;
   int pressed_again_ = -1;  // the selected node, while the mouse is pressed on it
   std::uint64_t seen_revision_ = ~std::uint64_t{0}, seen_expansion_ = ~std::uint64_t{0};
   QStackedWidget* sheets_ = nullptr;
-  QWidget* blank_ = nullptr;
+  QLabel* blank_ = nullptr;
   std::map<std::string, SheetView*> views_;
   std::unique_ptr<FormBinding> buttons_;
   std::map<std::string, DockWindow*> docks_;  // by the name of the form
   QLabel* path_ = nullptr;
+  QLabel* message_ = nullptr;
   QLabel* findings_ = nullptr;
 };
 

@@ -1,5 +1,7 @@
 #include "desktop/results_list.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -141,7 +143,21 @@ void ResultsList::resizeEvent(QResizeEvent* event) {
   if (event->oldSize().width() != event->size().width()) FitColumns();
 }
 
+// The rows that are picked, or all of them.
+void ResultsList::Copy() const {
+  QString text;
+  for (int row = 0; row < topLevelItemCount(); ++row) {
+    const QTreeWidgetItem* item = topLevelItem(row);
+    if (!selectedItems().isEmpty() && !item->isSelected()) continue;
+    QStringList cells;
+    for (int column = 0; column < columnCount(); ++column) cells << item->text(column).simplified();
+    text += cells.join('\t') + '\n';
+  }
+  QApplication::clipboard()->setText(text);
+}
+
 void ResultsList::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return Copy();
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool steps = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
   if (((enter && opens_) || steps) && selectedItems().isEmpty() && topLevelItemCount() > 0) {

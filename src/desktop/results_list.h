@@ -15,6 +15,9 @@ class ResultsList : public QTreeWidget {
   void ShowRows(const Control& control);
   void ShowPicked(const Control& control);
   QList<int> Picked() const;
+  // Rows of a list that cannot be used now are still read, scrolled and copied.
+  void SetUsable(bool usable) { usable_ = usable; }
+  bool usable() const { return usable_; }
   // Widths that the user gave columns, as text from one run to the next; empty while he gave none.
   QString ChosenWidths() const;
   void ChooseWidths(const QString& widths);
@@ -30,10 +33,11 @@ class ResultsList : public QTreeWidget {
 
  private:
   void FitColumns();
+  void Copy() const;
   void KeepWidth(int column, int width);
   QString empty_text_;
   QList<int> chosen_;  // 0 for a column that fits itself
-  bool fitting_ = false;
+  bool fitting_ = false, usable_ = true;
   const bool opens_;  // a row that is picked can be opened
 };
 

@@ -1,11 +1,13 @@
 #include "desktop/sheet_view.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "desktop/look.h"
 #include "desktop/results_list.h"
 #include "qc/qc_list.h"
@@ -18,6 +20,7 @@ QString Q(const std::string& text) {
 }
 
 constexpr const char* kResultsCaption = "QC Results";
+constexpr std::size_t kCommentColumn = 2;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck ||
@@ -35,6 +38,96 @@ SheetView::SheetView(Acts& acts, Form& form, const std::string& frame, QWidget* 
   column->setSpacing(8);
   MakeBand();
   MakePages();
+  line_ = new ElidedLabel(this);
+  line_->setObjectName("sheetLine");
+  line_->setFixedHeight(line_->fontMetrics().height());
+  layout()->addWidget(line_);
+  binding_.enter = [this](QWidget* field) { return EnterFrom(field); };
+  connect(&binding_, &FormBinding::Pointed, this, [this](const Control* field) {
+    pointed_ = field;
+    ShowLine();
+  });
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now == nullptr || !isAncestorOf(now)) return;
+    last_focus_ = now;
+    ShowLine();
+  });
+}
+
+// ---- fields ----
+
+std::vector<std::string> SheetView::Texts() const {
+  std::vector<std::string> texts;
+  for (const Control& control : const_cast<SheetView*>(this)->binding_.form().controls())
+    if (IsField(control.kind) && IsInside(control, frame_)) texts.push_back(control.checked ? "on" : control.text);
+  return texts;
+}
+
+void SheetView::KeepTexts() {
+  kept_ = Texts();
+  binding_.KeepField();
+}
+
+bool SheetView::FocusFirstOpen() {
+  const std::vector<QWidget*> fields = binding_.OpenFields();
+  if (!fields.empty()) fields.front()->setFocus(Qt::OtherFocusReason);
+  return !fields.empty();
+}
+
+bool SheetView::HasOpenFocus() const {
+  const QWidget* focus = QApplication::focusWidget();
+  const std::vector<QWidget*> fields = binding_.OpenFields();
+  return std::any_of(fields.begin(), fields.end(), [&](const QWidget* field) {
+    return field == focus || (focus != nullptr && field->isAncestorOf(focus));
+  });
+}
+
+void SheetView::FocusAnything() {
+  if (last_focus_ != nullptr && last_focus_->isVisible() && last_focus_->isEnabled())
+    return last_focus_->setFocus(Qt::TabFocusReason);
+  if (!FocusFirstOpen()) tabs_->tabBar()->setFocus(Qt::TabFocusReason);
+}
+
+// From the last open field of a page Enter goes on to the next page that has one.
+bool SheetView::EnterFrom(QWidget* field) {
+  const Control* control = binding_.ControlOf(field);
+  const std::vector<QWidget*> fields = binding_.OpenFields();
+  if (control == nullptr || fields.empty() || fields.back()->objectName() != Q(control->name)) return false;
+  const int before = tabs_->currentIndex();
+  for (int page = before + 1; page < tabs_->count(); ++page) {
+    if (!tabs_->isTabEnabled(page)) continue;
+    tabs_->setCurrentIndex(page);
+    if (FocusFirstOpen()) return true;
+  }
+  if (tabs_->currentIndex() != before) {
+    tabs_->setCurrentIndex(before);
+    field->setFocus(Qt::OtherFocusReason);
+  }
+  if (behind_last) behind_last();
+  return behind_last != nullptr;
+}
+
+void SheetView::Say(const QString& text) {
+  QPalette colours = palette();
+  colours.setColor(QPalette::WindowText, Quiet(palette()));
+  line_->setPalette(colours);
+  line_->setText(text);
+}
+
+// The finding, or else the remark, of the field that is pointed at or has the focus.
+void SheetView::ShowLine() {
+  const QWidget* focus = QApplication::focusWidget();
+  const Control* control = pointed_;
+  if (control == nullptr && focus != nullptr && isAncestorOf(focus)) control = binding_.ControlOf(focus);
+  if (control == nullptr) return line_->clear();
+  const std::string finding = !control->finding.empty()      ? control->finding
+                              : control->back == Back::kFlag ? control->tip
+                                                             : "";
+  if (finding.empty()) return Say(Q(control->hint));
+  QPalette colours = palette();
+  colours.setColor(QPalette::WindowText, EditingRed(palette()));
+  line_->setPalette(colours);
+  line_->setText(CaptionOf(*control) + " " + Q(finding));
 }
 
 bool SheetView::IsInside(const Control& control, const std::string& ancestor) const {
@@ -181,7 +274,14 @@ void SheetView::ShowCount() {
   const auto count =
       std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row.back() != kSummaryMark; });
   const QString caption = Q(binding_.form().At(tab_).items[static_cast<std::size_t>(results_page_)]);
-  const QString text = count == 0 ? caption : caption + QString(" (%1)").arg(count);
+  const auto open = std::count_if(rows.begin(), rows.end(), [](const auto& row) {
+    return row.back() != kSummaryMark && row.size() > kCommentColumn && Trim(row[kCommentColumn]).empty();
+  });
+  const QString text = count == 0  ? caption
+                       : open == 0 ? caption + QString(" (%1)").arg(count)
+                                   : caption + tr(" (%1, %2 open)").arg(count).arg(open);
+  tabs_->setTabToolTip(results_page_,
+                       count == 0 ? QString() : tr("%1 findings, %2 without comment").arg(count).arg(open));
   if (tabs_->tabText(results_page_) != text) tabs_->setTabText(results_page_, text);
 }
 
@@ -190,6 +290,7 @@ void SheetView::Sync(const QString& where) {
   if (binding_.Sync())
     for (BlocksPanel* panel : panels_) panel->Arrange();
   ShowCount();
+  ShowLine();
 }
 
 }  // namespace merlu

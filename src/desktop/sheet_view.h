@@ -1,9 +1,13 @@
 // One sheet beside the tree: its title band, and its pages.
 #pragma once
 
+#include <QPointer>
+
 #include <QLabel>
 #include <QTabWidget>
 #include <QWidget>
+#include <functional>
+#include <string>
 
 #include <map>
 #include <string>
@@ -25,10 +29,26 @@ class SheetView : public QWidget {
   // Draws what changed; `where` says where the record is.
   void Sync(const QString& where);
   void TakeFocus() { binding_.TakeFocus(); }
+  // Gives the focus to the first open field of the page; false when there is none.
+  bool FocusFirstOpen();
+  bool HasOpenFocus() const;
+  // The sheet's part of a walk from part to part: the field that had the focus, or the first, or the pages.
+  void FocusAnything();
+  bool TakeBackField() { return binding_.TakeBackField(); }
+  // The fields as they stand are what a later change is compared with.
+  void KeepTexts();
+  bool HasTyped() const { return kept_ != Texts(); }
+  // Called for Enter on the last open field of the sheet.
+  std::function<void()> behind_last;
+  // What the line at the bottom says until something else is to be said.
+  void Say(const QString& text);
   // Shows the next available page, or the one before; round the ends.
   void StepPage(int step);
 
  private:
+  bool EnterFrom(QWidget* field);
+  std::vector<std::string> Texts() const;
+  void ShowLine();
   void MakeBand();
   void MakePages();
   void FillPage(int page, QWidget* place);
@@ -46,6 +66,10 @@ class SheetView : public QWidget {
   std::string results_;  // name of the list of findings
   int results_page_ = -1;
   QTabWidget* tabs_ = nullptr;
+  ElidedLabel* line_ = nullptr;       // what is to be said of a field
+  const Control* pointed_ = nullptr;  // the field that is pointed at
+  QPointer<QWidget> last_focus_;
+  std::vector<std::string> kept_;
   std::vector<BlocksPanel*> panels_;
 };
 

@@ -42,7 +42,8 @@ int TreeModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) return {};
+  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole && role != Qt::ToolTipRole))
+    return {};
   return QString::fromStdString(tree_.nodes[static_cast<std::size_t>(NodeOf(index))].text);
 }
 

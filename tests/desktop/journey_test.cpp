@@ -48,7 +48,7 @@ TEST(Journey, goes_from_an_empty_file_to_a_clean_second_month) {
   EXPECT_EQ(driver.texts.back(), "QC completed with 1 errors found");
   EXPECT_EQ(ToNumber(driver.Sql("SELECT OP_HR FROM EA_FLA WHERE EA_ID_AK=2")), 745);
   auto* tabs = driver.Find<QTabWidget>("tabFLA");
-  EXPECT_EQ(tabs->tabText(2), "QC Results (1)");
+  EXPECT_EQ(tabs->tabText(2), "QC Results (1, 1 open)");
 
   driver.Click("cmdEdit");
   tabs->setCurrentIndex(2);

@@ -216,9 +216,11 @@ TEST_F(Around, every_key_is_there_once_and_every_button_of_all_sheets_tells_its_
   OnFirstFlare();
   std::set<QString> seen;
   for (const Shortcut& row : Shortcuts()) {
-    EXPECT_TRUE(seen.insert(KeysText(row)).second) << row.keys;
+    // what goes from node to node goes from record to record while one is edited
+    const bool while_editing = std::string(row.id) == "mnuNNext" || std::string(row.id) == "mnuNPrevious";
+    EXPECT_TRUE(while_editing || seen.insert(KeysText(row)).second) << row.keys;
     EXPECT_FALSE(std::string(row.what).empty()) << row.keys;
-    if (std::string(row.id).empty()) continue;
+    if (std::string(row.id).empty() || !IsOffered(row, *driver_->app->session().main)) continue;
     auto* action = driver_->app->window()->findChild<QAction*>(row.id);
     ASSERT_NE(action, nullptr) << row.id;
     EXPECT_EQ(action->shortcut(), QKeySequence(row.keys));
@@ -238,7 +240,10 @@ TEST_F(Around, the_sheet_of_keys_lists_them_all_and_opens_from_the_help_menu_or_
     ++opened;
     auto* list = dialog->findChild<QTreeWidget*>();
     ASSERT_NE(list, nullptr);
-    ASSERT_EQ(list->topLevelItemCount(), static_cast<int>(Shortcuts().size()));
+    const Form& main = *driver_->app->session().main;
+    const auto offered = std::count_if(Shortcuts().begin(), Shortcuts().end(),
+                                       [&](const Shortcut& row) { return IsOffered(row, main); });
+    ASSERT_EQ(list->topLevelItemCount(), static_cast<int>(offered));
     EXPECT_EQ(list->columnCount(), 2);
     EXPECT_FALSE(list->verticalScrollBar()->isVisible());
     EXPECT_GE(list->columnWidth(1), list->fontMetrics().horizontalAdvance(Shortcuts()[10].what));

@@ -94,6 +94,8 @@ class Walk : public testing::Test {
     Prepare(folder_, ReadExample("year-of-all-types.merlu"));
     driver_ = std::make_unique<Driver>(folder_.path("inventory.mdb"));
     driver_->Start();
+    Main().resize(1180, 760);  // the offscreen screen is smaller
+    driver_->Settle();
   }
   MainWindow& Main() { return *driver_->app->window(); }
   Session& S() { return driver_->app->session(); }
@@ -198,6 +200,7 @@ TEST_F(Walk, through_every_command_of_the_menus_and_the_dialogs_behind_them) {
   std::set<std::string> given;
   const auto open_menus = [&](const std::string& where) {
     for (QMenu* menu : Menus()) {
+      if (menu->isEmpty()) continue;
       menu->popup(Main().mapToGlobal(QPoint(40, 30)));
       driver_->Settle();
       album.Keep(*menu, where + "-" + menu->objectName().toStdString());

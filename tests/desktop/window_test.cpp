@@ -118,6 +118,9 @@ TEST_F(Window, edits_saves_and_cancels_by_keyboard) {
   EXPECT_TRUE(driver_->app->session().editing);
   QTest::keyClicks(driver_->Widget("txtFLA_ConcH2S"), "8");
   Key(Qt::Key_Escape);
+  EXPECT_EQ(driver_->Text("txtFLA_ConcH2S"), "7") << "the field is taken back first";
+  EXPECT_TRUE(driver_->app->session().editing);
+  Key(Qt::Key_Escape);
   EXPECT_FALSE(driver_->app->session().editing);
   EXPECT_EQ(driver_->Text("txtFLA_ConcH2S"), "7");
 }
@@ -305,7 +308,7 @@ TEST(ListWithFreeText, tells_its_state_by_one_ground) {
   list.resize(160, 30);
   list.show();
   const auto ground = [&](bool locked, Back back) {
-    list.SetState(locked, back);
+    list.SetState(locked, back, false);
     QCoreApplication::processEvents();
     return list.grab().toImage().pixelColor(100, 8).name();
   };

@@ -1,0 +1,307 @@
+// A typist at the windows: what the keys do to fields, lists, the tree and the edit.
+#include <QClipboard>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+#include "desktop/navigation_tree.h"
+#include "desktop/results_list.h"
+#include "desktop/shortcuts.h"
+#include "driver.h"
+
+namespace merlu::test {
+namespace {
+
+// Two flares of a structure, the first of them in view in its first month.
+class Typist : public testing::Test {
+ protected:
+  Typist() {
+    TestRun run;
+    run.StartWith("FLA", "F1");
+    run.Select(run.Key());
+    run.AddEquipment("FLA", "F2");
+    run.s.db.Close();
+    path_ = folder_.path("inventory.mdb");
+    fs::copy_file(run.folder.path("inventory.mdb"), path_);
+    driver_ = std::make_unique<Driver>(path_);
+    driver_->Start();
+    driver_->Select(kFirst);
+  }
+  Session& S() { return driver_->app->session(); }
+  QLineEdit& Line(const char* name) { return *driver_->Find<QLineEdit>(name); }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : driver_->app->window(), key, modifiers);
+    driver_->Settle();
+  }
+  void Write(const QString& text) {
+    QTest::keyClicks(QApplication::focusWidget(), text);
+    driver_->Settle();
+  }
+  QString Focus() {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus == nullptr ? QString() : focus->objectName();
+  }
+  // The descriptions of the first flare, edited.
+  void EditDescription() {
+    driver_->Command("mnuSetEditMode");
+    driver_->Select("K12345   1001 1FLA      F1");
+    driver_->Click("cmdEdit");
+  }
+  static constexpr const char* kFirst = "K12345 12017   1001 1FLA      F1";
+
+  TemporaryFolder folder_;
+  std::string path_;
+  std::unique_ptr<Driver> driver_;
+};
+
+// ---- entering a field ----
+
+TEST_F(Typist, finds_a_field_selected_by_enter_and_by_a_click_but_not_when_the_window_comes_back) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  ASSERT_EQ(Focus(), "txtFLA_HrsOperated") << "an edit begins in its first open field";
+  Write("123");
+  Key(Qt::Key_Return);
+  Write("456");
+  Key(Qt::Key_Backtab);
+  EXPECT_EQ(Line("txtFLA_HrsOperated").selectedText(), "123");
+  Key(Qt::Key_End);
+  QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason), back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+  QApplication::sendEvent(&Line("txtFLA_HrsOperated"), &away);
+  QApplication::sendEvent(&Line("txtFLA_HrsOperated"), &back);
+  driver_->Settle();
+  Write("4");
+  EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "1234");
+}
+
+TEST_F(Typist, goes_on_at_the_end_of_a_comment) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  auto& notes = *driver_->Find<QPlainTextEdit>("txtFLA_Comments");
+  notes.setFocus(Qt::TabFocusReason);
+  Write("Upset on the 12th.");
+  driver_->app->window()->tree().window()->setFocus();
+  for (const Qt::FocusReason reason : {Qt::TabFocusReason, Qt::BacktabFocusReason, Qt::OtherFocusReason}) {
+    Line("txtFLA_HrsOperated").setFocus();
+    notes.setFocus(reason);
+    driver_->Settle();
+    EXPECT_FALSE(notes.textCursor().hasSelection());
+    EXPECT_TRUE(notes.textCursor().atEnd());
+  }
+  Key(Qt::Key_Return);
+  EXPECT_EQ(notes.toPlainText(), "Upset on the 12th.\n");
+}
+
+TEST_F(Typist, keeps_the_focus_and_the_caret_over_a_save) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  Write("123");
+  Key(Qt::Key_Left);
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(S().editing);
+  ASSERT_EQ(Focus(), "txtFLA_HrsOperated");
+  EXPECT_EQ(Line("txtFLA_HrsOperated").cursorPosition(), 2);
+  EXPECT_FALSE(Line("txtFLA_HrsOperated").hasSelectedText());
+  Write("9");
+  EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "1293");
+}
+
+// ---- Escape ----
+
+TEST_F(Typist, takes_back_the_field_first_and_is_asked_before_more_goes) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  Write("123");
+  Key(Qt::Key_Return);
+  Write("456");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "123");
+  EXPECT_EQ(Line("txtFLA_VolFlared").text(), "");
+  EXPECT_TRUE(S().editing);
+  driver_->OnNextBox(QMessageBox::No);
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(S().editing);
+  EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "123");
+  driver_->OnNextBox(QMessageBox::Yes);
+  driver_->Click("cmdCANCEL");
+  EXPECT_FALSE(S().editing);
+  EXPECT_EQ(driver_->texts, (std::deque<QString>{"Drop what was typed?", "Drop what was typed?"}));
+}
+
+TEST_F(Typist, is_not_asked_when_nothing_differs) {
+  driver_->LeaveDialogsToTheTest();
+  Key(Qt::Key_E, Qt::ControlModifier);
+  Write("123");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  Key(Qt::Key_Escape);
+  if (S().editing) Key(Qt::Key_Escape);
+  EXPECT_FALSE(S().editing);
+  EXPECT_EQ(ToNumber(driver_->Sql("SELECT OP_HR FROM EA_FLA")), 123);
+}
+
+// ---- lists ----
+
+TEST_F(Typist, finds_an_item_of_a_list_by_its_name_with_blanks) {
+  EditDescription();
+  auto& list = *driver_->Find<ListField>("cmbFLA_FlareSmoke");
+  S().desk.Find("frmFLA")
+      ->At("cmbFLA_FlareSmoke")
+      .items.insert(S().desk.Find("frmFLA")->At("cmbFLA_FlareSmoke").items.end(), {"Natural Draft", "Natural Gas"});
+  driver_->app->acts().Redraw();
+  const QString wanted = "Natural Gas";
+  list.setFocus(Qt::TabFocusReason);
+  Write(wanted.toLower());
+  EXPECT_EQ(list.currentText(), wanted);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(Typist, empties_a_list_by_delete_where_it_may_be_empty_and_nowhere_else) {
+  EditDescription();
+  auto& list = *driver_->Find<ListField>("cmbFLA_FlareSmoke");
+  Control& control = S().desk.Find("frmFLA")->At("cmbFLA_FlareSmoke");
+  list.setFocus(Qt::TabFocusReason);
+  Key(Qt::Key_Down);
+  const QString chosen = list.currentText();
+  ASSERT_FALSE(chosen.isEmpty());
+  const bool may = std::count(control.items.begin(), control.items.end(), "") > 0;
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(list.currentText(), may ? QString() : chosen);
+}
+
+// ---- pasting ----
+
+TEST_F(Typist, pastes_a_number_without_what_stands_around_it_and_a_row_into_the_fields_that_follow) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  QApplication::clipboard()->setText("1,200 hrs\t3\u00A0400\n");
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "1200");
+  EXPECT_EQ(Line("txtFLA_VolFlared").text(), "3400");
+  EXPECT_EQ(S().desk.Find("frmFLA")->At("txtFLA_VolFlared").text, "3400");
+}
+
+// ---- keys ----
+
+TEST_F(Typist, goes_by_f6_from_the_tree_to_the_sheet_to_the_buttons) {
+  QTreeView& tree = driver_->app->window()->tree();
+  tree.setFocus();
+  Key(Qt::Key_F6);
+  EXPECT_TRUE(driver_->Widget("frmFLA")->isAncestorOf(QApplication::focusWidget())) << Focus().toStdString();
+  Key(Qt::Key_F6);
+  EXPECT_NE(qobject_cast<QPushButton*>(QApplication::focusWidget()), nullptr) << Focus().toStdString();
+  Key(Qt::Key_F6);
+  EXPECT_EQ(QApplication::focusWidget(), &tree);
+  Key(Qt::Key_F6, Qt::ShiftModifier);
+  EXPECT_NE(qobject_cast<QPushButton*>(QApplication::focusWidget()), nullptr) << Focus().toStdString();
+}
+
+TEST_F(Typist, presses_by_enter_the_button_that_has_the_focus) {
+  driver_->Widget("cmdEdit")->setFocus(Qt::TabFocusReason);
+  Key(Qt::Key_Return);
+  EXPECT_TRUE(S().editing);
+}
+
+TEST_F(Typist, goes_by_enter_on_from_a_page_to_the_next_that_is_open) {
+  EditDescription();
+  auto& tab = *driver_->Find<QTabWidget>("tabFLA");
+  int open = -1;
+  for (int page = 1; page < tab.count() - 1 && open < 0; ++page)
+    if (tab.isTabEnabled(page)) open = page;
+  ASSERT_GE(open, 1);
+  for (int steps = 0; steps < 60 && tab.currentIndex() == 0; ++steps) {
+    if (qobject_cast<QPlainTextEdit*>(QApplication::focusWidget()) != nullptr)
+      Key(Qt::Key_Tab);
+    else
+      Key(Qt::Key_Return);
+  }
+  EXPECT_EQ(tab.currentIndex(), open);
+  EXPECT_TRUE(tab.currentWidget()->isAncestorOf(QApplication::focusWidget())) << Focus().toStdString();
+}
+
+TEST_F(Typist, has_every_key_in_a_menu_and_no_key_twice) {
+  std::map<QString, QString> keys;
+  std::set<QString> in_menus;
+  for (const QMenu* menu : driver_->app->window()->menuBar()->findChildren<QMenu*>()) {
+    for (const QAction* entry : menu->actions()) {
+      for (const QKeySequence& key : entry->shortcuts()) {
+        in_menus.insert(key.toString());
+        if (!entry->isEnabled()) continue;
+        EXPECT_TRUE(keys.emplace(key.toString(), entry->objectName()).second)
+            << key.toString().toStdString() << " " << entry->objectName().toStdString();
+      }
+    }
+  }
+  for (const Shortcut& row : Shortcuts()) {
+    const bool listed = in_menus.contains(QKeySequence(row.keys).toString());
+    EXPECT_TRUE(listed || *row.id == '\0' || !IsOffered(row, *S().main)) << row.keys;
+  }
+}
+
+// ---- the tree ----
+
+TEST_F(Typist, finds_a_node_by_its_type_and_by_its_id) {
+  auto& tree = static_cast<NavigationTree&>(driver_->app->window()->tree());
+  tree.setFocus();
+  for (const char letter : {'f', '2'}) tree.keyboardSearch(QString(letter));
+  driver_->Settle();
+  EXPECT_EQ(S().current.EquipID, "F2");
+  QTest::qWait(1100);
+  tree.keyboardSearch("c");
+  driver_->Settle();
+  EXPECT_EQ(S().current.EquipID, "F1") << "Combustion Flare, the next round the end";
+}
+
+TEST_F(Typist, goes_by_enter_from_the_tree_to_the_sheet_and_edits_by_f2) {
+  QTreeView& tree = driver_->app->window()->tree();
+  tree.setFocus();
+  Key(Qt::Key_Return);
+  EXPECT_NE(QApplication::focusWidget(), &tree);
+  tree.setFocus();
+  Key(Qt::Key_F2);
+  EXPECT_TRUE(S().editing);
+  EXPECT_EQ(Focus(), "txtFLA_HrsOperated");
+}
+
+TEST_F(Typist, deletes_from_the_tree_by_delete_and_from_nowhere_else) {
+  driver_->Command("mnuSetEditMode");
+  driver_->Select("K12345   1001 1FLA      F1");
+  driver_->Widget("cmdEdit")->setFocus();
+  Key(Qt::Key_Delete);  // a box would fail the test
+  bool asked = false;
+  driver_->OnNextModal([&](QWidget* box) {
+    asked = true;
+    static_cast<QDialog*>(box)->reject();
+  });
+  driver_->app->window()->tree().setFocus();
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(asked);
+}
+
+TEST(NodeText, is_shortened_in_its_type_and_never_in_its_id) {
+  const QFontMetrics metrics{QApplication::font()};
+  const QString text = "Boiler, Heater, or Burner: B-101";
+  EXPECT_EQ(ShortNodeText(text, metrics, 1000), text);
+  for (int width = metrics.horizontalAdvance("…: B-101") + 8; width < metrics.horizontalAdvance(text); width += 7) {
+    const QString shown = ShortNodeText(text, metrics, width);
+    EXPECT_TRUE(shown.endsWith("B-101")) << shown.toStdString();
+    EXPECT_LE(metrics.horizontalAdvance(shown), width) << shown.toStdString();
+  }
+}
+
+// ---- lists of findings ----
+
+TEST_F(Typist, copies_the_findings_in_view) {
+  driver_->OnNextBox();
+  driver_->Click("cmdQC");
+  auto& tab = *driver_->Find<QTabWidget>("tabFLA");
+  tab.setCurrentIndex(tab.count() - 1);
+  driver_->Settle();
+  auto& list = *driver_->Find<ResultsList>("lvwFLA_QCResults");
+  EXPECT_TRUE(list.isEnabled()) << "it scrolls";
+  ASSERT_GT(list.topLevelItemCount(), 0);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                    list.visualItemRect(list.topLevelItem(0)).center());
+  Key(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().startsWith(list.topLevelItem(0)->text(0) + "\t"));
+  EXPECT_TRUE(tab.tabText(tab.count() - 1).endsWith(" open)")) << tab.tabText(tab.count() - 1).toStdString();
+}
+
+}  // namespace
+}  // namespace merlu::test
