@@ -27,6 +27,7 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"sheets"},
     {"records"},
     {"qc_run", "exchange"},
+    {"entry"},
     {"inventory_qc"},
     {"shell"},
     {"host", "help"},

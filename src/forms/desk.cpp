@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "base/number_entry.h"
 #include "base/text.h"
 #include "forms/grid_model.h"
 #include "forms/list_model.h"
@@ -112,7 +113,13 @@ std::string GotFocus(Desk& desk, Form& form, std::string_view name) {
 }
 
 std::string LostFocus(Desk& desk, Form& form, std::string_view name) {
-  if (std::string why = WhyNot(desk, form, form.At(name), false); !why.empty()) return why;
+  Control& control = form.At(name);
+  if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
+  // a sum that cannot be computed stays as it was typed
+  if (control.numeric && !control.locked && IsSum(control.text)) {
+    control.text = SumText(control.text).value_or(control.text);
+    control.hint = NumberHint(control.text);
+  }
   form.Raise(name, Event::kLostFocus);
   return "";
 }
@@ -126,6 +133,8 @@ std::string Type(Desk& desk, Form& form, std::string_view name, std::string_view
     control.text =
         control.limit > 0 ? FirstCharacters(text, static_cast<std::size_t>(control.limit)) : std::string(text);
   control.touched = true;
+  control.copied = false;
+  if (control.numeric) control.hint = IsSum(control.text) ? "" : NumberHint(control.text);
   return "";
 }
 
@@ -135,6 +144,7 @@ std::string Choose(Desk& desk, Form& form, std::string_view name, std::string_vi
   const bool is_item = std::find(control.items.begin(), control.items.end(), text) != control.items.end();
   if (!is_item && !control.free_text) return "has no item \"" + std::string(text) + "\"";
   control.touched = true;
+  control.copied = false;
   SelectText(form, name, text);
   return "";
 }

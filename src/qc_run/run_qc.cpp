@@ -38,18 +38,21 @@ QCLocation Counted(const Session& s, QCLocation location) {
   return location;
 }
 
-void TellResult(Session& s, QCLocation& location, int count, bool silent) {
-  if (s.StructureInactive) {
-    if (!silent) Tell(s, "QC skipped for inactive Structure", Icon::kInfo);
-    return DelQCRecordsForStructMode(s, location);
-  }
-  if (s.EquipmentInactive) {
-    if (!silent) Tell(s, "QC skipped for inactive Equipment", Icon::kInfo);
-    return DelQCRecordsForEquipMode(s, location);
-  }
-  // a clean run of a record in one month wipes its findings of the mode in all other months too
+// What the result takes out of the log: findings of what is inactive; and a clean run of a record in one month wipes
+// its findings of the mode in all other months too.
+void WithdrawByResult(Session& s, const QCLocation& location, int count) {
+  if (s.StructureInactive) return DelQCRecordsForStructMode(s, location);
+  if (s.EquipmentInactive) return DelQCRecordsForEquipMode(s, location);
   if (count == 0 && location.Is(level::kStructure)) DelQCRecordsForStructMode(s, location);
   if (count == 0 && location.Is(level::kEquipment)) DelQCRecordsForEquipMode(s, location);
+}
+
+void TellResult(Session& s, int count, bool silent) {
+  if (s.StructureInactive || s.EquipmentInactive) {
+    const std::string what = s.StructureInactive ? "Structure" : "Equipment";
+    if (!silent) Tell(s, "QC skipped for inactive " + what, Icon::kInfo);
+    return;
+  }
   if (count == 0 && !silent) Tell(s, "QC completed, no errors found", Icon::kInfo);
   if (count > 0) Tell(s, "QC completed with " + std::to_string(count) + " errors found", Icon::kInfo);
 }
@@ -90,9 +93,17 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
     TellRunFault(s, fault);
     return 0;
   }
-  location = saved;
-  TellResult(s, location, count, silent);
+  WithdrawByResult(s, saved, count);
+  TellResult(s, count, silent);
   return static_cast<std::int16_t>(count);
+}
+
+void RunQCAmongMany(Session& s, const QCLocation& at) {
+  QCLocation location = at;
+  s.EquipmentInactive = s.StructureInactive = s.record_checked = false;
+  Run(s, location);
+  s.current = at;
+  WithdrawByResult(s, at, CountQCErrors(s, Counted(s, at)));
 }
 
 }  // namespace merlu

@@ -69,7 +69,9 @@ void ClearStructure(Session& s) {
     control.text.clear();
     control.index = -1;
     control.tip.clear();
-    control.touched = false;
+    control.touched = control.copied = false;
+    control.hint.clear();
+    control.was.clear();
   }
   main.At(kStatus).checked = false;
   main.At("lblNoEmissions").visible = false;

@@ -145,7 +145,9 @@ void ClearFrame(Session& s, const SheetSpec& sheet) {
       control.text.clear();
       control.index = -1;
       control.tip.clear();
-      control.touched = false;
+      control.touched = control.copied = false;
+      control.hint.clear();
+      control.was.clear();
       control.enabled = true;
     }
     control.checked = false;

@@ -174,6 +174,8 @@ void Turn(Control& field, bool on, const Enabling& how, Enabling::At at) {
                        (how.empties == Enabling::Empties::kAtClick && at == Enabling::At::kClick);
   if (on || !empties) return;
   field.text.clear();
+  field.hint.clear();
+  field.copied = false;
   field.index = -1;
 }
 

@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "entry/month_record.h"
 #include "qc_run/run_qc.h"
 #include "records/operator_record.h"
 #include "session/act.h"
+#include "shell/entry_commands.h"
 #include "shell/routing.h"
 #include "shell/trees.h"
 
@@ -32,6 +34,12 @@ void EndEdit(Session& s) {
   UnlockInterface(s);
   LockSheet(s);
   s.editing = false;
+  ShowEntryCommands(s);
+}
+
+// What stands in a field counts as if the field had been left.
+void LeaveFields(Session& s) {
+  for (Form* form : s.desk.showing) ComputeSums(*form);
 }
 
 // A save, with the look-up list that has grown during the edit.
@@ -55,10 +63,12 @@ void BeginEdit(Session& s) {
   SetEditing(s, true);
   s.editing = true;
   UnlockSheet(s);
+  ShowEntryCommands(s);
 }
 
 void SaveEdits(Session& s) {
   const SavingAct act(s);
+  LeaveFields(s);
   s.save_failed = false;
   SaveSheet(s, false);
   if (s.save_failed) return;
@@ -70,6 +80,7 @@ void SaveEdits(Session& s) {
 
 void SaveExit(Session& s) {
   const SavingAct act(s);
+  LeaveFields(s);
   s.save_failed = false;
   if (s.current.Is(level::kUser) && !ValidateOperator(s)) {
     s.save_failed = true;
@@ -102,6 +113,7 @@ void CancelEdit(Session& s) {
 }
 
 void RunQCHere(Session& s) {
+  LeaveFields(s);
   if (!CanUseRecord(s)) return;
   const Act act(s, "QC Run");
   const QCLocation here = s.current;

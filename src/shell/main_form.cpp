@@ -11,6 +11,8 @@
 #include "shell/dialogs.h"
 #include "shell/docks.h"
 #include "shell/edit_cycle.h"
+#include "shell/entry_commands.h"
+#include "shell/grid_dialog.h"
 #include "shell/edit_modes.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
@@ -65,6 +67,11 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuReview", "&Review", "", nullptr},
     {"mnuEntry", "E&ntry", "", nullptr},
+    {"mnuNGrid", "Month &Grid...", "mnuEntry", OpenMonthGrid},
+    {"mnuNCopy", "&Copy Previous Month", "mnuEntry", CopyPreviousMonth},
+    {"mnuNConfirm", "C&onfirm Copied Values", "mnuEntry", ConfirmCopiedValues},
+    {"mnuNNext", "Save and &Next", "mnuEntry", SaveAndNext},
+    {"mnuNPrevious", "Save and &Previous", "mnuEntry", SaveAndPrevious},
     {"mnuHelp", "&Help", "", nullptr},
     {"mnuHCurrentScreen", "Current &Screen", "mnuHelp", HelpHere},
     {"mnuHOther", "&Other Screens", "mnuHelp", nullptr},

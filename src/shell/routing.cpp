@@ -1,6 +1,7 @@
 #include "shell/routing.h"
 
 #include "base/text.h"
+#include "entry/month_record.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
@@ -9,6 +10,7 @@
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
+#include "shell/entry_commands.h"
 
 namespace merlu {
 namespace {
@@ -155,6 +157,7 @@ void LoadSheet(Session& s) {
   s.unreadable = s.faults_told != told;
   if (s.unreadable) Tell(s, kUnreadable, Icon::kWarning);
   s.unreadable = s.unreadable || !HasRecord(s);
+  if (!s.unreadable) ShowEntryMarks(s);
 }
 
 bool CanUseRecord(Session& s) {
@@ -193,6 +196,7 @@ void SaveSheet(Session& s, bool after_qc) {
     SaveStructure(s);
   }
   if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
+  if (!s.save_failed) Plainly(s, [&] { KeepCopiedOfShown(s); });
 }
 
 void ShowSheet(Session& s) {

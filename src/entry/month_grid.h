@@ -1,0 +1,92 @@
+// A month of many records as a table: one month of all equipment of a type, or all months of one piece. The cells
+// take, lock and are judged by what the records' own sheet has in its table; nothing is stored until it is saved.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "entry/save_record.h"
+#include "forms/grid_model.h"
+#include "rules/judge.h"
+
+namespace merlu {
+
+// What a paste would do to a cell.
+struct PastePlan {
+  int row = -1, column = -1;
+  std::string place, field, old_text, new_text, what;
+  bool Applies() const { return what == "set" || what == "changed"; }
+};
+
+struct GridSaved {
+  int records = 0, findings = 0;
+  std::string refused;  // why nothing was saved; empty when it was
+};
+
+class MonthGrid : public GridModel {
+ public:
+  explicit MonthGrid(Session& s) : s_(s) {}
+
+  // Shows one month of a type (no sheet: of the structures), or all months of one piece or structure: `key` is its
+  // ED_ID_AK or PD_ID_AK. What was typed and not yet saved is kept.
+  void ShowMonth(const SheetSpec* sheet, int month);
+  void ShowRecord(const SheetSpec* sheet, std::int64_t key);
+
+  const std::vector<GridColumn>& Columns() const override { return columns_; }
+  int RowCount() const override { return static_cast<int>(rows_.size()); }
+  std::string RowKey(int row) const override;
+  int FixedColumns() const override { return by_month_ ? 1 : 2; }
+  GridCell Cell(int row, int column) const override;
+  std::uint64_t Revision() const override { return revision_; }
+  std::uint64_t Shape() const override { return shape_; }
+  void SetCell(int row, int column, const std::string& text) override;
+  void Paste(int row, int column, const GridBlock& block) override;
+
+  // Asked when a paste refuses a cell or replaces a value; without it nothing is asked.
+  std::function<bool(const std::vector<PastePlan>&)> approve;
+
+  // The blank, open cells of the rows (all without any) take the month before. Returns how many.
+  int CopyBefore(const std::vector<int>& rows);
+  int Confirm(const std::vector<int>& rows);
+
+  int ChangedRecords() const { return static_cast<int>(changed_.size()); }
+  // All changed records in the order of the rows, or none of them.
+  GridSaved Save();
+  void Forget();
+
+ private:
+  struct Row;
+  using RowPtr = std::shared_ptr<Row>;
+
+  void Show(const SheetSpec* sheet, const RecordScope& scope, std::int64_t only);
+  void MakeColumns();
+  const FieldSpec* FieldAt(int column) const;
+  int StatusColumn() const { return static_cast<int>(columns_.size()) - 2; }
+  int CommentsColumn() const { return static_cast<int>(columns_.size()) - 1; }
+  bool IsLocked(const Row& row, int column) const;
+  std::string TextOf(const Row& row, int column) const;
+  std::string StoredTextOf(const Row& row, int column) const;
+  std::string Before(const Row& row, int column) const;
+  void Set(Row& row, int column, const std::string& text, bool copied);
+  void JudgeRow(Row& row) const;
+  void Note(const RowPtr& row);
+  PastePlan Plan(int row, int column, const std::string& text) const;
+  void KeepCopiedOf(const Row& row);
+  TypedRecord Typed(const Row& row) const;
+  Values ReadRow(const Row& row) const;
+
+  Session& s_;
+  const SheetSpec* sheet_ = nullptr;
+  std::vector<const FieldSpec*> fields_;
+  const RuleSet* rules_ = nullptr;
+  std::vector<GridColumn> columns_;
+  bool by_month_ = false;
+  std::vector<RowPtr> rows_;
+  std::map<std::string, RowPtr> changed_;  // by key, of other views too
+  std::uint64_t revision_ = 0, shape_ = 0;
+};
+
+}  // namespace merlu

@@ -1,0 +1,149 @@
+// Typing a month: sums, hints, the month before and what is taken over from it, saving and going on.
+#include "entry/month_record.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+class MonthEntry : public testing::Test {
+ protected:
+  // A flare F1 with a pilot and a vent V1 in two months; January has figures.
+  void SetUp() override {
+    run.StartWith("FLA", "F1");
+    run.Select(run.Key());
+    run.AddEquipment("VEN", "V1");
+    run.SelectRoot();
+    run.AddMonth();
+    run.s.db.Execute("UPDATE ED_FLA SET CTRL_FLA_PILOT_FLG=1");
+    run.s.db.Execute(
+        "UPDATE EA_FLA SET OP_HR=744,VOL_FLARED=12.5,PILOT_INCLUDED_IN_VOLUME='Yes' WHERE EA_ID_AK=(SELECT "
+        "MIN(EA_ID_AK) FROM EA_FLA)");
+  }
+  void GoToFlare(int month) { run.GoTo("FLA", "F1", Mode::kActv, month); }
+  TestRun run;
+};
+
+TEST_F(MonthEntry, computes_a_sum_when_its_field_is_left) {
+  GoToFlare(2);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "=12*31");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "372");
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").hint, "");
+  run.Set("txtFLA_HrsOperated", "=12*");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "=12*");
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").hint, "Not a number: will be saved blank");
+  run.Set("txtFLA_Comments", "=1+1");
+  EXPECT_EQ(run.Text("txtFLA_Comments"), "=1+1");
+}
+
+TEST_F(MonthEntry, computes_a_sum_that_a_save_finds_in_its_field) {
+  GoToFlare(2);
+  run.Click("cmdEdit");
+  run.At("txtFLA_HrsOperated").text = "=2*5";
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "10");
+}
+
+TEST_F(MonthEntry, tells_what_a_save_will_make_of_a_text_until_it_is_saved) {
+  GoToFlare(2);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "12,5");
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").hint, "Will be saved as 12");
+  run.Set("txtFLA_VolFlared", "abc");
+  EXPECT_EQ(run.At("txtFLA_VolFlared").hint, "Not a number: will be saved blank");
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "12");
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").hint, "");
+  EXPECT_EQ(run.At("txtFLA_VolFlared").hint, "");
+}
+
+TEST_F(MonthEntry, shows_the_month_before_beside_its_fields) {
+  GoToFlare(2);
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").was, "744");
+  EXPECT_EQ(run.At("txtFLA_VolFlared").was, "12.5");
+  EXPECT_EQ(run.At("cmbFLA_PilotIncludedInVolume").was, "Yes");
+  EXPECT_EQ(run.At("txtFLA_ConcH2S").was, "");
+  GoToFlare(1);
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").was, "");
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_OIL=1000 WHERE PA_MO=1");
+  run.Select(run.Key("", "", 2));
+  EXPECT_EQ(run.At("txtSTRUCTURE_ProdOil").was, "1000");
+  EXPECT_EQ(run.At("txtSTRUCTURE_ProdNG").was, "");
+}
+
+TEST_F(MonthEntry, copies_the_month_before_into_blank_open_fields) {
+  GoToFlare(2);
+  EXPECT_FALSE(run.WhyNotClick("mnuNCopy").empty());
+  run.Click("cmdEdit");
+  run.Set("txtFLA_VolFlared", "3");
+  EXPECT_FALSE(run.WhyNotClick("mnuNConfirm").empty());
+  run.Click("mnuNCopy");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "744");
+  EXPECT_TRUE(run.At("txtFLA_HrsOperated").copied);
+  EXPECT_EQ(run.Text("txtFLA_VolFlared"), "3");
+  EXPECT_FALSE(run.At("txtFLA_VolFlared").copied);
+  EXPECT_EQ(run.Text("cmbFLA_PilotIncludedInVolume"), "Yes");
+  EXPECT_TRUE(run.At("cmbFLA_PilotIncludedInVolume").copied);
+  run.Set("txtFLA_HrsOperated", "700");
+  EXPECT_FALSE(run.At("txtFLA_HrsOperated").copied) << "typing confirms";
+  run.Click("mnuNConfirm");
+  EXPECT_FALSE(run.At("cmbFLA_PilotIncludedInVolume").copied);
+  EXPECT_EQ(run.s.message, "1 value confirmed");
+}
+
+TEST_F(MonthEntry, keeps_in_mind_what_was_copied_and_saved_until_it_is_confirmed) {
+  GoToFlare(2);
+  run.Click("cmdEdit");
+  run.Click("mnuNCopy");
+  run.Set("txtFLA_VolFlared", "3");
+  run.Click("cmdSaveEdits");
+  EXPECT_TRUE(run.At("txtFLA_HrsOperated").copied);
+  EXPECT_FALSE(run.At("txtFLA_VolFlared").copied);
+  run.Click("cmdSaveExit");
+  GoToFlare(1);
+  EXPECT_FALSE(run.At("txtFLA_HrsOperated").copied);
+  GoToFlare(2);
+  EXPECT_TRUE(run.At("txtFLA_HrsOperated").copied);
+  EXPECT_TRUE(run.At("cmbFLA_PilotIncludedInVolume").copied);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "700");
+  run.Click("cmdSaveExit");
+  EXPECT_FALSE(run.At("txtFLA_HrsOperated").copied);
+  run.Click("mnuNConfirm");
+  EXPECT_FALSE(run.At("cmbFLA_PilotIncludedInVolume").copied);
+  GoToFlare(1);
+  GoToFlare(2);
+  EXPECT_FALSE(run.At("cmbFLA_PilotIncludedInVolume").copied);
+  EXPECT_FALSE(run.WhyNotClick("mnuNConfirm").empty());
+}
+
+TEST_F(MonthEntry, saves_and_goes_on_to_the_next_record_that_is_active) {
+  GoToFlare(1);
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.WhyNotClick("mnuNNext"), "");
+  run.Set("txtFLA_HrsOperated", "700");
+  run.Click("mnuNPrevious");
+  // the vent stands before the flare
+  EXPECT_EQ(run.s.current.EquipID, "V1");
+  EXPECT_TRUE(run.s.editing);
+  EXPECT_EQ(run.s.message, "Flare F1 saved, 0 findings");
+  EXPECT_EQ(run.Sql("SELECT MIN(OP_HR) FROM EA_FLA"), Value(700.0));
+  run.Click("mnuNNext");
+  EXPECT_EQ(run.s.current.EquipID, "F1");
+  EXPECT_EQ(run.s.current.Month, 1);
+  EXPECT_TRUE(run.s.message.starts_with("Vent V1 saved, ")) << run.s.message;
+  run.Click("mnuNNext");
+  EXPECT_FALSE(run.s.editing);
+  EXPECT_EQ(run.s.message, "Flare F1 saved, 0 findings. It is the last record.");
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I' WHERE EA_EQUIP_TYP='VEN'");
+  run.Click("cmdEdit");
+  run.Click("mnuNPrevious");
+  EXPECT_FALSE(run.s.editing);
+  EXPECT_EQ(run.s.current.EquipID, "F1");
+}
+
+}  // namespace
+}  // namespace merlu::test
