@@ -4,7 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
+#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,13 +23,36 @@ struct Measure {
   std::function<Pair()> once;
 };
 
+// Counts the processor's time from now on, not the clock's: on a machine that others use at the same time.
+void CountProcessorTime();
+// Seconds by the clock that is counted.
+double Now();
+
 // Seconds that the work takes.
 template <typename Work>
 double Seconds(Work&& work) {
-  const auto begin = std::chrono::steady_clock::now();
+  const double begin = Now();
   work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  return Now() - begin;
 }
+
+// Times of both sides. Each goes first every other time: what the first one leaves in the machine's memory helps the
+// second.
+class InTurn {
+ public:
+  template <typename Ours, typename Plain>
+  Pair operator()(Ours&& ours, Plain&& plain) {
+    Pair pair;
+    ours_first_ = !ours_first_;
+    if (ours_first_) pair.ours = ours();
+    pair.plain = plain();
+    if (!ours_first_) pair.ours = ours();
+    return pair;
+  }
+
+ private:
+  bool ours_first_ = false;
+};
 
 // The medians of ours at 1/16, 1/4 and the whole of the size, and the power of the size by which they grow.
 void PrintGrowth(const std::vector<Measure>& sixteenth, const std::vector<Measure>& quarter,
@@ -47,7 +70,7 @@ class TableReporter : public benchmark::ConsoleReporter {
  private:
   struct Row {
     std::string name;
-    double ours_ms, plain_ms, aim;
+    double ours_ms, plain_ms, lowest, highest, aim;
   };
   std::vector<Row> rows_;
 };

@@ -1,5 +1,7 @@
 // merlu_bench: what the program costs, in times of what plain SQLite needs for the same rows.
 //
+// merlu_bench [--growth | --processor-time] [options of the benchmark library]
+//
 // A figure that misses its aim is marked and fails nothing: it depends on the machine of the day.
 #include <QGuiApplication>
 
@@ -51,6 +53,11 @@ int main(int count, char** words) {
   const QGuiApplication application(count, words);
   const bool growth = count == 2 && std::string(words[1]) == "--growth";
   if (growth) count = 1;
+  if (count > 1 && std::string(words[1]) == "--processor-time") {
+    CountProcessorTime();
+    words[1] = words[0];
+    --count, ++words;
+  }
   benchmark::Initialize(&count, words);
   if (benchmark::ReportUnrecognizedArguments(count, words)) return 2;
   try {

@@ -28,7 +28,7 @@ std::size_t ReadColumn(sqlite3_stmt* statement, int column) {
 }  // namespace
 
 PlainFile::PlainFile(const std::string& path) {
-  if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) Fail(db_);
+  if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) Fail(db_);
   Run("PRAGMA foreign_keys=ON");
 }
 
@@ -41,7 +41,8 @@ void PlainFile::Run(const char* sql) {
 }
 
 PlainStatement::PlainStatement(PlainFile& file, const std::string& sql) {
-  if (sqlite3_prepare_v2(file.db_, sql.c_str(), -1, &statement_, nullptr) != SQLITE_OK) Fail(file.db_);
+  if (sqlite3_prepare_v3(file.db_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement_, nullptr) != SQLITE_OK)
+    Fail(file.db_);
 }
 
 PlainStatement::~PlainStatement() {

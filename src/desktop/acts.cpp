@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 
+#include "qc/qc_log.h"
 #include "session/messages.h"
 
 namespace merlu {
@@ -13,7 +14,25 @@ void Acts::Run(const std::function<void()>& act) {
   } catch (const Fault& fault) {
     TellFault(s, fault);
   }
+  CountFindings();
   Redraw();
+}
+
+void Acts::CountFindings() {
+  if (!s.db.IsOpen() || s.current.Is(level::kUser) || s.current.Level.empty()) {
+    findings_here_.reset();
+    counted_changes_ = -1;
+    return;
+  }
+  if (counted_changes_ == s.db.ChangeCount() && counted_at_ == s.current) return;
+  try {
+    findings_here_ = CountQCErrors(s, s.current);
+    counted_at_ = s.current;
+    counted_changes_ = s.db.ChangeCount();
+  } catch (const Fault&) {
+    findings_here_.reset();
+    counted_changes_ = -1;
+  }
 }
 
 void Acts::Do(const std::function<std::string()>& act) {

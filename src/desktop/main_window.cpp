@@ -556,14 +556,11 @@ void MainWindow::SyncStatus() {
   path_->setText(Q(s_.status_text));
   QString right;
   if (s_.db.IsOpen() && !s_.current.Is(level::kUser) && !s_.current.Level.empty()) {
-    try {
-      const int count = CountQCErrors(s_, s_.current);
-      right = count == 0   ? tr("No open findings here")
-              : count == 1 ? tr("1 open finding here")
-                           : tr("%1 open findings here").arg(count);
-    } catch (const Fault&) {
-      right = tr("The findings cannot be counted now");
-    }
+    const std::optional<int> count = acts_.findings_here();
+    right = !count        ? tr("The findings cannot be counted now")
+            : *count == 0 ? tr("No open findings here")
+            : *count == 1 ? tr("1 open finding here")
+                          : tr("%1 open findings here").arg(*count);
   }
   const QString mode = s_.InDesc() ? tr("Description Edit Mode") : s_.InActv() ? tr("Activity Edit Mode") : QString();
   findings_->setText(QStringList({right, mode}).filter(QRegularExpression(".")).join("  ·  "));

@@ -12,6 +12,7 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "store/files.h"
+#include "store/named_tables.h"
 
 namespace merlu {
 namespace {
@@ -20,7 +21,9 @@ constexpr const char* kSource = "MERLU store";
 constexpr int kLongestForeignValue = 1'000'000;
 constexpr int kBusyMilliseconds = 250;  // long enough for a backup's glance at the file, too short to annoy
 
-int FaultNumber(int extended, const std::string& message) {
+constexpr std::size_t kMostStatements = 512;
+
+int FaultNumber(int extended) {
   switch (extended) {
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_UNIQUE:
@@ -38,8 +41,6 @@ int FaultNumber(int extended, const std::string& message) {
     case SQLITE_CANTOPEN: return fault_number::kPathNotFound;
     default: break;
   }
-  if (message.starts_with("no such table")) return fault_number::kNoSuchTable;
-  if (message.starts_with("no such column")) return fault_number::kNoSuchItem;
   return fault_number::kOther;
 }
 
@@ -69,13 +70,34 @@ void ThrowFailedDisk(int code, int system) {
   throw Fault(is_protected ? fault_number::kReadOnly : fault_number::kOther, kSource, what + why);
 }
 
+// A statement that the engine does not understand: a table that it names may be missing.
+[[noreturn]] void ThrowMisunderstood(sqlite3* db, std::string_view sql, const std::string& message) {
+  if (LacksNamedTable(db, sql)) throw Fault(fault_number::kNoSuchTable, kSource, message);
+  const bool no_column = message.starts_with("no such column");
+  throw Fault(no_column ? fault_number::kNoSuchItem : fault_number::kOther, kSource, message);
+}
+
+// Makes room among kept statements: those that have not run since the last time go, or all that do not run now.
+template <typename Cache>
+void ForgetIdle(Cache& cache) {
+  const std::size_t most = cache.size() / 2;
+  for (const bool all : {false, true}) {
+    std::erase_if(cache, [all](const auto& kept) {
+      sqlite3_stmt* statement = kept.second.get();
+      const bool ran = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_RUN, 1) > 0;
+      return (all || !ran) && !sqlite3_stmt_busy(statement);
+    });
+    if (cache.size() <= most) return;
+  }
+}
+
 bool IsBoolean(sqlite3_stmt* statement, int column) {
   const char* type = sqlite3_column_decltype(statement, column);
   return type != nullptr && EqualsIgnoringCase(type, "BOOLEAN");
 }
 
 [[noreturn]] void FailWith(int code, const std::string& message) {
-  const int number = FaultNumber(code, message);
+  const int number = FaultNumber(code);
   throw Fault(number, kSource, Described(number, message));
 }
 
@@ -169,10 +191,11 @@ class Database::Running {
     statement_ = db.Prepare(sql);
     if (sqlite3_stmt_busy(statement_)) {
       if (sqlite3_prepare_v2(db.db_, sql.data(), static_cast<int>(sql.size()), &statement_, nullptr) != SQLITE_OK)
-        db.Fail(sqlite3_extended_errcode(db.db_));
+        FailIn(db, sql);
       own_.reset(statement_);
     }
-    for (std::size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i) + 1, values[i]);
+    for (std::size_t i = 0; i < values.size(); ++i)
+      if (Bind(static_cast<int>(i) + 1, values[i]) != SQLITE_OK) FailBinding();
   }
   ~Running() {
     sqlite3_reset(statement_);
@@ -185,32 +208,46 @@ class Database::Running {
     const int code = sqlite3_step(statement_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
-    db_.Fail(sqlite3_extended_errcode(db_.db_));
+    FailIn(db_, sqlite3_sql(statement_));
+  }
+  // Of a statement that failed, or could not be prepared.
+  [[noreturn]] static void FailIn(const Database& db, std::string_view sql) {
+    const int code = sqlite3_extended_errcode(db.db_);
+    if (code == SQLITE_ERROR) ThrowMisunderstood(db.db_, sql, sqlite3_errmsg(db.db_));
+    db.Fail(code);
   }
   RowView row() const { return RowView(statement_); }
   sqlite3_stmt* statement() const { return statement_; }
 
  private:
-  void Bind(int at, const Value& value) {
-    if (const auto* b = std::get_if<bool>(&value)) sqlite3_bind_int(statement_, at, *b ? 1 : 0);
-    if (const auto* i = std::get_if<std::int64_t>(&value)) sqlite3_bind_int64(statement_, at, *i);
-    if (const auto* d = std::get_if<double>(&value)) sqlite3_bind_double(statement_, at, *d);
+  int Bind(int at, const Value& value) {
+    if (const auto* b = std::get_if<bool>(&value)) return sqlite3_bind_int(statement_, at, *b ? 1 : 0);
+    if (const auto* i = std::get_if<std::int64_t>(&value)) return sqlite3_bind_int64(statement_, at, *i);
+    if (const auto* d = std::get_if<double>(&value)) return sqlite3_bind_double(statement_, at, *d);
     if (const auto* s = std::get_if<std::string>(&value))
-      sqlite3_bind_text(statement_, at, s->data(), static_cast<int>(s->size()), SQLITE_STATIC);
+      return sqlite3_bind_text64(statement_, at, s->data(), s->size(), SQLITE_STATIC, SQLITE_UTF8);
+    return sqlite3_bind_null(statement_, at);
+  }
+  // A constructor that fails has no destructor: the statement goes back into the cache as it came.
+  [[noreturn]] void FailBinding() {
+    const int code = sqlite3_extended_errcode(db_.db_);
+    sqlite3_clear_bindings(statement_);
+    db_.Fail(code);
   }
 
-  void Bind(int at, const StoredValue& value) {
+  int Bind(int at, const StoredValue& value) {
     using Kind = StoredValue::Kind;
-    const auto size = static_cast<int>(value.bytes.size());
+    const auto size = static_cast<sqlite3_uint64>(value.bytes.size());
     // an empty text is no Null
     const char* bytes = value.bytes.data() == nullptr ? "" : value.bytes.data();
     switch (value.kind) {
-      case Kind::kNull: return;
-      case Kind::kInteger: sqlite3_bind_int64(statement_, at, value.integer); return;
-      case Kind::kReal: sqlite3_bind_double(statement_, at, value.real); return;
-      case Kind::kText: sqlite3_bind_text(statement_, at, bytes, size, SQLITE_STATIC); return;
-      case Kind::kBlob: sqlite3_bind_blob(statement_, at, bytes, size, SQLITE_STATIC); return;
+      case Kind::kNull: break;
+      case Kind::kInteger: return sqlite3_bind_int64(statement_, at, value.integer);
+      case Kind::kReal: return sqlite3_bind_double(statement_, at, value.real);
+      case Kind::kText: return sqlite3_bind_text64(statement_, at, bytes, size, SQLITE_STATIC, SQLITE_UTF8);
+      case Kind::kBlob: return sqlite3_bind_blob64(statement_, at, bytes, size, SQLITE_STATIC);
     }
+    return sqlite3_bind_null(statement_, at);
   }
 
   Database& db_;
@@ -422,10 +459,11 @@ bool Database::IsReadOnly(const char* schema) const {
 sqlite3_stmt* Database::Prepare(std::string_view sql) {
   if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No inventory is open.");
   if (const auto found = cache_.find(sql); found != cache_.end()) return found->second.get();
+  if (cache_.size() >= kMostStatements) ForgetIdle(cache_);
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement,
                          nullptr) != SQLITE_OK)
-    Fail(sqlite3_extended_errcode(db_));
+    Running::FailIn(*this, sql);
   cache_.emplace(std::string(sql), statement);
   return statement;
 }
@@ -493,7 +531,8 @@ Rows Database::ReadOnlyQuery(const std::string& sql) {
   sqlite3_set_authorizer(db_, nullptr, nullptr);
   const std::unique_ptr<sqlite3_stmt, Finalizer> owner(statement);
   if (code == SQLITE_AUTH) throw Fault(fault_number::kReadOnly, kSource, "Only statements that read are allowed.");
-  if (code != SQLITE_OK) throw Fault(FaultNumber(code, message), kSource, message);
+  if (code == SQLITE_ERROR) ThrowMisunderstood(db_, sql, message);
+  if (code != SQLITE_OK) throw Fault(FaultNumber(code), kSource, message);
   if (statement == nullptr || !sqlite3_stmt_readonly(statement) ||
       std::string_view(tail).find_first_not_of(" \t\r\n;") != std::string_view::npos)
     throw Fault(fault_number::kReadOnly, kSource, "Only one statement that reads is allowed.");

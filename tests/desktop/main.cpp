@@ -5,8 +5,10 @@
 #include "dark.h"
 #include "desktop/desktop.h"
 #include "support/fonts.h"
+#include "support/temporary_place.h"
 
 int main(int argc, char** argv) {
+  merlu::test::UseFastTemporaryFolder();
   testing::InitGoogleTest(&argc, argv);
   merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");

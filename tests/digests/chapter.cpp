@@ -105,6 +105,15 @@ void MakeFiles(const TemporaryFolder& folder, std::uint32_t seed, int number) {
 
 // ---- the play ----
 
+// Files whose names are typed without a folder stay there.
+class WorkingFolder {
+ public:
+  explicit WorkingFolder(const std::string& path) { fs::current_path(path); }
+  ~WorkingFolder() { fs::current_path("/"); }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+};
+
 std::string ReplyText(const std::string& answer) {
   Json reply = Json::parse(answer, nullptr, false);
   if (!reply.is_object()) return answer;
@@ -210,6 +219,7 @@ void PlayChapter(std::uint32_t seed, int number, const std::string& kept_files, 
     MakeFiles(folder, seed, number);
     if (!kept_files.empty()) copy(false);
   }
+  const WorkingFolder there(folder.path());
   Play(folder, teller).Run();
 }
 

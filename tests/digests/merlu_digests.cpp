@@ -18,6 +18,7 @@
 
 #include "digests/chapter.h"
 #include "digests/chooser.h"
+#include "support/temporary_place.h"
 
 namespace merlu::test {
 namespace {
@@ -256,11 +257,11 @@ bool ReadOptions(int count, char** words, Options& options) {
     else if (option == "--seed")
       options.seed = static_cast<std::uint32_t>(number);
     else if (option == "--record")
-      options.record = value;
+      options.record = fs::absolute(value).string();
     else if (option == "--replay")
-      options.replay = value;
+      options.replay = fs::absolute(value).string();
     else if (option == "--files")
-      options.files = value;
+      options.files = fs::absolute(value).string();
     else if (option == "--fold")
       options.fold = number;
     else if (option == "--chapter")
@@ -288,7 +289,7 @@ int main(int count, char** words) {
         stderr);
     return 2;
   }
-  if (fs::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
+  UseFastTemporaryFolder();
   ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
   const QGuiApplication application(count, words);
   try {

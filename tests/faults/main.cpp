@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
-#include <filesystem>
 
 #include "support/fonts.h"
+#include "support/temporary_place.h"
 
-// Nothing here asks for a real disk, and waiting for one would be most of the time.
+// Nothing here asks for a real disk.
 int main(int argc, char** argv) {
-  if (std::filesystem::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
+  merlu::test::UseFastTemporaryFolder();
   testing::InitGoogleTest(&argc, argv);
   merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -26,6 +26,7 @@
 #include "faults/kill_operations.h"
 #include "faults/power_cut.h"
 #include "script/player.h"
+#include "support/temporary_place.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -355,7 +356,7 @@ int main(int count, char** words) {
     return 2;
   }
   // a process that dies loses nothing that it has written: no disk is needed, and waiting for one takes time
-  if (fs::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
+  UseFastTemporaryFolder();
   try {
     Harness harness(options.seed, options.power);
     const auto chosen = Chosen(options.only);

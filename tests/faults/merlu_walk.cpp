@@ -10,6 +10,7 @@
 
 #include "faults/walker.h"
 #include "inventory.h"
+#include "support/temporary_place.h"
 
 namespace merlu::test {
 namespace {
@@ -79,6 +80,6 @@ int main(int count, char** words) {
     std::fputs("usage: merlu_walk [--acts N] [--seed S]\n", stderr);
     return 2;
   }
-  if (merlu::test::fs::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 0);
+  merlu::test::UseFastTemporaryFolder();
   return merlu::test::Walk(acts, seed);
 }

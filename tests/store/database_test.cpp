@@ -113,6 +113,55 @@ class DatabaseFile : public testing::Test {
   Database db;
 };
 
+// ---- statements ----
+
+TEST_F(DatabaseFile, keeps_the_statements_of_the_last_time_only) {
+  Open(path);
+  const auto run = [this](int from, int to) {
+    for (int i = from; i < to; ++i) db.Execute("UPDATE SYS_CONFIG SET sys_yr=" + std::to_string(i));
+  };
+  run(0, 2000);
+  const sqlite3_int64 used = sqlite3_memory_used();
+  run(2000, 20000);
+  EXPECT_LT(sqlite3_memory_used(), used + (1 << 20));
+}
+
+TEST_F(DatabaseFile, goes_on_with_a_query_while_other_statements_push_it_out) {
+  Open(path);
+  for (int i = 1; i <= 3; ++i) db.Execute("INSERT INTO listPNE DEFAULT VALUES");
+  int rows = 0;
+  db.ForEach("SELECT rowid FROM listPNE", {}, [&](const RowView&) {
+    ++rows;
+    for (int i = 0; i < 2000; ++i) db.Single("SELECT " + std::to_string(i));
+  });
+  EXPECT_EQ(rows, ToInteger(db.Single("SELECT COUNT(*) FROM listPNE")));
+  EXPECT_GE(rows, 3);
+}
+
+TEST_F(DatabaseFile, refuses_values_that_a_statement_has_no_place_for) {
+  Open(path);
+  const auto both = [this](const char* sql, const Values& values) { return FaultOf([&] { db.Execute(sql, values); }); };
+  EXPECT_EQ(both("UPDATE SYS_CONFIG SET sys_yr=?", {std::int64_t{1}, std::int64_t{2}}), 3146);
+  EXPECT_EQ(both("UPDATE SYS_CONFIG SET sys_yr=2017", {std::string("x")}), 3146);
+  EXPECT_EQ(both("UPDATE SYS_CONFIG SET sys_yr=?", {std::int64_t{1}}), 0);
+}
+
+TEST_F(DatabaseFile, knows_a_missing_table_from_any_other_mistake) {
+  Open(path);
+  EXPECT_EQ(Execute("SELECT * FROM NO_SUCH"), 3078);
+  EXPECT_EQ(Execute("SELECT * FROM [NO_SUCH] WHERE 1"), 3078);
+  EXPECT_EQ(Execute("INSERT INTO main.NO_SUCH VALUES (1)"), 3078);
+  EXPECT_EQ(Execute("UPDATE NO_SUCH SET a=1"), 3078);
+  EXPECT_EQ(Execute("SELECT 1 FROM QC JOIN \"NO_SUCH\" ON 1"), 3078);
+  EXPECT_EQ(Execute("DELETE FROM other.QC"), 3078);
+  EXPECT_EQ(Execute("SELECT NO_SUCH FROM QC"), 3265);
+  EXPECT_EQ(Execute("SELECT 'FROM NO_SUCH', NO_SUCH FROM QC"), 3265);
+  EXPECT_EQ(Execute("SELECT * FROM (SELECT NO_SUCH FROM QC)"), 3265);
+  EXPECT_EQ(Execute("SELECT 'no such table'('QC')"), 3146);
+  EXPECT_EQ(Execute("SELECT FROM"), 3146);
+  EXPECT_EQ(Execute("SELECT * FROM pragma_table_info('QC')"), 0);
+}
+
 // ---- opening ----
 
 TEST_F(DatabaseFile, opens_with_its_cascades_on_and_writes_nothing) {
