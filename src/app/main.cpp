@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -45,7 +46,12 @@ int Usage() {
 }
 
 int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
-  Console console{std::cout, std::cerr, isatty(STDERR_FILENO) != 0};
+  std::unique_ptr<QGuiApplication> application;
+  const auto need_fonts = [&] {
+    qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for what is painted, and never a display
+    application = std::make_unique<QGuiApplication>(argc, argv);
+  };
+  Console console{std::cout, std::cerr, isatty(STDERR_FILENO) != 0, need_fonts};
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 

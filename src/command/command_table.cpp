@@ -9,8 +9,22 @@ namespace {
 
 const CommandOption kTextOrJson = {"--format", ValueKind::kChoice, "", "how it is written; text when it is not said", 0,
                                    false,      {"text", "json"}};
+const CommandOption kForce = {"--force", ValueKind::kNone, "", "replaces OUT when it exists"};
+
+CommandOption Out(const char* name, ValueKind kind, const char* what, bool needed) {
+  return {"-o", kind, name, what, 0, needed};
+}
+
 std::vector<CommandSpec> Make() {
   return {
+      {"report",
+       "FILE",
+       1,
+       1,
+       "writes the annual summary as a PDF",
+       "Looks for missing data in all records of all months and writes the annual summary. The file is not changed.",
+       {Out("SUMMARY.pdf", ValueKind::kPdf, "the summary", true), kForce},
+       WriteSummary},
       {"diff",
        "A B",
        2,

@@ -1,6 +1,7 @@
 // Where a command writes, and what it answers.
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -16,9 +17,10 @@ inline Status Worse(Status one, Status other) {
 }
 
 struct Console {
-  std::ostream& out;      // what was asked for
-  std::ostream& err;      // what concerns the run
-  bool progress = false;  // somebody looks at err
+  std::ostream& out;                   // what was asked for
+  std::ostream& err;                   // what concerns the run
+  bool progress = false;               // somebody looks at err
+  std::function<void()> need_fonts{};  // called before the first page is painted
 };
 
 // A line on the run: "merlu check: FILE: why".

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <set>
 #include <tuple>
 #include <unordered_map>
 
 #include "base/text.h"
+#include "command/place.h"
 #include "session/types.h"
 
 namespace merlu {
@@ -92,7 +92,7 @@ Record Read(const Family& family, const Values& values) {
   record.year = static_cast<int>(ToInteger(values[4]));
   record.month = static_cast<int>(ToInteger(values[5]));
   if (!record.complex.empty() || !record.structure.empty())
-    record.text = NullToEmpty(values[6]) + ", " + NullToEmpty(values[7]) + ", " + NullToEmpty(values[8]);
+    record.text = StructureWords(NullToEmpty(values[6]), NullToEmpty(values[7]), NullToEmpty(values[8]));
   for (int i = 0; i < family.detail; ++i)
     record.detail += (i == 0 ? "" : " ") + Trim(NullToEmpty(values[kPlaceColumns + static_cast<std::size_t>(i)]));
   return record;
@@ -196,12 +196,8 @@ class Comparison {
   }
 
   static std::string PlaceOf(const Family& family, const Record& record) {
-    std::array<char, 32> month{};
-    if (record.month > 0) std::snprintf(month.data(), month.size(), "%04d/%02d", record.year, record.month);
-    const std::string equipment = record.type.empty() ? "" : TreeTypeName(record.type) + ": " + Trim(record.id);
-    std::string place;
-    for (const std::string& part : {std::string(month.data()), record.text, equipment, family.named})
-      if (!part.empty()) place += (place.empty() ? "" : " · ") + part;
+    std::string place = PlaceText(record.year, record.month, record.text, record.type, record.id);
+    if (!family.named.empty()) place += (place.empty() ? "" : " · ") + family.named;
     return place + (record.detail.empty() ? "" : ": " + record.detail);
   }
 

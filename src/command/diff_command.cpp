@@ -1,14 +1,11 @@
-#include <nlohmann/json.hpp>
-
 #include "base/fault.h"
 #include "command/commands.h"
 #include "command/diff.h"
 #include "command/inventory_file.h"
+#include "command/lines.h"
 
 namespace merlu {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json ValueOf(const Value& value) {
   return std::visit(
@@ -24,13 +21,6 @@ Json ValueOf(const Value& value) {
 std::string InWords(const Value& value) {
   const std::string text = NullToEmpty(value);
   return text.empty() ? "(blank)" : text;
-}
-
-// One line of text, whatever a value holds.
-std::string OneLine(std::string text) {
-  for (char& c : text)
-    if (c == '\n' || c == '\r') c = ' ';
-  return text;
 }
 
 std::string TextOf(const Difference& one, const Request& request) {
@@ -62,12 +52,11 @@ Status ListDifferences(const Request& request, Console& console) {
       console.out << OneLine(TextOf(one, request)) << "\n";
       continue;
     }
-    const Json line = {{"place", one.place},
-                       {"table", one.table},
-                       {"column", one.column},
-                       {"a", ValueOf(one.a)},
-                       {"b", ValueOf(one.b)}};
-    console.out << line.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+    console.out << JsonLine({{"place", one.place},
+                             {"table", one.table},
+                             {"column", one.column},
+                             {"a", ValueOf(one.a)},
+                             {"b", ValueOf(one.b)}});
   }
   return differences.empty() ? Status::kWell : Status::kSomething;
 }

@@ -30,7 +30,11 @@ void RequireLayout(Database& db) {
 }  // namespace
 
 void OpenUntouched(Database& db, const std::string& path, Database::Use use) {
-  db.OpenImage(ReadImage(path), use);
+  OpenUntouched(db, ReadImage(path), use);
+}
+
+void OpenUntouched(Database& db, const Image& image, Database::Use use) {
+  db.OpenImage(image, use);
   RequireLayout(db);
 }
 

@@ -9,6 +9,7 @@ namespace merlu {
 
 // Opens the file's image. kNotADatabase for what is no inventory of this layout, and the faults of ReadImage.
 void OpenUntouched(Database& db, const std::string& path, Database::Use use = Database::Use::kRead);
+void OpenUntouched(Database& db, const Image& image, Database::Use use = Database::Use::kRead);
 
 // Whether both are one file, under any name or link.
 bool IsSameFile(const std::string& one, const std::string& other);

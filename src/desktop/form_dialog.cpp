@@ -1,8 +1,10 @@
 #include "desktop/form_dialog.h"
 
 #include <QAction>
+#include <QKeyEvent>
 
 #include "desktop/about_window.h"
+#include "desktop/model_list.h"
 #include "desktop/table_panel.h"
 #include "shell/help.h"
 
@@ -126,6 +128,17 @@ void FormDialog::Sync() {
     button->setDefault(is_main);
     SetLook(*button, "main", is_main);
   }
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  const bool down = event->key() == Qt::Key_Down, up = event->key() == Qt::Key_Up;
+  auto* list = findChild<ModelList*>();
+  if ((!down && !up) || list == nullptr || qobject_cast<QLineEdit*>(focusWidget()) == nullptr)
+    return QDialog::keyPressEvent(event);
+  const int row = list->selectionModel()->hasSelection() ? list->currentIndex().row() + (down ? 1 : -1) : 0;
+  const QModelIndex next = list->model()->index(row, 0);
+  if (next.isValid())
+    list->selectionModel()->setCurrentIndex(next, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void DialogWindow::reject() {

@@ -17,6 +17,9 @@ class DialogWindow : public QDialog {
   DialogWindow(Acts& acts, Form& form, QWidget* parent);
   virtual void Sync();
 
+  // From a line of text the arrow keys go through the rows of the list below it.
+  void keyPressEvent(QKeyEvent* event) override;
+
   // Closing the window and Escape press the form's cancel button.
   void reject() override;
 

@@ -135,6 +135,7 @@ std::string Type(Desk& desk, Form& form, std::string_view name, std::string_view
   control.touched = true;
   control.copied = false;
   if (control.numeric) control.hint = IsSum(control.text) ? "" : NumberHint(control.text);
+  form.Raise(name, Event::kClick);  // as a choice in a list
   return "";
 }
 

@@ -16,6 +16,7 @@ namespace {
 // Commands that would leave the record in the middle of its edit.
 constexpr const char* kOtherRoutes[] = {"mnuFile",
                                         "mnuEdit",
+                                        "mnuRFind",
                                         "tvwTree",
                                         "cmdEditMode",
                                         "cmdUSER_AddStructure",

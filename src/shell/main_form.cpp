@@ -16,6 +16,7 @@
 #include "shell/edit_modes.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
+#include "shell/find_dialog.h"
 #include "shell/help.h"
 #include "shell/main_program.h"
 #include "shell/print_screen.h"
@@ -66,6 +67,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuReview", "&Review", "", nullptr},
+    {"mnuRFind", "&Go To...", "mnuReview", OpenGoTo},
     {"mnuEntry", "E&ntry", "", nullptr},
     {"mnuNGrid", "Month &Grid...", "mnuEntry", OpenMonthGrid},
     {"mnuNCopy", "&Copy Previous Month", "mnuEntry", CopyPreviousMonth},

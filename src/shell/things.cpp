@@ -1,0 +1,147 @@
+#include "shell/things.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <unordered_map>
+
+#include "session/node_keys.h"
+#include "session/types.h"
+#include "sheets/units.h"
+#include "sheets/wording.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kRecentBonus = 150;
+
+void Add(std::vector<Thing>& things, Thing thing) {
+  thing.name = FuzzyText(thing.what);
+  thing.place = FuzzyText(thing.where);
+  things.push_back(std::move(thing));
+}
+
+ThingKind KindOfNode(const std::string& key) {
+  switch (key.size()) {
+    case kSurveyKeyLength: return ThingKind::kMonth;
+    case kEquipmentMonthKeyLength:
+    case kEquipmentKeyLength: return ThingKind::kEquipment;
+    default: return ThingKind::kStructure;
+  }
+}
+
+// Nodes of the month where the user stands come first.
+void AddNodes(const Session& s, std::vector<Thing>& things) {
+  std::vector<int> order = s.tree.InOrder();
+  const int here = s.current.Month;
+  const auto month_of = [&](int node) {
+    const TreeNode& at = s.tree.nodes[static_cast<std::size_t>(node)];
+    return at.key.size() < kSurveyKeyLength ? 0 : ParseNodeKey(at.key).Month;
+  };
+  if (s.InActv() && here > 0)
+    std::stable_partition(order.begin(), order.end(), [&](int node) { return month_of(node) == here; });
+  for (const int node : order) {
+    const TreeNode& at = s.tree.nodes[static_cast<std::size_t>(node)];
+    if (at.key.size() <= kUserKeyLength) continue;
+    std::string where;
+    for (int parent = at.parent; parent >= 0; parent = s.tree.nodes[static_cast<std::size_t>(parent)].parent) {
+      const TreeNode& above = s.tree.nodes[static_cast<std::size_t>(parent)];
+      if (above.key.size() > kUserKeyLength) where += (where.empty() ? "" : " · ") + above.text;
+    }
+    Add(things, {KindOfNode(at.key), at.text, where, node});
+  }
+}
+
+// A caption without its marks of access keys.
+std::string Plain(const std::string& caption) {
+  std::string plain;
+  for (std::size_t at = 0; at < caption.size(); ++at)
+    if (caption[at] != '&' || (at + 1 < caption.size() && caption[at + 1] == '&')) {
+      plain += caption[at];
+      if (caption[at] == '&') ++at;
+    }
+  return plain;
+}
+
+void AddCommands(const Session& s, std::vector<Thing>& things) {
+  const Form& main = *s.main;
+  for (const Control& control : main.controls()) {
+    if (control.kind != Kind::kMenu || !main.Handles(control.name, Event::kClick) || control.name == "mnuRFind")
+      continue;
+    if (!IsVisible(main, control) || !IsEnabled(main, control)) continue;
+    const Control* menu = main.Find(control.parent);
+    const bool help =
+        control.parent == "mnuHOther" || control.name.starts_with("mnuHL") || control.name.starts_with("mnuHCurrent");
+    Add(things, {help ? ThingKind::kHelp : ThingKind::kCommand, Plain(control.caption),
+                 menu == nullptr ? "" : Plain(menu->caption), -1, control.name});
+  }
+}
+
+void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
+  for (const FieldSpec& field : sheet.fields) {
+    if (field.page == kOffPage || field.kind == Kind::kLabel) continue;
+    const std::string page = static_cast<std::size_t>(field.page) < sheet.pages.size()
+                                 ? " · " + sheet.pages[static_cast<std::size_t>(field.page)]
+                                 : "";
+    const std::string what = BareCaption(CaptionOf(sheet.fields, field.control));
+    Add(things, {ThingKind::kField, what, sheet.title + page, -1, field.control, sheet.type,
+                 field.mode == In::kActv ? Mode::kActv : Mode::kDesc});
+  }
+}
+
+void AddRules(const SheetSpec& sheet, std::vector<Thing>& things) {
+  for (const RuleGroup& group : sheet.rules)
+    for (const Rule& rule : group.rules) {
+      if (rule.check.name == "none") continue;
+      const std::string what = BareCaption(CaptionOf(sheet.fields, rule.field)) + ": " + DemandText(rule.check);
+      Add(things, {ThingKind::kRule, what, sheet.title, -1, rule.field, sheet.type});
+    }
+}
+
+}  // namespace
+
+const char* KindName(ThingKind kind) {
+  constexpr std::array<const char*, 7> kNames = {"Structure", "Equipment", "Field", "Month", "Command", "Help", "Rule"};
+  return kNames[static_cast<std::size_t>(kind)];
+}
+
+std::string RecentText(const Thing& thing) {
+  return std::string(KindName(thing.kind)) + "\t" + thing.what + "\t" + thing.where;
+}
+
+std::vector<Thing> CollectThings(Session& s) {
+  std::vector<Thing> things;
+  things.reserve(s.tree.nodes.size() + 2000);
+  AddNodes(s, things);
+  AddCommands(s, things);
+  for (const SheetSpec* sheet : AllSheets()) AddFields(*sheet, things);
+  for (const SheetSpec* sheet : AllSheets()) AddRules(*sheet, things);
+  return things;
+}
+
+std::vector<int> FindThings(const std::vector<Thing>& things, const std::string& typed,
+                            const std::vector<std::string>& recent, std::size_t most) {
+  std::unordered_map<std::string, int> known;  // the last one first
+  for (std::size_t i = 0; i < recent.size(); ++i) known.emplace(recent[i], static_cast<int>(recent.size() - i));
+  const FuzzyWords words(typed);
+  std::vector<std::pair<int, int>> fits;  // how well, and which
+  for (std::size_t i = 0; i < things.size(); ++i) {
+    const Thing& thing = things[i];
+    int fit = words.empty() ? 1 : words.Fit(thing.name, thing.place);
+    if (fit == 0) continue;
+    if (!known.empty())
+      if (const auto before = known.find(RecentText(thing)); before != known.end())
+        fit += kRecentBonus + before->second;
+    fits.emplace_back(fit, static_cast<int>(i));
+  }
+  const auto better = [](const auto& a, const auto& b) {
+    return a.first != b.first ? a.first > b.first : a.second < b.second;
+  };
+  const auto end = fits.begin() + static_cast<std::ptrdiff_t>(std::min(most, fits.size()));
+  std::partial_sort(fits.begin(), end, fits.end(), better);
+  std::vector<int> found;
+  for (auto fit = fits.begin(); fit != end; ++fit) found.push_back(fit->second);
+  return found;
+}
+
+}  // namespace merlu

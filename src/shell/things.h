@@ -1,0 +1,35 @@
+// What one can go to or do by its name: structures, equipment, fields, months, commands, help pages, rules.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/fuzzy.h"
+#include "session/session.h"
+
+namespace merlu {
+
+enum class ThingKind { kStructure, kEquipment, kField, kMonth, kCommand, kHelp, kRule };
+const char* KindName(ThingKind kind);
+
+struct Thing {
+  ThingKind kind = ThingKind::kStructure;
+  std::string what, where;
+  // What leads there
+  int node = -1;        // in the tree
+  std::string control;  // a menu command, or a field
+  std::string sheet;    // type of the sheet that a field or a rule is of
+  Mode mode = Mode::kNone;
+  FuzzyText name, place;
+};
+
+// All of them, as they are now, in the order in which equals stand.
+std::vector<Thing> CollectThings(Session& s);
+
+// The best matches first, no more than so many. Without words those that were chosen last, and then the first ones.
+// `recent` holds what was chosen before, the last first, as RecentText gives it.
+std::vector<int> FindThings(const std::vector<Thing>& things, const std::string& typed,
+                            const std::vector<std::string>& recent, std::size_t most);
+std::string RecentText(const Thing& thing);
+
+}  // namespace merlu

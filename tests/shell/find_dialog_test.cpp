@@ -1,0 +1,132 @@
+#include "shell/find_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include "forms/list_model.h"
+#include "shell/things.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+// "Kind|What|Where" of the rows that the list shows.
+std::vector<std::string> Rows(TestRun& run) {
+  const ListModel& model = *run.At("lvwGOT_List").model;
+  std::vector<std::string> rows;
+  for (int row = 0; row < model.RowCount(); ++row)
+    rows.push_back(model.Text(row, 0) + "|" + model.Text(row, 1) + "|" + model.Text(row, 2));
+  return rows;
+}
+
+class GoToDialog : public testing::Test {
+ protected:
+  GoToDialog() {
+    run.StartWithStructure();
+    run.AddEquipment("FLA", "F1");
+    run.Select(run.Key());
+    run.AddEquipment("VEN", "V7");
+    run.SelectRoot();
+  }
+  // Opens the dialog, types, and runs the step before OK.
+  void Type(const std::string& text, const std::function<void()>& step = {}) {
+    run.dialogs.push_back([&, step](Form&) {
+      run.Set("txtGOT_Text", text);
+      if (step) step();
+      run.Click("cmdOK");
+    });
+    run.Click("mnuRFind");
+  }
+  std::string FirstFor(const std::string& text) {
+    std::string first;
+    run.dialogs.push_back([&](Form&) {
+      run.Set("txtGOT_Text", text);
+      const auto rows = Rows(run);
+      first = rows.empty() ? "" : rows.front();
+      run.Click("cmdCANCEL");
+    });
+    run.Click("mnuRFind");
+    return first;
+  }
+
+  TestRun run;
+};
+
+TEST_F(GoToDialog, finds_every_kind_of_thing) {
+  EXPECT_EQ(FirstFor("flare f1"), "Equipment|Combustion Flare: F1|GI, 43, A");
+  EXPECT_EQ(FirstFor("gi 43"), "Structure|GI, 43, A|");
+  EXPECT_EQ(FirstFor("new struct"), "Command|New Structure|Edit");
+  EXPECT_EQ(FirstFor("hours operated flare").substr(0, 20), "Field|Hours Operated");
+  EXPECT_EQ(FirstFor("user guide"), "Help|User Guide|Help");
+  EXPECT_EQ(FirstFor("cold vent 0 to 744").substr(0, 5), "Rule|");
+  run.ChangeTo(Mode::kActv);
+  EXPECT_EQ(FirstFor("survey 2017/01"), "Month|Monthly Survey 2017/01|");
+}
+
+TEST_F(GoToDialog, goes_to_the_best_match) {
+  Type("v7");
+  EXPECT_EQ(run.s.current.EquipID, "V7");
+  EXPECT_TRUE(run.s.desk.Find("frmVEN")->visible);
+}
+
+TEST_F(GoToDialog, goes_to_the_row_that_is_picked) {
+  Type("combustion flare f1", [&] { run.Pick("lvwGOT_List", 0); });
+  EXPECT_EQ(run.s.current.EquipID, "F1");
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtGOT_Text", "v7");
+    run.DoubleClick("lvwGOT_List");
+  });
+  run.Click("mnuRFind");
+  EXPECT_EQ(run.s.current.EquipID, "V7");
+}
+
+TEST_F(GoToDialog, goes_to_a_field_in_its_mode) {
+  Type("hours operated, including upsets flare");
+  EXPECT_EQ(run.s.mode, Mode::kActv);
+  EXPECT_EQ(run.s.current.EquipID, "F1");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated");
+}
+
+TEST_F(GoToDialog, gives_a_command_when_it_has_closed) {
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtGOT_Text", "about merlu");
+    run.Click("cmdOK");
+  });
+  std::string opened;
+  run.dialogs.push_back([&](Form& form) {
+    opened = form.name();
+    run.s.desk.Hide(form);
+  });
+  run.Click("mnuRFind");
+  EXPECT_EQ(opened, "frmAbout");
+  EXPECT_EQ(run.s.desk.Dialog(), nullptr);
+}
+
+TEST_F(GoToDialog, offers_what_was_chosen_last_before_anything_is_typed) {
+  Type("v7");
+  Type("user guide");
+  EXPECT_EQ(FirstFor(""), "Help|User Guide|Help");
+}
+
+TEST_F(GoToDialog, does_nothing_when_nothing_fits) {
+  const QCLocation before = run.s.current;
+  run.dialogs.push_back([&](Form& form) {
+    run.Set("txtGOT_Text", "zzzzqqqq");
+    EXPECT_TRUE(Rows(run).empty());
+    run.Click("cmdOK");
+    EXPECT_TRUE(form.visible);
+    run.Click("cmdCANCEL");
+  });
+  run.Click("mnuRFind");
+  EXPECT_EQ(run.s.current, before);
+}
+
+TEST_F(GoToDialog, is_shut_while_a_record_is_edited) {
+  run.Select(run.Key("FLA", "F1"));
+  run.Click("cmdEdit");
+  EXPECT_EQ(run.WhyNotClick("mnuRFind"), "is disabled");
+  run.Click("cmdCANCEL");
+  EXPECT_EQ(run.WhyNotClick("mnuRFind"), "");
+}
+
+}  // namespace
+}  // namespace merlu::test
