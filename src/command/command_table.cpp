@@ -1,12 +1,17 @@
 #include "command/command_table.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "command/commands.h"
 
 namespace merlu {
 namespace {
 
+constexpr int kAny = std::numeric_limits<int>::max();
+
+const CommandOption kFormat = {"--format", ValueKind::kChoice,     "", "how it is written; text when it is not said", 0,
+                               false,      {"text", "json", "csv"}};
 const CommandOption kTextOrJson = {"--format", ValueKind::kChoice, "", "how it is written; text when it is not said", 0,
                                    false,      {"text", "json"}};
 const CommandOption kForce = {"--force", ValueKind::kNone, "", "replaces OUT when it exists"};
@@ -17,6 +22,20 @@ CommandOption Out(const char* name, ValueKind kind, const char* what, bool neede
 
 std::vector<CommandSpec> Make() {
   return {
+      {"check",
+       "FILE...",
+       1,
+       kAny,
+       "judges every record and lists what the rules find",
+       "Judges every record of each file, each by itself as a run of QC over it alone would, and lists the findings. "
+       "Records that no run over a structure reaches are judged too, and months without a value. Findings that "
+       "are stored with a comment count as explained. Files are judged side by side; what is written stands in their "
+       "order. No file is changed.",
+       {{"--month", ValueKind::kMonth, "M", "only the month, 1 to 12", 1},
+        {"--descriptions", ValueKind::kNone, "", "only the descriptions", 1},
+        kFormat,
+        {"--jobs", ValueKind::kCount, "N", "so many processors; all of them when it is not said"}},
+       CheckFiles},
       {"report",
        "FILE",
        1,

@@ -13,6 +13,7 @@ namespace merlu {
 // `words` are those behind the command's name. Needs an application with fonts where a PDF is written.
 Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console);
 
+Status CheckFiles(const Request& request, Console& console);
 Status WriteSummary(const Request& request, Console& console);
 Status ListDifferences(const Request& request, Console& console);
 

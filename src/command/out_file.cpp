@@ -1,19 +1,34 @@
 #include "command/out_file.h"
 
 #include "base/fault.h"
+#include "command/quiet.h"
 #include "store/files.h"
-#include "store/new_file.h"
 
 namespace merlu {
 
-void WriteOut(const Request& request, const std::function<void(const std::string& path)>& write) {
+OwnFiles OwnFilesOf(const Request& request) {
+  return {request.words.front(), ""};
+}
+
+std::string OutPath(const Request& request) {
   const std::string out = request.Text("-o");
-  const OwnFiles own{request.words.front(), ""};
-  const std::string target = TargetPath(own, out);
-  if (request.Has("--force")) return WriteNewFile(own, out, write);
-  if (FileExists(target))
+  const std::string target = TargetPath(OwnFilesOf(request), out);
+  if (FileExists(target) && !request.Has("--force"))
     throw Fault(fault_number::kFileAccess, "MERLU store", "The file " + out + " exists; --force replaces it.");
-  MakeFile(own, target, write);
+  return target;
+}
+
+void WriteOut(const Request& request, const std::function<void(const std::string& path)>& write) {
+  const std::string target = OutPath(request);
+  if (request.Has("--force"))
+    WriteNewFile(OwnFilesOf(request), target, write);
+  else
+    MakeFile(OwnFilesOf(request), target, write);
+}
+
+std::uint64_t FreeBytesFor(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  return Quiet().FreeBytes(slash == std::string::npos ? "." : path.substr(0, slash + 1));
 }
 
 }  // namespace merlu

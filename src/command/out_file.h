@@ -1,15 +1,23 @@
 // The file that a command writes: whole under its name, or not there.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
 #include "command/command_line.h"
+#include "store/new_file.h"
 
 namespace merlu {
 
-// Has `write` make the file of -o. kFileAccess for one that exists without --force; a folder, a device, the inventory
-// itself and what belongs to it are refused, under any name or link. What was there stays after a fault.
+// What the command's own writing keeps clear of: the inventory and what belongs to it.
+OwnFiles OwnFilesOf(const Request& request);
+// Where -o leads. kFileAccess for a file that exists without --force; a folder, a device, the inventory itself and
+// what belongs to it are refused, under any name or link.
+std::string OutPath(const Request& request);
+// Has `write` make the file of -o. What was there stays after a fault.
 void WriteOut(const Request& request, const std::function<void(const std::string& path)>& write);
+// Room where that file goes.
+std::uint64_t FreeBytesFor(const std::string& path);
 
 }  // namespace merlu
