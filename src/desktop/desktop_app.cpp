@@ -23,6 +23,7 @@
 #include "host/report_pdf.h"
 #include "session/messages.h"
 #include "shell/dialogs.h"
+#include "shell/draft.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
 #include "store/files.h"
@@ -81,11 +82,16 @@ void OfferTypes(QFileDialog& dialog, const FileQuestion& question) {
   });
 }
 
+constexpr int kDraftMilliseconds = 1000;
+
 }  // namespace
 
 DesktopApp::DesktopApp(const std::string& settings_file) : settings_(settings_file) {
   connect(&acts_, &Acts::Changed, this, &DesktopApp::Sync);
   qApp->installEventFilter(this);
+  auto* draft = new QTimer(this);
+  connect(draft, &QTimer::timeout, this, [this] { KeepDraftOfEdit(session_); });
+  draft->start(kDraftMilliseconds);
 }
 
 DesktopApp::~DesktopApp() {

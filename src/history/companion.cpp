@@ -76,6 +76,7 @@ void Companion::Close() {
   db_ = nullptr;
   open_ = refused_ = false;
   why_not_.clear();
+  told_.clear();
   step_ = last_step_ = continued_ = done_draft_ = 0;
 }
 
@@ -136,6 +137,10 @@ void Companion::Refuse(const std::string& why, bool for_good) {
   Detach();
   refused_ = for_good;
   why_not_ = "No history is being kept: " + std::filesystem::path(path_).filename().string() + " " + why + ".";
+}
+
+std::string Companion::TakeNews() {
+  return why_not_ == std::exchange(told_, why_not_) ? "" : why_not_;
 }
 
 bool Companion::StepAside(const Fault& why) {

@@ -55,6 +55,8 @@ class Companion : public BatchPartner {
   Database* db() const { return attached_ ? db_ : nullptr; }
   // Why nothing is being kept, for the status bar; empty while something is, or nothing has been written yet.
   const std::string& why_not() const { return why_not_; }
+  // The same once.
+  std::string TakeNews();
   // Attaches or makes it outside a batch, for what is written to it alone. False when there is none to write to.
   bool Want();
 
@@ -91,7 +93,7 @@ class Companion : public BatchPartner {
   std::function<StepTitle()> untitled_;
   std::string path_;
   bool open_ = false, attached_ = false, refused_ = false, paused_ = false;
-  std::string why_not_;
+  std::string why_not_, told_;
   int depth_ = 0;
   StepTitle title_;
   std::int64_t step_ = 0;  // that is open and has been written to

@@ -55,13 +55,16 @@ std::optional<KnownComment> CommentOf(const Companion& companion, const std::str
 void KeepHandIn(Companion& companion, int year, int month, const std::string& when) {
   if (!companion.Want()) return;
   Database& db = *companion.db();
-  WriteBatch batch(db);
-  if (!companion.IsAttached()) return;
-  db.Execute(
-      "INSERT INTO history.hand_in (year,month,made_at,step) VALUES (?,?,?,(SELECT COALESCE(MAX(id),0) FROM "
-      "history.step))",
-      {std::int64_t{year}, std::int64_t{month}, when});
-  batch.Commit();
+  try {
+    db.Alone([&] {
+      db.Execute(
+          "INSERT INTO history.hand_in (year,month,made_at,step) VALUES (?,?,?,(SELECT COALESCE(MAX(id),0) FROM "
+          "history.step))",
+          {std::int64_t{year}, std::int64_t{month}, when});
+    });
+  } catch (const Fault&) {
+    // the export is whole without it
+  }
 }
 
 std::vector<HandIn> HandIns(const Companion& companion) {
@@ -123,7 +126,7 @@ std::vector<Draft> Drafts(const Companion& companion) {
   Database& db = *companion.db();
   db.ForEach("SELECT id,owner,place,at FROM history.draft ORDER BY id", {}, [&](const RowView& row) {
     drafts.push_back(
-        {row.Integer(0), std::string(row.Text(1)), std::string(row.Text(2)), std::string(row.Text(3)), {}});
+        {row.Integer(0), std::string(row.Text(1)), std::string(row.Text(2)), std::string(row.Text(3)), {}, false, 0});
   });
   for (Draft& draft : drafts)
     db.ForEach("SELECT control,field,stored,entered FROM history.draft_field WHERE draft=? ORDER BY rowid", {draft.id},

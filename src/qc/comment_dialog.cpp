@@ -37,6 +37,7 @@ void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
 bool StoreComment(Session& s, const std::string& field_id, const std::string& comment) {
   bool found = false;
   const Act act(s, "Comment");
+  if (!act.MayWrite()) return false;
   const bool done = OnSheet(s, [&] {
     WriteBatch batch(s.db);
     s.db.NoticeOthers();

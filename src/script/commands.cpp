@@ -12,6 +12,7 @@
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/dialogs.h"
+#include "shell/draft.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/main_program.h"
 #include "shell/routing.h"
@@ -300,6 +301,7 @@ void Player::Close(const Words&) {
 }
 
 void Player::Leave(const Words&) {
+  KeepDraftOfEdit(session_, When::kAtOnce);  // the cut comes when everything typed is kept
   Emit();
   std::_Exit(failed_ ? 1 : 0);
 }

@@ -12,6 +12,7 @@
 #include "host/report_pdf.h"
 #include "script/words.h"
 #include "shell/dialogs.h"
+#include "shell/draft.h"
 #include "shell/main_program.h"
 #include "store/files.h"
 
@@ -84,6 +85,7 @@ void Player::Carry() {
     reply_.ok = false;
     reply_.error = fault.description;
   }
+  KeepDraftOfEdit(session_);
 }
 
 void Player::Emit() {

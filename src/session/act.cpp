@@ -1,7 +1,11 @@
 #include "session/act.h"
 
+#include "history/backups.h"
+#include "session/folders.h"
+#include "session/messages.h"
 #include "session/place.h"
 #include "store/file_note.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -20,6 +24,7 @@ StepTitle TitleOf(Session& s, const std::string& what) {
 Act::Act(Session& s, const std::string& what) : s_(s) {
   StepTitle title;
   if (!s.companion.InStep()) {
+    may_write_ = BackUpOnceADay(s);
     title = TitleOf(s, what);
     if (s.db.IsOpen()) title.place = PlaceText(s.db, s.current);
   }
@@ -27,6 +32,7 @@ Act::Act(Session& s, const std::string& what) : s_(s) {
 }
 
 Act::Act(Session& s, const std::string& what, const std::string& place, const QCLocation& to) : s_(s) {
+  if (!s.companion.InStep()) may_write_ = BackUpOnceADay(s);
   StepTitle title = TitleOf(s, what);
   title.place = place;
   title.to = PackLocation(to, s.mode);
@@ -35,10 +41,64 @@ Act::Act(Session& s, const std::string& what, const std::string& place, const QC
 
 Act::~Act() {
   s_.companion.EndStep();
+  if (s_.companion.InStep()) return;
+  ShowUndoCommands(s_);
+  if (const std::string news = s_.companion.TakeNews(); !news.empty()) s_.message = news;
+}
+
+namespace {
+
+void ShowCommand(Session& s, const char* name, const char* word, const std::optional<HistoryStep>& step) {
+  Control* command = s.main->Find(name);
+  if (command == nullptr) return;
+  command->caption = step ? std::string(word) + " " + step->title.what : word;
+  command->enabled = step.has_value();
+}
+
+}  // namespace
+
+void ShowUndoCommands(Session& s) {
+  if (s.main == nullptr) return;
+  std::optional<HistoryStep> undo, redo;
+  try {
+    undo = NextUndo(s.companion);
+    redo = NextRedo(s.companion);
+  } catch (const Fault&) {
+    // a companion that cannot be read now offers nothing
+  }
+  ShowCommand(s, "mnuEUndo", "Undo", undo);
+  ShowCommand(s, "mnuERedo", "Redo", redo);
 }
 
 void OpenCompanion(Session& s) {
   s.companion.Open(s.db, [&s] { return TitleOf(s, "Change"); });
+  if (const std::string news = s.companion.TakeNews(); !news.empty()) s.message = news;
+}
+
+void BackUp(Session& s, const std::string& why) {
+  MakeBackup(s.db, OwnFilesOf(s), s.platform.Now(), why, s.platform.FreeBytes(FolderOf(s.path)));
+}
+
+bool BackUpOrAsk(Session& s, const std::string& why) {
+  if (!s.db.IsOpen() || s.db.InBatch()) return true;
+  try {
+    BackUp(s, why);
+    return true;
+  } catch (const Fault& fault) {
+    Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
+  }
+  return AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) == Button::kYes;
+}
+
+bool BackUpOnceADay(Session& s) {
+  if (!s.db.IsOpen()) return true;
+  const std::string today = StoredDate(s.platform.Now()).substr(0, 10);
+  if (s.unbacked_day == today) return true;
+  const std::vector<Backup> backups = Backups(s.path);
+  if (!backups.empty() && StoredDate(backups.front().when).substr(0, 10) == today) return true;
+  if (!BackUpOrAsk(s, backup_reason::kDay)) return false;
+  s.unbacked_day = today;
+  return true;
 }
 
 }  // namespace merlu

@@ -14,12 +14,25 @@ class Act {
   // To a place of its own, where redo leads to.
   Act(Session& s, const std::string& what, const std::string& place, const QCLocation& to);
   ~Act();
+  // No: there was no backup to be had, and the user does not want to go on without. Nothing is to be written then.
+  bool MayWrite() const { return may_write_; }
   Act(const Act&) = delete;
   Act& operator=(const Act&) = delete;
 
  private:
   Session& s_;
+  bool may_write_ = true;
 };
+
+// Captions of undo and redo, and whether there is anything to undo or redo.
+void ShowUndoCommands(Session& s);
+
+// Makes a backup of the open file; faults are thrown.
+void BackUp(Session& s, const std::string& why);
+// The same before an act. One that cannot be made is told, and the user is asked whether to go on; false: no.
+bool BackUpOrAsk(Session& s, const std::string& why);
+// Before the first write of a day.
+bool BackUpOnceADay(Session& s);
 
 // Has the companion take part in what is written to the open file.
 void OpenCompanion(Session& s);

@@ -58,9 +58,10 @@ struct Session {
 
   // The open file
   Database db;
-  FileNote note;      // that this run has the file open
-  Companion companion;  // what is kept beside the file
-  Database exchange;    // a second file: what an export writes, or an import reads
+  FileNote note;             // that this run has the file open
+  Companion companion;       // what is kept beside the file
+  std::string unbacked_day;  // the user goes on without a backup on that day
+  Database exchange;         // a second file: what an export writes, or an import reads
   Cursors cursors;
   int year = 0;        // sys_yr
   int last_month = 0;  // SYS_MAX_MO
@@ -76,15 +77,15 @@ struct Session {
 
   // The edit
   bool editing = false;
-  bool unreadable = false;   // the record that shows could not be read: no edit, no save, no run
-  int faults_told = 0;       // by messages: a load that told of one has not read its record
-  Draft draft;                  // what is kept of the edit in case it is interrupted
-  std::int64_t edit_step = 0;   // a look-up list has grown in it: the save goes on with that step
-  bool save_failed = false;  // a save or the first-run dialog was not carried through
-  bool InSaveQC = false;     // the QC run is the one that the save began
+  bool unreadable = false;     // the record that shows could not be read: no edit, no save, no run
+  int faults_told = 0;         // by messages: a load that told of one has not read its record
+  Draft draft;                 // what is kept of the edit in case it is interrupted
+  std::int64_t edit_step = 0;  // a look-up list has grown in it: the save goes on with that step
+  bool save_failed = false;    // a save or the first-run dialog was not carried through
+  bool InSaveQC = false;       // the QC run is the one that the save began
   bool EquipmentInactive = false;
   bool StructureInactive = false;
-  bool record_checked = false;  // the last run judged the whole record that it was started at
+  bool record_checked = false;                    // the last run judged the whole record that it was started at
   PageMemory last_page_desc{}, last_page_actv{};  // by type number
 
   // The tree

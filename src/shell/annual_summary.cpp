@@ -67,6 +67,7 @@ void RunInventoryQC(Session& s, const std::string& path) {
   try {
     const Busy busy(s);
     const Act act(s, "Annual Summary", "", s.current);
+    if (!act.MayWrite()) return;
     ShowWait(s, "Preparing QA Summary", "Please Wait...");
     RunInventoryPasses(s);
     RenderReport(s, path);

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "forms/dialog.h"
+#include "history/backups.h"
 #include "records/equipment_record.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
@@ -14,7 +15,10 @@
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "session/records.h"
+#include "shell/backup_dialog.h"
 #include "shell/dialog_form.h"
+#include "shell/draft.h"
+#include "shell/history_dialog.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
 #include "shell/trees.h"
@@ -110,6 +114,7 @@ void MakeStructure(Session& s, Form& form) {
     if (Trim(form.At(field.control).text).empty()) return Refuse(s, form, field.control, field.message);
   const NewStructure structure{Trim(form.At("txtComplxID").text), Trim(form.At("txtStructID").text),
                                form.At("txtArea").text, form.At("txtBlock").text, form.At("txtName").text};
+  if (!BackUpOnceADay(s)) return;
   Plainly(s, [&] {
     CurrentKeys keys(s);  // what shows keeps its record until the new node shows
     if (!AddStructure(s, structure)) {
@@ -168,6 +173,7 @@ void MakeEquipment(Session& s, Form& form) {
   if (id.empty()) return Refuse(s, form, "txtEquipID", "Please supply a valid Equipment ID (8 chars max)");
   const EquipmentType* type = FindTypeByName(form.At("cmbEquipType").text);
   if (type == nullptr) return Refuse(s, form, "cmbEquipType", "Please select an Equipment Type");
+  if (!BackUpOnceADay(s)) return;
   try {
     CurrentKeys keys(s);
     if (!AddEquipment(s, *type, id))
@@ -228,7 +234,9 @@ Form& AboutForm(Session& s) {
 }  // namespace
 
 void MakeDialogs(Session& s) {
-  for (Form& (*make)(Session&) : {NewUserDialog, NewStructureDialog, NewEquipmentDialog, AboutForm}) make(s);
+  for (Form& (*make)(Session&) :
+       {NewUserDialog, NewStructureDialog, NewEquipmentDialog, AboutForm, HistoryDialog, DraftDialog, BackupDialog})
+    make(s);
 }
 
 namespace {
@@ -283,7 +291,9 @@ void DeleteCurrent(Session& s) {
   const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
                                    : "Are you sure you wish to delete this equipment data?";
   if (AskUser(s, question, {Button::kOK, Button::kCancel}) != Button::kOK) return;
+  if (structure && !BackUpOrAsk(s, backup_reason::kDeletion)) return;
   const Act act(s, "Deletion");
+  if (!act.MayWrite()) return;
   const bool deleted = Plainly(s, [&] {
     const std::vector<std::int64_t> months = structure ? MonthsOf(s, s.PD_ID_AK) : std::vector<std::int64_t>();
     DeleteCurrentRecord(s);
@@ -294,6 +304,7 @@ void DeleteCurrent(Session& s) {
 
 void AddNextMonth(Session& s) {
   const Act act(s, "New Month", JoinPlace(s.last_month + 1, s.year, "", ""), s.current);
+  if (!act.MayWrite()) return;
   Plainly(s, [&] {
     if (s.At("CO_COMPANY").RecordCount() == 0) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
     if (s.last_month == 12) return Tell(s, kAllMonths);

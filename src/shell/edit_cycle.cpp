@@ -6,6 +6,7 @@
 #include "qc_run/run_qc.h"
 #include "records/operator_record.h"
 #include "session/act.h"
+#include "shell/draft.h"
 #include "shell/entry_commands.h"
 #include "shell/routing.h"
 #include "shell/trees.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr const char* kOtherRoutes[] = {"mnuFile",
                                         "mnuEdit",
                                         "mnuRFind",
+                                        "mnuRHistory",
                                         "tvwTree",
                                         "cmdEditMode",
                                         "cmdUSER_AddStructure",
@@ -46,11 +48,21 @@ void LeaveFields(Session& s) {
 // A save, with the look-up list that has grown during the edit.
 class SavingAct {
  public:
-  explicit SavingAct(Session& s) : act_((s.companion.ContinueWith(std::exchange(s.edit_step, 0)), s), "Save") {}
+  explicit SavingAct(Session& s) : act_((s.companion.ContinueWith(std::exchange(s.edit_step, 0)), s), "Save") {
+    s.save_failed = !act_.MayWrite();
+  }
 
  private:
   Act act_;
 };
+
+// What was kept of the edit goes in the commit that stores it.
+void SaveForGood(Session& s, bool after_qc) {
+  s.companion.ForgetDraftWithBatch(s.draft.id);
+  SaveSheet(s, after_qc);
+  s.companion.ForgetDraftWithBatch(0);
+  if (!s.save_failed) EndDraft(s);
+}
 
 }  // namespace
 
@@ -65,13 +77,14 @@ void BeginEdit(Session& s) {
   s.editing = true;
   UnlockSheet(s);
   ShowEntryCommands(s);
+  BeginDraft(s);
 }
 
 void SaveEdits(Session& s) {
   const SavingAct act(s);
   LeaveFields(s);
-  s.save_failed = false;
-  SaveSheet(s, false);
+  if (s.save_failed) return;
+  SaveForGood(s, false);
   if (s.save_failed) return;
   ClearSheet(s);
   LoadSheet(s);
@@ -81,8 +94,8 @@ void SaveEdits(Session& s) {
 
 void SaveExit(Session& s) {
   const SavingAct act(s);
+  if (s.save_failed) return;
   LeaveFields(s);
-  s.save_failed = false;
   if (s.current.Is(level::kUser) && !ValidateOperator(s)) {
     s.save_failed = true;
     return;
@@ -92,7 +105,7 @@ void SaveExit(Session& s) {
   RunQC(s, here, true);
   s.InSaveQC = false;
   s.current = here;  // a run that a fault ended stands elsewhere; the save belongs to this record
-  SaveSheet(s, s.record_checked);
+  SaveForGood(s, s.record_checked);
   if (s.save_failed) return;
   SaveTreeExpansion(s);
   SelectRoot(s);
@@ -108,6 +121,7 @@ void SaveExit(Session& s) {
 
 void CancelEdit(Session& s) {
   s.edit_step = 0;
+  EndDraft(s);
   ClearSheet(s);
   LoadSheet(s);
   EndEdit(s);
@@ -117,6 +131,7 @@ void RunQCHere(Session& s) {
   LeaveFields(s);
   if (!CanUseRecord(s)) return;
   const Act act(s, "QC Run");
+  if (!act.MayWrite()) return;
   const QCLocation here = s.current;
   RunQC(s, here, false);
   s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows

@@ -11,6 +11,8 @@
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "forms/dialog.h"
+#include "history/backups.h"
+#include "history/notes.h"
 #include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
@@ -198,6 +200,7 @@ void ExportPickedSurveys(Session& s, Form& form) {
   if (!Write(s, file, "errors during export of Month/Year", cut, compaction)) return;
   for (const Survey& survey : surveys) {
     GoToSurvey(s, survey);
+    KeepHandIn(s.companion, survey.year, survey.month, StoredDate(s.platform.Now()));
     Tell(s, "Completed exporting Survey: " + survey.text);
   }
   TellCompaction(s, compaction);
@@ -303,7 +306,9 @@ void ImportPickedStructures(Session& s, Form& form) {
     form.focus = kStructures;
     return Tell(s, "No Structures selected for importing.");
   }
+  if (!BackUpOrAsk(s, backup_reason::kImport)) return;
   const Act act(s, "Import");
+  if (!act.MayWrite()) return;
   try {
     bool imported = false;
     {

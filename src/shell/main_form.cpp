@@ -8,19 +8,22 @@
 #include "records/structure_record.h"
 #include "records/survey_record.h"
 #include "shell/annual_summary.h"
+#include "shell/backup_dialog.h"
 #include "shell/dialogs.h"
 #include "shell/docks.h"
 #include "shell/edit_cycle.h"
-#include "shell/entry_commands.h"
-#include "shell/grid_dialog.h"
 #include "shell/edit_modes.h"
+#include "shell/entry_commands.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
 #include "shell/find_dialog.h"
+#include "shell/grid_dialog.h"
 #include "shell/help.h"
+#include "shell/history_dialog.h"
 #include "shell/main_program.h"
 #include "shell/print_screen.h"
 #include "shell/spreadsheet.h"
+#include "shell/undo.h"
 
 namespace merlu {
 namespace {
@@ -56,6 +59,7 @@ constexpr MenuCommand kMenus[] = {
     {"PrintScrn", "Print Screen", "mnuFile", PrintScreen},
     {"mnuFBar4", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
+    {"mnuFBackups", "&Backups...", "mnuFile", OpenBackups},
     {"mnuEdit", "&Edit", "", nullptr},
     {"mnuSetEditMode", "Change to Activity Edit Mode", "mnuEdit", ChangeEditMode},
     {"mnuEBar1", "-", "mnuEdit", nullptr},
@@ -64,9 +68,12 @@ constexpr MenuCommand kMenus[] = {
     {"mnuENewEquipment", "New Equipment", "mnuEdit", OpenNewEquipment},
     {"mnuEditBar", "-", "mnuEdit", nullptr},
     {"mnuEDelete", "Delete", "mnuEdit", DeleteCurrent},
+    {"mnuEUndo", "Undo", "mnuEdit", UndoLast},
+    {"mnuERedo", "Redo", "mnuEdit", RedoLast},
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuReview", "&Review", "", nullptr},
+    {"mnuRHistory", "Change &History...", "mnuReview", OpenHistory},
     {"mnuRFind", "&Go To...", "mnuReview", OpenGoTo},
     {"mnuEntry", "E&ntry", "", nullptr},
     {"mnuNGrid", "Month &Grid...", "mnuEntry", OpenMonthGrid},

@@ -1,10 +1,12 @@
 #include "shell/main_program.h"
 
 #include "base/text.h"
+#include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/docks.h"
+#include "shell/draft.h"
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
 #include "shell/main_form.h"
@@ -87,7 +89,9 @@ void Main(Session& s) {
     if (form != s.main) s.desk.Show(*form);  // a sheet lies over the main window
   ReopenDocks(s);
   s.main->focus = "tvwTree";
+  ShowUndoCommands(s);
   ShowSplash(s);
+  OfferDrafts(s);
 }
 
 void CloseDatabase(Session& s) {

@@ -1,0 +1,188 @@
+#include "shell/draft.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+
+#include "forms/dialog.h"
+#include "history/notes.h"
+#include "session/messages.h"
+#include "session/place.h"
+#include "shell/dialog_form.h"
+#include "shell/edit_cycle.h"
+#include "shell/navigation.h"
+#include "store/file_note.h"
+
+namespace merlu {
+namespace {
+
+constexpr std::int64_t kPauseMilliseconds = 1000;
+
+std::int64_t Milliseconds() {
+  using namespace std::chrono;
+  return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+std::string OwnName() {
+  return MachineName() + " " + std::to_string(::getpid());
+}
+
+// A program on this machine that still runs keeps its own draft.
+bool IsAnothersAlive(const std::string& owner) {
+  const std::string machine = MachineName() + " ";
+  if (!owner.starts_with(machine) || owner == OwnName()) return false;
+  int process = 0;
+  const auto [end, error] = std::from_chars(owner.data() + machine.size(), owner.data() + owner.size(), process);
+  return error == std::errc() && end == owner.data() + owner.size() && process > 0 && ::kill(process, 0) == 0;
+}
+
+bool TakesText(const Control& control) {
+  switch (control.kind) {
+    case Kind::kText:
+    case Kind::kMasked:
+    case Kind::kList: return !control.locked;
+    case Kind::kCheck:
+    case Kind::kOption: return true;
+    default: return false;
+  }
+}
+
+std::string TextOf(const Control& control) {
+  if (control.kind == Kind::kCheck || control.kind == Kind::kOption) return control.checked ? "on" : "off";
+  return control.text;
+}
+
+bool IsOnSheet(const Form& form, const Control& control, const std::string& frame) {
+  const Control* at = &control;
+  while (at != nullptr && at->name != frame) at = at->parent.empty() ? nullptr : form.Find(at->parent);
+  return at != nullptr;
+}
+
+std::string Caption(const Control& control) {
+  std::string caption = control.caption.empty() ? control.tag : control.caption;
+  while (!caption.empty() && (caption.back() == ':' || caption.back() == ' ')) caption.pop_back();
+  return caption;
+}
+
+// The fields that differ from what was loaded.
+Draft Changed(const Draft& draft) {
+  Draft changed = draft;
+  std::erase_if(changed.fields, [](const DraftField& field) { return field.stored == field.entered; });
+  return changed;
+}
+
+void PutIn(Session& s, Form& form, const DraftField& field) {
+  Control* control = form.Find(field.control);
+  if (control == nullptr) return;
+  switch (control->kind) {
+    case Kind::kCheck:
+    case Kind::kOption: act::Check(s.desk, form, field.control, field.entered == "on"); return;
+    case Kind::kList: act::Choose(s.desk, form, field.control, field.entered); return;
+    default: act::Type(s.desk, form, field.control, field.entered); return;
+  }
+}
+
+void Continue(Session& s, const Draft& draft) {
+  QCLocation at;
+  Mode mode = s.mode;
+  if (!UnpackLocation(draft.at, at, mode) || !GoTo(s, at, mode)) return;
+  BeginEdit(s);
+  const ShowingSheet sheet = SheetThatShows(s);
+  if (!s.editing || sheet.form == nullptr) return;
+  for (const DraftField& field : draft.fields) PutIn(s, *sheet.form, field);
+  s.draft.id = draft.id;
+  KeepDraftOfEdit(s, When::kAtOnce);
+}
+
+enum class Answer { kLater, kContinue, kDiscard };
+
+Answer Ask(Session& s, const Draft& draft) {
+  Form& form = DraftDialog(s);
+  form.At("lblDRF_Place").caption = form.At("lblDRF_Place").text = draft.place;
+  std::vector<RowsModel::Row> rows;
+  for (const DraftField& field : draft.fields) rows.push_back({field.caption, field.stored, field.entered});
+  static_cast<RowsModel&>(*form.At("lvwDRF_Fields").model).Set(std::move(rows));
+  Answer answer = Answer::kLater;
+  const auto answering = [&](const char* button, Answer meant) {
+    form.On(button, Event::kClick, [&s, &form, &answer, meant] {
+      answer = meant;
+      s.desk.Hide(form);
+    });
+  };
+  answering("cmdDRF_Continue", Answer::kContinue);
+  answering("cmdDRF_Discard", Answer::kDiscard);
+  ShowDialog(s.desk, s.platform, form);
+  for (const char* button : {"cmdDRF_Continue", "cmdDRF_Discard"}) form.On(button, Event::kClick, nullptr);
+  return answer;
+}
+
+}  // namespace
+
+Form& DraftDialog(Session& s) {
+  return DialogForm(s, "frmDraft", "Interrupted Edit", [](Form& form) {
+    AddLabel(form, "lblDRF_Note", "An edit was interrupted before it was saved:");
+    AddLabel(form, "lblDRF_Place", "");
+    AddListView(form, "lvwDRF_Fields", "What was typed", {"Field", "Stored", "Entered"}, std::make_shared<RowsModel>());
+    AddButton(form, "cmdDRF_Continue", "Continue");
+    AddButton(form, "cmdDRF_Later", "Later");
+    AddButton(form, "cmdDRF_Discard", "Discard");
+    form.default_button = "cmdDRF_Continue";
+    form.cancel_button = "cmdDRF_Later";
+  });
+}
+
+void BeginDraft(Session& s) {
+  const std::int64_t id = s.draft.id;
+  s.draft = Draft();
+  s.draft.id = id;
+  const ShowingSheet sheet = SheetThatShows(s);
+  if (sheet.form == nullptr || !s.db.IsOpen()) return;
+  s.draft.owner = OwnName();
+  s.draft.at = PackLocation(s.current, s.mode);
+  Plainly(s, [&] { s.draft.place = PlaceText(s.db, s.current); });
+  for (const Control& control : sheet.form->controls())
+    if (TakesText(control) && IsOnSheet(*sheet.form, control, sheet.frame))
+      s.draft.fields.push_back({control.name, Caption(control), TextOf(control), TextOf(control)});
+}
+
+void KeepDraftOfEdit(Session& s, When when) {
+  if (!s.editing || s.draft.fields.empty() || s.db.InBatch()) return;
+  const ShowingSheet sheet = SheetThatShows(s);
+  if (sheet.form == nullptr) return;
+  bool changed = s.draft.behind;
+  for (DraftField& field : s.draft.fields)
+    if (const Control* control = sheet.form->Find(field.control);
+        control != nullptr && TextOf(*control) != field.entered) {
+      field.entered = TextOf(*control);
+      changed = true;
+    }
+  if (!changed) return;
+  const std::int64_t now = Milliseconds();
+  s.draft.behind = when == When::kInTime && now - s.draft.kept_at < kPauseMilliseconds;
+  if (s.draft.behind) return;
+  s.draft.kept_at = now;
+  Draft kept = Changed(s.draft);
+  s.draft.behind = !KeepDraft(s.companion, kept);
+  s.draft.id = kept.id;
+}
+
+void EndDraft(Session& s) {
+  ForgetDraft(s.companion, s.draft.id);
+  s.draft = Draft();
+}
+
+void OfferDrafts(Session& s) {
+  Plainly(s, [&] {
+    for (const Draft& draft : Drafts(s.companion)) {
+      if (IsAnothersAlive(draft.owner)) continue;
+      const Answer answer = Ask(s, draft);
+      if (answer == Answer::kDiscard) ForgetDraft(s.companion, draft.id);
+      if (answer == Answer::kContinue) return Continue(s, draft);
+    }
+  });
+}
+
+}  // namespace merlu

@@ -1,0 +1,22 @@
+// What was typed in an edit that was interrupted: kept while the edit goes on, at most two seconds behind, and offered
+// at the next start.
+#pragma once
+
+#include "session/session.h"
+
+namespace merlu {
+
+// The edit begins: from here on its texts are looked at.
+void BeginDraft(Session& s);
+// After acts of the user, and from time to time; `at_once` does not wait for the second to be over.
+enum class When { kInTime, kAtOnce };
+void KeepDraftOfEdit(Session& s, When when = When::kInTime);
+// The edit has ended: by a save, whose batch forgets it too, or dropped.
+void EndDraft(Session& s);
+
+// Asks about what interrupted edits have left.
+void OfferDrafts(Session& s);
+
+Form& DraftDialog(Session& s);
+
+}  // namespace merlu

@@ -1,0 +1,251 @@
+// Undo, redo, the list of changes, interrupted edits and backups, on the screens.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "forms/list_model.h"
+#include "history/backups.h"
+#include "history/notes.h"
+#include "shell/draft.h"
+#include "shell/main_program.h"
+#include "shell/program_end.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+class OnScreen : public testing::Test {
+ protected:
+  // Every row of every table with its number and the exact form of its values.
+  std::string Everything() {
+    std::string all;
+    for (const RecordedTable& table : *run.s.db.recorder().tables()) {
+      if (table.IsAttached()) continue;
+      std::string columns;
+      for (const std::string& column : table.columns) columns += "||','||quote([" + column + "])";
+      run.s.db.ForEach("SELECT rowid" + columns + " FROM [" + table.name + "] ORDER BY rowid", {},
+                       [&](const RowView& row) { all += table.name + ": " + std::string(row.Text(0)) + "\n"; });
+    }
+    return all;
+  }
+  std::string Undo() { return run.At("mnuEUndo").caption; }
+  std::string Redo() { return run.At("mnuERedo").caption; }
+  static std::string Cell(const Control& list, int row, int column) { return list.model->Text(row, column); }
+  std::string Folder() { return BackupFolder(run.s.path); }
+
+  TestRun run;
+};
+
+TEST_F(OnScreen, nothing_can_be_undone_at_first) {
+  run.Start();
+  EXPECT_EQ(Undo(), "Undo");
+  EXPECT_EQ(Redo(), "Redo");
+  EXPECT_EQ(run.WhyNotClick("mnuEUndo"), "is disabled");
+  EXPECT_FALSE(fs::exists(run.s.path + ".history"));
+}
+
+TEST_F(OnScreen, a_deleted_structure_comes_back_with_all_its_rows_and_the_place) {
+  run.StartWith("FLA", "F1");
+  const std::string node = run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].key;
+  const std::string before = Everything();
+  run.answers = {Button::kOK};
+  run.Select(run.Key());
+  run.Click("mnuEDelete");
+  EXPECT_EQ(run.Count("ED_FLA"), 0);
+  const std::string after = Everything();
+  EXPECT_EQ(Undo(), "Undo Deletion");
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Everything(), before);
+  EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].key, run.Key());
+  EXPECT_GE(run.s.tree.Find(node), 0);
+  EXPECT_EQ(Redo(), "Redo Deletion");
+  run.Click("mnuERedo");
+  EXPECT_EQ(Everything(), after);
+  EXPECT_EQ(run.s.tree.Find(node), -1);
+}
+
+TEST_F(OnScreen, a_save_with_its_run_is_one_step) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  const std::string before = Everything();
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "745");
+  run.Click("cmdSaveExit");
+  EXPECT_GT(run.Count("QC"), 0);
+  EXPECT_EQ(Undo(), "Undo Save");
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Everything(), before);
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "");
+  run.Click("mnuERedo");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "745");
+}
+
+TEST_F(OnScreen, an_added_month_goes_again) {
+  run.StartWithStructure();
+  run.ChangeTo(Mode::kActv);
+  const std::string before = Everything();
+  run.AddMonth();
+  EXPECT_EQ(run.s.last_month, 2);
+  run.Click("mnuEUndo");
+  EXPECT_EQ(run.s.last_month, 1);
+  EXPECT_EQ(Everything(), before);
+}
+
+TEST_F(OnScreen, what_another_program_wrote_is_not_undone) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "100"}});
+  Raw(run.s.path, {"UPDATE EA_FLA SET OP_HR=200"});
+  run.TakeBoxes();
+  run.Click("mnuEUndo");
+  EXPECT_EQ(run.TakeBoxes(),
+            (std::vector<std::string>{
+                "This cannot be undone: 2017/01 · GI, 43, A · Combustion Flare: F1 was changed by another program."}));
+  EXPECT_EQ(ToInteger(run.Sql("SELECT OP_HR FROM EA_FLA")), 200);
+}
+
+TEST_F(OnScreen, the_list_tells_each_step_and_its_values) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "100"}});
+  run.dialogs.push_back([&](Form& form) {
+    Control& steps = form.At("lvwHIS_Steps");
+    ASSERT_EQ(steps.model->RowCount(), 3);
+    EXPECT_EQ(Cell(steps, 0, 0), "2017-03-05 14:02:00");
+    EXPECT_EQ(Cell(steps, 0, 2), "Save");
+    EXPECT_EQ(Cell(steps, 0, 3), "2017/01 · GI, 43, A · Combustion Flare: F1");
+    EXPECT_EQ(Cell(steps, 1, 2), "New Equipment");
+    EXPECT_EQ(Cell(steps, 2, 2), "New Structure");
+    run.Pick("lvwHIS_Steps", 0);
+    Control& values = form.At("lvwHIS_Values");
+    EXPECT_EQ(std::to_string(values.model->RowCount()), Cell(steps, 0, 4));
+    bool found = false;
+    for (int row = 0; row < values.model->RowCount(); ++row)
+      if (Cell(values, row, 1).starts_with("Hours Operated")) {
+        found = true;
+        EXPECT_EQ(Cell(values, row, 2), "");
+        EXPECT_EQ(Cell(values, row, 3), "100");
+      }
+    EXPECT_TRUE(found);
+    run.Set("txtHIS_Filter", "new EQUIP");
+    EXPECT_EQ(steps.model->RowCount(), 1);
+    run.Set("txtHIS_Filter", "");
+    run.Set("cmbHIS_Show", "This record");
+    EXPECT_EQ(steps.model->RowCount(), 2);
+    run.Set("cmbHIS_Show", "All");
+    run.Pick("lvwHIS_Steps", 1);
+    run.Click("cmdHIS_Undo");
+    EXPECT_EQ(Cell(steps, 0, 5), "undone");
+    EXPECT_EQ(Cell(steps, 1, 5), "undone");
+    EXPECT_EQ(Cell(steps, 2, 5), "");
+    run.files = {run.folder.path("history.csv")};
+    run.Click("cmdHIS_Export");
+    EXPECT_TRUE(fs::exists(run.folder.path("history.csv")));
+  });
+  run.Click("mnuRHistory");
+  EXPECT_TRUE(run.dialogs.empty());
+  EXPECT_EQ(run.Count("ED_FLA"), 0);
+}
+
+TEST_F(OnScreen, what_was_typed_is_offered_after_a_cut) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "100");
+  KeepDraftOfEdit(run.s, When::kAtOnce);
+  ASSERT_EQ(Drafts(run.s.companion).size(), 1u);
+  EndProgram(run.s);  // without a word to the edit
+  run.dialogs.push_back([&](Form& form) {
+    EXPECT_EQ(form.name(), "frmDraft");
+    EXPECT_EQ(form.At("lblDRF_Place").text, "2017/01 · GI, 43, A · Combustion Flare: F1");
+    const Control& fields = form.At("lvwDRF_Fields");
+    ASSERT_EQ(fields.model->RowCount(), 1);
+    EXPECT_EQ(Cell(fields, 0, 1), "");
+    EXPECT_EQ(Cell(fields, 0, 2), "100");
+    run.Click("cmdDRF_Continue");
+  });
+  Main(run.s);
+  EXPECT_TRUE(run.s.editing);
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "100");
+  run.Click("cmdSaveEdits");
+  EXPECT_TRUE(Drafts(run.s.companion).empty());
+  EXPECT_EQ(ToInteger(run.Sql("SELECT OP_HR FROM EA_FLA")), 100);
+}
+
+TEST_F(OnScreen, a_cancelled_edit_leaves_no_draft) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "100");
+  KeepDraftOfEdit(run.s, When::kAtOnce);
+  run.Click("cmdCANCEL");
+  EXPECT_TRUE(Drafts(run.s.companion).empty());
+}
+
+TEST_F(OnScreen, a_backup_is_made_before_the_first_write_of_a_day) {
+  run.StartWithStructure();
+  ASSERT_EQ(Backups(run.s.path).size(), 1u);
+  EXPECT_EQ(fs::path(Backups(run.s.path)[0].path).filename(), "2017-03-05 140200 first change of the day.mdb");
+  run.AddEquipment("FLA", "F1");
+  EXPECT_EQ(Backups(run.s.path).size(), 1u);
+  run.clock.day = 6;
+  run.Select(run.Key());
+  run.AddEquipment("FLA", "F2");
+  EXPECT_EQ(Backups(run.s.path).size(), 2u);
+}
+
+TEST_F(OnScreen, a_restored_backup_is_what_it_was_and_ends_undo) {
+  run.StartWithStructure();
+  const std::string before = Everything();
+  run.dialogs.push_back([&](Form&) { run.Click("cmdBAK_Make"); });
+  run.Click("mnuFBackups");
+  run.AddEquipment("FLA", "F1");
+  run.clock.minute = 3;
+  run.answers = {Button::kYes};
+  run.dialogs.push_back([&](Form& form) {
+    const Control& list = form.At("lvwBAK_List");
+    ASSERT_EQ(list.model->RowCount(), 2);
+    EXPECT_EQ(Cell(list, 0, 1), "by hand");
+    EXPECT_EQ(Cell(list, 0, 4), "1");
+    EXPECT_EQ(Cell(list, 0, 5), "0");
+    run.Pick("lvwBAK_List", 0);
+    run.Click("cmdBAK_Restore");
+    EXPECT_EQ(list.model->RowCount(), 3);  // with the one of what was there
+  });
+  run.Click("mnuFBackups");
+  EXPECT_EQ(Everything(), before);
+  EXPECT_EQ(Undo(), "Undo");
+  EXPECT_EQ(run.s.tree.Find(run.Key("FLA", "F1")), -1);
+}
+
+TEST_F(OnScreen, without_room_for_a_backup_the_user_decides) {
+  run.StartWithStructure();
+  run.clock.day = 6;
+  run.free_bytes = 1000;
+  run.answers = {Button::kNo};
+  run.TakeBoxes();
+  run.AddEquipment("FLA", "F1");
+  const std::vector<std::string> boxes = run.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 2u);
+  EXPECT_EQ(boxes[1], "Go on without a backup?");
+  EXPECT_EQ(run.Count("ED_FLA"), 0);
+}
+
+TEST(BackupRule, keeps_the_last_ten_a_week_of_days_and_a_year_of_months) {
+  std::vector<Backup> backups;
+  const DateTime now{2017, 6, 30, 12, 0, 0};
+  // twenty of today, then one of each day of two years, newest first
+  for (int i = 0; i < 20; ++i) backups.push_back({"today " + std::to_string(i), {2017, 6, 30, 11, 59 - i, 0}, "", 0});
+  for (int month = 0; month < 24; ++month)
+    for (int day = 28; day > 0; --day) {
+      const int months = 2017 * 12 + 5 - month;
+      backups.push_back({"d", {months / 12, months % 12 + 1, day, 10, 0, 0}, "", 0});
+    }
+  const std::vector<Backup> outdated = Outdated(backups, now);
+  // ten of today, the 28th to the 24th of June, and of each of the eleven months before one
+  EXPECT_EQ(backups.size() - outdated.size(), 10u + 5u + 11u);
+  EXPECT_TRUE(std::none_of(outdated.begin(), outdated.end(), [](const Backup& b) { return b.path == "today 9"; }));
+}
+
+}  // namespace
+}  // namespace merlu::test
