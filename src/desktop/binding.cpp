@@ -58,16 +58,26 @@ QString HiddenPart(const QWidget& widget) {
              : QString();
 }
 
+// A unit of several words stays on one line.
+QString WholeUnit(QString caption) {
+  constexpr qsizetype kLongest = 16;
+  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
+  if (open >= 0 && close > open && close - open <= kLongest)
+    for (qsizetype at = open; at < close; ++at)
+      if (caption[at] == ' ') caption[at] = QChar::Nbsp;
+  return caption;
+}
+
 }  // namespace
 
 QString CaptionOf(const Control& control) {
-  if (!control.caption.empty()) return Q(control.caption);
+  if (!control.caption.empty()) return WholeUnit(Q(control.caption));
   return control.tag.empty() ? QString() : Q(control.tag) + ":";
 }
 
 QString SpokenCaption(const Control& control) {
   static const QRegularExpression mnemonic("&(.)");
-  return CaptionOf(control).replace(mnemonic, "\\1");
+  return CaptionOf(control).replace(mnemonic, "\\1").replace(QChar::Nbsp, ' ');
 }
 
 Bound& FormBinding::Add(const Control& control, QWidget* widget) {

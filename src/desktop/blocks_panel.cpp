@@ -114,7 +114,9 @@ int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width,
     at += title_height + 4 + kBetweenRows;
   }
   for (const Row& row : block.rows) {
-    if (row.bound->row->isHidden()) continue;
+    // a mark that comes with an edit has its place before, so that no field jumps
+    const bool comes = keeps_places_ && row.bound->control->kind == Kind::kCheck;
+    if (row.bound->row->isHidden() && !comes) continue;
     at += PlaceRow(row, x, at, width, caption_width, move) + kBetweenRows;
   }
   return at - kBetweenRows - y + kBetweenBlocks;

@@ -22,6 +22,8 @@ class BlocksPanel : public QWidget {
   void Add(const std::string& heading, Bound& bound, QLabel* note);
   // Lays out what is visible now.
   void Arrange();
+  // Whether check boxes that do not show keep their places. With the next arrangement.
+  void KeepPlaces(bool keep) { keeps_places_ = keep; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -46,6 +48,7 @@ class BlocksPanel : public QWidget {
   static int PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move);
 
   std::vector<Block> blocks_;
+  bool keeps_places_ = false;
 };
 
 // A panel that scrolls inside its page.

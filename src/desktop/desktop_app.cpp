@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -14,6 +15,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 #include "desktop/about_window.h"
 #include "desktop/help_dialog.h"
@@ -30,6 +32,20 @@
 
 namespace merlu {
 namespace {
+
+bool IsInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel: return true;
+    default: return false;
+  }
+}
 
 constexpr int kWaitPaintsEvery = 80, kShortWork = 150;  // milliseconds
 
@@ -145,9 +161,37 @@ void DesktopApp::SyncSplash() {
 }
 
 bool DesktopApp::eventFilter(QObject* watched, QEvent* event) {
+  if (holding_ && event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    held_.push_back({key.key(), key.modifiers(), key.text()});
+  }
+  if (holding_ && IsInput(event->type())) return true;
   const bool touched = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress;
   if (touched && splash_ != nullptr && !acts_.IsDrawing()) acts_.Run([this] { CloseSplash(session_); });
   return QObject::eventFilter(watched, event);
+}
+
+// What was typed while the program was at work is meant for the fields, not for the box that comes now.
+void DesktopApp::HoldKeys() {
+  holding_ = true;
+  QCoreApplication::processEvents();
+  holding_ = false;
+}
+
+void DesktopApp::GiveKeys() {
+  if (QApplication::activeModalWidget() != nullptr) {
+    QTimer::singleShot(20, this, &DesktopApp::GiveKeys);
+    return;
+  }
+  const std::vector<HeldKey> keys = std::exchange(held_, {});
+  for (const HeldKey& key : keys) {
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == nullptr || (key.modifiers & (Qt::ControlModifier | Qt::AltModifier))) continue;
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, key.key, key.modifiers, key.text);
+      QCoreApplication::sendEvent(focus, &event);
+    }
+  }
 }
 
 void DesktopApp::Paint() {
@@ -196,9 +240,11 @@ Button DesktopApp::Ask(const Box& box) {
   message.setEscapeButton(Standard(LeastChange(box)));
   // a busy pointer would tell the user to wait for a box that waits for him
   const bool busy = QApplication::overrideCursor() != nullptr;
+  if (busy) HoldKeys();
   if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
   const auto pressed = static_cast<QMessageBox::StandardButton>(message.exec());
   if (busy) QApplication::restoreOverrideCursor();
+  if (!held_.empty()) QTimer::singleShot(0, this, &DesktopApp::GiveKeys);
   for (Button button : box.buttons)
     if (Standard(button) == pressed) return button;
   return LeastChange(box);
@@ -296,7 +342,9 @@ void DesktopApp::Print(const Form& form) {
 
 void DesktopApp::OpenDocument(const std::string& path) {
   // the bytes of the name as they are, also where they are no text
-  QDesktopServices::openUrl(QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/")));
+  const QUrl url = QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
+  if (!QDesktopServices::openUrl(url))
+    Tell(session_, "No program here opens this file. It stands at\n" + path, Icon::kInfo);
 }
 
 }  // namespace merlu

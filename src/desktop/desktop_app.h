@@ -53,6 +53,14 @@ class DesktopApp : public QObject, public Platform {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  struct HeldKey {
+    int key = 0;
+    Qt::KeyboardModifiers modifiers;
+    QString text;
+  };
+
+  void HoldKeys();
+  void GiveKeys();
   void Sync();
   void SyncSplash();
   DialogWindow* MakeDialog(Form& form);
@@ -66,6 +74,8 @@ class DesktopApp : public QObject, public Platform {
   std::unique_ptr<QWidget> wait_;
   std::vector<QPointer<DialogWindow>> dialogs_;
   QElapsedTimer painted_, waiting_;
+  bool holding_ = false;
+  std::vector<HeldKey> held_;  // typed while the program was at work
 };
 
 }  // namespace merlu

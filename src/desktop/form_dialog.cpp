@@ -27,6 +27,14 @@ DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
   help->setShortcut(QKeySequence("F1"));
   connect(help, &QAction::triggered, this, &DialogWindow::ShowHelpHere);
   addAction(help);
+  auto* accept = new QAction(this);
+  accept->setShortcuts({QKeySequence("Ctrl+Return"), QKeySequence("Ctrl+Enter")});
+  connect(accept, &QAction::triggered, this, [this] {
+    Form& shown = binding_.form();
+    const std::string button = !shown.default_button.empty() ? shown.default_button : "cmdOK";
+    if (shown.Find(button) != nullptr) binding_.Press(button);
+  });
+  addAction(accept);
 }
 
 void DialogWindow::ShowHelpHere() {

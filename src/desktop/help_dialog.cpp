@@ -7,6 +7,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSettings>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -183,8 +184,25 @@ void HelpDialog::Print() {
   if (dialog.exec() == QDialog::Accepted) view_->print(&printer);
 }
 
+// The place that was asked for, its heading marked.
 void HelpDialog::GoToBookmark() {
-  if (!text_->bookmark.empty()) view_->scrollToAnchor(QString::fromStdString(text_->bookmark));
+  const QString bookmark = QString::fromStdString(text_->bookmark);
+  QList<QTextEdit::ExtraSelection> marks;
+  if (!bookmark.isEmpty()) {
+    view_->scrollToAnchor(bookmark);
+    for (QTextBlock block = view_->document()->begin(); block.isValid() && marks.isEmpty(); block = block.next()) {
+      for (auto part = block.begin(); !part.atEnd(); ++part) {
+        if (!part.fragment().charFormat().anchorNames().contains(bookmark)) continue;
+        QTextEdit::ExtraSelection mark;
+        mark.cursor = QTextCursor(block);
+        mark.cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        mark.format.setBackground(CopiedGround(palette()));
+        marks << mark;
+        break;
+      }
+    }
+  }
+  view_->setExtraSelections(marks);
 }
 
 void HelpDialog::Sync() {

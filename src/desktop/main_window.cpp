@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
@@ -183,7 +184,7 @@ void MainWindow::MakeTree() {
   model_ = new TreeModel(s_.tree, tree_);
   tree_->setModel(model_);
   tree_->setContextMenuPolicy(Qt::CustomContextMenu);
-  tree_->setMinimumWidth(160);
+  tree_->setMinimumWidth(80);
   connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& now) { ClickTreeNode(now); });
   // what selects without the keyboard or the mouse, as assistive programs do
@@ -231,6 +232,11 @@ void MainWindow::MakeButtons(QWidget* place) {
     row->addWidget(button.widget);
     if (std::string(name) == "cmdEditMode") row->addStretch(1);
   }
+  // the room that an edit needs, from the first on, so that nothing moves when it starts
+  int width = -row->spacing();
+  for (const char* name : kMainButtons)
+    if (std::string_view(name) != "cmdEdit") width += buttons_->Find(name)->sizeHint().width() + row->spacing();
+  place->setMinimumWidth(width);
   for (const char* name : {"cmdEdit", "cmdSaveExit"}) SetLook(*buttons_->Find(name), "main", true);
 }
 
@@ -350,8 +356,18 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 void MainWindow::StepNode(int step) {
   const QModelIndex now = tree_->currentIndex();
   if (!s_.tree.enabled || !now.isValid()) return;
-  const QModelIndex next = step > 0 ? tree_->indexBelow(now) : tree_->indexAbove(now);
-  if (next.isValid()) tree_->setCurrentIndex(next);
+  // collapsed nodes are opened on the way
+  if (step > 0) {
+    tree_->expand(now);
+    if (const QModelIndex next = tree_->indexBelow(now); next.isValid()) tree_->setCurrentIndex(next);
+    return;
+  }
+  QModelIndex before = tree_->indexAbove(now);
+  while (before.isValid() && before != now.parent() && model_->hasChildren(before) && !tree_->isExpanded(before)) {
+    tree_->expand(before);
+    before = tree_->indexAbove(now);
+  }
+  if (before.isValid()) tree_->setCurrentIndex(before);
 }
 
 // From the tree to the sheet to the buttons and round again.
@@ -446,6 +462,8 @@ void MainWindow::SyncMenus() {
     menu->setEnabled(control.enabled);
     menu->menuAction()->setVisible(control.visible && !menu->isEmpty());
   }
+  for (const char* id : {shortcut::kNextNode, shortcut::kPreviousNode})
+    findChild<QAction*>(id)->setEnabled(s_.tree.enabled);
   for (QAction* entry : sheet_menu_->actions())
     if (const Control* button = s_.main->Find(entry->objectName().toStdString()))
       entry->setEnabled(button->enabled && button->visible);
@@ -460,6 +478,15 @@ void MainWindow::SyncMenus() {
 }
 
 void MainWindow::SyncExpansion() {
+  const bool filtered =
+      std::any_of(s_.tree.nodes.begin(), s_.tree.nodes.end(), [](const TreeNode& n) { return n.hidden; });
+  if (filtered || filtered_) {
+    for (std::size_t node = 0; node < s_.tree.nodes.size(); ++node) {
+      const QModelIndex index = model_->IndexOf(static_cast<int>(node));
+      tree_->setRowHidden(index.row(), index.parent(), s_.tree.nodes[node].hidden);
+    }
+    filtered_ = filtered;
+  }
   for (std::size_t node = 0; node < s_.tree.nodes.size(); ++node) {
     if (s_.tree.nodes[node].children.empty()) continue;
     const QModelIndex index = model_->IndexOf(static_cast<int>(node));
@@ -491,6 +518,7 @@ SheetView* MainWindow::ViewOf(Form& form, const std::string& frame) {
   if (view == nullptr) {
     view = new SheetView(acts_, form, frame, sheets_);
     if (&form != s_.main) view->setObjectName(Q(form.name()));
+    view->behind_last = [this] { OfferNext(); };
     sheets_->addWidget(view);
   }
   return view;
@@ -547,6 +575,22 @@ void MainWindow::SyncEdit(SheetView& view) {
   if (goes_on || !view.HasOpenFocus()) view.FocusFirstOpen();
 }
 
+// Behind the last field: Enter once more saves and goes on to the next record.
+void MainWindow::OfferNext() {
+  const auto next = actions_.find("mnuNNext");
+  if (next == actions_.end() || !next->second->isEnabled()) {
+    if (QWidget* save = buttons_->Find("cmdSaveExit"); save->isVisible()) save->setFocus(Qt::TabFocusReason);
+    return;
+  }
+  QWidget* field = focusWidget();
+  if (offered_ == field) {
+    offered_ = nullptr;
+    return next->second->trigger();
+  }
+  offered_ = field;
+  SheetInView()->Say(tr("Enter once more saves and goes on to the next record."));
+}
+
 QString MainWindow::WhatNext() const {
   if (!s_.db.IsOpen()) return tr("No inventory is open. The menu File opens one, or makes a new one.");
   return s_.tree.nodes.empty() ? QString() : tr("Choose a month, a structure or a piece of equipment in the tree.");
@@ -563,7 +607,9 @@ void MainWindow::SyncStatus() {
                           : tr("%1 open findings here").arg(*count);
   }
   const QString mode = s_.InDesc() ? tr("Description Edit Mode") : s_.InActv() ? tr("Activity Edit Mode") : QString();
-  findings_->setText(QStringList({right, mode}).filter(QRegularExpression(".")).join("  ·  "));
+  message_->setText(Q(s_.message));
+  const QString file = s_.db.IsOpen() ? QFileInfo(Q(s_.path)).fileName() : QString();
+  findings_->setText(QStringList({right, mode, file}).filter(QRegularExpression(".")).join("  ·  "));
 }
 
 void MainWindow::SyncDocks() {

@@ -68,6 +68,7 @@ class MainWindow : public QMainWindow {
   void SyncEdit(SheetView& view);
   void SyncStatus();
   QString WhatNext() const;
+  void OfferNext();
   void SyncDocks();
   SheetView* SheetToShow();
   SheetView* ViewOf(Form& form, const std::string& frame);
@@ -83,6 +84,8 @@ class MainWindow : public QMainWindow {
   NavigationTree* tree_ = nullptr;
   QMenu* sheet_menu_ = nullptr;  // what has keys and no entry of another menu
   int edited_ = -1;              // node of the record whose edit has begun
+  QPointer<QWidget> offered_;    // the last field, where Enter was pressed once
+  bool filtered_ = false;        // the tree shows some of its nodes
   TreeModel* model_ = nullptr;
   int pressed_again_ = -1;  // the selected node, while the mouse is pressed on it
   std::uint64_t seen_revision_ = ~std::uint64_t{0}, seen_expansion_ = ~std::uint64_t{0};

@@ -20,6 +20,7 @@ QString Q(const std::string& text) {
 }
 
 constexpr const char* kResultsCaption = "QC Results";
+constexpr const char* kSurveyResults = "lvwSURVEY_QCResults";
 constexpr std::size_t kCommentColumn = 2;
 
 bool IsField(Kind kind) {
@@ -244,6 +245,8 @@ void SheetView::FillPage(int page, QWidget* place) {
       if (control.caption != kResultsCaption) continue;
       results_ = control.name;
       results_page_ = page;
+      if (control.name == kSurveyResults)
+        column->addWidget(new QLabel(tr("The structures' counts are of all months."), place));
     } else if (control.kind == Kind::kButton) {
       buttons->addWidget(binding_.AddButton(control, place).widget);
       has_buttons = true;
@@ -287,8 +290,12 @@ void SheetView::ShowCount() {
 
 void SheetView::Sync(const QString& where) {
   ShowBand(where);
-  if (binding_.Sync())
-    for (BlocksPanel* panel : panels_) panel->Arrange();
+  if (binding_.Sync()) {
+    for (BlocksPanel* panel : panels_) {
+      panel->KeepPlaces(acts_.s.InActv());
+      panel->Arrange();
+    }
+  }
   ShowCount();
   ShowLine();
 }

@@ -1,7 +1,11 @@
 // Forms on paper, read back from a PDF by a program that did not make it.
+#include <QLabel>
 #include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScrollArea>
+
+#include <set>
 
 #include "base/fault.h"
 #include "desktop/print_form.h"
@@ -57,6 +61,34 @@ TEST_F(Paper, shows_what_the_window_shows) {
     for (int x = 0; x < small.width(); ++x)
       difference += std::abs(qGray(shown.pixel(x, y)) - qGray(printed.pixel(x, y)));
   EXPECT_LT(difference / (small.width() * small.height()), 4);
+}
+
+TEST_F(Paper, takes_as_many_pages_as_the_whole_form_needs) {
+  MainWindow& window = *driver.app->window();
+  window.resize(620, 400);
+  driver.Settle();
+  auto* area = new QScrollArea(window.centralWidget());
+  auto* tall = new QWidget;
+  tall->setFixedSize(300, 1500);
+  auto* last = new QLabel("the last line of all", tall);
+  last->move(10, 1470);
+  area->setWidget(tall);
+  area->setGeometry(10, 10, 400, 200);
+  area->show();
+  PrintWidget(window, printer);
+  const QString facts = Read("pdfinfo", {file});
+  const auto pages = QRegularExpression("Pages: +([0-9]+)\n").match(facts).captured(1).toInt();
+  EXPECT_GT(pages, 2);
+  // what the scroll hides is there: not all of the page it would stand on is one colour
+  const QString page = QString::fromStdString(driver.folder().path("page"));
+  Read("pdftoppm",
+       {"-r", "50", "-png", "-f", QString::number(pages), "-l", QString::number(pages), "-singlefile", file, page});
+  const QImage paper(page + ".png");
+  ASSERT_FALSE(paper.isNull());
+  std::set<QRgb> colours;
+  for (int y = 0; y < paper.height(); ++y)
+    for (int x = 0; x < paper.width(); ++x) colours.insert(paper.pixel(x, y));
+  EXPECT_GT(colours.size(), 10u);
 }
 
 TEST_F(Paper, stands_upright_for_a_form_that_does) {

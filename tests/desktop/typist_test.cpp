@@ -5,6 +5,9 @@
 #include <QTabWidget>
 #include <QTreeWidget>
 
+#include "dark.h"
+#include "desktop/binding.h"
+#include "desktop/look.h"
 #include "desktop/navigation_tree.h"
 #include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
@@ -301,6 +304,99 @@ TEST_F(Typist, copies_the_findings_in_view) {
   Key(Qt::Key_C, Qt::ControlModifier);
   EXPECT_TRUE(QApplication::clipboard()->text().startsWith(list.topLevelItem(0)->text(0) + "\t"));
   EXPECT_TRUE(tab.tabText(tab.count() - 1).endsWith(" open)")) << tab.tabText(tab.count() - 1).toStdString();
+}
+
+// ---- while the program is at work ----
+
+TEST_F(Typist, types_on_while_a_run_is_at_work_and_finds_it_in_the_field) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  auto* window = driver_->app->window()->windowHandle();
+  driver_->OnNextBox();
+  for (const QString text : {"4", "2"})
+    QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, text[0].unicode(), Qt::NoModifier, text));
+  Key(Qt::Key_F5);
+  EXPECT_TRUE(driver_->AllModalsCame());
+  QTest::qWait(50);
+  EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "42");
+}
+
+TEST_F(Typist, opens_collapsed_nodes_on_the_way_through_the_tree) {
+  QTreeView& tree = driver_->app->window()->tree();
+  driver_->Select("K12345");
+  tree.collapseAll();
+  std::set<std::string> seen;
+  for (int steps = 0; steps < 4; ++steps) {
+    Key(Qt::Key_PageDown, Qt::ControlModifier);
+    seen.insert(S().current.Level);
+  }
+  EXPECT_EQ(S().current.EquipID, "F2");
+  EXPECT_EQ(seen.size(), 3u);
+}
+
+TEST_F(Typist, sees_no_field_jump_when_an_edit_starts) {
+  std::map<QString, QRect> before;
+  const auto look = [&](const auto& each) {
+    for (auto* field : driver_->Widget("frmFLA")->findChildren<QWidget*>())
+      if (field->isVisible() && S().desk.Find("frmFLA")->Find(field->objectName().toStdString()) != nullptr)
+        each(field->objectName(), QRect(field->mapTo(driver_->app->window(), QPoint()), field->size()));
+  };
+  look([&](const QString& name, const QRect& place) { before[name] = place; });
+  Key(Qt::Key_E, Qt::ControlModifier);
+  look([&](const QString& name, const QRect& place) { EXPECT_EQ(before[name], place) << name.toStdString(); });
+  EXPECT_GT(before.size(), 8u);
+}
+
+// ---- marks ----
+
+TEST_F(Typist, reads_hints_findings_and_the_month_before_at_their_field) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  Control& hours = S().desk.Find("frmFLA")->At("txtFLA_HrsOperated");
+  hours.hint = "Will be saved as 12";
+  hours.finding = "Value not in expected range (0 to 744)";
+  hours.was = "700";
+  S().desk.Find("frmFLA")->At("tabFLA").counts = {1, 0, 2};
+  driver_->app->acts().Redraw();
+  driver_->Settle();
+  EXPECT_EQ(driver_->Text("txtFLA_HrsOperated_Mark"), "!");
+  EXPECT_EQ(driver_->Text("txtFLA_HrsOperated_Was"), "700");
+  EXPECT_EQ(driver_->Text("txtFLA_HrsOperated_Hint"), "Will be saved as 12");
+  EXPECT_TRUE(driver_->Text("sheetLine").endsWith("Value not in expected range (0 to 744)"));
+  const QWidget *hint = driver_->Widget("txtFLA_HrsOperated_Hint"), *next = driver_->Widget("txtFLA_VolFlared");
+  const auto top = [&](const QWidget* widget) { return widget->mapTo(driver_->app->window(), QPoint()).y(); };
+  EXPECT_GT(top(hint), top(&Line("txtFLA_HrsOperated")) + Line("txtFLA_HrsOperated").height());
+  EXPECT_LE(top(hint) + hint->height(), top(next)) << "it covers no other field";
+  EXPECT_TRUE(driver_->Find<QTabWidget>("tabFLA")->tabText(0).endsWith(" (1)"));
+  EXPECT_TRUE(Line("txtFLA_HrsOperated").accessibleDescription().contains("744"));
+  hours.hint = hours.finding = "";
+  driver_->app->acts().Redraw();
+  EXPECT_FALSE(hint->isVisible());
+  EXPECT_EQ(driver_->Text("txtFLA_HrsOperated_Mark"), "");
+}
+
+TEST(Colours, of_texts_are_readable_on_their_grounds) {
+  constexpr double kReadable = 4.5;
+  for (const QPalette& palette : {QPalette(QColor(239, 239, 239)), DarkPalette()}) {
+    const QColor window = palette.color(QPalette::Window), base = palette.color(QPalette::Base);
+    for (const QColor& ground : {window, FaceColour(palette)}) {
+      EXPECT_GE(Contrast(Quiet(palette), ground), kReadable);
+      EXPECT_GE(Contrast(Dimmed(palette), ground), kReadable);
+      EXPECT_GE(Contrast(EditingRed(palette), ground), kReadable);
+    }
+    EXPECT_GE(Contrast(palette.color(QPalette::Text), CopiedGround(palette)), kReadable);
+    EXPECT_GE(Contrast(palette.color(QPalette::WindowText), Line(palette)), kReadable);
+    EXPECT_GE(Contrast(Quiet(palette), base), kReadable);
+    EXPECT_GE(Contrast(Qt::white, AccentGround(palette)), kReadable);
+  }
+  EXPECT_GE(Contrast(kFlagText, kFlagBack), kReadable);
+}
+
+TEST(Captions, keep_a_unit_of_several_words_on_one_line) {
+  Control control;
+  control.caption = "Stack Outlet Elevation (ft msl):";
+  EXPECT_EQ(CaptionOf(control), QString("Stack Outlet Elevation (ft\u00A0msl):"));
+  EXPECT_EQ(SpokenCaption(control), "Stack Outlet Elevation (ft msl):");
+  control.caption = "Emissions (of all the equipment that stands here):";
+  EXPECT_EQ(CaptionOf(control).toStdString(), control.caption);
 }
 
 }  // namespace

@@ -140,7 +140,7 @@ QString TextOf(const QWidget& widget) {
   if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) return line->text();
   if (const auto* notes = qobject_cast<const QPlainTextEdit*>(&widget)) return notes->toPlainText();
   if (const auto* list = qobject_cast<const ListField*>(&widget)) return list->currentText();
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text().replace(QChar::Nbsp, ' ');
   return {};
 }
 
