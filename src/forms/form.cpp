@@ -119,7 +119,12 @@ std::string Masked(std::string_view mask, std::string_view text) {
   if (!has_extension) return FillPlaces(mask, WithoutCountry(text));
   const std::string number = WithoutCountry(text.substr(0, mark));
   if (extension == std::string_view::npos) return FillPlaces(mask, number);
-  return FillPlaces(mask.substr(0, extension), number) + FillPlaces(mask.substr(extension), DigitsOf(text.substr(mark)));
+  // a digit typed behind a whole number is the extension's first
+  const auto places =
+      static_cast<std::size_t>(std::count(mask.begin(), mask.begin() + static_cast<std::ptrdiff_t>(extension), '#'));
+  const std::string over = number.size() > places ? number.substr(places) : "";
+  return FillPlaces(mask.substr(0, extension), number) +
+         FillPlaces(mask.substr(extension), over + DigitsOf(text.substr(mark)));
 }
 
 bool FitsMask(std::string_view mask, std::string_view text) {

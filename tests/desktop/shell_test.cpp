@@ -294,7 +294,7 @@ TEST_F(Around, the_status_bar_tells_the_place_and_the_findings_that_are_open_the
   driver_->Select("K12345   1001 1");
   EXPECT_EQ(status(), QString("%1 open findings here").arg(first));
   driver_->Select("K12345");
-  EXPECT_EQ(driver_->Text("findings"), "Description Edit Mode");
+  EXPECT_EQ(driver_->Text("findings"), "Description Edit Mode  ·  inventory.mdb");
   driver_->app->session().db.Execute("DELETE FROM QC WHERE rowid>(SELECT MIN(rowid) FROM QC)");
   driver_->Select(kFirst);
   EXPECT_EQ(status(), "1 open finding here");

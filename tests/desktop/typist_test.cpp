@@ -342,7 +342,10 @@ TEST_F(Typist, sees_no_field_jump_when_an_edit_starts) {
   };
   look([&](const QString& name, const QRect& place) { before[name] = place; });
   Key(Qt::Key_E, Qt::ControlModifier);
-  look([&](const QString& name, const QRect& place) { EXPECT_EQ(before[name], place) << name.toStdString(); });
+  look([&](const QString& name, const QRect& place) {
+    const bool stood = before.contains(name);
+    EXPECT_TRUE(!stood || before[name] == place) << name.toStdString();
+  });
   EXPECT_GT(before.size(), 8u);
 }
 
