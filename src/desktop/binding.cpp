@@ -12,6 +12,7 @@
 
 #include <algorithm>
 
+#include "base/number_entry.h"
 #include "desktop/grid_view.h"
 #include "desktop/look.h"
 #include "desktop/model_list.h"
@@ -431,7 +432,8 @@ bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
       if (!acts_.IsDrawing()) EnterField(*control, named, widget, static_cast<QFocusEvent*>(event)->reason());
       break;
     case QEvent::FocusOut:
-      if (form_.Handles(control->name, Event::kLostFocus) && !IsTemporary(*static_cast<QFocusEvent*>(event)))
+      if ((form_.Handles(control->name, Event::kLostFocus) || (control->numeric && IsSum(control->text))) &&
+          !IsTemporary(*static_cast<QFocusEvent*>(event)))
         acts_.Do([&] { return act::LostFocus(acts_.s.desk, form_, control->name); });
       break;
     default: break;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "entry/month_record.h"
+#include "entry/shown_findings.h"
 #include "qc_run/run_qc.h"
 #include "records/operator_record.h"
 #include "session/act.h"
@@ -135,6 +136,7 @@ void RunQCHere(Session& s) {
   const QCLocation here = s.current;
   RunQC(s, here, false);
   s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows
+  ShowFindings(s);
 }
 
 }  // namespace merlu

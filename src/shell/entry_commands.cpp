@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "entry/month_record.h"
+#include "entry/shown_findings.h"
 #include "qc/qc_log.h"
 #include "session/act.h"
 #include "session/messages.h"
@@ -12,6 +13,7 @@
 #include "sheets/units.h"
 #include "shell/edit_cycle.h"
 #include "shell/routing.h"
+#include "shell/strip_dock.h"
 
 namespace merlu {
 namespace {
@@ -105,6 +107,8 @@ void SaveAndPrevious(Session& s) {
 void ShowEntryMarks(Session& s) {
   ShowMonthBefore(s);
   ShowCopied(s);
+  ShowFindings(s);
+  FollowFocus(s);
   ShowEntryCommands(s);
 }
 

@@ -23,6 +23,7 @@
 #include "shell/main_program.h"
 #include "shell/print_screen.h"
 #include "shell/spreadsheet.h"
+#include "shell/strip_dock.h"
 #include "shell/undo.h"
 
 namespace merlu {
@@ -73,6 +74,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuReview", "&Review", "", nullptr},
+    {"mnuRStrip", "&Twelve Months", "mnuReview", ToggleStrip, nullptr, true},
     {"mnuRHistory", "Change &History...", "mnuReview", OpenHistory},
     {"mnuRFind", "&Go To...", "mnuReview", OpenGoTo},
     {"mnuEntry", "E&ntry", "", nullptr},

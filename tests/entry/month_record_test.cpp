@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "entry/strip.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -118,6 +119,39 @@ TEST_F(MonthEntry, keeps_in_mind_what_was_copied_and_saved_until_it_is_confirmed
   GoToFlare(2);
   EXPECT_FALSE(run.At("cmbFLA_PilotIncludedInVolume").copied);
   EXPECT_FALSE(run.WhyNotClick("mnuNConfirm").empty());
+}
+
+TEST_F(MonthEntry, keeps_the_finding_beside_its_field_and_counts_them_by_page) {
+  GoToFlare(1);
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").finding, "");
+  EXPECT_EQ(run.At("tabFLA").counts, (std::vector<int>{0, 0, 0}));
+  run.Keep({{"txtFLA_HrsOperated", "745"}, {"txtFLA_VolFlared", ""}});
+  EXPECT_EQ(run.Count("QC"), 0) << "judged as stored, without a run";
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").finding, "Value not in expected range (0 to 744)");
+  EXPECT_EQ(run.At("txtFLA_VolFlared").finding, "Required field left blank");
+  EXPECT_EQ(run.At("tabFLA").counts, (std::vector<int>{2, 0, 0}));
+  run.s.db.Execute("UPDATE EA_FLA SET OP_HR=NULL,VOL_FLARED=NULL,PILOT_INCLUDED_IN_VOLUME=NULL");
+  GoToFlare(2);
+  GoToFlare(1);
+  EXPECT_EQ(run.At("txtFLA_HrsOperated").finding, "") << "a month without a single value";
+}
+
+TEST_F(MonthEntry, shows_the_twelve_months_of_the_field_in_hand) {
+  EXPECT_EQ(AdviceOn(900, {10, 11, 12, 13, 14}), "Unusual: the other months lie between 10 and 14.");
+  EXPECT_EQ(AdviceOn(15, {10, 11, 12, 13, 14}), "");
+  EXPECT_EQ(AdviceOn(900, {10, 11, 12, 13}), "") << "too few";
+  EXPECT_EQ(AdviceOn(900, {10, 10, 10, 10, 11}), "") << "no deviation";
+  GoToFlare(2);
+  run.Click("mnuRStrip");
+  EXPECT_TRUE(run.At("mnuRStrip").checked);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "700");
+  EXPECT_EQ(run.Text("lblSTR_Field"), "Hours Operated (hrs), including upsets:");
+  ASSERT_EQ(run.At("lvwSTR_Months").rows.size(), 1u);
+  EXPECT_EQ(run.At("lvwSTR_Months").rows[0][0], "744");
+  EXPECT_EQ(run.At("lvwSTR_Months").rows[0][1], "700");
+  EXPECT_EQ(run.At("lvwSTR_Months").rows[0][2], "");
+  EXPECT_EQ(run.Text("lblSTR_Advice"), "");
 }
 
 TEST_F(MonthEntry, saves_and_goes_on_to_the_next_record_that_is_active) {
