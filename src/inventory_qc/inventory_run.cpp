@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "inventory_qc/checks_table.h"
+#include "session/equipment_index.h"
 #include "session/messages.h"
 #include "session/types.h"
 
@@ -53,9 +54,9 @@ struct Place {
 struct Standing {
   bool has_activity = false, has_equipment = false, has_structure = false;
   int month = 0, year = 0;
-  Value status;                                          // of the activity
-  std::int64_t equipment_key = 0;                        // that the activity names
-  std::int64_t structure_key = 0;                        // that the description of the equipment names
+  Value status;                    // of the activity
+  std::int64_t equipment_key = 0;  // that the activity names
+  std::int64_t structure_key = 0;  // that the description of the equipment names
   std::string equipment, user, complex, structure;
 };
 
@@ -63,6 +64,14 @@ struct Pass {
   Session& s;
   Standing at;
 };
+
+// Columns of the months of a type.
+enum MonthColumn { kTypeKey, kMaster, kStatus, kMonth, kYear, kEquipmentKey, kFirstJudged };
+
+Fault NoColumn(std::string_view column) {
+  return {fault_number::kNoSuchItem, "MERLU inventory QC",
+          "Item not found in this collection: " + std::string(column) + "."};
+}
 
 // One row by column name.
 class NamedRow {
@@ -74,8 +83,7 @@ class NamedRow {
     // a file may spell its columns as it likes
     for (std::size_t i = 0; i < columns_.size(); ++i)
       if (EqualsIgnoringCase(columns_[i], column)) return values_[i];
-    throw Fault(fault_number::kNoSuchItem, "MERLU inventory QC",
-                "Item not found in this collection: " + std::string(column) + ".");
+    throw NoColumn(column);
   }
   template <std::size_t N>
   float Sum(const char* prefix, const char* const (&names)[N], const char* suffix) const {
@@ -232,28 +240,30 @@ std::map<const InventoryRow*, std::string> DescriptionFindings(Session& s, const
 
 // Moves the pass to one month of equipment. What is missing is told, and the pass stays where it stood: the
 // status that counts then is that of the standing month.
-bool MoveToActivity(Pass& pass, const NamedRow& row) {
-  if (IsNull(row["master"])) {
-    TellMissing(pass.s, "Equip Activity", ToInteger(row["type_key"]));
+bool MoveToActivity(Pass& pass, const RowView& row) {
+  if (row.IsNull(kMaster)) {
+    TellMissing(pass.s, "Equip Activity", row.Integer(kTypeKey));
     return false;
   }
   pass.at.has_activity = true;
-  pass.at.month = static_cast<int>(ToInteger(row["EA_MO"]));
-  pass.at.year = static_cast<int>(ToInteger(row["EA_YR"]));
-  pass.at.status = row["EA_STATUS"];
-  pass.at.equipment_key = ToInteger(row["equipment_key"]);
+  pass.at.month = static_cast<int>(row.Integer(kMonth));
+  pass.at.year = static_cast<int>(row.Integer(kYear));
+  pass.at.status = row.At(kStatus);
+  pass.at.equipment_key = row.Integer(kEquipmentKey);
   return true;
 }
 
-void MoveToStructure(Pass& pass, const NamedRow& row) {
-  if (IsNull(row["structure"])) return TellMissing(pass.s, "Platform Desc", pass.at.structure_key);
-  StandOnStructure(pass.at, row);
+void StandOn(Standing& at, const IndexedStructure& structure) {
+  at.has_structure = true;
+  at.user = structure.user;
+  at.complex = structure.complex;
+  at.structure = structure.structure;
 }
 
 // To the description that the standing month names, and to the structure that the standing description names.
 void FindDescription(Pass& pass) {
-  const Rows found = pass.s.db.Query(
-      "SELECT ED_ID_AK,ED_MERLU_EQUIP_ID,PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {pass.at.equipment_key});
+  const Rows found = pass.s.db.Query("SELECT ED_ID_AK,ED_MERLU_EQUIP_ID,PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?",
+                                     {pass.at.equipment_key});
   if (found.rows.empty()) {
     TellMissing(pass.s, "Equip Desc", pass.at.equipment_key);
   } else {
@@ -263,17 +273,17 @@ void FindDescription(Pass& pass) {
   }
   if (!pass.at.has_equipment) throw NoCurrentRow();
   const Rows structure = pass.s.db.Query(
-      "SELECT k.key,p.PD_ID_AK AS structure,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM FROM (SELECT ? AS key) k LEFT "
-      "JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=k.key",
-      {pass.at.structure_key});
-  MoveToStructure(pass, NamedRow(structure.columns, structure.rows.front()));
+      "SELECT RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {pass.at.structure_key});
+  if (structure.rows.empty()) return TellMissing(pass.s, "Platform Desc", pass.at.structure_key);
+  StandOnStructure(pass.at, NamedRow(structure.columns, structure.rows.front()));
 }
 
-void MoveToDescription(Pass& pass, const NamedRow& row) {
+void MoveToDescription(Pass& pass, const IndexedPiece& piece) {
   pass.at.has_equipment = true;
-  pass.at.equipment = NullToEmpty(row["ED_MERLU_EQUIP_ID"]);
-  pass.at.structure_key = ToInteger(row["structure_key"]);
-  MoveToStructure(pass, row);
+  pass.at.equipment = piece.id;
+  pass.at.structure_key = piece.structure_key;
+  if (piece.structure == nullptr) return TellMissing(pass.s, "Platform Desc", piece.structure_key);
+  StandOn(pass.at, *piece.structure);
 }
 
 Place EquipmentPlace(const Standing& at, std::string_view type) {
@@ -291,37 +301,68 @@ bool IsActive(const Value& status) {
   return IsNull(status) || NullToEmpty(status) == "A";
 }
 
-void TypePass(Pass& pass, std::string_view code) {
+// A line, and what it needs of a month: a column's place, or the finding that its type's description raises everywhere.
+struct MonthLine {
+  const InventoryRow* line;
+  int column = -1;                     // of the query; -1 when the table has none of that name
+  const std::string* known = nullptr;  // empty for no finding
+};
+
+// The months of a type, with the columns that its lines look at.
+struct MonthQuery {
+  std::string sql;
+  std::vector<MonthLine> lines;
+};
+
+MonthQuery QueryMonths(Session& s, const std::string& type, const std::vector<const InventoryRow*>& lines) {
+  const std::vector<std::string> columns = s.db.Query("SELECT * FROM EA_" + type + " LIMIT 0").columns;
+  MonthQuery query;
+  query.sql = "SELECT t.EA_ID_AK,a.EA_ID_AK,a.EA_STATUS,a.EA_MO,a.EA_YR,a.ED_ID_AK";
+  int place = kFirstJudged;
+  for (const InventoryRow* line : lines) {
+    MonthLine& month = query.lines.emplace_back(MonthLine{line});
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& column) {
+      return EqualsIgnoringCase(column, line->column);
+    });
+    if (line->table != "EA_" + type || found == columns.end()) continue;
+    query.sql += ",t.[" + *found + "]";
+    month.column = place++;
+  }
+  query.sql += " FROM EA_" + type + " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK ORDER BY t.EA_ID_AK";
+  return query;
+}
+
+// The text of the finding that the line raises on the month; empty for none.
+std::string JudgeMonth(const MonthLine& month, const RowView& row) {
+  if (month.known != nullptr) return *month.known;
+  if (month.line->table.starts_with("ED_")) throw NoCurrentRow();
+  if (month.column < 0) throw NoColumn(month.line->column);
+  return row.IsNull(month.column) ? kBlank : "";
+}
+
+void TypePass(Pass& pass, const EquipmentIndex& equipment, std::string_view code) {
   const std::string type(code);
+  if (IsNull(pass.s.db.Single("SELECT 1 FROM EA_" + type + " LIMIT 1"))) return;
   const auto lines = LinesOf(code);
-  const Rows rows = pass.s.db.Query(
-      "SELECT t.*,t.EA_ID_AK AS type_key,a.EA_ID_AK AS master,a.EA_STATUS,a.EA_MO,a.EA_YR,a.ED_ID_AK AS equipment_key,"
-      "d.ED_ID_AK AS equipment,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK AS structure_key,p.PD_ID_AK AS structure,p.RIMA_CO_NUM,"
-      "p.CMPLX_ID_NUM,p.STRUCT_NUM FROM EA_" +
-      type +
-      " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-      "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER "
-      "BY t.EA_ID_AK");
-  if (rows.rows.empty()) return;
   const auto of_description = DescriptionFindings(pass.s, type, lines);
-  for (const Values& values : rows.rows) {
-    const NamedRow row(rows.columns, values);
+  MonthQuery query = QueryMonths(pass.s, type, lines);
+  for (MonthLine& month : query.lines)
+    if (const auto known = of_description.find(month.line); known != of_description.end()) month.known = &known->second;
+  pass.s.db.ForEach(query.sql, {}, [&](const RowView& row) {
     const bool has_master = MoveToActivity(pass, row);
     if (!pass.at.has_activity) throw NoCurrentRow();
-    if (!IsActive(pass.at.status)) continue;
-    if (has_master && !IsNull(row["equipment"]))
-      MoveToDescription(pass, row);
+    if (!IsActive(pass.at.status)) return;
+    const IndexedPiece* piece =
+        has_master && !row.IsNull(kEquipmentKey) ? equipment.Find(pass.at.equipment_key) : nullptr;
+    if (piece != nullptr)
+      MoveToDescription(pass, *piece);
     else
       FindDescription(pass);
     if (!pass.at.has_structure) throw NoCurrentRow();
-    const Place at = EquipmentPlace(pass.at, code);
-    for (const InventoryRow* line : lines) {
-      const auto known = of_description.find(line);
-      if (known == of_description.end() && line->table.starts_with("ED_")) throw NoCurrentRow();
-      const std::string text = known != of_description.end() ? known->second : Judge(*line, row);
-      if (!text.empty()) AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
-    }
-  }
+    for (const MonthLine& month : query.lines)
+      if (const std::string text = JudgeMonth(month, row); !text.empty())
+        AddInventoryFinding(pass.s, EquipmentPlace(pass.at, code), month.line->field_id, month.line->field_desc, text);
+  });
 }
 
 void FugitivesPass(Pass& pass) {
@@ -389,6 +430,7 @@ void RunInventoryPasses(Session& s) {
   WriteBatch batch(s.db);
   s.db.Execute("DELETE FROM QCInventory");
   Pass pass{s, FirstRows(s)};
+  const EquipmentIndex equipment(s.db);
   const int total = static_cast<int>(kTypePasses.size()) + 3;
   int done = 0;
   const auto run = [&](const std::string& what, auto&& work) {
@@ -397,7 +439,7 @@ void RunInventoryPasses(Session& s) {
   };
   run("Operator", [&] { OperatorPass(pass); });
   run("Structures", [&] { StructurePass(pass); });
-  for (std::string_view type : kTypePasses) run(TreeTypeName(type), [&] { TypePass(pass, type); });
+  for (std::string_view type : kTypePasses) run(TreeTypeName(type), [&] { TypePass(pass, equipment, type); });
   run(TreeTypeName("FUG"), [&] { FugitivesPass(pass); });
   PurgeInactiveStructures(s);
   AddSummary(s);

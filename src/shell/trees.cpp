@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstdio>
+#include <unordered_map>
 
 #include "base/text.h"
+#include "session/equipment_index.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
@@ -99,32 +101,55 @@ void EndAtTheLimit(Session& s) {
   EndProgram(s);
 }
 
+// The nodes of structure months under which equipment was put, so that their keys are made once.
+class MonthNodes {
+ public:
+  int Require(const Tree& tree, const IndexedStructure& at, int month, int year) {
+    std::vector<Node>& nodes = nodes_[&at];
+    for (const Node& node : nodes)
+      if (node.month == month && node.year == year) return node.index;
+    const int index = tree.Require(StructureMonthKey(at.user, month, year, at.complex, at.structure));
+    nodes.push_back({month, year, index});
+    return index;
+  }
+
+ private:
+  struct Node {
+    int month, year, index;
+  };
+  std::unordered_map<const IndexedStructure*, std::vector<Node>> nodes_;
+};
+
+// What the equipment months of a build share.
+struct EquipmentNodes {
+  explicit EquipmentNodes(Database& db) : equipment(db) {}
+  EquipmentIndex equipment;
+  MonthNodes months;
+};
+
 // Nodes of one type; false when the limit was met and the program has ended.
-bool AddEquipNode(Session& s, std::string_view type, Orphans& orphans) {
+bool AddEquipNode(Session& s, std::string_view type, EquipmentNodes& nodes, Orphans& orphans) {
   bool full = false;
   const std::string name = TreeTypeName(type) + ": ";
   s.db.ForEach(
-      "SELECT "
-      "t.EA_ID_AK,a.ED_ID_AK,a.EA_MO,a.EA_YR,d.ED_MERLU_EQUIP_ID,d.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,"
-      "a.EA_ID_AK,d.ED_ID_AK,p.PD_ID_AK FROM EA_" +
-          std::string(type) +
-          " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK "
-          "LEFT JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK LEFT JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK "
-          "ORDER BY t.EA_ID_AK",
+      "SELECT t.EA_ID_AK,a.EA_ID_AK,a.ED_ID_AK,a.EA_MO,a.EA_YR FROM EA_" + std::string(type) +
+          " t LEFT JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK ORDER BY t.EA_ID_AK",
       {}, [&](const RowView& row) {
         if (full) return;
-        if (row.IsNull(9)) return Count(orphans, "Equip Activity", row.Integer(0));
-        if (row.IsNull(10)) return Count(orphans, "Equip Desc", row.Integer(1));
-        if (row.IsNull(11)) return Count(orphans, "Platform Desc", row.Integer(5));
-        std::string key = StructureMonthKey(row.Text(6), static_cast<int>(row.Integer(2)),
-                                            static_cast<int>(row.Integer(3)), row.Text(7), row.Text(8));
-        s.EA_ID_AK = row.Integer(9);
-        s.ED_ID_AK = row.Integer(10);
-        s.PD_ID_AK = row.Integer(11);
-        const int parent = s.tree.Require(key);
-        key += EquipmentSuffix(type, row.Text(4));
+        if (row.IsNull(1)) return Count(orphans, "Equip Activity", row.Integer(0));
+        const IndexedPiece* piece = row.IsNull(2) ? nullptr : nodes.equipment.Find(row.Integer(2));
+        if (piece == nullptr) return Count(orphans, "Equip Desc", row.Integer(2));
+        if (piece->structure == nullptr) return Count(orphans, "Platform Desc", piece->structure_key);
+        s.EA_ID_AK = row.Integer(1);
+        s.ED_ID_AK = row.Integer(2);
+        s.PD_ID_AK = piece->structure_key;
+        const int parent = nodes.months.Require(s.tree, *piece->structure, static_cast<int>(row.Integer(3)),
+                                                static_cast<int>(row.Integer(4)));
+        std::string key;
+        key.reserve(kEquipmentMonthKeyLength);
+        key.append(s.tree.nodes[static_cast<std::size_t>(parent)].key).append(EquipmentSuffix(type, piece->id));
         s.equipment_month_list.Add(key, row.Integer(0));
-        s.tree.AddUnder(parent, std::move(key), name + Trim(row.Text(4)));
+        s.tree.AddUnder(parent, std::move(key), name + Trim(piece->id));
         full = s.equipment_month_list.size() == kMostEquipmentMonths;
       });
   if (full) EndAtTheLimit(s);
@@ -193,8 +218,9 @@ bool BuildActivityTree(Session& s) {
   Orphans orphans;
   AddStructureMonths(s, orphans);
   s.equipment_month_list.Reset();
+  EquipmentNodes nodes(s.db);
   for (std::string_view type : kBuildOrder)
-    if (FindType(type)->has_activity && !AddEquipNode(s, type, orphans)) return false;
+    if (FindType(type)->has_activity && !AddEquipNode(s, type, nodes, orphans)) return false;
   FinishTree(s);
   TellOrphans(s, orphans);
   return true;

@@ -18,8 +18,8 @@ using Json = nlohmann::json;
 
 const std::vector<std::string> kTypes = {"AMI", "BOI", "VEN", "FLA", "DIE", "DRI", "FUG", "GLY",
                                          "LOA", "LOS", "MUD", "NGE", "NGT", "PNE", "PRE", "STO"};
-const std::vector<std::string> kHandedOut = {"survey.mdb", "structure.mdb",    "whole.mdb",  "other.mdb",
-                                             "new.mdb",    "descriptions.xls", "summary.pdf"};
+const std::vector<std::string> kHandedOut = {"survey.mdb", "structure.mdb",    "whole.mdb",
+                                             "other.mdb",  "descriptions.xls", "summary.pdf"};
 
 // Lines for the player, each made when the one before it has been answered.
 class Lines : public std::streambuf {

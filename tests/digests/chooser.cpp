@@ -241,7 +241,7 @@ std::string Chooser::Task(Session& s) {
   if (kind < 84) return Comment(s);
   if (kind < 86) return Then({"close", "start $F/inventory.mdb"});
   if (kind < 88) return Then({"file $F/other.mdb", "click mnuFileSelectDatabase"});
-  if (kind < 89) return Then({"file $F/new.mdb", "click mnuFileCreateNewDB"});
+  if (kind < 89) return Then({"file $F", "click mnuFileCreateNewDB"});
   if (kind < 95) return "clock \"2017-0" + std::to_string(1 + Below(9)) + "-1" + std::to_string(Below(10)) + " 14:02\"";
   return "set txtFLA_HrsOperated 5";  // often not on the screen, and locked when it is
 }

@@ -445,5 +445,18 @@ TEST_P(ControlDevice, counts_every_efficiency) {
 INSTANTIATE_TEST_SUITE_P(Types, ControlDevice, testing::Values("BOI", "DIE", "NGE", "NGT"),
                          [](const auto& type) { return type.param; });
 
+// The months are read without the columns that other kinds of lines would look at.
+TEST(InventoryChecks, ask_of_a_month_only_that_a_column_is_filled) {
+  int lines = 0;
+  for (const InventoryRow& line : InventoryChecks()) {
+    if (!line.table.starts_with("EA_")) continue;
+    ++lines;
+    EXPECT_EQ(line.check, InventoryCheck::kRequired) << line.field_id;
+    EXPECT_EQ(line.applies, Applies::kAlways) << line.field_id;
+    EXPECT_FALSE(line.column.empty());
+  }
+  EXPECT_GT(lines, 15);
+}
+
 }  // namespace
 }  // namespace merlu::test
