@@ -52,9 +52,12 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location) {
 void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
   s.current = location;
   if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location);
-  const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
-                                 [&](const JudgedRecord& record) { RunJudged(s, location, record); });
-  if (!found) Tell(s, sheet.not_found_on_load);
+  // what could not be read is not judged
+  OnSheet(s, [&] {
+    const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
+                                   [&](const JudgedRecord& record) { RunJudged(s, location, record); });
+    if (!found) Tell(s, sheet.not_found_on_load);
+  });
 }
 
 void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record) {
@@ -91,11 +94,14 @@ bool RunStructureRules(Session& s, const QCLocation& location, bool on_screen) {
     if (active) PaintVerdicts(s, *s.main, rules.fields(), verdicts);
     return active;
   }
-  const bool found = JudgeRecord(s.db, nullptr, s.mode, CurrentRecord(s), [&](const JudgedRecord& record) {
-    run(record.inactive, *record.verdicts);
-    if (active) TellFaults(s, *record.verdicts);
+  bool found = false;
+  const bool read = Plainly(s, [&] {
+    found = JudgeRecord(s.db, nullptr, s.mode, CurrentRecord(s), [&](const JudgedRecord& record) {
+      run(record.inactive, *record.verdicts);
+      if (active) TellFaults(s, *record.verdicts);
+    });
   });
-  if (!found) Tell(s, "Structure record not found");
+  if (read && !found) Tell(s, "Structure record not found");
   return found && active;
 }
 
