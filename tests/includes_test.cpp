@@ -26,7 +26,7 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"qc"},
     {"sheets"},
     {"records"},
-    {"qc_run", "exchange"},
+    {"qc_run", "exchange", "review"},
     {"entry"},
     {"inventory_qc"},
     {"shell"},

@@ -4,6 +4,7 @@
 
 #include "qc/qc_log.h"
 #include "session/messages.h"
+#include "shell/docks.h"
 
 namespace merlu {
 
@@ -43,6 +44,7 @@ void Acts::Redraw() {
   if (IsDrawing()) return;
   const QScopedValueRollback<int> drawing(drawing_, drawing_ + 1);
   try {
+    RefreshDocks(s);
     emit Changed();
   } catch (const Fault&) {
     // what could not be drawn now is drawn with the next act

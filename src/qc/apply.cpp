@@ -68,7 +68,8 @@ void Play(const Verdict& verdict, Log& log) {
 
 void Add(Session& s, const QCLocation& location, const Finding& finding) {
   static const std::string kInsert =
-      "INSERT INTO QC (UserID,[Month],[Year],[Level],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
+      "INSERT INTO QC "
+      "(UserID,[Month],[Year],[Level],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
       "VALUES (?,?,?,?,?,?,?,?,?,?,'',?)";
   s.db.ExecuteOn(s.db.ChangesOf("QC"), kInsert,
                  {Trim(location.UserID), std::int64_t{s.current.Month}, std::int64_t{s.current.Year}, s.current.Level,

@@ -9,7 +9,8 @@ namespace merlu {
 // Brings the findings of the location to what the verdicts say, in their order: one read, and only the writes that
 // differ. A field has at most one open finding at a location. An equal finding is left untouched, with its comment;
 // one with another text takes the new text and loses its comment; one that was withdrawn and raised again in the
-// same run is a new one, with level, month and year of the session's current location. Each write traps its own fault: it tells number and description, and the next one follows.
+// same run is a new one, with level, month and year of the session's current location. Each write traps its own fault:
+// it tells number and description, and the next one follows.
 void ApplyVerdicts(Session& s, const QCLocation& location, const Verdicts& verdicts);
 
 }  // namespace merlu

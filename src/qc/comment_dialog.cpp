@@ -1,6 +1,9 @@
 #include "qc/comment_dialog.h"
 
+#include "base/text.h"
 #include "forms/dialog.h"
+#include "history/notes.h"
+#include "qc/comment_key.h"
 #include "qc/qc_list.h"
 #include "qc/qc_log.h"
 #include "session/act.h"
@@ -34,7 +37,7 @@ void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
 }
 
 // Finds the row again: another program may have taken it meanwhile.
-bool StoreComment(Session& s, const std::string& field_id, const std::string& comment) {
+bool StoreComment(Session& s, const std::string& field_id, const std::string& comment, const std::string& value) {
   bool found = false;
   const Act act(s, "Comment");
   if (!act.MayWrite()) return false;
@@ -46,18 +49,28 @@ bool StoreComment(Session& s, const std::string& field_id, const std::string& co
     if (!found) return;
     Cursor& qc = s.At("QC");
     qc.Edit();
+    const std::string text = NullToEmpty(qc.Field("Desc"));
     qc.SetField("Comments", comment);
     qc.Update();
+    KeepComment(s.companion, CommentKey(location, field_id, text), {comment, value});
     batch.Commit();
   });
   if (done && !found) Tell(s, kNotFound);
   return done && found;
 }
 
-void Keep(Session& s, Form& dialog, Control& list) {
+// What the field shows that the finding is kept under.
+std::string ValueOf(const Form& form, const std::string& tag) {
+  for (const Control& control : form.controls())
+    if (!control.tag.empty() && EqualsIgnoringCase(TrimRight(control.tag), TrimRight(tag)) && !control.text.empty())
+      return control.text;
+  return "";
+}
+
+void Keep(Session& s, Form& dialog, const Form& form, Control& list) {
   const std::string& field_id = dialog.At("txtFieldName").text;
   const std::string& comment = dialog.At("txtComments").text;
-  if (!StoreComment(s, field_id, comment)) return;
+  if (!StoreComment(s, field_id, comment, ValueOf(form, field_id))) return;
   if (IsQCRowSelected(list)) {
     std::vector<std::string>& row = list.rows[static_cast<std::size_t>(list.picked.front())];
     if (row[kFieldColumn] == field_id) row[kCommentColumn] = comment;
@@ -66,6 +79,14 @@ void Keep(Session& s, Form& dialog, Control& list) {
 }
 
 }  // namespace
+
+Form& CommentDialog(Session& s) {
+  Form* found = s.desk.Find("frmQCComment");
+  Form& dialog = found != nullptr ? *found : MakeDialog(s);
+  dialog.RestoreDesign();
+  dialog.focus = "txtComments";
+  return dialog;
+}
 
 bool IsQCRowSelected(const Control& list) {
   return !list.picked.empty() &&
@@ -77,12 +98,9 @@ void EditQCComment(Session& s, Form& form, const std::string& name) {
   if (!IsQCRowSelected(list)) return Tell(s, "Please select an error record to edit.");
   s.db.NoticeOthers();
   const std::string field_id = list.rows[static_cast<std::size_t>(list.picked.front())][kFieldColumn];
-  Form* found = s.desk.Find("frmQCComment");
-  Form& dialog = found != nullptr ? *found : MakeDialog(s);
-  dialog.RestoreDesign();
-  dialog.focus = "txtComments";
+  Form& dialog = CommentDialog(s);
   // the form of the list outlives the dialog, its rows need not
-  dialog.On("cmdOK", Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form.At(name)); });
+  dialog.On("cmdOK", Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form, form.At(name)); });
   FillDialog(s, dialog, field_id);
   ShowDialog(s.desk, s.platform, dialog);
   dialog.On("cmdOK", Event::kClick, nullptr);

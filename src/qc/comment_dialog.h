@@ -7,6 +7,9 @@
 
 namespace merlu {
 
+// The dialog, made at the first call, with empty fields; its OK is the caller's.
+Form& CommentDialog(Session& s);
+
 // True when a finding, and not a summary, is selected in the list.
 bool IsQCRowSelected(const Control& list);
 

@@ -60,7 +60,23 @@ void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
   });
 }
 
+namespace {
+
+// A structure is dated in both modes, without its equipment.
+void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedRecord& record) {
+  ApplyVerdicts(s, location, *record.verdicts);
+  TellFaults(s, *record.verdicts);
+  const Value date = DateOf(s, *record.verdicts);
+  if (s.InActv())
+    s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PA_QC_DT=? WHERE SA_ID_AK=?", {date, record.keys.SA_ID_AK});
+  else
+    s.db.Execute("UPDATE PD_PLATFORM_DESC SET PD_QC_DT=? WHERE PD_ID_AK=?", {date, record.keys.PD_ID_AK});
+}
+
+}  // namespace
+
 void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record) {
+  if (record.sheet == nullptr) return RunJudgedStructure(s, at, record);
   const SheetSpec& sheet = *record.sheet;
   QCLocation location = at;
   if (sheet.has_activity && record.inactive) return PassOver(s, sheet, location);

@@ -63,11 +63,12 @@ Contexts::Contexts(Database& db, std::int64_t only) {
   const std::string where = only == 0 ? "" : " WHERE PD_ID_AK=?";
   const Values values = only == 0 ? Values() : Values{only};
   try {
-    db.ForEach("SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,[Area],[Block],[Name] FROM PD_PLATFORM_DESC" + where,
-               values, [&](const RowView& row) {
-                 const auto text = [&](int column) { return std::string(row.Text(column)); };
-                 structures_[row.Integer(0)] = {text(1), text(2), text(3), text(4), text(5), text(6), {}, {}, false, {}};
-               });
+    db.ForEach(
+        "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,[Area],[Block],[Name] FROM PD_PLATFORM_DESC" + where,
+        values, [&](const RowView& row) {
+          const auto text = [&](int column) { return std::string(row.Text(column)); };
+          structures_[row.Integer(0)] = {text(1), text(2), text(3), text(4), text(5), text(6), {}, {}, false, {}};
+        });
     db.ForEach("SELECT PD_ID_AK,PA_YR,PA_MO,SA_ID_AK,status" + TotalColumns() + " FROM PA_PLATFORM_ACTV" + where +
                    " ORDER BY rowid",
                values, [&](const RowView& row) {
@@ -81,8 +82,8 @@ Contexts::Contexts(Database& db, std::int64_t only) {
                  for (std::size_t total = 1; total < kTotals; ++total)
                    found->second.totals[total] = ToNumber(row.At(kFirstTotal + static_cast<int>(total)));
                });
-    db.ForEach("SELECT PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC" + where + " ORDER BY ED_ID_AK", values,
-               [&](const RowView& row) {
+    db.ForEach("SELECT PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC" + where + " ORDER BY ED_ID_AK",
+               values, [&](const RowView& row) {
                  const auto found = structures_.find(row.Integer(0));
                  if (found == structures_.end()) return;
                  found->second.has_equipment = true;
@@ -133,13 +134,13 @@ void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope,
   if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?", scope.PD_ID_AK);
   if (months && scope.month != 0) where.Add("a.PA_MO=?", std::int64_t{scope.month});
   if (scope.key != 0) where.Add(months ? "a.SA_ID_AK=?" : "d.PD_ID_AK=?", scope.key);
-  const std::string sql =
-      months ? "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
-                   HasValues(StructureFields(), "a") + reader.Columns("d", "a") +
-                   " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" + where.text +
-                   " ORDER BY a.SA_ID_AK"
-             : "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
-                   " FROM PD_PLATFORM_DESC d" + where.text + " ORDER BY d.PD_ID_AK";
+  const std::string sql = months
+                              ? "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
+                                    HasValues(StructureFields(), "a") + reader.Columns("d", "a") +
+                                    " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" +
+                                    where.text + " ORDER BY a.SA_ID_AK"
+                              : "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
+                                    " FROM PD_PLATFORM_DESC d" + where.text + " ORDER BY d.PD_ID_AK";
   const int status_box = rules.fields().At(kStructureStatus);
   Judged judged(rules);
   db.ForEach(sql, where.values, [&](const RowView& row) {
@@ -221,8 +222,9 @@ void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each) {
 Context ContextOf(Database& db, Mode mode, const RecordKeys& keys) {
   Context context;
   try {
-    const std::string month = "SELECT d.PD_ID_AK" + TotalColumns() +
-                              " FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK WHERE a.SA_ID_AK=?";
+    const std::string month =
+        "SELECT d.PD_ID_AK" + TotalColumns() +
+        " FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK WHERE a.SA_ID_AK=?";
     std::int64_t structure = keys.PD_ID_AK;
     if (mode == Mode::kActv)
       db.ForEach(month, {keys.SA_ID_AK}, [&](const RowView& row) {
@@ -246,9 +248,10 @@ std::int64_t StructureOf(Database& db, const SheetSpec* sheet, Mode mode, const 
   if (sheet == nullptr)
     return ToInteger(db.Single("SELECT PD_ID_AK FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {keys.SA_ID_AK}));
   if (!months) return ToInteger(db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {keys.ED_ID_AK}));
-  return ToInteger(db.Single("SELECT d.PD_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK WHERE "
-                             "a.EA_ID_AK=?",
-                             {keys.EA_ID_AK}));
+  return ToInteger(
+      db.Single("SELECT d.PD_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK WHERE "
+                "a.EA_ID_AK=?",
+                {keys.EA_ID_AK}));
 }
 
 }  // namespace

@@ -65,11 +65,11 @@ struct JudgedRecord {
   RecordKeys keys;
   int year = 0, month = 0;  // 0 for a description
   const StructureFacts* structure = nullptr;
-  std::string_view id;      // of the equipment, empty for a structure
-  bool inactive = false;    // its own status in the month
+  std::string_view id;    // of the equipment, empty for a structure
+  bool inactive = false;  // its own status in the month
   bool structure_inactive = false;
-  bool has_values = true;   // of a month: any of its columns is not Null
-  bool checked = false;     // it has a date of last QC
+  bool has_values = true;  // of a month: any of its columns is not Null
+  bool checked = false;    // it has a date of last QC
   const RecordView* view = nullptr;
   const Context* context = nullptr;
   const Verdicts* verdicts = nullptr;

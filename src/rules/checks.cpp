@@ -106,9 +106,8 @@ bool JudgeRequiredRange(Judging& j, double low, double high, const std::string& 
 }
 
 CheckSpec RequiredRange(double low, double high) {
-  return WithBounds("CheckRequiredRange", low, high, [low, high, text = RangeText(low, high)](Judging& j) {
-    JudgeRequiredRange(j, low, high, text);
-  });
+  return WithBounds("CheckRequiredRange", low, high,
+                    [low, high, text = RangeText(low, high)](Judging& j) { JudgeRequiredRange(j, low, high, text); });
 }
 
 CheckSpec Required(Marks marks) {
@@ -129,9 +128,8 @@ CheckSpec RangeIfFilled(double low, double high) {
 }
 
 CheckSpec RequiredRangeIfFilled(double low, double high) {
-  return IfFilled("CheckRequiredRange", low, high, [low, high, text = RangeText(low, high)](Judging& j) {
-    JudgeRequiredRange(j, low, high, text);
-  });
+  return IfFilled("CheckRequiredRange", low, high,
+                  [low, high, text = RangeText(low, high)](Judging& j) { JudgeRequiredRange(j, low, high, text); });
 }
 
 CheckSpec RangeIfFilledMarked(double low, double high) {

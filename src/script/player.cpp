@@ -12,6 +12,7 @@
 #include "host/report_pdf.h"
 #include "script/words.h"
 #include "shell/dialogs.h"
+#include "shell/docks.h"
 #include "shell/draft.h"
 #include "shell/main_program.h"
 #include "store/files.h"
@@ -75,6 +76,7 @@ bool Player::Next() {
 void Player::Carry() {
   CloseSplash(session_);
   try {
+    RefreshDocks(session_);
     const auto words = SplitWords(reply_.line);
     if (!words) Fail("a quote is not closed");
     Dispatch(*words);

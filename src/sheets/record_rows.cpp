@@ -79,14 +79,17 @@ RowReader::RowReader(const std::vector<FieldSpec>& fields, const RuleSet& rules,
       if (wanted == Wanted::kAllFields || rules.Reads(mode, cell.place)) cells_.push_back(std::move(cell));
     }
   for (const Cell& cell : cells_)
-    if (cell.field->stored == Stored::kDestination)
-      destination_ = rules.fields().At(cell.field->destination);
+    if (cell.field->stored == Stored::kDestination) destination_ = rules.fields().At(cell.field->destination);
 }
 
 std::string RowReader::Columns(const std::string& description, const std::string& month) const {
   std::string columns;
   for (const Cell& cell : cells_)
-    columns.append(",").append(IsMonthly(*cell.field) ? month : description).append(".[").append(cell.field->column).append("]");
+    columns.append(",")
+        .append(IsMonthly(*cell.field) ? month : description)
+        .append(".[")
+        .append(cell.field->column)
+        .append("]");
   return columns;
 }
 

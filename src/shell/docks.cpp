@@ -26,6 +26,15 @@ void ShowDock(Session& s, Form& dock, bool show) {
   s.platform.StoreSetting(kSection, dock.dock, show ? kShows : "");
 }
 
+void RefreshDocks(Session& s) {
+  for (const auto& form : s.desk.forms) {
+    if (form->dock.empty() || !form->visible) continue;
+    for (const Control& control : form->controls())
+      if (control.kind == Kind::kLabel && form->Handles(control.name, kRefreshDock))
+        form->Raise(control.name, kRefreshDock);
+  }
+}
+
 void ToggleDock(Session& s, Form& dock) {
   ShowDock(s, dock, !dock.visible);
 }

@@ -9,6 +9,10 @@ namespace merlu {
 void ShowDock(Session& s, Form& dock, bool show);
 // What its menu command does.
 void ToggleDock(Session& s, Form& dock);
+// What a dock shows beside its rows (a count, the choices of a list) is brought up to date by this event of a label of
+// its own, which every front end raises after each act.
+inline constexpr Event kRefreshDock = Event::kMoved;
+void RefreshDocks(Session& s);
 // Checks the menu commands of the docks that show and of no others.
 void CheckDockCommands(Session& s);
 // Gives the commands of the docks that showed when the program ended last; they make and show them.

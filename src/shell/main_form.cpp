@@ -9,6 +9,7 @@
 #include "records/survey_record.h"
 #include "shell/annual_summary.h"
 #include "shell/backup_dialog.h"
+#include "shell/completeness_dock.h"
 #include "shell/dialogs.h"
 #include "shell/docks.h"
 #include "shell/edit_cycle.h"
@@ -17,7 +18,9 @@
 #include "shell/exchange_dialogs.h"
 #include "shell/file_life.h"
 #include "shell/find_dialog.h"
+#include "shell/findings_dock.h"
 #include "shell/grid_dialog.h"
+#include "shell/hand_in_dialog.h"
 #include "shell/help.h"
 #include "shell/history_dialog.h"
 #include "shell/main_program.h"
@@ -74,7 +77,12 @@ constexpr MenuCommand kMenus[] = {
     {"mnuQC", "&QC", "", nullptr},
     {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
     {"mnuReview", "&Review", "", nullptr},
+    {"mnuRFindings", "&Findings", "mnuReview", ToggleFindings, nullptr, true},
+    {"mnuRNext", "Next Finding", "mnuReview", NextFinding},
+    {"mnuRPrevious", "Previous Finding", "mnuReview", PreviousFinding},
+    {"mnuRCompleteness", "&Completeness", "mnuReview", ToggleCompleteness, nullptr, true},
     {"mnuRStrip", "&Twelve Months", "mnuReview", ToggleStrip, nullptr, true},
+    {"mnuRHandIn", "Ready to &Hand In...", "mnuReview", OpenHandIn},
     {"mnuRHistory", "Change &History...", "mnuReview", OpenHistory},
     {"mnuRFind", "&Go To...", "mnuReview", OpenGoTo},
     {"mnuEntry", "E&ntry", "", nullptr},

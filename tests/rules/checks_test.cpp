@@ -179,7 +179,8 @@ TEST(Checks, hold_a_field_to_the_total_of_the_structure_s_month) {
 }
 
 TEST(Checks, choose_the_total_by_a_list) {
-  Record record({Checked(WithinStructureTotal("Over", "Other", {{"Gas", Total::kFuelGas}, {"Oil", Total::kFuelDiesel}}))});
+  Record record(
+      {Checked(WithinStructureTotal("Over", "Other", {{"Gas", Total::kFuelGas}, {"Oil", Total::kFuelDiesel}}))});
   record.context.month_found = true;
   record.context.totals[static_cast<std::size_t>(Total::kFuelDiesel)] = 10;
   EXPECT_EQ(record.With("11").With("Oil", "Other").Finding(), "Over");
@@ -188,8 +189,9 @@ TEST(Checks, choose_the_total_by_a_list) {
 }
 
 TEST(Checks, of_a_total_end_their_group_when_it_could_not_be_read) {
-  RuleSet set({{"Field", "Field"}}, {{"First", {Checked(WithinStructureTotal("Over", Total::kFuelGas)), Checked(Required())}},
-                                     {"Second", {Checked(RangeIfFilled(0, 1))}}});
+  RuleSet set({{"Field", "Field"}},
+              {{"First", {Checked(WithinStructureTotal("Over", Total::kFuelGas)), Checked(Required())}},
+               {"Second", {Checked(RangeIfFilled(0, 1))}}});
   Context context;
   context.unreadable = std::make_shared<const Fault>(fault_number::kNotSet, "here", "gone");
   RecordView view(set.fields());
@@ -217,7 +219,8 @@ TEST(Rules, withdraw_the_finding_of_a_field_whose_condition_is_false) {
 }
 
 TEST(Rules, run_in_their_mode) {
-  RuleSet set({{"Field", "Field"}}, {{"Group", {{1, In::kDesc, "Field", Required()}, {2, In::kBoth, "Field", RequiredMarked()}}}});
+  RuleSet set({{"Field", "Field"}},
+              {{"Group", {{1, In::kDesc, "Field", Required()}, {2, In::kBoth, "Field", RequiredMarked()}}}});
   const RecordView view(set.fields());
   EXPECT_EQ(Judge(set, Mode::kDesc, view, {}).all.size(), 2u);
   EXPECT_EQ(Judge(set, Mode::kActv, view, {}).all.size(), 1u);
@@ -246,8 +249,10 @@ TEST(Conditions, are_tested_and_told_from_the_same_data) {
            {IsOff("chkStatus"), "chkStatus is off", true},
            {IsSet("chkStatus"), "chkStatus is set", false},
            {IsOverZero("txtHours"), "txtHours is filled and over 0", true},
-           {Both(Reads("cmbFuel", {"Gas"}), IsFilledIn("txtHours")), "cmbFuel reads \"Gas\" and txtHours is filled", true},
-           {Either(Reads("cmbFuel", {"Oil"}), IsSet("chkStatus")), "(cmbFuel reads \"Oil\") or chkStatus is set", false},
+           {Both(Reads("cmbFuel", {"Gas"}), IsFilledIn("txtHours")), "cmbFuel reads \"Gas\" and txtHours is filled",
+            true},
+           {Either(Reads("cmbFuel", {"Oil"}), IsSet("chkStatus")), "(cmbFuel reads \"Oil\") or chkStatus is set",
+            false},
            {Condition(), "", true},
        }) {
     EXPECT_EQ(c.condition.words, c.words);

@@ -1,0 +1,23 @@
+// A list that shows, as a file: a workbook of one sheet, or comma-separated values.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "store/new_file.h"
+
+namespace merlu {
+
+struct ListToWrite {
+  std::string name;  // of the sheet
+  std::vector<std::string> columns;
+  int rows = 0;
+  std::function<std::string(int row, int column)> text;
+};
+
+// By the extension of the path: .csv, anything else as .xlsx. Texts stay texts: nothing in them becomes a formula.
+// The faults of WriteNewFile.
+void WriteList(const OwnFiles& own, const std::string& path, const ListToWrite& list);
+
+}  // namespace merlu

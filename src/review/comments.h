@@ -1,0 +1,22 @@
+// Explaining findings, those that the log lacks included.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "review/review.h"
+#include "session/session.h"
+
+namespace merlu {
+
+struct FindingToExplain {
+  QCLocation location;
+  Mode mode = Mode::kDesc;
+  ReviewedFinding finding;
+};
+
+// One comment for all of them, as one step: a finding that the log lacks is first written as a run would write it.
+// False after a fault, which is told; then none has the comment.
+bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment);
+
+}  // namespace merlu

@@ -1,0 +1,174 @@
+#include "shell/findings_dock.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "forms/dialog.h"
+#include "shell/docks.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A flare in two months: its first has hours that no month has and no volume, the second nothing at all.
+class FindingsDockOf : public testing::Test {
+ protected:
+  void SetUp() override {
+    run.StartWith("FLA", "F1");
+    run.AddMonth();
+    run.GoTo("FLA", "F1", Mode::kActv, 1);
+    run.Keep({{"txtFLA_HrsOperated", "800"}});
+    run.Click("mnuRFindings");
+    run.Set("cmbFND_When", "2017/01");
+  }
+  void TearDown() override { EXPECT_TRUE(run.TakeBoxes().empty()); }
+  Form& Dock() { return FindingsDock(run.s); }
+  FindingsModel& Rows() { return Findings(run.s); }
+  Texts Column(int column) {
+    Texts texts;
+    FindingsModel& rows = Rows();
+    for (int row = 0; row < rows.RowCount(); ++row) texts.push_back(rows.Text(row, column));
+    return texts;
+  }
+  int RowOf(const std::string& field) {
+    const Texts fields = Column(1);
+    return static_cast<int>(std::find(fields.begin(), fields.end(), field) - fields.begin());
+  }
+  static constexpr const char* kHours = "Hours Operated, excl. upsets";
+  static constexpr const char* kVolume = "Volume Flared, incl. upsets";
+  TestRun run;
+};
+
+TEST_F(FindingsDockOf, shows_what_the_rules_say_now_although_nothing_was_run) {
+  EXPECT_EQ(run.Count("QC"), 0);
+  EXPECT_EQ(Column(1), (Texts{kHours, kVolume})) << "the structure's month has no value, and says nothing";
+  const int hours = RowOf(kHours);
+  EXPECT_EQ(Rows().Text(hours, 0), "2017/01 · GI, 43, A · Combustion Flare: F1");
+  EXPECT_EQ(Rows().Text(hours, 2), "800");
+  EXPECT_EQ(Rows().Text(hours, 3), "0 to 744");
+  EXPECT_EQ(Rows().Text(hours, 4), "Value not in expected range (0 to 744)");
+  EXPECT_EQ(Rows().Text(hours, 6), "open");
+  EXPECT_EQ(Rows().Text(RowOf(kVolume), 3), "0 to 20000") << "also where the field is blank";
+  EXPECT_EQ(run.Count("QC"), 0) << "nothing is written";
+}
+
+TEST_F(FindingsDockOf, is_never_older_than_the_last_act) {
+  run.Keep({{"txtFLA_HrsOperated", "700"}});
+  EXPECT_EQ(Column(1), (Texts{kVolume}));
+  RefreshDocks(run.s);
+  EXPECT_NE(Dock().At("lblFND_Count").text.find("1 of "), std::string::npos) << Dock().At("lblFND_Count").text;
+}
+
+TEST_F(FindingsDockOf, says_nothing_of_an_inactive_record_but_what_the_log_holds) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I'");
+  EXPECT_EQ(Column(1), (Texts{kHours, kVolume})) << "rows of the log stand until a run withdraws them";
+  run.s.db.Execute("DELETE FROM QC");
+  EXPECT_EQ(Column(1), Texts{});
+}
+
+TEST_F(FindingsDockOf, filters_by_words_state_and_month) {
+  run.Set("txtFND_Filter", "HOURS flare");
+  EXPECT_EQ(Column(1), (Texts{kHours}));
+  run.Set("txtFND_Filter", "");
+  run.Set("cmbFND_State", "Explained");
+  EXPECT_EQ(Column(1), Texts{});
+  run.Set("cmbFND_State", "All");
+  run.Set("cmbFND_When", "Descriptions");
+  for (const std::string& place : Column(0)) EXPECT_EQ(place.find("2017/"), std::string::npos) << place;
+  EXPECT_FALSE(Column(0).empty());
+  EXPECT_EQ(Dock().At("cmbFND_When").items, (Texts{"All", "Descriptions", "2017/01", "2017/02"}));
+}
+
+TEST_F(FindingsDockOf, takes_one_comment_for_several_findings_and_writes_the_rows_that_the_log_lacks) {
+  Rows();
+  run.Pick("lvwFND_List", {0, 1});
+  run.dialogs.push_back([&](Form&) {
+    EXPECT_EQ(run.Text("txtComments"), "");
+    EXPECT_NE(run.Text("txtFieldName").find("2 "), std::string::npos);
+    run.Set("txtComments", "Flare test");
+    run.Click("cmdOK");
+  });
+  run.Click("cmdFND_Comment");
+  EXPECT_EQ(run.Count("QC WHERE Comments='Flare test' AND Level='EQUIPMENT' AND EquipID='F1' AND Month=1 AND "
+                      "EditMode='ACTV'"),
+            2);
+  EXPECT_EQ(Column(6), (Texts{"explained", "explained"}));
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  EXPECT_EQ(Column(5), (Texts{"Flare test", "Flare test"})) << "a run finds the rows as it would have written them";
+}
+
+TEST_F(FindingsDockOf, calls_a_comment_stale_whose_value_has_changed_since) {
+  Rows();
+  run.Pick("lvwFND_List", {RowOf(kHours)});
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtComments", "Two shifts");
+    run.Click("cmdOK");
+  });
+  run.Click("cmdFND_Comment");
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "explained");
+  run.Keep({{"txtFLA_HrsOperated", "900"}});
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 5), "Two shifts");
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "stale");
+  run.Keep({{"txtFLA_HrsOperated", "800"}});
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "explained");
+}
+
+TEST_F(FindingsDockOf, leads_to_the_record_and_its_field) {
+  run.SelectRoot();
+  Rows();
+  run.Pick("lvwFND_List", {RowOf(kVolume)});
+  run.DoubleClick("lvwFND_List");
+  EXPECT_EQ(run.s.current.EquipID, "F1");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_VolFlared");
+}
+
+TEST_F(FindingsDockOf, is_walked_through_with_one_key) {
+  run.SelectRoot();
+  run.Click("mnuRNext");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated");
+  run.Click("mnuRNext");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_VolFlared");
+  run.Click("mnuRPrevious");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated");
+}
+
+TEST_F(FindingsDockOf, is_walked_through_without_showing) {
+  run.Click("mnuRFindings");
+  run.SelectRoot();
+  run.Click("mnuRNext");
+  EXPECT_TRUE(run.s.current.Is(level::kStructure)) << "descriptions come first";
+  EXPECT_TRUE(run.s.InDesc());
+}
+
+TEST_F(FindingsDockOf, leads_to_no_other_record_in_the_middle_of_an_edit) {
+  run.GoTo("FLA", "F1", Mode::kActv, 2);
+  run.Click("cmdEdit");
+  run.Click("mnuRNext");
+  EXPECT_EQ(run.TakeBoxes(), (Texts{"End the edit first."}));
+  run.Click("cmdCANCEL");
+}
+
+TEST_F(FindingsDockOf, goes_out_as_values_with_commas) {
+  const std::string path = run.folder.path("findings.csv");
+  run.files.push_back(path);
+  run.Click("cmdFND_Export");
+  EXPECT_EQ(run.TakeBoxes(), (Texts{"Done."}));
+  std::ifstream in(path);
+  std::string head, first;
+  std::getline(in, head);
+  std::getline(in, first);
+  EXPECT_EQ(head, "Place,Field,Value,Expected,Error Description,Operator Comment,State\r");
+  EXPECT_EQ(first,
+            "\"2017/01 · GI, 43, A · Combustion Flare: F1\",\"Hours Operated, excl. upsets\",800,0 to 744,Value not in "
+            "expected range (0 to 744),,open\r");
+}
+
+}  // namespace
+}  // namespace merlu::test
