@@ -22,7 +22,7 @@ int LoadStep(const FieldSpec& field) {
 }
 
 bool IsShown(const FieldSpec& field) {
-  return !field.column.empty() && field.stored != Stored::kNone && (field.loads || field.loads_last);
+  return !field.column.empty() && (field.loads || field.loads_last);
 }
 
 void ShowNumber(const RowView& row, int column, int place, RecordView& view) {
@@ -110,7 +110,7 @@ void RowReader::ShowCell(const RowView& row, int column, const Cell& cell, const
   if (field.kind == Kind::kOption)
     view.SetChecked(cell.place, ToNumber(value) != 0);
   else
-    view.SetText(cell.place, ShownText(field, value));
+    view.SetText(cell.place, field.stored == Stored::kNone ? NullToEmpty(value) : ShownText(field, value));
 }
 
 std::string HasValues(const std::vector<FieldSpec>& fields, const std::string& month) {
