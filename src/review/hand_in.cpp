@@ -62,12 +62,12 @@ std::int64_t Damage(Database& db) {
   return count;
 }
 
-// Values that the steps since the hand-in have written; -1 when there was none.
+// Values that the steps since the hand-in have written; none without one.
 std::int64_t ChangedSinceHandIn(const Companion& companion, int month) {
   std::int64_t since = -1;
   for (const HandIn& hand_in : HandIns(companion))
     if (month == 0 || hand_in.month == month) since = std::max(since, hand_in.step);
-  if (since < 0) return -1;
+  if (since < 0) return 0;
   std::int64_t values = 0;
   for (const HistoryStep& step : Steps(companion))
     if (step.id > since && !step.undone) values += step.values;
@@ -105,8 +105,7 @@ std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, co
           "Go on with the edit, or discard it.", false),
       Row("Pages of the file that are damaged, rows without their parent", Damage(db), "Restore a backup."),
   };
-  if (const std::int64_t changed = ChangedSinceHandIn(companion, month); changed >= 0)
-    rows.push_back(Row("Values changed since the hand-in", changed, "Hand in again.", false));
+  rows.push_back(Row("Values changed since the hand-in", ChangedSinceHandIn(companion, month), "Hand in again.", false));
   return rows;
 }
 

@@ -78,12 +78,12 @@ TEST_F(HandIn, matrix_leads_to_the_record_behind_a_cell) {
 
 TEST_F(HandIn, counts_what_is_still_to_be_settled) {
   const Texts year = Checks("Whole year");
-  ASSERT_EQ(year.size(), 9u);
+  ASSERT_EQ(year.size(), 10u);
   EXPECT_EQ(year[0], "stop 11");
   EXPECT_EQ(year[1], "ok 0");
   EXPECT_EQ(year[2], "stop 3") << "the structure's month and description, and the mud's month";
   EXPECT_EQ(year[7], "ok 0");
-  EXPECT_EQ(year[8], "Not ready: 3 things to settle.");
+  EXPECT_EQ(year[9], "Not ready: 3 things to settle.");
   EXPECT_EQ(Checks("2017/01")[0], "ok 0");
 }
 
