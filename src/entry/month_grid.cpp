@@ -447,6 +447,7 @@ GridSaved MonthGrid::Save() {
   };
   s_.db.NoticeOthers();
   const Act act(s_, "Month Grid");
+  if (!act.MayWrite()) return saved;
   try {
     WriteBatch batch(s_.db);
     AllOrNothing whole(s_.db);

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "history/companion.h"
+#include "history/layout.h"
 #include "inventory.h"
 #include "session/node_keys.h"
 #include "session/types.h"
@@ -257,6 +259,63 @@ std::string CheckDeletedEquipment(const KillFiles&, Database& db, const std::str
   return CheckDeletions(db, "ED_EQUIP_DESC", std::stoi(before.substr(before.find(' '))), done);
 }
 
+// ---- undo and redo ----
+
+constexpr int kReplays = 9;
+
+// A deletion (act 1), then taken back and done again in turns.
+KillScript UndoScript(const KillFiles& files, Database& db) {
+  KillScript script =
+      Deletions(files, db, "SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK DESC LIMIT 1", 1);
+  for (int act = 2; act <= kReplays; ++act)
+    script.body.push_back({act % 2 == 0 ? "click mnuEUndo" : "click mnuERedo", act});
+  return script;
+}
+
+// Every row of the inventory with its number.
+std::string AllRows(Database& db) {
+  std::string all;
+  const Rows tables = db.Query(
+      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'H\\_%' ESCAPE '\\' AND name<>'QC_XREF' "
+      "ORDER BY name");
+  for (const Values& table : tables.rows) {
+    const std::string name = NullToEmpty(table[0]);
+    std::string columns;
+    db.ForEach("SELECT name FROM pragma_table_info(?)", {name},
+               [&](const RowView& row) { columns += "||','||quote([" + std::string(row.Text(0)) + "])"; });
+    db.ForEach("SELECT rowid" + columns + " FROM [" + name + "] ORDER BY rowid", {},
+               [&](const RowView& row) { all += name + ": " + std::string(row.Text(0)) + "\n"; });
+  }
+  return all;
+}
+
+std::string RowsBefore(const KillFiles&, Database& db) {
+  return AllRows(db);
+}
+
+// The step that was told is there, and taking it back gives what was before.
+std::string CheckUndo(const KillFiles& files, Database& db, const std::string& before, int done) {
+  const bool gone = AllRows(db) != before;
+  const auto is_gone_after = [](int act) { return act % 2 == 1; };
+  if (gone != is_gone_after(done) && gone != is_gone_after(done + 1)) return Told("structures gone", gone, done);
+  db.Close();
+  Database own;
+  own.Open(files.work());
+  own.RecordChanges(RecordedCompanionTables());
+  Companion companion;
+  companion.Open(own, nullptr);
+  std::string wrong;
+  if (done > 0 && !companion.IsAttached()) wrong = "no history: " + companion.why_not();
+  if (companion.IsAttached() && gone != NextUndo(companion).has_value())
+    wrong = gone ? "the step that was told is not there" : "a step that did not happen is there";
+  if (wrong.empty() && gone && UndoSteps(companion, NextUndo(companion)->id)) wrong = "the step cannot be undone";
+  if (wrong.empty() && AllRows(own) != before) wrong = "undo does not give what was before";
+  companion.Close();
+  own.Close();
+  db.Open(files.work());
+  return wrong;
+}
+
 // ---- import ----
 
 KillScript ImportScript(const KillFiles& files, Database& db) {
@@ -349,6 +408,7 @@ const std::vector<KillOperation>& KillOperations() {
       {"status", MakeSmall, StatusScript, NothingBefore, CheckStatus},
       {"delete-structure", MakeSmall, DeleteStructureScript, CountsBefore, CheckDeletedStructures},
       {"delete-equipment", MakeSmall, DeleteEquipmentScript, CountsBefore, CheckDeletedEquipment},
+      {"undo", MakeSmall, UndoScript, RowsBefore, CheckUndo},
       {"import", MakeTwo, ImportScript, CountsBefore, CheckImport},
       {"export-survey", MakeSmall, SurveyExportScript, BytesBefore, CheckSurveyExport},
       {"export-structure", MakeSmall, StructureExportScript, BytesBefore, CheckStructureExport},

@@ -25,6 +25,8 @@
 #include "faults/faulty_files.h"
 #include "faults/kill_operations.h"
 #include "faults/power_cut.h"
+#include "history/layout.h"
+#include "history/notes.h"
 #include "script/player.h"
 #include "support/temporary_place.h"
 #include "support/test_run.h"
@@ -202,8 +204,20 @@ bool HasLeftovers(const KillFiles& files) {
   return false;
 }
 
+// What an interrupted edit has left would be asked about at the next start.
+void ForgetDrafts(const KillFiles& files) {
+  Database db;
+  db.Open(files.work());
+  db.RecordChanges(RecordedCompanionTables());
+  Companion companion;
+  companion.Open(db, nullptr);
+  for (const Draft& draft : Drafts(companion)) ForgetDraft(companion, draft.id);
+  companion.Close();
+}
+
 // The same operation once more, to its end.
 std::string GoOn(const KillOperation& operation, const KillFiles& files) {
+  if (!operation.never_opened) ForgetDrafts(files);
   const Prepared prepared = Prepare(operation, files);
   const Outcome outcome = Play(files, prepared.script, {});
   if (!outcome.all_ok || !outcome.complaint.empty()) return "going on: " + outcome.complaint;

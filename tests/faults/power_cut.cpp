@@ -28,11 +28,13 @@ struct Op {
 
 // Not yet on the disk for certain, in the order of the calls.
 std::vector<Op> unsynced;
-std::string database, journal;
+std::string database;
 std::mt19937 dice;
 
+// The database, its journals, what stands beside it and the journal of that, and the journal over both.
 bool IsWatched(const std::string& path) {
-  return !database.empty() && (path == database || path == journal);
+  return !database.empty() &&
+         (path == database || path.starts_with(database + "-") || path.starts_with(database + ".history"));
 }
 
 bool IsOfFolder(const Op& op) {
@@ -90,7 +92,6 @@ void Carry(const Op& op) {
 
 void WatchForPowerCut(const std::string& path, std::uint32_t seed) {
   database = path;
-  journal = path + "-journal";
   dice.seed(seed);
   unsynced.clear();
 }
