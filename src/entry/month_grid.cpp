@@ -300,6 +300,7 @@ void MonthGrid::SetCell(int row, int column, const std::string& text) {
   if (IsLocked(*changed, column)) return;
   Set(*changed, column, text, false);
   Note(changed);
+  if (on_typed) on_typed();
 }
 
 PastePlan MonthGrid::Plan(int row, int column, const std::string& text) const {

@@ -47,6 +47,8 @@ class MonthGrid : public GridModel {
 
   // Asked when a paste refuses a cell or replaces a value; without it nothing is asked.
   std::function<bool(const std::vector<PastePlan>&)> approve;
+  // Told when a cell was typed into.
+  std::function<void()> on_typed;
 
   // The blank, open cells of the rows (all without any) take the month before. Returns how many.
   int CopyBefore(const std::vector<int>& rows);

@@ -1,5 +1,7 @@
 #include "qc_run/run_qc.h"
 
+#include <utility>
+
 #include "qc/qc_log.h"
 #include "qc_run/run_record.h"
 #include "qc_run/walks.h"
@@ -65,7 +67,11 @@ void TellRunFault(Session& s, const Fault& fault) {
 
 }  // namespace
 
-std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
+namespace {
+
+enum class Boxes { kAll, kOfFindings, kNone };
+
+std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes) {
   const QCLocation saved = location;
   int count = 0;
   try {
@@ -94,8 +100,18 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
     return 0;
   }
   WithdrawByResult(s, saved, count);
-  TellResult(s, count, silent);
+  if (boxes != Boxes::kNone) TellResult(s, count, boxes == Boxes::kOfFindings);
   return static_cast<std::int16_t>(count);
+}
+
+}  // namespace
+
+std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
+  return RunAndTell(s, std::move(location), silent ? Boxes::kOfFindings : Boxes::kAll);
+}
+
+std::int16_t RunQCWithoutBox(Session& s, QCLocation location) {
+  return RunAndTell(s, std::move(location), Boxes::kNone);
 }
 
 void RunQCAmongMany(Session& s, const QCLocation& at) {

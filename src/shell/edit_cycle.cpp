@@ -93,7 +93,9 @@ void SaveEdits(Session& s) {
   BeginEdit(s);
 }
 
-void SaveExit(Session& s) {
+namespace {
+
+void SaveAndEnd(Session& s, std::int16_t (*run)(Session&, QCLocation)) {
   const SavingAct act(s);
   if (s.save_failed) return;
   LeaveFields(s);
@@ -103,7 +105,7 @@ void SaveExit(Session& s) {
   }
   const QCLocation here = s.current;
   s.InSaveQC = true;
-  RunQC(s, here, true);
+  run(s, here);
   s.InSaveQC = false;
   s.current = here;  // a run that a fault ended stands elsewhere; the save belongs to this record
   SaveForGood(s, s.record_checked);
@@ -118,6 +120,16 @@ void SaveExit(Session& s) {
   }
   RestoreTreeExpansion(s);
   EndEdit(s);
+}
+
+}  // namespace
+
+void SaveExit(Session& s) {
+  SaveAndEnd(s, [](Session& at, QCLocation location) { return RunQC(at, std::move(location), true); });
+}
+
+void SaveExitWithoutBox(Session& s) {
+  SaveAndEnd(s, RunQCWithoutBox);
 }
 
 void CancelEdit(Session& s) {

@@ -5,11 +5,12 @@
 
 namespace merlu {
 
-void BeginEdit(Session& s);   // cmdEdit
-void SaveEdits(Session& s);   // cmdSaveEdits: saves and stays in the edit
-void SaveExit(Session& s);    // cmdSaveExit: runs QC, saves and ends the edit
-void CancelEdit(Session& s);  // cmdCANCEL: drops what was not saved
-void RunQCHere(Session& s);   // at the current location
+void BeginEdit(Session& s);           // cmdEdit
+void SaveEdits(Session& s);           // cmdSaveEdits: saves and stays in the edit
+void SaveExit(Session& s);            // cmdSaveExit: runs QC, saves and ends the edit
+void SaveExitWithoutBox(Session& s);  // the same, with the number of findings told elsewhere
+void CancelEdit(Session& s);          // cmdCANCEL: drops what was not saved
+void RunQCHere(Session& s);           // at the current location
 
 // Commands and tree as they are outside an edit.
 void UnlockInterface(Session& s);

@@ -63,7 +63,7 @@ void SaveAndGo(Session& s, int step) {
   const bool record = s.current.Is(level::kStructure) || s.current.Is(level::kEquipment);
   if (!s.editing || !record) return;
   const std::string name = NameOfRecord(s);
-  SaveExit(s);
+  SaveExitWithoutBox(s);
   if (s.save_failed) return;
   const std::string saved = name + " saved, " + Count(CountQCErrors(s, s.current), "finding");
   const int next = NextRecord(s, s.tree.selected, step);

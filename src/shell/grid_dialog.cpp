@@ -222,6 +222,7 @@ void OpenMonthGrid(Session& s) {
   Open open{s, GridForm(s), std::make_shared<MonthGrid>(s), {}, {}};
   open.form.At("grdGRD").grid = open.grid;
   open.grid->approve = [&s](const std::vector<PastePlan>& plan) { return Approve(s, plan); };
+  open.grid->on_typed = [&open] { ShowCellMessage(open); };
   FillLists(open);
   ChooseWhatShows(open);
   ShowView(open);
