@@ -32,7 +32,9 @@ TEST(Drawing, asks_the_store_nothing_while_somebody_types) {
   TestRun run;
   run.StartWith("FLA", "X1");
   run.s.db.Close();
-  Driver driver(run.s.path);
+  const std::string path = run.folder.path("copy.mdb");  // the run holds its own
+  fs::copy_file(run.s.path, path);
+  Driver driver(path);
   driver.Start();
   driver.Select("K12345 12017   1001 1FLA      X1");
   driver.Click("cmdEdit");

@@ -178,7 +178,7 @@ TEST_F(Around, a_window_of_a_larger_screen_comes_back_on_this_one) {
 
 // ---- the keys ----
 
-TEST_F(Around, the_keys_walk_through_the_tree_and_stay_while_editing) {
+TEST_F(Around, the_keys_walk_through_the_tree) {
   OnFirstFlare();
   Key("Ctrl+PgDown");
   EXPECT_EQ(driver_->app->session().current.EquipID, "F2");
@@ -188,10 +188,6 @@ TEST_F(Around, the_keys_walk_through_the_tree_and_stay_while_editing) {
   EXPECT_EQ(driver_->app->session().current.EquipID, "F1");
   Key("Ctrl+PgUp");
   EXPECT_EQ(driver_->app->session().current.Level, "STRUCTURE");
-  driver_->Click("cmdEdit");
-  Key("Ctrl+PgDown");
-  EXPECT_EQ(driver_->app->session().current.Level, "STRUCTURE");
-  EXPECT_TRUE(driver_->app->session().editing);
 }
 
 TEST_F(Around, the_keys_turn_the_pages_that_are_available_round_the_ends) {

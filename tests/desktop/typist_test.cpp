@@ -306,6 +306,32 @@ TEST_F(Typist, copies_the_findings_in_view) {
   EXPECT_TRUE(tab.tabText(tab.count() - 1).endsWith(" open)")) << tab.tabText(tab.count() - 1).toStdString();
 }
 
+// ---- a month of records ----
+
+TEST_F(Typist, types_record_after_record_with_two_strokes_beside_the_digits) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  int strokes = 0;
+  for (const char* record : {"F1", "F2"}) {
+    ASSERT_TRUE(S().editing);
+    EXPECT_EQ(S().current.EquipID, record);
+    ASSERT_EQ(Focus(), "txtFLA_HrsOperated") << "the hands stand in the first open field of the record";
+    Write(QString("70") + record[1]);
+    Key(Qt::Key_Return);
+    ++strokes;
+    ASSERT_EQ(Focus(), "txtFLA_VolFlared");
+    Write(QString("90") + record[1]);
+    Key(Qt::Key_PageDown, Qt::ControlModifier);
+    ++strokes;
+  }
+  EXPECT_EQ(strokes, 2 * 2);
+  EXPECT_FALSE(S().editing) << "behind the last record the edit ends";
+  for (const char* record : {"1", "2"})
+    EXPECT_EQ(ToInteger(driver_->Sql(std::string("SELECT COUNT(*) FROM EA_FLA WHERE OP_HR=70") + record +
+                                     " AND VOL_FLARED=90" + record)),
+              1)
+        << record;
+}
+
 // ---- while the program is at work ----
 
 TEST_F(Typist, types_on_while_a_run_is_at_work_and_finds_it_in_the_field) {
