@@ -1,7 +1,9 @@
 #include "desktop/form_dialog.h"
 
 #include <QAction>
+
 #include <QKeyEvent>
+#include <utility>
 
 #include "desktop/about_window.h"
 #include "desktop/model_list.h"
@@ -72,6 +74,7 @@ void FormDialog::FillGrid() {
     else if (control.kind == Kind::kButton)
       AddButton(control);
   }
+  if (cancel_ != nullptr) buttons_->addWidget(cancel_);
   if (main_ != nullptr) buttons_->addWidget(main_);
   grid_->addLayout(buttons_, row_, 0, 1, 3);
   grid_->setRowMinimumHeight(row_, 46);
@@ -115,10 +118,12 @@ void FormDialog::AddButton(const Control& control) {
   button->setAutoDefault(true);  // Enter presses the button that has the focus
   if (!control.beside.empty())
     binding_.RowOf(control.beside)->layout()->addWidget(button);
-  else if (control.name != binding_.form().cancel_button)
-    main_ = button;
-  else
-    buttons_->addWidget(button);
+  else if (control.name == binding_.form().cancel_button)
+    cancel_ = button;
+  else if (main_ == nullptr || control.name == binding_.form().default_button)
+    main_ = std::exchange(button, main_);
+  // what is neither the main act nor the way out stands before both
+  if (control.beside.empty() && button != nullptr && button != cancel_) buttons_->addWidget(button);
 }
 
 void DialogWindow::Sync() {

@@ -48,7 +48,7 @@ class FormDialog : public DialogWindow {
 
   QGridLayout* grid_ = nullptr;
   QHBoxLayout* buttons_ = nullptr;
-  QPushButton* main_ = nullptr;
+  QPushButton *main_ = nullptr, *cancel_ = nullptr;
   int row_ = 0;
 };
 
