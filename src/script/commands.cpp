@@ -14,6 +14,7 @@
 #include "shell/dialogs.h"
 #include "shell/draft.h"
 #include "shell/exchange_dialogs.h"
+#include "shell/grid_dialog.h"
 #include "shell/main_program.h"
 #include "shell/routing.h"
 
@@ -94,6 +95,7 @@ void Player::MakeScreens() {
   if (!in_dialog) {
     MakeDialogs(session_);
     MakeExchangeDialogs(session_);
+    MakeGridDialogs(session_);
   }
   for (const SheetSpec* sheet : AllSheets()) {
     if (session_.desk.Find(sheet->form()) != nullptr) continue;
