@@ -23,6 +23,9 @@ struct CheckScope {
   int month = 0;  // 0 for all
   bool descriptions = true;
   bool months = true;
+  // As the program lists findings: none of what reports nothing or has no value yet, and those of the log that no rule
+  // raises any more. Otherwise every record is judged by itself, as a run over it alone would.
+  bool as_listed = false;
 };
 
 struct CheckedFile {

@@ -14,6 +14,7 @@ const CommandOption kFormat = {"--format", ValueKind::kChoice,     "", "how it i
                                false,      {"text", "json", "csv"}};
 const CommandOption kTextOrJson = {"--format", ValueKind::kChoice, "", "how it is written; text when it is not said", 0,
                                    false,      {"text", "json"}};
+const CommandOption kMonth = {"--month", ValueKind::kMonth, "M", "only the month, 1 to 12"};
 const CommandOption kForce = {"--force", ValueKind::kNone, "", "replaces OUT when it exists"};
 
 CommandOption Out(const char* name, ValueKind kind, const char* what, bool needed) {
@@ -36,6 +37,25 @@ std::vector<CommandSpec> Make() {
         kFormat,
         {"--jobs", ValueKind::kCount, "N", "so many processors; all of them when it is not said"}},
        CheckFiles},
+      {"findings",
+       "FILE",
+       1,
+       1,
+       "lists the findings as the program shows them",
+       "Lists the findings of the inventory with their values, what was expected, and the operator's comments, in the "
+       "order of the tree. The file is not changed.",
+       {kMonth,
+        {"--state",
+         ValueKind::kChoice,
+         "",
+         "only findings in that state",
+         0,
+         false,
+         {"all", "open", "explained", "stale"}},
+        kFormat,
+        Out("OUT.xlsx", ValueKind::kWorkbook, "writes the findings into a workbook", false),
+        kForce},
+       ListFindings},
       {"report",
        "FILE",
        1,
@@ -44,6 +64,19 @@ std::vector<CommandSpec> Make() {
        "Looks for missing data in all records of all months and writes the annual summary. The file is not changed.",
        {Out("SUMMARY.pdf", ValueKind::kPdf, "the summary", true), kForce},
        WriteSummary},
+      {"export",
+       "FILE",
+       1,
+       1,
+       "writes a month, the inventory or structures into a file of their own",
+       "Writes an inventory file with a survey month, with everything, or with some structures. The export of a month "
+       "is kept in mind as its hand-in.",
+       {{"--month", ValueKind::kMonth, "M", "the survey of the month, 1 to 12", 1, true},
+        {"--inventory", ValueKind::kNone, "", "everything", 1, true},
+        {"--structures", ValueKind::kText, "CMPLX/STRUCT,...", "the structures, by complex and structure", 1, true},
+        Out("OUT.mdb", ValueKind::kNewInventory, "the file that is written", true),
+        kForce},
+       ExportPart},
       {"diff",
        "A B",
        2,
@@ -53,6 +86,14 @@ std::vector<CommandSpec> Make() {
        "Neither file is changed.",
        {kTextOrJson},
        ListDifferences},
+      {"backup",
+       "FILE",
+       1,
+       1,
+       "makes a backup beside the inventory",
+       "Makes a backup in the inventory's folder of backups, and tells its name.",
+       {},
+       BackUpFile},
   };
 }
 

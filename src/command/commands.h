@@ -14,6 +14,9 @@ namespace merlu {
 Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console);
 
 Status CheckFiles(const Request& request, Console& console);
+Status ListFindings(const Request& request, Console& console);
+Status ExportPart(const Request& request, Console& console);
+Status BackUpFile(const Request& request, Console& console);
 Status WriteSummary(const Request& request, Console& console);
 Status ListDifferences(const Request& request, Console& console);
 

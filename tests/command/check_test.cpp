@@ -135,9 +135,13 @@ TEST_F(Check, finds_the_same_on_any_number_of_processors) {
 
 TEST_F(Check, leaves_the_file_and_its_folder_untouched_while_a_window_has_it_open) {
   std::map<std::string, std::string> before, after;
-  for (const auto& entry : fs::directory_iterator(run.folder.path())) before[entry.path()] = Bytes(entry.path());
+  const auto read = [&](auto& files) {
+    for (const auto& entry : fs::recursive_directory_iterator(run.folder.path()))
+      files[entry.path()] = entry.is_regular_file() ? Bytes(entry.path()) : "";
+  };
+  read(before);
   EXPECT_EQ(Play({run.s.path}), Status::kSomething);
-  for (const auto& entry : fs::directory_iterator(run.folder.path())) after[entry.path()] = Bytes(entry.path());
+  read(after);
   EXPECT_EQ(after, before);
 }
 

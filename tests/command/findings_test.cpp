@@ -1,0 +1,93 @@
+// The list of findings as the program shows it, by the command line.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "command/check.h"
+#include "command/commands.h"
+#include "store/image.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+class ListedFindings : public testing::Test {
+ protected:
+  ListedFindings() {
+    run.StartWithStructure();
+    run.AddEquipment("FLA", "F1");
+    run.GoTo("FLA", "F1", Mode::kActv);
+    run.Keep({{"txtFLA_HrsOperated", "745"}});
+    run.Click("cmdQC");
+    run.TakeBoxes();
+  }
+  CheckedFile List() {
+    CheckScope scope;
+    scope.as_listed = true;
+    scope.month = 1;
+    scope.descriptions = false;
+    return CheckInventory(ReadImage(run.s.path), scope, 2);
+  }
+  static int Count(const CheckedFile& file, const std::string& field, const std::string& state) {
+    int count = 0;
+    for (const CheckedFinding& f : file.findings) count += f.field == field && f.state == state ? 1 : 0;
+    return count;
+  }
+  Status Play(std::vector<std::string> options) {
+    std::ostringstream out_stream, err_stream;
+    Console console{out_stream, err_stream};
+    options.insert(options.begin(), run.s.path);
+    const Status status = RunCommand(*FindCommand("findings"), options, console);
+    out = out_stream.str() + err_stream.str();
+    return status;
+  }
+
+  const std::string hours = "Hours Operated, excl. upsets";
+  TestRun run;
+  std::string out;
+};
+
+TEST_F(ListedFindings, hold_what_the_rules_say_against_the_stored_values) {
+  EXPECT_EQ(Count(List(), hours, "open"), 1);
+  run.s.db.Execute("DELETE FROM QC");
+  EXPECT_EQ(Count(List(), hours, "open"), 1) << "a log that was wiped wipes no finding";
+}
+
+TEST_F(ListedFindings, hold_what_only_the_log_has_until_a_run_withdraws_it) {
+  run.s.db.Execute("UPDATE EA_FLA SET OP_HR=700");
+  const CheckedFile file = List();
+  EXPECT_EQ(Count(file, hours, "open"), 1);
+  run.s.db.Execute("UPDATE QC SET Comments='as metered'");
+  EXPECT_EQ(Count(List(), hours, "explained"), 1);
+}
+
+TEST_F(ListedFindings, take_the_rule_s_text_where_the_log_has_another_one_under_the_tag) {
+  run.s.db.Execute("UPDATE QC SET [Desc]='an older text',Comments='on that' WHERE FieldID LIKE 'Hours%'");
+  const CheckedFile file = List();
+  EXPECT_EQ(Count(file, hours, "open"), 1);
+  EXPECT_EQ(Count(file, hours, "explained"), 0);
+}
+
+TEST_F(ListedFindings, are_none_for_what_is_inactive_or_has_no_value_but_for_those_of_the_log) {
+  run.s.db.Execute("DELETE FROM QC");
+  run.s.db.Execute("UPDATE EA_FLA SET OP_HR=NULL");
+  EXPECT_EQ(Count(List(), hours, "open"), 0);
+  run.s.db.Execute("UPDATE EA_FLA SET OP_HR=745");
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET status='I'");
+  EXPECT_EQ(Count(List(), hours, "open"), 0);
+}
+
+TEST_F(ListedFindings, are_listed_by_state_and_written_to_a_workbook) {
+  EXPECT_EQ(Play({"--month", "1", "--state", "explained"}), Status::kWell);
+  EXPECT_NE(out.find(" 0 findings, 0 open, "), std::string::npos) << out;
+  EXPECT_EQ(Play({"--month", "1", "--state", "open"}), Status::kSomething);
+  EXPECT_NE(out.find(hours + ": 745: "), std::string::npos) << out;
+  const TemporaryFolder elsewhere;
+  EXPECT_EQ(Play({"-o", elsewhere.path("findings.xlsx")}), Status::kSomething);
+  EXPECT_EQ(out, "");
+  EXPECT_GT(fs::file_size(elsewhere.path("findings.xlsx")), 1000U);
+  EXPECT_EQ(Play({"-o", elsewhere.path("findings.xlsx")}), Status::kFile);
+}
+
+}  // namespace
+}  // namespace merlu::test
