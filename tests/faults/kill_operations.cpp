@@ -272,23 +272,6 @@ KillScript UndoScript(const KillFiles& files, Database& db) {
   return script;
 }
 
-// Every row of the inventory with its number.
-std::string AllRows(Database& db) {
-  std::string all;
-  const Rows tables = db.Query(
-      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'H\\_%' ESCAPE '\\' AND name<>'QC_XREF' "
-      "ORDER BY name");
-  for (const Values& table : tables.rows) {
-    const std::string name = NullToEmpty(table[0]);
-    std::string columns;
-    db.ForEach("SELECT name FROM pragma_table_info(?)", {name},
-               [&](const RowView& row) { columns += "||','||quote([" + std::string(row.Text(0)) + "])"; });
-    db.ForEach("SELECT rowid" + columns + " FROM [" + name + "] ORDER BY rowid", {},
-               [&](const RowView& row) { all += name + ": " + std::string(row.Text(0)) + "\n"; });
-  }
-  return all;
-}
-
 std::string RowsBefore(const KillFiles&, Database& db) {
   return AllRows(db);
 }
@@ -415,6 +398,22 @@ const std::vector<KillOperation>& KillOperations() {
       {"annual", MakeYear, AnnualScript, NothingBefore, CheckAnnual},
   };
   return operations;
+}
+
+std::string AllRows(Database& db) {
+  std::string all;
+  const Rows tables = db.Query(
+      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'H\\_%' ESCAPE '\\' AND name<>'QC_XREF' "
+      "ORDER BY name");
+  for (const Values& table : tables.rows) {
+    const std::string name = NullToEmpty(table[0]);
+    std::string columns;
+    db.ForEach("SELECT name FROM pragma_table_info(?)", {name},
+               [&](const RowView& row) { columns += "||','||quote([" + std::string(row.Text(0)) + "])"; });
+    db.ForEach("SELECT rowid" + columns + " FROM [" + name + "] ORDER BY rowid", {},
+               [&](const RowView& row) { all += name + ": " + std::string(row.Text(0)) + "\n"; });
+  }
+  return all;
 }
 
 std::string WhatIsUnsound(Database& db) {

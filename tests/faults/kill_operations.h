@@ -46,4 +46,7 @@ const std::vector<KillOperation>& KillOperations();
 // equipment. Empty when it does.
 std::string WhatIsUnsound(Database& db);
 
+// Every row of the inventory with its number.
+std::string AllRows(Database& db);
+
 }  // namespace merlu::test

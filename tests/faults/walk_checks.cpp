@@ -12,7 +12,8 @@ namespace {
 std::string WrongSheet(Session& s) {
   std::vector<std::string> sheets;
   for (const Form* form : s.desk.showing)
-    if (form != s.main && !form->modal && form->name() != "frmAbout") sheets.push_back(form->name());
+    if (form != s.main && !form->modal && form->dock.empty() && form->name() != "frmAbout")
+      sheets.push_back(form->name());
   if (!s.current.Is(level::kEquipment)) {
     if (!sheets.empty()) return "the sheet " + sheets.front() + " shows beside that of level " + s.current.Level;
     const char* frame = s.current.Is(level::kUser)        ? "fraUserInfo"
@@ -29,7 +30,7 @@ std::string WrongSheet(Session& s) {
 
 const Form* SheetThatShows(const Session& s) {
   for (const Form* form : s.desk.showing)
-    if (form != s.main && !form->modal && form->name() != "frmAbout") return form;
+    if (form != s.main && !form->modal && form->dock.empty() && form->name() != "frmAbout") return form;
   return s.main;
 }
 
@@ -92,6 +93,16 @@ std::string WrongFindings(Session& s) {
   return orphans.rows.empty() ? "" : "a finding without its equipment: " + NullToEmpty(orphans.rows[0][0]);
 }
 
+// The last step taken back and done again leaves every row as it was.
+std::string WrongHistory(Session& s) {
+  const auto step = NextUndo(s.companion);
+  if (!step || s.editing) return "";
+  const std::string rows = AllRows(s.db);
+  if (const auto row = UndoSteps(s.companion, step->id)) return "no undo of " + step->title.what + ": " + row->table;
+  if (const auto row = RedoSteps(s.companion, step->id)) return "no redo of " + step->title.what + ": " + row->table;
+  return AllRows(s.db) == rows ? "" : "redo of " + step->title.what + " leaves other rows";
+}
+
 }  // namespace
 
 std::string WrongOnScreen(Session& s) {
@@ -109,7 +120,8 @@ std::string WrongInFile(Session& s) {
   if (std::string wrong = WhatIsUnsound(s.db); !wrong.empty()) return wrong;
   if (ToInteger(s.db.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG")) != s.last_month) return "the last month differs";
   if (std::string wrong = WrongFindings(s); !wrong.empty()) return wrong;
-  return WrongKeys(s);
+  if (std::string wrong = WrongKeys(s); !wrong.empty()) return wrong;
+  return WrongHistory(s);
 }
 
 }  // namespace merlu::test
