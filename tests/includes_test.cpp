@@ -83,7 +83,8 @@ class Source : public testing::Test {
 
 TEST_F(Source, stands_in_folders_that_have_a_layer) {
   EXPECT_GT(files.size(), 100u);
-  for (const auto& [file, includes] : files) EXPECT_TRUE(LayerOf(file)) << file;
+  // what is precompiled names the standard library alone
+  for (const auto& [file, includes] : files) EXPECT_TRUE(LayerOf(file) || file == "standard.h") << file;
 }
 
 TEST_F(Source, includes_files_that_are_there_by_their_name_from_the_top) {

@@ -29,6 +29,7 @@ bool FindingsModel::Refresh() {
   if (!same_store) {
     review_ = db == nullptr ? Review() : MakeReview(*db, source_.companion());
     ++review_number_;
+    texts_.clear();
   }
   path_ = path;
   changes_ = changes;
@@ -58,7 +59,8 @@ std::string FindingsModel::Text(int row, int column) const {
   return TextOf(At(row), column);
 }
 
-bool FindingsModel::Passes(const ReviewedFinding& finding, const std::vector<std::string>& words) const {
+bool FindingsModel::Passes(std::size_t number, const std::vector<std::string>& words) const {
+  const ReviewedFinding& finding = review_.findings[number];
   if (filter_.state == "Open" && finding.state != FindingState::kOpen) return false;
   if (filter_.state == "Explained" && finding.state != FindingState::kExplained) return false;
   if (filter_.state == "Stale" && finding.state != FindingState::kStale) return false;
@@ -66,18 +68,20 @@ bool FindingsModel::Passes(const ReviewedFinding& finding, const std::vector<std
   if (filter_.when == "Descriptions" && at.Month != 0) return false;
   if (filter_.when.find('/') != std::string::npos && (at.Month == 0 || MonthText(at.Year, at.Month) != filter_.when))
     return false;
-  if (words.empty()) return true;
-  std::string all;
-  for (int column = kPlace; column <= kState; ++column) (all += Lower(TextOf(finding, column))) += '\n';
   return std::all_of(words.begin(), words.end(),
-                     [&](const std::string& word) { return all.find(word) != std::string::npos; });
+                     [&](const std::string& word) { return texts_[number].find(word) != std::string::npos; });
 }
 
 void FindingsModel::Choose() {
   const std::vector<std::string> words = WordsOf(filter_.words);
+  if (!words.empty() && texts_.empty())
+    for (const ReviewedFinding& finding : review_.findings) {
+      std::string& text = texts_.emplace_back();
+      for (int column = kPlace; column <= kState; ++column) (text += Lower(TextOf(finding, column))) += '\n';
+    }
   shown_.clear();
   for (std::size_t i = 0; i < review_.findings.size(); ++i)
-    if (Passes(review_.findings[i], words)) shown_.push_back(static_cast<int>(i));
+    if (Passes(i, words)) shown_.push_back(static_cast<int>(i));
   Order();
 }
 

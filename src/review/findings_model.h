@@ -50,7 +50,7 @@ class FindingsModel : public ListModel {
 
  private:
   std::string TextOf(const ReviewedFinding& finding, int column) const;
-  bool Passes(const ReviewedFinding& finding, const std::vector<std::string>& words) const;
+  bool Passes(std::size_t finding, const std::vector<std::string>& words) const;
   void Choose();
   void Order();
 
@@ -59,6 +59,7 @@ class FindingsModel : public ListModel {
   std::string path_;
   std::int64_t changes_ = -1;
   FindingFilter filter_;
+  std::vector<std::string> texts_;  // of the findings' columns in lower case, made when words are first asked for
   std::vector<int> shown_;
   int sorted_by_ = -1;
   bool descending_ = false;
