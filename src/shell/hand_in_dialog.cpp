@@ -13,6 +13,7 @@
 #include "shell/completeness_dock.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/findings_dock.h"
+#include "shell/navigation.h"
 
 namespace merlu {
 namespace {
@@ -182,6 +183,7 @@ Form& MakeDialog(Session& s) {
   dialog.On("cmdHND_CheckAll", Event::kClick, [&s, &dialog] { CheckAll(s, dialog); });
   dialog.On("cmdHND_Report", Event::kClick, [&s, &dialog] { Report(s, dialog); });
   dialog.On("cmdHND_Export", Event::kClick, [&s, &dialog] {
+    if (!MayMove(s)) return;  // an export opens the file anew
     s.desk.Hide(dialog);
     ExportSurvey(s);
   });
