@@ -65,7 +65,7 @@ double ImportOurs(const Workshop& shop) {
   s.exchange.OpenPrivateCopy(shop.full);
   std::vector<StructureName> all;
   for (const ListedStructure& structure : ListStructures(s.exchange)) all.push_back(structure.name);
-  const double seconds = Seconds([&] { ImportStructures(s, s.exchange, all); });
+  const double seconds = Seconds([&] { ImportStructures(s, s.exchange, all, Import::kDo); });
   opened.ExpectSilence();
   return seconds;
 }

@@ -17,8 +17,8 @@ Status WriteSummary(const Request& request, Console& console) {
     throw Fault(fault_number::kNotADatabase, "MERLU store", "It is no inventory: it has no table QCInventory.");
   s.year = static_cast<int>(ToInteger(s.db.Single("SELECT sys_yr FROM SYS_CONFIG")));
   s.last_month = static_cast<int>(ToInteger(s.db.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG")));
-  RunInventoryPasses(s);
-  const InventoryReport report = ReadInventoryReport(s);
+  const InventoryRun run = RunInventoryPasses(s);
+  const InventoryReport report = ReadInventoryReport(s, run);
   for (const std::string& said : quiet.said) Complain(console, "report", file, said);
   if (console.need_fonts) console.need_fonts();
   WriteOut(request, [&](const std::string& path) { quiet.WriteReport(report, path, [](int, int) {}); });

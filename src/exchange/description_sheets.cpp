@@ -136,7 +136,8 @@ Sheet ReadSheet(Database& db, const ExportedTable& table, const std::function<vo
   const std::vector<Column> columns = ReadColumns(db, table.name);
   const std::string select = "SELECT * FROM [" + sheet.name + "] ORDER BY rowid";
   const int records = db.ForEach(select, {}, [&](const RowView& row) {
-    std::vector<Cell>& cells = sheet.rows.emplace_back().cells;
+    sheet.rows.emplace_back().wraps = true;
+    std::vector<Cell>& cells = sheet.rows.back().cells;
     cells.reserve(columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i)
       cells.push_back(std::visit(CellMaker{columns[i].is_date}, row.At(static_cast<int>(i))));

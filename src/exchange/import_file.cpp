@@ -23,13 +23,10 @@ constexpr const char* kTypesInOrder[] = {"AMI", "BOI", "DIE", "FLA", "GLY", "DRI
 
 // ---- the layout ----
 
-struct Column {
-  std::string name;
-  std::string type;  // as the working database declares it
-};
+using Columns = std::vector<ImportColumn>;
 
-std::vector<Column> ColumnsOf(Database& db, const std::string& table) {
-  std::vector<Column> columns;
+Columns ColumnsOf(Database& db, const std::string& table) {
+  Columns columns;
   db.ForEach("SELECT name,type,hidden FROM pragma_table_xinfo(?)", {table}, [&](const RowView& row) {
     if (row.Integer(2) != 0) Refuse("The table " + table + " has a column that is computed.");
     columns.push_back({std::string(row.Text(0)), std::string(row.Text(1))});
@@ -37,31 +34,33 @@ std::vector<Column> ColumnsOf(Database& db, const std::string& table) {
   return columns;
 }
 
-void CheckColumns(Database& file, Database& working, const std::string& table) {
-  const std::vector<Column> wanted = ColumnsOf(working, table);
-  const std::vector<Column> found = ColumnsOf(file, table);
-  bool same = wanted.size() == found.size();
-  for (std::size_t i = 0; same && i < wanted.size(); ++i) same = EqualsIgnoringCase(wanted[i].name, found[i].name);
-  if (!same) Refuse("The table " + table + " has other columns than this program's.");
+const ImportColumn* Find(const Columns& columns, const std::string& name) {
+  for (const ImportColumn& column : columns)
+    if (EqualsIgnoringCase(column.name, name)) return &column;
+  return nullptr;
 }
 
-void CheckSchema(Database& file, Database& working) {
-  file.ForEach("SELECT type,name,sql FROM sqlite_schema WHERE type IN ('trigger','view')", {}, [&](const RowView& row) {
-    const std::string name(row.Text(1));
-    if (row.Text(0) == "trigger") Refuse("The file holds the trigger " + name + ".");
-    const Value own = working.Single("SELECT sql FROM sqlite_schema WHERE type='view' AND name=?", {name});
-    if (NullToEmpty(own) != row.Text(2)) Refuse("The file holds the view " + name + ".");
-  });
+// The file's columns in its own order, each as the layout declares it.
+Columns CheckColumns(Database& file, const std::string& table, const Columns& wanted) {
+  if (!file.HasTable(table)) Refuse("The file lacks the table " + table + ".");
+  Columns found = ColumnsOf(file, table);
+  bool same = wanted.size() == found.size();
+  for (ImportColumn& column : found) {
+    const ImportColumn* declared = Find(wanted, column.name);
+    same = same && declared != nullptr;
+    if (declared != nullptr) column = *declared;
+  }
+  if (!same) Refuse("The table " + table + " has other columns than this program's.");
+  return found;
+}
+
+// Nothing that could run when the file is read. Views are never read: a table that is asked for is looked up as one.
+void CheckSchema(Database& file) {
+  file.ForEach("SELECT name FROM sqlite_schema WHERE type='trigger'", {},
+               [](const RowView& row) { Refuse("The file holds the trigger " + std::string(row.Text(0)) + "."); });
   file.ForEach("SELECT name FROM pragma_table_list WHERE schema='main' AND type IN ('virtual','shadow')", {},
                [](const RowView& row) { Refuse("The table " + std::string(row.Text(0)) + " is no ordinary table."); });
-  const Rows tables = working.Query(
-      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' "
-      "AND name<>'QC_XREF'");
-  for (const Values& row : tables.rows) {
-    const std::string table = NullToEmpty(row[0]);
-    if (!file.HasTable(table)) Refuse("The file lacks the table " + table + ".");
-    CheckColumns(file, working, table);
-  }
+  if (!file.HasTable("SYS_CONFIG")) Refuse("The file lacks the table SYS_CONFIG.");
 }
 
 // ---- the values ----
@@ -95,11 +94,10 @@ bool IsSound(const std::string& column, const RowView& row, int at) {
   return true;
 }
 
-void CheckValues(Database& file, Database& working, const std::string& table) {
-  const std::vector<Column> columns = ColumnsOf(working, table);
+void CheckValues(Database& file, const std::string& table, const Columns& columns) {
   file.ForEach("SELECT * FROM \"" + table + "\"", {}, [&](const RowView& row) {
     for (int c = 0; c < row.size(); ++c) {
-      const Column& column = columns[static_cast<std::size_t>(c)];
+      const ImportColumn& column = columns[static_cast<std::size_t>(c)];
       if (!Fits(column.type, row, c) || !IsSound(column.name, row, c))
         Refuse("The table " + table + " holds a value in " + column.name + " that does not belong there.");
     }
@@ -129,13 +127,21 @@ const std::vector<std::string>& ImportTables() {
   return tables;
 }
 
-void CheckImportFile(Database& file, Database& working) {
+ImportLayout ReadImportLayout(Database& working) {
+  ImportLayout layout;
+  for (const std::string& table : ImportTables()) layout.tables.push_back(ColumnsOf(working, table));
+  return layout;
+}
+
+void CheckImportFile(Database& file, const ImportLayout& layout) {
   const std::string state = NullToEmpty(file.Single("PRAGMA integrity_check(1)"));
   if (state != "ok") throw Fault(fault_number::kDamaged, kSource, "The file is damaged (" + state + ").");
-  CheckSchema(file, working);
-  for (const std::string& table : ImportTables()) {
+  CheckSchema(file);
+  for (std::size_t i = 0; i < ImportTables().size(); ++i) {
+    const std::string& table = ImportTables()[i];
+    const Columns columns = CheckColumns(file, table, layout.tables[i]);
     CheckKeys(file, table);
-    CheckValues(file, working, table);
+    CheckValues(file, table, columns);
   }
 }
 

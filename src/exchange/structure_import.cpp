@@ -1,5 +1,6 @@
 #include "exchange/structure_import.h"
 
+#include <algorithm>
 #include <string>
 
 #include "exchange/import_file.h"
@@ -17,30 +18,8 @@ constexpr const char* kStructureKeys = "structure_key";
 constexpr const char* kEquipmentKeys = "equipment_key";
 constexpr const char* kMonthKeys = "month_key";
 
-// ---- refusals ----
-
 void EmptyStaging(Database& db) {
   for (const std::string& table : ImportTables()) db.Execute("DELETE FROM H_" + table);
-}
-
-bool IsSameYear(Session& s, Database& file) {
-  constexpr const char* kYear = "SELECT sys_yr FROM SYS_CONFIG";
-  const std::string theirs = NullToEmpty(file.Single(kYear)), ours = NullToEmpty(s.db.Single(kYear));
-  if (theirs == ours) return true;
-  Tell(s, "Inventory Year of Import File (" + theirs + ") does not match your database (" + ours + ").");
-  return false;
-}
-
-bool IsNew(Session& s, const std::vector<StructureName>& chosen) {
-  for (const StructureName& name : chosen) {
-    const Value hit = s.db.Single("SELECT 1 FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE SAME_ID "
-                                  "AND STRUCT_NUM=? COLLATE SAME_ID",
-                                  {name.complex, name.structure});
-    if (IsNull(hit)) continue;
-    Tell(s, "RIMA Structure ID already exists in database - import cancelled.");
-    return false;
-  }
-  return true;
 }
 
 // ---- staging ----
@@ -57,10 +36,18 @@ void RankKeys(Database& db, const char* keys, const std::string& table, const st
              ",ROW_NUMBER() OVER (ORDER BY rowid)-1 FROM main.H_" + table + " ORDER BY rowid");
 }
 
-// Stages the file's rows whose key stands among the keys, in the file's order.
-void Stage(Database& db, const std::string& table, const char* keys, const std::string& column) {
-  db.Execute("INSERT INTO main.H_" + table + " SELECT f.* FROM source." + table +
-             " AS f WHERE EXISTS (SELECT 1 FROM temp." + keys + " WHERE old=f." + column + ") ORDER BY f.rowid");
+std::string Joined(const std::vector<std::string>& columns, const std::string& table) {
+  std::string list;
+  for (const std::string& column : columns) list += (list.empty() ? "" : ",") + table + "\"" + column + "\"";
+  return list;
+}
+
+// Stages the file's rows whose key stands among the keys, in the file's order. Columns go by their names.
+void Stage(Session& s, const std::string& table, const char* keys, const std::string& column) {
+  const std::vector<std::string>& columns = s.At(table).columns();
+  s.db.Execute("INSERT INTO main.H_" + table + " (" + Joined(columns, "") + ") SELECT " + Joined(columns, "f.") +
+               " FROM source." + table + " AS f WHERE EXISTS (SELECT 1 FROM temp." + keys + " WHERE old=f." + column +
+               ") ORDER BY f.rowid");
 }
 
 void RankStructures(Database& db, const std::vector<StructureName>& chosen) {
@@ -83,11 +70,11 @@ void StageStructures(Session& s, const std::vector<StructureName>& chosen) {
     const std::string& table = tables[i];
     Progress(s, "Reading " + table, static_cast<int>(i), total);
     if (i < 3)
-      Stage(s.db, table, kStructureKeys, "PD_ID_AK");
+      Stage(s, table, kStructureKeys, "PD_ID_AK");
     else if (i < 20)
-      Stage(s.db, table, kEquipmentKeys, "ED_ID_AK");
+      Stage(s, table, kEquipmentKeys, "ED_ID_AK");
     else
-      Stage(s.db, table, kMonthKeys, "EA_ID_AK");
+      Stage(s, table, kMonthKeys, "EA_ID_AK");
     if (i == 2) RankKeys(s.db, kEquipmentKeys, table, "ED_ID_AK");
     if (i == 3) RankKeys(s.db, kMonthKeys, table, "EA_ID_AK");
   }
@@ -95,34 +82,27 @@ void StageStructures(Session& s, const std::vector<StructureName>& chosen) {
 
 // ---- months ----
 
-int LastStagedMonth(Database& db) {
-  return static_cast<int>(ToInteger(db.Single("SELECT MAX(PA_MO) FROM H_PA_PLATFORM_ACTV")));
-}
-
-void AddMissingMonths(Session& s, int last) {
-  if (last <= s.last_month) return;
-  Tell(s, std::to_string(last) + " months in import file. Adding months to inventory");
-  while (s.last_month < last) AddMonthRows(s);
-}
-
-// Empty rows for the months that the inventory has and the file lacks: structure by structure, then equipment
-// by equipment. A new row of equipment is known by a negative key until it moves.
-void ExtendMonths(Session& s, int last) {
-  if (last >= s.last_month) return;
+// Empty rows for the months that staged structures lack: structure by structure, then equipment by equipment. A new
+// row of equipment is known by a negative key until it moves. Fugitives, which have no months, get rows only behind the
+// file's last month.
+void FillMonths(Session& s, int last) {
   Database& db = s.db;
-  const std::string months = "WITH RECURSIVE months(month) AS (SELECT " + std::to_string(last + 1) +
-                             " UNION ALL SELECT month+1 FROM months WHERE month<" + std::to_string(s.last_month) + ") ";
-  const Value year = std::int64_t{s.year};
+  const Value staged_last = std::int64_t{ToInteger(db.Single("SELECT MAX(PA_MO) FROM H_PA_PLATFORM_ACTV"))};
+  const std::string months =
+      "WITH RECURSIVE months(month) AS (SELECT 1 WHERE ?>0 UNION ALL SELECT month+1 FROM months WHERE month<?) ";
+  const Value year = std::int64_t{s.year}, upto = std::int64_t{last};
   db.Execute(months +
                  "INSERT INTO H_PA_PLATFORM_ACTV (PD_ID_AK,PA_YR,PA_MO) SELECT p.PD_ID_AK,?,month FROM "
-                 "H_PD_PLATFORM_DESC AS p CROSS JOIN months ORDER BY p.rowid,month",
-             {year});
+                 "H_PD_PLATFORM_DESC AS p CROSS JOIN months WHERE (p.PD_ID_AK,month) NOT IN (SELECT PD_ID_AK,PA_MO "
+                 "FROM H_PA_PLATFORM_ACTV) ORDER BY p.rowid,month",
+             {upto, upto, year});
   const Value staged = db.Single("SELECT COUNT(*) FROM temp.month_key");
   db.Execute(months +
                  "INSERT INTO H_EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) SELECT "
                  "-(?+ROW_NUMBER() OVER (ORDER BY e.rowid,month)),e.ED_ID_AK,?,month,e.ED_EQUIP_TYP FROM "
-                 "H_ED_EQUIP_DESC AS e CROSS JOIN months ORDER BY e.rowid,month",
-             {staged, year});
+                 "H_ED_EQUIP_DESC AS e CROSS JOIN months WHERE (e.ED_ID_AK,month) NOT IN (SELECT ED_ID_AK,EA_MO FROM "
+                 "H_EA_EQUIP_ACTV) AND (e.ED_EQUIP_TYP<>'FUG' OR month>?) ORDER BY e.rowid,month",
+             {upto, upto, staged, year, staged_last});
   db.Execute("INSERT INTO temp.month_key SELECT EA_ID_AK,-EA_ID_AK-1 FROM H_EA_EQUIP_ACTV WHERE EA_ID_AK<0");
   for (const EquipmentType& type : EquipmentTypes()) {
     if (!type.has_activity) continue;
@@ -137,7 +117,7 @@ void ExtendMonths(Session& s, int last) {
 // ---- moving ----
 
 void AdoptIdentity(Session& s) {
-  const Value operator_number = s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY");
+  const Value operator_number = s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid LIMIT 1");
   const Value year = s.db.Single("SELECT sys_yr FROM SYS_CONFIG");
   s.db.Execute("UPDATE H_PD_PLATFORM_DESC SET RIMA_CO_NUM=?", {operator_number});
   s.db.Execute("UPDATE H_PA_PLATFORM_ACTV SET PA_YR=?", {year});
@@ -185,7 +165,6 @@ Renumbered Renumber(const std::vector<std::string>& columns, const NextKeys& nex
 
 void MoveRows(Session& s) {
   Database& db = s.db;
-  AllOrNothing whole(db);  // a structure without all of its months could be neither used nor imported again
   const NextKeys next = {NextKey(db, "PD_ID_AK", "PD_PLATFORM_DESC"), NextKey(db, "SA_ID_AK", "PA_PLATFORM_ACTV"),
                          NextKey(db, "ED_ID_AK", "ED_EQUIP_DESC"), NextKey(db, "EA_ID_AK", "EA_EQUIP_ACTV")};
   const std::vector<std::string>& tables = ImportTables();
@@ -193,35 +172,49 @@ void MoveRows(Session& s) {
   int done = static_cast<int>(tables.size());
   for (const std::string& table : tables) {
     Progress(s, "Writing " + table, done++, total);
-    const Renumbered row = Renumber(s.At(table).columns(), next);
-    db.Execute("INSERT INTO main." + table + " SELECT " + row.columns + " FROM main.H_" + table + " AS h" + row.joins +
-                   " ORDER BY h.rowid",
+    const std::vector<std::string>& columns = s.At(table).columns();
+    const Renumbered row = Renumber(columns, next);
+    db.Execute("INSERT INTO main." + table + " (" + Joined(columns, "") + ") SELECT " + row.columns + " FROM main.H_" +
+                   table + " AS h" + row.joins + " ORDER BY h.rowid",
                row.values);
   }
-  whole.Keep();
+}
+
+// The months that the inventory lacks, and everything staged: all of it or nothing.
+void TakeOver(Session& s, const ImportPlan& plan) {
+  const int before = s.last_month;
+  try {
+    AllOrNothing whole(s.db);
+    while (s.last_month < plan.last_month && AddMonthRows(s)) {
+    }
+    FillMonths(s, std::max(plan.last_month, s.last_month));
+    AdoptIdentity(s);
+    MoveRows(s);
+    whole.Keep();
+  } catch (const Fault&) {
+    s.last_month = before;
+    throw;
+  }
 }
 
 }  // namespace
 
-bool ImportStructures(Session& s, Database& file, const std::vector<StructureName>& chosen) {
+ImportPlan ImportStructures(Session& s, Database& file, const std::vector<StructureName>& chosen, Import how) {
+  if (how == Import::kPlan) return PlanImport(s.db, file, chosen);
   {
     WriteBatch batch(s.db);
     EmptyStaging(s.db);
     batch.Commit();
   }
-  if (!IsSameYear(s, file) || !IsNew(s, chosen)) return false;
-  CheckImportFile(file, s.db);
+  ImportPlan plan = PlanImport(s.db, file, chosen);
+  if (!plan.adds) return plan;
   const Database::Attached source(s.db, file, "source");
   WriteBatch batch(s.db);
   StageStructures(s, chosen);
-  const int last = LastStagedMonth(s.db);
-  AddMissingMonths(s, last);
-  ExtendMonths(s, last);
-  AdoptIdentity(s);
-  MoveRows(s);
+  TakeOver(s, plan);
   EmptyStaging(s.db);
   batch.Commit();
-  return true;
+  return plan;
 }
 
 }  // namespace merlu

@@ -45,6 +45,13 @@ double TextWidth(std::string_view text) {
   return widest;
 }
 
+bool Wraps(const Sheet& sheet, std::size_t row, std::size_t column) {
+  const SheetRow& content = sheet.rows[row];
+  if (!content.wraps || column < content.headings || column >= sheet.widths.size()) return false;
+  const auto* text = std::get_if<std::string>(&content.cells[column]);
+  return text != nullptr && (text->find('\n') != std::string::npos || TextWidth(*text) > sheet.widths[column]);
+}
+
 void CheckFits(const Sheet& sheet, const SheetLimits& limits) {
   const auto room = [](std::size_t most) { return "the file takes " + std::to_string(most) + "."; };
   if (sheet.rows.size() > limits.rows)

@@ -26,6 +26,7 @@ using Cell = std::variant<EmptyCell, bool, double, SerialDate, std::string>;
 struct SheetRow {
   std::vector<Cell> cells;
   std::size_t headings = 0;  // so many cells from the left are drawn as headings, empty ones too
+  bool wraps = false;        // texts that are wider than their column go on in further lines
 };
 
 struct Sheet {
@@ -45,6 +46,9 @@ std::optional<SerialDate> ToSerial(const DateTime& date);
 
 // Room that a text takes, in digits of the plain font.
 double TextWidth(std::string_view text);
+
+// Whether the cell is a text of more than one line in its column.
+bool Wraps(const Sheet& sheet, std::size_t row, std::size_t column);
 
 // One workbook file in the making. It takes the sheets one after the other, so that no more than one of
 // them need be in memory as cells.

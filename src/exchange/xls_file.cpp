@@ -1,6 +1,7 @@
 // A workbook as an .xls file: the records of the workbook itself, those of every sheet, one stream.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <list>
 
 #include "exchange/compound_file.h"
@@ -16,7 +17,7 @@ constexpr SheetLimits kLimits = {65536, 256};
 
 // Cell formats, by their place in the list of all: fifteen styles come first.
 constexpr unsigned kStyleFormats = 15;
-constexpr unsigned kPlain = 15, kHeading = 16, kDate = 17;
+constexpr unsigned kPlain = 15, kHeading = 16, kDate = 17, kWrapped = 18;
 // Fonts likewise. The format counts from 0 and leaves out 4.
 constexpr unsigned kPlainFont = 0, kBoldFont = 5;
 constexpr unsigned kGeneralNumber = 0, kDateNumber = 164;
@@ -68,24 +69,27 @@ struct CellFormat {
   bool style;    // a style, not a cell
   unsigned own;  // what the cell does not take over from its style
   bool grey;
+  bool wraps = false;
 };
 
 void PutCellFormat(Bytes& out, const CellFormat& format) {
   constexpr std::uint32_t kSolid = 1u << 26;
   Bytes body;
   body.U16(format.font).U16(format.number).U16(format.style ? 0xFFF5 : 0x0001);
-  body.U8(0x20).U8(0).U8(0).U8(format.own);
+  constexpr unsigned kWrap = 0x08, kAtBottom = 0x20;
+  body.U8(format.wraps ? kWrap : kAtBottom).U8(0).U8(0).U8(format.own);
   body.U32(0).U32(format.grey ? kSolid : 0);
   body.U16((format.grey ? kGreyColour : kWindowText) | kWindowBack << 7);
   PutRecord(out, Type::kCellFormat, body);
 }
 
 void PutCellFormats(Bytes& out) {
-  constexpr unsigned kOwnNumber = 0x04, kOwnFont = 0x08, kOwnFill = 0x40;
+  constexpr unsigned kOwnNumber = 0x04, kOwnFont = 0x08, kOwnAlignment = 0x10, kOwnFill = 0x40;
   for (unsigned i = 0; i < kStyleFormats; ++i) PutCellFormat(out, {kPlainFont, kGeneralNumber, true, 0, false});
   PutCellFormat(out, {kPlainFont, kGeneralNumber, false, 0, false});
   PutCellFormat(out, {kBoldFont, kGeneralNumber, false, kOwnFont | kOwnFill, true});
   PutCellFormat(out, {kPlainFont, kDateNumber, false, kOwnNumber, false});
+  PutCellFormat(out, {kPlainFont, kGeneralNumber, false, kOwnAlignment, false, true});
   PutRecord(out, Type::kStyle, Bytes().U16(0x8000).U8(0).U8(0xFF));  // the first format is the style "Normal"
 }
 
@@ -155,9 +159,9 @@ struct CellWriter {
   Bytes& out;
   SharedTexts& texts;
   std::size_t row, column;
-  bool heading;
+  bool heading, wraps;
 
-  unsigned Format(unsigned usual) const { return heading ? kHeading : usual; }
+  unsigned Format(unsigned usual) const { return heading ? kHeading : wraps ? kWrapped : usual; }
   void operator()(EmptyCell) const {
     if (heading) PutRecord(out, Type::kBlankCell, At(row, column, kHeading));
   }
@@ -180,16 +184,32 @@ void PutColumns(Bytes& out, const std::vector<int>& widths) {
   }
 }
 
-void PutRowHead(Bytes& out, std::size_t row, const SheetRow& content) {
-  if (content.cells.empty()) return;
-  constexpr std::uint32_t kUsual = 0x000F0100;  // of usual height, cells without a format of the row's
-  PutRecord(out, Type::kRow,
-            At(row, 0, static_cast<unsigned>(content.cells.size())).U16(kRowHeight).U16(0).U16(0).U32(kUsual));
+// Lines of the row's highest cell.
+unsigned LinesOf(const Sheet& sheet, std::size_t row) {
+  constexpr double kMostLines = 30;  // what a row can be high
+  double lines = 1;
+  const SheetRow& content = sheet.rows[row];
+  for (std::size_t column = 0; content.wraps && column < content.cells.size(); ++column)
+    if (Wraps(sheet, row, column))
+      lines =
+          std::max(lines, std::ceil(TextWidth(std::get<std::string>(content.cells[column])) / sheet.widths[column]));
+  return static_cast<unsigned>(std::min(lines, kMostLines));
 }
 
-void PutRowCells(Bytes& out, SharedTexts& texts, std::size_t row, const SheetRow& content) {
+void PutRowHead(Bytes& out, std::size_t row, const Sheet& sheet) {
+  const SheetRow& content = sheet.rows[row];
+  if (content.cells.empty()) return;
+  constexpr std::uint32_t kUsual = 0x000F0100;  // of usual height, cells without a format of the row's
+  const unsigned height = kRowHeight * LinesOf(sheet, row);
+  PutRecord(out, Type::kRow,
+            At(row, 0, static_cast<unsigned>(content.cells.size())).U16(height).U16(0).U16(0).U32(kUsual));
+}
+
+void PutRowCells(Bytes& out, SharedTexts& texts, std::size_t row, const Sheet& sheet) {
+  const SheetRow& content = sheet.rows[row];
   for (std::size_t column = 0; column < content.cells.size(); ++column)
-    std::visit(CellWriter{out, texts, row, column, column < content.headings}, content.cells[column]);
+    std::visit(CellWriter{out, texts, row, column, column < content.headings, Wraps(sheet, row, column)},
+               content.cells[column]);
 }
 
 // Rows come in blocks: the heads of all, then the cells of all.
@@ -207,8 +227,8 @@ void PutCells(Bytes& out, SharedTexts& texts, const Sheet& sheet) {
                 .U16(0));
   for (std::size_t first = 0; first < sheet.rows.size(); first += kRowBlock) {
     const std::size_t last = std::min(first + kRowBlock, sheet.rows.size());
-    for (std::size_t row = first; row < last; ++row) PutRowHead(out, row, sheet.rows[row]);
-    for (std::size_t row = first; row < last; ++row) PutRowCells(out, texts, row, sheet.rows[row]);
+    for (std::size_t row = first; row < last; ++row) PutRowHead(out, row, sheet);
+    for (std::size_t row = first; row < last; ++row) PutRowCells(out, texts, row, sheet);
   }
 }
 

@@ -1,6 +1,7 @@
 // A workbook as an .xlsx file, by libxlsxwriter.
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <xlsxwriter.h>
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 
 #include "base/fault.h"
+#include "base/plain_numbers.h"
 #include "exchange/workbook.h"
 #include "store/files.h"
 
@@ -84,6 +86,20 @@ struct CellWriter {
   }
 };
 
+// A file of rows in the library's hands. A close that fails leaves open those that it did not come to.
+class OpenFile {
+ public:
+  explicit OpenFile(int file) : file_(file) { ::fstat(file, &state_); }
+  void CloseIfLeft() const {
+    struct stat now {};
+    if (::fstat(file_, &now) == 0 && now.st_dev == state_.st_dev && now.st_ino == state_.st_ino) ::close(file_);
+  }
+
+ private:
+  int file_;
+  struct stat state_ {};
+};
+
 class XlsxFile : public WorkbookFile {
  public:
   explicit XlsxFile(const std::string& path) : path_(path), folder_(FolderOf(path)) {
@@ -97,14 +113,23 @@ class XlsxFile : public WorkbookFile {
     format_set_bold(heading_);
     format_set_pattern(heading_, LXW_PATTERN_SOLID);
     format_set_bg_color(heading_, kHeadingGrey * 0x010101);
+    wrapped_ = workbook_add_format(workbook_);
+    format_set_text_wrap(wrapped_);
+    format_set_align(wrapped_, LXW_ALIGN_VERTICAL_TOP);
     date_ = workbook_add_format(workbook_);
     format_set_num_format(date_, kDateFormat);
   }
-  ~XlsxFile() override { lxw_workbook_free(workbook_); }
+  ~XlsxFile() override {
+    if (workbook_ == nullptr) return;
+    // the library forgets the rows of a workbook that was not closed
+    for (const lxw_worksheet* sheet : sheets_) std::fclose(sheet->optimize_tmpfile);
+    lxw_workbook_free(workbook_);
+  }
   XlsxFile(const XlsxFile&) = delete;
   XlsxFile& operator=(const XlsxFile&) = delete;
 
   void Add(const Sheet& sheet) override {
+    const PlainNumbers numbers;
     CheckFits(sheet, kLimits);
     lxw_worksheet* out = workbook_add_worksheet(workbook_, sheet.name.c_str());
     if (out == nullptr) FailFile(path_, errno);
@@ -114,16 +139,21 @@ class XlsxFile : public WorkbookFile {
       Check(worksheet_set_column(out, at, at, sheet.widths[column], nullptr));
     }
     if (sheet.frozen_rows > 0) worksheet_freeze_panes(out, static_cast<lxw_row_t>(sheet.frozen_rows), 0);
-    for (lxw_row_t row = 0; row < sheet.rows.size(); ++row) PutRow(out, row, sheet.rows[row]);
+    for (lxw_row_t row = 0; row < sheet.rows.size(); ++row) PutRow(out, row, sheet);
   }
 
   void Write() override {
+    const PlainNumbers numbers;
     SeeRoom();
+    std::vector<OpenFile> rows;
+    for (const lxw_worksheet* sheet : sheets_) rows.emplace_back(::fileno(sheet->optimize_tmpfile));
     errno = 0;
     const lxw_error error = workbook_close(workbook_);
+    const int system = errno;
     workbook_ = nullptr;  // closing frees it
     if (error == LXW_NO_ERROR) return;
-    if (errno != 0) FailFile(path_, errno);
+    for (const OpenFile& file : rows) file.CloseIfLeft();
+    if (system != 0) FailFile(path_, system);
     throw Fault(fault_number::kOther, kSource, lxw_strerror(error));
   }
 
@@ -140,9 +170,10 @@ class XlsxFile : public WorkbookFile {
     if (const int error = TryRoom(folder_, 2 * bytes + kSmallParts)) FailFile(path_, error);
   }
 
-  void PutRow(lxw_worksheet* out, lxw_row_t row, const SheetRow& content) const {
+  void PutRow(lxw_worksheet* out, lxw_row_t row, const Sheet& sheet) const {
+    const SheetRow& content = sheet.rows[row];
     for (std::size_t column = 0; column < content.cells.size(); ++column) {
-      lxw_format* format = column < content.headings ? heading_ : nullptr;
+      lxw_format* format = column < content.headings ? heading_ : Wraps(sheet, row, column) ? wrapped_ : nullptr;
       std::visit(CellWriter{out, row, static_cast<lxw_col_t>(column), format, date_}, content.cells[column]);
     }
   }
@@ -151,6 +182,7 @@ class XlsxFile : public WorkbookFile {
   std::vector<lxw_worksheet*> sheets_;
   lxw_workbook* workbook_ = nullptr;
   lxw_format* heading_ = nullptr;
+  lxw_format* wrapped_ = nullptr;
   lxw_format* date_ = nullptr;
 };
 

@@ -20,10 +20,23 @@ constexpr qreal kPoint = kResolution / 72.0;
 constexpr qreal kMargin = 54 * kPoint;
 constexpr qreal kGap = 8 * kPoint;
 constexpr int kProgressStep = 500;
+constexpr qsizetype kMostInLine = 200;  // characters; no column takes as many
+constexpr qsizetype kMostInHead = 300;  // of what stands on every page
 const QColor kInk(30, 30, 30), kQuiet(95, 95, 95), kRule(200, 200, 200), kBand(240, 242, 245);
 
+// As one line: what would break it, or cannot be drawn, becomes a blank.
 QString Q(const std::string& text) {
-  return QString::fromStdString(text);
+  QString line = QString::fromStdString(text);
+  for (QChar& c : line)
+    if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = ' ';
+  return line;
+}
+
+// Of a text that stands on every page, or in the head, as much as anybody reads.
+QString Head(const std::string& text) {
+  QString line = Q(text);
+  if (line.size() > kMostInHead) line = line.left(kMostInHead) + QChar(0x2026);
+  return line;
 }
 
 // A font and the lines that texts make in a width; equal texts are broken once.
@@ -41,6 +54,7 @@ class Style {
   qreal LineHeight() const { return metrics_->height(); }
   qreal Ascent() const { return metrics_->ascent(); }
   qreal Width(const QString& text) const { return metrics_->horizontalAdvance(text); }
+  QString Elided(const QString& text, qreal width) const { return metrics_->elidedText(text, Qt::ElideRight, width); }
 
   const QStringList& Lines(const QString& text, qreal width) {
     QHash<QString, QStringList>& broken = broken_[qRound64(width)];
@@ -50,27 +64,35 @@ class Style {
   }
 
  private:
+  // Costs in proportion to the text, whatever it holds: nothing longer than a line can be is ever measured.
   QStringList Break(const QString& text, qreal width) const {
     QStringList lines;
     QString line;
-    for (const QString& word : text.split(' ')) {
-      const QString longer = line.isEmpty() ? word : line + ' ' + word;
-      if (Width(longer) <= width) {
-        line = longer;
-        continue;
+    for (QStringView word : QStringView(text).split(' ')) {
+      if (word.size() <= kMostInLine) {
+        const QString longer = line.isEmpty() ? word.toString() : line + ' ' + word.toString();
+        if (longer.size() <= kMostInLine && Width(longer) <= width) {
+          line = longer;
+          continue;
+        }
       }
       if (!line.isEmpty()) lines << line;
-      line = word;
-      while (Width(line) > width && line.size() > 1) lines << CutToWidth(line, width);
+      while (word.size() > 1 && (word.size() > kMostInLine || Width(word.toString()) > width))
+        lines << CutToWidth(word, width);
+      line = word.toString();
     }
     lines << line;
     return lines;
   }
   // Takes from a word that is wider than its column as much as fits.
-  QString CutToWidth(QString& word, qreal width) const {
-    qsizetype count = word.size() - 1;
-    while (count > 1 && Width(word.left(count)) > width) --count;
-    const QString head = word.left(count);
+  QString CutToWidth(QStringView& word, qreal width) const {
+    qsizetype count = 1, too_many = std::min(word.size(), kMostInLine);
+    while (too_many - count > 1) {
+      const qsizetype middle = (count + too_many) / 2;
+      (Width(word.left(middle).toString()) > width ? too_many : count) = middle;
+    }
+    if (word.at(count - 1).isHighSurrogate()) count += count > 1 ? -1 : 1;
+    const QString head = word.left(count).toString();
     word = word.mid(count);
     return head;
   }
@@ -131,16 +153,17 @@ class Pages {
   }
 
   void FirstPageHead() {
-    y_ += Write(title_, Q(report_.title + " " + report_.year), 0, width_);
+    y_ += Write(title_, Head(report_.title + " " + report_.year), 0, width_);
     y_ += kGap / 2;
-    for (const std::string& line : report_.operator_lines) y_ += Write(text_, Q(line), 0, width_, kQuiet);
+    for (const std::string& line : report_.operator_lines) y_ += Write(text_, Head(line), 0, width_, kQuiet);
     y_ += Write(text_, "Date of run: " + Q(SheetDate(report_.printed)), 0, width_, kQuiet);
     y_ += kGap;
     const qreal band =
-        strong_.LineHeight() * static_cast<qreal>(strong_.Lines(Q(report_.summary), width_ - 2 * kGap).size()) + kGap;
+        strong_.LineHeight() * static_cast<qreal>(strong_.Lines(Head(report_.summary), width_ - 2 * kGap).size()) +
+        kGap;
     painter_.fillRect(QRectF(0, y_, width_, band), kBand);
     y_ += kGap / 2;
-    y_ += Write(strong_, Q(report_.summary), kGap, width_ - 2 * kGap);
+    y_ += Write(strong_, Head(report_.summary), kGap, width_ - 2 * kGap);
     y_ += kGap * 1.5;
   }
 
@@ -159,39 +182,56 @@ class Pages {
   void SectionHead(bool continued) {
     // a heading never stands alone at the end of a page
     if (!continued && y_ + 6 * strong_.LineHeight() > FootTop()) NextPage();
-    QString heading = Q(section_->heading);
-    if (!section_->place.empty()) heading = Q(section_->place) + " – " + heading;
+    QString heading = Head(section_->heading);
+    if (!section_->place.empty()) heading = Head(section_->place) + " – " + heading;
     if (continued) heading += " (continued)";
     y_ += Write(strong_, heading, 0, width_);
     y_ += kGap / 4;
     ColumnHeads();
   }
 
+  // A row that a page does not take goes on over the next ones.
   void Row(const ReportLine& line) {
     const std::array<QString, 3> cells = {Q(line.where), Q(line.item), Q(line.finding)};
-    qsizetype lines = 1;
-    for (std::size_t i = 0; i < cells.size(); ++i) lines = std::max(lines, text_.Lines(cells[i], columns_[i]).size());
-    const qreal height = static_cast<qreal>(lines) * text_.LineHeight();
-    if (y_ + height > FootTop()) {
-      NextPage();
-      SectionHead(true);
-    }
-    qreal x = 0;
+    std::array<QStringList, 3> lines;
+    qsizetype count = 1;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-      Write(text_, cells[i], x, columns_[i]);
-      x += columns_[i] + kGap;
+      lines[i] = text_.Lines(cells[i], columns_[i]);
+      count = std::max(count, lines[i].size());
     }
-    y_ += height + kGap / 4;
+    if (y_ + static_cast<qreal>(count) * text_.LineHeight() > FootTop()) GoOnOverleaf();
+    painter_.setFont(text_.font());
+    painter_.setPen(kInk);
+    for (qsizetype at = 0; at < count; ++at) {
+      if (y_ + text_.LineHeight() > FootTop()) {
+        GoOnOverleaf();
+        painter_.setFont(text_.font());
+        painter_.setPen(kInk);
+      }
+      qreal x = 0;
+      for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (at < lines[i].size()) painter_.drawText(QPointF(x, y_ + text_.Ascent()), lines[i].at(at));
+        x += columns_[i] + kGap;
+      }
+      y_ += text_.LineHeight();
+    }
+    y_ += kGap / 4;
+  }
+
+  void GoOnOverleaf() {
+    NextPage();
+    SectionHead(true);
   }
 
   void Foot() {
     y_ = FootTop() + text_.LineHeight() / 2;
     Rule();
     y_ += kGap / 4;
-    Write(text_,
-          Q(report_.title + " " + report_.year +
-            (report_.operator_lines.empty() ? "" : " · " + report_.operator_lines.front())),
-          0, width_ * 0.8, kQuiet);
+    const std::string name = report_.operator_lines.empty() ? "" : " · " + report_.operator_lines.front();
+    painter_.setFont(text_.font());
+    painter_.setPen(kQuiet);
+    painter_.drawText(QPointF(0, y_ + text_.Ascent()),
+                      text_.Elided(Head(report_.title + " " + report_.year + name), width_ * 0.8));
     const QString page = "Page " + QString::number(page_);
     Write(text_, page, width_ - text_.Width(page), width_, kQuiet);
   }

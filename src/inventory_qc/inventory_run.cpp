@@ -424,18 +424,25 @@ void AddSummary(Session& s) {
                                  : std::to_string(count) + " errors found in this dataset.");
 }
 
+bool HasRecords(Session& s) {
+  return !IsNull(
+      s.db.Single("SELECT 1 WHERE EXISTS (SELECT 1 FROM PA_PLATFORM_ACTV WHERE status<>'I') OR EXISTS (SELECT 1 FROM "
+                  "EA_EQUIP_ACTV WHERE EA_STATUS IS NULL OR EA_STATUS='A') OR EXISTS (SELECT 1 FROM ED_FUG)"));
+}
+
 }  // namespace
 
-void RunInventoryPasses(Session& s) {
+InventoryRun RunInventoryPasses(Session& s) {
   WriteBatch batch(s.db);
   s.db.Execute("DELETE FROM QCInventory");
   Pass pass{s, FirstRows(s)};
   const EquipmentIndex equipment(s.db);
+  InventoryRun result;
   const int total = static_cast<int>(kTypePasses.size()) + 3;
   int done = 0;
   const auto run = [&](const std::string& what, auto&& work) {
     Progress(s, what, done++, total);
-    OnSheet(s, work);  // a fault is told and ends this pass
+    if (!OnSheet(s, work)) result.broken.push_back(what);  // a fault is told and ends this pass
   };
   run("Operator", [&] { OperatorPass(pass); });
   run("Structures", [&] { StructurePass(pass); });
@@ -443,7 +450,9 @@ void RunInventoryPasses(Session& s) {
   run(TreeTypeName("FUG"), [&] { FugitivesPass(pass); });
   PurgeInactiveStructures(s);
   AddSummary(s);
+  result.had_records = HasRecords(s);
   batch.Commit();
+  return result;
 }
 
 }  // namespace merlu

@@ -8,12 +8,18 @@
 
 namespace merlu {
 
+// How far a run came.
+struct InventoryRun {
+  std::vector<std::string> broken;  // passes that a fault ended, by name
+  bool had_records = true;          // false: no active month and no equipment to look at
+};
+
 // Empties QCInventory, runs every pass in order, drops what belongs to inactive structure months, and adds
 // the summary row. A fault in a pass is told and ends that pass; other faults are passed on.
-void RunInventoryPasses(Session& s);
+InventoryRun RunInventoryPasses(Session& s);
 
-// What QCInventory says, ready to be printed: the summary, the operator, and the findings by level,
+// What QCInventory says after that run, ready to be printed: the summary, the operator, and the findings by level,
 // location and item.
-InventoryReport ReadInventoryReport(Session& s);
+InventoryReport ReadInventoryReport(Session& s, const InventoryRun& run = {});
 
 }  // namespace merlu

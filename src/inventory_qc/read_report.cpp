@@ -28,12 +28,17 @@ std::vector<std::string> OperatorLines(Session& s) {
   return lines;
 }
 
-// "GI, 43, A (complex 1001, structure 1)"; the ids alone for a structure that is gone.
+// "GI, 43, A (complex 1001, structure 1)", with a question mark for a part that is blank; the ids alone for a
+// structure that is gone.
 std::string StructureInWords(const RowView& row) {
   const std::string ids = "complex " + std::string(row.Text(1)) + ", structure " + std::string(row.Text(2));
-  const std::string name =
-      Joined({std::string(row.Text(9)), std::string(row.Text(10)), std::string(row.Text(11))}, ", ");
-  return name.empty() ? ids : name + " (" + ids + ")";
+  if (row.IsNull(12)) return ids;
+  std::string name;
+  for (const int part : {9, 10, 11}) {
+    const std::string text = Trim(row.Text(part));
+    name += (name.empty() ? "" : ", ") + (text.empty() ? "?" : text);
+  }
+  return name + " (" + ids + ")";
 }
 
 std::string Heading(const RowView& row) {
@@ -42,38 +47,52 @@ std::string Heading(const RowView& row) {
   return kind + ", " + MonthName(static_cast<int>(row.Integer(3))) + " " + std::to_string(row.Integer(4));
 }
 
-void AddLine(InventoryReport& report, const RowView& row) {
-  const std::string heading = Heading(row);
-  const std::string place = row.Text(0) == "USER" ? "" : StructureInWords(row);
+// Where there are several operators, a place names its own.
+void AddLine(InventoryReport& report, const RowView& row, bool several_operators) {
+  const std::string heading = Heading(row), company = "RIMA company no. " + std::string(row.Text(13));
+  std::string place = row.Text(0) == "USER" ? "" : StructureInWords(row);
+  if (several_operators) place += (place.empty() ? "" : ", ") + company;
   if (report.sections.empty() || report.sections.back().heading != heading || report.sections.back().place != place)
     report.sections.push_back({heading, place, {}});
   const std::string where =
       row.Text(0) == "EQUIPMENT" ? TreeTypeName(row.Text(5)) + ": " + std::string(row.Text(6)) : "";
-  const std::string item = row.Text(7) == "STRUCTURE" ? "Equipment" : std::string(row.Text(7));
-  report.sections.back().lines.push_back({where, item, std::string(row.Text(8))});
+  report.sections.back().lines.push_back({where, std::string(row.Text(7)), std::string(row.Text(8))});
   ++report.findings;
+}
+
+// The summary as it is stored, unless the run saw less than the whole: then that is said, and never that nothing is
+// missing.
+std::string SummaryOf(const std::string& stored, const InventoryRun& run, int findings) {
+  std::string reservation, names;
+  if (!run.had_records) reservation = "There was nothing to look at: no active month and no equipment.";
+  for (const std::string& pass : run.broken) names += (names.empty() ? "" : ", ") + pass;
+  if (!names.empty())
+    reservation = Joined({reservation, "This run is not complete. An error ended: " + names + "."}, " ");
+  if (reservation.empty()) return stored;
+  return findings == 0 ? reservation : stored + " " + reservation;
 }
 
 }  // namespace
 
-InventoryReport ReadInventoryReport(Session& s) {
+InventoryReport ReadInventoryReport(Session& s, const InventoryRun& run) {
   InventoryReport report;
   report.title = "Annual Inventory QA Summary";
   report.operator_lines = OperatorLines(s);
   report.year = std::to_string(s.year);
   report.printed = s.platform.Now();
-  report.summary =
-      NullToEmpty(s.db.Single("SELECT [Desc] FROM QCInventory WHERE [Level]='ZSUMMARY' AND FieldDesc='AA'"));
+  const bool several_operators =
+      ToInteger(s.db.Single("SELECT COUNT(DISTINCT UserID) FROM QCInventory WHERE [Level]<>'ZSUMMARY'")) > 1;
+  // of structures with the same pair of IDs, the first
   s.db.ForEach(
-      "SELECT "
-      "q.[Level],q.CmplxID,q.StructID,q.[Month],q.[Year],q.EquipType,q.EquipID,q.FieldDesc,q.[Desc],p.Area,p.Block,p."
-      "Name "
-      "FROM QCInventory q LEFT JOIN PD_PLATFORM_DESC p ON p.CMPLX_ID_NUM=q.CmplxID AND p.STRUCT_NUM=q.StructID AND "
-      "p.RIMA_CO_NUM=q.UserID WHERE q.[Level]<>'ZSUMMARY' "
+      "SELECT q.[Level],q.CmplxID,q.StructID,q.[Month],q.[Year],q.EquipType,q.EquipID,q.FieldDesc,q.[Desc],p.Area,"
+      "p.Block,p.Name,p.PD_ID_AK,q.UserID FROM QCInventory q LEFT JOIN (SELECT MIN(PD_ID_AK) AS PD_ID_AK,RIMA_CO_NUM,"
+      "CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name FROM PD_PLATFORM_DESC GROUP BY RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) p "
+      "ON p.CMPLX_ID_NUM=q.CmplxID AND p.STRUCT_NUM=q.StructID AND p.RIMA_CO_NUM=q.UserID WHERE q.[Level]<>'ZSUMMARY' "
       "ORDER BY CASE q.[Level] WHEN 'USER' THEN 0 WHEN 'STRUCTURE' THEN 1 ELSE 2 "
-      "END,q.CmplxID,q.StructID,q.[Year],q.[Month],"
-      "q.EquipType,q.EquipID,q.FieldDesc,q.rowid",
-      {}, [&](const RowView& row) { AddLine(report, row); });
+      "END,q.UserID,q.CmplxID,q.StructID,q.[Year],q.[Month],q.EquipType,q.EquipID,q.FieldDesc,q.rowid",
+      {}, [&](const RowView& row) { AddLine(report, row, several_operators); });
+  const Value stored = s.db.Single("SELECT [Desc] FROM QCInventory WHERE [Level]='ZSUMMARY' AND FieldDesc='AA'");
+  report.summary = SummaryOf(NullToEmpty(stored), run, report.findings);
   return report;
 }
 

@@ -45,11 +45,11 @@ bool IsWanted(Session& s) {
   return false;
 }
 
-void RenderReport(Session& s, const std::string& path) {
+void RenderReport(Session& s, const InventoryRun& run, const std::string& path) {
   const Busy busy(s);
   try {
-    WriteNewFile(OwnFilesOf(s), path, [&s](const std::string& unfinished) {
-      s.platform.WriteReport(ReadInventoryReport(s), unfinished,
+    WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) {
+      s.platform.WriteReport(ReadInventoryReport(s, run), unfinished,
                              [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
     });
   } catch (const Fault& fault) {
@@ -69,8 +69,8 @@ void RunInventoryQC(Session& s, const std::string& path) {
     const Act act(s, "Annual Summary", "", s.current);
     if (!act.MayWrite()) return;
     ShowWait(s, "Preparing QA Summary", "Please Wait...");
-    RunInventoryPasses(s);
-    RenderReport(s, path);
+    const InventoryRun run = RunInventoryPasses(s);
+    RenderReport(s, run, path);
   } catch (const Fault& fault) {
     HideWait(s);
     Tell(s, "Error displaying report. " + fault.description);

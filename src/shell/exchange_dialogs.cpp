@@ -19,6 +19,7 @@
 #include "session/node_keys.h"
 #include "shell/dialog_form.h"
 #include "shell/edit_modes.h"
+#include "shell/import_plan_dialog.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
@@ -288,9 +289,11 @@ void LoadImportList(Session& s, Form& form) {
   } catch (const Fault&) {
     return Tell(s, "Failed to open Import database");
   }
+  ImportLayout layout;
+  if (!Plainly(s, [&] { layout = ReadImportLayout(s.db); })) return s.exchange.Close();
   try {
     const Working working(s, "Import", "Reading " + file);
-    CheckImportFile(s.exchange, s.db);
+    CheckImportFile(s.exchange, layout);
     FillStructures(form, s.exchange);
     form.focus = kStructures;
     form.default_button = kImport;
@@ -300,28 +303,53 @@ void LoadImportList(Session& s, Form& form) {
   }
 }
 
-void ImportPickedStructures(Session& s, Form& form) {
+// The names of the picked rows; empty after a message.
+std::vector<StructureName> StructuresToImport(Session& s, Form& form) {
   const std::vector<StructureName> names = PickedStructures(form.At(kStructures));
   if (names.empty()) {
     form.focus = kStructures;
-    return Tell(s, "No Structures selected for importing.");
+    Tell(s, "No Structures selected for importing.");
   }
+  return names;
+}
+
+// A fault of the working file says nothing about the other one.
+void TellImportFault(Session& s, const Fault& fault) {
+  TellFaultNumberFirst(s, fault);
+  if (fault.number != fault_number::kInUseTable) Tell(s, "Specified Import file may be wrong format.");
+}
+
+void PreviewImport(Session& s, Form& form) {
+  const std::vector<StructureName> names = StructuresToImport(s, form);
+  if (names.empty()) return;
+  try {
+    ShowImportPlan(s, ImportStructures(s, s.exchange, names, Import::kPlan));
+  } catch (const Fault& fault) {
+    TellImportFault(s, fault);
+  }
+}
+
+void ImportPickedStructures(Session& s, Form& form) {
+  const std::vector<StructureName> names = StructuresToImport(s, form);
+  if (names.empty()) return;
   if (!BackUpOrAsk(s, backup_reason::kImport)) return;
   const Act act(s, "Import");
   if (!act.MayWrite()) return;
   try {
-    bool imported = false;
+    ImportPlan plan;
     {
       const Working working(s, "Import", "Checking the file");
-      imported = ImportStructures(s, s.exchange, names);
+      plan = ImportStructures(s, s.exchange, names, Import::kDo);
     }
-    if (!imported || !ReopenDatabase(s)) return;
+    if (!plan.adds) return Tell(s, plan.refusal);
+    if (plan.last_month > plan.last_month_here)
+      Tell(s, std::to_string(plan.last_month) + " months in import file. Adding months to inventory");
+    if (!ReopenDatabase(s)) return;
     RefreshDescTree(s);
     Tell(s, "Done.");
   } catch (const Fault& fault) {
-    TellFaultNumberFirst(s, fault);
-    Tell(s, "Specified Import file may be wrong format.");
-    ReopenDatabase(s);  // months that were added may have been taken back
+    TellImportFault(s, fault);
+    ReopenDatabase(s);  // months that were added have been taken back
   }
 }
 
@@ -330,11 +358,13 @@ Form& StructureImportDialog(Session& s) {
     AddFileName(form, kImportName, "Import File Path and Filename:", "Select File");
     AddButton(form, kLoad, "Load List").beside = kImportName;
     AddStructureList(form);
+    AddButton(form, "cmdPlan", "Preview...");
     AddCloseButton(form, kImport, "Import Selected Structures");
     form.On("cmdBrowse", Event::kClick, [&s, &form] {
       Browse(s, form, kImportName, FileQuestion::Kind::kOpen, "Choose Import Database Filename");
     });
     form.On(kLoad, Event::kClick, [&s, &form] { LoadImportList(s, form); });
+    form.On("cmdPlan", Event::kClick, [&s, &form] { PreviewImport(s, form); });
     form.On(kImport, Event::kClick, [&s, &form] { ImportPickedStructures(s, form); });
   });
 }
@@ -343,6 +373,7 @@ Form& StructureImportDialog(Session& s) {
 
 void MakeExchangeDialogs(Session& s) {
   for (Form& (*make)(Session&) : {SurveyDialog, InventoryDialog, StructureExportDialog, StructureImportDialog}) make(s);
+  MakeImportPlanDialog(s);
 }
 
 void ExportSurvey(Session& s) {

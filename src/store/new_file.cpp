@@ -8,7 +8,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include "base/fault.h"

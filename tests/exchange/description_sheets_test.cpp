@@ -274,5 +274,33 @@ TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_are_a_fault_and_no_work
   }
 }
 
+TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_leave_no_file_open) {
+  FillEveryTable(8);
+  const auto open_files = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+  Export(folder.path("full.xlsx"));
+  const std::uint64_t whole = FileSize(folder.path("full.xlsx"));
+  const auto before = open_files();
+  for (const rlim_t size : {rlim_t{0}, whole / 10, whole / 2, whole - 1}) {
+    const FullDisk full(size);
+    EXPECT_THROW(Export(folder.path("full.xlsx")), Fault) << size;
+    EXPECT_EQ(open_files(), before) << size;
+  }
+  EXPECT_THROW(ExportDescriptions(db, *NewXlsx("/dev/full"), [](std::string_view, int, int) {}), Fault);
+  EXPECT_EQ(open_files(), before);
+}
+
+TEST_F(DescriptionSheets, go_on_in_further_lines_where_a_text_is_wider_than_its_column) {
+  db.Execute("INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME,Email) VALUES ('1','short',?)", {Repeat("long ", 60)});
+  const Sheet sheet = ReadSheet(db, ExportedTables()[0], [] {});
+  EXPECT_EQ(sheet.widths[10], 60);
+  EXPECT_TRUE(Wraps(sheet, 6, 10));
+  EXPECT_FALSE(Wraps(sheet, 6, 1));
+  Export(folder.path("wrapped.xlsx"));
+  EXPECT_EQ(Python("-c \"import openpyxl; s = openpyxl.load_workbook('" + folder.path("wrapped.xlsx") +
+                   "')['CO_COMPANY']; print(s['K7'].alignment.wrap_text, s['B7'].alignment.wrap_text)\"")
+                .output,
+            "True None\n");
+}
+
 }  // namespace
 }  // namespace merlu::test

@@ -115,7 +115,7 @@ TEST_F(ForeignFile, with_damaged_pages_is_refused_or_read_whole) {
     Database file;
     try {
       file.OpenPrivateCopy(path());
-      CheckImportFile(file, run.s.db);
+      CheckImportFile(file, ReadImportLayout(run.s.db));
     } catch (const Fault&) {
       ++refused;
     }

@@ -97,10 +97,10 @@ bool MutatedFile::ImportLeavesASoundFile() {
   try {
     Database file;
     file.OpenPrivateCopy(path_);
-    CheckImportFile(file, s.db);
+    CheckImportFile(file, ReadImportLayout(s.db));
     std::vector<StructureName> all;
     for (const ListedStructure& structure : ListStructures(file)) all.push_back(structure.name);
-    ImportStructures(s, file, all);
+    ImportStructures(s, file, all, Import::kDo);
   } catch (const Fault&) {
     // a refusal
   }

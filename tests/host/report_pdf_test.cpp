@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 
@@ -125,6 +126,41 @@ TEST_F(ReportPdf, keeps_letters_beyond_ascii) {
   report.operator_lines = {"Société Générale du Pétrole"};
   Write();
   EXPECT_NE(Text().find("Société Générale du Pétrole"), std::string::npos);
+}
+
+TEST_F(ReportPdf, breaks_a_long_text_without_a_blank_as_fast_as_one_with_blanks) {
+  const auto seconds = [&](char filler) {
+    std::string text(200'000, 'z');
+    for (std::size_t i = 7; i < text.size(); i += 8) text[i] = filler;
+    report.sections = {{"Structures, March 2017", "GI, 43, A", {{"", "Name", text}}}};
+    const auto began = std::chrono::steady_clock::now();
+    Write();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+  };
+  const double with = seconds(' '), without = seconds('z');
+  EXPECT_LT(without, 20 * with + 1);
+  const std::string text = Text();
+  EXPECT_EQ(Count(text, "z"), 200'000u) << "the text goes on over the pages";
+  EXPECT_GT(Count(text, "(continued)"), 5u);
+}
+
+TEST_F(ReportPdf, keeps_heads_and_feet_short_whatever_they_hold) {
+  const std::string text(200'000, 'W');
+  report.operator_lines = {text, text};
+  report.title = text;
+  report.summary = text;
+  Section(text, text, 200);
+  Write();
+  EXPECT_LT(Pages(), 50);
+  EXPECT_GT(Count(Text(), "\u2026"), 0u);
+}
+
+TEST_F(ReportPdf, has_a_foot_of_one_line) {
+  report.operator_lines = {std::string(120, 'W') + " end"};
+  Write();
+  const std::string text = Text();
+  EXPECT_EQ(Count(text, "end"), 1u) << "in the head alone";
+  EXPECT_EQ(Count(text, "\u2026"), 1u);
 }
 
 TEST_F(ReportPdf, tells_how_far_it_is) {

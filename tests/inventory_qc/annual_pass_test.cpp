@@ -532,10 +532,62 @@ TEST_F(AnnualPass, lists_the_items_of_one_place_by_their_names_under_one_heading
   RunInventoryPasses(run.s);
   const InventoryReport report = ReadInventoryReport(run.s);
   ASSERT_EQ(report.sections.size(), 1u);
-  EXPECT_EQ(report.sections[0].place, "complex 1001, structure 1");
+  EXPECT_EQ(report.sections[0].place, "?, ?, ? (complex 1001, structure 1)");
   Texts items;
   for (const ReportLine& line : report.sections[0].lines) items.push_back(line.item);
   EXPECT_EQ(items, (Texts{"Area", "Block", "Latitude", "Name"}));
+}
+
+TEST_F(AnnualPass, shows_a_question_mark_for_the_missing_part_of_a_name) {
+  StartClean();
+  Flare();
+  Run("UPDATE PD_PLATFORM_DESC SET Area=NULL");
+  RunInventoryPasses(run.s);
+  EXPECT_EQ(ReadInventoryReport(run.s).sections.at(0).place, "?, 43, A (complex 1001, structure 1)");
+}
+
+TEST_F(AnnualPass, prints_a_finding_once_and_the_item_as_it_is_stored) {
+  run.StartWithStructure();
+  Clean();
+  Run("INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area) SELECT "
+      "900,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,'ZZ' FROM PD_PLATFORM_DESC");
+  RunInventoryPasses(run.s);
+  const InventoryReport report = ReadInventoryReport(run.s);
+  EXPECT_EQ(report.findings, run.Count("QCInventory WHERE [Level]<>'ZSUMMARY'"));
+  ASSERT_EQ(report.sections.size(), 1u);
+  EXPECT_EQ(report.sections[0].lines.at(0).item, "STRUCTURE");
+}
+
+TEST_F(AnnualPass, tells_operators_apart_where_there_are_two) {
+  StartClean();
+  Flare();
+  Run("INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME) VALUES ('777','Other')");
+  Run("UPDATE CO_COMPANY SET Contact=NULL,Phone='1'");
+  RunInventoryPasses(run.s);
+  Texts places;
+  for (const ReportSection& section : ReadInventoryReport(run.s).sections) places.push_back(section.place);
+  EXPECT_EQ(places, (Texts{"RIMA company no. 12345", "RIMA company no. 777"}));
+}
+
+TEST_F(AnnualPass, that_a_fault_broke_never_says_that_nothing_is_missing) {
+  StartClean();
+  Flare();
+  Run("DROP TABLE ED_FLA");
+  const InventoryRun result = RunInventoryPasses(run.s);
+  EXPECT_EQ(result.broken, Texts{"Combustion Flare"});
+  const std::string summary = ReadInventoryReport(run.s, result).summary;
+  EXPECT_EQ(summary, "This run is not complete. An error ended: Combustion Flare.");
+}
+
+TEST_F(AnnualPass, that_had_nothing_to_look_at_says_so) {
+  StartClean();
+  Run("DELETE FROM PA_PLATFORM_ACTV");
+  InventoryRun result = RunInventoryPasses(run.s);
+  EXPECT_FALSE(result.had_records);
+  EXPECT_EQ(ReadInventoryReport(run.s, result).summary,
+            "There was nothing to look at: no active month and no equipment.");
+  Equip("FUG", "U1");
+  EXPECT_TRUE(RunInventoryPasses(run.s).had_records);
 }
 
 }  // namespace

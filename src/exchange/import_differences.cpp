@@ -1,0 +1,125 @@
+#include "exchange/import_differences.h"
+
+#include <map>
+
+#include "base/text.h"
+#include "session/types.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+// Rows of one table that belong to the structure, by their place in it.
+struct Compared {
+  std::string table;
+  std::string place;  // SQL of the place's text
+  std::string from;   // SQL behind FROM, in which the table is called t, with the structure's key as parameter
+  std::string type;   // of equipment, else empty
+  bool first = true;  // of its record's tables: tells when the record is missing
+};
+
+struct SameIds {
+  bool operator()(const std::string& a, const std::string& b) const { return CompareIds(a, b) < 0; }
+};
+struct PlacedRow {
+  std::vector<std::string> columns;
+  Values values;
+};
+using PlacedRows = std::map<std::string, PlacedRow, SameIds>;
+
+constexpr const char* kRowMissing = "(missing)";
+
+std::vector<Compared> ComparedTables() {
+  const std::string of_structure = " WHERE t.PD_ID_AK=?", of_equipment = " WHERE e.PD_ID_AK=?";
+  const std::string month = "printf('%02d',t.PA_MO)", equipment_month = "printf('%02d',a.EA_MO)";
+  std::vector<Compared> tables = {
+      {"PD_PLATFORM_DESC", "''", "PD_PLATFORM_DESC t" + of_structure, ""},
+      {"PA_PLATFORM_ACTV", month, "PA_PLATFORM_ACTV t" + of_structure, ""},
+  };
+  for (const EquipmentType& type : EquipmentTypes()) {
+    const std::string code(type.code);
+    const std::string name = "'" + std::string(type.tree_name) + ": '||e.ED_MERLU_EQUIP_ID";
+    const std::string is_type = of_equipment + " AND e.ED_EQUIP_TYP='" + code + "'";
+    tables.push_back({"ED_EQUIP_DESC", name, "ED_EQUIP_DESC t JOIN ED_EQUIP_DESC e USING (ED_ID_AK)" + is_type, code});
+    tables.push_back(
+        {"ED_" + code, name, "ED_" + code + " t JOIN ED_EQUIP_DESC e USING (ED_ID_AK)" + is_type, code, false});
+    const std::string in_month = equipment_month + "||' · '||" + name;
+    tables.push_back({"EA_EQUIP_ACTV", in_month,
+                      "EA_EQUIP_ACTV t JOIN EA_EQUIP_ACTV a USING (EA_ID_AK) JOIN ED_EQUIP_DESC e ON "
+                      "e.ED_ID_AK=a.ED_ID_AK" +
+                          is_type,
+                      code});
+    if (type.has_activity)
+      tables.push_back({"EA_" + code, in_month,
+                        "EA_" + code +
+                            " t JOIN EA_EQUIP_ACTV a USING (EA_ID_AK) JOIN ED_EQUIP_DESC e ON "
+                            "e.ED_ID_AK=a.ED_ID_AK" +
+                            is_type,
+                        code, false});
+  }
+  return tables;
+}
+
+PlacedRows Read(Database& db, const Compared& table, std::int64_t key) {
+  const Rows rows = db.Query("SELECT " + table.place + " AS place,t.* FROM " + table.from, {key});
+  PlacedRows placed;
+  for (const Values& values : rows.rows) placed[NullToEmpty(values[0])] = {rows.columns, values};
+  return placed;
+}
+
+// Keys, and what an import takes from the inventory that it goes to.
+bool IsCompared(const std::string& column) {
+  const std::string name = Upper(column);
+  return !name.ends_with("_ID_AK") && name != "RIMA_CO_NUM" && name != "PLACE";
+}
+
+// As the sheet calls it, or as the table does.
+std::string FieldName(const Compared& table, const std::string& column) {
+  if (table.type.empty()) return column;
+  const SheetSpec* sheet = FindSheet(table.type);
+  if (sheet == nullptr) return column;
+  for (const FieldSpec& field : sheet->fields)
+    if (EqualsIgnoringCase(field.column, column) &&
+        table.table == (field.mode == In::kActv ? "EA_" : "ED_") + table.type)
+      return field.tag.empty() ? field.caption : field.tag;
+  return column;
+}
+
+const Value* ValueOf(const PlacedRow& row, const std::string& column) {
+  for (std::size_t i = 0; i < row.columns.size(); ++i)
+    if (EqualsIgnoringCase(row.columns[i], column)) return &row.values[i];
+  return nullptr;
+}
+
+void CompareRows(const Compared& table, const std::string& place, const PlacedRow& here, const PlacedRow& there,
+                 std::vector<ImportDifference>& differences) {
+  for (std::size_t i = 0; i < here.columns.size(); ++i) {
+    const std::string& column = here.columns[i];
+    const Value* theirs = IsCompared(column) ? ValueOf(there, column) : nullptr;
+    if (theirs == nullptr) continue;
+    const std::string one = NullToEmpty(here.values[i]), other = NullToEmpty(*theirs);
+    if (one != other) differences.push_back({place, FieldName(table, column), one, other});
+  }
+}
+
+}  // namespace
+
+std::vector<ImportDifference> FindDifferences(Database& working, std::int64_t here, Database& file,
+                                              std::int64_t there) {
+  std::vector<ImportDifference> differences;
+  for (const Compared& table : ComparedTables()) {
+    const PlacedRows ours = Read(working, table, here), theirs = Read(file, table, there);
+    for (const auto& [place, row] : ours) {
+      const auto found = theirs.find(place);
+      if (found != theirs.end())
+        CompareRows(table, place, row, found->second, differences);
+      else if (table.first)
+        differences.push_back({place, "", "", kRowMissing});
+    }
+    for (const auto& [place, row] : theirs)
+      if (table.first && !ours.contains(place)) differences.push_back({place, "", kRowMissing, ""});
+  }
+  return differences;
+}
+
+}  // namespace merlu

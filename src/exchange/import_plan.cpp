@@ -1,0 +1,235 @@
+#include "exchange/import_plan.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <unordered_map>
+
+#include "base/fault.h"
+#include "base/text.h"
+#include "exchange/import_differences.h"
+#include "session/types.h"
+
+namespace merlu {
+namespace {
+
+constexpr int kMonths = 12;
+using MonthCounts = std::array<int, kMonths + 1>;
+
+struct FileEquipment {
+  std::int64_t structure = 0;
+  std::string type, id;
+  int description_rows = 0;
+  std::string stray;  // a table of another type that holds a row
+  MonthCounts months{};
+  std::string wrong_month;  // what is wrong with its months, in words
+};
+
+// What the file holds of everything, in one pass over each table.
+struct FileContent {
+  std::unordered_map<std::int64_t, MonthCounts> structure_months;
+  std::unordered_map<std::int64_t, FileEquipment> equipment;
+  std::unordered_map<std::int64_t, std::vector<std::int64_t>> of_structure;  // keys of equipment, in order
+};
+
+struct SameIds {
+  bool operator()(const std::string& a, const std::string& b) const { return CompareIds(a, b) < 0; }
+};
+
+std::string MonthInWords(int month) {
+  return "month " + std::to_string(month);
+}
+
+void ReadDescriptions(Database& file, FileContent& content) {
+  file.ForEach("SELECT PD_ID_AK,PA_MO FROM PA_PLATFORM_ACTV", {}, [&](const RowView& row) {
+    ++content.structure_months[row.Integer(0)].at(static_cast<std::size_t>(row.Integer(1)));
+  });
+  file.ForEach("SELECT ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC ORDER BY rowid", {},
+               [&](const RowView& row) {
+                 FileEquipment& equipment = content.equipment[row.Integer(0)];
+                 equipment.structure = row.Integer(1);
+                 equipment.type = row.Text(2);
+                 equipment.id = row.Text(3);
+                 content.of_structure[equipment.structure].push_back(row.Integer(0));
+               });
+  for (const EquipmentType& type : EquipmentTypes())
+    file.ForEach("SELECT ED_ID_AK FROM ED_" + std::string(type.code), {}, [&](const RowView& row) {
+      const auto found = content.equipment.find(row.Integer(0));
+      if (found == content.equipment.end()) return;
+      if (found->second.type == type.code)
+        ++found->second.description_rows;
+      else
+        found->second.stray = "ED_" + std::string(type.code);
+    });
+}
+
+void ReadMonths(Database& file, FileContent& content) {
+  std::unordered_map<std::int64_t, std::pair<FileEquipment*, int>> open;  // months that lack their row so far
+  file.ForEach("SELECT EA_ID_AK,ED_ID_AK,EA_MO,EA_EQUIP_TYP FROM EA_EQUIP_ACTV", {}, [&](const RowView& row) {
+    const auto found = content.equipment.find(row.Integer(1));
+    if (found == content.equipment.end()) return;
+    FileEquipment& equipment = found->second;
+    const int month = static_cast<int>(row.Integer(2));
+    ++equipment.months.at(static_cast<std::size_t>(month));
+    if (row.Text(3) != equipment.type)
+      equipment.wrong_month = "is of another type in " + MonthInWords(month);
+    else if (FindType(equipment.type)->has_activity)
+      open[row.Integer(0)] = {&equipment, month};
+  });
+  for (const EquipmentType& type : EquipmentTypes()) {
+    if (!type.has_activity) continue;
+    const std::string table = "EA_" + std::string(type.code);
+    file.ForEach("SELECT EA_ID_AK FROM " + table, {}, [&](const RowView& row) {
+      const auto found = open.find(row.Integer(0));
+      if (found != open.end() && found->second.first->type == type.code) open.erase(found);
+    });
+  }
+  for (const auto& [key, month] : open)
+    month.first->wrong_month = "lacks its row of " + MonthInWords(month.second) + " in EA_" + month.first->type;
+}
+
+// What makes a piece of equipment break an inventory; empty for a sound one.
+std::string Complaint(const FileEquipment& equipment, const MonthCounts& structure) {
+  if (equipment.description_rows == 0) return "lacks its row in ED_" + equipment.type;
+  if (!equipment.stray.empty()) return "has a row in " + equipment.stray + ", which is not its type's table";
+  if (!equipment.wrong_month.empty()) return equipment.wrong_month;
+  for (int month = 1; month <= kMonths; ++month) {
+    const auto at = static_cast<std::size_t>(month);
+    if (equipment.months[at] > 1) return "has " + MonthInWords(month) + " twice";
+    if (equipment.months[at] > 0 && structure[at] == 0) return "has " + MonthInWords(month) + ", its structure has not";
+  }
+  return "";
+}
+
+void JudgeStructure(const FileContent& content, std::int64_t key, PlannedStructure& planned) {
+  const auto months = content.structure_months.find(key);
+  const MonthCounts counts = months == content.structure_months.end() ? MonthCounts{} : months->second;
+  for (int month = 1; month <= kMonths; ++month)
+    if (counts[static_cast<std::size_t>(month)] > 1) planned.why = "It has " + MonthInWords(month) + " twice.";
+  std::set<std::string, SameIds> names;
+  const auto pieces = content.of_structure.find(key);
+  if (pieces == content.of_structure.end()) return;
+  for (const std::int64_t piece : pieces->second) {
+    const FileEquipment& equipment = content.equipment.at(piece);
+    const std::string name = TreeTypeName(equipment.type) + ": " + equipment.id;
+    std::string complaint = Complaint(equipment, counts);
+    if (!names.insert(name).second) complaint = "is there twice";
+    if (!complaint.empty() && planned.why.empty()) planned.why = name + " " + complaint + ".";
+    const auto held = std::count_if(equipment.months.begin(), equipment.months.end(), [](int n) { return n > 0; });
+    planned.equipment.push_back({equipment.type, equipment.id, static_cast<int>(held)});
+  }
+}
+
+std::int64_t KeyOf(Database& db, const StructureName& name, int& count) {
+  std::int64_t key = 0;
+  count = 0;
+  db.ForEach(
+      "SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE SAME_ID AND STRUCT_NUM=? COLLATE "
+      "SAME_ID ORDER BY PD_ID_AK",
+      {name.complex, name.structure}, [&](const RowView& row) {
+        if (count++ == 0) key = row.Integer(0);
+      });
+  return key;
+}
+
+std::string InWords(const StructureName& name) {
+  return name.complex + "/" + name.structure;
+}
+
+void PlanOne(Database& working, Database& file, const FileContent& content, PlannedStructure& planned) {
+  int count = 0;
+  const std::int64_t there = KeyOf(file, planned.name, count);
+  if (count == 0)
+    throw Fault(fault_number::kNoSuchItem, "MERLU import",
+                "The structure " + InWords(planned.name) + " could not be read from the file.");
+  if (count > 1) planned.why = "The file holds it twice.";
+  JudgeStructure(content, there, planned);
+  if (!planned.why.empty()) planned.action = ImportAction::kNotSound;
+  const std::int64_t here = KeyOf(working, planned.name, count);
+  if (count == 0) return;
+  planned.action = ImportAction::kExists;
+  planned.differences = FindDifferences(working, here, file, there);
+}
+
+// The inventory takes over the months that it lacks, the structures get those that they lack, also before their first.
+void PlanMonths(const FileContent& content, Database& file, ImportPlan& plan) {
+  plan.last_month = plan.last_month_here;
+  std::vector<MonthCounts> months;
+  for (const PlannedStructure& planned : plan.structures) {
+    int count = 0;
+    const auto found = content.structure_months.find(KeyOf(file, planned.name, count));
+    months.push_back(found == content.structure_months.end() ? MonthCounts{} : found->second);
+    for (int month = kMonths; month > plan.last_month; --month)
+      if (months.back()[static_cast<std::size_t>(month)] > 0) plan.last_month = month;
+  }
+  for (std::size_t i = 0; i < plan.structures.size(); ++i) {
+    for (int month = 1; month <= plan.last_month; ++month) {
+      if (month > plan.last_month_here) plan.structures[i].months_here.push_back(month);
+      if (months[i][static_cast<std::size_t>(month)] == 0) plan.structures[i].months_there.push_back(month);
+    }
+  }
+}
+
+// One structure that cannot come in keeps all out.
+void Refuse(ImportPlan& plan) {
+  const auto has = [&](ImportAction action) {
+    return std::find_if(plan.structures.begin(), plan.structures.end(),
+                        [action](const PlannedStructure& planned) { return planned.action == action; });
+  };
+  if (plan.year_here != plan.year_there) {
+    plan.refusal = "Inventory Year of Import File (" + plan.year_there + ") does not match your database (" +
+                   plan.year_here + ").";
+    for (PlannedStructure& planned : plan.structures) planned.action = ImportAction::kOtherYear;
+  } else if (has(ImportAction::kExists) != plan.structures.end()) {
+    plan.refusal = "RIMA Structure ID already exists in database - import cancelled.";
+  } else if (const auto bad = has(ImportAction::kNotSound); bad != plan.structures.end()) {
+    plan.refusal =
+        "The structure " + InWords(bad->name) + " cannot be imported. " + bad->why + " Nothing was imported.";
+  }
+  plan.adds = plan.refusal.empty();
+  if (plan.adds) return;
+  for (PlannedStructure& planned : plan.structures) {
+    if (planned.action == ImportAction::kAdd) planned.action = ImportAction::kHeldBack;
+    planned.months_here.clear();
+    planned.months_there.clear();
+  }
+}
+
+}  // namespace
+
+ImportPlan PlanImport(Database& working, Database& file, const std::vector<StructureName>& chosen) {
+  constexpr const char* kYear = "SELECT sys_yr FROM SYS_CONFIG ORDER BY rowid LIMIT 1";
+  ImportPlan plan;
+  plan.year_here = NullToEmpty(working.Single(kYear));
+  plan.year_there = NullToEmpty(file.Single(kYear));
+  plan.last_month_here = static_cast<int>(ToInteger(working.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG LIMIT 1")));
+  FileContent content;
+  ReadDescriptions(file, content);
+  ReadMonths(file, content);
+  for (const StructureName& name : chosen) {
+    plan.structures.push_back({name});
+    PlanOne(working, file, content, plan.structures.back());
+  }
+  PlanMonths(content, file, plan);
+  Refuse(plan);
+  return plan;
+}
+
+std::string ActionText(ImportAction action) {
+  switch (action) {
+    case ImportAction::kAdd: return "add";
+    case ImportAction::kOtherYear: return "refused: another year";
+    case ImportAction::kExists: return "refused: exists";
+    case ImportAction::kNotSound: return "refused: not sound";
+    case ImportAction::kHeldBack: return "not added: another one exists";
+  }
+  return "";
+}
+
+std::string MonthsText(const std::vector<int>& months) {
+  std::string text;
+  for (const int month : months) text += (text.empty() ? "" : ", ") + std::to_string(month);
+  return text;
+}
+
+}  // namespace merlu
