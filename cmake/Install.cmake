@@ -18,6 +18,8 @@ install(FILES ${CMAKE_SOURCE_DIR}/data/icons/merlu.svg DESTINATION ${CMAKE_INSTA
 set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/merlu)
 install(FILES ${desktop_files}/copyright DESTINATION ${doc_dir})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples DESTINATION ${doc_dir} FILES_MATCHING PATTERN "*.merlu")
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples DESTINATION ${doc_dir} USE_SOURCE_PERMISSIONS
+  FILES_MATCHING PATTERN "*.sh")
 
 # ---- compressed, as Debian keeps them ----
 configure_file(${desktop_files}/merlu.1.in ${CMAKE_BINARY_DIR}/manual/merlu.1.in @ONLY)

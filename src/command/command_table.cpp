@@ -56,6 +56,16 @@ std::vector<CommandSpec> Make() {
         Out("OUT.xlsx", ValueKind::kWorkbook, "writes the findings into a workbook", false),
         kForce},
        ListFindings},
+      {"ready",
+       "FILE",
+       1,
+       1,
+       "tells whether the inventory is ready to be handed in",
+       "Goes through what must be settled before the inventory, or a month of it, is handed in, and tells what is "
+       "open. "
+       "The file is not changed.",
+       {kMonth, kTextOrJson},
+       TellReadiness},
       {"report",
        "FILE",
        1,

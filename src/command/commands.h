@@ -17,6 +17,7 @@ Status CheckFiles(const Request& request, Console& console);
 Status ListFindings(const Request& request, Console& console);
 Status ExportPart(const Request& request, Console& console);
 Status BackUpFile(const Request& request, Console& console);
+Status TellReadiness(const Request& request, Console& console);
 Status WriteSummary(const Request& request, Console& console);
 Status ListDifferences(const Request& request, Console& console);
 

@@ -1,0 +1,58 @@
+#include "command/private_copy.h"
+
+#include <stdlib.h>
+
+#include <fstream>
+
+#include "base/fault.h"
+#include "command/inventory_file.h"
+#include "history/layout.h"
+#include "store/files.h"
+#include "store/image.h"
+
+namespace merlu {
+
+namespace fs = std::filesystem;
+
+PrivateCopy::PrivateCopy(const std::string& inventory) {
+  {
+    Database looked_at;
+    OpenUntouched(looked_at, inventory);
+  }
+  std::string name = (fs::temp_directory_path() / "merlu-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr)
+    throw Fault(fault_number::kFileAccess, "MERLU store",
+                "Cannot make a folder in " + fs::temp_directory_path().string() + ".");
+  folder_ = name;
+  try {
+    // the companion knows its inventory by this name
+    const std::string own = fs::path(inventory).filename().string();
+    Put(inventory, own);
+    if (FileExists(inventory + kCompanionExtension)) Put(inventory + kCompanionExtension, own + kCompanionExtension);
+    db.Open((folder_ / own).string());
+    db.RecordChanges(RecordedCompanionTables());
+    companion.Open(db, [] { return StepTitle(); });
+  } catch (...) {
+    db.Close();
+    std::error_code error;
+    fs::remove_all(folder_, error);
+    throw;
+  }
+}
+
+PrivateCopy::~PrivateCopy() {
+  companion.Close();
+  db.Close();
+  std::error_code error;
+  fs::remove_all(folder_, error);
+}
+
+void PrivateCopy::Put(const std::string& from, const std::string& name) {
+  const Image image = ReadImage(from);
+  std::ofstream out(folder_ / name, std::ios::binary);
+  out.write(reinterpret_cast<const char*>(image.bytes.get()), static_cast<std::streamsize>(image.size));
+  out.close();
+  if (!out) throw Fault(fault_number::kDiskFull, "MERLU store", "There is no room for a private copy of the file.");
+}
+
+}  // namespace merlu

@@ -1,0 +1,29 @@
+// An inventory with its companion in a folder of the command's own, to be read as the program reads them, and gone with
+// the command.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "history/companion.h"
+#include "store/database.h"
+
+namespace merlu {
+
+class PrivateCopy {
+ public:
+  // kNotADatabase for what is no inventory of this layout, kDiskFull, and the faults of ReadImage.
+  explicit PrivateCopy(const std::string& inventory);
+  ~PrivateCopy();
+  PrivateCopy(const PrivateCopy&) = delete;
+  PrivateCopy& operator=(const PrivateCopy&) = delete;
+
+  Database db;
+  Companion companion;
+
+ private:
+  void Put(const std::string& from, const std::string& name);
+  std::filesystem::path folder_;
+};
+
+}  // namespace merlu
