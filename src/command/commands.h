@@ -18,6 +18,7 @@ Status ListFindings(const Request& request, Console& console);
 Status ExportPart(const Request& request, Console& console);
 Status BackUpFile(const Request& request, Console& console);
 Status TellReadiness(const Request& request, Console& console);
+Status ImportInto(const Request& request, Console& console);
 Status WriteSummary(const Request& request, Console& console);
 Status ListDifferences(const Request& request, Console& console);
 
