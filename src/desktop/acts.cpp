@@ -2,19 +2,16 @@
 
 #include <QScopedValueRollback>
 
+#include "base/fault.h"
 #include "qc/qc_log.h"
-#include "session/messages.h"
 #include "shell/docks.h"
+#include "shell/last_resort.h"
 
 namespace merlu {
 
 void Acts::Run(const std::function<void()>& act) {
   if (IsDrawing()) return;
-  try {
-    act();
-  } catch (const Fault& fault) {
-    TellFault(s, fault);
-  }
+  Guarded(s, "what was asked for", act);
   CountFindings();
   Redraw();
 }

@@ -236,7 +236,7 @@ Button DesktopApp::Ask(const Box& box) {
   if (!box.detail.empty()) message.setInformativeText(Q(box.detail));
   message.setIcon(Picture(box.icon));
   for (Button button : box.buttons) message.addButton(Standard(button));
-  message.setDefaultButton(Standard(box.buttons.front()));
+  message.setDefaultButton(Standard(box.buttons.at(box.preset)));
   message.setEscapeButton(Standard(LeastChange(box)));
   // a busy pointer would tell the user to wait for a box that waits for him
   const bool busy = QApplication::overrideCursor() != nullptr;

@@ -23,7 +23,8 @@ struct Box {
   std::string title;
   Icon icon = Icon::kNone;
   std::vector<Button> buttons = {Button::kOK};
-  std::string detail{};  // more about it, for who wants to know
+  std::size_t preset = 0;  // of the buttons: the one that Enter presses
+  std::string detail{};    // more about it, for who wants to know
 };
 
 // The button that changes least: what a box answers when it is closed without an answer.

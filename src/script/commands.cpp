@@ -230,6 +230,7 @@ void Player::Set(const Words& words) {
       Done(name,
            control->kind == Kind::kList ? act::Choose(desk, *form, name, value) : act::Type(desk, *form, name, value));
       act::LostFocus(desk, *form, name);
+      form->focus = name;
       return;
     case Kind::kCheck:
       if (value != "on" && value != "off") Fail(name + " takes on or off");
@@ -279,7 +280,12 @@ void Player::ShowSession(const Words&) {
 }
 
 void Player::Sql(const Words& words) {
-  const Rows result = session_.db.ReadOnlyQuery(words[1]);
+  Rows result;
+  try {
+    result = session_.db.ReadOnlyQuery(words[1]);
+  } catch (const Fault& fault) {
+    Fail(fault.description);
+  }
   Json rows = Json::array();
   for (const Values& values : result.rows) {
     Json row = Json::array();

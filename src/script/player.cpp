@@ -14,6 +14,7 @@
 #include "shell/dialogs.h"
 #include "shell/docks.h"
 #include "shell/draft.h"
+#include "shell/last_resort.h"
 #include "shell/main_program.h"
 #include "store/files.h"
 
@@ -76,16 +77,15 @@ bool Player::Next() {
 void Player::Carry() {
   CloseSplash(session_);
   try {
-    RefreshDocks(session_);
     const auto words = SplitWords(reply_.line);
     if (!words) Fail("a quote is not closed");
-    Dispatch(*words);
+    if (!Guarded(session_, reply_.line, [&] {
+          RefreshDocks(session_);
+          Dispatch(*words);
+        }))
+      Complain("it ended in a fault");
   } catch (const Refused& refused) {
-    reply_.ok = false;
-    if (reply_.error.empty()) reply_.error = refused.why;
-  } catch (const Fault& fault) {
-    reply_.ok = false;
-    reply_.error = fault.description;
+    Complain(refused.why);
   }
   KeepDraftOfEdit(session_);
 }

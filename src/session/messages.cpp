@@ -11,7 +11,7 @@ constexpr std::uint64_t kLongWorkBytes = 4U << 20U;
 }  // namespace
 
 void TellUnder(Session& s, const std::string& title, const std::string& text, Icon icon) {
-  s.platform.Ask({text, title, icon, {Button::kOK}, {}});
+  s.platform.Ask({text, title, icon, {Button::kOK}, 0, {}});
 }
 
 void Tell(Session& s, const std::string& text, Icon icon) {
@@ -19,7 +19,7 @@ void Tell(Session& s, const std::string& text, Icon icon) {
 }
 
 Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon) {
-  return s.platform.Ask({text, s.title, icon, std::move(buttons), {}});
+  return s.platform.Ask({text, s.title, icon, std::move(buttons), 0, {}});
 }
 
 void TellFault(Session& s, const Fault& fault) {

@@ -54,7 +54,10 @@ struct Session {
   std::string version;               // program version text
   std::string path;                  // of the database file
   Mode mode = Mode::kNone;
-  bool ended = false;  // the program has ended
+  bool ended = false;         // the program has ended
+  bool open_other = false;    // another inventory was chosen at the first question for the operator
+  bool began_empty = false;   // at the start there was no structure: nothing to hand out
+  bool may_add_month = true;  // of the operator that was selected last
 
   // The open file
   Database db;
@@ -73,7 +76,9 @@ struct Session {
   std::string status_text;            // what the status bar shows: the path of the selected node
   std::string message;                // what it last said of an act: "Saved", "Edit dropped"
   int findings = 0, unexplained = 0;  // of the place, as it shows them
-  bool checked = true;                // false where no run has been since the last save
+  QCLocation status_of{};             // what these three were last counted for
+  std::int64_t status_changes = -1;
+  bool checked = true;  // false where no run has been since the last save
 
   // The edit
   bool editing = false;

@@ -18,9 +18,11 @@
 #include "shell/backup_dialog.h"
 #include "shell/dialog_form.h"
 #include "shell/draft.h"
+#include "shell/file_life.h"
 #include "shell/history_dialog.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
+#include "shell/status.h"
 #include "shell/trees.h"
 
 namespace merlu {
@@ -48,7 +50,12 @@ Form& NewUserDialog(Session& s) {
     AddText(form, "txtUSER_InvYr", "Inventory Year*:").text = "2017";
     PutOperatorFields(form, "");
     AddLabel(form, "lblLegend", "* = Required Information");
+    AddButton(form, "cmdOpenExisting", "Open Existing Inventory...");
     AddDialogButtons(form, "cmdOK", "cmdCANCEL");
+    form.On("cmdOpenExisting", Event::kClick, [&s, &form] {
+      s.open_other = ChooseDatabase(s);
+      if (s.open_other) s.desk.Hide(form);
+    });
     form.On("cmdOK", Event::kClick, [&s, &form] {
       if (!ValidateNewOperator(s, form)) return;
       if (!Plainly(s, [&] { NewOperatorRow(s, form); })) return;
@@ -241,6 +248,30 @@ void MakeDialogs(Session& s) {
 
 namespace {
 
+std::string Counted(std::int64_t count, const char* one, const char* many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+// The node that is to be deleted, and how much goes with it.
+std::string WhatGoes(Session& s) {
+  std::string text = s.tree.FullPath(s.tree.selected);
+  Plainly(s, [&] {
+    const bool structure = s.current.Is(level::kStructure);
+    const Values key = {structure ? s.PD_ID_AK : s.ED_ID_AK};
+    const auto count = [&](const std::string& from) {
+      return ToInteger(s.db.Single("SELECT COUNT(*) FROM " + from, key));
+    };
+    const std::string pieces = structure ? "(SELECT ED_ID_AK FROM ED_EQUIP_DESC WHERE PD_ID_AK=?)" : "(?)";
+    std::string goes;
+    if (structure)
+      goes = Counted(count("ED_EQUIP_DESC WHERE PD_ID_AK=?"), "piece of equipment", "pieces of equipment") + ", " +
+             Counted(count("PA_PLATFORM_ACTV WHERE PD_ID_AK=?"), "month", "months") + " of the structure, ";
+    goes += Counted(count("EA_EQUIP_ACTV WHERE ED_ID_AK IN " + pieces), "month", "months") + " of equipment";
+    text += "\nThis takes along: " + goes + ".";
+  });
+  return text;
+}
+
 std::vector<std::int64_t> MonthsOf(Session& s, std::int64_t PD_ID_AK) {
   std::vector<std::int64_t> months;
   s.db.ForEach("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=?", {PD_ID_AK},
@@ -256,7 +287,7 @@ bool ShowNewOperator(Session& s, const char* farewell) {
   s.save_failed = true;  // until OK has written the operator
   ShowDialog(s.desk, s.platform, form);
   if (s.save_failed) {
-    Tell(s, farewell);
+    if (!s.open_other) Tell(s, farewell);
     EndProgram(s);
     return false;
   }
@@ -290,8 +321,10 @@ void DeleteCurrent(Session& s) {
   if ((!structure && !s.current.Is(level::kEquipment)) || !CanUseRecord(s)) return;
   const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
                                    : "Are you sure you wish to delete this equipment data?";
-  if (AskUser(s, question, {Button::kOK, Button::kCancel}) != Button::kOK) return;
+  const Box box{question, s.title, Icon::kQuestion, {Button::kOK, Button::kCancel}, 1, WhatGoes(s)};
+  if (s.platform.Ask(box) != Button::kOK) return;
   if (structure && !BackUpOrAsk(s, backup_reason::kDeletion)) return;
+  const std::string what = s.tree.nodes[static_cast<std::size_t>(s.tree.selected)].text;
   const Act act(s, "Deletion");
   if (!act.MayWrite()) return;
   const bool deleted = Plainly(s, [&] {
@@ -299,7 +332,9 @@ void DeleteCurrent(Session& s) {
     DeleteCurrentRecord(s);
     for (const std::int64_t month : months) s.activity_record.Remove(month);
   });
-  if (deleted) RefreshDescTree(s);
+  if (!deleted) return;
+  RefreshDescTree(s);
+  Say(s, what + " deleted");
 }
 
 void AddNextMonth(Session& s) {
@@ -318,6 +353,7 @@ void AddNextMonth(Session& s) {
     std::snprintf(text.data(), text.size(), "Monthly Survey: %d/%02d", s.year, s.last_month);
     const std::string& user = s.current.UserID;
     AddAndSelect(s, UserKey(user), SurveyKey(user, s.last_month, s.year), text.data());
+    Say(s, std::string(text.data()) + " added");
     Tell(s, "Survey Month added to Activity Database");
     RefreshTree(s);
   });

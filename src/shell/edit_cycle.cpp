@@ -7,37 +7,26 @@
 #include "qc_run/run_qc.h"
 #include "records/operator_record.h"
 #include "session/act.h"
+#include "shell/commands.h"
 #include "shell/draft.h"
 #include "shell/entry_commands.h"
 #include "shell/routing.h"
+#include "shell/status.h"
 #include "shell/trees.h"
 
 namespace merlu {
 namespace {
 
-// Commands that would leave the record in the middle of its edit.
-constexpr const char* kOtherRoutes[] = {"mnuFile",
-                                        "mnuEdit",
-                                        "mnuRFind",
-                                        "mnuRHistory",
-                                        "tvwTree",
-                                        "cmdEditMode",
-                                        "cmdUSER_AddStructure",
-                                        "cmdUSER_AddSurvey",
-                                        "cmdSTRUCTURE_AddEquip"};
-constexpr const char* kEditButtons[] = {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"};
+constexpr const char* kSaved = "Saved";
 
 void SetEditing(Session& s, bool editing) {
-  for (const char* name : kOtherRoutes) s.main->At(name).enabled = !editing;
-  s.tree.enabled = !editing;
-  s.main->At("cmdEdit").visible = !editing;
-  for (const char* name : kEditButtons) s.main->At(name).visible = editing;
+  s.editing = editing;
+  UpdateCommands(s);
 }
 
 void EndEdit(Session& s) {
-  UnlockInterface(s);
+  SetEditing(s, false);
   LockSheet(s);
-  s.editing = false;
   ShowEntryCommands(s);
 }
 
@@ -67,15 +56,9 @@ void SaveForGood(Session& s, bool after_qc) {
 
 }  // namespace
 
-void UnlockInterface(Session& s) {
-  SetEditing(s, false);
-  s.main->At(s.InActv() ? "mnuENewSurvey" : "mnuENewStructure").visible = true;
-}
-
 void BeginEdit(Session& s) {
   if (!CanUseRecord(s)) return;
   SetEditing(s, true);
-  s.editing = true;
   UnlockSheet(s);
   ShowEntryCommands(s);
   BeginDraft(s);
@@ -89,6 +72,7 @@ void SaveEdits(Session& s) {
   if (s.save_failed) return;
   ClearSheet(s);
   LoadSheet(s);
+  Say(s, kSaved);
   if (s.unreadable) return EndEdit(s);  // it is saved, and cannot be shown
   BeginEdit(s);
 }
@@ -120,6 +104,7 @@ void SaveAndEnd(Session& s, std::int16_t (*run)(Session&, QCLocation)) {
   }
   RestoreTreeExpansion(s);
   EndEdit(s);
+  Say(s, kSaved);
 }
 
 }  // namespace
@@ -138,6 +123,7 @@ void CancelEdit(Session& s) {
   ClearSheet(s);
   LoadSheet(s);
   EndEdit(s);
+  Say(s, "Edit dropped");
 }
 
 void RunQCHere(Session& s) {
@@ -147,6 +133,7 @@ void RunQCHere(Session& s) {
   if (!act.MayWrite()) return;
   const QCLocation here = s.current;
   RunQC(s, here, false);
+  Say(s, "QC was run");
   s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows
   ShowFindings(s);
 }

@@ -12,7 +12,4 @@ void SaveExitWithoutBox(Session& s);  // the same, with the number of findings t
 void CancelEdit(Session& s);          // cmdCANCEL: drops what was not saved
 void RunQCHere(Session& s);           // at the current location
 
-// Commands and tree as they are outside an edit.
-void UnlockInterface(Session& s);
-
 }  // namespace merlu

@@ -1,6 +1,7 @@
 #include "shell/edit_modes.h"
 
 #include "session/messages.h"
+#include "shell/commands.h"
 #include "shell/trees.h"
 
 namespace merlu {
@@ -11,24 +12,13 @@ constexpr const char* kUnset = "Program Mode";
 }  // namespace
 
 void SetMode(Session& s, Mode mode) {
-  const bool desc = mode == Mode::kDesc;
-  Form& main = *s.main;
-  main.caption = std::string("RIMA Pelagic Field Reporting Suite (MERLU-2017) - ") +
-                 (desc ? "Description Edit Mode" : "Activity Edit Mode");
-  main.At("mnuSetEditMode").caption = desc ? "Change to Activity Edit Mode" : "Change to Description Edit Mode";
-  main.At("mnuENewSurvey").visible = !desc;
-  for (const char* name : {"mnuENewStructure", "mnuENewEquipment", "mnuEDelete", "mnuEditBar", "cmdUSER_AddStructure"})
-    main.At(name).visible = desc;
-  main.At("cmdEditMode").caption = desc ? "Edit Activity Data" : "Edit Description Data";
   s.mode = mode;
+  UpdateCommands(s);
 }
 
 void SetStartMode(Session& s) {
-  const bool no_structure = s.At("PD_PLATFORM_DESC").RecordCount() == 0;
-  SetMode(s, no_structure ? Mode::kDesc : Mode::kActv);
-  if (!no_structure) return;
-  for (const char* name : {"mnuENewEquipment", "mnuFExportInventory", "mnuFExport", "frmInvQCPrint"})
-    s.main->At(name).visible = false;
+  s.began_empty = s.At("PD_PLATFORM_DESC").RecordCount() == 0;
+  SetMode(s, s.began_empty ? Mode::kDesc : Mode::kActv);
 }
 
 namespace {

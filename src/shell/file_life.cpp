@@ -25,10 +25,20 @@ bool TakeDatabase(Session& s, const std::string& path) {
   return true;
 }
 
-void LocateDatabase(Session& s) {
+bool ChooseDatabase(Session& s) {
   const std::string path = s.platform.AskFile(
       {FileQuestion::Kind::kOpen, "MERLU-2017 - Locate Database", "MERLU Database", "*.MDB", ".MDB"});
-  if (path.empty() || !TakeDatabase(s, path)) return;
+  return !path.empty() && TakeDatabase(s, path);
+}
+
+void LocateDatabase(Session& s) {
+  if (!ChooseDatabase(s)) return;
+  EndProgram(s);
+  Main(s);
+}
+
+void OpenDatabaseFile(Session& s, const std::string& path) {
+  if (!TakeDatabase(s, path)) return;
   EndProgram(s);
   Main(s);
 }

@@ -25,8 +25,10 @@
 #include "shell/history_dialog.h"
 #include "shell/main_program.h"
 #include "shell/print_screen.h"
+#include "shell/recent_files.h"
 #include "shell/spreadsheet.h"
 #include "shell/strip_dock.h"
+#include "shell/tree_find.h"
 #include "shell/undo.h"
 
 namespace merlu {
@@ -62,6 +64,12 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFBar3", "-", "mnuFile", nullptr},
     {"PrintScrn", "Print Screen", "mnuFile", PrintScreen},
     {"mnuFBar4", "-", "mnuFile", nullptr},
+    {"mnuFRecent1", "", "mnuFile", nullptr},
+    {"mnuFRecent2", "", "mnuFile", nullptr},
+    {"mnuFRecent3", "", "mnuFile", nullptr},
+    {"mnuFRecent4", "", "mnuFile", nullptr},
+    {"mnuFRecent5", "", "mnuFile", nullptr},
+    {"mnuFRecentBar", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
     {"mnuFBackups", "&Backups...", "mnuFile", OpenBackups},
     {"mnuEdit", "&Edit", "", nullptr},
@@ -166,6 +174,19 @@ void PutMenus(Session& s, Form& main) {
   }
 }
 
+void PutRecentFiles(Session& s, Form& main) {
+  for (int number = 1; number <= kRecentFiles; ++number) {
+    main.At(RecentCommand(number)).visible = false;
+    main.On(RecentCommand(number), Event::kClick, [&s, number] { OpenRecentFile(s, number); });
+  }
+  main.At("mnuFRecentBar").visible = false;
+}
+
+void PutFindLine(Session& s, Form& main) {
+  Put(main, Kind::kText, "txtTREE_Filter", "Find:", {});
+  main.On("txtTREE_Filter", Event::kLostFocus, [&s] { FilterTree(s); });
+}
+
 void PutButtons(Session& s, Form& main) {
   for (const ButtonCommand& button : kButtons) {
     Put(main, Kind::kButton, button.name, button.caption, {}).visible = button.visible;
@@ -191,6 +212,8 @@ void MakeMainForm(Session& s) {
     Form& main = s.desk.Own(std::make_unique<Form>("frmMain", "RIMA Pelagic Field Reporting Suite (MERLU-2017)"));
     s.main = &main;
     PutMenus(s, main);
+    PutRecentFiles(s, main);
+    PutFindLine(s, main);
     Put(main, Kind::kTree, "tvwTree", "", {});
     PutOperatorSheet(main);
     PutSurveySheet(main);

@@ -1,9 +1,12 @@
 #include "shell/main_program.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
+#include "shell/commands.h"
 #include "shell/dialogs.h"
 #include "shell/docks.h"
 #include "shell/draft.h"
@@ -12,12 +15,15 @@
 #include "shell/main_form.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
+#include "shell/recent_files.h"
 #include "shell/routing.h"
 #include "shell/trees.h"
 #include "store/files.h"
 
 namespace merlu {
 namespace {
+
+constexpr const char* kFarewell = "Sorry, cannot proceed without User Information - MERLU is shutting down now...";
 
 // Where the database lies when no setting names one. A first start finds a fresh copy of the template.
 std::string DefaultPath(Session& s) {
@@ -37,6 +43,10 @@ std::string PathFromSettings(Session& s) {
 void ResetRun(Session& s) {
   s.version.clear();
   s.mode = Mode::kNone;
+  s.message.clear();
+  s.began_empty = false;
+  s.may_add_month = true;
+  s.status_changes = -1;
   s.ended = s.editing = s.unreadable = s.save_failed = s.InSaveQC = false;
   s.year = s.last_month = 0;
   s.current = s.last_desc = s.last_actv = QCLocation();
@@ -45,6 +55,14 @@ void ResetRun(Session& s) {
   s.status_text.clear();
   s.tree.Clear();
   s.tree.enabled = true;
+}
+
+// Asks for the operator of a file that has none yet; false when it was not given.
+bool HasOperator(Session& s) {
+  if (!s.At("CO_COMPANY").EOF_()) return true;
+  if (!ShowNewOperator(s, kFarewell)) return false;
+  OpenCompanion(s);
+  return true;
 }
 
 void UnloadForms(Session& s, const Form* kept) {
@@ -69,7 +87,7 @@ void LoadMainForm(Session& s) {
     RefreshDescTree(s);
   if (s.ended || s.tree.nodes.empty()) return;
   if (s.tree.selected < 0) SelectRoot(s);  // a tree that broke off has selected nothing
-  UnlockInterface(s);
+  UpdateCommands(s);
   LockSheet(s);
 }
 
@@ -80,8 +98,18 @@ void Main(Session& s) {
   s.path = PathFromSettings(s);
   RemoveUnfinishedFiles(OwnFilesOf(s).notes);
   MakeMainForm(s);
-  if (OpenDatabaseAndCursors(s)) Plainly(s, [&] { SetStartMode(s); });
-  if (s.save_failed || s.ended) return;
+  s.save_failed = false;
+  if (OpenDatabaseAndCursors(s)) {
+    const bool known = Plainly(s, [&] { HasOperator(s); });
+    if (std::exchange(s.open_other, false)) return Main(s);
+    if (s.ended) return;
+    if (known)
+      Plainly(s, [&] { SetStartMode(s); });
+    else
+      CloseDatabase(s);
+    RememberFile(s);
+  }
+  ShowRecentFiles(s);
   LoadMainForm(s);
   if (s.ended) return;
   s.desk.Show(*s.main);

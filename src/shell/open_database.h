@@ -5,9 +5,8 @@
 
 namespace merlu {
 
-// Opens the file at the session's path with all its cursors. A file of an operator that is not known yet
-// asks for it first. A failure is told with Retry and Cancel; false after Cancel, or when the first run was
-// cancelled.
+// Opens the file at the session's path with all its cursors, and nothing more: a file without an operator is open,
+// too. A failure is told with Retry and Cancel; false after Cancel.
 bool OpenDatabaseAndCursors(Session& s);
 
 // Once per file, marked by the table QC_XREF: removes the findings of equipment that does not exist, which

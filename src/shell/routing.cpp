@@ -10,6 +10,7 @@
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
+#include "shell/commands.h"
 #include "shell/entry_commands.h"
 
 namespace merlu {
@@ -52,48 +53,6 @@ void HideOtherSheets(Session& s) {
   const SheetSpec* current = SheetAt(s.current);
   for (const SheetSpec* sheet : AllSheets())
     if (sheet != current && IsShowing(s, *sheet)) UnloadSheet(s, *sheet);
-}
-
-struct LevelCommands {
-  const char* level;
-  Mode mode;
-  bool qc;
-  int new_survey;  // -1: unchanged
-  bool new_structure, new_equipment, remove;
-};
-
-constexpr LevelCommands kCommands[] = {
-    {level::kUser, Mode::kActv, false, 1, false, false, false},
-    {level::kUser, Mode::kDesc, false, 0, true, false, false},
-    {level::kSurvey, Mode::kActv, true, -1, true, false, false},
-    {level::kStructure, Mode::kActv, true, -1, true, true, false},
-    {level::kStructure, Mode::kDesc, true, -1, true, true, true},
-    {level::kEquipment, Mode::kActv, true, -1, false, true, false},
-    {level::kEquipment, Mode::kDesc, true, -1, true, true, true},
-};
-
-void SetEditButton(Form& main, bool on) {
-  main.At("cmdEdit").enabled = on;
-  main.At("cmdEdit").visible = on;
-}
-
-void SetCommands(Session& s) {
-  Form& main = *s.main;
-  SetEditButton(main, true);
-  for (const LevelCommands& row : kCommands) {
-    if (!s.current.Is(row.level) || s.mode != row.mode) continue;
-    main.At("cmdQC").visible = row.qc;
-    main.At("mnuFQC").enabled = row.qc;
-    if (row.new_survey >= 0) main.At("mnuENewSurvey").enabled = row.new_survey == 1;
-    main.At("mnuENewStructure").enabled = row.new_structure;
-    main.At("mnuENewEquipment").enabled = row.new_equipment;
-    main.At("mnuEDelete").enabled = main.At("mnuEditBar").enabled = row.remove;
-  }
-  if (s.current.Is(level::kStructure)) {
-    main.At("cmdSTRUCTURE_AddEquip").enabled = true;
-    main.At("cmdSTRUCTURE_AddEquip").visible = true;
-  }
-  if (s.current.Is(level::kEquipment) && s.InActv() && s.node_status == "I") SetEditButton(main, false);
 }
 
 // The record's key, or that of none: what is done next must not go to the record that showed before.
@@ -213,7 +172,8 @@ void ClickNode(Session& s, int node) {
   s.tree.selected = node;
   s.tree.ExpandAncestors(node);
   TakeLocation(s, s.tree.nodes[static_cast<std::size_t>(node)].key);
-  SetCommands(s);
+  if (s.current.Is(level::kUser)) s.may_add_month = s.InActv();
+  UpdateCommands(s);
   ClearSheet(s);
   LoadSheet(s);
   LockSheet(s);

@@ -11,6 +11,7 @@
 #include "session/types.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
+#include "shell/tree_find.h"
 
 namespace merlu {
 namespace {
@@ -181,6 +182,7 @@ void AddDescEquipNode(Session& s, std::string_view type, Orphans& orphans) {
 void FinishTree(Session& s) {
   s.tree.Sort();
   if (!s.tree.nodes.empty()) s.tree.nodes.front().expanded = true;
+  FilterTree(s);
 }
 
 void ClickExisting(Session& s, const std::string& key) {

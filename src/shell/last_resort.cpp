@@ -1,0 +1,30 @@
+#include "shell/last_resort.h"
+
+#include "session/messages.h"
+#include "shell/commands.h"
+
+namespace merlu {
+
+bool Guarded(Session& s, const std::string& what, const std::function<void()>& act) {
+  std::string error;
+  try {
+    act();
+  } catch (const Fault& fault) {
+    TellFault(s, fault);
+    error = fault.description;
+  } catch (const std::exception& exception) {
+    error = exception.what();
+    HideWait(s);
+    s.platform.Ask(
+        {"An error in the program ended \"" + what + "\".\nWhat shows is as it was: it can be saved, or dropped.",
+         s.title,
+         Icon::kStop,
+         {Button::kOK},
+         0,
+         error});
+  }
+  if (s.main != nullptr && !s.ended) UpdateCommands(s);
+  return error.empty();
+}
+
+}  // namespace merlu

@@ -1,0 +1,66 @@
+#include "shell/recent_files.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "session/messages.h"
+#include "shell/file_life.h"
+#include "store/files.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kSection = "Recent";
+
+std::vector<std::string> Stored(Session& s) {
+  std::vector<std::string> paths;
+  for (int number = 1; number <= kRecentFiles; ++number)
+    if (std::string path = s.platform.Setting(kSection, std::to_string(number)); !path.empty()) paths.push_back(path);
+  return paths;
+}
+
+std::vector<std::string> StillThere(Session& s) {
+  std::vector<std::string> paths = Stored(s);
+  std::erase_if(paths, [](const std::string& path) { return !FileExists(path); });
+  return paths;
+}
+
+}  // namespace
+
+std::string RecentCommand(int number) {
+  return "mnuFRecent" + std::to_string(number);
+}
+
+void RememberFile(Session& s) {
+  std::error_code error;
+  const std::string path = std::filesystem::absolute(s.path, error).lexically_normal().string();
+  std::vector<std::string> paths = Stored(s);
+  std::erase(paths, path);
+  paths.insert(paths.begin(), path);
+  try {
+    for (std::size_t i = 0; i < paths.size() && i < kRecentFiles; ++i)
+      s.platform.StoreSetting(kSection, std::to_string(i + 1), paths[i]);
+  } catch (const Fault&) {
+    // a list of comforts: settings that cannot be written are told where a choice depends on them
+  }
+}
+
+void ShowRecentFiles(Session& s) {
+  const std::vector<std::string> paths = StillThere(s);
+  for (int number = 1; number <= kRecentFiles; ++number) {
+    Control& command = s.main->At(RecentCommand(number));
+    const std::size_t at = static_cast<std::size_t>(number - 1);
+    command.visible = at < paths.size();
+    const std::filesystem::path path(command.visible ? paths[at] : "");
+    command.caption = command.visible ? path.filename().string() + " - " + path.parent_path().string() : "";
+  }
+  s.main->At("mnuFRecentBar").visible = !paths.empty();
+}
+
+void OpenRecentFile(Session& s, int number) {
+  const std::vector<std::string> paths = StillThere(s);
+  if (number < 1 || number > static_cast<int>(paths.size())) return;
+  OpenDatabaseFile(s, paths[static_cast<std::size_t>(number - 1)]);
+}
+
+}  // namespace merlu

@@ -1,0 +1,82 @@
+#include "shell/status.h"
+
+#include "base/fault.h"
+#include "base/text.h"
+
+namespace merlu {
+namespace {
+
+struct Question {
+  std::string sql;
+  Values values;
+};
+
+// The findings of the place, as QC's summary counts them.
+Question FindingsAt(const QCLocation& at) {
+  Question question{
+      "SELECT COUNT(*),COUNT(CASE WHEN trim(coalesce(Comments,''))='' THEN 1 END) FROM QC WHERE "
+      "UserID=? AND [Month]=? AND [Year]=?",
+      {Trim(at.UserID), std::int64_t{at.Month}, std::int64_t{at.Year}}};
+  const auto add = [&question](const char* column, const std::string& value) {
+    question.sql += std::string(" AND ") + column + "=?";
+    question.values.emplace_back(Trim(value));
+  };
+  if (at.Is(level::kStructure) || at.Is(level::kEquipment)) {
+    add("CmplxID", at.CmplxID);
+    add("StructID", at.StructID);
+  }
+  if (at.Is(level::kEquipment)) {
+    add("EquipType", at.EquipType);
+    add("EquipID", at.EquipID);
+  }
+  return question;
+}
+
+// Rows of the place that have no date of last QC. A description of equipment has the date of its structure: no run
+// writes one of its own.
+Question Unchecked(const Session& s) {
+  const QCLocation& at = s.current;
+  if (at.Is(level::kSurvey))
+    return {
+        "SELECT EXISTS(SELECT 1 FROM PA_PLATFORM_ACTV WHERE PA_MO=? AND PA_YR=? AND PA_QC_DT IS NULL AND status "
+        "IS NOT 'I')",
+        {std::int64_t{at.Month}, std::int64_t{at.Year}}};
+  if (at.Is(level::kStructure) && s.InActv())
+    return {"SELECT PA_QC_DT IS NULL FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {s.SA_ID_AK}};
+  if (at.Is(level::kStructure)) return {"SELECT PD_QC_DT IS NULL FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {s.PD_ID_AK}};
+  if (s.InActv()) return {"SELECT EA_QC_DT IS NULL FROM EA_EQUIP_ACTV WHERE EA_ID_AK=?", {s.EA_ID_AK}};
+  return {
+      "SELECT coalesce(d.ED_QC_DT,p.PD_QC_DT) IS NULL FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON "
+      "p.PD_ID_AK=d.PD_ID_AK WHERE d.ED_ID_AK=?",
+      {s.ED_ID_AK}};
+}
+
+}  // namespace
+
+void Say(Session& s, const std::string& message) {
+  s.message = message;
+}
+
+void UpdateStatus(Session& s) {
+  const QCLocation& at = s.current;
+  if (s.status_of == at && s.status_changes == s.db.ChangeCount()) return;
+  s.status_of = at;
+  s.status_changes = s.db.ChangeCount();
+  s.findings = s.unexplained = 0;
+  s.checked = true;
+  const bool judged = at.Is(level::kSurvey) || at.Is(level::kStructure) || at.Is(level::kEquipment);
+  if (!judged || !s.db.IsOpen()) return;
+  try {
+    const Question findings = FindingsAt(at);
+    s.db.ForEach(findings.sql, findings.values, [&s](const RowView& row) {
+      s.findings = static_cast<int>(row.Integer(0));
+      s.unexplained = static_cast<int>(row.Integer(1));
+    });
+    const Question unchecked = Unchecked(s);
+    s.checked = ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
+  } catch (const Fault&) {
+    // the next act asks again
+  }
+}
+
+}  // namespace merlu

@@ -1,0 +1,144 @@
+#include "shell/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "shell/last_resort.h"
+#include "shell/main_program.h"
+#include "shell/tree_find.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// Two flares on one structure, at the operator in activity mode.
+class AtTheDesk : public testing::Test {
+ protected:
+  AtTheDesk() {
+    run.StartWith("FLA", "F1");
+    run.Select(run.Key());
+    run.AddEquipment("FLA", "F2");
+    run.ChangeTo(Mode::kActv);
+    run.SelectRoot();
+    run.TakeBoxes();
+  }
+  int Node(const std::string& key) { return run.s.tree.Find(key); }
+  bool Hidden(const std::string& key) { return run.s.tree.nodes[static_cast<std::size_t>(Node(key))].hidden; }
+  TestRun run;
+};
+
+TEST_F(AtTheDesk, has_the_commands_of_the_place_whatever_was_pushed_before) {
+  run.Select(run.Key("FLA", "F1", 1));
+  run.s.main->At("cmdEdit").visible = false;
+  run.s.main->At("mnuFile").enabled = false;
+  run.s.main->At("cmdSaveExit").visible = true;
+  UpdateCommands(run.s);
+  EXPECT_TRUE(run.s.main->At("cmdEdit").visible);
+  EXPECT_TRUE(run.s.main->At("mnuFile").enabled);
+  EXPECT_FALSE(run.s.main->At("cmdSaveExit").visible);
+}
+
+TEST_F(AtTheDesk, tells_an_error_of_the_program_and_keeps_the_edit) {
+  run.Select(run.Key("FLA", "F1", 1));
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "7");
+  EXPECT_FALSE(Guarded(run.s, "Print Screen", [] { throw std::logic_error("no control x on y"); }));
+  ASSERT_EQ(run.boxes.size(), 1u);
+  EXPECT_NE(run.boxes[0].text.find("Print Screen"), std::string::npos);
+  EXPECT_EQ(run.boxes[0].detail, "no control x on y");
+  EXPECT_TRUE(run.s.editing);
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "7");
+  EXPECT_TRUE(run.s.main->At("cmdSaveExit").visible);
+}
+
+TEST_F(AtTheDesk, counts_the_findings_of_the_place_and_those_without_a_comment) {
+  run.Select(run.Key("FLA", "F1", 1));
+  EXPECT_FALSE(run.s.checked);
+  run.Click("cmdQC");
+  UpdateCommands(run.s);
+  EXPECT_EQ(run.s.findings, 2);
+  EXPECT_EQ(run.s.unexplained, 2);
+  EXPECT_TRUE(run.s.checked);
+  run.s.db.Execute("UPDATE QC SET Comments='so' WHERE rowid=(SELECT MIN(rowid) FROM QC)");
+  UpdateCommands(run.s);
+  EXPECT_EQ(run.s.unexplained, 1);
+}
+
+TEST_F(AtTheDesk, says_what_became_of_the_edit) {
+  run.Select(run.Key("FLA", "F1", 1));
+  run.Click("cmdEdit");
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(run.s.message, "Saved");
+  run.Click("cmdCANCEL");
+  EXPECT_EQ(run.s.message, "Edit dropped");
+}
+
+TEST_F(AtTheDesk, hides_the_nodes_that_lack_a_word_and_keeps_it_so_when_the_tree_is_built_anew) {
+  run.Set("txtTREE_Filter", "flare f2");
+  EXPECT_TRUE(Hidden(run.Key("FLA", "F1", 1)));
+  EXPECT_FALSE(Hidden(run.Key("FLA", "F2", 1)));
+  EXPECT_FALSE(Hidden(run.Key("", "", 1)));
+  run.ChangeTo(Mode::kDesc);
+  EXPECT_TRUE(Hidden(run.Key("FLA", "F1")));
+  run.Set("txtTREE_Filter", "");
+  EXPECT_FALSE(Hidden(run.Key("FLA", "F1")));
+}
+
+TEST_F(AtTheDesk, finds_a_node_by_its_id_as_well_as_by_its_type) {
+  for (TreeNode& node : run.s.tree.nodes) node.expanded = true;
+  EXPECT_EQ(FindByTyping(run.s.tree, 0, "f2"), Node(run.Key("FLA", "F2", 1)));
+  EXPECT_EQ(FindByTyping(run.s.tree, 0, "comb"), Node(run.Key("FLA", "F1", 1)));
+  EXPECT_EQ(FindByTyping(run.s.tree, Node(run.Key("FLA", "F1", 1)), "comb"), Node(run.Key("FLA", "F2", 1)));
+  EXPECT_EQ(FindByTyping(run.s.tree, 0, "zz"), -1);
+}
+
+TEST_F(AtTheDesk, steps_into_collapsed_nodes) {
+  for (TreeNode& node : run.s.tree.nodes) node.expanded = false;
+  EXPECT_EQ(Neighbour(run.s.tree, Node(run.Key("", "", 1)), 1), Node(run.Key("FLA", "F1", 1)));
+  EXPECT_EQ(Neighbour(run.s.tree, Node(run.Key("FLA", "F1", 1)), -1), Node(run.Key("", "", 1)));
+  EXPECT_EQ(Neighbour(run.s.tree, 0, -1), -1);
+}
+
+TEST_F(AtTheDesk, says_what_a_deletion_takes_along_and_has_cancel_under_enter) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.answers = {Button::kCancel};
+  run.Click("mnuEDelete");
+  ASSERT_EQ(run.boxes.size(), 1u);
+  EXPECT_EQ(run.boxes[0].buttons.at(run.boxes[0].preset), Button::kCancel);
+  EXPECT_NE(run.boxes[0].detail.find("GI, 43, A"), std::string::npos);
+  EXPECT_NE(run.boxes[0].detail.find("2 pieces of equipment"), std::string::npos);
+}
+
+TEST_F(AtTheDesk, offers_the_inventories_opened_last_that_are_still_there) {
+  const std::string first = run.s.path, second = CopyTemplate(run.folder, "second.mdb");
+  Raw(second, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
+  run.Start(second);
+  EXPECT_TRUE(run.s.main->At("mnuFRecent1").caption.starts_with("second.mdb - "));
+  EXPECT_TRUE(run.s.main->At("mnuFRecent2").caption.starts_with("inventory.mdb - "));
+  EXPECT_FALSE(run.s.main->At("mnuFRecent3").visible);
+  run.Click("mnuFRecent2");
+  EXPECT_EQ(run.s.path, first);
+  fs::remove(second);
+  run.Start(first);
+  EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
+}
+
+TEST(FirstQuestion, leads_to_an_inventory_that_is_there) {
+  TestRun run;
+  const std::string fresh = CopyTemplate(run.folder, "fresh.mdb"), other = CopyTemplate(run.folder, "other.mdb");
+  Raw(other, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
+  run.files = {other};
+  run.dialogs.push_back([&run](Form&) { run.Click("cmdOpenExisting"); });
+  run.Start(fresh);
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  EXPECT_EQ(run.s.path, other);
+  EXPECT_EQ(run.s.current.UserID, "77");
+  EXPECT_EQ(ToInteger(RawValue(fresh, "SELECT COUNT(*) FROM CO_COMPANY")), 0);
+}
+
+}  // namespace
+}  // namespace merlu::test
