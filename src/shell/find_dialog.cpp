@@ -78,9 +78,13 @@ QCLocation FirstOf(Session& s, const std::string& type, Mode mode) {
           : "SELECT p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_MERLU_EQUIP_ID,0,0 FROM ED_EQUIP_DESC d JOIN "
             "PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK WHERE d.ED_EQUIP_TYP=? AND ?=? ORDER BY p.CMPLX_ID_NUM<>? OR "
             "p.STRUCT_NUM<>?,d.ED_ID_AK LIMIT 1";
-  Values values = {type, std::int64_t{s.current.Month}};
-  if (!months) values.push_back(std::int64_t{s.current.Month});
-  values.insert(values.end(), {s.current.CmplxID, s.current.StructID});
+  const Value month = std::int64_t{s.current.Month};
+  Values values;
+  values.emplace_back(type);
+  values.push_back(month);
+  if (!months) values.push_back(month);
+  values.emplace_back(s.current.CmplxID);
+  values.emplace_back(s.current.StructID);
   QCLocation place;
   s.db.ForEach(sql, values, [&](const RowView& row) {
     place = {level::kEquipment,

@@ -105,11 +105,14 @@ TEST_F(JudgedRows, of_all_types_say_what_their_sheets_say) {
         Fill(sheet->fields, In::kDesc, sheet->ed_table(), "ED_ID_AK", s.ED_ID_AK, odd);
         if (mode == Mode::kActv) {
           Fill(sheet->fields, In::kActv, sheet->ea_table(), "EA_ID_AK", s.EA_ID_AK, odd);
-          s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS=? WHERE EA_ID_AK=?",
-                       {odd.Chance(3) ? Value("I") : Value("A"), s.EA_ID_AK});
-          for (std::size_t total = 1; total < kTotals; ++total)
-            s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET ") + kTotalColumns[total] + "=? WHERE SA_ID_AK=?",
-                         {odd.Chance(3) ? Value(Null{}) : Value(500.0), s.SA_ID_AK});
+          s.db.Execute(std::string("UPDATE EA_EQUIP_ACTV SET EA_STATUS=") + (odd.Chance(3) ? "'I'" : "'A'") +
+                           " WHERE EA_ID_AK=?",
+                       {s.EA_ID_AK});
+          for (std::size_t total = 1; total < kTotals; ++total) {
+            const std::string set = odd.Chance(3) ? "=NULL" : "=500.0";
+            s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET ") + kTotalColumns[total] + set + " WHERE SA_ID_AK=?",
+                         {s.SA_ID_AK});
+          }
         }
         ClearFrame(s, *sheet);
         LoadFrame(s, *sheet);

@@ -149,9 +149,11 @@ TEST_F(ScriptTables, read_the_findings_on_each_page_of_a_tab) {
 }
 
 TEST(ScriptJson, tells_the_detail_of_a_box_and_hidden_nodes) {
-  EXPECT_EQ(BoxJson({"In use.", "", Icon::kNone, {Button::kOK}, "Opened by anna."}, Button::kOK)["detail"],
-            "Opened by anna.");
-  EXPECT_FALSE(BoxJson({"Done."}, Button::kOK).contains("detail"));
+  Box box;
+  box.text = "In use.";
+  EXPECT_FALSE(BoxJson(box, Button::kOK).contains("detail"));
+  box.detail = "Opened by anna.";
+  EXPECT_EQ(BoxJson(box, Button::kOK)["detail"], "Opened by anna.");
   Tree tree;
   tree.Add("", "1", "one");
   tree.Add("", "2", "two");
