@@ -1,5 +1,6 @@
 #include "desktop/fields.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
@@ -93,6 +94,11 @@ void LineField::paintEvent(QPaintEvent* event) {
   painter.fillRect(end, GroundOf(*this));
   painter.setPen(property("look") == "flag" ? QColor(kFlagText) : palette().color(QPalette::WindowText));
   painter.drawText(end, Qt::AlignVCenter | Qt::AlignLeft, dots);
+}
+
+void AddClearButton(QLineEdit& line) {
+  line.setClearButtonEnabled(true);
+  for (auto* button : line.findChildren<QAbstractButton*>()) button->setAccessibleName(QObject::tr("Clear"));
 }
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {

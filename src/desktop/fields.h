@@ -45,6 +45,9 @@ class LineField : public QLineEdit {
   bool entered_by_mouse_ = false, numeric_ = false;
 };
 
+// A button in the line that clears it, with a name for assistive programs.
+void AddClearButton(QLineEdit& line);
+
 // A label that never asks for more room than there is: what does not fit is left out of its middle, and told
 // when it is pointed at.
 class ElidedLabel : public QLabel {

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "desktop/fields.h"
 #include "desktop/look.h"
 
 namespace merlu {
@@ -124,7 +125,7 @@ QWidget* HelpDialog::MakeFindBar() {
   sought_ = new QLineEdit(bar);
   sought_->setObjectName("helpFind");
   sought_->setPlaceholderText(tr("Find in this page"));
-  sought_->setClearButtonEnabled(true);
+  AddClearButton(*sought_);
   row->addWidget(sought_, 1);
   for (const bool backward : {true, false}) {
     auto* step = new QPushButton(backward ? tr("Previous") : tr("Next"), bar);

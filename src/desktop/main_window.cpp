@@ -18,6 +18,7 @@
 
 #include "base/dates.h"
 #include "desktop/access_keys.h"
+#include "desktop/fields.h"
 #include "desktop/look.h"
 #include "desktop/navigation_tree.h"
 #include "desktop/shortcuts.h"
@@ -211,7 +212,7 @@ void MainWindow::MakeFilter(QWidget* place) {
   auto* line = static_cast<QLineEdit*>(filter.widget);
   line->setPlaceholderText(tr("Find in the tree"));
   line->setAccessibleName(tr("Find in the tree"));
-  line->setClearButtonEnabled(true);
+  AddClearButton(*line);
   buttons_->enter = [this](QWidget*) {
     tree_->setFocus(Qt::TabFocusReason);
     return true;

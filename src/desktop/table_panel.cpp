@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "desktop/fields.h"
+
 namespace merlu {
 namespace {
 
@@ -26,7 +28,7 @@ void AddField(const Control& control, QWidget& place, FormBinding& binding, QHBo
     row.addWidget(bound.caption);
     row.addSpacing(2);
   }
-  if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) line->setClearButtonEnabled(true);
+  if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) AddClearButton(*line);
   row.addWidget(bound.row, control.kind == Kind::kText ? 1 : 0);
   row.addSpacing(8);
 }

@@ -69,14 +69,12 @@ int PageOf(const Form& form, const Control& control, const std::string& tab) {
   return -1;
 }
 
-}  // namespace
-
-void ShowFindings(Session& s) {
+void Show(Session& s, bool judged) {
   OnSheet(s, [&] {
     const Shown shown = ShownRecord(s);
     if (shown.form == nullptr) return;
     Findings findings;
-    AddJudged(s, shown, findings);
+    if (judged) AddJudged(s, shown, findings);
     AddLogged(s, shown, findings);
     Control& tab = shown.form->At(shown.tab);
     tab.counts.assign(tab.items.size(), 0);
@@ -88,6 +86,16 @@ void ShowFindings(Session& s) {
       if (page >= 0) ++tab.counts[static_cast<std::size_t>(page)];
     }
   });
+}
+
+}  // namespace
+
+void ShowFindings(Session& s) {
+  Show(s, true);
+}
+
+void ShowFindingsOfRun(Session& s) {
+  Show(s, !s.editing);
 }
 
 }  // namespace merlu

@@ -9,4 +9,7 @@ namespace merlu {
 // what the log holds and no rule would raise now.
 void ShowFindings(Session& s);
 
+// The same after a run. One during an edit has judged what is typed and not yet stored, and has logged what it found.
+void ShowFindingsOfRun(Session& s);
+
 }  // namespace merlu

@@ -135,7 +135,7 @@ void RunQCHere(Session& s) {
   RunQC(s, here, false);
   Say(s, "QC was run");
   s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows
-  ShowFindings(s);
+  ShowFindingsOfRun(s);
 }
 
 }  // namespace merlu

@@ -16,6 +16,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <set>
 
 #include "desktop/fields.h"
@@ -36,7 +37,11 @@ int WidthOf(const QWidget& widget, const QString& text) {
 void ExpectLabelWhole(const QLabel& label) {
   if (label.text().isEmpty() || label.textFormat() == Qt::RichText) return;
   const std::string name = Named(label, label.text());
-  if (label.wordWrap()) {
+  if (label.objectName() == "SB1") {
+    // the path in the status bar leaves out its middle when the room is short, and takes all the room there is
+    EXPECT_GE(label.width(), std::min(label.sizeHint().width(), label.parentWidget()->width() / 3)) << name;
+    EXPECT_GE(label.height(), label.fontMetrics().height()) << name;
+  } else if (label.wordWrap()) {
     EXPECT_GE(label.height(), label.heightForWidth(label.width())) << name;
     for (const QString& word : label.text().split(' ')) EXPECT_GE(label.width(), WidthOf(label, word)) << name;
   } else {

@@ -223,8 +223,14 @@ TEST_F(Walk, through_every_command_of_the_menus_and_the_dialogs_behind_them) {
   given.insert("mnuFExit");  // given at the end
   // commands of a month's record that is edited
   given.insert({"mnuNCopy", "mnuNConfirm", "mnuNNext", "mnuNPrevious"});
-  for (QAction* command : Commands())
+  // the files opened before have a command each, which shows as soon as there is such a file
+  int recent = 0;
+  for (QAction* command : Commands()) {
+    if (command->objectName().startsWith("mnuFRecent") && !command->isVisible()) continue;
+    recent += command->objectName().startsWith("mnuFRecent");
     EXPECT_TRUE(given.contains(command->objectName().toStdString())) << command->objectName().toStdString();
+  }
+  EXPECT_EQ(recent, 1);  // the one inventory of this walk
   for (const char* dialog : {"frmExportSurvey", "frmExportInventory", "frmExportStructure", "frmImportStructure",
                              "frmHelp", "frmAbout", "dlgShortcuts", "frmNewStructure", "frmNewEquipment"})
     EXPECT_TRUE(visitor.seen.contains(dialog)) << dialog;
@@ -243,7 +249,7 @@ TEST_F(Walk, finds_a_key_for_every_entry_and_no_key_twice_in_a_menu) {
     for (const QMenu* menu : Menus()) {
       std::map<QChar, std::string> keys;
       for (const QAction* entry : menu->actions()) {
-        if (entry->isSeparator()) continue;
+        if (entry->isSeparator() || !entry->isVisible()) continue;
         const QChar key = AccessKey(entry->text());
         EXPECT_FALSE(key.isNull()) << entry->text().toStdString();
         EXPECT_TRUE(keys.emplace(key, entry->text().toStdString()).second)
