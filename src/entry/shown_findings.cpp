@@ -75,7 +75,11 @@ void Show(Session& s, bool judged) {
     if (shown.form == nullptr) return;
     Findings findings;
     if (judged) AddJudged(s, shown, findings);
-    AddLogged(s, shown, findings);
+    try {
+      AddLogged(s, shown, findings);
+    } catch (const Fault&) {
+      // the list of results has shown it
+    }
     Control& tab = shown.form->At(shown.tab);
     tab.counts.assign(tab.items.size(), 0);
     for (Control& control : shown.form->controls()) {

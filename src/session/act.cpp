@@ -19,6 +19,15 @@ StepTitle TitleOf(Session& s, const std::string& what) {
   return title;
 }
 
+// Empty while the file cannot be read: the act itself shows why.
+std::string ReadablePlace(Session& s) {
+  try {
+    return s.db.IsOpen() ? PlaceText(s.db, s.current) : "";
+  } catch (const Fault&) {
+    return "";
+  }
+}
+
 }  // namespace
 
 Act::Act(Session& s, const std::string& what) : s_(s) {
@@ -26,7 +35,7 @@ Act::Act(Session& s, const std::string& what) : s_(s) {
   if (!s.companion.InStep()) {
     may_write_ = BackUpOnceADay(s);
     title = TitleOf(s, what);
-    if (s.db.IsOpen()) title.place = PlaceText(s.db, s.current);
+    title.place = ReadablePlace(s);
   }
   s.companion.BeginStep(std::move(title));
 }

@@ -438,12 +438,12 @@ Database::Attached::~Attached() {
 
 void Database::Close() {
   if (db_ == nullptr) return;
-  cache_.clear();
   try {
     if (!sqlite3_get_autocommit(db_)) EndBatch();
   } catch (const Fault&) {
     // nobody is left to hear of it
   }
+  cache_.clear();  // last: a statement that is left keeps the connection, and its lock, alive
   recorder_.Stop();
   sqlite3_close_v2(db_);
   db_ = nullptr;

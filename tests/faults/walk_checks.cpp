@@ -47,6 +47,7 @@ std::string WrongEditing(const Session& s) {
   const Form& sheet = *SheetThatShows(s);
   for (const Control& control : sheet.controls())
     if ((control.kind == Kind::kText || control.kind == Kind::kList) && !control.locked &&
+        control.name != "txtTREE_Filter" &&  // finds nodes, and belongs to no record
         WhyNot(s.desk, sheet, control, true).empty())
       return control.name + " can be changed outside an edit";
   return "";

@@ -168,7 +168,7 @@ TEST_F(NodeClick, leaves_the_command_for_a_new_month_as_it_was_below_the_operato
   EXPECT_TRUE(main.At("mnuENewSurvey").enabled);
   for (bool enabled : {true, false})
     for (const std::string& key : {std::string("K12345 12017"), run.Key("", "", 1), run.Key("FLA", "F1", 1)}) {
-      main.At("mnuENewSurvey").enabled = enabled;
+      run.s.may_add_month = enabled;
       run.Select(key);
       EXPECT_EQ(main.At("mnuENewSurvey").enabled, enabled) << key;
     }
