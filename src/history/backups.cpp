@@ -128,11 +128,13 @@ void RestoreBackup(Database& db, Companion& companion, const std::string& path, 
       db.Execute("INSERT INTO main.[" + table.name + "] (rowid" + columns + ") SELECT rowid" + columns +
                  " FROM source.[" + table.name + "] ORDER BY rowid");
     }
-    if (companion.IsAttached())
+    if (companion.IsAttached()) {
+      db.Execute("UPDATE history.step SET state=3 WHERE state=1");
       db.Execute(
           "INSERT INTO history.step (made_at,who,what,place,stood_at,stands_at,shown,bytes,state) VALUES "
           "(?,?,?,?,?,?,0,0,?)",
           {title.when, title.who, title.what, title.place, title.from, title.to, std::int64_t{step_state::kEndsUndo}});
+    }
     whole.Keep();
     batch.Commit();
   } catch (const Fault&) {

@@ -175,6 +175,7 @@ void Companion::Write(const Changes& changes) {
 
 std::int64_t Companion::NewStep() {
   const StepTitle& t = title_;
+  db_->Execute("UPDATE history.step SET state=3 WHERE state=1");
   db_->Execute(
       "INSERT INTO history.step (made_at,who,what,place,stood_at,stands_at,shown,bytes,state) VALUES "
       "(?,?,?,?,?,?,0,0,0)",
@@ -228,7 +229,7 @@ HistoryStep ReadStep(const RowView& row) {
   std::string* const texts[] = {&t.when, &t.who, &t.what, &t.place, &t.from, &t.to};
   for (int i = 0; i < 6; ++i) *texts[i] = std::string(row.Text(i + 1));
   step.values = row.Integer(7);
-  step.undone = row.Integer(8) == step_state::kUndone;
+  step.undone = row.Integer(8) == step_state::kUndone || row.Integer(8) == step_state::kEnded;
   step.ends_undo = row.Integer(8) == step_state::kEndsUndo;
   return step;
 }
@@ -251,16 +252,13 @@ std::vector<HistoryStep> Steps(const Companion& companion) {
 }
 
 std::optional<HistoryStep> NextUndo(const Companion& companion) {
-  std::optional<HistoryStep> newest = OneStep(companion, "WHERE state<>1 ORDER BY id DESC LIMIT 1");
+  std::optional<HistoryStep> newest = OneStep(companion, "WHERE state NOT IN (1,3) ORDER BY id DESC LIMIT 1");
   if (newest && newest->ends_undo) return std::nullopt;
   return newest;
 }
 
 std::optional<HistoryStep> NextRedo(const Companion& companion) {
-  // a step that was made since ends what could be redone
-  return OneStep(
-      companion,
-      "WHERE state=1 AND id>(SELECT COALESCE(MAX(id),0) FROM history.step WHERE state<>1) ORDER BY id LIMIT 1");
+  return OneStep(companion, "WHERE state=1 ORDER BY id LIMIT 1");
 }
 
 std::vector<std::string> PartsOf(const Companion& companion, std::int64_t step) {

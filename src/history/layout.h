@@ -7,9 +7,10 @@
 
 namespace merlu {
 
-// Of a step: done, undone, or the mark of a restored backup, behind which nothing is undone.
+// Of a step: done; undone; the mark of a restored backup, behind which nothing is undone; undone, and ended by a
+// newer step, so that it is not redone any more.
 namespace step_state {
-inline constexpr int kDone = 0, kUndone = 1, kEndsUndo = 2;
+inline constexpr int kDone = 0, kUndone = 1, kEndsUndo = 2, kEnded = 3;
 }
 
 void MakeLayout(Database& db);

@@ -203,10 +203,7 @@ std::optional<InTheWay> UndoSteps(Companion& companion, std::int64_t step) {
 }
 
 std::optional<InTheWay> RedoSteps(Companion& companion, std::int64_t step) {
-  return Run(companion,
-             "SELECT id FROM history.step WHERE id<=? AND state=1 AND id>(SELECT COALESCE(MAX(id),0) FROM history.step "
-             "WHERE state<>1) ORDER BY id",
-             step, false);
+  return Run(companion, "SELECT id FROM history.step WHERE id<=? AND state=1 ORDER BY id", step, false);
 }
 
 bool IsAsNewestStepLeftIt(const Companion& companion) {

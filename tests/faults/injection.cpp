@@ -132,7 +132,7 @@ bool TellsOfAFault(const std::string& text) {
   static const std::regex kNumber("^[0-9]{2,5}:? [^m]|[^0-9/:] [0-9]{2,5}$");
   if (std::regex_search(text, kNumber)) return true;
   for (const char* part : {"Error #", "rror displaying report", "errors during export", "Failed to", "Could not",
-                           "Invalid Import file", "could not be deleted", "error saving the report"})
+                           "Invalid Import file", "No backup could be made", "could not be deleted", "error saving the report"})
     if (text.find(part) != std::string::npos) return true;
   return false;
 }
