@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "base/text.h"
-#include "rules/checks.h"
 #include "records/build.h"
+#include "rules/checks.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "sheets/conversions.h"

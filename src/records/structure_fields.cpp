@@ -53,14 +53,14 @@ std::vector<FieldSpec> Description() {
                 Number(DESC, "txtSTRUCTURE_DistShore", "Distance to Shore:", "Distance to Shore", "DIST_TO_SHORE"),
                 Number(DESC, "txtSTRUCTURE_WaterDepth", "Water Depth (ft):", "Water Depth", "WATER_DEPTH_FT"),
             });
-  sheet.Add(0, "Minor source",
-            {
-                Exempt("cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
-                       "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
-                Exempt("cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What",
-                       "MINOR_SOURCE_EXEMPT_WHAT",
-                       {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
-            });
+  sheet.Add(
+      0, "Minor source",
+      {
+          Exempt("cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
+                 "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
+          Exempt("cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What", "MINOR_SOURCE_EXEMPT_WHAT",
+                 {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
+      });
   sheet.Add(
       0, "Sales gas composition",
       {

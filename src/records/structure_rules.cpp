@@ -89,8 +89,7 @@ std::vector<Rule> FieldRules() {
 const std::vector<RuleGroup>& StructureRules() {
   static const std::vector<RuleGroup> groups = {
       {"CheckStructureFields", FieldRules()},
-      {"CheckSalesGasComposition",
-       {{1, DESC, "txtSTRUCTURE_SalesGasTotal", SalesGasTotal()}}},
+      {"CheckSalesGasComposition", {{1, DESC, "txtSTRUCTURE_SalesGasTotal", SalesGasTotal()}}},
       {"WithdrawRetiredFindings",
        {{1, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", WithdrawRetired()},
         {2, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", WithdrawRetired()},

@@ -105,7 +105,8 @@ std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, co
           "Go on with the edit, or discard it.", false),
       Row("Pages of the file that are damaged, rows without their parent", Damage(db), "Restore a backup."),
   };
-  rows.push_back(Row("Values changed since the hand-in", ChangedSinceHandIn(companion, month), "Hand in again.", false));
+  rows.push_back(
+      Row("Values changed since the hand-in", ChangedSinceHandIn(companion, month), "Hand in again.", false));
   return rows;
 }
 

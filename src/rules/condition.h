@@ -51,7 +51,7 @@ struct Condition {
 // The text of the list, or of any field, is one of the texts, or none of them.
 Condition Reads(const std::string& list, std::vector<std::string> texts);
 Condition ReadsNone(const std::string& list, std::vector<std::string> texts);
-Condition IsSet(const std::string& option);     // an option button or check box
+Condition IsSet(const std::string& option);  // an option button or check box
 Condition IsOff(const std::string& check_box);
 Condition IsFilledIn(const std::string& field);
 Condition IsOverZero(const std::string& field);  // and filled

@@ -20,8 +20,8 @@ struct Verdict {
   enum class Log { kNothing, kRaise, kWithdraw, kWithdrawAny };
 
   const Rule* rule = nullptr;
-  int field = -1;               // place in the record
-  std::string_view tag;         // that the finding is kept under
+  int field = -1;        // place in the record
+  std::string_view tag;  // that the finding is kept under
   Log log = Log::kNothing;
   std::string_view text;        // of the finding raised, or withdrawn when its text is this one ...
   std::string_view other_text;  // ... or this one, unless empty

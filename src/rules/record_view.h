@@ -68,7 +68,7 @@ class RecordView {
   struct Content {
     mutable std::string text;
     double number = 0;
-    bool is_number = false;       // `number` is what was set
+    bool is_number = false;        // `number` is what was set
     mutable bool has_text = true;  // `text` is made
     bool checked = false;
   };

@@ -31,7 +31,7 @@ class Judging;  // rules/judge.h
 struct CheckSpec {
   std::string name;
   std::function<void(Judging&)> run;
-  double low = 0, high = 0;           // both inclusive
+  double low = 0, high = 0;  // both inclusive
   bool has_low = false, has_high = false;
   bool only_if_filled = false;     // a blank field is not looked at
   std::string when;                // further conditions that the check itself tests, in words

@@ -25,15 +25,22 @@ constexpr double kLeastTotal = 99.8, kMostTotal = 100;
 constexpr double kMostHours = 744;
 
 // In the order of the sum and of the rules.
-constexpr const char* kConcentrations[] = {"ConcNGH2S", "ConcMethane", "ConcEthane", "ConcC3HC", "ConcC4HC", "ConcC5HC",
-                                           "ConcC6HC", "ConcC7HC", "ConcC8plusHC", "ConcO2", "ConcCO2", "ConcN2"};
+constexpr const char* kConcentrations[] = {"ConcNGH2S",    "ConcMethane", "ConcEthane", "ConcC3HC",
+                                           "ConcC4HC",     "ConcC5HC",    "ConcC6HC",   "ConcC7HC",
+                                           "ConcC8plusHC", "ConcO2",      "ConcCO2",    "ConcN2"};
 
-std::string TextBox(const char* field) { return std::string("txtAMI_") + field; }
+std::string TextBox(const char* field) {
+  return std::string("txtAMI_") + field;
+}
 
-Condition ModelInputs() { return IsSet(kModel); }
+Condition ModelInputs() {
+  return IsSet(kModel);
+}
 
 // The check while there is a flash tank; without one the field looks passed and its finding stays.
-CheckSpec WithFlashTank(CheckSpec check) { return PassedUnless(Reads(kFlashTank, {"Yes"}), std::move(check)); }
+CheckSpec WithFlashTank(CheckSpec check) {
+  return PassedUnless(Reads(kFlashTank, {"Yes"}), std::move(check));
+}
 
 // Told with the flash tank's condition, which its check tests.
 Condition WithModelAndFlashTank() {
@@ -54,7 +61,9 @@ void CheckThroughputOfStructure(Judging& j) {
 }
 
 // Equipment that processed something in the month.
-Condition IsActive() { return Both(IsOff("chkAMI_Status"), IsOverZero(kThroughput)); }
+Condition IsActive() {
+  return Both(IsOff("chkAMI_Status"), IsOverZero(kThroughput));
+}
 
 // Runs only on hours that passed their own check.
 CheckSpec ZeroHours() {
@@ -65,8 +74,9 @@ CheckSpec ZeroHours() {
     j.Say(failed, kZeroHours);
     if (failed) j.Mark(Mark::kFlag);
   };
-  return When("the field is filled and in its range, chkAMI_Status is off, and txtAMI_TotalGasThru is filled and over 0",
-              Own("ZeroHours", kZeroHours, {"chkAMI_Status", kThroughput}, check));
+  return When(
+      "the field is filled and in its range, chkAMI_Status is off, and txtAMI_TotalGasThru is filled and over 0",
+      Own("ZeroHours", kZeroHours, {"chkAMI_Status", kThroughput}, check));
 }
 
 // The total is computed, and is no input.
@@ -101,27 +111,29 @@ FieldSpec Option(const char* control, const char* caption, const char* column) {
 }
 
 void AddMonthAndComposition(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
-      Number(ACTV, kHours, "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
+                Number(ACTV, kHours, "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+            });
   FieldSpec total = Number(DESC, kTotal, "Total:", "Unprocessed Natural Gas Concentrations Total", "UNG_CONC_TOTAL");
   total.stored = Stored::kComputed;
-  sheet.Add(0, "Unprocessed Natural Gas Concentrations (% by volume)", {
-      Concentration("ConcNGH2S", "H2S:", "H2S", "Conc_NGH2S"),
-      Concentration("ConcMethane", "Methane:", "Methane", "Conc_Methane"),
-      Concentration("ConcEthane", "Ethane:", "Ethane", "Conc_Ethane"),
-      Concentration("ConcC3HC", "C3 Hydrocarbons:", "C3 Hyrdrocarbon", "Conc_C3HC"),
-      Concentration("ConcC4HC", " C4 Hydrocarbons:", "C4 Hyrdrocarbon", "Conc_C4HC"),
-      Concentration("ConcC5HC", "C5 Hydrocarbons:", "C5 Hyrdrocarbon", "Conc_C5HC"),
-      Concentration("ConcC6HC", "C6 Hydrocarbons:", "C6 Hyrdrocarbon", "Conc_C6HC"),
-      Concentration("ConcC7HC", "C7 Hydrocarbons:", "C7 Hyrdrocarbon", "Conc_C7HC"),
-      Concentration("ConcC8plusHC", "C8+ Hydrocarbons:", "C8+ Hyrdrocarbon", "Conc_C8plus_HC"),
-      Concentration("ConcO2", "O2:", "O2", "CONC_O2"),
-      Concentration("ConcCO2", "CO2:", "CO2", "CONC_CO2"),
-      Concentration("ConcN2", "N2:", "N2", "CONC_N2"),
-      total,
-  });
+  sheet.Add(0, "Unprocessed Natural Gas Concentrations (% by volume)",
+            {
+                Concentration("ConcNGH2S", "H2S:", "H2S", "Conc_NGH2S"),
+                Concentration("ConcMethane", "Methane:", "Methane", "Conc_Methane"),
+                Concentration("ConcEthane", "Ethane:", "Ethane", "Conc_Ethane"),
+                Concentration("ConcC3HC", "C3 Hydrocarbons:", "C3 Hyrdrocarbon", "Conc_C3HC"),
+                Concentration("ConcC4HC", " C4 Hydrocarbons:", "C4 Hyrdrocarbon", "Conc_C4HC"),
+                Concentration("ConcC5HC", "C5 Hydrocarbons:", "C5 Hyrdrocarbon", "Conc_C5HC"),
+                Concentration("ConcC6HC", "C6 Hydrocarbons:", "C6 Hyrdrocarbon", "Conc_C6HC"),
+                Concentration("ConcC7HC", "C7 Hydrocarbons:", "C7 Hyrdrocarbon", "Conc_C7HC"),
+                Concentration("ConcC8plusHC", "C8+ Hydrocarbons:", "C8+ Hyrdrocarbon", "Conc_C8plus_HC"),
+                Concentration("ConcO2", "O2:", "O2", "CONC_O2"),
+                Concentration("ConcCO2", "CO2:", "CO2", "CONC_CO2"),
+                Concentration("ConcN2", "N2:", "N2", "CONC_N2"),
+                total,
+            });
 }
 
 void AddModelInputs(SheetSpec& sheet) {
@@ -132,29 +144,42 @@ void AddModelInputs(SheetSpec& sheet) {
   frame.parent = sheet.tab();
   frame.page = 1;
   sheet.extra = {frame};
-  sheet.Add(1, "Specify emissions by", {
-      Option("zOptAMI_EmisEdit", "Quantity emitted (%)", ""),
-      Option(kModel, "Model inputs", "MODELINPUTS_FLG"),
-  });
-  sheet.Add(1, "Sour gas and flash tank", {
-      ItemText(DESC, "cmbAMI_AmineType", "Amine Type:", "Amine Type", "AMINE_TYP", {"MEA", "DEA", "TEA", "MDEA", "GDA"}),
-      Number(DESC, "txtAMI_SourTemp", "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature", "Sour_Temp"),
-      Number(DESC, "txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure", "Sour_Pres"),
-      YesNo(DESC, kFlashTank, "Equipped with a flash tank:", "Equipped with flash tank?", "FLASHTANK_FLG"),
-      Number(DESC, "txtAMI_FlashTemp", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "Flash_Temp"),
-      Number(DESC, "txtAMI_FlashPress", "Flash Tank pressure (psig):", "Flash Tank  Pressure", "Flash_Pres"),
-      Coded(DESC, "cmbAmi_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
-            {{"Vented", "VL"}, {"Flared", "FL"}, {kSystem, "RS"}}),
-      Number(DESC, "txtAMI_Nbr", "Number of Absorber Trays:", "Number of Absorb trays", "NUM"),
-  });
-  sheet.Add(1, "Lean amine feed", {
-      Number(DESC, "txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure", "Amine_Feed_Pres"),
-      Number(DESC, "txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature", "Amine_Feed_Temp"),
-      Number(DESC, "txtAMI_AmineFeedFlowRate", "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate", "Amine_Feed_FlowRate"),
-      Number(DESC, "txtAMI_AmineFeedAminePct", "lean amine feed amine content (% wt):", "Lean Amine feed amine content", "Amine_Feed_AminePct"),
-      Number(DESC, "txtAMI_AmineFeedH2SPct", "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content", "Amine_Feed_H2SPct"),
-      Number(DESC, "txtAMI_AmineFeedCO2Pct", "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content", "Amine_Feed_CO2Pct"),
-  });
+  sheet.Add(1, "Specify emissions by",
+            {
+                Option("zOptAMI_EmisEdit", "Quantity emitted (%)", ""),
+                Option(kModel, "Model inputs", "MODELINPUTS_FLG"),
+            });
+  sheet.Add(
+      1, "Sour gas and flash tank",
+      {
+          ItemText(DESC, "cmbAMI_AmineType", "Amine Type:", "Amine Type", "AMINE_TYP",
+                   {"MEA", "DEA", "TEA", "MDEA", "GDA"}),
+          Number(DESC, "txtAMI_SourTemp", "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature",
+                 "Sour_Temp"),
+          Number(DESC, "txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure",
+                 "Sour_Pres"),
+          YesNo(DESC, kFlashTank, "Equipped with a flash tank:", "Equipped with flash tank?", "FLASHTANK_FLG"),
+          Number(DESC, "txtAMI_FlashTemp", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "Flash_Temp"),
+          Number(DESC, "txtAMI_FlashPress", "Flash Tank pressure (psig):", "Flash Tank  Pressure", "Flash_Pres"),
+          Coded(DESC, "cmbAmi_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
+                {{"Vented", "VL"}, {"Flared", "FL"}, {kSystem, "RS"}}),
+          Number(DESC, "txtAMI_Nbr", "Number of Absorber Trays:", "Number of Absorb trays", "NUM"),
+      });
+  sheet.Add(1, "Lean amine feed",
+            {
+                Number(DESC, "txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure",
+                       "Amine_Feed_Pres"),
+                Number(DESC, "txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature",
+                       "Amine_Feed_Temp"),
+                Number(DESC, "txtAMI_AmineFeedFlowRate",
+                       "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate", "Amine_Feed_FlowRate"),
+                Number(DESC, "txtAMI_AmineFeedAminePct",
+                       "lean amine feed amine content (% wt):", "Lean Amine feed amine content", "Amine_Feed_AminePct"),
+                Number(DESC, "txtAMI_AmineFeedH2SPct",
+                       "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content", "Amine_Feed_H2SPct"),
+                Number(DESC, "txtAMI_AmineFeedCO2Pct",
+                       "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content", "Amine_Feed_CO2Pct"),
+            });
 }
 
 // Fields on no page, neither loaded nor saved.
@@ -162,11 +187,18 @@ void AddUnseenFields(SheetSpec& sheet) {
   const struct {
     const char* control;
     const char* gas;
-  } kUnseen[] = {{"H2S", "H2S"}, {"Methane", "Methane"}, {"Ethane", "Ethane"},
-                 {"C3HC", "C3 Hydrocarbon"}, {"C4HC", "C4 Hydrocarbon"}, {"C5HC", "C5 Hydrocarbon"},
-                 {"C6HC", "C6 Hydrocarbon"}, {"C7HC", "C7 Hydrocarbon"}, {"C8plusHC", "C8+ Hydrocarbon"}};
+  } kUnseen[] = {{"H2S", "H2S"},
+                 {"Methane", "Methane"},
+                 {"Ethane", "Ethane"},
+                 {"C3HC", "C3 Hydrocarbon"},
+                 {"C4HC", "C4 Hydrocarbon"},
+                 {"C5HC", "C5 Hydrocarbon"},
+                 {"C6HC", "C6 Hydrocarbon"},
+                 {"C7HC", "C7 Hydrocarbon"},
+                 {"C8plusHC", "C8+ Hydrocarbon"}};
   for (const auto& unseen : kUnseen) {
-    FieldSpec field = Number(DESC, std::string("xtAMI_Emitted") + unseen.control, "", std::string(unseen.gas) + " % Emitted", "");
+    FieldSpec field =
+        Number(DESC, std::string("xtAMI_Emitted") + unseen.control, "", std::string(unseen.gas) + " % Emitted", "");
     field.stored = Stored::kNone;
     field.page = kOffPage;
     sheet.fields.push_back(field);
@@ -174,9 +206,19 @@ void AddUnseenFields(SheetSpec& sheet) {
 }
 
 constexpr const char* kModelFields[] = {
-    "txtAMI_SourPress", "txtAMI_SourTemp", "txtAMI_FlashTemp", "txtAMI_FlashPress", "txtAMI_Nbr",
-    "txtAMI_AmineFeedPress", "txtAMI_AmineFeedTemp", "txtAMI_AmineFeedFlowRate", "txtAMI_AmineFeedAminePct",
-    "txtAMI_AmineFeedH2SPct", "txtAMI_AmineFeedCO2Pct", "cmbAMI_AmineType", kFlashTank,
+    "txtAMI_SourPress",
+    "txtAMI_SourTemp",
+    "txtAMI_FlashTemp",
+    "txtAMI_FlashPress",
+    "txtAMI_Nbr",
+    "txtAMI_AmineFeedPress",
+    "txtAMI_AmineFeedTemp",
+    "txtAMI_AmineFeedFlowRate",
+    "txtAMI_AmineFeedAminePct",
+    "txtAMI_AmineFeedH2SPct",
+    "txtAMI_AmineFeedCO2Pct",
+    "cmbAMI_AmineType",
+    kFlashTank,
     "cmbAmi_Disposition",
 };
 
@@ -192,31 +234,50 @@ void Connect(Session& s, Form& form) {
 
 void AddVentilationAndControl(SheetSpec& sheet) {
   using Empties = Enabling::Empties;
-  AddRouting(sheet, {.letters = "AMI", .page = 2, .to_system = true, .destination_caption = "Emission Destination",
-                     .temperature_control = "txtAMI_ExhaustOutletT", .temperature_column = "EXH_OUT_TEMP",
-                     .note_label = "lblAMI_VentedToIDNote", .note = "(selected from current structure)", .mode = DESC});
+  AddRouting(sheet, {.letters = "AMI",
+                     .page = 2,
+                     .to_system = true,
+                     .destination_caption = "Emission Destination",
+                     .temperature_control = "txtAMI_ExhaustOutletT",
+                     .temperature_column = "EXH_OUT_TEMP",
+                     .note_label = "lblAMI_VentedToIDNote",
+                     .note = "(selected from current structure)",
+                     .mode = DESC});
   sheet.keeps_sent_to_for = kSystem;
-  sheet.Add({{.mode = DESC, .lists = {kDestination}, .when = ReadsNone(kDestination, {kSystem}),
-              .fields = {"cmbAMI_VentedToID", "txtAMI_ExhaustOutletHgt", "txtAMI_ExhaustOutletInnerDiam", "txtAMI_ExhaustOutletExitVel",
-                         "txtAMI_ExhaustOutletT", "txtAMI_ExhaustOutletAngle", "txtAMI_FlareFeedRate", "txtAMI_FlareCombustionT",
-                         "txtAMI_FlareEfficiency"},
-              .empties = Empties::kAlways, .only_off = true}});
-  AddControlTechnology(sheet, {.letters = "AMI", .page = 3,
-                               .items = {{"None", "NONE"}, {kCondenser, "VR/C"}, {kRecovery, "SR"}, {kBothTechnologies, "SRVC"}},
-                               .with_condenser = {kCondenser, kBothTechnologies}, .empties = Empties::kAlways, .mode = DESC});
-  sheet.Add(3, "Control technology", {
-      Number(DESC, "txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency", "SRU_RECOVERY_EFFIC"),
-  });
-  sheet.Add({{.mode = DESC, .lists = {kTechnology}, .when = Reads(kTechnology, {kRecovery, kBothTechnologies}),
-              .fields = {"txtAMI_SRURecoveryEff"}, .empties = Empties::kAlways}});
+  sheet.Add({{.mode = DESC,
+              .lists = {kDestination},
+              .when = ReadsNone(kDestination, {kSystem}),
+              .fields = {"cmbAMI_VentedToID", "txtAMI_ExhaustOutletHgt", "txtAMI_ExhaustOutletInnerDiam",
+                         "txtAMI_ExhaustOutletExitVel", "txtAMI_ExhaustOutletT", "txtAMI_ExhaustOutletAngle",
+                         "txtAMI_FlareFeedRate", "txtAMI_FlareCombustionT", "txtAMI_FlareEfficiency"},
+              .empties = Empties::kAlways,
+              .only_off = true}});
+  AddControlTechnology(
+      sheet, {.letters = "AMI",
+              .page = 3,
+              .items = {{"None", "NONE"}, {kCondenser, "VR/C"}, {kRecovery, "SR"}, {kBothTechnologies, "SRVC"}},
+              .with_condenser = {kCondenser, kBothTechnologies},
+              .empties = Empties::kAlways,
+              .mode = DESC});
+  sheet.Add(3, "Control technology",
+            {
+                Number(DESC, "txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency",
+                       "SRU_RECOVERY_EFFIC"),
+            });
+  sheet.Add({{.mode = DESC,
+              .lists = {kTechnology},
+              .when = Reads(kTechnology, {kRecovery, kBothTechnologies}),
+              .fields = {"txtAMI_SRURecoveryEff"},
+              .empties = Empties::kAlways}});
   ApplyTogether(sheet, {kDestination, kTechnology});
 }
 
 std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
       {1, ACTV, kThroughput, RequiredRange(0, 15500)},
-      {2, ACTV, kThroughput, When("the field is filled and the structure's month is found",
-                             Own("WithinStructureTotal", kOverThroughput, {}, CheckThroughputOfStructure))},
+      {2, ACTV, kThroughput,
+       When("the field is filled and the structure's month is found",
+            Own("WithinStructureTotal", kOverThroughput, {}, CheckThroughputOfStructure))},
       {3, ACTV, kHours, RequiredRange(0, 744)},
       {4, ACTV, kHours, ZeroHours()},
   };
@@ -287,8 +348,11 @@ SheetSpec Amine() {
   AddUnseenFields(sheet);
   AddVentilationAndControl(sheet);
   sheet.connect = Connect;
-  sheet.rules = {{"CheckAMIFields", FieldRules()}, {"CheckAMIModelInputs", ModelInputRules()}, {"CheckAMIVentilation", VentilationRules()}};
-  AddOtherControl(sheet, {.letters = "AMI", .page = 3, .efficiency_tag = " Efficiency", .first_order = 46, .marks_passes = true});
+  sheet.rules = {{"CheckAMIFields", FieldRules()},
+                 {"CheckAMIModelInputs", ModelInputRules()},
+                 {"CheckAMIVentilation", VentilationRules()}};
+  AddOtherControl(
+      sheet, {.letters = "AMI", .page = 3, .efficiency_tag = " Efficiency", .first_order = 46, .marks_passes = true});
   return sheet;
 }
 

@@ -13,14 +13,18 @@ constexpr const char* kFuel = "cmbBOI_FuelType";
 constexpr const char* kTotalGas = "txtBOI_TotalFuelUsed";
 
 const std::vector<std::string> kOilFuels = {"Diesel", "Waste Oil"};
-const std::vector<std::string> kGasSet = {"txtBOI_FuelH2SContent", "txtBOI_FuelHeatingValue", "txtBOI_MaxRatedFuelUsage",
-                                          "txtBOI_FuelUsageRate"};
+const std::vector<std::string> kGasSet = {"txtBOI_FuelH2SContent", "txtBOI_FuelHeatingValue",
+                                          "txtBOI_MaxRatedFuelUsage", "txtBOI_FuelUsageRate"};
 const std::vector<std::string> kOilSet = {"txtBOI_FuelH2SContentOil", "txtBOI_FuelHeatingValueOil",
                                           "txtBOI_MaxRatedFuelUsageOil"};
 const std::vector<std::string> kMonthlyOilSet = {"txtBOI_FuelUsageRateOil", "txtBOI_TotalFuelUsedOil"};
 
-Condition OilFuel() { return Reads(kFuel, kOilFuels); }
-Condition GasFuel() { return ReadsNone(kFuel, kOilFuels); }
+Condition OilFuel() {
+  return Reads(kFuel, kOilFuels);
+}
+Condition GasFuel() {
+  return ReadsNone(kFuel, kOilFuels);
+}
 
 // What the structure's month counts the fuel in; gas fuels other than natural gas have none.
 CheckSpec WithinFuelTotal() {
@@ -35,35 +39,55 @@ FieldSpec While(const Condition& fuel, FieldSpec field) {
 }
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Fuel", {
-      Coded(DESC, kFuel, "Fuel Type:", "Fuel Type", "FUEL_TYP",
-            {{"Natural Gas", "NG"}, {"Process Gas", "PG"}, {"Waste Gas", "WG"}, {"Waste Oil", "WO"}, {"Diesel", "D"}}),
-  });
-  sheet.Add(1, "Emission controls", {
-      Coded(DESC, "cmbBOI_EmissionControls", "Emission Controls:", "Emissions Controls", "EMIS_CTRL",
-            {{"None", "N"}, {"Low NOx Burner", "L"}, {"Flu Gas Recirc", "F"}}),
-  });
-  sheet.Add(0, "Heat input", {
-      Number(DESC, "txtBOI_MaxRatedHeatInputRate", "Max Rated Heat Input (MMBtu/hr):", "Max Rated Heat Input", "MAX_RATED_HI_RATE"),
-      Number(DESC, "txtBOI_HeatInputRate", "Average Heat Input (MMBtu/hr):", "Average Heat Input", "HEAT_INPUT_RATE"),
-  });
-  sheet.Add(0, "Gas fuel", {
-      Number(DESC, "txtBOI_MaxRatedFuelUsage", "Max Rated Fuel Usage (scf/hr):", "Max Rated Fuel Usage", "MAX_RATED_FUEL_USE"),
-      Number(DESC, "txtBOI_FuelUsageRate", "Average Fuel Usage (scf/hr):", "Average Fuel Usage", "FUEL_USE_RATE"),
-      Number(DESC, "txtBOI_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value", "FUEL_HEAT_VAL"),
-      Number(DESC, "txtBOI_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
-  });
-  sheet.Add(0, "Oil fuel", {
-      Number(DESC, "txtBOI_MaxRatedFuelUsageOil", "Max Rated Fuel Usage (lb/hr):", "Max Rated Fuel Usage", "MAX_RATED_FUEL_USE_OIL"),
-      Number(DESC, "txtBOI_FuelHeatingValueOil", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value", "FUEL_HEAT_VAL_OIL"),
-      Number(DESC, "txtBOI_FuelH2SContentOil", "Fuel Sulfur Content (% by mass):", "Fuel H2S Content", "FUEL_H2S_CONTENT_OIL"),
-  });
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtBOI_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-      While(GasFuel(), Number(ACTV, kTotalGas, "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE")),
-      While(OilFuel(), Number(ACTV, "txtBOI_FuelUsageRateOil", "Average Fuel Usage Oil (lb/hr):", "Average Fuel Usage", "FUEL_USE_RATE_OIL")),
-      While(OilFuel(), Number(ACTV, "txtBOI_TotalFuelUsedOil", "Total Fuel Used Oil (lb):", "Total Fuel Used", "TOT_FUEL_USE_OIL")),
-  });
+  sheet.Add(0, "Fuel",
+            {
+                Coded(DESC, kFuel, "Fuel Type:", "Fuel Type", "FUEL_TYP",
+                      {{"Natural Gas", "NG"},
+                       {"Process Gas", "PG"},
+                       {"Waste Gas", "WG"},
+                       {"Waste Oil", "WO"},
+                       {"Diesel", "D"}}),
+            });
+  sheet.Add(1, "Emission controls",
+            {
+                Coded(DESC, "cmbBOI_EmissionControls", "Emission Controls:", "Emissions Controls", "EMIS_CTRL",
+                      {{"None", "N"}, {"Low NOx Burner", "L"}, {"Flu Gas Recirc", "F"}}),
+            });
+  sheet.Add(0, "Heat input",
+            {
+                Number(DESC, "txtBOI_MaxRatedHeatInputRate", "Max Rated Heat Input (MMBtu/hr):", "Max Rated Heat Input",
+                       "MAX_RATED_HI_RATE"),
+                Number(DESC, "txtBOI_HeatInputRate", "Average Heat Input (MMBtu/hr):", "Average Heat Input",
+                       "HEAT_INPUT_RATE"),
+            });
+  sheet.Add(
+      0, "Gas fuel",
+      {
+          Number(DESC, "txtBOI_MaxRatedFuelUsage", "Max Rated Fuel Usage (scf/hr):", "Max Rated Fuel Usage",
+                 "MAX_RATED_FUEL_USE"),
+          Number(DESC, "txtBOI_FuelUsageRate", "Average Fuel Usage (scf/hr):", "Average Fuel Usage", "FUEL_USE_RATE"),
+          Number(DESC, "txtBOI_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
+                 "FUEL_HEAT_VAL"),
+          Number(DESC, "txtBOI_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
+      });
+  sheet.Add(0, "Oil fuel",
+            {
+                Number(DESC, "txtBOI_MaxRatedFuelUsageOil", "Max Rated Fuel Usage (lb/hr):", "Max Rated Fuel Usage",
+                       "MAX_RATED_FUEL_USE_OIL"),
+                Number(DESC, "txtBOI_FuelHeatingValueOil", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value",
+                       "FUEL_HEAT_VAL_OIL"),
+                Number(DESC, "txtBOI_FuelH2SContentOil", "Fuel Sulfur Content (% by mass):", "Fuel H2S Content",
+                       "FUEL_H2S_CONTENT_OIL"),
+            });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtBOI_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+                While(GasFuel(), Number(ACTV, kTotalGas, "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE")),
+                While(OilFuel(), Number(ACTV, "txtBOI_FuelUsageRateOil",
+                                        "Average Fuel Usage Oil (lb/hr):", "Average Fuel Usage", "FUEL_USE_RATE_OIL")),
+                While(OilFuel(), Number(ACTV, "txtBOI_TotalFuelUsedOil", "Total Fuel Used Oil (lb):", "Total Fuel Used",
+                                        "TOT_FUEL_USE_OIL")),
+            });
 }
 
 void AddEnablings(SheetSpec& sheet) {
@@ -74,7 +98,12 @@ void AddEnablings(SheetSpec& sheet) {
       {.at = At::kUnlock, .mode = ACTV, .when = GasFuel(), .fields = {kTotalGas}, .does = Does::kEnableAndLock},
       {.at = At::kClick, .mode = DESC, .lists = {kFuel}, .when = GasFuel(), .fields = kGasSet},
       {.at = At::kClick, .mode = DESC, .lists = {kFuel}, .when = OilFuel(), .fields = kOilSet},
-      {.at = At::kClick, .mode = DESC, .lists = {kFuel}, .when = OilFuel(), .fields = kMonthlyOilSet, .keeps_colour = true},
+      {.at = At::kClick,
+       .mode = DESC,
+       .lists = {kFuel},
+       .when = OilFuel(),
+       .fields = kMonthlyOilSet,
+       .keeps_colour = true},
       {.at = At::kClick, .mode = ACTV, .lists = {kFuel}, .when = GasFuel(), .fields = {kTotalGas}},
       // in activity mode a gas fuel turns the oil fields off, and an oil fuel turns nothing on
       {.at = At::kClick, .mode = ACTV, .lists = {kFuel}, .when = OilFuel(), .fields = kMonthlyOilSet, .only_off = true},
@@ -124,13 +153,20 @@ SheetSpec Boiler() {
   AddFields(sheet);
   AddEnablings(sheet);
 
-  const Exhaust exhaust{.letters = "BOI", .page = 1, .temperature_control = "txtBOI_ExhaustOutletT", .height = {-30, 100},
-                        .diameter = {2, 42}, .velocity = {0, 1100}, .temperature = {300, 1100}};
+  const Exhaust exhaust{.letters = "BOI",
+                        .page = 1,
+                        .temperature_control = "txtBOI_ExhaustOutletT",
+                        .height = {-30, 100},
+                        .diameter = {2, 42},
+                        .velocity = {0, 1100},
+                        .temperature = {300, 1100}};
   AddExhaust(sheet, exhaust);
   std::vector<Rule> exhaust_rules = ExhaustRules(exhaust);
   exhaust_rules.push_back({6, DESC, "cmbBOI_EmissionControls", RequiredMarked()});
   sheet.rules = {{"CheckBOIFields", FieldRules()}, {"CheckBOIExhaust", exhaust_rules}};
-  AddOtherControl(sheet, {.letters = "BOI", .page = 2, .device_tag = "Other Control Device",
+  AddOtherControl(sheet, {.letters = "BOI",
+                          .page = 2,
+                          .device_tag = "Other Control Device",
                           .description_tag = "Other Control Device Descrip.",
                           .description_label = "lblBOI_OtherConstrolDesc"});
   return sheet;

@@ -10,8 +10,12 @@ constexpr In DESC = In::kDesc;
 constexpr const char* kFuel = "cmbDIE_FuelType";
 constexpr const char* kTotal = "txtDIE_TotalFuelUsed";
 
-Condition Gasoline() { return Reads(kFuel, {"Gasoline"}); }
-Condition OtherFuel() { return ReadsNone(kFuel, {"Gasoline"}); }
+Condition Gasoline() {
+  return Reads(kFuel, {"Gasoline"});
+}
+Condition OtherFuel() {
+  return ReadsNone(kFuel, {"Gasoline"});
+}
 
 // What the structure's month counts the fuel in; waste oil has none.
 CheckSpec WithinFuelTotal() {
@@ -20,21 +24,29 @@ CheckSpec WithinFuelTotal() {
 }
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtDIE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-      Number(ACTV, kTotal, "Total Fuel Used (gal):", "Total Fuel Used", "TOT_FUEL_USE"),
-  });
-  sheet.Add(0, "Engine", {
-      Coded(DESC, kFuel, "", "Fuel Type", "FUEL_TYP", {{"Diesel", "D"}, {"Gasoline", "G"}, {"Waste Oil/Solvent", "W"}}),
-      Number(DESC, "txtDIE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
-      Number(DESC, "txtDIE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP"),
-  });
-  sheet.Add(0, "Fuel", {
-      Number(DESC, "txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage", "MAX_RATED_FUEL_USE"),
-      Number(DESC, "txtDIE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage", "FUEL_USE_RATE"),
-      Number(DESC, "txtDIE_FuelHeatingValue", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value", "FUEL_HEAT_VAL"),
-      Number(DESC, "txtDIE_FuelSulfurContent", "Fuel Sulfur Content (% by mass):", "Fuel Sulfur Content", "FUEL_SULFUR_CONTENT"),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtDIE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+                Number(ACTV, kTotal, "Total Fuel Used (gal):", "Total Fuel Used", "TOT_FUEL_USE"),
+            });
+  sheet.Add(0, "Engine",
+            {
+                Coded(DESC, kFuel, "", "Fuel Type", "FUEL_TYP",
+                      {{"Diesel", "D"}, {"Gasoline", "G"}, {"Waste Oil/Solvent", "W"}}),
+                Number(DESC, "txtDIE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
+                Number(DESC, "txtDIE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP"),
+            });
+  sheet.Add(0, "Fuel",
+            {
+                Number(DESC, "txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage",
+                       "MAX_RATED_FUEL_USE"),
+                Number(DESC, "txtDIE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage",
+                       "FUEL_USE_RATE"),
+                Number(DESC, "txtDIE_FuelHeatingValue", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value",
+                       "FUEL_HEAT_VAL"),
+                Number(DESC, "txtDIE_FuelSulfurContent", "Fuel Sulfur Content (% by mass):", "Fuel Sulfur Content",
+                       "FUEL_SULFUR_CONTENT"),
+            });
 }
 
 std::vector<Rule> FieldRules() {
@@ -53,7 +65,8 @@ std::vector<Rule> FieldRules() {
       {7, DESC, "txtDIE_FuelSulfurContent", RequiredRange(0, 5)},
       {8, DESC, "txtDIE_MaxRatedFuelUsage", RequiredRange(0, 20000)},
       {9, DESC, "txtDIE_OperatingHP", NotOver("txtDIE_MaxHP", "Operating Horsepower exceeds Max Rated Horsepower")},
-      {10, DESC, "txtDIE_FuelUsageRate", NotOver("txtDIE_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
+      {10, DESC, "txtDIE_FuelUsageRate",
+       NotOver("txtDIE_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
       {11, ACTV, "txtDIE_HrsOperated", RequiredRange(0, 744)},
       {12, ACTV, kTotal, RequiredRange(0, 10000), Gasoline(), kStays},
       {12, ACTV, kTotal, RequiredRange(0, 350000), OtherFuel(), kStays},
@@ -76,8 +89,12 @@ SheetSpec Engine() {
   sheet.focus_desc = "txtDIE_OperatingHP";
   sheet.month_row_first = true;
   AddFields(sheet);
-  const Exhaust exhaust{.letters = "DIE", .temperature_control = "txtDIE_ExhaustOutletExitT", .height = {-30, 300},
-                        .diameter = {1, 48}, .velocity = {0, 1100}, .temperature = {300, 1100}};
+  const Exhaust exhaust{.letters = "DIE",
+                        .temperature_control = "txtDIE_ExhaustOutletExitT",
+                        .height = {-30, 300},
+                        .diameter = {1, 48},
+                        .velocity = {0, 1100},
+                        .temperature = {300, 1100}};
   AddExhaust(sheet, exhaust);
   sheet.rules = {{"CheckDIEFields", FieldRules()}, {"CheckDIEExhaust", ExhaustRules(exhaust)}};
   AddOtherControl(sheet, {.letters = "DIE", .page = 2});

@@ -47,7 +47,9 @@ constexpr Count kCounts[] = {
 
 constexpr std::size_t kFirstSeal = 5, kBehindSeals = 9;  // of compressors
 
-std::string TextBox(const Count& count) { return std::string("txtFUG_") + count.field; }
+std::string TextBox(const Count& count) {
+  return std::string("txtFUG_") + count.field;
+}
 
 // The size that the facility claims against the number of its components.
 bool DoesNotMatch(const std::string& size, float total) {
@@ -76,25 +78,38 @@ CheckSpec SizeMatches() {
 }
 
 void AddFields(SheetSpec& sheet) {
-  FieldSpec inspected = OpenItemText(DESC, kInspected, "Is active Leak Detection and Repair (LDAR) program in place?", "LDAR Program",
-                                 "IS_LDAR_IN_PLACE", {"Yes", "No"});
+  FieldSpec inspected = OpenItemText(DESC, kInspected, "Is active Leak Detection and Repair (LDAR) program in place?",
+                                     "LDAR Program", "IS_LDAR_IN_PLACE", {"Yes", "No"});
   inspected.label = "lblFUG_IsLDAPInPlace";
-  sheet.Add(0, "Stream", {
-      Coded(DESC, "cmbFUG_StreamType", "Stream Type:", "Stream Type", "STREAM_TYP",
-            {{"Light Oil (>=20 APIG)", "LO"}, {"Heavy Oil (<20 APIG)", "HO"}, {"Oil/Water/Gas", "OG"}, {"Oil/Water", "OW"}, {"Gas", "GA"}, {"NGL", "NG"}}),
-      Coded(DESC, kSize, "Facility Size:", "Facility Size", "FACIL_SIZE", {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}}),
-      Number(DESC, "txtFUG_WeightPercentVOC", "Avg. VOC Weight Percent of Fugitives:", "VOC Weight %", "WGT_PER_VOC"),
-      Number(DESC, "txtFUG_EquipElev", "Avg Equipment Elev. (ft above msl):", "Equipment Elevation", "EQUIP_ELEV"),
-      OpenItemText(DESC, "cmbFUG_CountType", "Actual or Default Counts?", "Count Type", "COUNT_TYPE", {"Actual", "Default"}),
-  });
-  sheet.Add(0, "Inspection", {
-      inspected,
-      Number(DESC, kMonths, "Number of months between inspections", "Months Between Inspections", "NBR_MONTHS_BETWEEN_INSPECTIONS"),
-      OpenItemText(DESC, kMethod, "Method of inspection", "Method of Inspection", "INSPECTION_METHOD",
-               {"Optical Instrument", "Vapor Analyzer", "Visual Inspection"}),
-  });
+  sheet.Add(
+      0, "Stream",
+      {
+          Coded(DESC, "cmbFUG_StreamType", "Stream Type:", "Stream Type", "STREAM_TYP",
+                {{"Light Oil (>=20 APIG)", "LO"},
+                 {"Heavy Oil (<20 APIG)", "HO"},
+                 {"Oil/Water/Gas", "OG"},
+                 {"Oil/Water", "OW"},
+                 {"Gas", "GA"},
+                 {"NGL", "NG"}}),
+          Coded(DESC, kSize, "Facility Size:", "Facility Size", "FACIL_SIZE",
+                {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}}),
+          Number(DESC, "txtFUG_WeightPercentVOC", "Avg. VOC Weight Percent of Fugitives:", "VOC Weight %",
+                 "WGT_PER_VOC"),
+          Number(DESC, "txtFUG_EquipElev", "Avg Equipment Elev. (ft above msl):", "Equipment Elevation", "EQUIP_ELEV"),
+          OpenItemText(DESC, "cmbFUG_CountType", "Actual or Default Counts?", "Count Type", "COUNT_TYPE",
+                       {"Actual", "Default"}),
+      });
+  sheet.Add(0, "Inspection",
+            {
+                inspected,
+                Number(DESC, kMonths, "Number of months between inspections", "Months Between Inspections",
+                       "NBR_MONTHS_BETWEEN_INSPECTIONS"),
+                OpenItemText(DESC, kMethod, "Method of inspection", "Method of Inspection", "INSPECTION_METHOD",
+                             {"Optical Instrument", "Vapor Analyzer", "Visual Inspection"}),
+            });
   std::vector<FieldSpec> counts;
-  for (const Count& count : kCounts) counts.push_back(Number(DESC, TextBox(count), count.caption, count.tag, count.column));
+  for (const Count& count : kCounts)
+    counts.push_back(Number(DESC, TextBox(count), count.caption, count.tag, count.column));
   sheet.Add(0, "Equipment Inventory (number of components)", counts);
 }
 
@@ -141,8 +156,12 @@ SheetSpec Fugitives() {
   AddFields(sheet);
   AddUnseenFields(sheet);
   // a load that selects an item applies this too, before it comes to the two fields
-  sheet.Add({{.lists = {kInspected}, .when = Reads(kInspected, {"Yes"}), .fields = {kMonths, kMethod},
-              .does = Enabling::Does::kLock, .empties = Enabling::Empties::kAlways, .in_view_too = true}});
+  sheet.Add({{.lists = {kInspected},
+              .when = Reads(kInspected, {"Yes"}),
+              .fields = {kMonths, kMethod},
+              .does = Enabling::Does::kLock,
+              .empties = Enabling::Empties::kAlways,
+              .in_view_too = true}});
   sheet.rules = {{"CheckFUGFields", FieldRules()}};
   return sheet;
 }

@@ -16,31 +16,44 @@ constexpr const char* kTechnology = "cmbGLY_ControlTechnology";
 constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
-  });
-  sheet.Add(0, "Wet gas", {
-      Number(DESC, "txtGLY_WetGasT", "Wet Gas Temperature (°F):", "Wet Gas Temperature", "WET_GAS_TEMP"),
-      Number(DESC, "txtGLY_WetGasP", "Wet Gas Pressure (psig):", "Wet Gas Pressure", "WET_GAS_PRES"),
-  });
-  sheet.Add(0, "Flash tank", {
-      YesNo(DESC, kFlashTank, "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG"),
-      Number(DESC, "txtGLY_FlashTankT", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "FLASH_TANK_TEMP"),
-      Number(DESC, "txtGLY_FlashTankP", "Flash Tank Pressure (psig):", "Flash Tank Pressure", "FLASH_TANK_PRES"),
-      Coded(DESC, "cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
-            {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}),
-  });
-  sheet.Add(0, "Stripping gas", {
-      Coded(DESC, kStripping, "Uses stripping gas?", "Uses stripping gas?", "STRIPPING_GAS",
-            {{"None", "NO"}, {"Dry Gas", "DG"}, {"Flash Gas", "FG"}, {"Nitrogen", "NI"}}),
-      Number(DESC, "txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate (scf/min):", "Stripping Gas Flowrate", "STRIPPING_GAS_FLOWRATE"),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
+            });
+  sheet.Add(0, "Wet gas",
+            {
+                Number(DESC, "txtGLY_WetGasT", "Wet Gas Temperature (°F):", "Wet Gas Temperature", "WET_GAS_TEMP"),
+                Number(DESC, "txtGLY_WetGasP", "Wet Gas Pressure (psig):", "Wet Gas Pressure", "WET_GAS_PRES"),
+            });
+  sheet.Add(
+      0, "Flash tank",
+      {
+          YesNo(DESC, kFlashTank, "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG"),
+          Number(DESC, "txtGLY_FlashTankT", "Flash Tank Temperature (°F):", "Flash Tank Temperature",
+                 "FLASH_TANK_TEMP"),
+          Number(DESC, "txtGLY_FlashTankP", "Flash Tank Pressure (psig):", "Flash Tank Pressure", "FLASH_TANK_PRES"),
+          Coded(DESC, "cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
+                {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}),
+      });
+  sheet.Add(0, "Stripping gas",
+            {
+                Coded(DESC, kStripping, "Uses stripping gas?", "Uses stripping gas?", "STRIPPING_GAS",
+                      {{"None", "NO"}, {"Dry Gas", "DG"}, {"Flash Gas", "FG"}, {"Nitrogen", "NI"}}),
+                Number(DESC, "txtGLY_StrippingGasFlowRate",
+                       "Stripping Gas Flowrate (scf/min):", "Stripping Gas Flowrate", "STRIPPING_GAS_FLOWRATE"),
+            });
   using Does = Enabling::Does;
   sheet.Add({
-      {.mode = DESC, .lists = {kFlashTank}, .when = Reads(kFlashTank, {"Yes"}),
-       .fields = {std::begin(kFlashTankFields), std::end(kFlashTankFields)}, .does = Does::kLock},
-      {.mode = DESC, .lists = {kStripping}, .when = Reads(kStripping, {"Nitrogen", "Flash Gas", "Dry Gas"}),
-       .fields = {"txtGLY_StrippingGasFlowRate"}, .does = Does::kLock},
+      {.mode = DESC,
+       .lists = {kFlashTank},
+       .when = Reads(kFlashTank, {"Yes"}),
+       .fields = {std::begin(kFlashTankFields), std::end(kFlashTankFields)},
+       .does = Does::kLock},
+      {.mode = DESC,
+       .lists = {kStripping},
+       .when = Reads(kStripping, {"Nitrogen", "Flash Gas", "Dry Gas"}),
+       .fields = {"txtGLY_StrippingGasFlowRate"},
+       .does = Does::kLock},
   });
 }
 
@@ -56,7 +69,8 @@ void LockFlashTank(Session&, Form& form) {
 std::vector<Rule> FieldRules() {
   return {
       {1, DESC, "cmbGLY_Disposition", Required(Marks::kEither)},
-      {2, ACTV, kThroughput, RequiredRangeWithinTotal(0, 15500, Total::kThroughputGas, "Value exceeds N.G. throughput for structure")},
+      {2, ACTV, kThroughput,
+       RequiredRangeWithinTotal(0, 15500, Total::kThroughputGas, "Value exceeds N.G. throughput for structure")},
       {3, DESC, "txtGLY_WetGasT", RequiredRange(32, 200)},
       {4, DESC, "txtGLY_WetGasP", RequiredRange(1, 5000)},
       {5, DESC, kFlashTank, Required(Marks::kEither)},
@@ -102,10 +116,13 @@ SheetSpec Glycol() {
   AddFields(sheet);
   AddRouting(sheet, {.letters = "GLY",
                      .flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}});
-  AddControlTechnology(sheet, {.letters = "GLY", .page = 2, .items = {{kCondenser, "VR/C"}, {"None", "NONE"}},
-                               .with_condenser = {kCondenser}});
+  AddControlTechnology(
+      sheet,
+      {.letters = "GLY", .page = 2, .items = {{kCondenser, "VR/C"}, {"None", "NONE"}}, .with_condenser = {kCondenser}});
   sheet.rules = {{"CheckGLYFields", FieldRules()}, {"CheckGLYVentilation", VentilationRules()}};
-  AddOtherControl(sheet, {.letters = "GLY", .page = 2, .description_tag = "Other Control Equipment Descript.", .marks_passes = true});
+  AddOtherControl(
+      sheet,
+      {.letters = "GLY", .page = 2, .description_tag = "Other Control Equipment Descript.", .marks_passes = true});
   ApplyTogether(sheet, {kDestination, kTechnology, "cmbGLY_OtherControlDevice"});
   return sheet;
 }

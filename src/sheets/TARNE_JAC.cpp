@@ -19,28 +19,38 @@ SheetSpec Drilling() {
   sheet.pages = {"General Information", "Exhaust System", "Control Equipment", "QC Results"};
   sheet.focus_actv = "txtJAC_HrsOperated";
 
-  FieldSpec rig = Text(ACTV, "txtJAC_DrillingEquipment", "Mobile Platform Drilling Rig Name:", "Drilling Equipment", "DRILLING_EQUIPMENT");
+  FieldSpec rig = Text(ACTV, "txtJAC_DrillingEquipment", "Mobile Platform Drilling Rig Name:", "Drilling Equipment",
+                       "DRILLING_EQUIPMENT");
   rig.note_label = "lblJAC_DrillingRigIfApplicable";
   rig.note = "(if applicable)";
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtJAC_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-      Number(ACTV, "txtJAC_DieselUsage", "Total Diesel Fuel Usage (gal):", "Total Diesel Fuel Usage", "DIESEL_USE"),
-      Number(ACTV, "txtJAC_GasolineUsage", "Total Gasoline Fuel Usage (gal):", "Total Gasoline Fuel Usage", "GASOLINE_USE"),
-      Number(ACTV, "txtJAC_NGUsage", "Total Natural Gas Usage (Mscf):", "Total Natural Gas Usage", "NG_USE"),
-      rig,
-  });
-  const Exhaust exhaust{.letters = "JAC", .temperature_control = "txtJAC_ExhaustOutletExitT", .height = {-30, 100},
-                        .diameter = {2, 42}, .velocity = {0, 350}, .temperature = {300, 1100}};
+  sheet.Add(
+      0, "Monthly activity",
+      {
+          Number(ACTV, "txtJAC_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+          Number(ACTV, "txtJAC_DieselUsage", "Total Diesel Fuel Usage (gal):", "Total Diesel Fuel Usage", "DIESEL_USE"),
+          Number(ACTV, "txtJAC_GasolineUsage", "Total Gasoline Fuel Usage (gal):", "Total Gasoline Fuel Usage",
+                 "GASOLINE_USE"),
+          Number(ACTV, "txtJAC_NGUsage", "Total Natural Gas Usage (Mscf):", "Total Natural Gas Usage", "NG_USE"),
+          rig,
+      });
+  const Exhaust exhaust{.letters = "JAC",
+                        .temperature_control = "txtJAC_ExhaustOutletExitT",
+                        .height = {-30, 100},
+                        .diameter = {2, 42},
+                        .velocity = {0, 350},
+                        .temperature = {300, 1100}};
   AddExhaust(sheet, exhaust);
-  sheet.rules = {{"CheckJACFields", {
-      {1, ACTV, "txtJAC_HrsOperated", RequiredRange(0, 744)},
-      {2, ACTV, "txtJAC_DieselUsage", RequiredMarked()},
-      {3, ACTV, "txtJAC_GasolineUsage", RequiredMarked()},
-      {4, ACTV, "txtJAC_NGUsage", RequiredMarked()},
-      {5, ACTV, "txtJAC_DieselUsage", WithinStructureTotal(kOver, Total::kFuelDiesel)},
-      {6, ACTV, "txtJAC_GasolineUsage", WithinStructureTotal(kOver, Total::kFuelGasoline)},
-      {7, ACTV, "txtJAC_NGUsage", WithinStructureTotal(kOver, Total::kFuelGas)},
-  }}, {"CheckJACExhaust", ExhaustRules(exhaust)}};
+  sheet.rules = {{"CheckJACFields",
+                  {
+                      {1, ACTV, "txtJAC_HrsOperated", RequiredRange(0, 744)},
+                      {2, ACTV, "txtJAC_DieselUsage", RequiredMarked()},
+                      {3, ACTV, "txtJAC_GasolineUsage", RequiredMarked()},
+                      {4, ACTV, "txtJAC_NGUsage", RequiredMarked()},
+                      {5, ACTV, "txtJAC_DieselUsage", WithinStructureTotal(kOver, Total::kFuelDiesel)},
+                      {6, ACTV, "txtJAC_GasolineUsage", WithinStructureTotal(kOver, Total::kFuelGasoline)},
+                      {7, ACTV, "txtJAC_NGUsage", WithinStructureTotal(kOver, Total::kFuelGas)},
+                  }},
+                 {"CheckJACExhaust", ExhaustRules(exhaust)}};
   AddOtherControl(sheet, {.letters = "JAC", .page = 2, .description_tag = "Other Control Equipment Descript."});
   return sheet;
 }

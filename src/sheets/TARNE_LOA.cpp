@@ -13,30 +13,43 @@ constexpr const char* kTechnology = "cmbLOA_ControlTechnology";
 constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtLOA_VolLoaded", "Volume Loaded (bbl):", "Volume Loaded", "VOL_LOADED"),
-      Number(ACTV, "txtLOA_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temperature", "TANK_BULK_LIQ_TEMP"),
-  });
-  sheet.Add(0, "Loading", {
-      Number(DESC, "txtLOA_EquipElev", "Average Elevation (ft above msl):", "Average Elevation", "EQUIP_ELEV"),
-      Coded(DESC, "cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color", "TANK_PAINT_COLOR",
-            {{"Aluminum/Specular", "AS"}, {"Aluminum/Diffuse", "AD"}, {"Grey/Light", "GL"}, {"Grey/Med", "GM"}, {"Red/Primer", "RP"}, {"White/NA", "WN"}}),
-      Coded(DESC, "cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:", "Storage Tank Paint Condition", "TANK_PAINT_COND",
-            {{"Good", "G"}, {"Poor", "P"}}),
-  });
-  sheet.Add(0, "Product", {
-      Number(DESC, "txtLOA_ReidVP", "Product Reid Vapor Pressure (psia):", "Product Reid Vapor Pressure", "REID_VP"),
-      Number(DESC, "txtLOA_TankVaporWeightPercentVOC", "Avg. Percent by Weight of VOCs in Tank Vapor (%):", "Avg. % by Weight VOCs",
-             "TANK_VAPWGT_PVOC"),
-      Number(DESC, "txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):", "Avg. Molecular Weight of VOCs",
-             "TANK_VOC_MOLEWGT"),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtLOA_VolLoaded", "Volume Loaded (bbl):", "Volume Loaded", "VOL_LOADED"),
+                Number(ACTV, "txtLOA_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temperature",
+                       "TANK_BULK_LIQ_TEMP"),
+            });
+  sheet.Add(
+      0, "Loading",
+      {
+          Number(DESC, "txtLOA_EquipElev", "Average Elevation (ft above msl):", "Average Elevation", "EQUIP_ELEV"),
+          Coded(DESC, "cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color",
+                "TANK_PAINT_COLOR",
+                {{"Aluminum/Specular", "AS"},
+                 {"Aluminum/Diffuse", "AD"},
+                 {"Grey/Light", "GL"},
+                 {"Grey/Med", "GM"},
+                 {"Red/Primer", "RP"},
+                 {"White/NA", "WN"}}),
+          Coded(DESC, "cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:", "Storage Tank Paint Condition",
+                "TANK_PAINT_COND", {{"Good", "G"}, {"Poor", "P"}}),
+      });
+  sheet.Add(0, "Product",
+            {
+                Number(DESC, "txtLOA_ReidVP", "Product Reid Vapor Pressure (psia):", "Product Reid Vapor Pressure",
+                       "REID_VP"),
+                Number(DESC, "txtLOA_TankVaporWeightPercentVOC", "Avg. Percent by Weight of VOCs in Tank Vapor (%):",
+                       "Avg. % by Weight VOCs", "TANK_VAPWGT_PVOC"),
+                Number(DESC, "txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
+                       "Avg. Molecular Weight of VOCs", "TANK_VOC_MOLEWGT"),
+            });
 }
 
 // The rules of the description run in both modes; a finding belongs to the mode of its run.
 std::vector<Rule> FieldRules() {
   return {
-      {1, ACTV, "txtLOA_VolLoaded", RequiredRangeWithinTotal(0, 5000000, Total::kThroughputOil, "Value exceeds crude oil throughput for structure")},
+      {1, ACTV, "txtLOA_VolLoaded",
+       RequiredRangeWithinTotal(0, 5000000, Total::kThroughputOil, "Value exceeds crude oil throughput for structure")},
       {2, BOTH, "txtLOA_EquipElev", RequiredRange(10, 350)},
       {3, BOTH, "cmbLOA_TankPaintColor", Required(Marks::kEither)},
       {4, BOTH, "cmbLOA_TankPaintCondition", Required(Marks::kEither)},
@@ -79,14 +92,19 @@ SheetSpec Loading() {
   sheet.focus_actv = "txtLOA_VolLoaded";
   sheet.focus_desc = "txtLOA_EquipElev";
   AddFields(sheet);
-  AddRouting(sheet, {.letters = "LOA", .destination_tag = "Gases Vented/Flared?",
+  AddRouting(sheet, {.letters = "LOA",
+                     .destination_tag = "Gases Vented/Flared?",
                      .flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"},
                      .unlocks_remote = true});
-  AddControlTechnology(sheet, {.letters = "LOA", .page = 2, .items = {{kCondenser, "VR/C"}, {"None", "NONE"}},
-                               .with_condenser = {kCondenser}});
+  AddControlTechnology(
+      sheet,
+      {.letters = "LOA", .page = 2, .items = {{kCondenser, "VR/C"}, {"None", "NONE"}}, .with_condenser = {kCondenser}});
   sheet.rules = {{"CheckLOAFields", FieldRules()}, {"CheckLOAVentilation", VentilationRules()}};
-  AddOtherControl(sheet, {.letters = "LOA", .page = 2, .description_tag = "Other Control Equipment Descript.",
-                          .efficiencies = {"VOC"}, .marks_passes = true});
+  AddOtherControl(sheet, {.letters = "LOA",
+                          .page = 2,
+                          .description_tag = "Other Control Equipment Descript.",
+                          .efficiencies = {"VOC"},
+                          .marks_passes = true});
   ApplyTogether(sheet, {kDestination, kTechnology, "cmbLOA_OtherControlDevice"});
   return sheet;
 }

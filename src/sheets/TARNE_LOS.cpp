@@ -14,22 +14,30 @@ struct PressureLimit {
   const char* vessel;
   double high;  // psig
 };
-constexpr PressureLimit kLimits[] = {{"Separator", 1500}, {"Heater Treater", 100}, {"Surge Tank", 40}, {"Storage Tank", 0.25}, {"Other", 1500}};
+constexpr PressureLimit kLimits[] = {
+    {"Separator", 1500}, {"Heater Treater", 100}, {"Surge Tank", 40}, {"Storage Tank", 0.25}, {"Other", 1500}};
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Vessel", {
-      ItemText(DESC, kVessel, "Type of Vessel:", "Type of Vessel", "VESSEL_TYP",
-               {"Separator", "Heater Treater", "Surge Tank", "Storage Tank", "Other"}),
-      Number(DESC, "txtLOS_APISpGrav", "API gravity of stored oil:", "API gravity", "API_SPGRAV"),
-  });
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtLOS_Throughput", "Oil/Condensate Throughput (bbls):", "Oil/Condensate Throughput", "THRUPUT"),
-      Number(ACTV, "txtLOS_SCFperBarrel", "SCF of flash per bbl of oil:", "SCF per bbl Flash", "SCF_PER_BBL"),
-      Number(ACTV, "txtLOS_DSOpPressure", "Operating Pressure of Vessel  (psig):", "Op pressure of Vessel", "DS_OP_PRES"),
-      Number(ACTV, "txtLOS_DSOpTemperature", "Operating Temperature of Vessel (F):", "Op temp of Vessel", "DS_OP_TEMP"),
-      Number(ACTV, "txtLOS_USOpPressure", "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES"),
-      Number(ACTV, "txtLOS_USOpTemperature", "Op Temp upstream of Vessel (F):", "Op Temp upstream of Vessel", "US_OP_TEMP"),
-  });
+  sheet.Add(0, "Vessel",
+            {
+                ItemText(DESC, kVessel, "Type of Vessel:", "Type of Vessel", "VESSEL_TYP",
+                         {"Separator", "Heater Treater", "Surge Tank", "Storage Tank", "Other"}),
+                Number(DESC, "txtLOS_APISpGrav", "API gravity of stored oil:", "API gravity", "API_SPGRAV"),
+            });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtLOS_Throughput", "Oil/Condensate Throughput (bbls):", "Oil/Condensate Throughput",
+                       "THRUPUT"),
+                Number(ACTV, "txtLOS_SCFperBarrel", "SCF of flash per bbl of oil:", "SCF per bbl Flash", "SCF_PER_BBL"),
+                Number(ACTV, "txtLOS_DSOpPressure", "Operating Pressure of Vessel  (psig):", "Op pressure of Vessel",
+                       "DS_OP_PRES"),
+                Number(ACTV, "txtLOS_DSOpTemperature", "Operating Temperature of Vessel (F):", "Op temp of Vessel",
+                       "DS_OP_TEMP"),
+                Number(ACTV, "txtLOS_USOpPressure",
+                       "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES"),
+                Number(ACTV, "txtLOS_USOpTemperature", "Op Temp upstream of Vessel (F):", "Op Temp upstream of Vessel",
+                       "US_OP_TEMP"),
+            });
 }
 
 std::vector<Rule> FieldRules() {
@@ -44,7 +52,8 @@ std::vector<Rule> FieldRules() {
   int order = 6;
   for (const char* pressure : {"txtLOS_DSOpPressure", "txtLOS_USOpPressure"}) {
     for (const PressureLimit& limit : kLimits)
-      rules.push_back({order, ACTV, pressure, RequiredRange(0, limit.high), Reads(kVessel, {limit.vessel}), Otherwise::kNothing});
+      rules.push_back(
+          {order, ACTV, pressure, RequiredRange(0, limit.high), Reads(kVessel, {limit.vessel}), Otherwise::kNothing});
     ++order;
   }
   return rules;
@@ -78,9 +87,12 @@ SheetSpec Losses() {
   sheet.not_found_on_load = "Equipment record not found in LoadLOSFrame";
   sheet.not_found_on_save = "Equipment record not found in SaveLOSFrame";
   AddFields(sheet);
-  AddRouting(sheet, {.letters = "LOS", .kind = Routing::Kind::kByLocked, .to_system = true, .has_flare = false,
-                     .outlet_tags = {"Outlet Height", "Outlet Diameter", "Exhaust Exit Velocity", "Exhaust Exit Temperature",
-                                     "Exhaust Outlet Orientation"}});
+  AddRouting(sheet, {.letters = "LOS",
+                     .kind = Routing::Kind::kByLocked,
+                     .to_system = true,
+                     .has_flare = false,
+                     .outlet_tags = {"Outlet Height", "Outlet Diameter", "Exhaust Exit Velocity",
+                                     "Exhaust Exit Temperature", "Exhaust Outlet Orientation"}});
   sheet.rules = {{"CheckLOSFields", FieldRules()}, {"CheckLOSVentilation", VentilationRules()}};
   return sheet;
 }

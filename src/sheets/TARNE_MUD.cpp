@@ -22,13 +22,16 @@ SheetSpec Mud() {
                            {"water-based", "oil-based", "synthetic"});
   mud.fallback = 0;  // a new record shows the first, and a save then stores it
   sheet.Add(0, "Mud", {mud});
-  sheet.Add(0, "Monthly activity", {
-      Number(In::kActv, "txtMUD_DaysPerMonth", "Days per month of drilling with mud:", "Days per Month", "DAYS_PER_MO"),
-  });
-  sheet.rules = {{"CheckMUDFields", {
-      {1, In::kDesc, "cmbMud_MudType", Required(Marks::kEither)},
-      {2, In::kActv, "txtMUD_DaysPerMonth", RequiredRange(1, 31)},
-  }}};
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(In::kActv, "txtMUD_DaysPerMonth", "Days per month of drilling with mud:", "Days per Month",
+                       "DAYS_PER_MO"),
+            });
+  sheet.rules = {{"CheckMUDFields",
+                  {
+                      {1, In::kDesc, "cmbMud_MudType", Required(Marks::kEither)},
+                      {2, In::kActv, "txtMUD_DaysPerMonth", RequiredRange(1, 31)},
+                  }}};
   return sheet;
 }
 

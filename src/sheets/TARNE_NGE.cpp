@@ -10,29 +10,39 @@ constexpr In DESC = In::kDesc;
 constexpr const char* kEmissionControls = "cmbNGE_ExhaustEmissionControls";
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtNGE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-      Number(ACTV, "txtNGE_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
-  });
-  sheet.Add(0, "Engine", {
-      Text(DESC, "txtNGE_Mfr", "Manufacturer:", "Manufacturer", "MFG"),
-      Text(DESC, "txtNGE_Model", "Model No.:", "Model No.", "model"),
-      // both lists carry the same tag
-      Coded(DESC, "cmbNGE_EngineStrokeCycle", "", "Engine Burn", "ENGINE_STROKE_CYCLE", {{"2-Cycle", "2"}, {"4-Cycle", "4"}}),
-      Coded(DESC, "cmbNGE_EngineBurnType", "", "Engine Burn", "ENGINE_BURN_TYP", {{"Lean", "L"}, {"Clean", "C"}, {"Rich", "R"}}),
-      Number(DESC, "txtNGE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
-      Number(DESC, "txtNGE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP"),
-  });
-  sheet.Add(0, "Fuel", {
-      Number(DESC, "txtNGE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage", "MAX_RATED_FUEL_USE"),
-      Number(DESC, "txtNGE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage", "FUEL_USE_RATE"),
-      Number(DESC, "txtNGE_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value", "FUEL_HEAT_VAL"),
-      Number(DESC, "txtNGE_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
-  });
-  sheet.Add(1, "Emission controls", {
-      OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
-               {"None", "Selective Catalytic Reduction (SCR)"}),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtNGE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+                Number(ACTV, "txtNGE_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
+            });
+  sheet.Add(0, "Engine",
+            {
+                Text(DESC, "txtNGE_Mfr", "Manufacturer:", "Manufacturer", "MFG"),
+                Text(DESC, "txtNGE_Model", "Model No.:", "Model No.", "model"),
+                // both lists carry the same tag
+                Coded(DESC, "cmbNGE_EngineStrokeCycle", "", "Engine Burn", "ENGINE_STROKE_CYCLE",
+                      {{"2-Cycle", "2"}, {"4-Cycle", "4"}}),
+                Coded(DESC, "cmbNGE_EngineBurnType", "", "Engine Burn", "ENGINE_BURN_TYP",
+                      {{"Lean", "L"}, {"Clean", "C"}, {"Rich", "R"}}),
+                Number(DESC, "txtNGE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
+                Number(DESC, "txtNGE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP"),
+            });
+  sheet.Add(
+      0, "Fuel",
+      {
+          Number(DESC, "txtNGE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage",
+                 "MAX_RATED_FUEL_USE"),
+          Number(DESC, "txtNGE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage",
+                 "FUEL_USE_RATE"),
+          Number(DESC, "txtNGE_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
+                 "FUEL_HEAT_VAL"),
+          Number(DESC, "txtNGE_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
+      });
+  sheet.Add(1, "Emission controls",
+            {
+                OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
+                             {"None", "Selective Catalytic Reduction (SCR)"}),
+            });
 }
 
 std::vector<Rule> FieldRules() {
@@ -51,7 +61,8 @@ std::vector<Rule> FieldRules() {
       {9, DESC, "cmbNGE_EngineBurnType", Required()},
       {10, DESC, "txtNGE_MaxRatedFuelUsage", RequiredRange(3000, 10000)},
       {11, DESC, "txtNGE_OperatingHP", NotOver("txtNGE_MaxHP", "Operating Horsepower exceeds Max Rated Horsepower")},
-      {12, DESC, "txtNGE_FuelUsageRate", NotOver("txtNGE_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
+      {12, DESC, "txtNGE_FuelUsageRate",
+       NotOver("txtNGE_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
       {13, ACTV, "txtNGE_TotalFuelUsed",
        RequiredRangeWithinTotal(0, 120000, Total::kFuelGas, "Value exceeds N.G. usage for structure")},
   };
@@ -69,8 +80,12 @@ SheetSpec Engine() {
   sheet.focus_actv = "txtNGE_HrsOperated";
   sheet.focus_desc = "txtNGE_OperatingHP";
   AddFields(sheet);
-  const Exhaust exhaust{.letters = "NGE", .temperature_control = "txtNGE_ExhaustOutletExitT", .height = {-30, 300},
-                        .diameter = {1, 48}, .velocity = {0, 1100}, .temperature = {250, 1100},
+  const Exhaust exhaust{.letters = "NGE",
+                        .temperature_control = "txtNGE_ExhaustOutletExitT",
+                        .height = {-30, 300},
+                        .diameter = {1, 48},
+                        .velocity = {0, 1100},
+                        .temperature = {250, 1100},
                         .orientation_has_rule = false};
   AddExhaust(sheet, exhaust);
   std::vector<Rule> exhaust_rules = ExhaustRules(exhaust);

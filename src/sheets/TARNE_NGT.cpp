@@ -23,43 +23,58 @@ CheckSpec DieselNotOver(const std::string& other, const std::string& text) {
 }
 
 void AddGasFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtNGT_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-      Number(ACTV, "txtNGT_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
-  });
-  sheet.Add(0, "Turbine", {
-      Text(DESC, "txtNGT_Mfr", "Manufacturer:", "Manufacturer", "MFG"),
-      Text(DESC, "txtNGT_Model", "Model No.:", "Model No.", "model"),
-      Coded(DESC, "cmbNGT_Purpose", "", "Engine Purpose", "Purpose",
-            {{"Electricity Generation", "EG"}, {"Product Pressurization", "PP"}, {"Other", "OT"}}),
-  });
-  sheet.Add(0, "Gas fuel", {
-      Number(DESC, "txtNGT_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
-      Number(DESC, "txtNGT_OperatingHP", "Operating Horsepower (hp):", "Opeating Horsepower", "OP_HP"),
-      Number(DESC, "txtNGT_MaxRatedFuelUsage", "Max Rated Fuel Usage:", "Max Rated Fuel Usage", "MAX_RATED_FUEL_USE"),
-      Number(DESC, "txtNGT_FuelUsageRate", "Average Fuel Usage:", "Average Fuel Usage", "FUEL_USE_RATE"),
-      Number(DESC, "txtNGT_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value", "FUEL_HEAT_VAL"),
-      Number(DESC, "txtNGT_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
-  });
-  sheet.Add(1, "Emission controls", {
-      OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
-               {"None", "Selective Catalytic Reduction (SCR)"}),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtNGT_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+                Number(ACTV, "txtNGT_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
+            });
+  sheet.Add(0, "Turbine",
+            {
+                Text(DESC, "txtNGT_Mfr", "Manufacturer:", "Manufacturer", "MFG"),
+                Text(DESC, "txtNGT_Model", "Model No.:", "Model No.", "model"),
+                Coded(DESC, "cmbNGT_Purpose", "", "Engine Purpose", "Purpose",
+                      {{"Electricity Generation", "EG"}, {"Product Pressurization", "PP"}, {"Other", "OT"}}),
+            });
+  sheet.Add(
+      0, "Gas fuel",
+      {
+          Number(DESC, "txtNGT_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
+          Number(DESC, "txtNGT_OperatingHP", "Operating Horsepower (hp):", "Opeating Horsepower", "OP_HP"),
+          Number(DESC, "txtNGT_MaxRatedFuelUsage", "Max Rated Fuel Usage:", "Max Rated Fuel Usage",
+                 "MAX_RATED_FUEL_USE"),
+          Number(DESC, "txtNGT_FuelUsageRate", "Average Fuel Usage:", "Average Fuel Usage", "FUEL_USE_RATE"),
+          Number(DESC, "txtNGT_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
+                 "FUEL_HEAT_VAL"),
+          Number(DESC, "txtNGT_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
+      });
+  sheet.Add(1, "Emission controls",
+            {
+                OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
+                             {"None", "Selective Catalytic Reduction (SCR)"}),
+            });
 }
 
 void AddDieselFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity, diesel", {
-      Number(ACTV, "txtNGT_HrsOperated_Diesel", "Hours Operated (hrs):", "Hours Operated (Diesel)", "OP_HR_DIESEL"),
-      Number(ACTV, "txtNGT_TotalFuelUsed_Diesel", "Total Fuel Used (gal):", "Diesel Total Fuel Used (Diesel)", "TOT_FUEL_USE_DIESEL"),
-  });
-  sheet.Add(0, "Diesel fuel", {
-      Number(DESC, "txtNGT_MaxHP_Diesel", "", "Max Rated Horsepower (Diesel)", "MAX_HP_DIESEL"),
-      Number(DESC, "txtNGT_OperatingHP_Diesel", "Operating Horsepower (hp):", "Operating Horsepower (Diesel)", "OP_HP_DIESEL"),
-      Number(DESC, "txtNGT_MaxRatedFuelUsage_Diesel", "Max Rated Fuel Usage:", "Max Rated Fuel Usage (Diesel)", "MAX_RATED_FUEL_USE_DIESEL"),
-      Number(DESC, "txtNGT_FuelUsageRate_Diesel", "", "Average Fuel Usage (Diesel)", "AVG_FUEL_USAGE_DIESEL"),
-      Number(DESC, "txtNGT_FuelHeatingValue_Diesel", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value (Diesel)", "FUEL_HEAT_VAL_DIESEL"),
-      Number(DESC, "txtNGT_FuelSulfurContent_Diesel", "Fuel Sulfur Content (% by mass):", "Fuel Sulfur Content (Diesel)", "FUEL_SULFUR_CONTENT_DIESEL"),
-  });
+  sheet.Add(
+      0, "Monthly activity, diesel",
+      {
+          Number(ACTV, "txtNGT_HrsOperated_Diesel", "Hours Operated (hrs):", "Hours Operated (Diesel)", "OP_HR_DIESEL"),
+          Number(ACTV, "txtNGT_TotalFuelUsed_Diesel", "Total Fuel Used (gal):", "Diesel Total Fuel Used (Diesel)",
+                 "TOT_FUEL_USE_DIESEL"),
+      });
+  sheet.Add(0, "Diesel fuel",
+            {
+                Number(DESC, "txtNGT_MaxHP_Diesel", "", "Max Rated Horsepower (Diesel)", "MAX_HP_DIESEL"),
+                Number(DESC, "txtNGT_OperatingHP_Diesel", "Operating Horsepower (hp):", "Operating Horsepower (Diesel)",
+                       "OP_HP_DIESEL"),
+                Number(DESC, "txtNGT_MaxRatedFuelUsage_Diesel",
+                       "Max Rated Fuel Usage:", "Max Rated Fuel Usage (Diesel)", "MAX_RATED_FUEL_USE_DIESEL"),
+                Number(DESC, "txtNGT_FuelUsageRate_Diesel", "", "Average Fuel Usage (Diesel)", "AVG_FUEL_USAGE_DIESEL"),
+                Number(DESC, "txtNGT_FuelHeatingValue_Diesel",
+                       "Fuel Heating Value (Btu/lb):", "Fuel Heating Value (Diesel)", "FUEL_HEAT_VAL_DIESEL"),
+                Number(DESC, "txtNGT_FuelSulfurContent_Diesel", "Fuel Sulfur Content (% by mass):",
+                       "Fuel Sulfur Content (Diesel)", "FUEL_SULFUR_CONTENT_DIESEL"),
+            });
 }
 
 std::vector<Rule> FieldRules() {
@@ -88,7 +103,8 @@ std::vector<Rule> FieldRules() {
       {17, DESC, "txtNGT_FuelSulfurContent_Diesel", RequiredRangeIfFilled(0, 10000)},
       {18, DESC, "txtNGT_MaxRatedFuelUsage_Diesel", RequiredRangeIfFilled(5000, 15000)},
       {19, DESC, "txtNGT_OperatingHP", NotOver("txtNGT_MaxHP", "Operating Horsepower exceeds Max Rated Horsepower")},
-      {20, DESC, "txtNGT_FuelUsageRate", NotOver("txtNGT_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
+      {20, DESC, "txtNGT_FuelUsageRate",
+       NotOver("txtNGT_MaxRatedFuelUsage", "Average Fuel Usage exceeds Max Rated Fuel Usage")},
       {21, DESC, "txtNGT_OperatingHP_Diesel",
        DieselNotOver("txtNGT_MaxHP_Diesel", "Diesel Operating Horsepower exceeds Max Rated Horsepower")},
       {22, DESC, "txtNGT_FuelUsageRate_Diesel",
@@ -111,8 +127,12 @@ SheetSpec Turbine() {
   sheet.focus_desc = "txtNGT_Mfr";
   AddGasFields(sheet);
   AddDieselFields(sheet);
-  const Exhaust exhaust{.letters = "NGT", .temperature_control = "txtNGT_ExhaustOutletExitT", .height = {-30, 300},
-                        .diameter = {1, 96}, .velocity = {0, 1100}, .temperature = {350, 1500}};
+  const Exhaust exhaust{.letters = "NGT",
+                        .temperature_control = "txtNGT_ExhaustOutletExitT",
+                        .height = {-30, 300},
+                        .diameter = {1, 96},
+                        .velocity = {0, 1100},
+                        .temperature = {350, 1500}};
   AddExhaust(sheet, exhaust);
   std::vector<Rule> exhaust_rules = ExhaustRules(exhaust);
   exhaust_rules.push_back({6, DESC, kEmissionControls, Required()});

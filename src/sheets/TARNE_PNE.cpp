@@ -15,7 +15,9 @@ constexpr const char* kHours = "txtPNE_HrsOperated";
 constexpr const char* kRate = "txtPNE_FuelUsageRate";
 constexpr const char* kDestination = "cmbPNE_GasesVentOrFlare";
 
-void FillPNEMfr(Session& s, Form& form) { FillLookupList(s, form, kMake, "listPNE", "Mfr", {}); }
+void FillPNEMfr(Session& s, Form& form) {
+  FillLookupList(s, form, kMake, "listPNE", "Mfr", {});
+}
 
 void FillPNEModel(Session& s, Form& form) {
   const std::string& make = form.At(kMake).text;
@@ -49,7 +51,9 @@ void Connect(Session& s, Form& form) {
 constexpr const char* kNotOverZero = "Value should be greater than 0";
 
 // A pump that ran. While it did not, only this finding is withdrawn: a blank rate stays with its explanation.
-Condition Ran() { return Both(IsOff("chkPNE_Status"), IsOverZero(kHours)); }
+Condition Ran() {
+  return Both(IsOff("chkPNE_Status"), IsOverZero(kHours));
+}
 
 CheckSpec GreaterThanZero() {
   return Own("GreaterThanZero", kNotOverZero, {}, [](Judging& j) {
@@ -82,27 +86,36 @@ SheetSpec Pump() {
   sheet.after_clear = FillLists;
   sheet.after_load = LoadMakeAndModel;
   sheet.connect = Connect;
-  sheet.Add(0, "Pump", {
-      Lookup(kMake, "Manufacturer :", "Equipment Manufacturer", "MFG"),
-      Lookup(kModel, "Model :", "Equipment Model ", "model"),
-  });
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, kHours, "Hours Operated (hrs):", "Hours per day operated", "OP_HR"),
-      Number(ACTV, kRate, "Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate (SCF/hr)", "FUEL_USE_RATE"),
-  });
-  AddRouting(sheet, {.letters = "PNE", .kind = Routing::Kind::kByLocked, .to_system = true, .has_flare = false,
+  sheet.Add(0, "Pump",
+            {
+                Lookup(kMake, "Manufacturer :", "Equipment Manufacturer", "MFG"),
+                Lookup(kModel, "Model :", "Equipment Model ", "model"),
+            });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, kHours, "Hours Operated (hrs):", "Hours per day operated", "OP_HR"),
+                Number(ACTV, kRate, "Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate (SCF/hr)", "FUEL_USE_RATE"),
+            });
+  AddRouting(sheet, {.letters = "PNE",
+                     .kind = Routing::Kind::kByLocked,
+                     .to_system = true,
+                     .has_flare = false,
                      .destination_tag = "Vents to Atm",
                      .outlet_tags = {"Exhaust Outlet Height", "Exhaust Outlet Inner Diameter", "Exhaust Exit Velocity",
                                      "Exhaust Exit Temperature", "Exhaust Outlet Orientation"}});
-  sheet.rules = {{"CheckPNEFields", {
-      {1, DESC, kMake, Required(Marks::kEither)},
-      {2, DESC, kModel, Required(Marks::kEither)},
-      {3, ACTV, kHours, RequiredRange(0, 744)},
-      {4, ACTV, kRate, GreaterThanZero(), Ran(), Otherwise::kWithdrawOwn},
-      {5, ACTV, kRate, Required(Marks::kEither)},
-  }}, {"CheckPNEVentilation", {
-      {1, BOTH, "cmbPNE_VentedToID", RequiredRemoteID(kDestination, Fallback::kText), Remote(kDestination)},
-  }}};
+  sheet.rules = {
+      {"CheckPNEFields",
+       {
+           {1, DESC, kMake, Required(Marks::kEither)},
+           {2, DESC, kModel, Required(Marks::kEither)},
+           {3, ACTV, kHours, RequiredRange(0, 744)},
+           {4, ACTV, kRate, GreaterThanZero(), Ran(), Otherwise::kWithdrawOwn},
+           {5, ACTV, kRate, Required(Marks::kEither)},
+       }},
+      {"CheckPNEVentilation",
+       {
+           {1, BOTH, "cmbPNE_VentedToID", RequiredRemoteID(kDestination, Fallback::kText), Remote(kDestination)},
+       }}};
   return sheet;
 }
 

@@ -98,31 +98,36 @@ SheetSpec Controllers() {
   sheet.after_load = LoadMakeAndModel;
   sheet.connect = Connect;
 
-  FieldSpec service = ItemText(DESC, kService, "Service Type:", "Service Type", "SERVICE_TYP", {"PC", "LC", "FC", "Other"});
+  FieldSpec service =
+      ItemText(DESC, kService, "Service Type:", "Service Type", "SERVICE_TYP", {"PC", "LC", "FC", "Other"});
   service.known_items = 2;  // a load knows the first two and shows the first for all else
   service.fallback = 0;
-  sheet.Add(0, "Controllers", {
-      service,
-      Lookup(kMake, "Manufacturer:", "Equipment Manufacturer", "MFG"),
-      Lookup(kModel, "Model:", "Equipment Model", "model"),
-      OpenItemText(DESC, "cmbPRE_BleedRate", "Bleed Rate:", "Bleed Rate", "BLEED_RATE",
-               {"High-bleed (>6 scfh)", "Low-bleed (<6 scfh)", "Intermittent", "Zero-bleed"}),
-      Number(DESC, "txtPRE_Quantity", "Number of this Make-Model:", "Number of Units", "QTY"),
-      Number(DESC, "txtPRE_EquipElev", "Equipment Elevation (ft above msl):", "Engine Elevation", "EQUIP_ELEV"),
-  });
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, kHours, "Hours Operated (hrs)", "Hours Operated", "OP_HR"),
-      Number(ACTV, kRate, " Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate", "FUEL_USE_RATE"),
-  });
+  sheet.Add(
+      0, "Controllers",
+      {
+          service,
+          Lookup(kMake, "Manufacturer:", "Equipment Manufacturer", "MFG"),
+          Lookup(kModel, "Model:", "Equipment Model", "model"),
+          OpenItemText(DESC, "cmbPRE_BleedRate", "Bleed Rate:", "Bleed Rate", "BLEED_RATE",
+                       {"High-bleed (>6 scfh)", "Low-bleed (<6 scfh)", "Intermittent", "Zero-bleed"}),
+          Number(DESC, "txtPRE_Quantity", "Number of this Make-Model:", "Number of Units", "QTY"),
+          Number(DESC, "txtPRE_EquipElev", "Equipment Elevation (ft above msl):", "Engine Elevation", "EQUIP_ELEV"),
+      });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, kHours, "Hours Operated (hrs)", "Hours Operated", "OP_HR"),
+                Number(ACTV, kRate, " Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate", "FUEL_USE_RATE"),
+            });
   AddUnseenFields(sheet);
-  sheet.rules = {{"CheckPREFields", {
-      {1, DESC, kService, Required(Marks::kEither)},
-      {2, DESC, kMake, Required(Marks::kEither)},
-      {3, DESC, kModel, Required(Marks::kEither)},
-      {4, DESC, "cmbPRE_BleedRate", Required(Marks::kEither)},
-      {5, DESC, "txtPRE_Quantity", RequiredMarked()},
-      {6, ACTV, kRate, GreaterThanZero()},
-  }}};
+  sheet.rules = {{"CheckPREFields",
+                  {
+                      {1, DESC, kService, Required(Marks::kEither)},
+                      {2, DESC, kMake, Required(Marks::kEither)},
+                      {3, DESC, kModel, Required(Marks::kEither)},
+                      {4, DESC, "cmbPRE_BleedRate", Required(Marks::kEither)},
+                      {5, DESC, "txtPRE_Quantity", RequiredMarked()},
+                      {6, ACTV, kRate, GreaterThanZero()},
+                  }}};
   return sheet;
 }
 

@@ -21,61 +21,93 @@ constexpr const char* kDestination = "cmbSTO_GasesVentOrFlare";
 constexpr const char* kTechnology = "cmbSTO_ControlTechnology";
 constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 
-Condition Cylindrical() { return Reads(kShape, {"Cylindrical"}); }
-Condition Rectangular() { return Reads(kShape, {"Rectangular"}); }
-Condition NotCylindrical() { return ReadsNone(kShape, {"Cylindrical"}); }
-Condition Vertical() { return Reads(kOrientation, {"Vertical"}); }
-Condition Horizontal() { return Reads(kOrientation, {"Horizontal"}); }
-Condition Oriented() { return Reads(kOrientation, {"Vertical", "Horizontal"}); }
-Condition HasHeight() { return Either(Both(Vertical(), Cylindrical()), Rectangular()); }
+Condition Cylindrical() {
+  return Reads(kShape, {"Cylindrical"});
+}
+Condition Rectangular() {
+  return Reads(kShape, {"Rectangular"});
+}
+Condition NotCylindrical() {
+  return ReadsNone(kShape, {"Cylindrical"});
+}
+Condition Vertical() {
+  return Reads(kOrientation, {"Vertical"});
+}
+Condition Horizontal() {
+  return Reads(kOrientation, {"Horizontal"});
+}
+Condition Oriented() {
+  return Reads(kOrientation, {"Vertical", "Horizontal"});
+}
+Condition HasHeight() {
+  return Either(Both(Vertical(), Cylindrical()), Rectangular());
+}
 
-FieldSpec Dimension(const char* control, const char* caption, const char* tag, const char* column, const Condition& kept_when) {
+FieldSpec Dimension(const char* control, const char* caption, const char* tag, const char* column,
+                    const Condition& kept_when) {
   FieldSpec field = Number(DESC, control, caption, tag, column);
   field.kept_when = kept_when;
   return field;
 }
 
 void AddMonth(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity", {
-      Number(ACTV, "txtSTO_Throughput", "Product Throughput (bbl):", "Product Throughput", "THRUPUT"),
-      Number(ACTV, kLiquidHeight, "Average Liquid Height (ft):", "Avg Liquid Height", "TANK_AVG_LIQ_HGT"),
-      Number(ACTV, "txtSTO_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temp", "TANK_BULK_LIQ_TEMP"),
-      Number(ACTV, "txtSTO_APIGravity", "API Gravity (°API):", "API Gravity", "API_GRAV"),
-      Number(ACTV, "txtSTO_ReidVP", "Reid Vapor Pressure (psia):", "Reid Vapor Pressure", "REID_VP"),
-      Number(ACTV, "txtSTO_TankVaporWeightPercentVOC", "Average Percent by Weight of VOCs in Tank Vapor (%):",
-             "Avg Percent by Wt VOCs", "TANK_VAPWGT_PVOC"),
-      Number(ACTV, "txtSTO_TankVOCMolWeight", "Average Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
-             "Avg Molecular Wt VOCs", "TANK_VOC_MOLEWGT"),
-  });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtSTO_Throughput", "Product Throughput (bbl):", "Product Throughput", "THRUPUT"),
+                Number(ACTV, kLiquidHeight, "Average Liquid Height (ft):", "Avg Liquid Height", "TANK_AVG_LIQ_HGT"),
+                Number(ACTV, "txtSTO_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temp",
+                       "TANK_BULK_LIQ_TEMP"),
+                Number(ACTV, "txtSTO_APIGravity", "API Gravity (°API):", "API Gravity", "API_GRAV"),
+                Number(ACTV, "txtSTO_ReidVP", "Reid Vapor Pressure (psia):", "Reid Vapor Pressure", "REID_VP"),
+                Number(ACTV, "txtSTO_TankVaporWeightPercentVOC", "Average Percent by Weight of VOCs in Tank Vapor (%):",
+                       "Avg Percent by Wt VOCs", "TANK_VAPWGT_PVOC"),
+                Number(ACTV, "txtSTO_TankVOCMolWeight", "Average Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
+                       "Avg Molecular Wt VOCs", "TANK_VOC_MOLEWGT"),
+            });
 }
 
 void AddTank(SheetSpec& sheet) {
-  sheet.Add(0, "Tank", {
-      Coded(DESC, kShape, "Tank Shape:", "Tank Shape", "TANK_SHAPE", {{"Cylindrical", "C"}, {"Rectangular", "R"}}),
-      Coded(DESC, kOrientation, "Tank Orientation:", "Tank Orientation", "TANK_ORIENTATION", {{"Vertical", "V"}, {"Horizontal", "H"}}),
-      Dimension(kDiameter, "Tank Shell Diameter (ft):", "Tank Shell Diameter", "TANK_SHELL_DIAM", Cylindrical()),
-      Dimension(kHeight, "Tank Shell Height (ft):", "Tank Shell Height", "TANK_SHELL_HGT", HasHeight()),
-      Dimension(kLength, "Tank Shell Length (ft):", "Tank Shell Length", "TANK_SHELL_LENGTH", Horizontal()),
-      Dimension(kWidth1, "Tank Shell Width (ft):", "Tank Shell Width", "TANK_SHELL_WIDTH1", NotCylindrical()),
-      Dimension(kWidth2, "2nd Tank Shell Width (ft):", "2nd Tank Shell Width", "TANK_SHELL_WIDTH2", Both(NotCylindrical(), Vertical())),
-  });
-  sheet.Add(0, "Roof and paint", {
-      YesNo(DESC, kFixedRoof, "Is the roof fixed (not floating)?", "Fixed (not floating)?", "FIXED_ROOF"),
-      Coded(DESC, "cmbSTO_TankRoofType", "Roof Shape:", "Roof Shape", "TANK_ROOF_TYP",
-            {{"Cone", "C"}, {"Dome", "D"}, {"Flat", "F"}, {"Peaked", "P"}}),
-      Number(DESC, "txtSTO_TankRoofHgt", "Roof Height Above Shell (ft):", "Roof Height", "TANK_ROOF_HGT"),
-      Coded(DESC, "cmbSTO_TankPaintColor", "Paint Color:", "Paint Color", "TANK_PAINT_COLOR",
-            {{"Aluminum/Specular", "AS"}, {"Aluminum/Diffuse", "AD"}, {"Grey/Light", "GL"}, {"Grey/Med", "GM"}, {"Red/Primer", "RP"}, {"White/NA", "WN"}}),
-      Coded(DESC, "cmbSTO_TankPaintCondition", "Paint Condition:", "Paint Condition", "TANK_PAINT_CND", {{"Good", "G"}, {"Poor", "P"}}),
-  });
-  FieldSpec flash_tank = OpenItemText(DESC, "cboEquippedWithFlashTank", "Equipped with a flash tank?", "Equipped with flash tank",
-                                  "IS_EQUIPPED_WITH_FLASH_TANK", {"No", "Yes"});
-  sheet.Add(0, "Vents and product", {
-      Number(DESC, "txtSTO_BreatherVentPressure", "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure", "BREATH_VEN_PRES"),
-      Number(DESC, "txtSTO_BreatherVentVacuum", "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC"),
-      Coded(DESC, "cmbSTO_ProductType", "Product Type:", "Product Type", "PROD_TYP", {{"Crude", "CR"}, {"Condensate", "CO"}}),
-      flash_tank,
-  });
+  sheet.Add(
+      0, "Tank",
+      {
+          Coded(DESC, kShape, "Tank Shape:", "Tank Shape", "TANK_SHAPE", {{"Cylindrical", "C"}, {"Rectangular", "R"}}),
+          Coded(DESC, kOrientation, "Tank Orientation:", "Tank Orientation", "TANK_ORIENTATION",
+                {{"Vertical", "V"}, {"Horizontal", "H"}}),
+          Dimension(kDiameter, "Tank Shell Diameter (ft):", "Tank Shell Diameter", "TANK_SHELL_DIAM", Cylindrical()),
+          Dimension(kHeight, "Tank Shell Height (ft):", "Tank Shell Height", "TANK_SHELL_HGT", HasHeight()),
+          Dimension(kLength, "Tank Shell Length (ft):", "Tank Shell Length", "TANK_SHELL_LENGTH", Horizontal()),
+          Dimension(kWidth1, "Tank Shell Width (ft):", "Tank Shell Width", "TANK_SHELL_WIDTH1", NotCylindrical()),
+          Dimension(kWidth2, "2nd Tank Shell Width (ft):", "2nd Tank Shell Width", "TANK_SHELL_WIDTH2",
+                    Both(NotCylindrical(), Vertical())),
+      });
+  sheet.Add(0, "Roof and paint",
+            {
+                YesNo(DESC, kFixedRoof, "Is the roof fixed (not floating)?", "Fixed (not floating)?", "FIXED_ROOF"),
+                Coded(DESC, "cmbSTO_TankRoofType", "Roof Shape:", "Roof Shape", "TANK_ROOF_TYP",
+                      {{"Cone", "C"}, {"Dome", "D"}, {"Flat", "F"}, {"Peaked", "P"}}),
+                Number(DESC, "txtSTO_TankRoofHgt", "Roof Height Above Shell (ft):", "Roof Height", "TANK_ROOF_HGT"),
+                Coded(DESC, "cmbSTO_TankPaintColor", "Paint Color:", "Paint Color", "TANK_PAINT_COLOR",
+                      {{"Aluminum/Specular", "AS"},
+                       {"Aluminum/Diffuse", "AD"},
+                       {"Grey/Light", "GL"},
+                       {"Grey/Med", "GM"},
+                       {"Red/Primer", "RP"},
+                       {"White/NA", "WN"}}),
+                Coded(DESC, "cmbSTO_TankPaintCondition", "Paint Condition:", "Paint Condition", "TANK_PAINT_CND",
+                      {{"Good", "G"}, {"Poor", "P"}}),
+            });
+  FieldSpec flash_tank = OpenItemText(DESC, "cboEquippedWithFlashTank", "Equipped with a flash tank?",
+                                      "Equipped with flash tank", "IS_EQUIPPED_WITH_FLASH_TANK", {"No", "Yes"});
+  sheet.Add(0, "Vents and product",
+            {
+                Number(DESC, "txtSTO_BreatherVentPressure",
+                       "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure", "BREATH_VEN_PRES"),
+                Number(DESC, "txtSTO_BreatherVentVacuum",
+                       "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC"),
+                Coded(DESC, "cmbSTO_ProductType", "Product Type:", "Product Type", "PROD_TYP",
+                      {{"Crude", "CR"}, {"Condensate", "CO"}}),
+                flash_tank,
+            });
 }
 
 void AddEnablings(SheetSpec& sheet) {
@@ -129,7 +161,8 @@ std::vector<Rule> FieldRules() {
       {18, DESC, "cmbSTO_ProductType", Required(Marks::kEither)},
       {19, ACTV, "txtSTO_APIGravity", RequiredRange(1, 75)},
       {20, ACTV, "txtSTO_ReidVP", RequiredRange(0.5, 20)},
-      {21, ACTV, "txtSTO_Throughput", RequiredRangeWithinTotal(0, 5000000, Total::kThroughputOil, "Value exceeds crude oil throughput for structure")},
+      {21, ACTV, "txtSTO_Throughput",
+       RequiredRangeWithinTotal(0, 5000000, Total::kThroughputOil, "Value exceeds crude oil throughput for structure")},
       {22, ACTV, "txtSTO_TankVOCMolWeight", RequiredRange(0, 200)},
       {23, ACTV, "txtSTO_TankVaporWeightPercentVOC", RequiredRange(0, 98)},
   };
@@ -167,14 +200,24 @@ SheetSpec Tank() {
   sheet.focus_desc = kShape;
   AddMonth(sheet);
   AddTank(sheet);
-  AddRouting(sheet, {.letters = "STO", .flare_tags = {"Flare Feed Rate", "Combustion Temperature", "Combustion Efficiency"},
-                     .drops_remote = true, .mode = DESC});
+  AddRouting(sheet, {.letters = "STO",
+                     .flare_tags = {"Flare Feed Rate", "Combustion Temperature", "Combustion Efficiency"},
+                     .drops_remote = true,
+                     .mode = DESC});
   AddEnablings(sheet);
-  AddControlTechnology(sheet, {.letters = "STO", .page = 2, .items = {{kCondenser, "VR/C"}, {"None", "NONE"}},
-                               .with_condenser = {kCondenser}, .mode = DESC});
+  AddControlTechnology(sheet, {.letters = "STO",
+                               .page = 2,
+                               .items = {{kCondenser, "VR/C"}, {"None", "NONE"}},
+                               .with_condenser = {kCondenser},
+                               .mode = DESC});
   sheet.rules = {{"CheckSTOFields", FieldRules()}, {"CheckSTOVentilation", VentilationRules()}};
-  AddOtherControl(sheet, {.letters = "STO", .page = 2, .device_tag = "Other Control Device", .efficiencies = {"VOC"},
-                          .efficiency_tag = " Efficiency", .mode = DESC, .marks_passes = true});
+  AddOtherControl(sheet, {.letters = "STO",
+                          .page = 2,
+                          .device_tag = "Other Control Device",
+                          .efficiencies = {"VOC"},
+                          .efficiency_tag = " Efficiency",
+                          .mode = DESC,
+                          .marks_passes = true});
   ApplyTogether(sheet, {kDestination, kTechnology, "cmbSTO_OtherControlDevice"});
   return sheet;
 }

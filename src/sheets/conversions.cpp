@@ -95,9 +95,12 @@ bool StaysAsStored(const FieldSpec& spec, const Value& stored, const Control& fi
 
 std::string ShownText(const FieldSpec& spec, const Value& stored) {
   if (!Fits(spec, stored)) return NullToEmpty(stored);
-  const auto item = [&](int index) { return index < 0 ? std::string() : spec.items[static_cast<std::size_t>(index)].text; };
+  const auto item = [&](int index) {
+    return index < 0 ? std::string() : spec.items[static_cast<std::size_t>(index)].text;
+  };
   switch (spec.stored) {
-    case Stored::kItemText: return spec.free_text && !IsNull(stored) ? NullToEmpty(stored) : item(ItemFor(spec, stored));
+    case Stored::kItemText:
+      return spec.free_text && !IsNull(stored) ? NullToEmpty(stored) : item(ItemFor(spec, stored));
     case Stored::kCode: return item(ItemFor(spec, stored));
     case Stored::kYesNo: return IsNull(stored) ? "" : ToNumber(stored) != 0 ? "Yes" : "No";
     case Stored::kDestination: return DestinationItem(NullToEmpty(stored));

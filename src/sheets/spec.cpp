@@ -53,8 +53,8 @@ FieldSpec ItemText(In mode, std::string control, std::string caption, std::strin
 
 FieldSpec OpenItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
                        std::vector<std::string> items) {
-  FieldSpec field = ItemText(mode, std::move(control), std::move(caption), std::move(tag), std::move(column),
-                             std::move(items));
+  FieldSpec field =
+      ItemText(mode, std::move(control), std::move(caption), std::move(tag), std::move(column), std::move(items));
   field.shows_unlisted = true;
   return field;
 }

@@ -17,8 +17,8 @@ void ReplaceAll(std::string& text, const std::string& what, const std::string& b
 }
 
 const char* KindText(Kind kind) {
-  static const char* const names[] = {"text",   "masked", "list",     "check", "option", "label",
-                                      "button", "menu",   "listview", "tab",   "frame",  "tree",   "grid"};
+  static const char* const names[] = {"text", "masked",   "list", "check", "option", "label", "button",
+                                      "menu", "listview", "tab",  "frame", "tree",   "grid"};
   return names[static_cast<int>(kind)];
 }
 

@@ -131,8 +131,9 @@ bool TellsOfAFault(const std::string& text) {
   // the number of a fault in front of its description or behind it, or one of the texts for a step that failed
   static const std::regex kNumber("^[0-9]{2,5}:? [^m]|[^0-9/:] [0-9]{2,5}$");
   if (std::regex_search(text, kNumber)) return true;
-  for (const char* part : {"Error #", "rror displaying report", "errors during export", "Failed to", "Could not",
-                           "Invalid Import file", "No backup could be made", "could not be deleted", "error saving the report"})
+  for (const char* part :
+       {"Error #", "rror displaying report", "errors during export", "Failed to", "Could not", "Invalid Import file",
+        "No backup could be made", "could not be deleted", "error saving the report"})
     if (text.find(part) != std::string::npos) return true;
   return false;
 }

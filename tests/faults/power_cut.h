@@ -1,5 +1,6 @@
-// What a power cut may leave of a database, its companion and their journals: everything up to the last sync of each file, and of what
-// came after it any part, in any order, also half a write. Made files and deletions reach the disk in their order.
+// What a power cut may leave of a database, its companion and their journals: everything up to the last sync of each
+// file, and of what came after it any part, in any order, also half a write. Made files and deletions reach the disk in
+// their order.
 //
 // Other files of the process are taken as written.
 #pragma once

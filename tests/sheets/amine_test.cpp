@@ -45,36 +45,51 @@ const Field kDescription[] = {
     {"txtAMI_ConcCO2", "CO2:", "CO2 Concentration", "CONC_CO2", "13.5", "13.5"},
     {"txtAMI_ConcN2", "N2:", "N2 Concentration", "CONC_N2", "14.5", "14.5"},
     {"cmbAMI_AmineType", "Amine Type:", "Amine Type", "AMINE_TYP", "TEA", "TEA"},
-    {"txtAMI_SourTemp", "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature", "Sour_Temp", "16.5", "16.5"},
-    {"txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure", "Sour_Pres", "17.5", "17.5"},
+    {"txtAMI_SourTemp", "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature", "Sour_Temp", "16.5",
+     "16.5"},
+    {"txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure", "Sour_Pres", "17.5",
+     "17.5"},
     {"cmbAmi_UseFlashTank", "Equipped with a flash tank:", "Equipped with flash tank?", "FLASHTANK_FLG", "No", "False"},
     {"txtAMI_FlashTemp", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "Flash_Temp", "19.5", "19.5"},
     {"txtAMI_FlashPress", "Flash Tank pressure (psig):", "Flash Tank  Pressure", "Flash_Pres", "20.5", "20.5"},
     {"cmbAmi_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition", "Flared", "FL"},
     {"txtAMI_Nbr", "Number of Absorber Trays:", "Number of Absorb trays", "NUM", "22.5", "22.5"},
-    {"txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure", "Amine_Feed_Pres", "23.5", "23.5"},
-    {"txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature", "Amine_Feed_Temp", "24.5", "24.5"},
-    {"txtAMI_AmineFeedFlowRate", "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate", "Amine_Feed_FlowRate", "25.5", "25.5"},
-    {"txtAMI_AmineFeedAminePct", "lean amine feed amine content (% wt):", "Lean Amine feed amine content", "Amine_Feed_AminePct", "26.5",
-     "26.5"},
-    {"txtAMI_AmineFeedH2SPct", "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content", "Amine_Feed_H2SPct", "27.5", "27.5"},
-    {"txtAMI_AmineFeedCO2Pct", "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content", "Amine_Feed_CO2Pct", "28.5", "28.5"},
+    {"txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure", "Amine_Feed_Pres", "23.5",
+     "23.5"},
+    {"txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature", "Amine_Feed_Temp",
+     "24.5", "24.5"},
+    {"txtAMI_AmineFeedFlowRate", "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate",
+     "Amine_Feed_FlowRate", "25.5", "25.5"},
+    {"txtAMI_AmineFeedAminePct", "lean amine feed amine content (% wt):", "Lean Amine feed amine content",
+     "Amine_Feed_AminePct", "26.5", "26.5"},
+    {"txtAMI_AmineFeedH2SPct", "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content",
+     "Amine_Feed_H2SPct", "27.5", "27.5"},
+    {"txtAMI_AmineFeedCO2Pct", "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content",
+     "Amine_Feed_CO2Pct", "28.5", "28.5"},
     {"cmbAMI_GasesVentOrFlare", "Emission Destination", "Emissions Destination", "EMIS_DEST", "Flared Locally", "FL"},
-    {"txtAMI_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "30.5", "30.5"},
-    {"txtAMI_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter", "EXH_OUT_INNER_DIAM", "31.5",
-     "31.5"},
-    {"txtAMI_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "32.5", "32.5"},
+    {"txtAMI_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "30.5",
+     "30.5"},
+    {"txtAMI_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter",
+     "EXH_OUT_INNER_DIAM", "31.5", "31.5"},
+    {"txtAMI_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "32.5",
+     "32.5"},
     {"txtAMI_ExhaustOutletT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_TEMP", "33.5", "33.5"},
-    {"txtAMI_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE", "34.5", "34.5"},
+    {"txtAMI_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE",
+     "34.5", "34.5"},
     {"txtAMI_FlareFeedRate", "Flare Feed Rate (scf/hr):", "Flare Feed Rate", "FLA_FEED_RATE", "35.5", "35.5"},
-    {"txtAMI_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP", "36.5", "36.5"},
+    {"txtAMI_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP",
+     "36.5", "36.5"},
     {"txtAMI_FlareEfficiency", "Combustion Efficiency (%):", "Combustion Efficiency", "FLA_EFFIC", "37.5", "37.5"},
-    {"cmbAMI_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH", "SR + VR/C", "SRVC"},
+    {"cmbAMI_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
+     "SR + VR/C", "SRVC"},
     {"txtAMI_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP", "39.5", "39.5"},
     {"txtAMI_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "40.5", "40.5"},
-    {"txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency", "SRU_RECOVERY_EFFIC", "41.5", "41.5"},
-    {"cmbAMI_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes", "True"},
-    {"txtAMI_OtherControlDesc", "Description:", "Other Control Device Descript.", "OTH_CTRL_DESC", "a scrubber", "a scrubber"},
+    {"txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency", "SRU_RECOVERY_EFFIC",
+     "41.5", "41.5"},
+    {"cmbAMI_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes",
+     "True"},
+    {"txtAMI_OtherControlDesc", "Description:", "Other Control Device Descript.", "OTH_CTRL_DESC", "a scrubber",
+     "a scrubber"},
     {"txtAMI_OtherControlEffSOx", "SOx Efficiency (%):", "SOx Efficiency", "OTH_CTRL_EFFIC_SOX", "44.5", "44.5"},
     {"txtAMI_OtherControlEffNOx", "NOx Efficiency (%):", "NOx Efficiency", "OTH_CTRL_EFFIC_NOX", "45.5", "45.5"},
     {"txtAMI_OtherControlEffCO", "CO Efficiency (%):", "CO Efficiency", "OTH_CTRL_EFFIC_CO", "46.5", "46.5"},
@@ -113,13 +128,24 @@ const std::vector<Bound> kFlashBounds = {
     {"txtAMI_FlashPress", "Flash Tank  Pressure", 0, 200},
 };
 
-const char* const kModelFields[] = {
-    "txtAMI_SourPress",       "txtAMI_SourTemp",      "txtAMI_FlashTemp",         "txtAMI_FlashPress",        "txtAMI_Nbr",
-    "txtAMI_AmineFeedPress",  "txtAMI_AmineFeedTemp", "txtAMI_AmineFeedFlowRate", "txtAMI_AmineFeedAminePct", "txtAMI_AmineFeedH2SPct",
-    "txtAMI_AmineFeedCO2Pct", "cmbAMI_AmineType",     "cmbAmi_UseFlashTank",      "cmbAmi_Disposition"};
-const char* const kOutletFields[] = {"txtAMI_ExhaustOutletHgt", "txtAMI_ExhaustOutletInnerDiam", "txtAMI_ExhaustOutletExitVel",
-                                     "txtAMI_ExhaustOutletT",   "txtAMI_ExhaustOutletAngle",     "txtAMI_FlareFeedRate",
-                                     "txtAMI_FlareCombustionT", "txtAMI_FlareEfficiency"};
+const char* const kModelFields[] = {"txtAMI_SourPress",
+                                    "txtAMI_SourTemp",
+                                    "txtAMI_FlashTemp",
+                                    "txtAMI_FlashPress",
+                                    "txtAMI_Nbr",
+                                    "txtAMI_AmineFeedPress",
+                                    "txtAMI_AmineFeedTemp",
+                                    "txtAMI_AmineFeedFlowRate",
+                                    "txtAMI_AmineFeedAminePct",
+                                    "txtAMI_AmineFeedH2SPct",
+                                    "txtAMI_AmineFeedCO2Pct",
+                                    "cmbAMI_AmineType",
+                                    "cmbAmi_UseFlashTank",
+                                    "cmbAmi_Disposition"};
+const char* const kOutletFields[] = {"txtAMI_ExhaustOutletHgt",     "txtAMI_ExhaustOutletInnerDiam",
+                                     "txtAMI_ExhaustOutletExitVel", "txtAMI_ExhaustOutletT",
+                                     "txtAMI_ExhaustOutletAngle",   "txtAMI_FlareFeedRate",
+                                     "txtAMI_FlareCombustionT",     "txtAMI_FlareEfficiency"};
 
 std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_AMI") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
@@ -140,7 +166,8 @@ void TryInEdit(TestRun& run, const std::vector<Bound>& bounds, const std::string
     for (const Bound& bound : bounds) run.Set(bound.control, value(bound));
     run.Click("cmdQC");
     run.TakeBoxes();
-    for (const Bound& bound : bounds) EXPECT_EQ(run.Finding(bound.tag), expected(bound)) << bound.control << " " << what;
+    for (const Bound& bound : bounds)
+      EXPECT_EQ(run.Finding(bound.tag), expected(bound)) << bound.control << " " << what;
   };
   const auto none = [](const Bound&) { return std::string(); };
   const auto range = [](const Bound& bound) { return RangeFinding(bound.low, bound.high); };
@@ -171,7 +198,8 @@ Values Composition(const std::string& first, const std::string& second) {
 TEST(Amine, shows_its_pages_titles_and_first_fields) {
   TestRun run;
   run.StartWith("AMI", "A1");
-  EXPECT_EQ(run.At("tabAMI").items, (Texts{"General Info.", "Model Inputs", "Ventilation System", "Control Equipment", "QC Results"}));
+  EXPECT_EQ(run.At("tabAMI").items,
+            (Texts{"General Info.", "Model Inputs", "Ventilation System", "Control Equipment", "QC Results"}));
   EXPECT_EQ(run.At("tabAMI").page_available, (std::vector<bool>{true, true, true, true, true}));
   EXPECT_EQ(run.At("fraAMI").caption, "Amine Unit");
   run.Click("cmdEdit");
@@ -245,10 +273,12 @@ TEST(Amine, leaves_the_stored_quantities_emitted_alone) {
   run.StartWith("AMI", "A1");
   const Texts columns = {"Emis_H2S",  "Emis_Methane", "Emis_Ethane", "Emis_C3HC",     "Emis_C4HC",
                          "Emis_C5HC", "Emis_C6HC",    "Emis_C7HC",   "Emis_C8plus_HC"};
-  for (std::size_t i = 0; i < columns.size(); ++i) run.s.db.Execute("UPDATE ED_AMI SET " + columns[i] + "=" + std::to_string(i) + ".5");
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    run.s.db.Execute("UPDATE ED_AMI SET " + columns[i] + "=" + std::to_string(i) + ".5");
   SelectAgain(run);
   run.Keep({{"txtAMI_ConcN2", "3"}});
-  for (std::size_t i = 0; i < columns.size(); ++i) EXPECT_EQ(Stored(run, columns[i]), std::to_string(i) + ".5") << columns[i];
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    EXPECT_EQ(Stored(run, columns[i]), std::to_string(i) + ".5") << columns[i];
 }
 
 TEST(Amine, keeps_every_field_of_the_description_in_its_column) {
@@ -293,9 +323,13 @@ TEST(Amine, keeps_each_item_of_its_lists_as_its_code_or_its_text) {
     const char *list, *column;
     Values items;
   } const lists[] = {
-      {kTechnology, "CTRL_TECH", {{"None", "NONE"}, {kRecovery, "VR/C"}, {"Sulfur Recovery (SR)", "SR"}, {"SR + VR/C", "SRVC"}}},
+      {kTechnology,
+       "CTRL_TECH",
+       {{"None", "NONE"}, {kRecovery, "VR/C"}, {"Sulfur Recovery (SR)", "SR"}, {"SR + VR/C", "SRVC"}}},
       {"cmbAmi_Disposition", "Disposition", {{"Vented", "VL"}, {"Flared", "FL"}, {"Routed to System", "RS"}}},
-      {"cmbAMI_AmineType", "AMINE_TYP", {{"MEA", "MEA"}, {"DEA", "DEA"}, {"TEA", "TEA"}, {"MDEA", "MDEA"}, {"GDA", "GDA"}}},
+      {"cmbAMI_AmineType",
+       "AMINE_TYP",
+       {{"MEA", "MEA"}, {"DEA", "DEA"}, {"TEA", "TEA"}, {"MDEA", "MDEA"}, {"GDA", "GDA"}}},
       {"cmbAmi_UseFlashTank", "FLASHTANK_FLG", {{"Yes", "True"}, {"No", "False"}}},
       {"cmbAMI_OtherControlDevice", "OTH_CTRL_DEVICE", {{"Yes", "True"}, {"No", "False"}}},
   };
@@ -390,9 +424,14 @@ TEST(Amine, is_held_to_the_bounds_of_the_control_equipment_installed) {
   const Bound temperature = {"txtAMI_CondenserT", "Condenser Temperature", 32, 212};
   const Bound pressure = {"txtAMI_CondenserP", "Condenser Pressure", 0.5, 1000};
   const Bound recovery = {"txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency", 50, 99.9};
-  TryBounds({.type = "AMI", .mode = Mode::kDesc, .base = {{kTechnology, "SR + VR/C"}}, .required = {temperature, pressure, recovery}});
-  TryBounds({.type = "AMI", .mode = Mode::kDesc, .base = {{kTechnology, kRecovery}}, .required = {temperature, pressure}});
-  TryBounds({.type = "AMI", .mode = Mode::kDesc, .base = {{kTechnology, "Sulfur Recovery (SR)"}}, .required = {recovery}});
+  TryBounds({.type = "AMI",
+             .mode = Mode::kDesc,
+             .base = {{kTechnology, "SR + VR/C"}},
+             .required = {temperature, pressure, recovery}});
+  TryBounds(
+      {.type = "AMI", .mode = Mode::kDesc, .base = {{kTechnology, kRecovery}}, .required = {temperature, pressure}});
+  TryBounds(
+      {.type = "AMI", .mode = Mode::kDesc, .base = {{kTechnology, "Sulfur Recovery (SR)"}}, .required = {recovery}});
 }
 
 TEST(Amine, is_held_to_the_bounds_of_the_model_inputs) {
@@ -426,7 +465,9 @@ TEST(Amine, is_held_to_the_bounds_of_the_efficiencies_that_are_given) {
 TEST(Amine, without_another_control_device_keeps_its_efficiencies_and_raises_nothing) {
   TestRun run;
   run.StartWith("AMI", "A1");
-  run.Keep({{"cmbAMI_OtherControlDevice", "Yes"}, {"txtAMI_OtherControlEffCO", "120"}, {"txtAMI_OtherControlEffVOC", "99.91"}});
+  run.Keep({{"cmbAMI_OtherControlDevice", "Yes"},
+            {"txtAMI_OtherControlEffCO", "120"},
+            {"txtAMI_OtherControlEffVOC", "99.91"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("CO Efficiency"), RangeFinding(0, 99.9));
   EXPECT_EQ(run.Finding("VOC Efficiency"), RangeFinding(0, 99.9));
@@ -470,17 +511,19 @@ TEST(Amine, blank_with_model_inputs_lacks_those_too_in_their_order) {
   const auto blank = [&](std::initializer_list<const char*> tags) {
     for (const char* tag : tags) expected.emplace_back(tag, kBlankFinding);
   };
-  blank({"Amine Type", "Equipped with flash tank?", "Sour gas feed pressure", "Sour gas feed temperature", "Number of Absorb trays",
-         "Lean Amine feed pressure", "Lean Amine feed temperature", "Lean Amine feed flowrate", "Lean Amine feed amine content",
-         "Lean Amine feed H2S content", "Lean Amine feed CO2 content", "Emissions Destination", "Installed Control Equipment"});
+  blank({"Amine Type", "Equipped with flash tank?", "Sour gas feed pressure", "Sour gas feed temperature",
+         "Number of Absorb trays", "Lean Amine feed pressure", "Lean Amine feed temperature",
+         "Lean Amine feed flowrate", "Lean Amine feed amine content", "Lean Amine feed H2S content",
+         "Lean Amine feed CO2 content", "Emissions Destination", "Installed Control Equipment"});
   EXPECT_EQ(run.Findings(), expected);
   run.Set("cmbAmi_UseFlashTank", "Yes");
   run.Click("cmdQC");
   expected.clear();
-  blank({"Amine Type", "Sour gas feed pressure", "Sour gas feed temperature", "Destination of Flash Gas", "Flash Tank Temperature",
-         "Flash Tank  Pressure", "Number of Absorb trays", "Lean Amine feed pressure", "Lean Amine feed temperature",
-         "Lean Amine feed flowrate", "Lean Amine feed amine content", "Lean Amine feed H2S content", "Lean Amine feed CO2 content",
-         "Emissions Destination", "Installed Control Equipment"});
+  blank({"Amine Type", "Sour gas feed pressure", "Sour gas feed temperature", "Destination of Flash Gas",
+         "Flash Tank Temperature", "Flash Tank  Pressure", "Number of Absorb trays", "Lean Amine feed pressure",
+         "Lean Amine feed temperature", "Lean Amine feed flowrate", "Lean Amine feed amine content",
+         "Lean Amine feed H2S content", "Lean Amine feed CO2 content", "Emissions Destination",
+         "Installed Control Equipment"});
   EXPECT_EQ(run.Findings(), expected);
 }
 
@@ -508,8 +551,10 @@ TEST(Amine, looks_passed_again_once_a_required_list_is_chosen) {
   run.Click("OptAMI_ModlEdit");
   run.Put({{"cmbAmi_UseFlashTank", "Yes"}, {"cmbAMI_OtherControlDevice", "Yes"}});
   run.Click("cmdQC");
-  const Values choices = {
-      {"cmbAMI_AmineType", "DEA"}, {"cmbAmi_Disposition", "Vented"}, {kTechnology, "None"}, {"txtAMI_OtherControlDesc", "scrubber"}};
+  const Values choices = {{"cmbAMI_AmineType", "DEA"},
+                          {"cmbAmi_Disposition", "Vented"},
+                          {kTechnology, "None"},
+                          {"txtAMI_OtherControlDesc", "scrubber"}};
   for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kFlag) << name;
   run.Put(choices);
   run.Click("cmdQC");
@@ -520,7 +565,9 @@ TEST(Amine, leaves_the_colour_of_an_efficiency_that_is_blank) {
   TestRun run;
   run.StartWith("AMI", "A1");
   run.Click("cmdEdit");
-  run.Put({{"cmbAMI_OtherControlDevice", "Yes"}, {"txtAMI_OtherControlEffSOx", "100"}, {"txtAMI_OtherControlEffNOx", "100"}});
+  run.Put({{"cmbAMI_OtherControlDevice", "Yes"},
+           {"txtAMI_OtherControlEffSOx", "100"},
+           {"txtAMI_OtherControlEffNOx", "100"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.At("txtAMI_OtherControlEffSOx").back, Back::kFlag);
   run.Put({{"txtAMI_OtherControlEffSOx", ""}, {"txtAMI_OtherControlEffNOx", "99.9"}});
@@ -653,7 +700,8 @@ TEST(Amine, shows_neither_option_without_model_inputs_and_stores_that_there_are_
   EXPECT_FALSE(run.At("zOptAMI_EmisEdit").checked);
   run.Click("cmdQC");
   for (const Bound& bound : kModelBounds) EXPECT_EQ(run.Finding(bound.tag), "") << bound.control;
-  for (const char* tag : {"Amine Type", "Equipped with flash tank?", "Destination of Flash Gas"}) EXPECT_EQ(run.Finding(tag), "") << tag;
+  for (const char* tag : {"Amine Type", "Equipped with flash tank?", "Destination of Flash Gas"})
+    EXPECT_EQ(run.Finding(tag), "") << tag;
 }
 
 TEST(Amine, stores_that_there_are_model_inputs_and_shows_it_again) {
@@ -753,7 +801,8 @@ TEST(Amine, without_a_flash_tank_keeps_the_findings_that_were_explained) {
   run.Click("OptAMI_ModlEdit");
   run.Set("cmbAmi_UseFlashTank", "Yes");
   run.Click("cmdQC");
-  run.s.db.Execute("UPDATE QC SET Comments='being fitted' WHERE FieldID IN ('Flash Tank Temperature','Number of Absorb trays')");
+  run.s.db.Execute(
+      "UPDATE QC SET Comments='being fitted' WHERE FieldID IN ('Flash Tank Temperature','Number of Absorb trays')");
   run.Set("cmbAmi_UseFlashTank", "No");
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Flash Tank Temperature"), kBlankFinding);
@@ -777,8 +826,9 @@ TEST(Amine, withdraws_an_explained_outlet_finding_when_the_destination_asks_for_
   run.s.db.Execute("UPDATE QC SET Comments='being fitted'");
   run.Set(kDestination, "Flared Remotely");
   run.Click("cmdQC");
-  for (const char* tag : {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-                          "Ventilation Outlet Orientation", "Flare Feed Rate", "Flare Combustion Temperature", "Combustion Efficiency"})
+  for (const char* tag :
+       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+        "Ventilation Outlet Orientation", "Flare Feed Rate", "Flare Combustion Temperature", "Combustion Efficiency"})
     EXPECT_EQ(run.Finding(tag), "") << tag;
 }
 
@@ -828,7 +878,8 @@ TEST(Amine, withdraws_the_findings_of_equipment_that_is_not_installed) {
   run.Click("cmdQC");
   run.s.db.Execute("UPDATE QC SET Comments='known'");
   const auto findings = [&] {
-    return Texts{run.Finding("Condenser Temperature"), run.Finding("Condenser Pressure"), run.Finding("Sulfur Recovery Efficiency")};
+    return Texts{run.Finding("Condenser Temperature"), run.Finding("Condenser Pressure"),
+                 run.Finding("Sulfur Recovery Efficiency")};
   };
   EXPECT_EQ(findings(), (Texts{kBlankFinding, kBlankFinding, kBlankFinding}));
   run.Set(kTechnology, kRecovery);
@@ -846,8 +897,9 @@ TEST(Amine, turns_the_other_device_s_fields_on_with_the_device_and_keeps_their_t
   TestRun run;
   run.StartWith("AMI", "A1");
   run.Click("cmdEdit");
-  const Values texts = {{"txtAMI_OtherControlDesc", "scrubber"}, {"txtAMI_OtherControlEffSOx", "1"}, {"txtAMI_OtherControlEffNOx", "2"},
-                        {"txtAMI_OtherControlEffCO", "3"},       {"txtAMI_OtherControlEffVOC", "4"}, {"txtAMI_OtherControlEffPM10", "5"}};
+  const Values texts = {{"txtAMI_OtherControlDesc", "scrubber"}, {"txtAMI_OtherControlEffSOx", "1"},
+                        {"txtAMI_OtherControlEffNOx", "2"},      {"txtAMI_OtherControlEffCO", "3"},
+                        {"txtAMI_OtherControlEffVOC", "4"},      {"txtAMI_OtherControlEffPM10", "5"}};
   const auto expect = [&](bool on, const char* device) {
     for (const auto& [name, text] : texts) {
       EXPECT_EQ(run.At(name).enabled, on) << name << " " << device;
@@ -901,8 +953,8 @@ TEST(Amine, routed_to_the_system_empties_outlet_and_flare_at_once_and_for_good) 
   EXPECT_EQ(run.At("cmbAMI_VentedToID").items, Texts{"Flare: F1"}) << "the list is not filled again";
   run.Click("cmdSaveEdits");
   expect_empty("after the save");
-  for (const char* column : {"EXH_OUT_HGT", "EXH_OUT_INNER_DIAM", "EXH_OUT_EXIT_VEL", "EXH_OUT_TEMP", "EXH_OUT_ANGLE", "FLA_FEED_RATE",
-                             "FLA_COMBUST_TEMP", "FLA_EFFIC", "SENT_TO_ID"})
+  for (const char* column : {"EXH_OUT_HGT", "EXH_OUT_INNER_DIAM", "EXH_OUT_EXIT_VEL", "EXH_OUT_TEMP", "EXH_OUT_ANGLE",
+                             "FLA_FEED_RATE", "FLA_COMBUST_TEMP", "FLA_EFFIC", "SENT_TO_ID"})
     EXPECT_TRUE(IsStoredNull(run, column)) << column;
   EXPECT_EQ(Stored(run, "EMIS_DEST"), "RS");
 }
@@ -924,7 +976,8 @@ TEST(Amine, may_not_process_more_than_its_structure) {
     run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET THRU_NG=") + one.total);
     run.Set(kThroughput, one.throughput);
     run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Processed Throughput"), one.exceeds ? kExceeds : "") << one.throughput << " of " << one.total;
+    EXPECT_EQ(run.Finding("Processed Throughput"), one.exceeds ? kExceeds : "")
+        << one.throughput << " of " << one.total;
   }
 }
 
@@ -942,7 +995,8 @@ TEST(Amine, compares_its_throughput_in_full_precision) {
 TEST(Amine, shows_its_description_unchanged_while_a_month_is_edited) {
   TestRun run;
   run.StartWith("AMI", "A1");
-  run.s.db.Execute("UPDATE ED_AMI SET EMIS_DEST='RS',EXH_OUT_HGT=4,CTRL_TECH='NONE',CONDENSER_TEMP=50,SRU_RECOVERY_EFFIC=60");
+  run.s.db.Execute(
+      "UPDATE ED_AMI SET EMIS_DEST='RS',EXH_OUT_HGT=4,CTRL_TECH='NONE',CONDENSER_TEMP=50,SRU_RECOVERY_EFFIC=60");
   run.GoTo("AMI", "A1", Mode::kActv);
   run.Click("cmdEdit");
   for (const auto& [field, text] : {std::pair{"txtAMI_ExhaustOutletHgt", "4"}, std::pair{"txtAMI_CondenserT", "50"},
@@ -991,7 +1045,8 @@ TEST(Amine, may_not_run_no_hours_while_it_processes_gas) {
     run.Put({{kThroughput, one.throughput}, {kHours, one.hours}});
     run.Click("cmdQC");
     EXPECT_EQ(run.Finding("Hours Operated"), one.finding) << one.throughput << " in " << one.hours;
-    EXPECT_EQ(run.At(kHours).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag) << one.throughput << " in " << one.hours;
+    EXPECT_EQ(run.At(kHours).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag)
+        << one.throughput << " in " << one.hours;
   }
 }
 
@@ -1017,7 +1072,8 @@ TEST(Amine, checked_withdraws_the_unexplained_findings_of_the_other_units) {
   run.GoTo("AMI", "A1", Mode::kActv);
   run.Click("cmdQC");
   EXPECT_EQ(run.Findings("EquipID='A2'"), (Found{{"Processed Throughput", kBlankFinding}}));
-  EXPECT_EQ(run.Count("QC WHERE EquipID='A1' AND Comments='meter broken'"), 2) << "its own explained findings still hold";
+  EXPECT_EQ(run.Count("QC WHERE EquipID='A1' AND Comments='meter broken'"), 2)
+      << "its own explained findings still hold";
 }
 
 TEST(Amine, checked_leaves_the_other_units_findings_of_the_other_mode_and_of_other_months) {

@@ -36,7 +36,9 @@ struct FrameCase {
   std::string not_found_on_save = "Equipment record not found";
 };
 
-void PrintTo(const FrameCase& c, std::ostream* out) { *out << c.type; }
+void PrintTo(const FrameCase& c, std::ostream* out) {
+  *out << c.type;
+}
 
 class SheetFrame : public testing::TestWithParam<FrameCase> {
  protected:
@@ -153,38 +155,65 @@ TEST_P(SheetFrame, has_a_box_for_the_status_and_a_monthly_comment) {
 
 INSTANTIATE_TEST_SUITE_P(
     Sheets, SheetFrame,
-    testing::Values(
-        FrameCase{.type = "VEN", .letters = "VEN", .title = "Cold Vent", .edit_title = "Vent - EDIT DATA",
-                  .cleared_actv = "Vents - ACTIVITY EDIT MODE", .cleared_desc = "Vents - DESCRIPTION EDIT MODE",
-                  .focus_actv = "txtVEN_HrsOperated", .focus_desc = "cmbVEN_VentType",
-                  .monthly = {"txtVEN_VOCMolWeight", "txtVEN_VolVented", "txtVEN_ConcH2S", "txtVEN_ConcVOC", "txtVEN_HrsOperated"}},
-        FrameCase{.type = "BOI", .letters = "BOI", .title = "Boiler/Heater/Burner",
-                  .edit_title = "Boiler/Heater/Burner - EDIT DATA",
-                  .focus_actv = "txtBOI_HrsOperated", .focus_desc = "txtBOI_HeatInputRate",
-                  .monthly = {"txtBOI_FuelUsageRateOil", "txtBOI_HrsOperated", "txtBOI_TotalFuelUsed", "txtBOI_TotalFuelUsedOil"}},
-        FrameCase{.type = "DIE", .letters = "DIE", .title = "Diesel or Gasoline Engine",
-                  .edit_title = "Diesel or Gasoline Engine - EDIT DATA",
-                  .cleared_actv = "Diesel or Gasoline Engine - ACTIVITY EDIT MODE",
-                  .cleared_desc = "Diesel or Gasoline Engine - DESCRIPTION EDIT MODE",
-                  .focus_actv = "txtDIE_TotalFuelUsed", .focus_desc = "txtDIE_OperatingHP",
-                  .monthly = {"txtDIE_HrsOperated", "txtDIE_TotalFuelUsed"}},
-        FrameCase{.type = "NGE", .letters = "NGE", .title = "Natural Gas Engine",
-                  .edit_title = "Natural Gas Engine - EDIT DATA",
-                  .focus_actv = "txtNGE_HrsOperated", .focus_desc = "txtNGE_OperatingHP",
-                  .monthly = {"txtNGE_TotalFuelUsed", "txtNGE_HrsOperated"}},
-        FrameCase{.type = "NGT", .letters = "NGT", .title = "Natural Gas, Diesel, or Dual-Fuel Turbine",
-                  .edit_title = "Natural Gas, Diesel, or Dual-Fuel Turbine - EDIT DATA",
-                  .focus_actv = "txtNGT_HrsOperated", .focus_desc = "txtNGT_Mfr",
-                  .monthly = {"txtNGT_HrsOperated", "txtNGT_TotalFuelUsed", "txtNGT_HrsOperated_Diesel", "txtNGT_TotalFuelUsed_Diesel"}},
-        FrameCase{.type = "DRI", .letters = "JAC", .title = "Drilling Equipment",
-                  .edit_title = "Drilling Equipment - EDIT DATA", .focus_actv = "txtJAC_HrsOperated",
-                  .monthly = {"txtJAC_HrsOperated", "txtJAC_DieselUsage", "txtJAC_GasolineUsage", "txtJAC_NGUsage",
-                              "txtJAC_DrillingEquipment", "lblJAC_DrillingRigIfApplicable"}},
-        FrameCase{.type = "MUD", .letters = "MUD", .title = "Mud Degassing",
-                  .edit_title = "MUD Degassing - EDIT DATA",
-                  .focus_actv = "txtMUD_DaysPerMonth", .focus_desc = "cmbMud_MudType", .monthly = {"txtMUD_DaysPerMonth"},
-                  .not_found_on_load = "Equipment record not found in LoadMUDFrame",
-                  .not_found_on_save = "Equipment record not found in SaveMUDFrame"}),
+    testing::Values(FrameCase{.type = "VEN",
+                              .letters = "VEN",
+                              .title = "Cold Vent",
+                              .edit_title = "Vent - EDIT DATA",
+                              .cleared_actv = "Vents - ACTIVITY EDIT MODE",
+                              .cleared_desc = "Vents - DESCRIPTION EDIT MODE",
+                              .focus_actv = "txtVEN_HrsOperated",
+                              .focus_desc = "cmbVEN_VentType",
+                              .monthly = {"txtVEN_VOCMolWeight", "txtVEN_VolVented", "txtVEN_ConcH2S", "txtVEN_ConcVOC",
+                                          "txtVEN_HrsOperated"}},
+                    FrameCase{.type = "BOI",
+                              .letters = "BOI",
+                              .title = "Boiler/Heater/Burner",
+                              .edit_title = "Boiler/Heater/Burner - EDIT DATA",
+                              .focus_actv = "txtBOI_HrsOperated",
+                              .focus_desc = "txtBOI_HeatInputRate",
+                              .monthly = {"txtBOI_FuelUsageRateOil", "txtBOI_HrsOperated", "txtBOI_TotalFuelUsed",
+                                          "txtBOI_TotalFuelUsedOil"}},
+                    FrameCase{.type = "DIE",
+                              .letters = "DIE",
+                              .title = "Diesel or Gasoline Engine",
+                              .edit_title = "Diesel or Gasoline Engine - EDIT DATA",
+                              .cleared_actv = "Diesel or Gasoline Engine - ACTIVITY EDIT MODE",
+                              .cleared_desc = "Diesel or Gasoline Engine - DESCRIPTION EDIT MODE",
+                              .focus_actv = "txtDIE_TotalFuelUsed",
+                              .focus_desc = "txtDIE_OperatingHP",
+                              .monthly = {"txtDIE_HrsOperated", "txtDIE_TotalFuelUsed"}},
+                    FrameCase{.type = "NGE",
+                              .letters = "NGE",
+                              .title = "Natural Gas Engine",
+                              .edit_title = "Natural Gas Engine - EDIT DATA",
+                              .focus_actv = "txtNGE_HrsOperated",
+                              .focus_desc = "txtNGE_OperatingHP",
+                              .monthly = {"txtNGE_TotalFuelUsed", "txtNGE_HrsOperated"}},
+                    FrameCase{.type = "NGT",
+                              .letters = "NGT",
+                              .title = "Natural Gas, Diesel, or Dual-Fuel Turbine",
+                              .edit_title = "Natural Gas, Diesel, or Dual-Fuel Turbine - EDIT DATA",
+                              .focus_actv = "txtNGT_HrsOperated",
+                              .focus_desc = "txtNGT_Mfr",
+                              .monthly = {"txtNGT_HrsOperated", "txtNGT_TotalFuelUsed", "txtNGT_HrsOperated_Diesel",
+                                          "txtNGT_TotalFuelUsed_Diesel"}},
+                    FrameCase{
+                        .type = "DRI",
+                        .letters = "JAC",
+                        .title = "Drilling Equipment",
+                        .edit_title = "Drilling Equipment - EDIT DATA",
+                        .focus_actv = "txtJAC_HrsOperated",
+                        .monthly = {"txtJAC_HrsOperated", "txtJAC_DieselUsage", "txtJAC_GasolineUsage",
+                                    "txtJAC_NGUsage", "txtJAC_DrillingEquipment", "lblJAC_DrillingRigIfApplicable"}},
+                    FrameCase{.type = "MUD",
+                              .letters = "MUD",
+                              .title = "Mud Degassing",
+                              .edit_title = "MUD Degassing - EDIT DATA",
+                              .focus_actv = "txtMUD_DaysPerMonth",
+                              .focus_desc = "cmbMud_MudType",
+                              .monthly = {"txtMUD_DaysPerMonth"},
+                              .not_found_on_load = "Equipment record not found in LoadMUDFrame",
+                              .not_found_on_save = "Equipment record not found in SaveMUDFrame"}),
     [](const auto& info) { return info.param.type; });
 
 // ---- the exhaust outlet ----
@@ -195,7 +224,9 @@ struct ExhaustCase {
   bool has_orientation_rule = true;
 };
 
-void PrintTo(const ExhaustCase& c, std::ostream* out) { *out << c.type; }
+void PrintTo(const ExhaustCase& c, std::ostream* out) {
+  *out << c.type;
+}
 
 class ExhaustOutlet : public testing::TestWithParam<ExhaustCase> {
  protected:
@@ -205,12 +236,16 @@ class ExhaustOutlet : public testing::TestWithParam<ExhaustCase> {
 
 TEST_P(ExhaustOutlet, is_held_to_the_bounds_of_its_type) {
   const ExhaustCase& b = block();
-  BoundCase bounds{.type = b.type, .mode = Mode::kDesc, .description = {}, .base = {},
-                   .required = {{Named("Hgt"), "Exhaust Outlet Height", -30, b.height},
-                                {Named("InnerDiam"), "Exhaust Outlet Inner Diameter", b.diameter_low, b.diameter},
-                                {Named("ExitVel"), "Exhaust Exit Velocity", 0, b.velocity},
-                                {Named(b.temperature), "Exhaust Exit Temperature", b.temperature_low, b.temperature_high}},
-                   .if_filled = {}};
+  BoundCase bounds{
+      .type = b.type,
+      .mode = Mode::kDesc,
+      .description = {},
+      .base = {},
+      .required = {{Named("Hgt"), "Exhaust Outlet Height", -30, b.height},
+                   {Named("InnerDiam"), "Exhaust Outlet Inner Diameter", b.diameter_low, b.diameter},
+                   {Named("ExitVel"), "Exhaust Exit Velocity", 0, b.velocity},
+                   {Named(b.temperature), "Exhaust Exit Temperature", b.temperature_low, b.temperature_high}},
+      .if_filled = {}};
   if (b.has_orientation_rule) bounds.required.push_back({Named("Angle"), "Exhaust Outlet Orientation", 0, 180});
   TryBounds(bounds);
 }
@@ -234,10 +269,15 @@ TEST_P(ExhaustOutlet, has_its_captions_and_tags) {
 TEST_P(ExhaustOutlet, is_kept_in_the_description_and_read_back) {
   TestRun run;
   run.StartWith(block().type, "X1");
-  run.Keep({{Named("Hgt"), "1.5"}, {Named("InnerDiam"), "2.5"}, {Named("ExitVel"), "3.5"}, {Named(block().temperature), "4.5"},
+  run.Keep({{Named("Hgt"), "1.5"},
+            {Named("InnerDiam"), "2.5"},
+            {Named("ExitVel"), "3.5"},
+            {Named(block().temperature), "4.5"},
             {Named("Angle"), "5.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT EXH_OUT_HGT||' '||EXH_OUT_INNER_DIAM||' '||EXH_OUT_EXIT_VEL||' '||EXH_OUT_EXIT_TEMP||' '"
-                                "||EXH_OUT_ANGLE FROM ED_" + block().type)),
+  EXPECT_EQ(NullToEmpty(run.Sql(
+                "SELECT EXH_OUT_HGT||' '||EXH_OUT_INNER_DIAM||' '||EXH_OUT_EXIT_VEL||' '||EXH_OUT_EXIT_TEMP||' '"
+                "||EXH_OUT_ANGLE FROM ED_" +
+                block().type)),
             "1.5 2.5 3.5 4.5 5.5");
   EXPECT_EQ(run.Text(Named("Hgt")) + " " + run.Text(Named("InnerDiam")) + " " + run.Text(Named("ExitVel")) + " " +
                 run.Text(Named(block().temperature)) + " " + run.Text(Named("Angle")),
@@ -286,7 +326,9 @@ struct DeviceCase {
   Names gases = {"SOx", "NOx", "CO", "VOC", "PM10"};
 };
 
-void PrintTo(const DeviceCase& c, std::ostream* out) { *out << c.type; }
+void PrintTo(const DeviceCase& c, std::ostream* out) {
+  *out << c.type;
+}
 
 class OtherControlDevice : public testing::TestWithParam<DeviceCase> {
  protected:
@@ -311,8 +353,12 @@ class OtherControlDevice : public testing::TestWithParam<DeviceCase> {
 };
 
 TEST_P(OtherControlDevice, has_efficiencies_of_0_to_99_9_percent_or_none) {
-  BoundCase bounds{.type = block().type, .mode = Mode::kDesc, .description = {},
-                   .base = {{Device(), "Yes"}, {Description(), "scrubber"}}, .required = {}, .if_filled = {}};
+  BoundCase bounds{.type = block().type,
+                   .mode = Mode::kDesc,
+                   .description = {},
+                   .base = {{Device(), "Yes"}, {Description(), "scrubber"}},
+                   .required = {},
+                   .if_filled = {}};
   for (const std::string& gas : block().gases)
     bounds.if_filled.push_back({Efficiency(gas), gas + " Control Efficiency", 0, 99.9});
   TryBounds(bounds);
@@ -466,7 +512,8 @@ const char* const kUsualDescription = "Other Control Device Descript.";
 
 INSTANTIATE_TEST_SUITE_P(
     Sheets, OtherControlDevice,
-    testing::Values(DeviceCase{"BOI", "BOI", 2, "Other Control Device", "Other Control Device Descrip.", "lblBOI_OtherConstrolDesc"},
+    testing::Values(DeviceCase{"BOI", "BOI", 2, "Other Control Device", "Other Control Device Descrip.",
+                               "lblBOI_OtherConstrolDesc"},
                     DeviceCase{"DIE", "DIE", 2, kUsualDevice, kUsualDescription, ""},
                     DeviceCase{"DRI", "JAC", 2, kUsualDevice, "Other Control Equipment Descript.", ""},
                     DeviceCase{"FLA", "FLA", 1, kUsualDevice, kUsualDescription, "lblFLA_OtherConstrolDesc"},
@@ -490,7 +537,9 @@ struct StackCase {
   std::string type, temperature, velocity_tag, temperature_caption, temperature_tag;
 };
 
-void PrintTo(const StackCase& c, std::ostream* out) { *out << c.type; }
+void PrintTo(const StackCase& c, std::ostream* out) {
+  *out << c.type;
+}
 
 class StackBlock : public testing::TestWithParam<StackCase> {
  protected:
@@ -515,21 +564,27 @@ TEST_P(StackBlock, has_its_captions_and_tags) {
 
 TEST_P(StackBlock, is_kept_in_the_description_and_read_back) {
   run.StartWith(block().type, "X1");
-  run.Keep({{Named("OutletElev"), "1.5"}, {Named("InnerDiam"), "2.5"}, {Named("ExitVel"), "3.5"},
-            {Named(block().temperature), "4.5"}, {Named("Angle"), "5.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT STK_OUT_ELEV||' '||STK_INNER_DIAM||' '||STK_EXIT_VEL||' '||STK_EXIT_TEMP||' '||STK_ANGLE "
-                                "FROM ED_" + block().type)),
+  run.Keep({{Named("OutletElev"), "1.5"},
+            {Named("InnerDiam"), "2.5"},
+            {Named("ExitVel"), "3.5"},
+            {Named(block().temperature), "4.5"},
+            {Named("Angle"), "5.5"}});
+  EXPECT_EQ(NullToEmpty(run.Sql(
+                "SELECT STK_OUT_ELEV||' '||STK_INNER_DIAM||' '||STK_EXIT_VEL||' '||STK_EXIT_TEMP||' '||STK_ANGLE "
+                "FROM ED_" +
+                block().type)),
             "1.5 2.5 3.5 4.5 5.5");
-  EXPECT_EQ(run.Text(Named("OutletElev")) + " " + run.Text(Named("InnerDiam")) + " " + run.Text(Named("ExitVel")) + " " +
-                run.Text(Named(block().temperature)) + " " + run.Text(Named("Angle")),
+  EXPECT_EQ(run.Text(Named("OutletElev")) + " " + run.Text(Named("InnerDiam")) + " " + run.Text(Named("ExitVel")) +
+                " " + run.Text(Named(block().temperature)) + " " + run.Text(Named("Angle")),
             "1.5 2.5 3.5 4.5 5.5");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Sheets, StackBlock,
-    testing::Values(StackCase{"FLA", "ExitT", "Avg. Exit Velocity", "Avg. Combustion Temp. (°F):", "Avg. Combustion Temperature"},
-                    StackCase{"VEN", "T", "Exit Velocity", "Avg. Exit Temperature (°F):", "Exit Temperature"}),
-    [](const auto& info) { return info.param.type; });
+INSTANTIATE_TEST_SUITE_P(Sheets, StackBlock,
+                         testing::Values(StackCase{"FLA", "ExitT", "Avg. Exit Velocity",
+                                                   "Avg. Combustion Temp. (°F):", "Avg. Combustion Temperature"},
+                                         StackCase{"VEN", "T", "Exit Velocity",
+                                                   "Avg. Exit Temperature (°F):", "Exit Temperature"}),
+                         [](const auto& info) { return info.param.type; });
 
 }  // namespace
 }  // namespace merlu::test

@@ -11,7 +11,8 @@ using Names = std::vector<std::string>;
 
 const char* const kFuel = "cmbBOI_FuelType";
 const char* const kOverTotal = "Value exceeds total fuel used for structure";
-const Names kGasSet = {"txtBOI_FuelH2SContent", "txtBOI_FuelHeatingValue", "txtBOI_MaxRatedFuelUsage", "txtBOI_FuelUsageRate"};
+const Names kGasSet = {"txtBOI_FuelH2SContent", "txtBOI_FuelHeatingValue", "txtBOI_MaxRatedFuelUsage",
+                       "txtBOI_FuelUsageRate"};
 const Names kOilSet = {"txtBOI_FuelH2SContentOil", "txtBOI_FuelHeatingValueOil", "txtBOI_MaxRatedFuelUsageOil"};
 const Names kMonthlyOilSet = {"txtBOI_FuelUsageRateOil", "txtBOI_TotalFuelUsedOil"};
 const Names kGasFuels = {"Natural Gas", "Process Gas", "Waste Gas"};
@@ -52,7 +53,10 @@ std::string FindingAt(TestRun& run, const std::string& value) {
 
 TEST(Boiler, on_any_gas_fuel_is_held_to_the_bounds_of_the_gas_set) {
   for (const std::string& fuel : kGasFuels)
-    TryBounds({.type = "BOI", .mode = Mode::kDesc, .description = {}, .base = {{kFuel, fuel}},
+    TryBounds({.type = "BOI",
+               .mode = Mode::kDesc,
+               .description = {},
+               .base = {{kFuel, fuel}},
                .required = {{"txtBOI_MaxRatedFuelUsage", "Max Rated Fuel Usage", 100, 400000},
                             {"txtBOI_FuelHeatingValue", "Fuel Heating Value", 500, 1500},
                             {"txtBOI_FuelH2SContent", "Fuel H2S Content", 0, 2000},
@@ -64,7 +68,10 @@ TEST(Boiler, on_any_gas_fuel_is_held_to_the_bounds_of_the_gas_set) {
 
 TEST(Boiler, on_any_oil_fuel_is_held_to_the_bounds_of_the_oil_set) {
   for (const std::string& fuel : kOilFuels)
-    TryBounds({.type = "BOI", .mode = Mode::kDesc, .description = {}, .base = {{kFuel, fuel}},
+    TryBounds({.type = "BOI",
+               .mode = Mode::kDesc,
+               .description = {},
+               .base = {{kFuel, fuel}},
                .required = {{"txtBOI_MaxRatedFuelUsageOil", "Max Rated Fuel Usage", 5000, 20000},
                             {"txtBOI_FuelHeatingValueOil", "Fuel Heating Value", 0, 25000},
                             {"txtBOI_FuelH2SContentOil", "Fuel H2S Content", 0, 5},
@@ -75,7 +82,10 @@ TEST(Boiler, on_any_oil_fuel_is_held_to_the_bounds_of_the_oil_set) {
 
 TEST(Boiler, on_any_gas_fuel_is_held_to_the_bounds_of_a_month_of_gas) {
   for (const std::string& fuel : kGasFuels)
-    TryBounds({.type = "BOI", .mode = Mode::kActv, .description = {{kFuel, fuel}}, .base = {},
+    TryBounds({.type = "BOI",
+               .mode = Mode::kActv,
+               .description = {{kFuel, fuel}},
+               .base = {},
                .required = {{"txtBOI_HrsOperated", "Hours Operated", 0, 744},
                             {"txtBOI_TotalFuelUsed", "Total Fuel Used", 0, 300000000}},
                .if_filled = {}});
@@ -83,7 +93,10 @@ TEST(Boiler, on_any_gas_fuel_is_held_to_the_bounds_of_a_month_of_gas) {
 
 TEST(Boiler, on_any_oil_fuel_is_held_to_the_bounds_of_a_month_of_oil) {
   for (const std::string& fuel : kOilFuels)
-    TryBounds({.type = "BOI", .mode = Mode::kActv, .description = {{kFuel, fuel}}, .base = {},
+    TryBounds({.type = "BOI",
+               .mode = Mode::kActv,
+               .description = {{kFuel, fuel}},
+               .base = {},
                .required = {{"txtBOI_HrsOperated", "Hours Operated", 0, 744},
                             {"txtBOI_FuelUsageRateOil", "Average Fuel Usage", 0, 20000},
                             {"txtBOI_TotalFuelUsedOil", "Total Fuel Used", 0, 15000000}},
@@ -91,7 +104,10 @@ TEST(Boiler, on_any_oil_fuel_is_held_to_the_bounds_of_a_month_of_oil) {
 }
 
 TEST(Boiler, without_a_fuel_counts_as_one_on_gas) {
-  TryBounds({.type = "BOI", .mode = Mode::kActv, .description = {}, .base = {},
+  TryBounds({.type = "BOI",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
              .required = {{"txtBOI_HrsOperated", "Hours Operated", 0, 744},
                           {"txtBOI_TotalFuelUsed", "Total Fuel Used", 0, 300000000}},
              .if_filled = {}});
@@ -101,9 +117,10 @@ TEST(Boiler, misses_these_fields_of_a_blank_description_in_this_order) {
   TestRun run;
   run.StartWith("BOI", "B1");
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Fuel Type|Max Rated Fuel Usage|Fuel Heating Value|Fuel H2S Content|Average Fuel Usage|Average Heat Input|"
-                         "Max Rated Heat Input|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
-                         "Exhaust Exit Temperature|Exhaust Outlet Orientation|Emissions Controls");
+  EXPECT_EQ(Fields(run),
+            "Fuel Type|Max Rated Fuel Usage|Fuel Heating Value|Fuel H2S Content|Average Fuel Usage|Average Heat Input|"
+            "Max Rated Heat Input|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
+            "Exhaust Exit Temperature|Exhaust Outlet Orientation|Emissions Controls");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
 }
 
@@ -113,9 +130,10 @@ TEST(Boiler, on_oil_misses_these_fields_of_a_blank_description_in_this_order) {
   run.Click("cmdEdit");
   run.Put({{kFuel, "Waste Oil"}, {"cmbBOI_OtherControlDevice", "Yes"}});
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Max Rated Fuel Usage|Fuel Heating Value|Fuel H2S Content|Average Heat Input|Max Rated Heat Input|"
-                         "Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|Exhaust Exit Temperature|"
-                         "Exhaust Outlet Orientation|Emissions Controls|Other Control Device Descrip.");
+  EXPECT_EQ(Fields(run),
+            "Max Rated Fuel Usage|Fuel Heating Value|Fuel H2S Content|Average Heat Input|Max Rated Heat Input|"
+            "Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|Exhaust Exit Temperature|"
+            "Exhaust Outlet Orientation|Emissions Controls|Other Control Device Descrip.");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank'"), 0);
 }
 
@@ -136,8 +154,11 @@ TEST(Boiler, loses_four_texts_that_are_no_numbers_to_a_run_and_then_misses_them)
   TestRun run;
   run.StartWith("BOI", "B1");
   run.Click("cmdEdit");
-  run.Put({{"txtBOI_HeatInputRate", "about 5"}, {"txtBOI_MaxRatedHeatInputRate", "5x"}, {"txtBOI_FuelUsageRate", "."},
-           {"txtBOI_MaxRatedFuelUsage", "1 000"}, {"txtBOI_FuelHeatingValue", "900x"}});
+  run.Put({{"txtBOI_HeatInputRate", "about 5"},
+           {"txtBOI_MaxRatedHeatInputRate", "5x"},
+           {"txtBOI_FuelUsageRate", "."},
+           {"txtBOI_MaxRatedFuelUsage", "1 000"},
+           {"txtBOI_FuelHeatingValue", "900x"}});
   run.Click("cmdQC");
   for (const auto& [field, tag] : Values{{"txtBOI_HeatInputRate", "Average Heat Input"},
                                          {"txtBOI_MaxRatedHeatInputRate", "Max Rated Heat Input"},
@@ -154,8 +175,11 @@ TEST(Boiler, may_average_its_maximum_and_not_more) {
   TestRun run;
   run.StartWith("BOI", "B1");
   run.Click("cmdEdit");
-  run.Put({{kFuel, "Natural Gas"}, {"txtBOI_HeatInputRate", "5.01"}, {"txtBOI_MaxRatedHeatInputRate", "5"},
-           {"txtBOI_FuelUsageRate", "200.01"}, {"txtBOI_MaxRatedFuelUsage", "200"}});
+  run.Put({{kFuel, "Natural Gas"},
+           {"txtBOI_HeatInputRate", "5.01"},
+           {"txtBOI_MaxRatedHeatInputRate", "5"},
+           {"txtBOI_FuelUsageRate", "200.01"},
+           {"txtBOI_MaxRatedFuelUsage", "200"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Average Heat Input"), "Average Heat Input exceeds Max Rated Heat Input");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
@@ -192,11 +216,15 @@ TEST(Boiler, neither_checks_nor_clears_the_set_that_its_fuel_does_not_choose) {
   TestRun run;
   run.StartWith("BOI", "B1");
   run.Click("cmdEdit");
-  run.Put({{kFuel, "Diesel"}, {"txtBOI_MaxRatedFuelUsageOil", "4999"}, {"txtBOI_FuelHeatingValueOil", "900"},
+  run.Put({{kFuel, "Diesel"},
+           {"txtBOI_MaxRatedFuelUsageOil", "4999"},
+           {"txtBOI_FuelHeatingValueOil", "900"},
            {"txtBOI_FuelH2SContentOil", "1"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Max Rated Fuel Usage"), "Value not in expected range (5000 to 20000)");
-  run.Put({{kFuel, "Natural Gas"}, {"txtBOI_MaxRatedFuelUsage", "200"}, {"txtBOI_FuelHeatingValue", "400"},
+  run.Put({{kFuel, "Natural Gas"},
+           {"txtBOI_MaxRatedFuelUsage", "200"},
+           {"txtBOI_FuelHeatingValue", "400"},
            {"txtBOI_FuelH2SContent", "1"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Max Rated Fuel Usage"), "Value not in expected range (5000 to 20000)");
@@ -368,16 +396,23 @@ TEST(Boiler, that_turned_from_gas_to_oil_loses_the_month_s_gas_at_the_next_save)
 TEST(Boiler, keeps_the_description_s_old_set_when_its_fuel_changes) {
   TestRun run;
   run.StartWith("BOI", "B1");
-  run.Keep({{kFuel, "Natural Gas"}, {"txtBOI_MaxRatedFuelUsage", "1.5"}, {"txtBOI_FuelUsageRate", "2.5"},
-            {"txtBOI_FuelHeatingValue", "3.5"}, {"txtBOI_FuelH2SContent", "4.5"}});
-  run.Keep({{kFuel, "Diesel"}, {"txtBOI_MaxRatedFuelUsageOil", "5.5"}, {"txtBOI_FuelHeatingValueOil", "6.5"},
+  run.Keep({{kFuel, "Natural Gas"},
+            {"txtBOI_MaxRatedFuelUsage", "1.5"},
+            {"txtBOI_FuelUsageRate", "2.5"},
+            {"txtBOI_FuelHeatingValue", "3.5"},
+            {"txtBOI_FuelH2SContent", "4.5"}});
+  run.Keep({{kFuel, "Diesel"},
+            {"txtBOI_MaxRatedFuelUsageOil", "5.5"},
+            {"txtBOI_FuelHeatingValueOil", "6.5"},
             {"txtBOI_FuelH2SContentOil", "7.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT FUEL_TYP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT"
-                                "||' '||MAX_RATED_FUEL_USE_OIL||' '||FUEL_HEAT_VAL_OIL||' '||FUEL_H2S_CONTENT_OIL FROM ED_BOI")),
-            "D 1.5 2.5 3.5 4.5 5.5 6.5 7.5");
+  EXPECT_EQ(
+      NullToEmpty(run.Sql(
+          "SELECT FUEL_TYP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT"
+          "||' '||MAX_RATED_FUEL_USE_OIL||' '||FUEL_HEAT_VAL_OIL||' '||FUEL_H2S_CONTENT_OIL FROM ED_BOI")),
+      "D 1.5 2.5 3.5 4.5 5.5 6.5 7.5");
   std::string texts;
-  for (const char* field : {"MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue", "FuelH2SContent", "MaxRatedFuelUsageOil",
-                            "FuelHeatingValueOil", "FuelH2SContentOil"})
+  for (const char* field : {"MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue", "FuelH2SContent",
+                            "MaxRatedFuelUsageOil", "FuelHeatingValueOil", "FuelH2SContentOil"})
     texts += run.Text(std::string("txtBOI_") + field) + " ";
   EXPECT_EQ(texts, "1.5 2.5 3.5 4.5 5.5 6.5 7.5 ");
 }
@@ -402,7 +437,8 @@ TEST(Boiler, keeps_its_heat_inputs_and_its_lists_by_code) {
   run.Keep({{"txtBOI_MaxRatedHeatInputRate", "1.5"}, {"txtBOI_HeatInputRate", "2.5"}});
   EXPECT_EQ(run.Count("ED_BOI WHERE MAX_RATED_HI_RATE=1.5 AND HEAT_INPUT_RATE=2.5"), 1);
   EXPECT_EQ(run.Text("txtBOI_MaxRatedHeatInputRate") + " " + run.Text("txtBOI_HeatInputRate"), "1.5 2.5");
-  const Values fuels = {{"Natural Gas", "NG"}, {"Process Gas", "PG"}, {"Waste Gas", "WG"}, {"Waste Oil", "WO"}, {"Diesel", "D"}};
+  const Values fuels = {
+      {"Natural Gas", "NG"}, {"Process Gas", "PG"}, {"Waste Gas", "WG"}, {"Waste Oil", "WO"}, {"Diesel", "D"}};
   for (const auto& [fuel, code] : fuels) {
     run.Keep({{kFuel, fuel}});
     EXPECT_EQ(NullToEmpty(run.Sql("SELECT FUEL_TYP FROM ED_BOI")), code);
@@ -423,8 +459,11 @@ TEST(Boiler, keeps_its_month_and_reads_it_back) {
   run.Keep({{kFuel, "Diesel"}});
   run.GoTo("BOI", "B1", Mode::kActv);
   run.Keep({{"txtBOI_HrsOperated", "1.5"}, {"txtBOI_FuelUsageRateOil", "2.5"}, {"txtBOI_TotalFuelUsedOil", "3.5"}});
-  EXPECT_EQ(run.Count("EA_BOI WHERE OP_HR=1.5 AND FUEL_USE_RATE_OIL=2.5 AND TOT_FUEL_USE_OIL=3.5 AND TOT_FUEL_USE IS NULL"), 1);
-  EXPECT_EQ(run.Text("txtBOI_HrsOperated") + " " + run.Text("txtBOI_FuelUsageRateOil") + " " + run.Text("txtBOI_TotalFuelUsedOil"),
+  EXPECT_EQ(
+      run.Count("EA_BOI WHERE OP_HR=1.5 AND FUEL_USE_RATE_OIL=2.5 AND TOT_FUEL_USE_OIL=3.5 AND TOT_FUEL_USE IS NULL"),
+      1);
+  EXPECT_EQ(run.Text("txtBOI_HrsOperated") + " " + run.Text("txtBOI_FuelUsageRateOil") + " " +
+                run.Text("txtBOI_TotalFuelUsedOil"),
             "1.5 2.5 3.5");
 }
 

@@ -27,7 +27,8 @@ class Trial {
     for (const auto* list : {&case_.required, &case_.if_filled})
       for (const Bound& bound : *list) {
         const bool required = list == &case_.required;
-        EXPECT_EQ(run_.Finding(bound.tag, mode_), expected(bound, required)) << case_.type << " " << bound.control << " " << what;
+        EXPECT_EQ(run_.Finding(bound.tag, mode_), expected(bound, required))
+            << case_.type << " " << bound.control << " " << what;
       }
   }
 
@@ -47,15 +48,23 @@ void TryBounds(const BoundCase& bound_case) {
   Trial trial(bound_case);
   const auto none = [](const Bound&, bool) { return std::string(); };
   const auto range = [](const Bound& bound, bool) { return RangeFinding(bound.low, bound.high); };
-  const auto blank = [&](const Bound& bound, bool required) { return required ? kBlankFinding : RangeFinding(bound.low, bound.high); };
+  const auto blank = [&](const Bound& bound, bool required) {
+    return required ? kBlankFinding : RangeFinding(bound.low, bound.high);
+  };
   const double step = bound_case.step;
-  trial.Try("at the low bound", [](const Bound& b) { return GeneralNumber(b.low); }, none);
-  trial.Try("at the high bound", [](const Bound& b) { return GeneralNumber(b.high); }, none);
-  trial.Try("below", [=](const Bound& b) { return GeneralNumber(b.low - step); }, range);
-  trial.Try("above", [=](const Bound& b) { return GeneralNumber(b.high + step); }, range);
+  trial.Try(
+      "at the low bound", [](const Bound& b) { return GeneralNumber(b.low); }, none);
+  trial.Try(
+      "at the high bound", [](const Bound& b) { return GeneralNumber(b.high); }, none);
+  trial.Try(
+      "below", [=](const Bound& b) { return GeneralNumber(b.low - step); }, range);
+  trial.Try(
+      "above", [=](const Bound& b) { return GeneralNumber(b.high + step); }, range);
   // a blank that is not required is not looked at, so the finding from before stands
-  trial.Try("blank", [](const Bound&) { return std::string(); }, blank);
-  trial.Try("at the low bound again", [](const Bound& b) { return GeneralNumber(b.low); }, none);
+  trial.Try(
+      "blank", [](const Bound&) { return std::string(); }, blank);
+  trial.Try(
+      "at the low bound again", [](const Bound& b) { return GeneralNumber(b.low); }, none);
 }
 
 }  // namespace merlu::test

@@ -21,8 +21,8 @@ struct Bound {
 struct BoundCase {
   std::string type;
   Mode mode;
-  Values description;  // kept in description mode before
-  Values base;         // set in the edit before the bounds are tried
+  Values description;            // kept in description mode before
+  Values base;                   // set in the edit before the bounds are tried
   std::vector<Bound> required;   // blank fails
   std::vector<Bound> if_filled;  // blank passes
   double step = 0.01;            // how far outside a value is tried

@@ -26,8 +26,7 @@ TEST(Conversions, store_the_number_of_a_numeric_text_and_null_for_any_other) {
   EXPECT_EQ(FieldNumber("744"), Value(744.0));
   EXPECT_EQ(FieldNumber(" -5.5 "), Value(-5.5));
   EXPECT_EQ(FieldNumber("1e3"), Value(1000.0));
-  for (const char* text : {"", "  ", "abc", "12abc", "1 2", "-"})
-    EXPECT_TRUE(IsNull(FieldNumber(text))) << text;
+  for (const char* text : {"", "  ", "abc", "12abc", "1 2", "-"}) EXPECT_TRUE(IsNull(FieldNumber(text))) << text;
 }
 
 TEST(Conversions, store_only_what_stands_before_a_thousands_comma) {
@@ -84,8 +83,7 @@ class FlareSheet : public testing::Test {
 
 TEST_F(FlareSheet, has_the_controls_that_every_sheet_has) {
   EXPECT_EQ(run.At("tabFLA").items, (Texts{"General Information", "Control Equipment", "QC Results"}));
-  EXPECT_EQ(run.At("lvwFLA_QCResults").columns,
-            (Texts{"Field Name", "Error Description", "Operator Comment"}));
+  EXPECT_EQ(run.At("lvwFLA_QCResults").columns, (Texts{"Field Name", "Error Description", "Operator Comment"}));
   EXPECT_EQ(run.Text("lblFLA_QCResults"), "QC Results");
   EXPECT_EQ(run.At("cmdFLA_EditQCComment").caption, "Edit QC Comment");
   EXPECT_EQ(run.At("chkFLA_Status").caption, "No Emissions to Report");
@@ -155,12 +153,8 @@ TEST_F(FlareSheet, prints_doubles_in_their_general_form) {
 
 TEST_F(FlareSheet, shows_the_month_s_status_on_its_check_box_and_its_caption) {
   GoToMonth();
-  for (const auto& [stored, inactive] : {std::pair{"'I'", true},
-                                         {"'A'", false},
-                                         {"'I'", true},
-                                         {"'x'", false},
-                                         {"'I'", true},
-                                         {"NULL", false}}) {
+  for (const auto& [stored, inactive] :
+       {std::pair{"'I'", true}, {"'A'", false}, {"'I'", true}, {"'x'", false}, {"'I'", true}, {"NULL", false}}) {
     run.s.db.Execute(std::string("UPDATE EA_EQUIP_ACTV SET EA_STATUS=") + stored);
     Reload();
     EXPECT_EQ(run.At("chkFLA_Status").checked, inactive) << stored;
@@ -183,10 +177,9 @@ TEST_F(FlareSheet, stores_status_and_comment_of_its_month) {
   run.Check("chkFLA_Status", true);
   run.Set("txtFLA_Comments", "shut in");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(
-      NullToEmpty(run.Sql(
-          "SELECT group_concat(EA_ID_AK||EA_STATUS||EA_COMNT_TXT) FROM EA_EQUIP_ACTV WHERE EA_STATUS='I'")),
-      std::to_string(run.s.EA_ID_AK) + "Ishut in");
+  EXPECT_EQ(NullToEmpty(run.Sql(
+                "SELECT group_concat(EA_ID_AK||EA_STATUS||EA_COMNT_TXT) FROM EA_EQUIP_ACTV WHERE EA_STATUS='I'")),
+            std::to_string(run.s.EA_ID_AK) + "Ishut in");
   run.Check("chkFLA_Status", false);
   run.Set("txtFLA_Comments", "");
   run.Click("cmdSaveEdits");
@@ -194,13 +187,13 @@ TEST_F(FlareSheet, stores_status_and_comment_of_its_month) {
 }
 
 TEST_F(FlareSheet, hides_the_monthly_fields_of_a_description_and_shuts_the_middle_page_of_a_month) {
-  for (const char* name : {"txtFLA_HrsOperated", "txtFLA_VolFlared", "cmbFLA_PilotIncludedInVolume",
-                           "txtFLA_Comments", "lblFLA_Comments"})
+  for (const char* name :
+       {"txtFLA_HrsOperated", "txtFLA_VolFlared", "cmbFLA_PilotIncludedInVolume", "txtFLA_Comments", "lblFLA_Comments"})
     EXPECT_FALSE(run.Visible(name)) << name;
   EXPECT_EQ(run.At("tabFLA").page_available, (std::vector<bool>{true, true, true}));
   GoToMonth();
-  for (const char* name : {"txtFLA_HrsOperated", "txtFLA_VolFlared", "cmbFLA_PilotIncludedInVolume",
-                           "txtFLA_Comments", "lblFLA_Comments"})
+  for (const char* name :
+       {"txtFLA_HrsOperated", "txtFLA_VolFlared", "cmbFLA_PilotIncludedInVolume", "txtFLA_Comments", "lblFLA_Comments"})
     EXPECT_TRUE(run.Visible(name)) << name;
   EXPECT_EQ(run.At("tabFLA").page_available, (std::vector<bool>{true, false, true}));
   EXPECT_TRUE(run.Visible("txtFLA_ConcH2S"));
@@ -279,8 +272,7 @@ TEST_F(FlareSheet, lists_the_findings_of_both_modes_of_its_month) {
 
 TEST_F(FlareSheet, keeps_the_findings_of_its_description_under_no_month_and_no_year) {
   run.Click("cmdQC");
-  EXPECT_GT(
-      run.Count("QC WHERE Month=0 AND Year=0 AND EditMode='DESC' AND Level='EQUIPMENT' AND EquipID='F1'"), 0);
+  EXPECT_GT(run.Count("QC WHERE Month=0 AND Year=0 AND EditMode='DESC' AND Level='EQUIPMENT' AND EquipID='F1'"), 0);
   EXPECT_EQ(run.Count("QC WHERE Month<>0 OR Year<>0"), 0);
   const std::size_t listed = run.At("lvwFLA_QCResults").rows.size();
   EXPECT_EQ(static_cast<std::int64_t>(listed), run.Count("QC"));
@@ -307,8 +299,7 @@ TEST_F(FlareSheet, finds_nothing_when_it_is_checked_off_and_loses_what_nobody_ex
 TEST_F(FlareSheet, stamps_its_month_whether_a_run_finds_something_or_not) {
   GoToMonth();
   run.Click("cmdQC");
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT EA_QC_DT FROM EA_EQUIP_ACTV WHERE EA_ID_AK=1")),
-            "2017-03-05 14:02:00");
+  EXPECT_EQ(NullToEmpty(run.Sql("SELECT EA_QC_DT FROM EA_EQUIP_ACTV WHERE EA_ID_AK=1")), "2017-03-05 14:02:00");
   EXPECT_EQ(run.Text("lblFLA_QCDate"), "Date of Last QC: Mar 05, 2017 14:02");
   run.Keep({{"txtFLA_HrsOperated", "5"}, {"txtFLA_VolFlared", "5"}});
   run.clock = {2017, 4, 1, 0, 0, 0};
@@ -471,25 +462,23 @@ TEST_P(AnySheet, forgets_the_last_record_when_another_one_is_shown) {
 }
 
 TEST_P(AnySheet, has_its_pages_in_their_order_with_the_results_on_the_last) {
-  const std::string general =
-      sheet.type == "AMI" || sheet.type == "STO" ? "General Info." : "General Information";
-  const std::map<std::string, Texts> middle = {
-      {"AMI", {"Model Inputs", "Ventilation System", "Control Equipment"}},
-      {"BOI", {"Exhaust System", "Control Equipment"}},
-      {"DIE", {"Exhaust System", "Control Equipment"}},
-      {"FLA", {"Control Equipment"}},
-      {"FUG", {}},
-      {"GLY", {"Ventilation System", "Control Equipment"}},
-      {"DRI", {"Exhaust System", "Control Equipment"}},
-      {"LOA", {"Ventilation System", "Control Equipment"}},
-      {"NGE", {"Exhaust System", "Control Equipment"}},
-      {"NGT", {"Exhaust System", "Control Equipment"}},
-      {"STO", {"Ventilation System", "Control Equipment"}},
-      {"VEN", {"Control Equipment"}},
-      {"LOS", {"Ventilation System"}},
-      {"MUD", {}},
-      {"PNE", {"Ventilation System"}},
-      {"PRE", {}}};
+  const std::string general = sheet.type == "AMI" || sheet.type == "STO" ? "General Info." : "General Information";
+  const std::map<std::string, Texts> middle = {{"AMI", {"Model Inputs", "Ventilation System", "Control Equipment"}},
+                                               {"BOI", {"Exhaust System", "Control Equipment"}},
+                                               {"DIE", {"Exhaust System", "Control Equipment"}},
+                                               {"FLA", {"Control Equipment"}},
+                                               {"FUG", {}},
+                                               {"GLY", {"Ventilation System", "Control Equipment"}},
+                                               {"DRI", {"Exhaust System", "Control Equipment"}},
+                                               {"LOA", {"Ventilation System", "Control Equipment"}},
+                                               {"NGE", {"Exhaust System", "Control Equipment"}},
+                                               {"NGT", {"Exhaust System", "Control Equipment"}},
+                                               {"STO", {"Ventilation System", "Control Equipment"}},
+                                               {"VEN", {"Control Equipment"}},
+                                               {"LOS", {"Ventilation System"}},
+                                               {"MUD", {}},
+                                               {"PNE", {"Ventilation System"}},
+                                               {"PRE", {}}};
   Texts pages = middle.at(sheet.type);
   pages.insert(pages.begin(), general);
   pages.push_back("QC Results");

@@ -37,7 +37,10 @@ std::string FindingAt(TestRun& run, const std::string& value) {
 }
 
 void TryDescription(const Values& base, double heating_low, double heating_high) {
-  TryBounds({.type = "DIE", .mode = Mode::kDesc, .description = {}, .base = base,
+  TryBounds({.type = "DIE",
+             .mode = Mode::kDesc,
+             .description = {},
+             .base = base,
              .required = {{"txtDIE_OperatingHP", "Operating Horsepower", 5, 3000},
                           {"txtDIE_FuelUsageRate", "Average Fuel Usage", 0, 8500},
                           {"txtDIE_MaxHP", "Max Rated Horsepower", 10, 3000},
@@ -48,8 +51,12 @@ void TryDescription(const Values& base, double heating_low, double heating_high)
 }
 
 void TryMonth(const Values& description, double total) {
-  TryBounds({.type = "DIE", .mode = Mode::kActv, .description = description, .base = {},
-             .required = {{"txtDIE_HrsOperated", "Hours Operated", 0, 744}, {"txtDIE_TotalFuelUsed", "Total Fuel Used", 0, total}},
+  TryBounds({.type = "DIE",
+             .mode = Mode::kActv,
+             .description = description,
+             .base = {},
+             .required = {{"txtDIE_HrsOperated", "Hours Operated", 0, 744},
+                          {"txtDIE_TotalFuelUsed", "Total Fuel Used", 0, total}},
              .if_filled = {}});
 }
 
@@ -71,9 +78,11 @@ TEST(DieselEngine, misses_these_fields_of_a_blank_description_in_this_order) {
   TestRun run;
   run.StartWith("DIE", "D1");
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Operating Horsepower|Average Fuel Usage|Fuel Type|Max Rated Horsepower|Fuel Heating Value|Fuel Sulfur Content|"
-                         "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
-                         "Exhaust Exit Temperature|Exhaust Outlet Orientation");
+  EXPECT_EQ(
+      Fields(run),
+      "Operating Horsepower|Average Fuel Usage|Fuel Type|Max Rated Horsepower|Fuel Heating Value|Fuel Sulfur Content|"
+      "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
+      "Exhaust Exit Temperature|Exhaust Outlet Orientation");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
 }
 
@@ -90,8 +99,10 @@ TEST(DieselEngine, loses_four_texts_that_are_no_numbers_to_a_run_and_then_misses
   TestRun run;
   run.StartWith("DIE", "D1");
   run.Click("cmdEdit");
-  const Values fields = {{"txtDIE_OperatingHP", "Operating Horsepower"}, {"txtDIE_MaxHP", "Max Rated Horsepower"},
-                         {"txtDIE_FuelUsageRate", "Average Fuel Usage"}, {"txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage"}};
+  const Values fields = {{"txtDIE_OperatingHP", "Operating Horsepower"},
+                         {"txtDIE_MaxHP", "Max Rated Horsepower"},
+                         {"txtDIE_FuelUsageRate", "Average Fuel Usage"},
+                         {"txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage"}};
   for (const auto& [field, tag] : fields) run.Set(field, "100 hp");
   run.Set("txtDIE_FuelSulfurContent", "2 %");
   run.Click("cmdQC");
@@ -107,8 +118,10 @@ TEST(DieselEngine, may_run_at_its_maximum_and_not_above) {
   TestRun run;
   run.StartWith("DIE", "D1");
   run.Click("cmdEdit");
-  run.Put({{"txtDIE_OperatingHP", "100.01"}, {"txtDIE_MaxHP", "100"},
-           {"txtDIE_FuelUsageRate", "70.01"}, {"txtDIE_MaxRatedFuelUsage", "70"}});
+  run.Put({{"txtDIE_OperatingHP", "100.01"},
+           {"txtDIE_MaxHP", "100"},
+           {"txtDIE_FuelUsageRate", "70.01"},
+           {"txtDIE_MaxRatedFuelUsage", "70"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Operating Horsepower"), "Operating Horsepower exceeds Max Rated Horsepower");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
@@ -125,8 +138,10 @@ TEST(DieselEngine, keeps_a_comparison_s_finding_while_a_maximum_is_blank) {
   TestRun run;
   run.StartWith("DIE", "D1");
   run.Click("cmdEdit");
-  run.Put({{"txtDIE_OperatingHP", "101"}, {"txtDIE_MaxHP", "100"},
-           {"txtDIE_FuelUsageRate", "71"}, {"txtDIE_MaxRatedFuelUsage", "70"}});
+  run.Put({{"txtDIE_OperatingHP", "101"},
+           {"txtDIE_MaxHP", "100"},
+           {"txtDIE_FuelUsageRate", "71"},
+           {"txtDIE_MaxRatedFuelUsage", "70"}});
   run.Click("cmdQC");
   run.Put({{"txtDIE_MaxHP", ""}, {"txtDIE_MaxRatedFuelUsage", ""}});
   run.Click("cmdQC");
@@ -255,13 +270,19 @@ TEST(DieselEngine, without_activity_in_a_month_keeps_its_status_and_says_nothing
 TEST(DieselEngine, keeps_its_description_and_reads_it_back) {
   TestRun run;
   run.StartWith("DIE", "D1");
-  run.Keep({{"txtDIE_MaxHP", "1.5"}, {"txtDIE_OperatingHP", "2.5"}, {"txtDIE_MaxRatedFuelUsage", "3.5"}, {"txtDIE_FuelUsageRate", "4.5"},
-            {"txtDIE_FuelHeatingValue", "5.5"}, {"txtDIE_FuelSulfurContent", "6.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT MAX_HP||' '||OP_HP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '||FUEL_HEAT_VAL||' '"
-                                "||FUEL_SULFUR_CONTENT FROM ED_DIE")),
+  run.Keep({{"txtDIE_MaxHP", "1.5"},
+            {"txtDIE_OperatingHP", "2.5"},
+            {"txtDIE_MaxRatedFuelUsage", "3.5"},
+            {"txtDIE_FuelUsageRate", "4.5"},
+            {"txtDIE_FuelHeatingValue", "5.5"},
+            {"txtDIE_FuelSulfurContent", "6.5"}});
+  EXPECT_EQ(NullToEmpty(run.Sql(
+                "SELECT MAX_HP||' '||OP_HP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '||FUEL_HEAT_VAL||' '"
+                "||FUEL_SULFUR_CONTENT FROM ED_DIE")),
             "1.5 2.5 3.5 4.5 5.5 6.5");
   std::string texts;
-  for (const char* field : {"MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue", "FuelSulfurContent"})
+  for (const char* field :
+       {"MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue", "FuelSulfurContent"})
     texts += run.Text(std::string("txtDIE_") + field) + " ";
   EXPECT_EQ(texts, "1.5 2.5 3.5 4.5 5.5 6.5 ");
   for (const auto& [fuel, code] : Values{{"Diesel", "D"}, {"Gasoline", "G"}, {"Waste Oil/Solvent", "W"}}) {

@@ -51,7 +51,10 @@ TEST(DrillingEquipment, is_kept_under_the_code_dri) {
 }
 
 TEST(DrillingEquipment, is_held_to_the_hours_of_a_month) {
-  TryBounds({.type = "DRI", .mode = Mode::kActv, .description = {}, .base = {},
+  TryBounds({.type = "DRI",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
              .required = {{"txtJAC_HrsOperated", "Hours Operated", 0, 744}},
              .if_filled = {}});
 }
@@ -140,18 +143,24 @@ TEST(DrillingEquipment, keeps_a_rig_name_per_month) {
   run.Keep({{"txtJAC_DrillingEquipment", "North Wind"}});
   run.GoTo("DRI", "R1", Mode::kActv, 1);
   EXPECT_EQ(run.Text("txtJAC_DrillingEquipment"), "Ocean Star");
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT group_concat(DRILLING_EQUIPMENT,'|') FROM (SELECT * FROM EA_DRI ORDER BY EA_ID_AK)")),
-            "Ocean Star|North Wind");
+  EXPECT_EQ(
+      NullToEmpty(run.Sql("SELECT group_concat(DRILLING_EQUIPMENT,'|') FROM (SELECT * FROM EA_DRI ORDER BY EA_ID_AK)")),
+      "Ocean Star|North Wind");
 }
 
 TEST(DrillingEquipment, keeps_its_month_and_reads_it_back) {
   TestRun run;
   run.StartWith("DRI", "R1");
   run.GoTo("DRI", "R1", Mode::kActv);
-  run.Keep({{"txtJAC_HrsOperated", "1.5"}, {"txtJAC_DieselUsage", "2.5"}, {"txtJAC_GasolineUsage", "3.5"}, {"txtJAC_NGUsage", "4.5"}});
-  EXPECT_EQ(run.Count("EA_DRI WHERE OP_HR=1.5 AND DIESEL_USE=2.5 AND GASOLINE_USE=3.5 AND NG_USE=4.5 AND DRILLING_EQUIPMENT IS NULL"), 1);
-  EXPECT_EQ(run.Text("txtJAC_HrsOperated") + " " + run.Text("txtJAC_DieselUsage") + " " + run.Text("txtJAC_GasolineUsage") + " " +
-                run.Text("txtJAC_NGUsage"),
+  run.Keep({{"txtJAC_HrsOperated", "1.5"},
+            {"txtJAC_DieselUsage", "2.5"},
+            {"txtJAC_GasolineUsage", "3.5"},
+            {"txtJAC_NGUsage", "4.5"}});
+  EXPECT_EQ(run.Count("EA_DRI WHERE OP_HR=1.5 AND DIESEL_USE=2.5 AND GASOLINE_USE=3.5 AND NG_USE=4.5 AND "
+                      "DRILLING_EQUIPMENT IS NULL"),
+            1);
+  EXPECT_EQ(run.Text("txtJAC_HrsOperated") + " " + run.Text("txtJAC_DieselUsage") + " " +
+                run.Text("txtJAC_GasolineUsage") + " " + run.Text("txtJAC_NGUsage"),
             "1.5 2.5 3.5 4.5");
 }
 

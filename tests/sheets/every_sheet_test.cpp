@@ -69,7 +69,8 @@ class EverySheet : public testing::TestWithParam<const SheetSpec*> {
     switch (field.stored) {
       case Stored::kYesNo: return true;
       case Stored::kCode: return field.column == "EMIS_DEST" ? std::string("VR") : field.items.front().code;
-      case Stored::kItemText: return field.items.empty() ? "Made up " + std::to_string(number) : field.items.front().text;
+      case Stored::kItemText:
+        return field.items.empty() ? "Made up " + std::to_string(number) : field.items.front().text;
       case Stored::kText: return "Text " + std::to_string(number);
       case Stored::kDestination: return std::string("VENV1");
       default: return number + 0.5;
@@ -130,11 +131,20 @@ using Changed = std::map<std::string, std::string>;
 // What a save of a full description drops although nobody touched it: what the first choice of a list has no
 // use for, and what no page shows.
 const std::map<std::string, Changed> kDropped = {
-    {"AMI", {{"ED_AMI.CONDENSER_PRES", "Null"}, {"ED_AMI.CONDENSER_TEMP", "Null"}, {"ED_AMI.SRU_RECOVERY_EFFIC", "Null"}}},
-    {"FUG", {{"ED_FUG.OTH_CTRL_DEVICE", "Null"}, {"ED_FUG.OTH_CTRL_DESC", "Null"}, {"ED_FUG.OTH_CTRL_EFFIC_CO", "Null"},
-             {"ED_FUG.OTH_CTRL_EFFIC_NOX", "Null"}, {"ED_FUG.OTH_CTRL_EFFIC_PM10", "Null"}, {"ED_FUG.OTH_CTRL_EFFIC_SOX", "Null"},
-             {"ED_FUG.OTH_CTRL_EFFIC_VOC", "Null"}}},
-    {"STO", {{"ED_STO.TANK_SHELL_LENGTH", "Null"}, {"ED_STO.TANK_SHELL_WIDTH1", "Null"}, {"ED_STO.TANK_SHELL_WIDTH2", "Null"}}}};
+    {"AMI",
+     {{"ED_AMI.CONDENSER_PRES", "Null"}, {"ED_AMI.CONDENSER_TEMP", "Null"}, {"ED_AMI.SRU_RECOVERY_EFFIC", "Null"}}},
+    {"FUG",
+     {{"ED_FUG.OTH_CTRL_DEVICE", "Null"},
+      {"ED_FUG.OTH_CTRL_DESC", "Null"},
+      {"ED_FUG.OTH_CTRL_EFFIC_CO", "Null"},
+      {"ED_FUG.OTH_CTRL_EFFIC_NOX", "Null"},
+      {"ED_FUG.OTH_CTRL_EFFIC_PM10", "Null"},
+      {"ED_FUG.OTH_CTRL_EFFIC_SOX", "Null"},
+      {"ED_FUG.OTH_CTRL_EFFIC_VOC", "Null"}}},
+    {"STO",
+     {{"ED_STO.TANK_SHELL_LENGTH", "Null"},
+      {"ED_STO.TANK_SHELL_WIDTH1", "Null"},
+      {"ED_STO.TANK_SHELL_WIDTH2", "Null"}}}};
 
 // The same of a full month. A boiler that burns gas has no use for oil.
 const std::map<std::string, Changed> kDroppedOfMonth = {
@@ -150,11 +160,17 @@ Changed Of(const std::map<std::string, Changed>& changes, const std::string& typ
   return found == changes.end() ? Changed{} : found->second;
 }
 
-bool HasMonths(const SheetSpec& sheet) { return sheet.has_activity; }
+bool HasMonths(const SheetSpec& sheet) {
+  return sheet.has_activity;
+}
 
-bool IsCodedDescription(const FieldSpec& field) { return field.stored == Stored::kCode && field.mode != In::kActv; }
+bool IsCodedDescription(const FieldSpec& field) {
+  return field.stored == Stored::kCode && field.mode != In::kActv;
+}
 
-bool HasCodes(const SheetSpec& sheet) { return std::any_of(sheet.fields.begin(), sheet.fields.end(), IsCodedDescription); }
+bool HasCodes(const SheetSpec& sheet) {
+  return std::any_of(sheet.fields.begin(), sheet.fields.end(), IsCodedDescription);
+}
 
 std::vector<const SheetSpec*> SheetsThat(bool (*are)(const SheetSpec&)) {
   std::vector<const SheetSpec*> sheets;
@@ -170,7 +186,9 @@ std::string StoredItem(const FieldSpec& field, const Item& item) {
   return item.text;
 }
 
-std::string NameOf(const testing::TestParamInfo<const SheetSpec*>& info) { return info.param->type; }
+std::string NameOf(const testing::TestParamInfo<const SheetSpec*>& info) {
+  return info.param->type;
+}
 
 class EverySheetOfMonths : public EverySheet {};
 class EverySheetOfCodes : public EverySheet {};
@@ -231,7 +249,8 @@ TEST_P(EverySheet, tags_every_field_that_can_carry_a_finding) {
 
 TEST_P(EverySheet, shares_a_tag_only_where_two_fields_stand_for_one) {
   const std::map<std::string, Names> shared = {
-      {"BOI", {"Max Rated Fuel Usage", "Average Fuel Usage", "Fuel Heating Value", "Fuel H2S Content", "Total Fuel Used"}},
+      {"BOI",
+       {"Max Rated Fuel Usage", "Average Fuel Usage", "Fuel Heating Value", "Fuel H2S Content", "Total Fuel Used"}},
       {"NGE", {"Engine Burn"}}};
   Names tags, twice;
   for (const FieldSpec& field : sheet().fields)
@@ -350,8 +369,9 @@ TEST_P(EverySheet, shows_and_keeps_every_item_of_every_list) {
       const bool unknown = field.control == "cmbPRE_ServiceType" && (code == "FC" || code == "Other");
       EXPECT_EQ(run.Text(field.control), unknown ? "PC" : item.text) << field.control;
       run.Keep({});
-      EXPECT_EQ(NullToEmpty(run.Sql("SELECT CAST([" + field.column + "] AS TEXT) FROM " + table + " WHERE " + KeyOf(table))),
-                unknown ? "PC" : code)
+      EXPECT_EQ(
+          NullToEmpty(run.Sql("SELECT CAST([" + field.column + "] AS TEXT) FROM " + table + " WHERE " + KeyOf(table))),
+          unknown ? "PC" : code)
           << field.control;
       ++tried;
     }
@@ -364,7 +384,8 @@ TEST_P(EverySheetOfCodes, shows_no_choice_for_a_code_that_it_does_not_know_and_k
   std::vector<FieldSpec> fields;
   std::copy_if(sheet().fields.begin(), sheet().fields.end(), std::back_inserter(fields), IsCodedDescription);
   for (const FieldSpec& field : fields)
-    run.s.db.Execute("UPDATE " + sheet().ed_table() + " SET [" + field.column + "]='?' WHERE " + KeyOf(sheet().ed_table()));
+    run.s.db.Execute("UPDATE " + sheet().ed_table() + " SET [" + field.column + "]='?' WHERE " +
+                     KeyOf(sheet().ed_table()));
   Look(Mode::kDesc);
   for (const FieldSpec& field : fields) {
     EXPECT_EQ(run.Text(field.control), "") << field.control;

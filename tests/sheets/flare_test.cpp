@@ -6,14 +6,18 @@ namespace merlu::test {
 namespace {
 
 TEST(Flare, is_held_to_every_bound_of_a_month) {
-  TryBounds({.type = "FLA", .mode = Mode::kActv,
+  TryBounds({.type = "FLA",
+             .mode = Mode::kActv,
              .required = {{"txtFLA_HrsOperated", "Hours Operated, excl. upsets", 0, 744},
                           {"txtFLA_VolFlared", "Volume Flared, incl. upsets", 0, 20000}}});
 }
 
 TEST(Flare, is_held_to_every_bound_of_the_description) {
-  TryBounds({.type = "FLA", .mode = Mode::kDesc,
-             .base = {{"cmbFLA_FlareSmoke", "Light"}, {"cmbFLA_HasContFlarePilot", "Yes"}, {"cmbFLA_OtherControlDevice", "Yes"},
+  TryBounds({.type = "FLA",
+             .mode = Mode::kDesc,
+             .base = {{"cmbFLA_FlareSmoke", "Light"},
+                      {"cmbFLA_HasContFlarePilot", "Yes"},
+                      {"cmbFLA_OtherControlDevice", "Yes"},
                       {"txtFLA_OtherControlDesc", "scrubber"}},
              .required = {{"txtFLA_FlareEfficiency", "Flare Combustion Efficiency ", 50, 99.9},
                           {"txtFLA_ConcH2S", "Flare Gas H2S Concentration", 0, 120000},

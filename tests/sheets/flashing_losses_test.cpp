@@ -23,10 +23,13 @@ struct Field {
 const Field kMonth[] = {
     {"txtLOS_Throughput", "Oil/Condensate Throughput (bbls):", "Oil/Condensate Throughput", "THRUPUT", "3.5", "3.5"},
     {"txtLOS_SCFperBarrel", "SCF of flash per bbl of oil:", "SCF per bbl Flash", "SCF_PER_BBL", "4.5", "4.5"},
-    {"txtLOS_DSOpPressure", "Operating Pressure of Vessel  (psig):", "Op pressure of Vessel", "DS_OP_PRES", "5.5", "5.5"},
+    {"txtLOS_DSOpPressure", "Operating Pressure of Vessel  (psig):", "Op pressure of Vessel", "DS_OP_PRES", "5.5",
+     "5.5"},
     {"txtLOS_DSOpTemperature", "Operating Temperature of Vessel (F):", "Op temp of Vessel", "DS_OP_TEMP", "6.5", "6.5"},
-    {"txtLOS_USOpPressure", "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES", "7.5", "7.5"},
-    {"txtLOS_USOpTemperature", "Op Temp upstream of Vessel (F):", "Op Temp upstream of Vessel", "US_OP_TEMP", "8.5", "8.5"},
+    {"txtLOS_USOpPressure", "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES", "7.5",
+     "7.5"},
+    {"txtLOS_USOpTemperature", "Op Temp upstream of Vessel (F):", "Op Temp upstream of Vessel", "US_OP_TEMP", "8.5",
+     "8.5"},
 };
 
 const Field kDescription[] = {
@@ -34,10 +37,14 @@ const Field kDescription[] = {
     {"txtLOS_APISpGrav", "API gravity of stored oil:", "API gravity", "API_SPGRAV", "2.5", "2.5"},
     {"cmbLOS_GasesVentOrFlare", "Emissions Destination", "Emissions Destination", "EMIS_DEST", "Flared Locally", "FL"},
     {"txtLOS_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Outlet Height", "EXH_OUT_HGT", "10.5", "10.5"},
-    {"txtLOS_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Outlet Diameter", "EXH_OUT_INNER_DIAM", "11.5", "11.5"},
-    {"txtLOS_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Exhaust Exit Velocity", "EXH_OUT_EXIT_VEL", "12.5", "12.5"},
-    {"txtLOS_ExhaustOutletExitT", "Exit Temperature (°F):", "Exhaust Exit Temperature", "EXH_OUT_EXIT_TEMP", "13.5", "13.5"},
-    {"txtLOS_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Exhaust Outlet Orientation", "EXH_OUT_ANGLE", "14.5", "14.5"},
+    {"txtLOS_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Outlet Diameter", "EXH_OUT_INNER_DIAM", "11.5",
+     "11.5"},
+    {"txtLOS_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Exhaust Exit Velocity", "EXH_OUT_EXIT_VEL", "12.5",
+     "12.5"},
+    {"txtLOS_ExhaustOutletExitT", "Exit Temperature (°F):", "Exhaust Exit Temperature", "EXH_OUT_EXIT_TEMP", "13.5",
+     "13.5"},
+    {"txtLOS_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Exhaust Outlet Orientation", "EXH_OUT_ANGLE",
+     "14.5", "14.5"},
 };
 
 const std::vector<Bound> kOutlet = {{"txtLOS_ExhaustOutletHgt", "Outlet Height", 30, 100},
@@ -210,8 +217,9 @@ TEST(FlashingLosses, blank_in_a_month_lacks_its_pressures_only_with_a_vessel) {
     EditMonthOf(run, vessel);
     run.s.db.Execute("DELETE FROM QC");
     run.Click("cmdQC");
-    Found expected = {
-        {"Oil/Condensate Throughput", kBlankFinding}, {"Op temp of Vessel", kBlankFinding}, {"Op Temp upstream of Vessel", kBlankFinding}};
+    Found expected = {{"Oil/Condensate Throughput", kBlankFinding},
+                      {"Op temp of Vessel", kBlankFinding},
+                      {"Op Temp upstream of Vessel", kBlankFinding}};
     if (vessel == "Surge Tank") {
       expected.emplace_back(kDownstreamTag, kBlankFinding);
       expected.emplace_back(kUpstreamTag, kBlankFinding);
@@ -331,7 +339,9 @@ TEST(FlashingLosses, look_at_no_outlet_in_a_month) {
   EXPECT_EQ(run.Count("QC WHERE FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%'"), 5);
   run.GoTo("LOS", "S1", Mode::kActv);
   run.Click("cmdQC");
-  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND (FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%' OR FieldID LIKE 'Emissions%')"), 0);
+  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND (FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%' OR FieldID LIKE "
+                      "'Emissions%')"),
+            0);
   EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV'"), 3);
 }
 

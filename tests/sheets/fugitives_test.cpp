@@ -45,8 +45,9 @@ constexpr const char* kNoMatch = "Facility Size doesn't match inventory";
 
 // A record that no rule finds fault with.
 Values Sound() {
-  Values values = {{"cmbFUG_StreamType", "Gas"}, {kSize, kSmall}, {"txtFUG_WeightPercentVOC", "3"}, {"txtFUG_EquipElev", "60"},
-                   {"cmbFUG_CountType", "Actual"}, {kInspected, "No"}};
+  Values values = {{"cmbFUG_StreamType", "Gas"},     {kSize, kSmall},
+                   {"txtFUG_WeightPercentVOC", "3"}, {"txtFUG_EquipElev", "60"},
+                   {"cmbFUG_CountType", "Actual"},   {kInspected, "No"}};
   for (const Component& component : kComponents) values.emplace_back(component.control, "0");
   return values;
 }
@@ -68,7 +69,9 @@ struct Sheet {
 };
 
 TEST(Fugitives, are_held_to_the_bounds_of_weight_percent_and_elevation) {
-  TryBounds({.type = "FUG", .mode = Mode::kDesc, .base = Sound(),
+  TryBounds({.type = "FUG",
+             .mode = Mode::kDesc,
+             .base = Sound(),
              .required = {{"txtFUG_WeightPercentVOC", "VOC Weight %", 0, 100},
                           {"txtFUG_EquipElev", "Equipment Elevation", 10, 350}}});
 }
@@ -87,7 +90,8 @@ TEST(Fugitives, of_a_blank_record_lack_every_required_field_in_the_order_of_the_
   run.StartWith("FUG", "L1");
   run.Click("cmdQC");
   std::vector<std::pair<std::string, std::string>> expected;
-  for (const char* tag : {"Stream Type", "Facility Size", "VOC Weight %", "Equipment Elevation", "Count Type", "LDAR Program"})
+  for (const char* tag :
+       {"Stream Type", "Facility Size", "VOC Weight %", "Equipment Elevation", "Count Type", "LDAR Program"})
     expected.emplace_back(tag, kBlankFinding);
   for (const Component& component : kComponents) expected.emplace_back(component.tag, kBlankFinding);
   EXPECT_EQ(run.Findings(), expected);
@@ -122,10 +126,10 @@ TEST(Fugitives, match_their_facility_size_by_the_sum_of_all_components) {
     bool matches;
   };
   Sheet sheet;
-  for (const Case& c : {Case{kSmall, "0", true}, Case{kSmall, "1000", true}, Case{kSmall, "1001", false},
-                        Case{kMedium, "999", false}, Case{kMedium, "1000", true}, Case{kMedium, "10000", true},
-                        Case{kMedium, "10001", false}, Case{kLarge, "9999", false}, Case{kLarge, "10000", true},
-                        Case{kLarge, "10001", true}}) {
+  for (const Case& c :
+       {Case{kSmall, "0", true}, Case{kSmall, "1000", true}, Case{kSmall, "1001", false}, Case{kMedium, "999", false},
+        Case{kMedium, "1000", true}, Case{kMedium, "10000", true}, Case{kMedium, "10001", false},
+        Case{kLarge, "9999", false}, Case{kLarge, "10000", true}, Case{kLarge, "10001", true}}) {
     sheet.run.Put({{kSize, c.size}, {"txtFUG_Valves", c.total}});
     EXPECT_EQ(sheet.Finding("Facility Size"), c.matches ? "" : kNoMatch) << c.size << " with " << c.total;
   }
@@ -196,8 +200,8 @@ TEST(Fugitives, lose_the_mark_of_a_list_that_was_blank_at_the_run_before) {
   run.Click("cmdEdit");
   run.Set(kInspected, "Yes");
   run.Click("cmdQC");
-  const Values lists = {{"cmbFUG_StreamType", "Gas"}, {"cmbFUG_CountType", "Actual"}, {kMethod, "Vapor Analyzer"},
-                        {kMonths, "6"}};
+  const Values lists = {
+      {"cmbFUG_StreamType", "Gas"}, {"cmbFUG_CountType", "Actual"}, {kMethod, "Vapor Analyzer"}, {kMonths, "6"}};
   for (const auto& [list, value] : lists) EXPECT_EQ(run.At(list).back, Back::kFlag) << list;
   run.Put(lists);
   run.Click("cmdQC");
@@ -268,7 +272,8 @@ TEST(Fugitives, open_for_inspection_only_what_inspection_needs) {
 TEST(Fugitives, that_are_not_inspected_still_show_the_months_and_method_that_are_stored) {
   TestRun run;
   run.StartWith("FUG", "L1");
-  run.s.db.Execute("UPDATE ED_FUG SET IS_LDAR_IN_PLACE='No',NBR_MONTHS_BETWEEN_INSPECTIONS=6,INSPECTION_METHOD='Vapor Analyzer'");
+  run.s.db.Execute(
+      "UPDATE ED_FUG SET IS_LDAR_IN_PLACE='No',NBR_MONTHS_BETWEEN_INSPECTIONS=6,INSPECTION_METHOD='Vapor Analyzer'");
   run.Select(run.Key());
   run.Select(run.Key("FUG", "L1"));
   EXPECT_EQ(run.Text(kMonths), "6");
@@ -291,14 +296,19 @@ TEST(Fugitives, store_every_stream_and_size_by_its_code) {
     EXPECT_EQ(run.At(list).items, items);
   };
   stores("cmbFUG_StreamType", "STREAM_TYP",
-         {{"Light Oil (>=20 APIG)", "LO"}, {"Heavy Oil (<20 APIG)", "HO"}, {"Oil/Water/Gas", "OG"},
-          {"Oil/Water", "OW"}, {"Gas", "GA"}, {"NGL", "NG"}});
+         {{"Light Oil (>=20 APIG)", "LO"},
+          {"Heavy Oil (<20 APIG)", "HO"},
+          {"Oil/Water/Gas", "OG"},
+          {"Oil/Water", "OW"},
+          {"Gas", "GA"},
+          {"NGL", "NG"}});
   stores(kSize, "FACIL_SIZE", {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}});
   stores("cmbFUG_CountType", "COUNT_TYPE", {{"Actual", "Actual"}, {"Default", "Default"}});
   stores(kInspected, "IS_LDAR_IN_PLACE", {{"Yes", "Yes"}, {"No", "No"}});
   run.Set(kInspected, "Yes");
   stores(kMethod, "INSPECTION_METHOD",
-         {{"Optical Instrument", "Optical Instrument"}, {"Vapor Analyzer", "Vapor Analyzer"},
+         {{"Optical Instrument", "Optical Instrument"},
+          {"Vapor Analyzer", "Vapor Analyzer"},
           {"Visual Inspection", "Visual Inspection"}});
 }
 
@@ -321,11 +331,13 @@ TEST(Fugitives, store_every_count_in_its_own_column) {
   TestRun run;
   run.StartWith("FUG", "L1");
   Values counts;
-  for (const Component& component : kComponents) counts.emplace_back(component.control, std::to_string(11 + counts.size()));
+  for (const Component& component : kComponents)
+    counts.emplace_back(component.control, std::to_string(11 + counts.size()));
   run.Keep(counts);
   int expected = 11;
   for (const Component& component : kComponents)
-    EXPECT_EQ(ToNumber(run.Sql(std::string("SELECT ") + component.column + " FROM ED_FUG")), expected++) << component.column;
+    EXPECT_EQ(ToNumber(run.Sql(std::string("SELECT ") + component.column + " FROM ED_FUG")), expected++)
+        << component.column;
 }
 
 TEST(Fugitives, empty_the_control_device_that_no_page_shows_at_every_save) {
@@ -361,7 +373,8 @@ TEST(Fugitives, leave_the_rows_of_every_month_alone) {
   run.AddEquipment("FUG", "L1");
   run.Select(run.Key());
   run.AddMonth();
-  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_COMNT_TXT='kept',EA_QC_DT='2017-02-01 08:00:00' WHERE EA_EQUIP_TYP='FUG'");
+  run.s.db.Execute(
+      "UPDATE EA_EQUIP_ACTV SET EA_COMNT_TXT='kept',EA_QC_DT='2017-02-01 08:00:00' WHERE EA_EQUIP_TYP='FUG'");
   run.ChangeTo(Mode::kDesc);
   run.Select(run.Key("FUG", "L1"));
   run.Click("cmdEdit");

@@ -33,7 +33,10 @@ std::string FindingAt(TestRun& run, const std::string& value) {
 }
 
 TEST(GasEngine, is_held_to_every_bound_of_the_description) {
-  TryBounds({.type = "NGE", .mode = Mode::kDesc, .description = {}, .base = {},
+  TryBounds({.type = "NGE",
+             .mode = Mode::kDesc,
+             .description = {},
+             .base = {},
              .required = {{"txtNGE_OperatingHP", "Operating Horsepower", 0, 10000},
                           {"txtNGE_FuelUsageRate", "Average Fuel Usage", 0, 8000},
                           {"txtNGE_MaxHP", "Max Rated Horsepower", 10, 10000},
@@ -44,7 +47,10 @@ TEST(GasEngine, is_held_to_every_bound_of_the_description) {
 }
 
 TEST(GasEngine, is_held_to_every_bound_of_a_month) {
-  TryBounds({.type = "NGE", .mode = Mode::kActv, .description = {}, .base = {},
+  TryBounds({.type = "NGE",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
              .required = {{"txtNGE_HrsOperated", "Hours Operated", 0, 744}, {kTotal, "Total Fuel Used", 0, 120000}},
              .if_filled = {}});
 }
@@ -53,9 +59,11 @@ TEST(GasEngine, misses_these_fields_of_a_blank_description_in_this_order) {
   TestRun run;
   run.StartWith("NGE", "N1");
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Operating Horsepower|Average Fuel Usage|Max Rated Horsepower|Fuel Heating Value|Fuel H2S Content|Engine Burn|"
-                         "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
-                         "Exhaust Exit Temperature|Exhaust Emission Controls");
+  EXPECT_EQ(
+      Fields(run),
+      "Operating Horsepower|Average Fuel Usage|Max Rated Horsepower|Fuel Heating Value|Fuel H2S Content|Engine Burn|"
+      "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
+      "Exhaust Exit Temperature|Exhaust Emission Controls");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
 }
 
@@ -90,8 +98,10 @@ TEST(GasEngine, loses_four_texts_that_are_no_numbers_to_a_run_and_then_misses_th
   TestRun run;
   run.StartWith("NGE", "N1");
   run.Click("cmdEdit");
-  const Values fields = {{"txtNGE_OperatingHP", "Operating Horsepower"}, {"txtNGE_MaxHP", "Max Rated Horsepower"},
-                         {"txtNGE_FuelUsageRate", "Average Fuel Usage"}, {"txtNGE_MaxRatedFuelUsage", "Max Rated Fuel Usage"}};
+  const Values fields = {{"txtNGE_OperatingHP", "Operating Horsepower"},
+                         {"txtNGE_MaxHP", "Max Rated Horsepower"},
+                         {"txtNGE_FuelUsageRate", "Average Fuel Usage"},
+                         {"txtNGE_MaxRatedFuelUsage", "Max Rated Fuel Usage"}};
   for (const auto& [field, tag] : fields) run.Set(field, "100 hp");
   run.Set("txtNGE_FuelHeatingValue", "900x");
   run.Click("cmdQC");
@@ -107,8 +117,10 @@ TEST(GasEngine, may_run_at_its_maximum_and_not_above) {
   TestRun run;
   run.StartWith("NGE", "N1");
   run.Click("cmdEdit");
-  run.Put({{"txtNGE_OperatingHP", "100.01"}, {"txtNGE_MaxHP", "100"},
-           {"txtNGE_FuelUsageRate", "3000.01"}, {"txtNGE_MaxRatedFuelUsage", "3000"}});
+  run.Put({{"txtNGE_OperatingHP", "100.01"},
+           {"txtNGE_MaxHP", "100"},
+           {"txtNGE_FuelUsageRate", "3000.01"},
+           {"txtNGE_MaxRatedFuelUsage", "3000"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Operating Horsepower"), "Operating Horsepower exceeds Max Rated Horsepower");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
@@ -193,15 +205,21 @@ TEST(GasEngine, needs_its_emission_controls_and_leaves_their_flag_when_they_pass
 TEST(GasEngine, keeps_its_description_and_reads_it_back) {
   TestRun run;
   run.StartWith("NGE", "N1");
-  run.Keep({{"txtNGE_Mfr", "Acme"}, {"txtNGE_Model", " 12-B "}, {"txtNGE_MaxHP", "1.5"}, {"txtNGE_OperatingHP", "2.5"},
-            {"txtNGE_MaxRatedFuelUsage", "3.5"}, {"txtNGE_FuelUsageRate", "4.5"}, {"txtNGE_FuelHeatingValue", "5.5"},
+  run.Keep({{"txtNGE_Mfr", "Acme"},
+            {"txtNGE_Model", " 12-B "},
+            {"txtNGE_MaxHP", "1.5"},
+            {"txtNGE_OperatingHP", "2.5"},
+            {"txtNGE_MaxRatedFuelUsage", "3.5"},
+            {"txtNGE_FuelUsageRate", "4.5"},
+            {"txtNGE_FuelHeatingValue", "5.5"},
             {"txtNGE_FuelH2SContent", "6.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT MFG||'|'||model||'|'||MAX_HP||' '||OP_HP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '"
-                                "||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT FROM ED_NGE")),
+  EXPECT_EQ(NullToEmpty(run.Sql(
+                "SELECT MFG||'|'||model||'|'||MAX_HP||' '||OP_HP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '"
+                "||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT FROM ED_NGE")),
             "Acme| 12-B |1.5 2.5 3.5 4.5 5.5 6.5");
   std::string texts;
-  for (const char* field : {"Mfr", "Model", "MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue",
-                            "FuelH2SContent"})
+  for (const char* field : {"Mfr", "Model", "MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate",
+                            "FuelHeatingValue", "FuelH2SContent"})
     texts += run.Text(std::string("txtNGE_") + field) + "|";
   EXPECT_EQ(texts, "Acme| 12-B |1.5|2.5|3.5|4.5|5.5|6.5|");
 }

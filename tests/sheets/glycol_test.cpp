@@ -29,33 +29,48 @@ const Field kMonth[] = {
 const Field kDescription[] = {
     {"txtGLY_WetGasT", "Wet Gas Temperature (°F):", "Wet Gas Temperature", "WET_GAS_TEMP", "2.5", "2.5"},
     {"txtGLY_WetGasP", "Wet Gas Pressure (psig):", "Wet Gas Pressure", "WET_GAS_PRES", "3.5", "3.5"},
-    {"cmbGLY_UseFlashTank", "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG", "Yes", "True"},
+    {"cmbGLY_UseFlashTank", "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG", "Yes",
+     "True"},
     {"txtGLY_FlashTankT", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "FLASH_TANK_TEMP", "5.5", "5.5"},
     {"txtGLY_FlashTankP", "Flash Tank Pressure (psig):", "Flash Tank Pressure", "FLASH_TANK_PRES", "6.5", "6.5"},
-    {"cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition", "burned in flare", "FL"},
+    {"cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition", "burned in flare",
+     "FL"},
     {"cmbGLY_StrippingGas", "Uses stripping gas?", "Uses stripping gas?", "STRIPPING_GAS", "Flash Gas", "FG"},
-    {"txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate (scf/min):", "Stripping Gas Flowrate", "STRIPPING_GAS_FLOWRATE", "9.5", "9.5"},
+    {"txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate (scf/min):", "Stripping Gas Flowrate",
+     "STRIPPING_GAS_FLOWRATE", "9.5", "9.5"},
     {"cmbGLY_GasesVentOrFlare", "Emissions Destination", "Emissions Destination", "EMIS_DEST", "Flared Locally", "FL"},
-    {"txtGLY_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "11.5", "11.5"},
-    {"txtGLY_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter", "EXH_OUT_INNER_DIAM", "12.5",
-     "12.5"},
-    {"txtGLY_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "13.5", "13.5"},
-    {"txtGLY_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "14.5", "14.5"},
-    {"txtGLY_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE", "15.5", "15.5"},
+    {"txtGLY_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "11.5",
+     "11.5"},
+    {"txtGLY_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter",
+     "EXH_OUT_INNER_DIAM", "12.5", "12.5"},
+    {"txtGLY_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "13.5",
+     "13.5"},
+    {"txtGLY_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "14.5",
+     "14.5"},
+    {"txtGLY_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE",
+     "15.5", "15.5"},
     {"txtGLY_FlareFeedRate", "Flare Feed Rate (scf/hr):", "Flare Feed Rate", "FLA_FEED_RATE", "16.5", "16.5"},
-    {"txtGLY_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP", "17.5", "17.5"},
-    {"txtGLY_FlareEfficiency", "Combustion Efficiency (%):", "Flare Combustion Efficiency", "FLA_EFFIC", "18.5", "18.5"},
+    {"txtGLY_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP",
+     "17.5", "17.5"},
+    {"txtGLY_FlareEfficiency", "Combustion Efficiency (%):", "Flare Combustion Efficiency", "FLA_EFFIC", "18.5",
+     "18.5"},
     {"cmbGLY_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
      "Vapor Recovery and/or Condenser (VR/C)", "VR/C"},
     {"txtGLY_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP", "20.5", "20.5"},
     {"txtGLY_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "21.5", "21.5"},
-    {"cmbGLY_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes", "True"},
-    {"txtGLY_OtherControlDesc", "Description:", "Other Control Equipment Descript.", "OTH_CTRL_DESC", "a scrubber", "a scrubber"},
-    {"txtGLY_OtherControlEffSOx", "SOx Efficiency (%):", "SOx Control Efficiency", "OTH_CTRL_EFFIC_SOX", "24.5", "24.5"},
-    {"txtGLY_OtherControlEffNOx", "NOx Efficiency (%):", "NOx Control Efficiency", "OTH_CTRL_EFFIC_NOX", "25.5", "25.5"},
+    {"cmbGLY_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes",
+     "True"},
+    {"txtGLY_OtherControlDesc", "Description:", "Other Control Equipment Descript.", "OTH_CTRL_DESC", "a scrubber",
+     "a scrubber"},
+    {"txtGLY_OtherControlEffSOx", "SOx Efficiency (%):", "SOx Control Efficiency", "OTH_CTRL_EFFIC_SOX", "24.5",
+     "24.5"},
+    {"txtGLY_OtherControlEffNOx", "NOx Efficiency (%):", "NOx Control Efficiency", "OTH_CTRL_EFFIC_NOX", "25.5",
+     "25.5"},
     {"txtGLY_OtherControlEffCO", "CO Efficiency (%):", "CO Control Efficiency", "OTH_CTRL_EFFIC_CO", "26.5", "26.5"},
-    {"txtGLY_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "27.5", "27.5"},
-    {"txtGLY_OtherControlEffPM10", "PM10 Efficiency (%):", "PM10 Control Efficiency", "OTH_CTRL_EFFIC_PM10", "28.5", "28.5"},
+    {"txtGLY_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "27.5",
+     "27.5"},
+    {"txtGLY_OtherControlEffPM10", "PM10 Efficiency (%):", "PM10 Control Efficiency", "OTH_CTRL_EFFIC_PM10", "28.5",
+     "28.5"},
 };
 
 std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_GLY") {
@@ -92,7 +107,8 @@ TEST(Glycol, keeps_the_flash_tank_locked_in_a_month_after_a_save_too) {
 TEST(Glycol, shows_its_pages_and_titles) {
   TestRun run;
   run.StartWith("GLY", "G1");
-  EXPECT_EQ(run.At("tabGLY").items, (Texts{"General Information", "Ventilation System", "Control Equipment", "QC Results"}));
+  EXPECT_EQ(run.At("tabGLY").items,
+            (Texts{"General Information", "Ventilation System", "Control Equipment", "QC Results"}));
   EXPECT_EQ(run.At("tabGLY").page_available, (std::vector<bool>{true, true, true, true}));
   EXPECT_EQ(run.At("fraGLY").caption, "Glycol Dehydrator");
   run.Click("cmdEdit");
@@ -149,7 +165,9 @@ TEST(Glycol, keeps_each_item_of_its_lists_as_its_code) {
     const char *list, *column;
     Values items;
   } const lists[] = {
-      {"cmbGLY_Disposition", "Disposition", {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}},
+      {"cmbGLY_Disposition",
+       "Disposition",
+       {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}},
       {kStripping, "STRIPPING_GAS", {{"None", "NO"}, {"Dry Gas", "DG"}, {"Flash Gas", "FG"}, {"Nitrogen", "NI"}}},
       {kTechnology, "CTRL_TECH", {{kCondenser, "VR/C"}, {"None", "NONE"}}},
       {kFlashTank, "FLASH_TANK_FLG", {{"Yes", "True"}, {"No", "False"}}},
@@ -232,7 +250,8 @@ TEST(Glycol, is_held_to_the_bounds_of_condenser_and_other_device) {
   TryBounds({.type = "GLY",
              .mode = Mode::kDesc,
              .base = {{kTechnology, kCondenser}, {kDevice, "Yes"}},
-             .required = {{"txtGLY_CondenserT", "Condenser Temperature", 32, 212}, {"txtGLY_CondenserP", "Condenser Pressure", 0.5, 1000}},
+             .required = {{"txtGLY_CondenserT", "Condenser Temperature", 32, 212},
+                          {"txtGLY_CondenserP", "Condenser Pressure", 0.5, 1000}},
              .if_filled = {{"txtGLY_OtherControlEffSOx", "SOx Control Efficiency", 0, 99.9},
                            {"txtGLY_OtherControlEffNOx", "NOx Control Efficiency", 0, 99.9},
                            {"txtGLY_OtherControlEffCO", "CO Control Efficiency", 0, 99.9},
@@ -260,18 +279,27 @@ TEST(Glycol, blank_in_its_description_lacks_these_in_their_order) {
     for (const char* tag : tags) expected.emplace_back(tag, kBlankFinding);
     EXPECT_EQ(run.Findings(), expected);
   };
-  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Equipped with flash tank?", "Uses stripping gas?",
-            "Emissions Destination", "Installed Control Equipment"});
+  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Equipped with flash tank?",
+            "Uses stripping gas?", "Emissions Destination", "Installed Control Equipment"});
   run.Click("cmdEdit");
-  run.Put({{kFlashTank, "Yes"}, {kStripping, "Nitrogen"}, {kDestination, "Vented Locally"}, {kTechnology, kCondenser}, {kDevice, "Yes"}});
-  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Flash Tank Temperature", "Flash Tank Pressure",
-            "Stripping Gas Flowrate", "Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-            "Ventilation Exit Temperature", "Ventilation Outlet Orientation", "Condenser Temperature", "Condenser Pressure",
+  run.Put({{kFlashTank, "Yes"},
+           {kStripping, "Nitrogen"},
+           {kDestination, "Vented Locally"},
+           {kTechnology, kCondenser},
+           {kDevice, "Yes"}});
+  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Flash Tank Temperature",
+            "Flash Tank Pressure", "Stripping Gas Flowrate", "Ventilation Outlet Height",
+            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Exit Temperature",
+            "Ventilation Outlet Orientation", "Condenser Temperature", "Condenser Pressure",
             "Other Control Equipment Descript."});
-  run.Put({{kDestination, "Flared Locally"}, {kTechnology, "None"}, {kDevice, "No"}, {kFlashTank, "No"}, {kStripping, "None"}});
+  run.Put({{kDestination, "Flared Locally"},
+           {kTechnology, "None"},
+           {kDevice, "No"},
+           {kFlashTank, "No"},
+           {kStripping, "None"}});
   findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Ventilation Outlet Height",
-            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation", "Flare Feed Rate",
-            "Flare Combustion Temperature", "Flare Combustion Efficiency"});
+            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation",
+            "Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"});
 }
 
 TEST(Glycol, without_a_flash_tank_still_needs_a_destination_of_the_flash_gas) {
@@ -339,7 +367,8 @@ TEST(Glycol, withdraws_the_findings_of_fields_that_no_longer_apply) {
       {kDestination,
        "Vented Locally",
        "Vented Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation"}},
+       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+        "Ventilation Outlet Orientation"}},
   };
   TestRun run;
   run.StartWith("GLY", "G1");
@@ -368,7 +397,8 @@ TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_t
   run.Click("cmdQC");
   for (const std::string& gas : gases) EXPECT_EQ(run.Finding(gas + " Control Efficiency"), "");
   run.Click("cmdSaveEdits");
-  for (const char* column : {"OTH_CTRL_EFFIC_SOX", "OTH_CTRL_EFFIC_NOX", "OTH_CTRL_EFFIC_CO", "OTH_CTRL_EFFIC_VOC", "OTH_CTRL_EFFIC_PM10"})
+  for (const char* column :
+       {"OTH_CTRL_EFFIC_SOX", "OTH_CTRL_EFFIC_NOX", "OTH_CTRL_EFFIC_CO", "OTH_CTRL_EFFIC_VOC", "OTH_CTRL_EFFIC_PM10"})
     EXPECT_EQ(Stored(run, column), "99.91") << column;
 }
 
@@ -436,7 +466,8 @@ TEST(Glycol, may_not_process_more_than_its_structure) {
     run.Set(kThroughput, one.throughput);
     run.Click("cmdQC");
     EXPECT_EQ(run.Finding("Processed Throughput"), one.finding) << one.throughput << " of " << one.total;
-    EXPECT_EQ(run.At(kThroughput).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag) << one.throughput << " of " << one.total;
+    EXPECT_EQ(run.At(kThroughput).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag)
+        << one.throughput << " of " << one.total;
   }
 }
 

@@ -95,8 +95,9 @@ struct InspectionRun {
     run.GoTo("FUG", "X1", Mode::kDesc);
   }
   std::string Stored() {
-    return NullToEmpty(run.Sql("SELECT ifnull(NBR_MONTHS_BETWEEN_INSPECTIONS,'-')||'|'||ifnull(INSPECTION_METHOD,'-') "
-                               "FROM ED_FUG"));
+    return NullToEmpty(
+        run.Sql("SELECT ifnull(NBR_MONTHS_BETWEEN_INSPECTIONS,'-')||'|'||ifnull(INSPECTION_METHOD,'-') "
+                "FROM ED_FUG"));
   }
   TestRun run;
 };

@@ -24,35 +24,47 @@ struct Field {
 
 const Field kMonth[] = {
     {"txtLOA_VolLoaded", "Volume Loaded (bbl):", "Volume Loaded", "VOL_LOADED", "1.5", "1.5"},
-    {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temperature", "TANK_BULK_LIQ_TEMP", "2.5", "2.5"},
+    {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temperature", "TANK_BULK_LIQ_TEMP", "2.5",
+     "2.5"},
 };
 
 const Field kDescription[] = {
     {"txtLOA_EquipElev", "Average Elevation (ft above msl):", "Average Elevation", "EQUIP_ELEV", "3.5", "3.5"},
-    {"cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color", "TANK_PAINT_COLOR", "Grey/Med", "GM"},
-    {"cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:", "Storage Tank Paint Condition", "TANK_PAINT_COND", "Poor", "P"},
+    {"cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color", "TANK_PAINT_COLOR", "Grey/Med",
+     "GM"},
+    {"cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:", "Storage Tank Paint Condition", "TANK_PAINT_COND",
+     "Poor", "P"},
     {"txtLOA_ReidVP", "Product Reid Vapor Pressure (psia):", "Product Reid Vapor Pressure", "REID_VP", "6.5", "6.5"},
-    {"txtLOA_TankVaporWeightPercentVOC", "Avg. Percent by Weight of VOCs in Tank Vapor (%):", "Avg. % by Weight VOCs", "TANK_VAPWGT_PVOC",
-     "7.5", "7.5"},
-    {"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):", "Avg. Molecular Weight of VOCs",
-     "TANK_VOC_MOLEWGT", "8.5", "8.5"},
+    {"txtLOA_TankVaporWeightPercentVOC", "Avg. Percent by Weight of VOCs in Tank Vapor (%):", "Avg. % by Weight VOCs",
+     "TANK_VAPWGT_PVOC", "7.5", "7.5"},
+    {"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
+     "Avg. Molecular Weight of VOCs", "TANK_VOC_MOLEWGT", "8.5", "8.5"},
     {"cmbLOA_GasesVentOrFlare", "Emissions Destination", "Gases Vented/Flared?", "EMIS_DEST", "Flared Locally", "FL"},
-    {"txtLOA_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "11.5", "11.5"},
-    {"txtLOA_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter", "EXH_OUT_INNER_DIAM", "12.5",
-     "12.5"},
-    {"txtLOA_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "13.5", "13.5"},
-    {"txtLOA_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "14.5", "14.5"},
-    {"txtLOA_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE", "15.5", "15.5"},
+    {"txtLOA_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "11.5",
+     "11.5"},
+    {"txtLOA_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter",
+     "EXH_OUT_INNER_DIAM", "12.5", "12.5"},
+    {"txtLOA_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "13.5",
+     "13.5"},
+    {"txtLOA_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "14.5",
+     "14.5"},
+    {"txtLOA_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE",
+     "15.5", "15.5"},
     {"txtLOA_FlareFeedRate", "Flare Feed Rate (scf/hr):", "Flare Feed Rate", "FLA_FEED_RATE", "16.5", "16.5"},
-    {"txtLOA_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP", "17.5", "17.5"},
-    {"txtLOA_FlareEfficiency", "Combustion Efficiency (%):", "Flare Combustion Efficiency", "FLA_EFFIC", "18.5", "18.5"},
+    {"txtLOA_FlareCombustionT", "Combustion Temperature (°F):", "Flare Combustion Temperature", "FLA_COMBUST_TEMP",
+     "17.5", "17.5"},
+    {"txtLOA_FlareEfficiency", "Combustion Efficiency (%):", "Flare Combustion Efficiency", "FLA_EFFIC", "18.5",
+     "18.5"},
     {"cmbLOA_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
      "Vapor Recovery and/or Condenser (VR/C)", "VR/C"},
     {"txtLOA_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP", "19.5", "19.5"},
     {"txtLOA_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "20.5", "20.5"},
-    {"cmbLOA_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes", "True"},
-    {"txtLOA_OtherControlDesc", "Description:", "Other Control Equipment Descript.", "OTH_CTRL_DESC", "a scrubber", "a scrubber"},
-    {"txtLOA_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "21.5", "21.5"},
+    {"cmbLOA_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device?", "OTH_CTRL_DEVICE", "Yes",
+     "True"},
+    {"txtLOA_OtherControlDesc", "Description:", "Other Control Equipment Descript.", "OTH_CTRL_DESC", "a scrubber",
+     "a scrubber"},
+    {"txtLOA_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "21.5",
+     "21.5"},
 };
 
 // The numbers of the description that a month is checked for too.
@@ -60,10 +72,11 @@ struct Standing {
   Bound bound;
   const char* column;
 };
-const Standing kStanding[] = {{{"txtLOA_EquipElev", "Average Elevation", 10, 350}, "EQUIP_ELEV"},
-                              {{"txtLOA_ReidVP", "Product Reid Vapor Pressure", 0.1, 20}, "REID_VP"},
-                              {{"txtLOA_TankVaporWeightPercentVOC", "Avg. % by Weight VOCs", 0, 100}, "TANK_VAPWGT_PVOC"},
-                              {{"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs", 16, 254}, "TANK_VOC_MOLEWGT"}};
+const Standing kStanding[] = {
+    {{"txtLOA_EquipElev", "Average Elevation", 10, 350}, "EQUIP_ELEV"},
+    {{"txtLOA_ReidVP", "Product Reid Vapor Pressure", 0.1, 20}, "REID_VP"},
+    {{"txtLOA_TankVaporWeightPercentVOC", "Avg. % by Weight VOCs", 0, 100}, "TANK_VAPWGT_PVOC"},
+    {{"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs", 16, 254}, "TANK_VOC_MOLEWGT"}};
 
 std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_LOA") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
@@ -79,7 +92,8 @@ void SelectAgain(TestRun& run) {
 TEST(Loading, shows_its_pages_and_titles) {
   TestRun run;
   run.StartWith("LOA", "L1");
-  EXPECT_EQ(run.At("tabLOA").items, (Texts{"General Information", "Ventilation System", "Control Equipment", "QC Results"}));
+  EXPECT_EQ(run.At("tabLOA").items,
+            (Texts{"General Information", "Ventilation System", "Control Equipment", "QC Results"}));
   EXPECT_EQ(run.At("tabLOA").page_available, (std::vector<bool>{true, true, true, true}));
   EXPECT_EQ(run.At("fraLOA").caption, "Loading Operations");
   run.Click("cmdEdit");
@@ -171,7 +185,8 @@ TEST(Loading, keeps_each_item_of_its_lists_as_its_code) {
 TEST(Loading, is_held_to_every_bound_of_a_month) {
   TryBounds({.type = "LOA",
              .mode = Mode::kActv,
-             .required = {{kVolume, "Volume Loaded", 0, 5000000}, {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature", 0, 120}}});
+             .required = {{kVolume, "Volume Loaded", 0, 5000000},
+                          {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature", 0, 120}}});
 }
 
 TEST(Loading, is_held_to_the_bounds_of_elevation_and_vapor) {
@@ -185,16 +200,19 @@ TEST(Loading, is_held_in_a_month_to_the_bounds_of_its_description_too) {
   run.StartWith("LOA", "L1");
   run.GoTo("LOA", "L1", Mode::kActv);
   const auto attempt = [&](const char* what, auto value, auto expected) {
-    for (const Standing& one : kStanding) run.s.db.Execute(std::string("UPDATE ED_LOA SET ") + one.column + "=" + value(one.bound));
+    for (const Standing& one : kStanding)
+      run.s.db.Execute(std::string("UPDATE ED_LOA SET ") + one.column + "=" + value(one.bound));
     run.Select(run.Key("", "", 1));
     run.Select(run.Key("LOA", "L1", 1));
     run.Click("cmdQC");
-    for (const Standing& one : kStanding) EXPECT_EQ(run.Finding(one.bound.tag), expected(one.bound)) << one.bound.control << " " << what;
+    for (const Standing& one : kStanding)
+      EXPECT_EQ(run.Finding(one.bound.tag), expected(one.bound)) << one.bound.control << " " << what;
   };
   const auto none = [](const Bound&) { return std::string(); };
   const auto range = [](const Bound& bound) { return RangeFinding(bound.low, bound.high); };
   attempt(
-      "blank", [](const Bound&) { return std::string("NULL"); }, [](const Bound&) { return std::string(kBlankFinding); });
+      "blank", [](const Bound&) { return std::string("NULL"); },
+      [](const Bound&) { return std::string(kBlankFinding); });
   attempt(
       "at the low bound", [](const Bound& b) { return GeneralNumber(b.low); }, none);
   attempt(
@@ -241,9 +259,9 @@ TEST(Loading, blank_in_a_month_lacks_its_description_as_well) {
   run.GoTo("LOA", "L1", Mode::kActv);
   run.Click("cmdQC");
   Found expected;
-  for (const char* tag :
-       {"Volume Loaded", "Average Elevation", "Storage Tank Paint Color", "Storage Tank Paint Condition", "Bulk Liquid Temperature",
-        "Product Reid Vapor Pressure", "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
+  for (const char* tag : {"Volume Loaded", "Average Elevation", "Storage Tank Paint Color",
+                          "Storage Tank Paint Condition", "Bulk Liquid Temperature", "Product Reid Vapor Pressure",
+                          "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
     expected.emplace_back(tag, kBlankFinding);
   EXPECT_EQ(run.Findings(), expected);
   EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND [Month]=1"), 8);
@@ -257,19 +275,21 @@ TEST(Loading, blank_in_its_description_lacks_these_in_their_order_and_no_destina
     run.s.db.Execute("DELETE FROM QC");
     run.Click("cmdQC");
     Found expected;
-    for (const char* tag : {"Average Elevation", "Storage Tank Paint Color", "Storage Tank Paint Condition", "Product Reid Vapor Pressure",
-                            "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
+    for (const char* tag : {"Average Elevation", "Storage Tank Paint Color", "Storage Tank Paint Condition",
+                            "Product Reid Vapor Pressure", "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
       expected.emplace_back(tag, kBlankFinding);
     for (const std::string& tag : more) expected.emplace_back(tag, kBlankFinding);
     EXPECT_EQ(run.Findings(), expected);
   };
   findings({"Installed Control Equipment"});
   run.Put({{kDestination, "Vented Locally"}, {kTechnology, kCondenser}, {kDevice, "Yes"}});
-  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Exit Temperature",
-            "Ventilation Outlet Orientation", "Condenser Temperature", "Condenser Pressure", "Other Control Equipment Descript."});
+  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+            "Ventilation Exit Temperature", "Ventilation Outlet Orientation", "Condenser Temperature",
+            "Condenser Pressure", "Other Control Equipment Descript."});
   run.Put({{kDestination, "Flared Locally"}, {kTechnology, "None"}, {kDevice, "No"}});
-  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation",
-            "Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"});
+  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+            "Ventilation Outlet Orientation", "Flare Feed Rate", "Flare Combustion Temperature",
+            "Flare Combustion Efficiency"});
   run.Set(kDestination, "Vented Remotely");
   findings({"Low Pressure Vent/Flare ID"});
 }
@@ -332,7 +352,8 @@ TEST(Loading, withdraws_the_findings_of_fields_that_no_longer_apply) {
       {kDestination,
        "Vented Locally",
        "Flared Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation"}},
+       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+        "Ventilation Outlet Orientation"}},
   };
   TestRun run;
   run.StartWith("LOA", "L1");
@@ -417,7 +438,8 @@ TEST(Loading, may_not_load_more_than_its_structure_passes) {
     run.Set(kVolume, one.volume);
     run.Click("cmdQC");
     EXPECT_EQ(run.Finding("Volume Loaded"), one.finding) << one.volume << " of " << one.total;
-    EXPECT_EQ(run.At(kVolume).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag) << one.volume << " of " << one.total;
+    EXPECT_EQ(run.At(kVolume).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag)
+        << one.volume << " of " << one.total;
   }
 }
 

@@ -12,8 +12,12 @@ using Names = std::vector<std::string>;
 const char* const kMud = "cmbMud_MudType";
 
 TEST(MudDegassing, is_held_to_1_to_31_days) {
-  TryBounds({.type = "MUD", .mode = Mode::kActv, .description = {}, .base = {},
-             .required = {{"txtMUD_DaysPerMonth", "Days per Month", 1, 31}}, .if_filled = {}});
+  TryBounds({.type = "MUD",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
+             .required = {{"txtMUD_DaysPerMonth", "Days per Month", 1, 31}},
+             .if_filled = {}});
 }
 
 TEST(MudDegassing, may_take_31_days_of_february_and_neither_0_nor_32) {
@@ -41,8 +45,11 @@ TEST(MudDegassing, shows_water_for_any_mud_that_it_does_not_know) {
   EXPECT_TRUE(IsNull(run.Sql("SELECT Mud_Typ FROM ED_MUD")));
   EXPECT_EQ(run.Text(kMud), "water-based");
   EXPECT_EQ(run.At(kMud).index, 0);
-  for (const auto& [stored, shown] : Values{{"oil-based", "oil-based"}, {"brine", "water-based"}, {"synthetic", "synthetic"},
-                                            {"Synthetic", "water-based"}, {"water-based", "water-based"}}) {
+  for (const auto& [stored, shown] : Values{{"oil-based", "oil-based"},
+                                            {"brine", "water-based"},
+                                            {"synthetic", "synthetic"},
+                                            {"Synthetic", "water-based"},
+                                            {"water-based", "water-based"}}) {
     run.s.db.Execute("UPDATE ED_MUD SET Mud_Typ=?", {stored});
     run.Select(run.Key());
     run.Select(run.Key("MUD", "M1"));

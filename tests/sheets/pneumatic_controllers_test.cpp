@@ -40,9 +40,14 @@ TEST(PneumaticControllers, need_make_model_bleed_rate_and_quantity) {
   TestRun run;
   run.StartWith("PRE", "C1");
   run.Click("cmdQC");
-  EXPECT_EQ(run.Findings(), (Values{{"Equipment Manufacturer", kBlankFinding}, {"Equipment Model", kBlankFinding},
-                                    {"Bleed Rate", kBlankFinding}, {"Number of Units", kBlankFinding}}));
-  run.Keep({{kMake, "Generic"}, {kModel, "Pilot controller"}, {"cmbPRE_BleedRate", "Zero-bleed"}, {"txtPRE_Quantity", "-3"},
+  EXPECT_EQ(run.Findings(), (Values{{"Equipment Manufacturer", kBlankFinding},
+                                    {"Equipment Model", kBlankFinding},
+                                    {"Bleed Rate", kBlankFinding},
+                                    {"Number of Units", kBlankFinding}}));
+  run.Keep({{kMake, "Generic"},
+            {kModel, "Pilot controller"},
+            {"cmbPRE_BleedRate", "Zero-bleed"},
+            {"txtPRE_Quantity", "-3"},
             {"txtPRE_EquipElev", "-99999"}});
   run.TakeBoxes();
   run.Click("cmdQC");
@@ -66,8 +71,8 @@ TEST(PneumaticControllers, lose_the_marks_of_what_was_blank_at_the_run_before) {
   run.StartWith("PRE", "C1");
   run.Click("cmdEdit");
   run.Click("cmdQC");
-  const Values values = {{kMake, "Generic"}, {kModel, "Pilot controller"}, {"cmbPRE_BleedRate", "Zero-bleed"},
-                         {"txtPRE_Quantity", "3"}};
+  const Values values = {
+      {kMake, "Generic"}, {kModel, "Pilot controller"}, {"cmbPRE_BleedRate", "Zero-bleed"}, {"txtPRE_Quantity", "3"}};
   for (const auto& [field, value] : values) EXPECT_EQ(run.At(field).back, Back::kFlag) << field;
   run.Put(values);
   run.Click("cmdQC");
@@ -173,7 +178,8 @@ TEST(PneumaticControllers, skip_a_repeated_value_only_behind_its_like) {
   TestRun run;
   run.StartWithStructure();
   run.s.db.Execute(
-      "INSERT INTO listPRE (ServiceType,Mfr,Model) VALUES ('PC','Adams','A1'),('PC','Adams','A1'),('PC','Generic','G9')");
+      "INSERT INTO listPRE (ServiceType,Mfr,Model) VALUES "
+      "('PC','Adams','A1'),('PC','Adams','A1'),('PC','Generic','G9')");
   run.AddEquipment("PRE", "C1");
   EXPECT_EQ(run.At(kMake).items, (Texts{"Generic", "Adams", "Generic"}));
   run.Click("cmdEdit");
@@ -286,7 +292,8 @@ TEST(PneumaticControllers, keep_the_outlet_that_no_page_shows_through_a_save) {
   TestRun run;
   run.StartWith("PRE", "C1");
   run.s.db.Execute(
-      "UPDATE ED_PRE SET EXH_OUT_HGT=1.5,EXH_OUT_INNER_DIAM=2.5,EXH_OUT_EXIT_VEL=3.5,EXH_OUT_EXIT_TEMP=4.5,EXH_OUT_ANGLE=5.5,"
+      "UPDATE ED_PRE SET "
+      "EXH_OUT_HGT=1.5,EXH_OUT_INNER_DIAM=2.5,EXH_OUT_EXIT_VEL=3.5,EXH_OUT_EXIT_TEMP=4.5,EXH_OUT_ANGLE=5.5,"
       "SENT_TO_ID='VENV1'");
   Reload(run);
   EXPECT_EQ(run.Text("txtPRE_ExhaustOutletExitT"), "4.5");

@@ -36,10 +36,14 @@ struct Month {
   TestRun run;
 };
 
-void Explain(TestRun& run, const std::string& comment) { run.s.db.Execute("UPDATE QC SET Comments=?", {comment}); }
+void Explain(TestRun& run, const std::string& comment) {
+  run.s.db.Execute("UPDATE QC SET Comments=?", {comment});
+}
 
 TEST(PneumaticPump, is_held_to_the_hours_of_a_month) {
-  TryBounds({.type = "PNE", .mode = Mode::kActv, .base = {{kRate, "5"}},
+  TryBounds({.type = "PNE",
+             .mode = Mode::kActv,
+             .base = {{kRate, "5"}},
              .required = {{kHours, "Hours per day operated", 0, 744}}});
 }
 
@@ -149,8 +153,10 @@ TEST(PneumaticPump, routed_nearby_loses_any_finding_of_its_vent_in_both_modes) {
   run.StartWith("PNE", "P1");
   const auto find = [&](const std::string& month, const std::string& mode) {
     run.s.db.Execute(
-        "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) VALUES "
-        "('12345'," + month + "," + (month == "0" ? "0" : "2017") + ",'EQUIPMENT','1001','1','PNE','P1','" + kRemoteTag +
+        "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
+        "VALUES "
+        "('12345'," +
+        month + "," + (month == "0" ? "0" : "2017") + ",'EQUIPMENT','1001','1','PNE','P1','" + kRemoteTag +
         "','Of another text','','" + mode + "')");
   };
   for (const char* code : {"VL", "FL", "RS"}) {
@@ -289,7 +295,8 @@ TEST(PneumaticPump, applies_its_destination_when_the_edit_of_a_stored_one_begins
 TEST(PneumaticPump, reads_its_makes_from_the_look_up_table_and_skips_repeats_that_follow_each_other) {
   TestRun run;
   run.StartWithStructure();
-  run.s.db.Execute("INSERT INTO listPNE (Mfr,Model) VALUES ('Brown','B1'),('Brown','B2'),('Adams','A1'),('Brown','B3')");
+  run.s.db.Execute(
+      "INSERT INTO listPNE (Mfr,Model) VALUES ('Brown','B1'),('Brown','B2'),('Adams','A1'),('Brown','B3')");
   run.AddEquipment("PNE", "P1");
   EXPECT_EQ(run.At(kMake).items, (std::vector<std::string>{"Generic", "Brown", "Adams", "Brown"}));
 }
@@ -389,8 +396,11 @@ TEST(PneumaticPump, stores_every_destination_by_its_code) {
   TestRun run;
   run.StartWith("PNE", "P1");
   run.Click("cmdEdit");
-  for (const auto& [item, code] : Values{{"Vented Locally", "VL"}, {"Flared Locally", "FL"}, {"Vented Remotely", "VR"},
-                                         {"Flared Remotely", "FR"}, {"Routed to System", "RS"}}) {
+  for (const auto& [item, code] : Values{{"Vented Locally", "VL"},
+                                         {"Flared Locally", "FL"},
+                                         {"Vented Remotely", "VR"},
+                                         {"Flared Remotely", "FR"},
+                                         {"Routed to System", "RS"}}) {
     run.Set(kDestination, item);
     run.Click("cmdSaveEdits");
     EXPECT_EQ(NullToEmpty(run.Sql("SELECT EMIS_DEST FROM ED_PNE")), code);
@@ -402,7 +412,8 @@ TEST(PneumaticPump, wears_its_titles_and_pages) {
   TestRun run;
   run.StartWith("PNE", "P1");
   EXPECT_EQ(run.At("fraPNE").caption, "Pneumatic Pumps");
-  EXPECT_EQ(run.At("tabPNE").items, (std::vector<std::string>{"General Information", "Ventilation System", "QC Results"}));
+  EXPECT_EQ(run.At("tabPNE").items,
+            (std::vector<std::string>{"General Information", "Ventilation System", "QC Results"}));
   EXPECT_EQ(run.At(kHours).caption, "Hours Operated (hrs):");
   EXPECT_EQ(run.At(kHours).tag, "Hours per day operated");
   run.Click("cmdEdit");

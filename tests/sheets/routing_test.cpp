@@ -30,7 +30,8 @@ struct Sheet {
   std::string destination() const { return "cmb" + type + "_GasesVentOrFlare"; }
   std::string sent_to() const { return "cmb" + type + "_VentedToID"; }
   std::vector<std::string> Outlets() const {
-    return {Box("ExhaustOutletHgt"), Box("ExhaustOutletInnerDiam"), Box("ExhaustOutletExitVel"), Box("ExhaustOutletAngle")};
+    return {Box("ExhaustOutletHgt"), Box("ExhaustOutletInnerDiam"), Box("ExhaustOutletExitVel"),
+            Box("ExhaustOutletAngle")};
   }
   std::vector<std::string> Flares() const {
     if (!has_flare) return {};
@@ -45,14 +46,18 @@ struct Sheet {
 };
 
 const Sheet kSheets[] = {
-    {"AMI", true, TurnsOff::kByDisabling, true, "txtAMI_ExhaustOutletT", "Emissions Destination", true, true, Falls::kTextAndIndex, true},
-    {"GLY", false, TurnsOff::kByDisabling, true, "txtGLY_ExhaustOutletExitT", "Emissions Destination", true, true, Falls::kTextAndIndex,
-     true},
-    {"STO", false, TurnsOff::kByDisabling, true, "txtSTO_ExhaustOutletExitT", "Emissions Destination", true, true, Falls::kText, true},
-    {"LOA", false, TurnsOff::kByDisabling, true, "txtLOA_ExhaustOutletExitT", "Gases Vented/Flared?", false, true, Falls::kNot, true},
-    {"LOS", true, TurnsOff::kByLocking, false, "txtLOS_ExhaustOutletExitT", "Emissions Destination", true, true, Falls::kTextAndIndex,
+    {"AMI", true, TurnsOff::kByDisabling, true, "txtAMI_ExhaustOutletT", "Emissions Destination", true, true,
+     Falls::kTextAndIndex, true},
+    {"GLY", false, TurnsOff::kByDisabling, true, "txtGLY_ExhaustOutletExitT", "Emissions Destination", true, true,
+     Falls::kTextAndIndex, true},
+    {"STO", false, TurnsOff::kByDisabling, true, "txtSTO_ExhaustOutletExitT", "Emissions Destination", true, true,
+     Falls::kText, true},
+    {"LOA", false, TurnsOff::kByDisabling, true, "txtLOA_ExhaustOutletExitT", "Gases Vented/Flared?", false, true,
+     Falls::kNot, true},
+    {"LOS", true, TurnsOff::kByLocking, false, "txtLOS_ExhaustOutletExitT", "Emissions Destination", true, true,
+     Falls::kTextAndIndex, false},
+    {"PNE", true, TurnsOff::kByLocking, false, "txtPNE_ExhaustOutletExitT", "Vents to Atm", false, false, Falls::kText,
      false},
-    {"PNE", true, TurnsOff::kByLocking, false, "txtPNE_ExhaustOutletExitT", "Vents to Atm", false, false, Falls::kText, false},
 };
 
 void PrintTo(const Sheet& sheet, std::ostream* out) {
@@ -89,7 +94,9 @@ class Routing : public testing::TestWithParam<Sheet> {
   void Go(const std::string& destination) { run.Set(sheet().destination(), destination); }
   Control& Destination() { return run.At(sheet().destination()); }
   Control& SentTo() { return run.At(sheet().sent_to()); }
-  std::string Stored(const std::string& column) { return NullToEmpty(run.Sql("SELECT " + column + " FROM ED_" + sheet().type)); }
+  std::string Stored(const std::string& column) {
+    return NullToEmpty(run.Sql("SELECT " + column + " FROM ED_" + sheet().type));
+  }
   std::string RemoteFinding() { return run.Finding(kRemoteTag, "EquipID='X1'"); }
 
   TestRun run;
@@ -113,7 +120,8 @@ TEST_P(Routing, offers_its_destinations_in_their_order) {
 
 TEST_P(Routing, keeps_each_destination_as_its_code_and_shows_it_again) {
   StartOnSheet();
-  Values codes = {{"Vented Locally", "VL"}, {"Flared Locally", "FL"}, {"Vented Remotely", "VR"}, {"Flared Remotely", "FR"}};
+  Values codes = {
+      {"Vented Locally", "VL"}, {"Flared Locally", "FL"}, {"Vented Remotely", "VR"}, {"Flared Remotely", "FR"}};
   if (sheet().to_system) codes.emplace_back("Routed to System", "RS");
   int index = 0;
   for (const auto& [text, code] : codes) {
@@ -233,7 +241,9 @@ TEST_P(Routing, stores_no_remote_one_for_a_local_destination) {
 TEST_P(Routing, loses_its_remote_one_when_the_destination_changes_from_vent_to_flare) {
   StartAmongVentsAndFlares();
   run.Click("cmdEdit");
-  run.Put({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V1"}, {sheet().destination(), "Flared Remotely"}});
+  run.Put({{sheet().destination(), "Vented Remotely"},
+           {sheet().sent_to(), "Vent: V1"},
+           {sheet().destination(), "Flared Remotely"}});
   EXPECT_EQ(SentTo().text, "");
   EXPECT_EQ(SentTo().index, -1);
   run.Put({{sheet().sent_to(), "Flare: F1"}, {sheet().destination(), "Vented Remotely"}});
@@ -244,10 +254,14 @@ TEST_P(Routing, loses_its_remote_one_when_the_destination_changes_from_vent_to_f
 TEST_P(Routing, chosen_again_keeps_the_vent_and_loses_the_flare) {
   StartAmongVentsAndFlares();
   run.Click("cmdEdit");
-  run.Put({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V2"}, {sheet().destination(), "Vented Remotely"}});
+  run.Put({{sheet().destination(), "Vented Remotely"},
+           {sheet().sent_to(), "Vent: V2"},
+           {sheet().destination(), "Vented Remotely"}});
   EXPECT_EQ(SentTo().text, "Vent: V2");
   EXPECT_EQ(SentTo().index, 1);
-  run.Put({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: F2"}, {sheet().destination(), "Flared Remotely"}});
+  run.Put({{sheet().destination(), "Flared Remotely"},
+           {sheet().sent_to(), "Flare: F2"},
+           {sheet().destination(), "Flared Remotely"}});
   EXPECT_EQ(SentTo().text, "");
   EXPECT_EQ(SentTo().index, -1);
   EXPECT_EQ(SentTo().items, (Texts{"Flare: F1", "Flare: F2"}));
@@ -260,7 +274,8 @@ TEST_P(Routing, shows_no_remote_one_after_its_identifier_was_changed) {
   } const cases[] = {{"Flared Remotely", "Flare: F1", "F1", "FLAF1"}, {"Vented Remotely", "Vent: V1", "V1", "VENV1"}};
   for (const auto& one : cases) {
     run.Keep({{sheet().destination(), one.destination}, {sheet().sent_to(), one.item}});
-    run.s.db.Execute("UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='NEW' WHERE ED_MERLU_EQUIP_ID='" + std::string(one.id) + "'");
+    run.s.db.Execute("UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='NEW' WHERE ED_MERLU_EQUIP_ID='" +
+                     std::string(one.id) + "'");
     Again();
     EXPECT_EQ(Destination().text, one.destination);
     EXPECT_EQ(SentTo().text, "") << one.destination;
@@ -290,11 +305,12 @@ TEST_P(RoutingThatDisables, turns_each_field_on_and_off_by_the_destination) {
     bool sent_to, outlets, temperature, flares;
   };
   const Row nothing = {"", false, false, false, false};
-  const std::vector<Row> rows = {{"Vented Locally", false, true, true, false},   {"Flared Remotely", true, false, false, false},
-                                 {"Flared Locally", false, true, false, true},   {"Vented Remotely", true, false, false, false},
-                                 {"Flared Locally", false, true, false, true},   {"Vented Locally", false, true, true, false},
-                                 {"Vented Remotely", true, false, false, false}, {"Flared Remotely", true, false, false, false},
-                                 {"Vented Locally", false, true, true, false}};
+  const std::vector<Row> rows = {
+      {"Vented Locally", false, true, true, false},   {"Flared Remotely", true, false, false, false},
+      {"Flared Locally", false, true, false, true},   {"Vented Remotely", true, false, false, false},
+      {"Flared Locally", false, true, false, true},   {"Vented Locally", false, true, true, false},
+      {"Vented Remotely", true, false, false, false}, {"Flared Remotely", true, false, false, false},
+      {"Vented Locally", false, true, true, false}};
   StartOnSheet();
   run.Click("cmdEdit");
   const auto expect = [&](const Row& row) {
@@ -323,9 +339,10 @@ TEST_P(RoutingThatLocks, locks_and_unlocks_each_field_by_the_destination) {
     const char* destination;
     bool sent_to, outlets;
   };
-  const std::vector<Row> rows = {{"Vented Locally", false, true},    {"Flared Remotely", true, false}, {"Flared Locally", false, true},
-                                 {"Routed to System", false, false}, {"Vented Remotely", true, false}, {"Routed to System", false, false},
-                                 {"Vented Locally", false, true},    {"Vented Remotely", true, false}, {"Flared Locally", false, true}};
+  const std::vector<Row> rows = {
+      {"Vented Locally", false, true},    {"Flared Remotely", true, false}, {"Flared Locally", false, true},
+      {"Routed to System", false, false}, {"Vented Remotely", true, false}, {"Routed to System", false, false},
+      {"Vented Locally", false, true},    {"Vented Remotely", true, false}, {"Flared Locally", false, true}};
   StartOnSheet();
   run.Click("cmdEdit");
   const auto expect = [&](const Row& row) {
@@ -367,7 +384,8 @@ TEST_P(Routing, keeps_the_texts_of_fields_that_a_destination_turns_off) {
   type(sheet().temperature);
   Go("Flared Locally");
   for (const std::string& name : sheet().Flares()) type(name);
-  for (const char* destination : {"Vented Remotely", "Flared Remotely", "Vented Locally", "Flared Locally", "Flared Remotely"}) {
+  for (const char* destination :
+       {"Vented Remotely", "Flared Remotely", "Vented Locally", "Flared Locally", "Flared Remotely"}) {
     Go(destination);
     for (const auto& [name, text] : typed) EXPECT_EQ(run.Text(name), text) << name << " with \"" << destination << "\"";
   }

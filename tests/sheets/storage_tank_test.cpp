@@ -32,10 +32,10 @@ const Field kMonth[] = {
     {"txtSTO_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temp", "TANK_BULK_LIQ_TEMP", "3.5", "3.5"},
     {"txtSTO_APIGravity", "API Gravity (°API):", "API Gravity", "API_GRAV", "4.5", "4.5"},
     {"txtSTO_ReidVP", "Reid Vapor Pressure (psia):", "Reid Vapor Pressure", "REID_VP", "5.5", "5.5"},
-    {"txtSTO_TankVaporWeightPercentVOC", "Average Percent by Weight of VOCs in Tank Vapor (%):", "Avg Percent by Wt VOCs",
-     "TANK_VAPWGT_PVOC", "6.5", "6.5"},
-    {"txtSTO_TankVOCMolWeight", "Average Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):", "Avg Molecular Wt VOCs", "TANK_VOC_MOLEWGT",
-     "7.5", "7.5"},
+    {"txtSTO_TankVaporWeightPercentVOC", "Average Percent by Weight of VOCs in Tank Vapor (%):",
+     "Avg Percent by Wt VOCs", "TANK_VAPWGT_PVOC", "6.5", "6.5"},
+    {"txtSTO_TankVOCMolWeight", "Average Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):", "Avg Molecular Wt VOCs",
+     "TANK_VOC_MOLEWGT", "7.5", "7.5"},
 };
 
 const Field kDescription[] = {
@@ -45,32 +45,43 @@ const Field kDescription[] = {
     {"txtSTO_TankShellHgt", "Tank Shell Height (ft):", "Tank Shell Height", "TANK_SHELL_HGT", "11.5", "11.5"},
     {"txtSTO_TankShellLength", "Tank Shell Length (ft):", "Tank Shell Length", "TANK_SHELL_LENGTH", "12.5", "12.5"},
     {"txtSTO_TankShellWidth1", "Tank Shell Width (ft):", "Tank Shell Width", "TANK_SHELL_WIDTH1", "13.5", "13.5"},
-    {"txtSTO_TankShellWidth2", "2nd Tank Shell Width (ft):", "2nd Tank Shell Width", "TANK_SHELL_WIDTH2", "14.5", "14.5"},
+    {"txtSTO_TankShellWidth2", "2nd Tank Shell Width (ft):", "2nd Tank Shell Width", "TANK_SHELL_WIDTH2", "14.5",
+     "14.5"},
     {"cmbSTO_FixedRoof", "Is the roof fixed (not floating)?", "Fixed (not floating)?", "FIXED_ROOF", "Yes", "True"},
     {"cmbSTO_TankRoofType", "Roof Shape:", "Roof Shape", "TANK_ROOF_TYP", "Peaked", "P"},
     {"txtSTO_TankRoofHgt", "Roof Height Above Shell (ft):", "Roof Height", "TANK_ROOF_HGT", "17.5", "17.5"},
     {"cmbSTO_TankPaintColor", "Paint Color:", "Paint Color", "TANK_PAINT_COLOR", "Grey/Med", "GM"},
     {"cmbSTO_TankPaintCondition", "Paint Condition:", "Paint Condition", "TANK_PAINT_CND", "Poor", "P"},
-    {"txtSTO_BreatherVentPressure", "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure", "BREATH_VEN_PRES", "20.5", "20.5"},
-    {"txtSTO_BreatherVentVacuum", "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC", "21.5", "21.5"},
+    {"txtSTO_BreatherVentPressure", "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure",
+     "BREATH_VEN_PRES", "20.5", "20.5"},
+    {"txtSTO_BreatherVentVacuum", "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC",
+     "21.5", "21.5"},
     {"cmbSTO_ProductType", "Product Type:", "Product Type", "PROD_TYP", "Condensate", "CO"},
-    {"cboEquippedWithFlashTank", "Equipped with a flash tank?", "Equipped with flash tank", "IS_EQUIPPED_WITH_FLASH_TANK", "Yes", "Yes"},
+    {"cboEquippedWithFlashTank", "Equipped with a flash tank?", "Equipped with flash tank",
+     "IS_EQUIPPED_WITH_FLASH_TANK", "Yes", "Yes"},
     {"cmbSTO_GasesVentOrFlare", "Emissions Destination", "Emissions Destination", "EMIS_DEST", "Flared Locally", "FL"},
-    {"txtSTO_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "25.5", "25.5"},
-    {"txtSTO_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter", "EXH_OUT_INNER_DIAM", "26.5",
-     "26.5"},
-    {"txtSTO_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "27.5", "27.5"},
-    {"txtSTO_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "28.5", "28.5"},
-    {"txtSTO_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE", "29.5", "29.5"},
+    {"txtSTO_ExhaustOutletHgt", "Outlet Height (ft above msl):", "Ventilation Outlet Height", "EXH_OUT_HGT", "25.5",
+     "25.5"},
+    {"txtSTO_ExhaustOutletInnerDiam", "Outlet Inner Diameter (in):", "Ventilation Outlet Inner Diameter",
+     "EXH_OUT_INNER_DIAM", "26.5", "26.5"},
+    {"txtSTO_ExhaustOutletExitVel", "Exit Velocity (ft/s):", "Ventilation Exit Velocity", "EXH_OUT_EXIT_VEL", "27.5",
+     "27.5"},
+    {"txtSTO_ExhaustOutletExitT", "Exit Temperature (°F):", "Ventilation Exit Temperature", "EXH_OUT_EXIT_TEMP", "28.5",
+     "28.5"},
+    {"txtSTO_ExhaustOutletAngle", "Outlet Orientation (degrees):", "Ventilation Outlet Orientation", "EXH_OUT_ANGLE",
+     "29.5", "29.5"},
     {"txtSTO_FlareFeedRate", "Flare Feed Rate (scf/hr):", "Flare Feed Rate", "FLA_FEED_RATE", "30.5", "30.5"},
-    {"txtSTO_FlareCombustionT", "Combustion Temperature (°F):", "Combustion Temperature", "FLA_COMBUST_TEMP", "31.5", "31.5"},
+    {"txtSTO_FlareCombustionT", "Combustion Temperature (°F):", "Combustion Temperature", "FLA_COMBUST_TEMP", "31.5",
+     "31.5"},
     {"txtSTO_FlareEfficiency", "Combustion Efficiency (%):", "Combustion Efficiency", "FLA_EFFIC", "32.5", "32.5"},
     {"cmbSTO_ControlTechnology", "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH",
      "Vapor Recovery and/or Condenser (VR/C)", "VR/C"},
     {"txtSTO_CondenserP", "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "34.5", "34.5"},
     {"txtSTO_CondenserT", "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP", "35.5", "35.5"},
-    {"cmbSTO_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device", "OTH_CTRL_DEVICE", "Yes", "True"},
-    {"txtSTO_OtherControlDesc", "Description:", "Other Control Device Descript.", "OTH_CTRL_DESC", "a scrubber", "a scrubber"},
+    {"cmbSTO_OtherControlDevice", "Other Control Device (Y/N):", "Other Control Device", "OTH_CTRL_DEVICE", "Yes",
+     "True"},
+    {"txtSTO_OtherControlDesc", "Description:", "Other Control Device Descript.", "OTH_CTRL_DESC", "a scrubber",
+     "a scrubber"},
     {"txtSTO_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Efficiency", "OTH_CTRL_EFFIC_VOC", "38.5", "38.5"},
 };
 
@@ -112,8 +123,11 @@ void SelectAgain(TestRun& run) {
 
 // Shape and orientation as they are stored, with no field typed into.
 void Shape(TestRun& run, const Geometry& geometry, const std::string& dimensions) {
-  const auto code = [](const char* text) { return *text == '\0' ? std::string("NULL") : "'" + std::string(1, *text) + "'"; };
-  std::string set = "UPDATE ED_STO SET TANK_SHAPE=" + code(geometry.shape) + ", TANK_ORIENTATION=" + code(geometry.orientation);
+  const auto code = [](const char* text) {
+    return *text == '\0' ? std::string("NULL") : "'" + std::string(1, *text) + "'";
+  };
+  std::string set =
+      "UPDATE ED_STO SET TANK_SHAPE=" + code(geometry.shape) + ", TANK_ORIENTATION=" + code(geometry.orientation);
   for (const Dimension& dimension : kDimensions) set += std::string(", ") + dimension.column + "=" + dimensions;
   run.s.db.Execute(set);
   SelectAgain(run);
@@ -190,7 +204,10 @@ TEST(StorageTank, keeps_every_field_of_the_description_in_its_column) {
     EXPECT_EQ(run.Text(field.control), lacking ? "" : field.text) << field.control;
   }
   run.Click("cmdEdit");
-  run.Put({{kShape, "Cylindrical"}, {kOrientation, "Horizontal"}, {"txtSTO_TankShellDiam", "21.5"}, {"txtSTO_TankShellLength", "22.5"}});
+  run.Put({{kShape, "Cylindrical"},
+           {kOrientation, "Horizontal"},
+           {"txtSTO_TankShellDiam", "21.5"},
+           {"txtSTO_TankShellLength", "22.5"}});
   run.Click("cmdSaveEdits");
   EXPECT_EQ(Stored(run, "TANK_SHELL_DIAM"), "21.5");
   EXPECT_EQ(Stored(run, "TANK_SHELL_LENGTH"), "22.5");
@@ -313,7 +330,10 @@ TEST(StorageTank, stores_the_dimensions_of_its_shape_and_orientation_and_drops_t
 TEST(StorageTank, laid_down_as_a_box_keeps_its_diameter_on_the_screen_until_the_save) {
   TestRun run;
   run.StartWith("STO", "T1");
-  run.Keep({{kShape, "Cylindrical"}, {kOrientation, "Vertical"}, {"txtSTO_TankShellDiam", "20"}, {"txtSTO_TankShellHgt", "30"}});
+  run.Keep({{kShape, "Cylindrical"},
+            {kOrientation, "Vertical"},
+            {"txtSTO_TankShellDiam", "20"},
+            {"txtSTO_TankShellHgt", "30"}});
   EXPECT_EQ(Stored(run, "TANK_SHELL_DIAM"), "20");
   run.Click("cmdEdit");
   run.Put({{kShape, "Rectangular"}, {kOrientation, "Horizontal"}});
@@ -332,7 +352,8 @@ TEST(StorageTank, standing_round_is_held_to_the_bounds_of_diameter_and_height) {
   TryBounds({.type = "STO",
              .mode = Mode::kDesc,
              .base = {{kShape, "Cylindrical"}, {kOrientation, "Vertical"}},
-             .required = {{"txtSTO_TankShellDiam", "Tank Shell Diameter", 0, 50}, {"txtSTO_TankShellHgt", "Tank Shell Height", 2, 50}}});
+             .required = {{"txtSTO_TankShellDiam", "Tank Shell Diameter", 0, 50},
+                          {"txtSTO_TankShellHgt", "Tank Shell Height", 2, 50}}});
 }
 
 TEST(StorageTank, standing_square_is_held_to_the_bounds_of_height_and_widths) {
@@ -348,7 +369,8 @@ TEST(StorageTank, lying_round_is_held_to_the_bounds_of_diameter_and_length) {
   TryBounds({.type = "STO",
              .mode = Mode::kDesc,
              .base = {{kShape, "Cylindrical"}, {kOrientation, "Horizontal"}},
-             .required = {{"txtSTO_TankShellDiam", "Tank Shell Diameter", 0, 50}, {"txtSTO_TankShellLength", "Tank Shell Length", 2, 50}}});
+             .required = {{"txtSTO_TankShellDiam", "Tank Shell Diameter", 0, 50},
+                          {"txtSTO_TankShellLength", "Tank Shell Length", 2, 50}}});
 }
 
 TEST(StorageTank, lying_square_is_held_to_the_bounds_of_height_length_and_width) {
@@ -410,7 +432,8 @@ TEST(StorageTank, is_held_to_every_bound_of_a_month) {
 TEST(StorageTank, needs_a_vacuum_setting_below_zero) {
   TestRun run;
   run.StartWith("STO", "T1");
-  for (const auto& [vacuum, finding] : Values{{"-0.01", ""}, {"-5", ""}, {"0", "Value not in expected range (-5 to -0.01)"}}) {
+  for (const auto& [vacuum, finding] :
+       Values{{"-0.01", ""}, {"-5", ""}, {"0", "Value not in expected range (-5 to -0.01)"}}) {
     run.Keep({{"txtSTO_BreatherVentVacuum", vacuum}});
     run.Click("cmdQC");
     EXPECT_EQ(run.Finding("Breather Vent Vacuum"), finding) << vacuum;
@@ -425,8 +448,8 @@ TEST(StorageTank, blank_in_a_month_lacks_these_in_their_order) {
   run.GoTo("STO", "T1", Mode::kActv);
   run.Click("cmdQC");
   Found expected;
-  for (const char* tag : {"Avg Liquid Height", "Bulk Liquid Temp", "API Gravity", "Reid Vapor Pressure", "Product Throughput",
-                          "Avg Molecular Wt VOCs", "Avg Percent by Wt VOCs"})
+  for (const char* tag : {"Avg Liquid Height", "Bulk Liquid Temp", "API Gravity", "Reid Vapor Pressure",
+                          "Product Throughput", "Avg Molecular Wt VOCs", "Avg Percent by Wt VOCs"})
     expected.emplace_back(tag, kBlankFinding);
   EXPECT_EQ(run.Findings(), expected);
 }
@@ -443,22 +466,26 @@ TEST(StorageTank, blank_in_its_description_lacks_these_in_their_order) {
     EXPECT_EQ(run.Findings(), expected);
   };
   findings({"Tank Shape", "Tank Orientation", "Fixed (not floating)?", "Roof Shape", "Paint Color", "Paint Condition",
-            "Breather Vent Pressure", "Breather Vent Vacuum", "Product Type", "Emissions Destination", "Installed Control Equipment"});
+            "Breather Vent Pressure", "Breather Vent Vacuum", "Product Type", "Emissions Destination",
+            "Installed Control Equipment"});
   run.Put({{kShape, "Rectangular"},
            {kOrientation, "Vertical"},
            {"cmbSTO_FixedRoof", "Yes"},
            {kDestination, "Vented Locally"},
            {kTechnology, kCondenser},
            {"cmbSTO_OtherControlDevice", "Yes"}});
-  findings({"Tank Shell Height", "Tank Shell Width", "2nd Tank Shell Width", "Roof Shape", "Roof Height", "Paint Color", "Paint Condition",
-            "Breather Vent Pressure", "Breather Vent Vacuum", "Product Type", "Ventilation Outlet Height",
-            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation",
-            "Ventilation Exit Temperature", "Other Control Device Descript."});
-  run.Put({{"cmbSTO_FixedRoof", "No"}, {kDestination, "Flared Locally"}, {kTechnology, "None"}, {"cmbSTO_OtherControlDevice", "No"}});
-  findings({"Tank Shell Height", "Tank Shell Width", "2nd Tank Shell Width", "Roof Shape", "Paint Color", "Paint Condition",
-            "Breather Vent Pressure", "Breather Vent Vacuum", "Product Type", "Ventilation Outlet Height",
-            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation", "Flare Feed Rate",
-            "Combustion Temperature", "Combustion Efficiency"});
+  findings({"Tank Shell Height", "Tank Shell Width", "2nd Tank Shell Width", "Roof Shape", "Roof Height", "Paint Color",
+            "Paint Condition", "Breather Vent Pressure", "Breather Vent Vacuum", "Product Type",
+            "Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+            "Ventilation Outlet Orientation", "Ventilation Exit Temperature", "Other Control Device Descript."});
+  run.Put({{"cmbSTO_FixedRoof", "No"},
+           {kDestination, "Flared Locally"},
+           {kTechnology, "None"},
+           {"cmbSTO_OtherControlDevice", "No"}});
+  findings({"Tank Shell Height", "Tank Shell Width", "2nd Tank Shell Width", "Roof Shape", "Paint Color",
+            "Paint Condition", "Breather Vent Pressure", "Breather Vent Vacuum", "Product Type",
+            "Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+            "Ventilation Outlet Orientation", "Flare Feed Rate", "Combustion Temperature", "Combustion Efficiency"});
 }
 
 // ---- conditions ----
@@ -471,11 +498,15 @@ TEST(StorageTank, withdraws_the_findings_of_fields_that_no_longer_apply) {
       {"cmbSTO_FixedRoof", "Yes", "No", {"Roof Height"}},
       {"cmbSTO_OtherControlDevice", "Yes", "No", {"Other Control Device Descript."}},
       {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
-      {kDestination, "Flared Locally", "Vented Locally", {"Flare Feed Rate", "Combustion Temperature", "Combustion Efficiency"}},
+      {kDestination,
+       "Flared Locally",
+       "Vented Locally",
+       {"Flare Feed Rate", "Combustion Temperature", "Combustion Efficiency"}},
       {kDestination,
        "Vented Locally",
        "Flared Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation"}},
+       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+        "Ventilation Outlet Orientation"}},
   };
   TestRun run;
   run.StartWith("STO", "T1");
@@ -527,9 +558,10 @@ TEST(StorageTank, turns_roof_condenser_and_other_device_on_and_off_and_keeps_the
   struct {
     const char *list, *with, *without;
     Texts fields;
-  } const cases[] = {{"cmbSTO_FixedRoof", "Yes", "No", {"txtSTO_TankRoofHgt"}},
-                     {kTechnology, kCondenser, "None", {"txtSTO_CondenserT", "txtSTO_CondenserP"}},
-                     {"cmbSTO_OtherControlDevice", "Yes", "No", {"txtSTO_OtherControlDesc", "txtSTO_OtherControlEffVOC"}}};
+  } const cases[] = {
+      {"cmbSTO_FixedRoof", "Yes", "No", {"txtSTO_TankRoofHgt"}},
+      {kTechnology, kCondenser, "None", {"txtSTO_CondenserT", "txtSTO_CondenserP"}},
+      {"cmbSTO_OtherControlDevice", "Yes", "No", {"txtSTO_OtherControlDesc", "txtSTO_OtherControlEffVOC"}}};
   TestRun run;
   run.StartWith("STO", "T1");
   run.Click("cmdEdit");
@@ -563,8 +595,8 @@ TEST(StorageTank, in_a_month_leaves_what_its_lists_turn_on_and_off_alone) {
   run.StartWith("STO", "T1");
   run.GoTo("STO", "T1", Mode::kActv);
   run.Click("cmdEdit");
-  for (const char* name :
-       {"txtSTO_TankShellDiam", "txtSTO_TankRoofHgt", "txtSTO_ExhaustOutletHgt", "txtSTO_CondenserT", "cmbSTO_VentedToID"}) {
+  for (const char* name : {"txtSTO_TankShellDiam", "txtSTO_TankRoofHgt", "txtSTO_ExhaustOutletHgt", "txtSTO_CondenserT",
+                           "cmbSTO_VentedToID"}) {
     EXPECT_TRUE(run.At(name).enabled) << name;
     EXPECT_TRUE(run.At(name).locked) << name;
     EXPECT_EQ(run.At(name).back, Back::kFace) << name;
@@ -586,7 +618,9 @@ TEST(StorageTank, depends_on_its_flash_tank_in_nothing) {
 
 // Dimensions as stored, then the month of the tank in an edit.
 void GoToMonthOf(TestRun& run, const char* shape, const char* orientation, const char* diameter, const char* height) {
-  const auto code = [](const char* text) { return *text == '\0' ? std::string("NULL") : "'" + std::string(1, *text) + "'"; };
+  const auto code = [](const char* text) {
+    return *text == '\0' ? std::string("NULL") : "'" + std::string(1, *text) + "'";
+  };
   run.s.db.Execute("UPDATE ED_STO SET TANK_SHAPE=" + code(shape) + ", TANK_ORIENTATION=" + code(orientation) +
                    ", TANK_SHELL_DIAM=" + diameter + ", TANK_SHELL_HGT=" + height);
   run.GoTo("STO", "T1", Mode::kActv);
@@ -621,7 +655,8 @@ TEST(StorageTank, holds_its_liquid_to_the_height_or_when_it_lies_round_to_the_di
     run.Set(kLiquid, one.liquid);
     run.Click("cmdQC");
     EXPECT_EQ(run.Finding("Avg Liquid Height"), one.finding)
-        << one.liquid << " in \"" << one.shape << "\" \"" << one.orientation << "\" " << one.diameter << " by " << one.height;
+        << one.liquid << " in \"" << one.shape << "\" \"" << one.orientation << "\" " << one.diameter << " by "
+        << one.height;
   }
 }
 

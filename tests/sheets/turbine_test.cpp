@@ -35,7 +35,10 @@ std::string FindingAt(TestRun& run, const std::string& field, const std::string&
 }
 
 TEST(Turbine, is_held_to_every_bound_of_the_description) {
-  TryBounds({.type = "NGT", .mode = Mode::kDesc, .description = {}, .base = {},
+  TryBounds({.type = "NGT",
+             .mode = Mode::kDesc,
+             .description = {},
+             .base = {},
              .required = {{"txtNGT_OperatingHP", "Opeating Horsepower", 0, 30000},
                           {"txtNGT_FuelUsageRate", "Average Fuel Usage", 0, 11000},
                           {"txtNGT_MaxHP", "Max Rated Horsepower", 500, 30000},
@@ -51,18 +54,24 @@ TEST(Turbine, is_held_to_every_bound_of_the_description) {
 }
 
 TEST(Turbine, is_held_to_every_bound_of_a_month) {
-  TryBounds({.type = "NGT", .mode = Mode::kActv, .description = {}, .base = {},
+  TryBounds({.type = "NGT",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
              .required = {{"txtNGT_HrsOperated", "Hours Operated", 0, 744}, {kGasTotal, "Total Fuel Used", 0, 500000}},
-             .if_filled = {{"txtNGT_HrsOperated_Diesel", "Hours Operated (Diesel)", 0, 744}, {kDieselTotal, kDieselTotalTag, 0, 2400000}}});
+             .if_filled = {{"txtNGT_HrsOperated_Diesel", "Hours Operated (Diesel)", 0, 744},
+                           {kDieselTotal, kDieselTotalTag, 0, 2400000}}});
 }
 
 TEST(Turbine, misses_these_fields_of_a_blank_description_in_this_order) {
   TestRun run;
   run.StartWith("NGT", "T1");
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Opeating Horsepower|Average Fuel Usage|Max Rated Horsepower|Fuel Heating Value|Fuel H2S Content|Engine Purpose|"
-                         "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
-                         "Exhaust Exit Temperature|Exhaust Outlet Orientation|Exhaust Emission Controls");
+  EXPECT_EQ(
+      Fields(run),
+      "Opeating Horsepower|Average Fuel Usage|Max Rated Horsepower|Fuel Heating Value|Fuel H2S Content|Engine Purpose|"
+      "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
+      "Exhaust Exit Temperature|Exhaust Outlet Orientation|Exhaust Emission Controls");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
 }
 
@@ -90,9 +99,12 @@ TEST(Turbine, loses_eight_texts_that_are_no_numbers_to_a_run_and_then_misses_the
   TestRun run;
   run.StartWith("NGT", "T1");
   run.Click("cmdEdit");
-  const Values fields = {{"OperatingHP", "Opeating Horsepower"}, {"MaxHP", "Max Rated Horsepower"},
-                         {"FuelUsageRate", "Average Fuel Usage"}, {"MaxRatedFuelUsage", "Max Rated Fuel Usage"}};
-  for (const auto& [field, tag] : fields) run.Put({{"txtNGT_" + field, "600 hp"}, {"txtNGT_" + field + "_Diesel", "600 hp"}});
+  const Values fields = {{"OperatingHP", "Opeating Horsepower"},
+                         {"MaxHP", "Max Rated Horsepower"},
+                         {"FuelUsageRate", "Average Fuel Usage"},
+                         {"MaxRatedFuelUsage", "Max Rated Fuel Usage"}};
+  for (const auto& [field, tag] : fields)
+    run.Put({{"txtNGT_" + field, "600 hp"}, {"txtNGT_" + field + "_Diesel", "600 hp"}});
   run.Put({{"txtNGT_FuelHeatingValue", "900x"}, {"txtNGT_FuelHeatingValue_Diesel", "900x"}});
   run.Click("cmdQC");
   for (const auto& [field, tag] : fields) {
@@ -107,8 +119,10 @@ TEST(Turbine, may_run_on_gas_at_its_maximum_and_not_above) {
   TestRun run;
   run.StartWith("NGT", "T1");
   run.Click("cmdEdit");
-  run.Put({{"txtNGT_OperatingHP", "500.01"}, {"txtNGT_MaxHP", "500"},
-           {"txtNGT_FuelUsageRate", "5000.01"}, {"txtNGT_MaxRatedFuelUsage", "5000"}});
+  run.Put({{"txtNGT_OperatingHP", "500.01"},
+           {"txtNGT_MaxHP", "500"},
+           {"txtNGT_FuelUsageRate", "5000.01"},
+           {"txtNGT_MaxRatedFuelUsage", "5000"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("Opeating Horsepower"), "Operating Horsepower exceeds Max Rated Horsepower");
   EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
@@ -267,21 +281,32 @@ TEST(Turbine, needs_a_purpose_and_emission_controls_and_leaves_their_flags_when_
 TEST(Turbine, keeps_its_description_and_reads_it_back) {
   TestRun run;
   run.StartWith("NGT", "T1");
-  run.Keep({{"txtNGT_Mfr", "Acme"}, {"txtNGT_Model", "T-7"}, {"txtNGT_MaxHP", "1.5"}, {"txtNGT_OperatingHP", "2.5"},
-            {"txtNGT_MaxRatedFuelUsage", "3.5"}, {"txtNGT_FuelUsageRate", "4.5"}, {"txtNGT_FuelHeatingValue", "5.5"},
-            {"txtNGT_FuelH2SContent", "6.5"}, {"txtNGT_MaxHP_Diesel", "7.5"}, {"txtNGT_OperatingHP_Diesel", "8.5"},
-            {"txtNGT_MaxRatedFuelUsage_Diesel", "9.5"}, {"txtNGT_FuelUsageRate_Diesel", "10.5"},
-            {"txtNGT_FuelHeatingValue_Diesel", "11.5"}, {"txtNGT_FuelSulfurContent_Diesel", "12.5"}});
+  run.Keep({{"txtNGT_Mfr", "Acme"},
+            {"txtNGT_Model", "T-7"},
+            {"txtNGT_MaxHP", "1.5"},
+            {"txtNGT_OperatingHP", "2.5"},
+            {"txtNGT_MaxRatedFuelUsage", "3.5"},
+            {"txtNGT_FuelUsageRate", "4.5"},
+            {"txtNGT_FuelHeatingValue", "5.5"},
+            {"txtNGT_FuelH2SContent", "6.5"},
+            {"txtNGT_MaxHP_Diesel", "7.5"},
+            {"txtNGT_OperatingHP_Diesel", "8.5"},
+            {"txtNGT_MaxRatedFuelUsage_Diesel", "9.5"},
+            {"txtNGT_FuelUsageRate_Diesel", "10.5"},
+            {"txtNGT_FuelHeatingValue_Diesel", "11.5"},
+            {"txtNGT_FuelSulfurContent_Diesel", "12.5"}});
   const std::string expected = "Acme T-7 1.5 2.5 3.5 4.5 5.5 6.5 7.5 8.5 9.5 10.5 11.5 12.5";
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT MFG||' '||model||' '||MAX_HP||' '||OP_HP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '"
-                                "||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT||' '||MAX_HP_DIESEL||' '||OP_HP_DIESEL||' '"
-                                "||MAX_RATED_FUEL_USE_DIESEL||' '||AVG_FUEL_USAGE_DIESEL||' '||FUEL_HEAT_VAL_DIESEL||' '"
-                                "||FUEL_SULFUR_CONTENT_DIESEL FROM ED_NGT")),
+  EXPECT_EQ(NullToEmpty(run.Sql(
+                "SELECT MFG||' '||model||' '||MAX_HP||' '||OP_HP||' '||MAX_RATED_FUEL_USE||' '||FUEL_USE_RATE||' '"
+                "||FUEL_HEAT_VAL||' '||FUEL_H2S_CONTENT||' '||MAX_HP_DIESEL||' '||OP_HP_DIESEL||' '"
+                "||MAX_RATED_FUEL_USE_DIESEL||' '||AVG_FUEL_USAGE_DIESEL||' '||FUEL_HEAT_VAL_DIESEL||' '"
+                "||FUEL_SULFUR_CONTENT_DIESEL FROM ED_NGT")),
             expected);
   std::string texts;
-  for (const char* field : {"Mfr", "Model", "MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue",
-                            "FuelH2SContent", "MaxHP_Diesel", "OperatingHP_Diesel", "MaxRatedFuelUsage_Diesel",
-                            "FuelUsageRate_Diesel", "FuelHeatingValue_Diesel", "FuelSulfurContent_Diesel"})
+  for (const char* field :
+       {"Mfr", "Model", "MaxHP", "OperatingHP", "MaxRatedFuelUsage", "FuelUsageRate", "FuelHeatingValue",
+        "FuelH2SContent", "MaxHP_Diesel", "OperatingHP_Diesel", "MaxRatedFuelUsage_Diesel", "FuelUsageRate_Diesel",
+        "FuelHeatingValue_Diesel", "FuelSulfurContent_Diesel"})
     texts += (texts.empty() ? "" : " ") + run.Text(std::string("txtNGT_") + field);
   EXPECT_EQ(texts, expected);
 }
@@ -289,7 +314,8 @@ TEST(Turbine, keeps_its_description_and_reads_it_back) {
 TEST(Turbine, keeps_its_purpose_by_code_and_its_emission_controls_by_text) {
   TestRun run;
   run.StartWith("NGT", "T1");
-  for (const auto& [item, code] : Values{{"Electricity Generation", "EG"}, {"Product Pressurization", "PP"}, {"Other", "OT"}}) {
+  for (const auto& [item, code] :
+       Values{{"Electricity Generation", "EG"}, {"Product Pressurization", "PP"}, {"Other", "OT"}}) {
     run.Keep({{"cmbNGT_Purpose", item}});
     EXPECT_EQ(NullToEmpty(run.Sql("SELECT Purpose FROM ED_NGT")), code);
     EXPECT_EQ(run.Text("cmbNGT_Purpose"), item);
@@ -305,10 +331,12 @@ TEST(Turbine, keeps_its_month_and_reads_it_back) {
   TestRun run;
   run.StartWith("NGT", "T1");
   run.GoTo("NGT", "T1", Mode::kActv);
-  run.Keep({{"txtNGT_HrsOperated", "1.5"}, {kGasTotal, "2.5"}, {"txtNGT_HrsOperated_Diesel", "3.5"}, {kDieselTotal, "4.5"}});
-  EXPECT_EQ(run.Count("EA_NGT WHERE OP_HR=1.5 AND TOT_FUEL_USE=2.5 AND OP_HR_DIESEL=3.5 AND TOT_FUEL_USE_DIESEL=4.5"), 1);
-  EXPECT_EQ(run.Text("txtNGT_HrsOperated") + " " + run.Text(kGasTotal) + " " + run.Text("txtNGT_HrsOperated_Diesel") + " " +
-                run.Text(kDieselTotal),
+  run.Keep(
+      {{"txtNGT_HrsOperated", "1.5"}, {kGasTotal, "2.5"}, {"txtNGT_HrsOperated_Diesel", "3.5"}, {kDieselTotal, "4.5"}});
+  EXPECT_EQ(run.Count("EA_NGT WHERE OP_HR=1.5 AND TOT_FUEL_USE=2.5 AND OP_HR_DIESEL=3.5 AND TOT_FUEL_USE_DIESEL=4.5"),
+            1);
+  EXPECT_EQ(run.Text("txtNGT_HrsOperated") + " " + run.Text(kGasTotal) + " " + run.Text("txtNGT_HrsOperated_Diesel") +
+                " " + run.Text(kDieselTotal),
             "1.5 2.5 3.5 4.5");
 }
 

@@ -19,15 +19,15 @@ class UnlockPaths : public testing::TestWithParam<const SheetSpec*> {
  protected:
   const SheetSpec& sheet() const { return *GetParam(); }
 
-  std::string Key(const std::string& id, Mode mode) {
-    return run.Key(sheet().type, id, mode == Mode::kActv ? 1 : 0);
-  }
+  std::string Key(const std::string& id, Mode mode) { return run.Key(sheet().type, id, mode == Mode::kActv ? 1 : 0); }
 
   Open Shown() {
     Open open;
     for (const Control& control : SheetForm(run.s, sheet()).controls())
       open[control.name] = std::string(control.enabled ? "enabled" : "disabled") + (control.locked ? " locked" : "") +
-                           (control.back == Back::kWindow ? " window" : control.back == Back::kFace ? " face" : " flag");
+                           (control.back == Back::kWindow ? " window"
+                            : control.back == Back::kFace ? " face"
+                                                          : " flag");
     return open;
   }
 
@@ -110,8 +110,8 @@ class UnlockPaths : public testing::TestWithParam<const SheetSpec*> {
 TEST_P(UnlockPaths, to_a_record_all_open_the_same) {
   run.answers.assign(2000, Button::kOK);
   run.StartWith("VEN", "V1");
-  for (const auto& [code, id] : std::vector<std::pair<std::string, std::string>>{
-           {"FLA", "F1"}, {sheet().type, "X1"}, {sheet().type, "X2"}}) {
+  for (const auto& [code, id] :
+       std::vector<std::pair<std::string, std::string>>{{"FLA", "F1"}, {sheet().type, "X1"}, {sheet().type, "X2"}}) {
     run.Select(run.Key());
     run.AddEquipment(code, id);
   }

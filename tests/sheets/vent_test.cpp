@@ -15,7 +15,10 @@ std::string Fields(TestRun& run) {
 }
 
 TEST(Vent, is_held_to_every_bound_of_a_month) {
-  TryBounds({.type = "VEN", .mode = Mode::kActv, .description = {}, .base = {},
+  TryBounds({.type = "VEN",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
              .required = {{"txtVEN_HrsOperated", "Hours Operated, excl upsets", 0, 744},
                           {"txtVEN_VolVented", "Volume Vented, incl upsets", 0, 20000},
                           {"txtVEN_ConcH2S", "Vent Gas H2S Concentration", 0, 120000},
@@ -25,7 +28,10 @@ TEST(Vent, is_held_to_every_bound_of_a_month) {
 }
 
 TEST(Vent, is_held_to_every_bound_of_the_description) {
-  TryBounds({.type = "VEN", .mode = Mode::kDesc, .description = {}, .base = {{kTechnology, "Condenser"}},
+  TryBounds({.type = "VEN",
+             .mode = Mode::kDesc,
+             .description = {},
+             .base = {{kTechnology, "Condenser"}},
              .required = {{"txtVEN_StackOutletElev", "Stack Outlet Elevation", -30, 300},
                           {"txtVEN_StackAngle", "Stack Orientation", 0, 180},
                           {"txtVEN_StackInnerDiam", "Stack Inner Diameter", 4, 42},
@@ -39,8 +45,9 @@ TEST(Vent, misses_these_fields_of_a_blank_description_in_this_order) {
   TestRun run;
   run.StartWith("VEN", "V1");
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Vent Type|Stack Outlet Elevation|Stack Orientation|Stack Inner Diameter|Exit Velocity|Exit Temperature|"
-                         "Installed Control Equipment");
+  EXPECT_EQ(Fields(run),
+            "Vent Type|Stack Outlet Elevation|Stack Orientation|Stack Inner Diameter|Exit Velocity|Exit Temperature|"
+            "Installed Control Equipment");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
 }
 
@@ -49,8 +56,10 @@ TEST(Vent, misses_these_fields_of_a_blank_month_in_this_order) {
   run.StartWith("VEN", "V1");
   run.GoTo("VEN", "V1", Mode::kActv);
   run.Click("cmdQC");
-  EXPECT_EQ(Fields(run), "Hours Operated, excl upsets|Volume Vented, incl upsets|Vent Gas H2S Concentration|Vent Gas VOC Concentration|"
-                         "Avg Molecular Weight of VOCs");
+  EXPECT_EQ(
+      Fields(run),
+      "Hours Operated, excl upsets|Volume Vented, incl upsets|Vent Gas H2S Concentration|Vent Gas VOC Concentration|"
+      "Avg Molecular Weight of VOCs");
   EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'ACTV'"), 0);
 }
 
@@ -170,7 +179,8 @@ TEST(Vent, leaves_a_required_list_flagged_when_it_passes) {
   EXPECT_EQ(run.At("txtVEN_StackT").back, Back::kFlag);
   run.Put({{"cmbVEN_VentType", "Low Pressure"}, {kTechnology, "None"}, {"txtVEN_StackT", "100"}});
   run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Vent Type") + run.Finding("Installed Control Equipment") + run.Finding("Exit Temperature"), "");
+  EXPECT_EQ(run.Finding("Vent Type") + run.Finding("Installed Control Equipment") + run.Finding("Exit Temperature"),
+            "");
   EXPECT_EQ(run.At("cmbVEN_VentType").back, Back::kFlag);
   EXPECT_EQ(run.At(kTechnology).back, Back::kFlag);
   EXPECT_EQ(run.At("txtVEN_StackT").back, Back::kWindow);
@@ -188,9 +198,13 @@ TEST(Vent, unlocks_the_hidden_comment_with_the_description) {
 TEST(Vent, keeps_its_description_and_reads_it_back) {
   TestRun run;
   run.StartWith("VEN", "V1");
-  run.Keep({{"cmbVEN_VentType", "High Pressure"}, {kTechnology, "Condenser"}, {"txtVEN_CondenserT", "1.5"},
+  run.Keep({{"cmbVEN_VentType", "High Pressure"},
+            {kTechnology, "Condenser"},
+            {"txtVEN_CondenserT", "1.5"},
             {"txtVEN_CondenserP", "2.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT VENT_TYP||' '||CTRL_TECH||' '||CONDENSER_TEMP||' '||CONDENSER_PRES FROM ED_VEN")), "H CND 1.5 2.5");
+  EXPECT_EQ(
+      NullToEmpty(run.Sql("SELECT VENT_TYP||' '||CTRL_TECH||' '||CONDENSER_TEMP||' '||CONDENSER_PRES FROM ED_VEN")),
+      "H CND 1.5 2.5");
   EXPECT_EQ(run.At("cmbVEN_VentType").index, 0);
   EXPECT_EQ(run.At(kTechnology).index, 0);
   EXPECT_EQ(run.Text("txtVEN_CondenserT") + " " + run.Text("txtVEN_CondenserP"), "1.5 2.5");
@@ -202,12 +216,16 @@ TEST(Vent, keeps_its_month_and_reads_it_back) {
   TestRun run;
   run.StartWith("VEN", "V1");
   run.GoTo("VEN", "V1", Mode::kActv);
-  run.Keep({{"txtVEN_HrsOperated", "1.5"}, {"txtVEN_VolVented", "2.5"}, {"txtVEN_ConcH2S", "3.5"}, {"txtVEN_ConcVOC", "4.5"},
+  run.Keep({{"txtVEN_HrsOperated", "1.5"},
+            {"txtVEN_VolVented", "2.5"},
+            {"txtVEN_ConcH2S", "3.5"},
+            {"txtVEN_ConcVOC", "4.5"},
             {"txtVEN_VOCMolWeight", "5.5"}});
-  EXPECT_EQ(NullToEmpty(run.Sql("SELECT OP_HR||' '||VOL_VENTED||' '||CONC_H2S||' '||CONC_VOC||' '||VOC_MOLE_WGT FROM EA_VEN")),
+  EXPECT_EQ(NullToEmpty(
+                run.Sql("SELECT OP_HR||' '||VOL_VENTED||' '||CONC_H2S||' '||CONC_VOC||' '||VOC_MOLE_WGT FROM EA_VEN")),
             "1.5 2.5 3.5 4.5 5.5");
-  EXPECT_EQ(run.Text("txtVEN_HrsOperated") + " " + run.Text("txtVEN_VolVented") + " " + run.Text("txtVEN_ConcH2S") + " " +
-                run.Text("txtVEN_ConcVOC") + " " + run.Text("txtVEN_VOCMolWeight"),
+  EXPECT_EQ(run.Text("txtVEN_HrsOperated") + " " + run.Text("txtVEN_VolVented") + " " + run.Text("txtVEN_ConcH2S") +
+                " " + run.Text("txtVEN_ConcVOC") + " " + run.Text("txtVEN_VOCMolWeight"),
             "1.5 2.5 3.5 4.5 5.5");
 }
 

@@ -19,9 +19,9 @@ struct OtherControl {
   std::string description_label;  // name of the description's caption, when it has one
   std::vector<std::string> efficiencies = {"SOx", "NOx", "CO", "VOC", "PM10"};
   std::string efficiency_tag = " Control Efficiency";  // behind the pollutant's name
-  In mode = In::kBoth;  // in which the device's list turns the other fields on and off
-  int first_order = 1;  // of its rules in the group
-  bool marks_passes = false;  // an efficiency that passes is marked too
+  In mode = In::kBoth;                                 // in which the device's list turns the other fields on and off
+  int first_order = 1;                                 // of its rules in the group
+  bool marks_passes = false;                           // an efficiency that passes is marked too
 };
 // Fields, enabling, and the rule group Check<letters>OtherControl, which comes last in a run.
 void AddOtherControl(SheetSpec& sheet, const OtherControl& block);

@@ -16,8 +16,8 @@ using LookupCriteria = std::vector<std::pair<std::string, std::string>>;
 
 // Fills a list from one column of a look-up table, over a short-lived connection of its own. Rows come in
 // the table's order, and a value equal to the list's last item is skipped. The list's text stands.
-void FillLookupList(Session& s, Form& form, const std::string& list, const std::string& table, const std::string& column,
-                    const LookupCriteria& criteria);
+void FillLookupList(Session& s, Form& form, const std::string& list, const std::string& table,
+                    const std::string& column, const LookupCriteria& criteria);
 
 // Adds the row to the look-up table and says so, unless it is there.
 void AddToLookup(Session& s, const std::string& table, const LookupCriteria& row);

@@ -14,7 +14,8 @@ void AddOtherControl(SheetSpec& sheet, const OtherControl& block) {
       YesNo(In::kDesc, device, "Other Control Device (Y/N):", block.device_tag, "OTH_CTRL_DEVICE"), described};
   std::vector<std::string> dependents = {description};
   int order = block.first_order;
-  std::vector<Rule> rules = {{order, In::kDesc, description, Required(block.marks_passes ? Marks::kEither : Marks::kFailure), Reads(device, {"Yes"})}};
+  std::vector<Rule> rules = {{order, In::kDesc, description,
+                              Required(block.marks_passes ? Marks::kEither : Marks::kFailure), Reads(device, {"Yes"})}};
   for (const std::string& gas : block.efficiencies) {
     fields.push_back(Number(In::kDesc, efficiency + gas, gas + " Efficiency (%):", gas + block.efficiency_tag,
                             "OTH_CTRL_EFFIC_" + Upper(gas)));

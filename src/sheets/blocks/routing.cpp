@@ -22,7 +22,8 @@ struct DestinationKind {
 constexpr DestinationKind kKinds[] = {{kVentedRemotely, "VEN", "Vent: "}, {kFlaredRemotely, "FLA", "Flare: "}};
 
 std::vector<Item> Destinations(const Routing& b) {
-  std::vector<Item> items = {{kVentedLocally, "VL"}, {kFlaredLocally, "FL"}, {kVentedRemotely, "VR"}, {kFlaredRemotely, "FR"}};
+  std::vector<Item> items = {
+      {kVentedLocally, "VL"}, {kFlaredLocally, "FL"}, {kVentedRemotely, "VR"}, {kFlaredRemotely, "FR"}};
   if (b.to_system) items.push_back({kToSystem, "RS"});
   return items;
 }
@@ -40,19 +41,23 @@ struct Names {
         outlet("txt" + b.letters + "_ExhaustOutlet"),
         temperature(b.temperature_control.empty() ? outlet + "ExitT" : b.temperature_control),
         flare("txt" + b.letters + "_Flare") {}
-  std::vector<std::string> Outlets() const { return {outlet + "Hgt", outlet + "InnerDiam", outlet + "ExitVel", outlet + "Angle"}; }
+  std::vector<std::string> Outlets() const {
+    return {outlet + "Hgt", outlet + "InnerDiam", outlet + "ExitVel", outlet + "Angle"};
+  }
   std::vector<std::string> Flares() const { return {flare + "FeedRate", flare + "CombustionT", flare + "Efficiency"}; }
   std::string destination, sent_to, outlet, temperature, flare;
 };
 
 void AddFields(SheetSpec& sheet, const Routing& b, const Names& name) {
-  FieldSpec sent_to = Coded(In::kDesc, name.sent_to, "Remote Vent/Flare ID:", "Low Pressure Vent/Flare ID", "SENT_TO_ID", {});
+  FieldSpec sent_to =
+      Coded(In::kDesc, name.sent_to, "Remote Vent/Flare ID:", "Low Pressure Vent/Flare ID", "SENT_TO_ID", {});
   sent_to.stored = Stored::kDestination;
   sent_to.destination = name.destination;
   sent_to.note_label = b.note_label;
   sent_to.note = b.note;
   sheet.Add(b.page, "Emissions destination",
-            {Coded(In::kDesc, name.destination, b.destination_caption, b.destination_tag, "EMIS_DEST", Destinations(b)), sent_to});
+            {Coded(In::kDesc, name.destination, b.destination_caption, b.destination_tag, "EMIS_DEST", Destinations(b)),
+             sent_to});
   const std::vector<std::string> tags = OutletTags(b);
   sheet.Add(b.page, "Outlet",
             {Number(In::kDesc, name.outlet + "Hgt", "Outlet Height (ft above msl):", tags[0], "EXH_OUT_HGT"),
@@ -63,7 +68,8 @@ void AddFields(SheetSpec& sheet, const Routing& b, const Names& name) {
   if (!b.has_flare) return;
   sheet.Add(b.page, "Local flare",
             {Number(In::kDesc, name.flare + "FeedRate", "Flare Feed Rate (scf/hr):", b.flare_tags[0], "FLA_FEED_RATE"),
-             Number(In::kDesc, name.flare + "CombustionT", "Combustion Temperature (°F):", b.flare_tags[1], "FLA_COMBUST_TEMP"),
+             Number(In::kDesc, name.flare + "CombustionT", "Combustion Temperature (°F):", b.flare_tags[1],
+                    "FLA_COMBUST_TEMP"),
              Number(In::kDesc, name.flare + "Efficiency", "Combustion Efficiency (%):", b.flare_tags[2], "FLA_EFFIC")});
 }
 
@@ -77,21 +83,34 @@ void AddByEnabled(SheetSpec& sheet, const Routing& b, const Names& name) {
       {.mode = b.mode, .lists = lists, .when = FlaredLocally(name.destination), .fields = name.Flares()},
   });
   if (b.drops_remote)
-    sheet.Add({{.mode = b.mode, .lists = lists, .when = ReadsNone(name.destination, {kVentedRemotely, kFlaredRemotely}),
-                .fields = {name.destination}, .only_on = true}});
+    sheet.Add({{.mode = b.mode,
+                .lists = lists,
+                .when = ReadsNone(name.destination, {kVentedRemotely, kFlaredRemotely}),
+                .fields = {name.destination},
+                .only_on = true}});
   if (b.unlocks_remote)
-    sheet.Add({{.mode = b.mode, .lists = lists, .when = Remote(name.destination), .fields = {name.sent_to},
-                .does = Enabling::Does::kEnableAndLock, .only_on = true}});
+    sheet.Add({{.mode = b.mode,
+                .lists = lists,
+                .when = Remote(name.destination),
+                .fields = {name.sent_to},
+                .does = Enabling::Does::kEnableAndLock,
+                .only_on = true}});
 }
 
 void AddByLocked(SheetSpec& sheet, const Names& name) {
   std::vector<std::string> outlets = name.Outlets();
   outlets.push_back(name.temperature);
   sheet.Add({
-      {.mode = In::kDesc, .lists = {name.destination}, .when = Remote(name.destination), .fields = {name.sent_to},
-       .does = Enabling::Does::kEnableAndLock, .empties = Enabling::Empties::kAlways},
-      {.mode = In::kDesc, .lists = {name.destination},
-       .when = ReadsNone(name.destination, {kVentedRemotely, kFlaredRemotely, kToSystem}), .fields = outlets,
+      {.mode = In::kDesc,
+       .lists = {name.destination},
+       .when = Remote(name.destination),
+       .fields = {name.sent_to},
+       .does = Enabling::Does::kEnableAndLock,
+       .empties = Enabling::Empties::kAlways},
+      {.mode = In::kDesc,
+       .lists = {name.destination},
+       .when = ReadsNone(name.destination, {kVentedRemotely, kFlaredRemotely, kToSystem}),
+       .fields = outlets,
        .does = Enabling::Does::kLock},
   });
 }
@@ -120,15 +139,25 @@ void AddRouting(SheetSpec& sheet, const Routing& b) {
 }
 
 void ApplyTogether(SheetSpec& sheet, const std::vector<std::string>& lists) {
-  const auto is_served = [&](const std::string& list) { return std::find(lists.begin(), lists.end(), list) != lists.end(); };
+  const auto is_served = [&](const std::string& list) {
+    return std::find(lists.begin(), lists.end(), list) != lists.end();
+  };
   for (Enabling& row : sheet.enablings)
     if (std::all_of(row.lists.begin(), row.lists.end(), is_served)) row.lists = lists;
 }
 
-Condition Remote(const std::string& destination) { return Reads(destination, {kVentedRemotely, kFlaredRemotely}); }
-Condition Local(const std::string& destination) { return Reads(destination, {kVentedLocally, kFlaredLocally}); }
-Condition VentedLocally(const std::string& destination) { return Reads(destination, {kVentedLocally}); }
-Condition FlaredLocally(const std::string& destination) { return Reads(destination, {kFlaredLocally}); }
+Condition Remote(const std::string& destination) {
+  return Reads(destination, {kVentedRemotely, kFlaredRemotely});
+}
+Condition Local(const std::string& destination) {
+  return Reads(destination, {kVentedLocally, kFlaredLocally});
+}
+Condition VentedLocally(const std::string& destination) {
+  return Reads(destination, {kVentedLocally});
+}
+Condition FlaredLocally(const std::string& destination) {
+  return Reads(destination, {kFlaredLocally});
+}
 
 CheckSpec RequiredRemoteID(const std::string& destination, Fallback fallback) {
   CheckSpec check = Own("CheckRequired", "", {destination}, [fallback](Judging& j) {
