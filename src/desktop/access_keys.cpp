@@ -13,21 +13,33 @@ qsizetype PlaceFor(const QString& caption, const QString& taken) {
   return -1;
 }
 
+// Where the mark of the key stands, -1 without one.
+qsizetype MarkOf(const QString& caption) {
+  for (qsizetype at = 0; at + 1 < caption.size(); ++at) {
+    if (caption[at] != '&') continue;
+    if (caption[at + 1] != '&') return at;
+    ++at;  // two of them are a plain one
+  }
+  return -1;
+}
+
 }  // namespace
 
 QChar AccessKey(const QString& caption) {
-  for (qsizetype at = 0; at + 1 < caption.size(); ++at) {
-    if (caption[at] != '&') continue;
-    if (caption[at + 1] != '&') return caption[at + 1].toUpper();
-    ++at;  // two of them are a plain one
-  }
-  return {};
+  const qsizetype mark = MarkOf(caption);
+  return mark < 0 ? QChar() : caption[mark + 1].toUpper();
 }
 
 QStringList WithAccessKeys(QStringList captions) {
   QString taken;
-  for (const QString& caption : captions)
-    if (const QChar key = AccessKey(caption); !key.isNull()) taken += key;
+  for (QString& caption : captions) {
+    const QChar key = AccessKey(caption);
+    if (key.isNull()) continue;
+    if (!taken.contains(key))
+      taken += key;
+    else
+      caption.remove(MarkOf(caption), 1);  // it takes another below
+  }
   for (QString& caption : captions) {
     if (caption == "-" || !AccessKey(caption).isNull()) continue;
     const qsizetype place = PlaceFor(caption, taken);

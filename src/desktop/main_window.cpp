@@ -419,14 +419,17 @@ void MainWindow::ShowEditMenu(const QPoint& at) {
 
 void MainWindow::ShowHelpHere() {
   // the widget with the focus, or one around it, has the name of the control
-  std::string control;
+  std::string control, dock;
   for (const QWidget* widget = focusWidget(); widget != nullptr && control.empty(); widget = widget->parentWidget()) {
     const std::string name = widget->objectName().toStdString();
     for (const Form* form : s_.desk.showing)
-      if (!name.empty() && form->Find(name) != nullptr) control = name;
+      if (!name.empty() && form->Find(name) != nullptr) {
+        control = name;
+        if (!form->dock.empty()) dock = form->name();
+      }
   }
-  if (WhyNot(s_.desk, *s_.main, s_.main->At(kHelpCommand), true).empty())
-    acts_.Run([&] { ShowCurrentHelp(s_, control); });
+  if (!WhyNot(s_.desk, *s_.main, s_.main->At(kHelpCommand), true).empty()) return;
+  acts_.Run([&] { dock.empty() ? ShowCurrentHelp(s_, control) : ShowDialogHelp(s_, dock, control); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

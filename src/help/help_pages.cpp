@@ -1,5 +1,6 @@
 #include "help/help_pages.h"
 
+#include "help/screen_pages.h"
 #include "records/operator_record.h"
 #include "records/structure_fields.h"
 #include "records/structure_record.h"
@@ -78,6 +79,7 @@ const std::vector<HelpPage>& HelpPages() {
   static const std::vector<HelpPage> pages = [] {
     std::vector<HelpPage> made = {OperatorPage(), SurveyPage(), StructurePage()};
     for (const SheetSpec* sheet : AllSheets()) made.push_back(EquipmentPage(*sheet));
+    for (HelpPage& page : ScreenPages()) made.push_back(std::move(page));
     return made;
   }();
   return pages;

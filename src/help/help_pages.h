@@ -13,6 +13,7 @@ namespace merlu {
 // A control of a screen that holds no column: a list of findings, a button, the status.
 struct HelpControl {
   std::string name, caption;
+  std::vector<std::string> columns = {}, choices = {};  // of a list
 };
 
 struct HelpPage {
@@ -27,7 +28,7 @@ struct HelpPage {
   bool by_mode = true;  // its fields belong to the description or to a month
 };
 
-// The operator, the survey, the structure, and the sixteen types.
+// The operator, the survey, the structure, the sixteen types, and the dialogs and docks that have a page of their own.
 const std::vector<HelpPage>& HelpPages();
 
 // The page as it is read. What has no prose is left without it; a test sees that all has.

@@ -138,9 +138,15 @@ class Composer {
   }
 
   void Choices(const FieldSpec& field) {
-    std::string choices;
-    for (const Item& item : field.items) choices += (choices.empty() ? "" : "; ") + item.text;
-    Add({{.text = "Choices: ", .bold = true}, {.text = choices + "."}});
+    std::vector<std::string> choices;
+    for (const Item& item : field.items) choices.push_back(item.text);
+    List("Choices: ", choices);
+  }
+
+  void List(const std::string& heading, const std::vector<std::string>& texts) {
+    std::string line;
+    for (const std::string& text : texts) line += (line.empty() ? "" : "; ") + text;
+    if (!line.empty()) Add({{.text = heading, .bold = true}, {.text = line + "."}});
   }
 
   std::string When(const Rule& rule) const {
@@ -155,11 +161,13 @@ class Composer {
 
   void Controls() {
     if (page_.controls.empty()) return;
-    Heading(2, "On this screen too");
+    Heading(2, page_.fields.empty() ? "On this screen" : "On this screen too");
     for (const HelpControl& control : page_.controls) {
       Heading(4, BareCaption(control.caption));
       document_.blocks.back().paragraph.bookmarks = {control.name};
       Entry(FindEntry(own_, shared_, control.name, ""));
+      List("Columns: ", control.columns);
+      List("Choices: ", control.choices);
       for (const Rule& rule : page_.rules)
         if (rule.field == control.name) Bullet("Rule: " + DemandText(rule.check) + When(rule) + ".");
     }

@@ -8,7 +8,7 @@ namespace merlu {
 namespace {
 
 constexpr std::string_view kNameStarts[] = {"*_",  "check ", "unit ", "txt", "cmb", "cbo",
-                                            "chk", "Opt",    "zOpt",  "lvw", "cmd"};
+                                            "chk", "Opt",    "zOpt",  "lvw", "grd", "cmd"};
 
 // The name in front of the colon when the line begins an entry; empty otherwise.
 std::string EntryName(std::string_view line) {

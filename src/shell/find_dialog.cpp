@@ -116,8 +116,10 @@ void Do(Session& s, const Thing& thing) {
       GoToNode(s, thing.node);
       return;
     case ThingKind::kField: return GoToFieldOf(s, thing);
-    case ThingKind::kCommand:
-    case ThingKind::kHelp: act::Click(s.desk, *s.main, thing.control); return;
+    case ThingKind::kHelp:
+      if (thing.control.empty()) return ShowHelp(s, thing.sheet);
+      [[fallthrough]];
+    case ThingKind::kCommand: act::Click(s.desk, *s.main, thing.control); return;
     case ThingKind::kRule: return ShowHelp(s, HelpFile(level::kEquipment, thing.sheet), thing.control);
   }
 }

@@ -35,6 +35,17 @@ constexpr DialogHelp kDialogHelp[] = {
     {"frmExportInventory", "", kUserPage, "Handing_in"},
     {"frmExportStructure", "", kUserPage, "Moving_structures"},
     {"frmImportStructure", "", kUserPage, "Moving_structures"},
+    {"frmFindings", "", "Findings help.rtf", ""},
+    {"frmCompleteness", "", "Completeness help.rtf", ""},
+    {"frmHandIn", "", "Hand-in help.rtf", ""},
+    {"frmGrid", "", "Month grid help.rtf", ""},
+    {"frmPaste", "", "Month grid help.rtf", "Pasting"},
+    {"frmStrip", "", "Twelve months help.rtf", ""},
+    {"frmImportPlan", "", "Import preview help.rtf", ""},
+    {"frmHistory", "", "History help.rtf", ""},
+    {"frmDraft", "", "Interrupted edit help.rtf", ""},
+    {"frmBackups", "", "Backups help.rtf", ""},
+    {"frmFind", "", "Go To help.rtf", ""},
 };
 
 // No more of it than is read as help.
@@ -108,8 +119,15 @@ void ShowDialogHelp(Session& s, const std::string& dialog, const std::string& co
     if (row.dialog == dialog && (row.control.empty() || row.control == control)) found = &row;
   if (found == nullptr) return;
   // the operator's fields have the same names there as on their own screen
-  const bool same = found->control.empty() && control.starts_with("txtUSER_");
+  const bool same = found->control.empty() && (found->bookmark.empty() || control.starts_with("txtUSER_"));
   ShowHelp(s, std::string(found->file), same ? control : std::string(found->bookmark));
+}
+
+std::vector<std::string> ScreenHelpFiles() {
+  std::vector<std::string> files;
+  for (const DialogHelp& row : kDialogHelp)
+    if (row.bookmark.empty() && row.file != kStructurePage && row.file != kUserPage) files.emplace_back(row.file);
+  return files;
 }
 
 void OpenHelpDocument(Session& s, const std::string& file) {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "session/session.h"
 
@@ -19,7 +20,11 @@ void ShowHelp(Session& s, const std::string& file, const std::string& bookmark =
 // Help for the screen of the current location, at the control of that name.
 void ShowCurrentHelp(Session& s, const std::string& control);
 
-// Help for an open dialog, at the control of that name: what the screens say about its fields.
+// The files of the dialogs and docks that have a page of their own.
+std::vector<std::string> ScreenHelpFiles();
+
+// Help for an open dialog, or a dock, at the control of that name: its own page, or what the screens say about its
+// fields.
 void ShowDialogHelp(Session& s, const std::string& dialog, const std::string& control);
 
 // Hands a document that lies beside the program to the system to open.

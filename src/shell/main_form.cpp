@@ -91,7 +91,7 @@ constexpr MenuCommand kMenus[] = {
     {"mnuRCompleteness", "&Completeness", "mnuReview", ToggleCompleteness, nullptr, true},
     {"mnuRStrip", "&Twelve Months", "mnuReview", ToggleStrip, nullptr, true},
     {"mnuRHandIn", "Ready to &Hand In...", "mnuReview", OpenHandIn},
-    {"mnuRHistory", "Change Hi&story...", "mnuReview", OpenHistory},
+    {"mnuRHistory", "Change &History...", "mnuReview", OpenHistory},
     {"mnuRFind", "&Go To...", "mnuReview", OpenGoTo},
     {"mnuEntry", "E&ntry", "", nullptr},
     {"mnuNGrid", "Month &Grid...", "mnuEntry", OpenMonthGrid},

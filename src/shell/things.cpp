@@ -9,6 +9,7 @@
 #include "session/types.h"
 #include "sheets/units.h"
 #include "sheets/wording.h"
+#include "shell/help.h"
 
 namespace merlu {
 namespace {
@@ -77,6 +78,12 @@ void AddCommands(const Session& s, std::vector<Thing>& things) {
   }
 }
 
+// The pages that the menu does not name.
+void AddHelpPages(std::vector<Thing>& things) {
+  for (const std::string& file : ScreenHelpFiles())
+    Add(things, {ThingKind::kHelp, file.substr(0, file.rfind(" help")), "Help", -1, "", file});
+}
+
 void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
   for (const FieldSpec& field : sheet.fields) {
     if (field.page == kOffPage || field.kind == Kind::kLabel) continue;
@@ -114,6 +121,7 @@ std::vector<Thing> CollectThings(Session& s) {
   things.reserve(s.tree.nodes.size() + 2000);
   AddNodes(s, things);
   AddCommands(s, things);
+  AddHelpPages(things);
   for (const SheetSpec* sheet : AllSheets()) AddFields(*sheet, things);
   for (const SheetSpec* sheet : AllSheets()) AddRules(*sheet, things);
   return things;

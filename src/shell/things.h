@@ -18,7 +18,7 @@ struct Thing {
   // What leads there
   int node = -1;        // in the tree
   std::string control;  // a menu command, or a field
-  std::string sheet;    // type of the sheet that a field or a rule is of
+  std::string sheet;    // type of the sheet that a field or a rule is of; file of a page of help without a command
   Mode mode = Mode::kNone;
   FuzzyText name, place;
 };

@@ -14,6 +14,11 @@ TEST(AccessKeys, are_the_first_letter_of_a_word_that_is_free_and_else_any_letter
   EXPECT_EQ(WithAccessKeys({"Open", "Only One More"}), (QStringList{"&Open", "Only One &More"}));
 }
 
+TEST(AccessKeys, that_two_captions_share_stay_with_the_first) {
+  EXPECT_EQ(WithAccessKeys({"Ready to &Hand In...", "Change &History...", "&Completeness"}),
+            (QStringList{"Ready to &Hand In...", "Ch&ange History...", "&Completeness"}));
+}
+
 TEST(AccessKeys, leave_lines_and_captions_without_a_free_letter_alone) {
   EXPECT_EQ(WithAccessKeys({"-", "aa", "AA", "12"}), (QStringList{"-", "&aa", "AA", "12"}));
 }

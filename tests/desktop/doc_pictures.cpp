@@ -1,5 +1,6 @@
 #include "doc_pictures.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QImage>
 #include <QTreeWidget>
@@ -29,6 +30,38 @@ QImage WithPalette(const QImage& picture) {
   QList<QRgb> palette;
   for (std::size_t i = 0; i < std::min(kColours, order.size()); ++i) palette << order[i].second;
   return image.convertToFormat(QImage::Format_Indexed8, palette, Qt::ThresholdDither | Qt::AvoidDither);
+}
+
+// Five platforms with two flares each: typed and explained in the first months, half done in the last ones.
+std::string Platforms() {
+  const std::string first = ReadExample("first-month.merlu");
+  std::string lines = first.substr(0, first.find("# --- a structure"));
+  const char* blocks[] = {"43", "52", "61", "70", "118"};
+  constexpr int kMonths = 5;
+  for (int i = 0; i < 5; ++i) {
+    lines += "select K12345\nclick cmdUSER_AddStructure\nset txtComplxID " + std::to_string(1001 + i) +
+             "\nset txtStructID 1\nset txtArea GI\nset txtBlock " + blocks[i] + "\nset txtName A\nclick cmdOK\n";
+    for (const char* flare : {"F1", "F2"})
+      lines += "select \"K12345   " + std::to_string(1001 + i) + " 1\"\nclick cmdSTRUCTURE_AddEquip\nset txtEquipID " +
+               std::string(flare) + "\nset cmbEquipType \"Combustion Flare\"\nclick cmdOK\nclick cmdEdit\n" +
+               "set txtFLA_ConcH2S 40\nset txtFLA_FlareEfficiency 98\nset cmbFLA_FlareSmoke None\n"
+               "set cmbFLA_HasContFlarePilot Yes\nset txtFLA_PilotFuelFeedRate 1.5\nset txtFLA_StackOutletElev 160\n"
+               "set txtFLA_StackInnerDiam 24\nset txtFLA_StackExitVel 66\nset txtFLA_StackExitT 1832\n"
+               "set txtFLA_StackAngle 0\nclick cmdSaveExit\n";
+  }
+  lines += "click mnuSetEditMode\nselect K12345\n";
+  for (int month = 2; month <= kMonths; ++month) lines += "click cmdUSER_AddSurvey\nselect K12345\n";
+  for (int month = 1; month <= kMonths; ++month)
+    for (int i = 0; i < 5; ++i)
+      for (const int flare : {1, 2}) {
+        if (month == kMonths || (month == kMonths - 1 && i > 2)) continue;  // not typed yet
+        const int hours = month == 3 && i == 1 ? 745 : 700 + 7 * i + month;
+        lines += "select \"K12345 " + std::to_string(month) + "2017   " + std::to_string(1001 + i) + " 1FLA      F" +
+                 std::to_string(flare) + "\"\nclick cmdEdit\nset txtFLA_HrsOperated " + std::to_string(hours) +
+                 "\nset txtFLA_VolFlared " + (month == 4 && i == 2 ? "" : std::to_string(900 + 110 * i + 13 * month)) +
+                 "\nset cmbFLA_PilotIncludedInVolume Yes\nclick cmdSaveExit\n";
+      }
+  return lines;
 }
 
 class DocPictures {
@@ -111,7 +144,45 @@ class DocPictures {
     Import(driver, folder);
   }
 
+  void Review() {
+    TemporaryFolder folder;
+    CopyTemplate(folder);
+    Prepare(folder, Platforms());
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    MainWindow& window = *driver.app->window();
+    window.resize(kWindow);
+    driver.Select("K12345 42017   1001 1FLA      F1");
+    Grid(driver);
+    driver.Command("mnuRFindings");
+    driver.Choose("cmbFND_When", "2017/03");
+    driver.Command("mnuRNext");
+    Save(window, "pictures/findings-dock");
+    driver.Command("mnuRFindings");
+    driver.Command("mnuRCompleteness");
+    Save(window, "pictures/completeness");
+    driver.Command("mnuRCompleteness");
+    SaveDialog(
+        driver, "pictures/ready", [&] { driver.Command("mnuRHandIn"); },
+        [&] { driver.Choose("cmbHND_Month", "2017/03"); });
+    SaveDialog(
+        driver, "pictures/history", [&] { driver.Command("mnuRHistory"); }, [] {});
+  }
+
  private:
+  void Grid(Driver& driver) {
+    SaveDialog(
+        driver, "pictures/grid", [&] { driver.Command("mnuNGrid"); },
+        [&] {
+          auto* grid = driver.Find<QAbstractItemView>("grdGRD");
+          grid->setFocus();
+          driver.Click("cmdGRD_Copy");
+          for (const char key : std::string("745")) QTest::keyClick(grid, key);
+          QTest::keyClick(grid, Qt::Key_Return);
+          driver.OnNextBox(QMessageBox::No);
+        });
+  }
+
   void Month(Driver& driver) {
     MainWindow& window = *driver.app->window();
     driver.Select("K12345 22017   1001 1FLA      F1");
@@ -185,6 +256,7 @@ void MakeDocPictures(const QString& folder) {
   pictures.FirstRun();
   pictures.FirstMonth();
   pictures.Year();
+  pictures.Review();
 }
 
 }  // namespace merlu::test
