@@ -94,7 +94,7 @@ std::vector<HelpPage> ScreenPages() {
       Screen("Go To",
              {
                  {"txtGOT_Text", "Go to:"},
-                 {"lvwGOT_List", "", {"Kind", "What", "Where"}},
+                 {"lvwGOT_List", "Found:", {"Kind", "What", "Where"}},
              }),
   };
 }

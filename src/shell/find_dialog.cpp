@@ -128,7 +128,7 @@ Form& MakeForm(Session& s) {
   return DialogForm(s, "frmFind", "Go To", [&s](Form& form) {
     const auto found = std::make_shared<Found>();
     AddText(form, kText, "Go to:");
-    AddListView(form, kList, "", {"Kind", "What", "Where"}, found).many = false;
+    AddListView(form, kList, "Found:", {"Kind", "What", "Where"}, found).many = false;
     AddDialogButtons(form, "cmdOK", "cmdCANCEL");
     form.On(kText, Event::kClick, [&form, found] { Fill(form, *found); });
     const auto choose = [&s, &form, found] {

@@ -58,7 +58,7 @@ std::string Platforms() {
         const int hours = month == 3 && i == 1 ? 745 : 700 + 7 * i + month;
         lines += "select \"K12345 " + std::to_string(month) + "2017   " + std::to_string(1001 + i) + " 1FLA      F" +
                  std::to_string(flare) + "\"\nclick cmdEdit\nset txtFLA_HrsOperated " + std::to_string(hours) +
-                 "\nset txtFLA_VolFlared " + (month == 4 && i == 2 ? "" : std::to_string(900 + 110 * i + 13 * month)) +
+                 "\nset txtFLA_VolFlared " + (month == 4 && i == 2 ? "\"\"" : std::to_string(900 + 110 * i + 13 * month)) +
                  "\nset cmbFLA_PilotIncludedInVolume Yes\nclick cmdSaveExit\n";
       }
   return lines;
