@@ -52,15 +52,23 @@ std::string Platforms() {
   lines += "click mnuSetEditMode\nselect K12345\n";
   for (int month = 2; month <= kMonths; ++month) lines += "click cmdUSER_AddSurvey\nselect K12345\n";
   for (int month = 1; month <= kMonths; ++month)
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
+      if (month == kMonths) continue;  // not typed yet
+      lines += "select \"K12345 " + std::to_string(month) + "2017   " + std::to_string(1001 + i) +
+               " 1\"\nclick cmdEdit\nset txtSTRUCTURE_ProdOil 5200\nset txtSTRUCTURE_ProdNG 41\n"
+               "set txtSTRUCTURE_ThruOil 5200\nset txtSTRUCTURE_ThruNG 41\nset txtSTRUCTURE_TotalFuelUsageNG 3100\n"
+               "set txtSTRUCTURE_TotalFuelUsageGasoline 0\nset txtSTRUCTURE_TotalFuelUsageDiesel 1200\n"
+               "click cmdSaveExit\n";
       for (const int flare : {1, 2}) {
-        if (month == kMonths || (month == kMonths - 1 && i > 2)) continue;  // not typed yet
+        if (month == kMonths - 1 && i > 2) continue;
         const int hours = month == 3 && i == 1 ? 745 : 700 + 7 * i + month;
         lines += "select \"K12345 " + std::to_string(month) + "2017   " + std::to_string(1001 + i) + " 1FLA      F" +
                  std::to_string(flare) + "\"\nclick cmdEdit\nset txtFLA_HrsOperated " + std::to_string(hours) +
-                 "\nset txtFLA_VolFlared " + (month == 4 && i == 2 ? "\"\"" : std::to_string(900 + 110 * i + 13 * month)) +
+                 "\nset txtFLA_VolFlared " +
+                 (month == 4 && i == 2 ? "\"\"" : std::to_string(900 + 110 * i + 13 * month)) +
                  "\nset cmbFLA_PilotIncludedInVolume Yes\nclick cmdSaveExit\n";
       }
+    }
   return lines;
 }
 
