@@ -39,6 +39,7 @@ int Run() {
   Register(QCMeasures(shop));
   Register(AnnualMeasures(shop));
   Register(ExchangeMeasures(shop));
+  Register(HistoryMeasures(shop));
   TableReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   std::printf("peak memory after building the full tree: %.1f MB\n", static_cast<double>(peak) / 1024);

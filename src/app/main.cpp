@@ -1,6 +1,7 @@
 // merlu: the desktop program, and its commands without a window.
 #include <QGuiApplication>
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -55,6 +56,12 @@ int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 
+bool WaitForStandardInput(int milliseconds) {
+  if (std::cin.rdbuf()->in_avail() > 0) return true;
+  pollfd input = {STDIN_FILENO, POLLIN, 0};
+  return poll(&input, 1, milliseconds) != 0;
+}
+
 int Play(std::istream& in, const PlayOptions& options) {
   const int status = Player(in, std::cout, options).Run();
   if (!std::cout) std::cerr << "merlu: the answers cannot be written\n";
@@ -82,7 +89,11 @@ int RunScript(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for reports, and never a display
   const QGuiApplication application(argc, argv);
-  if (file.empty()) return Play(std::cin, options);
+  if (file.empty()) {
+    std::ios::sync_with_stdio(false);  // what is read ahead is known then
+    options.wait = WaitForStandardInput;
+    return Play(std::cin, options);
+  }
   std::ifstream in(file);
   std::error_code error;
   if (!in || std::filesystem::is_directory(file, error)) {

@@ -6,7 +6,6 @@
 #include "command/quiet.h"
 #include "exchange/export_file.h"
 #include "history/companion.h"
-#include "history/layout.h"
 #include "history/notes.h"
 
 namespace merlu {
@@ -36,7 +35,6 @@ void KeepAsHandIn(const std::string& file, int year, int month, Console& console
   try {
     Database db;
     db.Open(file);
-    db.RecordChanges(RecordedCompanionTables());
     Companion companion;
     companion.Open(db, [] { return StepTitle(); });
     KeepHandIn(companion, year, month, StoredDate(Quiet().Now()));

@@ -6,7 +6,6 @@
 
 #include "base/fault.h"
 #include "command/inventory_file.h"
-#include "history/layout.h"
 #include "store/files.h"
 #include "store/image.h"
 
@@ -30,7 +29,6 @@ PrivateCopy::PrivateCopy(const std::string& inventory) {
     Put(inventory, own);
     if (FileExists(inventory + kCompanionExtension)) Put(inventory + kCompanionExtension, own + kCompanionExtension);
     db.Open((folder_ / own).string());
-    db.RecordChanges(RecordedCompanionTables());
     companion.Open(db, [] { return StepTitle(); });
   } catch (...) {
     db.Close();

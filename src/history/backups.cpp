@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <set>
+#include <tuple>
 
 #include "history/companion.h"
 #include "history/layout.h"
@@ -26,6 +27,16 @@ std::string TimeInName(const DateTime& t) {
   return text.data();
 }
 
+// The number of a second one of that second is no part of the reason.
+void TakeNumber(Backup& backup) {
+  const std::size_t blank = backup.why.find_last_of(' ');
+  if (blank == std::string::npos || blank + 1 == backup.why.size()) return;
+  const std::string number = backup.why.substr(blank + 1);
+  if (number.size() > 6 || number.find_first_not_of("0123456789") != std::string::npos) return;
+  backup.number = std::stoi(number);
+  backup.why.resize(blank);
+}
+
 // Of a file of ours; false for any other.
 bool ReadName(const std::string& name, Backup& backup) {
   if (name.size() < kTimeLength + 2 + 4 || !name.ends_with(kExtension) || name[kTimeLength] != ' ') return false;
@@ -34,6 +45,7 @@ bool ReadName(const std::string& name, Backup& backup) {
   if (!date || TimeInName(*date) != time) return false;
   backup.when = *date;
   backup.why = name.substr(kTimeLength + 1, name.size() - kTimeLength - 5);
+  TakeNumber(backup);
   return true;
 }
 
@@ -65,7 +77,7 @@ std::vector<Backup> Backups(const std::string& inventory) {
   std::vector<Backup> backups;
   std::error_code error;
   for (fs::directory_iterator at(BackupFolder(inventory), error), end; !error && at != end; at.increment(error)) {
-    Backup backup{at->path().string(), {}, "", 0};
+    Backup backup{.path = at->path().string()};
     std::error_code ignored;
     backup.written = at->last_write_time(ignored).time_since_epoch().count();
     if (at->is_regular_file(ignored) && ReadName(at->path().filename().string(), backup))
@@ -73,7 +85,7 @@ std::vector<Backup> Backups(const std::string& inventory) {
   }
   std::sort(backups.begin(), backups.end(), [](const Backup& a, const Backup& b) {
     const std::string first = TimeInName(a.when), second = TimeInName(b.when);
-    return first != second ? first > second : a.written > b.written;
+    return std::tie(first, a.written, a.number) > std::tie(second, b.written, b.number);
   });
   return backups;
 }

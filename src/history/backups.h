@@ -25,6 +25,7 @@ struct Backup {
   DateTime when;
   std::string why;
   std::int64_t written = 0;  // by the file's own time, which tells those of one second apart
+  int number = 1;            // behind the reason in the name
 };
 
 std::string BackupFolder(const std::string& inventory);

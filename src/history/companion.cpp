@@ -48,12 +48,15 @@ std::string Words(const Fault& fault) {
     case fault_number::kNoSuchTable:
     case fault_number::kNoSuchItem: return "is damaged";
     case fault_number::kDiskFullStore: return "has no room on the disk";
+    case fault_number::kPathNotFound: return "was moved or deleted";
     default: return "cannot be written";
   }
 }
 
+// A lock passes; one that was moved or deleted is made anew.
 bool MayPass(const Fault& fault) {
-  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable;
+  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable ||
+         fault.number == fault_number::kPathNotFound;
 }
 
 }  // namespace
@@ -64,6 +67,7 @@ void Companion::Open(Database& db, std::function<StepTitle()> untitled) {
   untitled_ = std::move(untitled);
   path_ = db.path() + kCompanionExtension;
   open_ = true;
+  if (!db.recorder().IsOn()) db.RecordChanges(RecordedCompanionTables());
   db.SetPartner(this);
   Attach(false);
 }
@@ -91,7 +95,7 @@ void Companion::Begin() {
 
 void Companion::Attach(bool make) {
   const bool exists = FileExists(path_);
-  if (!exists && !make) return;
+  if (!exists && (!make || !FileExists(db_->path()))) return;
   try {
     if (!exists) MakeBeside(db_->path(), path_);
     db_->Attach(path_, kSchema);

@@ -60,6 +60,7 @@ std::vector<Unchecked> UncheckedOf(Session& s, int month) {
 
 int CheckUnchecked(Session& s, int month) {
   const Act act(s, "Check What Was Not");
+  if (!act.MayWrite()) return 0;
   const Standing standing(s);
   WriteBatch batch(s.db);
   AllOrNothing whole(s.db);

@@ -25,6 +25,7 @@ std::int64_t WriteRow(Session& s, const FindingToExplain& at) {
 
 bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment) {
   const Act act(s, "Comment");
+  if (!act.MayWrite()) return false;
   return OnSheet(s, [&] {
     WriteBatch batch(s.db);
     AllOrNothing whole(s.db);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -18,6 +19,8 @@ struct PlayOptions {
   std::string settings_file;      // empty: the user's own
   std::optional<DateTime> clock;  // empty: the real one
   bool stop_on_error = false;
+  // Waits for input that many milliseconds at most; false when none came. Empty: input is there, or at its end.
+  std::function<bool(int milliseconds)> wait;
 };
 
 // The platform of a script: boxes and dialogs are answered from queues, nothing is painted. A dialog runs
@@ -101,6 +104,7 @@ class Player : public Platform {
   std::istream& in_;
   std::ostream& out_;
   bool stop_on_error_;
+  std::function<bool(int)> wait_;
   SettingsStore settings_;
   std::optional<DateTime> clock_;
   Session session_{*this};

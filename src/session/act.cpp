@@ -84,6 +84,14 @@ void OpenCompanion(Session& s) {
   if (const std::string news = s.companion.TakeNews(); !news.empty()) s.message = news;
 }
 
+namespace {
+
+std::string Today(Session& s) {
+  return StoredDate(s.platform.Now()).substr(0, 10);
+}
+
+}  // namespace
+
 void BackUp(Session& s, const std::string& why) {
   MakeBackup(s.db, OwnFilesOf(s), s.platform.Now(), why, s.platform.FreeBytes(FolderOf(s.path)));
 }
@@ -96,12 +104,14 @@ bool BackUpOrAsk(Session& s, const std::string& why) {
   } catch (const Fault& fault) {
     Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
   }
-  return AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) == Button::kYes;
+  if (AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) != Button::kYes) return false;
+  s.unbacked_day = Today(s);  // nor is one wanted before the first write of the day
+  return true;
 }
 
 bool BackUpOnceADay(Session& s) {
   if (!s.db.IsOpen()) return true;
-  const std::string today = StoredDate(s.platform.Now()).substr(0, 10);
+  const std::string today = Today(s);
   if (s.unbacked_day == today) return true;
   const std::vector<Backup> backups = Backups(s.path);
   if (!backups.empty() && StoredDate(backups.front().when).substr(0, 10) == today) return true;

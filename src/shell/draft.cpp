@@ -7,10 +7,14 @@
 #include <charconv>
 #include <chrono>
 
+#include "base/text.h"
 #include "forms/dialog.h"
 #include "history/notes.h"
+#include "records/judge_records.h"
+#include "records/structure_fields.h"
 #include "session/messages.h"
 #include "session/place.h"
+#include "sheets/units.h"
 #include "shell/dialog_form.h"
 #include "shell/edit_cycle.h"
 #include "shell/navigation.h"
@@ -20,6 +24,9 @@ namespace merlu {
 namespace {
 
 constexpr std::int64_t kPauseMilliseconds = 1000;
+constexpr const char* kInterrupted = "An edit was interrupted before it was saved:";
+constexpr const char* kInterruptedAndChanged =
+    "An edit was interrupted before it was saved, and another program has changed the record since:";
 
 std::int64_t Milliseconds() {
   using namespace std::chrono;
@@ -63,8 +70,58 @@ bool IsOnSheet(const Form& form, const Control& control, const std::string& fram
 
 std::string Caption(const Control& control) {
   std::string caption = control.caption.empty() ? control.tag : control.caption;
-  while (!caption.empty() && (caption.back() == ':' || caption.back() == ' ')) caption.pop_back();
+  while (!caption.empty() && std::string_view(":; ").find(caption.back()) != std::string_view::npos) caption.pop_back();
   return caption;
+}
+
+// ---- what is stored by now ----
+
+std::int64_t Key(Database& db, const char* sql, const Values& values) {
+  return ToInteger(db.Single(sql, values));
+}
+
+RecordKeys KeysOf(Database& db, const QCLocation& at) {
+  const std::int64_t month = at.Month, year = at.Year;
+  RecordKeys keys;
+  keys.PD_ID_AK = Key(db, "SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? AND STRUCT_NUM=? ORDER BY rowid",
+                      {Trim(at.CmplxID), Trim(at.StructID)});
+  keys.SA_ID_AK =
+      Key(db, "SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=? AND PA_YR=? AND PA_MO=? ORDER BY rowid",
+          {keys.PD_ID_AK, year, month});
+  if (!at.Is(level::kEquipment)) return keys;
+  keys.ED_ID_AK = Key(
+      db,
+      "SELECT ED_ID_AK FROM ED_EQUIP_DESC WHERE PD_ID_AK=? AND ED_EQUIP_TYP=? AND ED_MERLU_EQUIP_ID=? ORDER BY rowid",
+      {keys.PD_ID_AK, Trim(at.EquipType), Trim(at.EquipID)});
+  keys.EA_ID_AK = Key(db, "SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE ED_ID_AK=? AND EA_YR=? AND EA_MO=? ORDER BY rowid",
+                      {keys.ED_ID_AK, year, month});
+  return keys;
+}
+
+// Puts what the record holds now in the place of what the edit began with. True when another program has changed a
+// field of the draft. The operator's sheet has no rows to view: it is compared when it is loaded.
+bool ReadStored(Session& s, Draft& draft) {
+  QCLocation at;
+  Mode mode = s.mode;
+  if (!UnpackLocation(draft.at, at, mode)) return false;
+  const bool equipment = at.Is(level::kEquipment);
+  if (!equipment && !at.Is(level::kStructure)) return false;
+  const SheetSpec* sheet = equipment ? FindSheet(at.EquipType) : nullptr;
+  if (equipment && sheet == nullptr) return false;
+  bool changed = false;
+  const std::vector<FieldSpec>& specs = equipment ? sheet->fields : StructureFields();
+  JudgeRecord(s.db, sheet, mode, KeysOf(s.db, at), [&](const JudgedRecord& record) {
+    for (DraftField& field : draft.fields) {
+      const auto spec = std::find_if(specs.begin(), specs.end(),
+                                     [&](const FieldSpec& each) { return each.control == field.control; });
+      const int place = record.view->fields().Find(field.control);
+      const bool is_text = spec != specs.end() && spec->kind != Kind::kCheck && spec->kind != Kind::kOption;
+      if (!is_text || !spec->loads || place < 0 || record.view->Text(place) == field.stored) continue;
+      field.stored = record.view->Text(place);
+      changed = true;
+    }
+  });
+  return changed;
 }
 
 // The fields that differ from what was loaded.
@@ -99,8 +156,11 @@ void Continue(Session& s, const Draft& draft) {
 
 enum class Answer { kLater, kContinue, kDiscard };
 
-Answer Ask(Session& s, const Draft& draft) {
+Answer Ask(Session& s, Draft draft) {
   Form& form = DraftDialog(s);
+  bool changed = false;
+  Plainly(s, [&] { changed = ReadStored(s, draft); });
+  form.At("lblDRF_Note").caption = form.At("lblDRF_Note").text = changed ? kInterruptedAndChanged : kInterrupted;
   form.At("lblDRF_Place").caption = form.At("lblDRF_Place").text = draft.place;
   std::vector<RowsModel::Row> rows;
   for (const DraftField& field : draft.fields) rows.push_back({field.caption, field.stored, field.entered});
@@ -123,7 +183,7 @@ Answer Ask(Session& s, const Draft& draft) {
 
 Form& DraftDialog(Session& s) {
   return DialogForm(s, "frmDraft", "Interrupted Edit", [](Form& form) {
-    AddLabel(form, "lblDRF_Note", "An edit was interrupted before it was saved:");
+    AddLabel(form, "lblDRF_Note", kInterrupted);
     AddLabel(form, "lblDRF_Place", "");
     AddListView(form, "lvwDRF_Fields", "What was typed", {"Field", "Stored", "Entered"}, std::make_shared<RowsModel>());
     AddButton(form, "cmdDRF_Continue", "Continue");

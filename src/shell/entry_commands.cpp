@@ -86,12 +86,12 @@ void CopyPreviousMonth(Session& s) {
 
 void ConfirmCopiedValues(Session& s) {
   const std::vector<Control*> copied = CopiedFields(s);
-  for (Control* control : copied) control->copied = false;
   // while the record is edited its save tells what is confirmed
   if (!s.editing && !copied.empty()) {
     const Act act(s, "Confirm Copied Values");
-    Plainly(s, [&] { ForgetCopiedOfShown(s); });
+    if (!act.MayWrite() || !Plainly(s, [&] { ForgetCopiedOfShown(s); })) return;
   }
+  for (Control* control : copied) control->copied = false;
   s.message = Count(static_cast<int>(copied.size()), "value") + " confirmed";
   ShowEntryCommands(s);
 }

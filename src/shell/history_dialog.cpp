@@ -92,14 +92,11 @@ std::optional<HistoryStep> PickedStep(Session& s, Form& form) {
 }
 
 void FillValues(Session& s, Form& form) {
-  std::vector<Row> rows;
+  StepValues& values = static_cast<StepValues&>(*form.At(kValues).model);
+  values.Show(std::nullopt);
   Plainly(s, [&] {
-    if (const auto step = PickedStep(s, form))
-      for (ShownChange& change : ValuesOfStep(s, step->id))
-        rows.push_back(
-            {std::move(change.place), std::move(change.field), std::move(change.before), std::move(change.after)});
+    if (const auto step = PickedStep(s, form)) values.Show(step->id);
   });
-  ModelOf(form, kValues).Set(std::move(rows));
   form.At(kValues).picked.clear();
 }
 
@@ -149,10 +146,13 @@ void ExportShown(Session& s, Form& form) {
     std::vector<Row> rows = {{"When", "Who", "What", "Place", "Field", "Old", "New", "State"}};
     for (const HistoryStep& step : ShownSteps(s, form)) {
       const Row head = RowOf(step);
-      const std::vector<ShownChange> changes = ValuesOfStep(s, step.id);
-      for (const ShownChange& change : changes)
+      StepValues values(s);
+      values.Show(step.id);
+      for (int row = 0; row < values.RowCount(); ++row) {
+        const ShownChange change = values.At(row);
         rows.push_back({head[0], head[1], head[2], change.place, change.field, change.before, change.after, head[5]});
-      if (changes.empty()) rows.push_back({head[0], head[1], head[2], head[3], "", "", "", head[5]});
+      }
+      if (values.RowCount() == 0) rows.push_back({head[0], head[1], head[2], head[3], "", "", "", head[5]});
     }
     WriteNewFile(OwnFilesOf(s), path, [&](const std::string& file) { WriteTable(rows, "History", path, file); });
     s.message = "History exported";
@@ -168,7 +168,7 @@ Form& HistoryDialog(Session& s) {
     AddListView(form, kSteps, "Steps", {"When", "Who", "What", "Place", "Values", "State"},
                 std::make_shared<RowsModel>())
         .many = false;
-    AddListView(form, kValues, "Values of the step", {"Place", "Field", "Old", "New"}, std::make_shared<RowsModel>());
+    AddListView(form, kValues, "Values of the step", {"Place", "Field", "Old", "New"}, std::make_shared<StepValues>(s));
     AddButton(form, kUndo, "Undo Back to Here");
     AddButton(form, kExport, "Export...");
     AddButton(form, "cmdClose", "Close");
@@ -187,6 +187,7 @@ void OpenHistory(Session& s) {
   FillSteps(s, form);
   form.focus = kSteps;
   ShowDialog(s.desk, s.platform, form);
+  static_cast<StepValues&>(*form.At(kValues).model).Show(std::nullopt);
 }
 
 }  // namespace merlu

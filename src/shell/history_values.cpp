@@ -2,40 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
+#include <map>
+#include <numeric>
 
+#include "base/fault.h"
 #include "base/text.h"
 #include "records/structure_fields.h"
-#include "session/place.h"
-#include "session/types.h"
 #include "sheets/conversions.h"
 #include "sheets/units.h"
 
 namespace merlu {
 namespace {
 
-const RecordedTable* TableNamed(Database& db, const std::string& name) {
-  for (const RecordedTable& table : *db.recorder().tables())
-    if (table.name == name) return &table;
-  return nullptr;
-}
-
 std::string TextOf(const StoredValue& value) {
   return NullToEmpty(ToValue(value));
-}
-
-int NumberOf(const std::map<std::string, std::string>& row, const char* column) {
-  const auto found = row.find(column);
-  return found == row.end() ? 0 : static_cast<int>(ToInteger(Value(found->second)));
-}
-
-std::string TextAt(const std::map<std::string, std::string>& row, const char* column) {
-  const auto found = row.find(column);
-  return found == row.end() ? "" : found->second;
-}
-
-bool IsTypeTable(const std::string& table, const char* prefix) {
-  return table.starts_with(prefix) && FindType(table.substr(3)) != nullptr;
 }
 
 // ---- what a column is called, and how its values show ----
@@ -114,175 +94,131 @@ std::string ShownValue(const std::string& table, const std::string& column, cons
 
 // ---- rows of a step as values ----
 
-class Lister {
- public:
-  Lister(Session& s, std::int64_t step) : s_(s), finder_(s, step) {}
-
-  void Add(const KeptRow& row) {
-    const RecordedTable* table = TableNamed(s_.db, row.table);
-    if (table == nullptr || table->IsAttached()) return;
-    if (table->name == "QC") return AddFinding(*table, row);
-    const std::string place = finder_.PlaceOf(row.table, row.rowid);
-    if (row.kind == KeptRow::Kind::kChanged) {
-      for (const KeptValue& value : row.values) Add(*table, place, value.column, value.before, value.after);
-      return;
-    }
-    const std::vector<StoredValue> values = RowValues(row.row);
-    const bool added = row.kind == KeptRow::Kind::kAdded;
-    for (std::size_t column = 0; column < values.size(); ++column)
-      if (values[column].kind != StoredValue::Kind::kNull)
-        Add(*table, place, column, added ? StoredValue() : values[column], added ? values[column] : StoredValue());
+// Hands out the values of a row that the user sees: column, before, after.
+template <typename Each>
+void ForEachShown(const RecordedTable& table, const KeptRow& row, Each&& each) {
+  const auto shown = [&table](std::size_t column) {
+    return column < table.columns.size() && IsShownColumn(table.name, table.columns[column]);
+  };
+  if (row.kind == KeptRow::Kind::kChanged) {
+    for (const KeptValue& value : row.values)
+      if (shown(value.column)) each(value.column, value.before, value.after);
+    return;
   }
+  const bool added = row.kind == KeptRow::Kind::kAdded;
+  const StoredValue none;
+  StoredValue value;
+  std::string_view bytes = row.row;
+  for (std::size_t column = 0; TakeValue(bytes, value); ++column)
+    if (value.kind != StoredValue::Kind::kNull && shown(column))
+      each(column, added ? none : value, added ? value : none);
+}
 
-  std::vector<ShownChange> changes;
+int CountShown(const RecordedTable& table, const KeptRow& row) {
+  if (table.IsAttached()) return 0;
+  if (table.name == "QC") return 1;  // a finding is one value
+  int count = 0;
+  ForEachShown(table, row, [&count](std::size_t, const StoredValue&, const StoredValue&) { ++count; });
+  return count;
+}
 
- private:
-  void Add(const RecordedTable& table, const std::string& place, std::size_t column, const StoredValue& before,
-           const StoredValue& after) {
-    if (column >= table.columns.size() || !IsShownColumn(table.name, table.columns[column])) return;
-    const std::string& name = table.columns[column];
-    changes.push_back({place, FieldName(table.name, name), ShownValue(table.name, name, before),
-                       ShownValue(table.name, name, after)});
+// A finding that came or went by its text, one that was explained by its comment.
+void TellFinding(const RecordedTable& table, const KeptRow& row, ShownChange& change) {
+  const auto column = [&table](const char* name) {
+    return static_cast<std::size_t>(std::find(table.columns.begin(), table.columns.end(), name) -
+                                    table.columns.begin());
+  };
+  if (row.kind == KeptRow::Kind::kChanged) {
+    for (const KeptValue& value : row.values)
+      if (value.column == column("Comments") || (value.column == column("Desc") && change.after.empty())) {
+        change.before = TextOf(value.before);
+        change.after = TextOf(value.after);
+      }
+    return;
   }
-
-  // A finding that came or went by its text, one that was explained by its comment.
-  void AddFinding(const RecordedTable& table, const KeptRow& row) {
-    ShownChange change{finder_.PlaceOf(row.table, row.rowid), finder_.FieldOf(row.rowid), "", ""};
-    const auto column = [&table](const char* name) {
-      return static_cast<std::size_t>(std::find(table.columns.begin(), table.columns.end(), name) -
-                                      table.columns.begin());
-    };
-    if (row.kind == KeptRow::Kind::kChanged) {
-      for (const KeptValue& value : row.values)
-        if (value.column == column("Comments") || (value.column == column("Desc") && change.after.empty())) {
-          change.before = TextOf(value.before);
-          change.after = TextOf(value.after);
-        }
-    } else {
-      const std::vector<StoredValue> values = RowValues(row.row);
-      const std::string text = values.size() > column("Desc") ? TextOf(values[column("Desc")]) : "";
-      (row.kind == KeptRow::Kind::kAdded ? change.after : change.before) = text;
-    }
-    changes.push_back(std::move(change));
-  }
-
-  Session& s_;
-  RowFinder finder_;
-};
+  const std::vector<StoredValue> values = RowValues(row.row);
+  const std::string text = values.size() > column("Desc") ? TextOf(values[column("Desc")]) : "";
+  (row.kind == KeptRow::Kind::kAdded ? change.after : change.before) = text;
+}
 
 }  // namespace
 
-// What steps say of whole rows; the first word counts, and the step itself speaks first.
-void RowFinder::Learn(std::int64_t step) {
-  for (const std::string& part : PartsOf(s_.companion, step))
-    for (const KeptRow& row : UnpackChanges(part)) {
-      const RecordedTable* table = TableNamed(s_.db, row.table);
-      if (row.row.empty() || table == nullptr) continue;
-      const std::vector<StoredValue> values = RowValues(row.row);
-      Named named;
-      for (std::size_t i = 0; i < values.size() && i < table->columns.size(); ++i)
-        named[table->columns[i]] = TextOf(values[i]);
-      known_.try_emplace({row.table, row.rowid}, std::move(named));
+void StepValues::Show(std::optional<std::int64_t> step) {
+  parts_.clear();
+  rows_.clear();
+  ends_.clear();
+  order_.clear();
+  changes_.clear();
+  finder_.reset();
+  ++revision_;
+  if (!step) return;
+  finder_.emplace(s_, *step);
+  parts_ = PartsOf(s_.companion, *step);
+  for (const std::string& part : parts_)
+    for (KeptRow& row : UnpackChanges(part)) {
+      const RecordedTable* table = RecordedTableNamed(s_.db, row.table);
+      const int count = table == nullptr ? 0 : CountShown(*table, row);
+      if (count == 0) continue;
+      ends_.push_back(RowCount() + count);
+      rows_.push_back(std::move(row));
     }
 }
 
-const RowFinder::Named* RowFinder::Find(const std::string& table, std::int64_t rowid) {
-  if (known_.empty()) Learn(step_);
-  const auto known = known_.find({table, rowid});
-  if (known != known_.end()) return known->second ? &*known->second : nullptr;
-  const Rows rows = s_.db.Query("SELECT * FROM main.[" + table + "] WHERE rowid=?", {rowid});
-  if (!rows.rows.empty()) {
-    Named named;
-    for (std::size_t i = 0; i < rows.columns.size(); ++i) named[rows.columns[i]] = NullToEmpty(rows.rows.front()[i]);
-    return &*known_.try_emplace({table, rowid}, std::move(named)).first->second;
+std::vector<ShownChange> StepValues::ChangesOf(const KeptRow& row) const {
+  const RecordedTable& table = *RecordedTableNamed(s_.db, row.table);
+  const std::string place = finder_->PlaceOf(row.table, row.rowid);
+  std::vector<ShownChange> changes;
+  if (table.name == "QC") {
+    changes.push_back({place, finder_->FieldOf(row.rowid), "", ""});
+    TellFinding(table, row, changes.back());
+    return changes;
   }
-  if (!std::exchange(learned_, true)) {
-    std::vector<HistoryStep> steps = Steps(s_.companion);
-    std::reverse(steps.begin(), steps.end());
-    for (const HistoryStep& newer : steps)
-      if (newer.id > step_) Learn(newer.id);
-    return Find(table, rowid);
+  ForEachShown(table, row, [&](std::size_t column, const StoredValue& before, const StoredValue& after) {
+    const std::string& name = table.columns[column];
+    changes.push_back({place, FieldName(table.name, name), ShownValue(table.name, name, before),
+                       ShownValue(table.name, name, after)});
+  });
+  return changes;
+}
+
+ShownChange StepValues::Change(int value) const {
+  const auto found = std::upper_bound(ends_.begin(), ends_.end(), value);
+  const auto at = static_cast<std::size_t>(found - ends_.begin());
+  if (changes_.empty() || made_ != at) {
+    changes_ = ChangesOf(rows_[at]);
+    made_ = at;
   }
-  known_.try_emplace({table, rowid}, std::nullopt);
-  return nullptr;
+  const int first = at == 0 ? 0 : ends_[at - 1];
+  return changes_.at(static_cast<std::size_t>(value - first));
 }
 
-std::string RowFinder::Structure(std::int64_t pd_id) {
-  const Named* row = Find("PD_PLATFORM_DESC", pd_id);
-  return row == nullptr ? "" : TextAt(*row, "Area") + ", " + TextAt(*row, "Block") + ", " + TextAt(*row, "Name");
+ShownChange StepValues::At(int row) const {
+  if (row < 0 || row >= RowCount()) return {};
+  return Change(order_.empty() ? row : order_[static_cast<std::size_t>(row)]);
 }
 
-std::string RowFinder::PlaceOfEquipment(int month, int year, std::int64_t ed_id) {
-  const Named* row = Find("ED_EQUIP_DESC", ed_id);
-  if (row == nullptr) return JoinPlace(month, year, "", "");
-  const std::string name = TreeTypeName(TextAt(*row, "ED_EQUIP_TYP")) + ": " + Trim(TextAt(*row, "ED_MERLU_EQUIP_ID"));
-  return JoinPlace(month, year, Structure(NumberOf(*row, "PD_ID_AK")), name);
-}
-
-std::string RowFinder::PlaceOfMonth(std::int64_t ea_id) {
-  const Named* row = Find("EA_EQUIP_ACTV", ea_id);
-  if (row == nullptr) return "";
-  return PlaceOfEquipment(NumberOf(*row, "EA_MO"), NumberOf(*row, "EA_YR"), NumberOf(*row, "ED_ID_AK"));
-}
-
-std::string RowFinder::PlaceOfFinding(Database& db, const Named& row) {
-  const std::string complex = TextAt(row, "CmplxID"), structure = TextAt(row, "StructID");
-  const std::string type = TextAt(row, "EquipType"), id = TextAt(row, "EquipID");
-  return JoinPlace(NumberOf(row, "Month"), NumberOf(row, "Year"),
-                   complex == "NA" ? "" : StructurePart(db, complex, structure),
-                   type == "NA" || type.empty() ? "" : TreeTypeName(type) + ": " + Trim(id));
-}
-
-std::string RowFinder::FieldOf(std::int64_t qc_row) {
-  const Named* row = Find("QC", qc_row);
-  return row == nullptr ? "" : TrimRight(TextAt(*row, "FieldID"));
-}
-
-std::string RowFinder::PlaceOf(const std::string& table, std::int64_t rowid) {
-  const auto [known, fresh] = places_.try_emplace(table + "\n" + std::to_string(rowid));
-  if (!fresh) return known->second;
-  std::string place;
-  if (table == "EA_EQUIP_ACTV" || IsTypeTable(table, "EA_")) {
-    place = PlaceOfMonth(rowid);
-  } else if (table == "ED_EQUIP_DESC" || IsTypeTable(table, "ED_")) {
-    place = PlaceOfEquipment(0, 0, rowid);
-  } else if (table == "PD_PLATFORM_DESC") {
-    place = Structure(rowid);
-  } else if (const Named* row = Find(table, rowid); row != nullptr && table == "PA_PLATFORM_ACTV") {
-    place = JoinPlace(NumberOf(*row, "PA_MO"), NumberOf(*row, "PA_YR"), Structure(NumberOf(*row, "PD_ID_AK")), "");
-  } else if (row != nullptr && (table == "QC" || table == "QCInventory")) {
-    place = PlaceOfFinding(s_.db, *row);
-  } else if (table.starts_with("list")) {
-    place = "Look-up list";
+std::string StepValues::Text(int row, int column) const {
+  try {
+    ShownChange change = At(row);
+    std::string* const texts[] = {&change.place, &change.field, &change.before, &change.after};
+    return column >= 0 && column < 4 ? std::move(*texts[column]) : "";
+  } catch (const Fault&) {
+    return "";  // a cell that is painted shows no box
   }
-  if (place.empty()) place = "Operator: " + Trim(s_.current.UserID);
-  return known->second = place;
 }
 
-std::vector<ShownChange> ValuesOfStep(Session& s, std::int64_t step) {
-  Lister lister(s, step);
-  for (const std::string& part : PartsOf(s.companion, step))
-    for (const KeptRow& row : UnpackChanges(part)) lister.Add(row);
-  return std::move(lister.changes);
-}
-
-bool StepTouches(Session& s, std::int64_t step, const QCLocation& record, Mode mode) {
-  const bool actv = mode == Mode::kActv;
-  const auto belongs = [&](const KeptRow& row) {
-    const bool desc_row = row.table == "ED_EQUIP_DESC" || IsTypeTable(row.table, "ED_");
-    const bool month_row = row.table == "EA_EQUIP_ACTV" || IsTypeTable(row.table, "EA_");
-    if (record.Is(level::kEquipment))
-      return actv ? month_row && row.rowid == s.EA_ID_AK : desc_row && row.rowid == s.ED_ID_AK;
-    if (record.Is(level::kStructure))
-      return actv ? row.table == "PA_PLATFORM_ACTV" && row.rowid == s.SA_ID_AK
-                  : row.table == "PD_PLATFORM_DESC" && row.rowid == s.PD_ID_AK;
-    return record.Is(level::kUser) && row.table == "CO_COMPANY";
-  };
-  for (const std::string& part : PartsOf(s.companion, step)) {
-    const std::vector<KeptRow> rows = UnpackChanges(part);
-    if (std::any_of(rows.begin(), rows.end(), belongs)) return true;
-  }
-  return false;
+void StepValues::Sort(int column, bool descending) {
+  order_.clear();
+  std::vector<SortKey> keys;
+  keys.reserve(static_cast<std::size_t>(RowCount()));
+  for (int row = 0; row < RowCount(); ++row) keys.emplace_back(Text(row, column));
+  std::vector<int> order(keys.size());
+  std::iota(order.begin(), order.end(), 0);
+  const auto key = [&keys](int row) -> const SortKey& { return keys[static_cast<std::size_t>(row)]; };
+  std::stable_sort(order.begin(), order.end(),
+                   [&](int a, int b) { return descending ? key(b) < key(a) : key(a) < key(b); });
+  order_ = std::move(order);
+  ++revision_;
 }
 
 }  // namespace merlu

@@ -2,50 +2,49 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "history/steps.h"
-#include "session/session.h"
+#include "forms/list_model.h"
+#include "shell/row_finder.h"
 
 namespace merlu {
-
-// Looks rows up where they can be found: in the step itself, in the inventory, or in a newer step that took them away.
-class RowFinder {
- public:
-  RowFinder(Session& s, std::int64_t step) : s_(s), step_(step) {}
-
-  // The place of the record that the row belongs to.
-  std::string PlaceOf(const std::string& table, std::int64_t rowid);
-  // The field of a finding, by the number of its row.
-  std::string FieldOf(std::int64_t qc_row);
-
- private:
-  using Named = std::map<std::string, std::string>;
-  const Named* Find(const std::string& table, std::int64_t rowid);
-  void Learn(std::int64_t step);
-  std::string PlaceOfMonth(std::int64_t ea_id);
-  std::string PlaceOfEquipment(int month, int year, std::int64_t ed_id);
-  std::string Structure(std::int64_t pd_id);
-  static std::string PlaceOfFinding(Database& db, const Named& row);
-
-  Session& s_;
-  std::int64_t step_;
-  std::map<std::pair<std::string, std::int64_t>, std::optional<Named>> known_;
-  std::map<std::string, std::string> places_;
-  bool learned_ = false;
-};
 
 struct ShownChange {
   std::string place, field, before, after;
 };
 
-// In the order in which the step wrote them.
-std::vector<ShownChange> ValuesOfStep(Session& s, std::int64_t step);
+// The values of one step, in the order in which the step wrote them. A step can have hundreds of thousands: the texts
+// are made as they are asked for.
+class StepValues : public ListModel {
+ public:
+  explicit StepValues(Session& s) : s_(s) {}
 
-// Whether the step changed the record, its findings aside.
-bool StepTouches(Session& s, std::int64_t step, const QCLocation& record, Mode mode);
+  // Nothing without a step. A fault when it is damaged; then nothing shows.
+  void Show(std::optional<std::int64_t> step);
+  ShownChange At(int row) const;
+
+  int RowCount() const override { return ends_.empty() ? 0 : ends_.back(); }
+  std::string Text(int row, int column) const override;
+  std::uint64_t Revision() const override { return revision_; }
+  bool CanSort() const override { return true; }
+  void Sort(int column, bool descending) override;
+
+ private:
+  ShownChange Change(int value) const;
+  std::vector<ShownChange> ChangesOf(const KeptRow& row) const;
+
+  Session& s_;
+  std::vector<std::string> parts_;  // that the rows point into
+  std::vector<KeptRow> rows_;       // those with something to show
+  std::vector<int> ends_;           // number of values up to the end of each row
+  std::vector<int> order_;          // of the values, once they were sorted
+  std::uint64_t revision_ = 0;
+  // what was asked for last, since cells are asked for one by one
+  mutable std::optional<RowFinder> finder_;
+  mutable std::size_t made_ = 0;
+  mutable std::vector<ShownChange> changes_;
+};
 
 }  // namespace merlu

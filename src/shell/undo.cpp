@@ -5,8 +5,8 @@
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "shell/edit_modes.h"
-#include "shell/history_values.h"
 #include "shell/routing.h"
+#include "shell/row_finder.h"
 #include "shell/trees.h"
 
 namespace merlu {

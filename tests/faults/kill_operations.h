@@ -15,6 +15,7 @@ struct KillFiles {
   std::string work() const { return folder + "/inventory.mdb"; }
   std::string other() const { return folder + "/other.mdb"; }    // the file that an import reads
   std::string target() const { return folder + "/target.mdb"; }  // the file that an export writes
+  std::string older() const { return folder + "/older.mdb"; }    // a copy of what is under that name before, if any
   std::string report() const { return folder + "/summary.pdf"; }
 };
 
@@ -38,9 +39,12 @@ struct KillOperation {
   // or may not have been carried through.
   std::string (*check)(const KillFiles& files, Database& db, const std::string& before, int done);
   bool never_opened = false;  // by the program, before the play
+  bool takes_long = false;    // played when it is asked for by its name
 };
 
 const std::vector<KillOperation>& KillOperations();
+// Those of them that take both files along: undo and redo, the grid, a restored backup.
+std::vector<KillOperation> HistoryKillOperations();
 
 // What must hold of every inventory: sound pages, no reference without its row, every month of every structure and
 // equipment. Empty when it does.

@@ -25,7 +25,6 @@
 #include "faults/faulty_files.h"
 #include "faults/kill_operations.h"
 #include "faults/power_cut.h"
-#include "history/layout.h"
 #include "history/notes.h"
 #include "script/player.h"
 #include "support/temporary_place.h"
@@ -197,7 +196,7 @@ std::string Judge(const KillOperation& operation, const KillFiles& files, const 
 
 // Files that a killed writer has left.
 bool HasLeftovers(const KillFiles& files) {
-  for (const auto& entry : fs::directory_iterator(files.folder)) {
+  for (const auto& entry : fs::recursive_directory_iterator(files.folder)) {
     const std::string name = entry.path().filename().string();
     if (name.starts_with(".merlu-")) return true;
   }
@@ -208,7 +207,6 @@ bool HasLeftovers(const KillFiles& files) {
 void ForgetDrafts(const KillFiles& files) {
   Database db;
   db.Open(files.work());
-  db.RecordChanges(RecordedCompanionTables());
   Companion companion;
   companion.Open(db, nullptr);
   for (const Draft& draft : Drafts(companion)) ForgetDraft(companion, draft.id);
@@ -262,17 +260,17 @@ class Harness {
 
   // True when nothing was lost.
   bool PrintTable() const {
-    std::printf("%-18s %6s %9s %10s %9s\n", "operation", "kills", "journals", "leftovers", "problems");
+    std::printf("%-22s %6s %9s %10s %9s\n", "operation", "kills", "journals", "leftovers", "problems");
     Tally sum;
     for (const KillOperation& operation : KillOperations()) {
       const auto found = tallies_.find(operation.name);
       if (found == tallies_.end()) continue;
       const Tally& row = found->second;
-      std::printf("%-18s %6d %9d %10d %9d\n", operation.name, row.kills, row.journals, row.leftovers, row.problems);
+      std::printf("%-22s %6d %9d %10d %9d\n", operation.name, row.kills, row.journals, row.leftovers, row.problems);
       sum = {sum.kills + row.kills, sum.journals + row.journals, sum.leftovers + row.leftovers,
              sum.problems + row.problems};
     }
-    std::printf("%-18s %6d %9d %10d %9d\n", "all", sum.kills, sum.journals, sum.leftovers, sum.problems);
+    std::printf("%-22s %6d %9d %10d %9d\n", "all", sum.kills, sum.journals, sum.leftovers, sum.problems);
     return sum.problems == 0;
   }
 
@@ -355,7 +353,7 @@ bool Read(int count, char** words, Options& options) {
 std::vector<const KillOperation*> Chosen(const std::set<std::string>& only) {
   std::vector<const KillOperation*> chosen;
   for (const KillOperation& operation : KillOperations())
-    if (only.empty() || only.contains(operation.name)) chosen.push_back(&operation);
+    if (only.empty() ? !operation.takes_long : only.contains(operation.name)) chosen.push_back(&operation);
   return chosen;
 }
 

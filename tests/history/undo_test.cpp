@@ -328,6 +328,39 @@ TEST_F(History, that_another_program_holds_costs_no_save) {
   EXPECT_EQ(NextUndo(companion)->title.what, "later");
 }
 
+TEST_F(History, that_is_deleted_meanwhile_costs_no_save_and_is_made_anew) {
+  AddStructure();
+  fs::remove(File());
+  DoStep("save", {"UPDATE EA_FLA SET OP_HR=7"});
+  EXPECT_EQ(ToInteger(db.Single("SELECT OP_HR FROM EA_FLA")), 7);
+  EXPECT_EQ(companion.why_not(), "No history is being kept: inventory.mdb.history was moved or deleted.");
+  DoStep("later", {"UPDATE EA_FLA SET OP_HR=8"});
+  EXPECT_EQ(companion.why_not(), "");
+  ASSERT_EQ(Steps(companion).size(), 1u);
+  EXPECT_FALSE(UndoSteps(companion, Newest()));
+  EXPECT_EQ(ToInteger(db.Single("SELECT OP_HR FROM EA_FLA")), 7);
+}
+
+TEST_F(History, goes_with_no_inventory_that_was_moved_away) {
+  companion.Close();
+  companion.Open(db, nullptr);
+  fs::rename(path, folder.path("moved.mdb"));
+  EXPECT_FALSE(companion.Want());
+  EXPECT_FALSE(fs::exists(File()));
+  fs::rename(folder.path("moved.mdb"), path);
+}
+
+TEST_F(History, has_the_connection_record_what_it_is_to_keep) {
+  companion.Close();
+  db.Close();
+  db.Open(path);
+  ASSERT_FALSE(db.recorder().IsOn());
+  companion.Open(db, nullptr);
+  AddStructure();
+  EXPECT_FALSE(UndoSteps(companion, Newest()));
+  EXPECT_TRUE(IsNull(db.Single("SELECT 1 FROM PD_PLATFORM_DESC")));
+}
+
 TEST_F(History, that_cannot_be_written_costs_no_save) {
   AddStructure();
   companion.Close();

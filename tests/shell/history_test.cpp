@@ -147,6 +147,110 @@ TEST_F(OnScreen, the_list_tells_each_step_and_its_values) {
   EXPECT_EQ(run.Count("ED_FLA"), 0);
 }
 
+TEST_F(OnScreen, the_record_s_own_steps_are_those_that_wrote_its_findings_too) {
+  run.StartWith("FLA", "F1");
+  run.Select(run.Key());
+  run.AddEquipment("VEN", "V1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "745"}});
+  run.Click("cmdQC");
+  ASSERT_GT(run.Count("QC"), 0);
+  const auto shown = [&] {
+    std::vector<std::string> steps;
+    run.dialogs.push_back([&](Form& form) {
+      run.Set("cmbHIS_Show", "This record");
+      const Control& list = form.At("lvwHIS_Steps");
+      for (int row = 0; row < list.model->RowCount(); ++row) steps.push_back(Cell(list, row, 2));
+    });
+    run.Click("mnuRHistory");
+    return steps;
+  };
+  EXPECT_EQ(shown(), (std::vector<std::string>{"QC Run", "Save", "New Equipment"}));
+  run.dialogs.push_back([&](Form&) { run.Set("txtComments", "because"), run.Click("cmdOK"); });
+  run.Pick("lvwFLA_QCResults", 0);
+  run.DoubleClick("lvwFLA_QCResults");
+  EXPECT_EQ(shown().front(), "Comment");
+  run.GoTo("VEN", "V1", Mode::kActv);
+  EXPECT_EQ(shown(), (std::vector<std::string>{"New Equipment"}));
+}
+
+TEST_F(OnScreen, the_values_of_a_large_step_are_made_as_they_are_asked_for) {
+  run.StartWithStructure();
+  run.s.companion.BeginStep({"2017-03-05 14:02:00", "anna", "Import", "", "", ""});
+  run.s.db.Execute(
+      "INSERT INTO QC ([Month],[Year],[Level],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc]) WITH RECURSIVE n(i) "
+      "AS "
+      "(SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<20000) SELECT 1,2017,'STRUCTURE','1001','1','NA','NA','Field '||i,"
+      "'Error '||i FROM n");
+  run.s.companion.EndStep();
+  run.dialogs.push_back([&](Form& form) {
+    run.Pick("lvwHIS_Steps", 0);
+    Control& values = form.At("lvwHIS_Values");
+    ASSERT_EQ(values.model->RowCount(), 20000);
+    EXPECT_EQ(Cell(values, 12344, 0), "2017/01 · GI, 43, A");
+    EXPECT_EQ(Cell(values, 12344, 1), "Field 12345");
+    EXPECT_EQ(Cell(values, 12344, 3), "Error 12345");
+    values.model->Sort(1, true);
+    EXPECT_EQ(Cell(values, 0, 1), "Field 9999");
+    EXPECT_EQ(Cell(values, 0, 3), "Error 9999");
+    EXPECT_EQ(Cell(values, 20000, 3), "");  // beyond the end
+    run.Pick("lvwHIS_Steps", 1);
+    EXPECT_EQ(Cell(values, 0, 0), "GI, 43, A");
+  });
+  run.Click("mnuRHistory");
+}
+
+TEST_F(OnScreen, what_was_typed_is_offered_beside_what_another_program_has_stored_since) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "100"}, {"txtFLA_VolFlared", "7"}});
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "200");
+  run.Set("txtFLA_Comments", "a word");
+  KeepDraftOfEdit(run.s, When::kAtOnce);
+  const std::string undisturbed = "An edit was interrupted before it was saved:";
+  const auto offered = [&](const std::string& stored, bool changed) {
+    EndProgram(run.s);
+    run.dialogs.push_back([&, stored, changed](Form& form) {
+      EXPECT_EQ(form.At("lblDRF_Note").caption == undisturbed, !changed);
+      const Control& fields = form.At("lvwDRF_Fields");
+      ASSERT_EQ(fields.model->RowCount(), 2);
+      EXPECT_EQ(Cell(fields, 0, 1), stored);
+      EXPECT_EQ(Cell(fields, 0, 2), "200");
+      EXPECT_EQ(Cell(fields, 1, 0), "Comments");
+      EXPECT_EQ(Cell(fields, 1, 1), "");
+    });
+    Main(run.s);
+  };
+  offered("100", false);
+  Raw(run.s.path, {"UPDATE EA_FLA SET OP_HR=77,VOL_FLARED=8"});
+  offered("77", true);
+  EndProgram(run.s);
+  run.dialogs.push_back([&](Form&) { run.Click("cmdDRF_Continue"); });
+  Main(run.s);
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "200");
+  EXPECT_EQ(run.Text("txtFLA_VolFlared"), "8");
+}
+
+TEST_F(OnScreen, a_draft_of_the_structure_shows_what_is_stored) {
+  run.StartWithStructure();
+  run.Keep({{"txtSTRUCTURE_WaterDepth", "220"}});
+  run.Click("cmdEdit");
+  run.Set("txtSTRUCTURE_WaterDepth", "300");
+  run.Set("cmbMinorSourceExempt", "No");
+  KeepDraftOfEdit(run.s, When::kAtOnce);
+  EndProgram(run.s);
+  Raw(run.s.path, {"UPDATE PD_PLATFORM_DESC SET MINOR_SOURCE_EXEMPT='Yes'"});
+  run.dialogs.push_back([&](Form& form) {
+    const Control& fields = form.At("lvwDRF_Fields");
+    ASSERT_EQ(fields.model->RowCount(), 2);
+    EXPECT_EQ(Cell(fields, 0, 1), "220");
+    EXPECT_EQ(Cell(fields, 1, 1), "Yes");
+    EXPECT_EQ(Cell(fields, 1, 2), "No");
+  });
+  Main(run.s);
+}
+
 TEST_F(OnScreen, what_was_typed_is_offered_after_a_cut) {
   run.StartWith("FLA", "F1");
   run.GoTo("FLA", "F1", Mode::kActv);
@@ -231,15 +335,60 @@ TEST_F(OnScreen, without_room_for_a_backup_the_user_decides) {
   EXPECT_EQ(run.Count("ED_FLA"), 0);
 }
 
+TEST_F(OnScreen, whoever_goes_on_without_a_backup_is_asked_once) {
+  run.StartWithStructure();
+  run.clock.day = 6;
+  run.free_bytes = 1000;
+  run.answers = {Button::kOK, Button::kYes};
+  run.TakeBoxes();
+  run.Click("mnuEDelete");
+  EXPECT_EQ(run.TakeBoxes().size(), 3u);  // the deletion, no backup, go on
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 0);
+  run.Click("mnuEUndo");
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1);
+}
+
+TEST_F(OnScreen, no_comment_is_stored_by_one_who_does_not_go_on_without_a_backup) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "745"}});
+  run.Click("cmdQC");
+  run.clock.day = 6;
+  run.free_bytes = 1000;
+  run.Click("mnuRFindings");
+  run.answers = {Button::kNo, Button::kNo};
+  run.dialogs.push_back([&](Form&) { run.Set("txtComments", "because"), run.Click("cmdOK"); });
+  run.Pick("lvwFND_List", 0);
+  run.Click("cmdFND_Comment");
+  EXPECT_EQ(run.Count("QC WHERE Comments='because'"), 0);
+  EXPECT_TRUE(run.dialogs.empty());
+}
+
+TEST_F(OnScreen, backups_of_one_second_have_one_reason_and_stand_newest_first) {
+  run.StartWithStructure();
+  run.dialogs.push_back([&](Form& form) {
+    for (int i = 0; i < 3; ++i) run.Click("cmdBAK_Make");
+    const Control& list = form.At("lvwBAK_List");
+    ASSERT_EQ(list.model->RowCount(), 4);
+    for (int row = 0; row < 3; ++row) EXPECT_EQ(Cell(list, row, 1), "by hand");
+  });
+  run.Click("mnuFBackups");
+  const std::vector<Backup> backups = Backups(run.s.path);
+  EXPECT_EQ(fs::path(backups[0].path).filename(), "2017-03-05 140200 by hand 3.mdb");
+  EXPECT_EQ(fs::path(backups[1].path).filename(), "2017-03-05 140200 by hand 2.mdb");
+  EXPECT_EQ(fs::path(backups[2].path).filename(), "2017-03-05 140200 by hand.mdb");
+}
+
 TEST(BackupRule, keeps_the_last_ten_a_week_of_days_and_a_year_of_months) {
   std::vector<Backup> backups;
   const DateTime now{2017, 6, 30, 12, 0, 0};
   // twenty of today, then one of each day of two years, newest first
-  for (int i = 0; i < 20; ++i) backups.push_back({"today " + std::to_string(i), {2017, 6, 30, 11, 59 - i, 0}, "", 0});
+  for (int i = 0; i < 20; ++i)
+    backups.push_back({"today " + std::to_string(i), {2017, 6, 30, 11, 59 - i, 0}, "", 0, 1});
   for (int month = 0; month < 24; ++month)
     for (int day = 28; day > 0; --day) {
       const int months = 2017 * 12 + 5 - month;
-      backups.push_back({"d", {months / 12, months % 12 + 1, day, 10, 0, 0}, "", 0});
+      backups.push_back({"d", {months / 12, months % 12 + 1, day, 10, 0, 0}, "", 0, 1});
     }
   const std::vector<Backup> outdated = Outdated(backups, now);
   // ten of today, the 28th to the 24th of June, and of each of the eleven months before one

@@ -45,13 +45,14 @@ void AddToLookup(Session& s, const std::string& table, const LookupCriteria& row
     Values values;
     const std::string where = Where(row, values);
     if (!IsNull(s.db.Single("SELECT 1 FROM [" + table + "]" + where, values))) return;
+    const Act act(s, "Look-up List");
+    if (!act.MayWrite()) return;
     Tell(s, "Adding new Make-Model to lookup.");
     std::string columns, marks;
     for (const auto& [column, text] : row) {
       columns.append(columns.empty() ? "[" : ",[").append(column).append("]");
       marks.append(marks.empty() ? "?" : ",?");
     }
-    const Act act(s, "Look-up List");
     s.db.Execute("INSERT INTO [" + table + "] (" + columns + ") VALUES (" + marks + ")", values);
     s.edit_step = s.companion.last_step();
   });
