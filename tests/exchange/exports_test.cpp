@@ -288,6 +288,17 @@ TEST_F(Export, of_one_structure_holds_no_other) {
   EXPECT_EQ(There("PD_PLATFORM_DESC WHERE PD_ID_AK=2"), 1);
 }
 
+TEST_F(Export, of_a_structure_named_beyond_ascii_holds_it_and_no_other) {
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='Ä1' WHERE PD_ID_AK=2");
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='Ö1' WHERE PD_ID_AK=1");
+  ExportStructures({1});
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Done."});
+  ExpectSound();
+  EXPECT_EQ(There("PD_PLATFORM_DESC"), 1);
+  EXPECT_EQ(There("PD_PLATFORM_DESC WHERE CMPLX_ID_NUM='Ä1'"), 1);
+  EXPECT_EQ(There("ED_EQUIP_DESC"), run.Count("ED_EQUIP_DESC WHERE PD_ID_AK=2"));
+}
+
 TEST_F(Export, of_structures_keeps_one_whose_identifier_is_not_filled_in) {
   run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM=NULL WHERE PD_ID_AK=2");
   ExportStructures({0});

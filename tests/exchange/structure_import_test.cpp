@@ -206,6 +206,16 @@ TEST_F(Import, of_a_structure_that_exists_is_cancelled_for_all) {
   EXPECT_EQ(Staged(), 0);
 }
 
+TEST_F(Import, of_a_structure_that_exists_with_a_letter_beyond_ascii_in_the_other_case_is_cancelled) {
+  Make(Plan(1, 2, 1), Plan(2, 4, 1));
+  Raw(Other(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='gi-é1', STRUCT_NUM='ä' WHERE PD_ID_AK=2"});
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='GI-É1', STRUCT_NUM='Ä'");
+  EXPECT_EQ(ImportRows({1}), Texts{"RIMA Structure ID already exists in database - import cancelled."});
+  EXPECT_EQ(run.Count("PD_PLATFORM_DESC"), 1);
+  EXPECT_EQ(ImportRows({0}), Texts{"Done."});
+  ExpectSound();
+}
+
 TEST_F(Import, a_second_time_is_cancelled) {
   Make(Plan(1, 2, 1), Plan(1, 2, 1));
   EXPECT_EQ(ImportRows({0}), Texts{"Done."});
