@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "entry/month_rows.h"
 #include "entry/save_record.h"
 #include "forms/grid_model.h"
-#include "rules/judge.h"
 
 namespace merlu {
 
@@ -19,11 +19,13 @@ struct PastePlan {
   int row = -1, column = -1;
   std::string place, field, old_text, new_text, what;
   bool Applies() const { return what == "set" || what == "changed"; }
+  bool IsAsked() const { return what != "set" && what != "same"; }
 };
 
 struct GridSaved {
   int records = 0, findings = 0;
-  std::string refused;  // why nothing was saved; empty when it was
+  std::vector<std::string> told;  // what the records' sheets would have shown in boxes, with the records' names
+  std::string refused;            // why nothing was saved; empty when it was
 };
 
 class MonthGrid : public GridModel {
@@ -38,13 +40,16 @@ class MonthGrid : public GridModel {
   const std::vector<GridColumn>& Columns() const override { return columns_; }
   int RowCount() const override { return static_cast<int>(rows_.size()); }
   std::string RowKey(int row) const override;
-  int FixedColumns() const override { return by_month_ ? 1 : 2; }
+  int FindRow(std::string_view key) const override;
+  int FixedColumns() const override { return heads_; }
   GridCell Cell(int row, int column) const override;
   std::uint64_t Revision() const override { return revision_; }
   std::uint64_t Shape() const override { return shape_; }
   void SetCell(int row, int column, const std::string& text) override;
   void Paste(int row, int column, const GridBlock& block) override;
 
+  // What a paste would do, one for each cell that is not blank.
+  std::vector<PastePlan> Plan(int row, int column, const GridBlock& block) const;
   // Asked when a paste refuses a cell or replaces a value; without it nothing is asked.
   std::function<bool(const std::vector<PastePlan>&)> approve;
   // Told when a cell was typed into.
@@ -57,36 +62,44 @@ class MonthGrid : public GridModel {
   int ChangedRecords() const { return static_cast<int>(changed_.size()); }
   // All changed records in the order of the rows, or none of them.
   GridSaved Save();
-  void Forget();
 
  private:
   struct Row;
   using RowPtr = std::shared_ptr<Row>;
 
-  void Show(const SheetSpec* sheet, const RecordScope& scope, std::int64_t only);
+  void Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only);
   void MakeColumns();
-  const FieldSpec* FieldAt(int column) const;
+  void ReadBefore(int month);
+  // Place among the fields; -1 for another column.
+  int FieldAt(int column) const;
   int StatusColumn() const { return static_cast<int>(columns_.size()) - 2; }
   int CommentsColumn() const { return static_cast<int>(columns_.size()) - 1; }
+  const RowPtr& At(int row) const { return rows_[static_cast<std::size_t>(row)]; }
+  std::vector<int> Picked(const std::vector<int>& rows) const;
   bool IsLocked(const Row& row, int column) const;
   std::string TextOf(const Row& row, int column) const;
   std::string StoredTextOf(const Row& row, int column) const;
-  std::string Before(const Row& row, int column) const;
+  std::string Before(const Row& row, int field) const;
   void Set(Row& row, int column, const std::string& text, bool copied);
-  void JudgeRow(Row& row) const;
   void Note(const RowPtr& row);
-  PastePlan Plan(int row, int column, const std::string& text) const;
-  void KeepCopiedOf(const Row& row);
-  TypedRecord Typed(const Row& row) const;
-  Values ReadRow(const Row& row) const;
+  PastePlan PlanCell(int row, int column, const std::string& text) const;
+
+  // ---- the save ----
+  class Saving;
+  std::vector<RowPtr> ChangedInOrder() const;
+  std::vector<Saving> ReadChanged() const;
+  void Refuse(Row& row, const std::string& why, GridSaved& saved);
+  void RefuseChanged(const std::vector<Saving>& types, GridSaved& saved);
+  void SaveRow(RecordSaver& saver, const Row& row, const MonthRow& now, const Context& context, GridSaved& saved);
 
   Session& s_;
   const SheetSpec* sheet_ = nullptr;
-  std::vector<const FieldSpec*> fields_;
-  const RuleSet* rules_ = nullptr;
   std::vector<GridColumn> columns_;
+  std::vector<int> places_;  // of the fields, in their record's view
+  int heads_ = 2;            // first columns, that name the record
   bool by_month_ = false;
   std::vector<RowPtr> rows_;
+  std::map<std::string, int, std::less<>> by_key_;
   std::map<std::string, RowPtr> changed_;  // by key, of other views too
   std::uint64_t revision_ = 0, shape_ = 0;
 };

@@ -2,8 +2,8 @@
 
 #include "base/number_entry.h"
 #include "base/text.h"
+#include "entry/month_rows.h"
 #include "history/notes.h"
-#include "records/structure_fields.h"
 #include "session/messages.h"
 #include "sheets/conversions.h"
 #include "sheets/sheet_form.h"
@@ -12,15 +12,11 @@
 namespace merlu {
 namespace {
 
-bool IsCopied(const FieldSpec& field) {
-  return field.mode == In::kActv && !field.column.empty() && field.stored != Stored::kText;
-}
-
-MonthRecord RecordOf(Form& form, const std::vector<FieldSpec>& fields) {
+MonthRecord RecordOf(Form& form, const SheetSpec* sheet) {
   MonthRecord record;
   record.form = &form;
-  for (const FieldSpec& field : fields)
-    if (IsCopied(field)) record.fields.push_back(&field);
+  record.fields = MonthFields(sheet);
+  record.table = MonthTable(sheet);
   return record;
 }
 
@@ -76,16 +72,14 @@ bool TakeOver(Form& form, Control& control) {
 std::optional<MonthRecord> ShownMonth(Session& s) {
   if (!s.InActv()) return std::nullopt;
   if (s.current.Is(level::kStructure)) {
-    MonthRecord record = RecordOf(*s.main, StructureFields());
-    record.table = "PA_PLATFORM_ACTV";
+    MonthRecord record = RecordOf(*s.main, nullptr);
     record.key_column = "SA_ID_AK";
     record.key = s.SA_ID_AK;
     return record;
   }
   const SheetSpec* sheet = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr;
   if (sheet == nullptr || !sheet->has_activity) return std::nullopt;
-  MonthRecord record = RecordOf(SheetForm(s, *sheet), sheet->fields);
-  record.table = sheet->ea_table();
+  MonthRecord record = RecordOf(SheetForm(s, *sheet), sheet);
   record.key_column = "EA_ID_AK";
   record.key = s.EA_ID_AK;
   return record;

@@ -1,131 +1,146 @@
 #include "entry/save_record.h"
 
-#include "qc/qc_log.h"
+#include <algorithm>
+
+#include "base/dates.h"
 #include "qc_run/run_qc.h"
+#include "qc_run/run_record.h"
 #include "records/structure_record.h"
-#include "session/messages.h"
-#include "sheets/contract.h"
-#include "sheets/sheet_form.h"
+#include "sheets/conversions.h"
 
 namespace merlu {
 namespace {
 
-constexpr const char* kStructureStatus = "chkSTRUCTURE_Status";
-
-// Puts the user back where he stood.
-class Place {
- public:
-  explicit Place(Session& s)
-      : s_(s),
-        at_(s.current),
-        keys_{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK},
-        status_(s.node_status),
-        editing_(s.editing),
-        failed_(s.save_failed) {}
-  ~Place() {
-    s_.current = at_;
-    s_.PD_ID_AK = keys_.PD_ID_AK;
-    s_.SA_ID_AK = keys_.SA_ID_AK;
-    s_.ED_ID_AK = keys_.ED_ID_AK;
-    s_.EA_ID_AK = keys_.EA_ID_AK;
-    s_.node_status = status_;
-    s_.editing = editing_;
-    s_.save_failed = failed_;
-    s_.InSaveQC = false;
-  }
-  Place(const Place&) = delete;
-  Place& operator=(const Place&) = delete;
-
- private:
-  Session& s_;
-  QCLocation at_;
-  RecordKeys keys_;
-  std::string status_;
-  bool editing_, failed_;
-};
-
-// The record's form holds the record as while it is edited, and counts as showing.
-class Edited {
- public:
-  Edited(Session& s, const TypedRecord& record)
-      : s_(s),
-        record_(record),
-        form_(record.sheet == nullptr ? *s.main : SheetForm(s, *record.sheet)),
-        was_visible_(form_.visible) {
-    if (record.sheet != nullptr) {
-      ClearFrame(s, *record.sheet);
-      LoadFrame(s, *record.sheet);
-      s.editing = true;
-      UnlockFrame(s, *record.sheet);
-    } else {
-      ClearStructure(s);
-      LoadStructure(s);
-      s.editing = true;
-      UnlockStructure(s);
-    }
-    form_.visible = true;
-  }
-  ~Edited() {
-    form_.visible = was_visible_;
-    if (record_.sheet != nullptr && !was_visible_) UnloadSheet(s_, *record_.sheet);
-  }
-  Edited(const Edited&) = delete;
-  Edited& operator=(const Edited&) = delete;
-
-  void Type() {
-    for (const auto& [name, text] : record_.texts) {
-      Control& control = form_.At(name);
-      control.touched = true;
-      if (control.kind == Kind::kList && control.text != text)
-        SelectText(form_, name, text);
-      else
-        control.text = text;
-    }
-    const std::string box = record_.sheet == nullptr ? kStructureStatus : record_.sheet->status_box();
-    if (record_.no_emissions) form_.At(box).checked = *record_.no_emissions;
-  }
-
- private:
-  Session& s_;
-  const TypedRecord& record_;
-  Form& form_;
-  bool was_visible_;
-};
+constexpr const char* kSource = "MERLU entry";
 
 // A fault that a step has shown ends the save of all.
 void RequireNoFault(const Session& s, int told) {
   if (s.faults_told == told && !s.save_failed) return;
-  throw Fault(fault_number::kNoCurrentRow, "MERLU entry", "this record could not be saved");
+  throw Fault(fault_number::kNoCurrentRow, kSource, "this record could not be saved");
+}
+
+const std::string* TextTyped(const TypedRecord& record, const std::string& control) {
+  for (const auto& [name, text] : record.texts)
+    if (name == control) return &text;
+  return nullptr;
+}
+
+// An update of the row with that key; nothing for no columns.
+void Update(Session& s, const std::string& table, const std::string& sets, const std::string& key_column, Values values,
+            std::int64_t key) {
+  if (sets.empty()) return;
+  values.emplace_back(key);
+  const std::string sql = "UPDATE " + table + " SET " + sets.substr(1) + " WHERE " + key_column + "=?";
+  if (s.db.ExecuteOn(s.db.ChangesOf(table), sql, values) != 1)
+    throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
 }
 
 }  // namespace
 
+RecordSaver::RecordSaver(Session& s)
+    : s_(s),
+      at_(s.current),
+      keys_{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK},
+      status_(s.node_status),
+      editing_(s.editing),
+      failed_(s.save_failed) {}
+
+RecordSaver::~RecordSaver() {
+  s_.current = at_;
+  s_.PD_ID_AK = keys_.PD_ID_AK;
+  s_.SA_ID_AK = keys_.SA_ID_AK;
+  s_.ED_ID_AK = keys_.ED_ID_AK;
+  s_.EA_ID_AK = keys_.EA_ID_AK;
+  s_.node_status = status_;
+  s_.editing = editing_;
+  s_.save_failed = failed_;
+}
+
+void RecordSaver::StandAt(const TypedRecord& record) {
+  s_.save_failed = false;
+  s_.current = record.at;
+  s_.PD_ID_AK = record.keys.PD_ID_AK;
+  s_.SA_ID_AK = record.keys.SA_ID_AK;
+  s_.ED_ID_AK = record.keys.ED_ID_AK;
+  s_.EA_ID_AK = record.keys.EA_ID_AK;
+  s_.node_status = record.structure_inactive ? "I" : "A";
+}
+
+SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored, const Context& context) {
+  StandAt(record);
+  const int told = s_.faults_told;
+  const bool inactive = record.no_emissions.value_or(stored.inactive);
+  TypedView typed{stored.view, inactive, &context, {}};
+  const RecordFields& fields = MonthRules(record.sheet).fields();
+  for (const auto& [control, text] : record.texts)
+    if (const int place = fields.Find(control); place >= 0) typed.view.SetText(place, text);
+  typed.view.SetChecked(fields.At(MonthStatusBox(record.sheet)), inactive);
+  SavedRecord saved;
+  saved.findings = RunQCAmongMany(s_, record.sheet, record.at, typed);
+  saved.told = std::move(typed.told);
+  saved.values = Store(record, stored, typed.view, inactive);
+  RequireNoFault(s_, told);
+  return saved;
+}
+
+Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, const RecordView& view, bool inactive) {
+  const SheetSpec* sheet = record.sheet;
+  const std::vector<const FieldSpec*>& fields = MonthFields(sheet);
+  const RecordFields& places = MonthRules(sheet).fields();
+  Values now, written;
+  std::string sets;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const FieldSpec& field = *fields[i];
+    const int place = places.At(field.control);
+    const bool touched = TextTyped(record, field.control) != nullptr;
+    const std::optional<Value> value =
+        ValueToStore(field, stored.Stored(i), {view.Text(place), view.IsChecked(place), touched});
+    now.push_back(value.value_or(stored.Stored(i)));
+    if (!value || *value == stored.Stored(i)) continue;
+    sets.append(",[").append(field.column).append("]=?");
+    written.push_back(*value);
+  }
+  const std::string* typed_comments = TextTyped(record, MonthComments(sheet));
+  const Value comments = FieldText(typed_comments != nullptr ? *typed_comments : stored.Comments());
+  const Value status = std::string(inactive ? "I" : "A");
+  if (sheet == nullptr) {
+    sets += ",COMNT_TXT=?,status=?";
+    written.push_back(comments);
+    written.push_back(status);
+    Update(s_, MonthTable(nullptr), sets, "SA_ID_AK", std::move(written), record.keys.SA_ID_AK);
+    PropagateStatus(s_, propagated_ ? record.keys.SA_ID_AK : 0);
+    propagated_ = true;
+    statuses_.emplace_back(record.keys.SA_ID_AK, inactive);
+    return now;
+  }
+  Update(s_, MonthTable(sheet), sets, "EA_ID_AK", std::move(written), record.keys.EA_ID_AK);
+  const Value date = s_.record_checked ? Value(StoredDate(s_.platform.Now())) : Value(Null{});
+  Values master;
+  master.push_back(comments);
+  master.push_back(status);
+  master.push_back(date);
+  Update(s_, "EA_EQUIP_ACTV", ",EA_COMNT_TXT=?,EA_STATUS=?,EA_QC_DT=?", "EA_ID_AK", std::move(master),
+         record.keys.EA_ID_AK);
+  propagated_ = false;
+  return now;
+}
+
+void RecordSaver::Committed() {
+  for (const auto& [key, inactive] : statuses_)
+    if (TreeRecord::Row* row = s_.activity_record.FindUid(key)) row->Status = inactive ? "I" : "A";
+}
+
 int SaveTyped(Session& s, const TypedRecord& record) {
-  const Place place(s);
-  const int told = s.faults_told;
-  s.save_failed = false;
-  s.current = record.at;
-  s.PD_ID_AK = record.keys.PD_ID_AK;
-  s.SA_ID_AK = record.keys.SA_ID_AK;
-  s.ED_ID_AK = record.keys.ED_ID_AK;
-  s.EA_ID_AK = record.keys.EA_ID_AK;
-  s.node_status = record.structure_inactive ? "I" : "A";
-  Edited edited(s, record);
-  RequireNoFault(s, told);
-  edited.Type();
-  s.InSaveQC = true;
-  RunQCAmongMany(s, record.at);
-  s.InSaveQC = false;
-  s.current = record.at;
-  if (record.sheet != nullptr)
-    SaveFrame(s, *record.sheet, s.record_checked);
-  else
-    SaveStructure(s);
-  if (TreeRecord::Row* row =
-          record.sheet == nullptr && record.no_emissions ? s.activity_record.FindUid(record.keys.SA_ID_AK) : nullptr)
-    row->Status = *record.no_emissions ? "I" : "A";
-  RequireNoFault(s, told);
-  return CountQCErrors(s, record.at);
+  Contexts contexts(s.db, record.keys.PD_ID_AK);
+  RecordSaver saver(s);
+  std::optional<SavedRecord> saved;
+  std::optional<MonthRow> stored;
+  const std::int64_t key = record.sheet == nullptr ? record.keys.SA_ID_AK : record.keys.EA_ID_AK;
+  ReadMonthRows(s.db, contexts, record.sheet, {.key = key}, [&](MonthRow row) { stored.emplace(std::move(row)); });
+  if (!stored) throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
+  saved = saver.Save(record, *stored, contexts.Of(stored->keys.PD_ID_AK, stored->at.Year, stored->at.Month));
+  saver.Committed();
+  return saved->findings;
 }
 
 }  // namespace merlu

@@ -1,15 +1,14 @@
 // The one way in which figures that were not typed on a sheet get into the store: as End Edit & Save on the record's
-// own sheet would have left them.
+// own sheet would have left them. Records are judged as they are typed, from their rows; no form is made.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "records/judge_records.h"
-#include "session/session.h"
-#include "sheets/spec.h"
+#include "entry/month_rows.h"
 
 namespace merlu {
 
@@ -23,8 +22,40 @@ struct TypedRecord {
   std::optional<bool> no_emissions;
 };
 
-// Runs the record's rules over what was typed and stores it; returns the number of its findings. A fault is passed on;
-// the caller's batch takes back what was written. The session stands where it stood, afterwards too.
+struct SavedRecord {
+  int findings = 0;
+  std::vector<std::string> told;  // what its sheet would have shown in boxes
+  Values values;                  // the month's fields as they are stored now
+};
+
+// Saves many records in the caller's batch. The session stands where it stood when it goes. Faults are passed on: the
+// caller's batch takes back what was written.
+class RecordSaver {
+ public:
+  explicit RecordSaver(Session& s);
+  ~RecordSaver();
+  RecordSaver(const RecordSaver&) = delete;
+  RecordSaver& operator=(const RecordSaver&) = delete;
+
+  // `stored`: the record as it is stored now, with its context.
+  SavedRecord Save(const TypedRecord& record, const MonthRow& stored, const Context& context);
+  // After the commit: the tree knows the statuses that were saved.
+  void Committed();
+
+ private:
+  void StandAt(const TypedRecord& record);
+  Values Store(const TypedRecord& record, const MonthRow& stored, const RecordView& view, bool inactive);
+
+  Session& s_;
+  QCLocation at_;
+  RecordKeys keys_;
+  std::string status_;
+  bool editing_, failed_;
+  bool propagated_ = false;                              // equipment has the statuses of all structures
+  std::vector<std::pair<std::int64_t, bool>> statuses_;  // of structures' months that were saved
+};
+
+// One record, read anew: its findings. A record that is gone is a fault.
 int SaveTyped(Session& s, const TypedRecord& record);
 
 }  // namespace merlu

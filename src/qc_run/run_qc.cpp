@@ -18,13 +18,13 @@ const SheetSpec* SheetAt(const QCLocation& location) {
   return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
 }
 
-void Run(Session& s, QCLocation& location) {
+void Run(Session& s, QCLocation& location, std::vector<std::string>* told) {
   if (location.Is(level::kSurvey))
     RunSurveyQC(s, location);
   else if (location.Is(level::kStructure))
     RunStructureQC(s, location, location);
   else if (const SheetSpec* sheet = SheetAt(location))
-    RunSheetQC(s, *sheet, location);
+    RunSheetQC(s, *sheet, location, told);
 }
 
 // The list of the sheet that the run was started on.
@@ -71,7 +71,7 @@ namespace {
 
 enum class Boxes { kAll, kOfFindings, kNone };
 
-std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes) {
+std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes, std::vector<std::string>* told = nullptr) {
   const QCLocation saved = location;
   int count = 0;
   try {
@@ -87,7 +87,7 @@ std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes) {
     if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No inventory is open.");
     {
       WriteBatch batch(s.db);
-      Run(s, location);
+      Run(s, location, told);
       s.current = saved;
       LoadList(s, saved);
       count = CountQCErrors(s, Counted(s, saved));
@@ -110,16 +110,20 @@ std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
   return RunAndTell(s, std::move(location), silent ? Boxes::kOfFindings : Boxes::kAll);
 }
 
-std::int16_t RunQCWithoutBox(Session& s, QCLocation location) {
-  return RunAndTell(s, std::move(location), Boxes::kNone);
+std::int16_t RunQCWithoutBox(Session& s, QCLocation location, std::vector<std::string>& told) {
+  return RunAndTell(s, std::move(location), Boxes::kNone, &told);
 }
 
-void RunQCAmongMany(Session& s, const QCLocation& at) {
-  QCLocation location = at;
+int RunQCAmongMany(Session& s, const SheetSpec* sheet, const QCLocation& at, TypedView& typed) {
   s.EquipmentInactive = s.StructureInactive = s.record_checked = false;
-  Run(s, location);
+  if (sheet == nullptr)
+    RunTypedStructureQC(s, at, typed);
+  else
+    RunTypedEquipment(s, *sheet, at, typed);
   s.current = at;
-  WithdrawByResult(s, at, CountQCErrors(s, Counted(s, at)));
+  const int count = CountQCErrors(s, at);
+  WithdrawByResult(s, at, count);
+  return s.EquipmentInactive || s.StructureInactive ? CountQCErrors(s, at) : count;
 }
 
 }  // namespace merlu

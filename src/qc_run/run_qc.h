@@ -3,8 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "session/session.h"
+#include "sheets/spec.h"
 
 namespace merlu {
 
@@ -12,9 +15,11 @@ namespace merlu {
 // sheet. A silent run keeps back the messages of a clean run only. Returns the number of findings at the
 // location and below it; 0 after a fault, which is told.
 std::int16_t RunQC(Session& s, QCLocation location, bool silent);
-// The same without any box but that of a fault.
-std::int16_t RunQCWithoutBox(Session& s, QCLocation location);
-// The same for a record that is saved among many: nothing is told, no list is filled. Faults are passed on.
-void RunQCAmongMany(Session& s, const QCLocation& at);
+// The same without any box but that of a fault; `told` takes what the record's sheet would show in one.
+std::int16_t RunQCWithoutBox(Session& s, QCLocation location, std::vector<std::string>& told);
+// The same for a month's record that is typed elsewhere than on its sheet and saved among many (no sheet: a
+// structure's): nothing is shown. Faults are passed on.
+struct TypedView;
+int RunQCAmongMany(Session& s, const SheetSpec* sheet, const QCLocation& at, TypedView& typed);
 
 }  // namespace merlu

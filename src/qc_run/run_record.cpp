@@ -29,7 +29,7 @@ Value DateOf(Session& s, const Verdicts& verdicts) {
   return s.record_checked ? Value(StoredDate(s.platform.Now())) : Value(Null{});
 }
 
-void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location) {
+void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told) {
   Form& form = SheetForm(s, sheet);
   if (sheet.has_activity && form.At(sheet.status_box()).checked) return PassOver(s, sheet, location);
   if (sheet.before_rules) sheet.before_rules(s, location);
@@ -38,7 +38,7 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location) {
   const RuleSet& rules = RulesOf(sheet);
   const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), form), context);
   ApplyVerdicts(s, location, verdicts);
-  PaintVerdicts(s, form, rules.fields(), verdicts);
+  PaintVerdicts(s, form, rules.fields(), verdicts, told);
   const Value date = DateOf(s, verdicts);
   if (!FindRecord(s, sheet, location) || !s.InActv() || !sheet.has_activity) return;
   Cursor& master = s.At("EA_EQUIP_ACTV");
@@ -49,9 +49,9 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location) {
 
 }  // namespace
 
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told) {
   s.current = location;
-  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location);
+  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location, told);
   // what could not be read is not judged
   OnSheet(s, [&] {
     const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
@@ -89,31 +89,69 @@ void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record) {
                    {date, record.keys.EA_ID_AK});
 }
 
+namespace {
+
+// A run that met a fault somewhere is none for a record that is saved among many.
+void RequireNoFaults(const Verdicts& verdicts) {
+  if (!verdicts.faults.empty()) throw Fault(verdicts.faults.front().fault);
+}
+
+void TakeMessages(const Verdicts& verdicts, std::vector<std::string>& told) {
+  for (const Verdict& verdict : verdicts.all)
+    if (!verdict.message.empty()) told.push_back(verdict.message);
+}
+
+// Brings the log to what was judged; false, with StructureInactive, for a structure that reports nothing.
+bool ApplyToStructure(Session& s, const QCLocation& location, bool inactive, const Verdicts& verdicts) {
+  s.StructureInactive = inactive;
+  if (inactive) {
+    s.record_checked = false;
+    DelQCRecordsForLocAndBelow(s, location);
+    return false;
+  }
+  ApplyVerdicts(s, location, verdicts);
+  s.record_checked = verdicts.faults.empty();
+  return true;
+}
+
+}  // namespace
+
+void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, TypedView& typed) {
+  s.current = location;
+  if (sheet.has_activity && typed.inactive) return PassOver(s, sheet, location);
+  if (sheet.before_rules) sheet.before_rules(s, location);
+  Context context = *typed.context;
+  context.saving = true;
+  Verdicts verdicts;
+  Judge(RulesOf(sheet), s.mode, typed.view, context, verdicts);
+  RequireNoFaults(verdicts);
+  ApplyVerdicts(s, location, verdicts);
+  TakeMessages(verdicts, typed.told);
+  s.record_checked = true;
+}
+
+bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& typed) {
+  const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
+  Verdicts verdicts;
+  Judge(StructureRuleSet(), s.mode, typed.view, context, verdicts);
+  RequireNoFaults(verdicts);
+  return ApplyToStructure(s, location, typed.inactive, verdicts);
+}
+
 bool RunStructureRules(Session& s, const QCLocation& location, bool on_screen) {
   bool active = true;
-  const auto run = [&](bool inactive, const Verdicts& verdicts) {
-    active = !inactive;
-    s.StructureInactive = inactive;
-    if (inactive) {
-      s.record_checked = false;
-      DelQCRecordsForLocAndBelow(s, location);
-      return;
-    }
-    ApplyVerdicts(s, location, verdicts);
-    s.record_checked = verdicts.faults.empty();
-  };
   if (on_screen) {
     const RuleSet& rules = StructureRuleSet();
     const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
     const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), *s.main), context);
-    run(s.main->At(kStructureStatus).checked, verdicts);
+    active = ApplyToStructure(s, location, s.main->At(kStructureStatus).checked, verdicts);
     if (active) PaintVerdicts(s, *s.main, rules.fields(), verdicts);
     return active;
   }
   bool found = false;
   const bool read = Plainly(s, [&] {
     found = JudgeRecord(s.db, nullptr, s.mode, CurrentRecord(s), [&](const JudgedRecord& record) {
-      run(record.inactive, *record.verdicts);
+      active = ApplyToStructure(s, location, record.inactive, *record.verdicts);
       if (active) TellFaults(s, *record.verdicts);
     });
   });

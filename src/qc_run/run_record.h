@@ -2,16 +2,33 @@
 // dated. A run in which a group of rules met a fault leaves the date empty, since the record still needs one.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "records/judge_records.h"
 #include "session/session.h"
 
 namespace merlu {
 
+// A month's record that is typed elsewhere than on its sheet, before it is stored.
+struct TypedView {
+  RecordView view;                // what its sheet would show; takes what the rules change
+  bool inactive = false;          // its box "No Emissions to Report"
+  const Context* context;         // of its month; a structure's is read by the run
+  std::vector<std::string> told;  // what its sheet would show in boxes
+};
+
 // The equipment at the location in the session's mode: on the sheet that shows, with what the user has typed there,
 // or else from its rows. Sets EquipmentInactive and judges nothing when it reports nothing. Faults are passed on.
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location);
+// `told` takes what would be shown in a box, null shows it.
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told = nullptr);
 // The same for a record that was judged from its rows.
 void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record);
+
+// The same for equipment that is typed and not yet stored, as the run that its save begins with; it is dated by what
+// stores it. A group of rules that met a fault passes it on.
+void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, TypedView& typed);
+bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& typed);
 
 // The rules of the structure at the location, on its screen, or from its rows. False, with StructureInactive, when it
 // reports nothing.

@@ -99,16 +99,29 @@ void RunSurveyQC(Session& s, QCLocation& location) {
   }
 }
 
-void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_at) {
-  const bool from_above = started_at.Level != level::kStructure;
-  s.current = location;
-  if (!RunStructureRules(s, location, !from_above)) return;
+namespace {
+
+// What follows the structure's own rules.
+void WalkAndStamp(Session& s, QCLocation& location, bool shows_progress) {
   const bool whole = s.record_checked;
   location.EquipType = location.EquipID = "NA";
-  WalkTypes(s, location, kWalkedTypes, !from_above);
+  WalkTypes(s, location, kWalkedTypes, shows_progress);
   location.Level = level::kStructure;
   s.record_checked = whole;
   StampStructure(s, whole);
+}
+
+}  // namespace
+
+void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_at) {
+  const bool from_above = started_at.Level != level::kStructure;
+  s.current = location;
+  if (RunStructureRules(s, location, !from_above)) WalkAndStamp(s, location, !from_above);
+}
+
+void RunTypedStructureQC(Session& s, QCLocation location, TypedView& typed) {
+  s.current = location;
+  if (RunTypedStructureRules(s, location, typed)) WalkAndStamp(s, location, false);
 }
 
 void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type) {

@@ -15,6 +15,10 @@ void RunSurveyQC(Session& s, QCLocation& location);
 // says so, and runs nothing then.
 void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_at);
 
+// The same for a structure's month that is typed and not yet stored.
+struct TypedView;
+void RunTypedStructureQC(Session& s, QCLocation location, TypedView& typed);
+
 // The equipment runner for all equipment of one type on the structure at the location. In activity mode a
 // walk ends at once when the first row is inactive, equipment that was checked since its last save is left
 // out, and fugitives do not run.

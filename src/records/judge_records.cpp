@@ -52,7 +52,9 @@ struct Judged {
     if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
     reader.Show(row, first, *record.context, view);
     if (status_box >= 0) view.SetChecked(status_box, record.inactive);
-    Judge(*record.rules, scope.mode, view, *record.context, verdicts);
+    record.row = &row;
+    record.more = first + reader.size();
+    if (scope.judged) Judge(*record.rules, scope.mode, view, *record.context, verdicts);
     each(record);
   }
 };
@@ -136,7 +138,7 @@ void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope,
   if (scope.key != 0) where.Add(months ? "a.SA_ID_AK=?" : "d.PD_ID_AK=?", scope.key);
   const std::string sql = months
                               ? "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
-                                    HasValues(StructureFields(), "a") + reader.Columns("d", "a") +
+                                    HasValues(StructureFields(), "a") + reader.Columns("d", "a") + scope.more +
                                     " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" +
                                     where.text + " ORDER BY a.SA_ID_AK"
                               : "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
@@ -191,7 +193,7 @@ void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, co
   std::string sql = "SELECT d.PD_ID_AK,d.ED_ID_AK,d.ED_MERLU_EQUIP_ID,";
   sql += months ? "a.EA_ID_AK,a.EA_YR,a.EA_MO,a.EA_STATUS,a.EA_QC_DT IS NOT NULL," + HasValues(sheet.fields, "t")
                 : std::string("0,0,0,NULL,d.ED_QC_DT IS NOT NULL,1");
-  sql += reader.Columns("e", "t") + EquipmentTables(sheet, scope) + where.text;
+  sql += reader.Columns("e", "t") + scope.more + EquipmentTables(sheet, scope) + where.text;
   // without a structure the type's own table leads, in the order of its keys
   if (scope.PD_ID_AK != 0) sql += months ? " ORDER BY a.EA_ID_AK" : " ORDER BY d.ED_ID_AK";
   const int status_box = rules.fields().Find(sheet.status_box());

@@ -73,6 +73,8 @@ struct JudgedRecord {
   const RecordView* view = nullptr;
   const Context* context = nullptr;
   const Verdicts* verdicts = nullptr;
+  const RowView* row = nullptr;  // that the record was read from
+  int more = 0;                  // its first column of the scope's `more`
 };
 using EachRecord = std::function<void(const JudgedRecord&)>;
 
@@ -84,6 +86,8 @@ struct RecordScope {
   std::int64_t key = 0;       // of one record: EA_ID_AK or ED_ID_AK; of a structure SA_ID_AK or PD_ID_AK
   Wanted wanted = Wanted::kWhatRulesRead;
   bool only_unchecked = false;  // an inactive month, and one with a date of last QC, is handed out unjudged
+  bool judged = true;           // no: records are handed out as they show, without verdicts
+  std::string more{};           // further columns of a month: ",a.[COL]" of its master row, ",t.[COL]" of its type's
 };
 
 // Structures, in the order of their keys in the mode.

@@ -198,15 +198,17 @@ void NewStructureRows(Session& s, const NewStructure& structure) {
   keys.Advance();
 }
 
-void PropagateStatus(Session& s) {
+void PropagateStatus(Session& s, std::int64_t only_SA_ID_AK) {
   // rows that have the status already are left alone, which spares writing the whole table
   const std::string update =
       "UPDATE EA_EQUIP_ACTV SET EA_STATUS=p.status FROM ED_EQUIP_DESC d JOIN PA_PLATFORM_ACTV p ON "
       "p.PD_ID_AK=d.PD_ID_AK "
       "WHERE d.ED_ID_AK=EA_EQUIP_ACTV.ED_ID_AK AND p.PA_YR=EA_EQUIP_ACTV.EA_YR AND p.PA_MO=EA_EQUIP_ACTV.EA_MO AND "
       "EA_EQUIP_ACTV.EA_STATUS IS NOT p.status AND EA_EQUIP_ACTV.EA_EQUIP_TYP";
-  s.db.Execute(update + "<>'FUG'");
-  s.db.Execute(update + "='FUG'");
+  const std::string which = only_SA_ID_AK == 0 ? "" : " AND p.SA_ID_AK=?";
+  const Values key = only_SA_ID_AK == 0 ? Values() : Values(1, only_SA_ID_AK);
+  s.db.Execute(update + "<>'FUG'" + which, key);
+  s.db.Execute(update + "='FUG'" + which, key);
 }
 
 }  // namespace merlu

@@ -32,7 +32,8 @@ bool StructureExists(Session& s, const std::string& complex, const std::string& 
 // Adds the description and a month's row for each month so far. Faults are passed on.
 void NewStructureRows(Session& s, const NewStructure& structure);
 
-// Gives every equipment of every structure the status of its structure, in all months.
-void PropagateStatus(Session& s);
+// Gives every equipment of every structure the status of its structure, in all months; or, where only one structure's
+// month can differ, its equipment in that month.
+void PropagateStatus(Session& s, std::int64_t only_SA_ID_AK = 0);
 
 }  // namespace merlu

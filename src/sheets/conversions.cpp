@@ -83,7 +83,7 @@ bool Fits(const FieldSpec& spec, const Value& stored) {
 
 // A save of one field must not change what another file brought into the others: neither a text that the field
 // has no form for, nor the last digits of a number, nor the case of an item.
-bool StaysAsStored(const FieldSpec& spec, const Value& stored, const Control& field) {
+bool StaysAsStored(const FieldSpec& spec, const Value& stored, const FieldContent& field) {
   const bool by_text = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed ||
                        (spec.stored == Stored::kYesNo && spec.kind == Kind::kList) || KeepsUnlisted(spec);
   if (!by_text || !spec.loads || IsNull(stored)) return false;
@@ -109,23 +109,29 @@ std::string ShownText(const FieldSpec& spec, const Value& stored) {
   }
 }
 
-void StoreField(Cursor& row, const FieldSpec& spec, const Control& field) {
-  if (StaysAsStored(spec, row.Field(spec.column), field)) return;
+std::optional<Value> ValueToStore(const FieldSpec& spec, const Value& stored, const FieldContent& field) {
+  if (StaysAsStored(spec, stored, field)) return std::nullopt;
   switch (spec.stored) {
     case Stored::kNumber:
-    case Stored::kComputed: return row.SetField(spec.column, FieldNumber(field.text));
+    case Stored::kComputed: return FieldNumber(field.text);
     case Stored::kText:
-    case Stored::kItemText: return row.SetField(spec.column, FieldText(field.text));
-    case Stored::kYesNo:
-      return row.SetField(spec.column, spec.kind == Kind::kOption ? Value(field.checked) : FieldYesNo(field.text));
-    case Stored::kDestination: return row.SetField(spec.column, StoredDestination(field.text));
+    case Stored::kItemText: return FieldText(field.text);
+    case Stored::kYesNo: return spec.kind == Kind::kOption ? Value(field.checked) : FieldYesNo(field.text);
+    case Stored::kDestination: return StoredDestination(field.text);
     case Stored::kCode: {
       const int index = IndexOf(spec, field.text, &Item::text);
-      if (index >= 0) row.SetField(spec.column, spec.items[static_cast<std::size_t>(index)].code);
-      return;
+      if (index < 0) return std::nullopt;
+      return spec.items[static_cast<std::size_t>(index)].code;
     }
-    case Stored::kNone: return;
+    case Stored::kNone: break;
   }
+  return std::nullopt;
+}
+
+void StoreField(Cursor& row, const FieldSpec& spec, const Control& field) {
+  const std::optional<Value> value =
+      ValueToStore(spec, row.Field(spec.column), {field.text, field.checked, field.touched});
+  if (value) row.SetField(spec.column, *value);
 }
 
 namespace {

@@ -1,6 +1,7 @@
 // What happens to a field on its way to the store and back.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "sheets/spec.h"
@@ -23,8 +24,16 @@ std::string DestinationItem(std::string_view stored);
 // the column of a number, or one that is no item of the list) shows as it is stored.
 std::string ShownText(const FieldSpec& spec, const Value& stored);
 
-// Sets the field's column in a cursor under change. What the user has not changed stays as it is stored, and so
-// does a list whose text is no item with a code.
+// What stands in a field when it is saved.
+struct FieldContent {
+  std::string_view text;
+  bool checked = false;
+  bool touched = false;  // the user has changed it since it was loaded
+};
+// What a save writes into the field's column; nothing when the column stays as it is: what the user has not changed,
+// and a list whose text is no item with a code.
+std::optional<Value> ValueToStore(const FieldSpec& spec, const Value& stored, const FieldContent& field);
+// Sets the field's column in a cursor under change.
 void StoreField(Cursor& row, const FieldSpec& spec, const Control& field);
 // Shows the column. Null leaves a text as the clear left it; a value that the list lacks selects nothing.
 void ShowField(Form& form, const FieldSpec& spec, const Value& value);

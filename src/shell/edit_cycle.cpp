@@ -1,5 +1,6 @@
 #include "shell/edit_cycle.h"
 
+#include <functional>
 #include <utility>
 
 #include "entry/month_record.h"
@@ -79,7 +80,7 @@ void SaveEdits(Session& s) {
 
 namespace {
 
-void SaveAndEnd(Session& s, std::int16_t (*run)(Session&, QCLocation)) {
+void SaveAndEnd(Session& s, const std::function<void(Session&, QCLocation)>& run) {
   const SavingAct act(s);
   if (s.save_failed) return;
   LeaveFields(s);
@@ -113,8 +114,10 @@ void SaveExit(Session& s) {
   SaveAndEnd(s, [](Session& at, QCLocation location) { return RunQC(at, std::move(location), true); });
 }
 
-void SaveExitWithoutBox(Session& s) {
-  SaveAndEnd(s, RunQCWithoutBox);
+std::vector<std::string> SaveExitWithoutBox(Session& s) {
+  std::vector<std::string> told;
+  SaveAndEnd(s, [&](Session& at, QCLocation location) { RunQCWithoutBox(at, std::move(location), told); });
+  return told;
 }
 
 void CancelEdit(Session& s) {

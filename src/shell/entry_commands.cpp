@@ -63,9 +63,10 @@ void SaveAndGo(Session& s, int step) {
   const bool record = s.current.Is(level::kStructure) || s.current.Is(level::kEquipment);
   if (!s.editing || !record) return;
   const std::string name = NameOfRecord(s);
-  SaveExitWithoutBox(s);
+  const std::vector<std::string> told = SaveExitWithoutBox(s);
   if (s.save_failed) return;
-  const std::string saved = name + " saved, " + Count(CountQCErrors(s, s.current), "finding");
+  std::string saved = name + " saved, " + Count(CountQCErrors(s, s.current), "finding");
+  for (const std::string& text : told) saved += ". " + text;
   const int next = NextRecord(s, s.tree.selected, step);
   if (next < 0) {
     s.message = saved + (step > 0 ? ". It is the last record." : ". It is the first record.");

@@ -155,7 +155,8 @@ bool Save(Open& open) {
     Say(open.form, saved.refused);
     return false;
   }
-  const std::string text = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
+  std::string text = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
+  for (const std::string& told : saved.told) text += ". " + told;
   open.s.message = text;
   ShowView(open);
   Say(open.form, text);

@@ -1,0 +1,205 @@
+// The month grid's way into the store: its changed records in one commit, all or none, and what is confirmed.
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include "entry/grid_row.h"
+#include "history/notes.h"
+#include "session/act.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kChanged = "another program has changed this record; save again to store what is typed";
+constexpr const char* kDeleted = "another program has deleted this record; save again to leave it out";
+constexpr const char* kInactive = "its structure reports no emissions for this month";
+constexpr std::size_t kFewRecords = 20;  // are read one by one, more as a whole month
+
+}  // namespace
+
+// The records of one type that are saved, as they are stored now.
+class MonthGrid::Saving {
+ public:
+  Saving(Database& db, std::vector<RowPtr> rows) : db_(db), rows_(std::move(rows)) { Read(); }
+
+  const std::vector<RowPtr>& rows() const { return rows_; }
+  bool IsOfStructures() const { return rows_.front()->sheet() == nullptr; }
+  // Null for one that is gone.
+  const MonthRow* Now(const Row& row) const {
+    const auto found = now_.find(row.stored.key());
+    return found == now_.end() ? nullptr : &found->second;
+  }
+  const Context& ContextOf(const MonthRow& row) { return contexts_->Of(row.keys.PD_ID_AK, row.at.Year, row.at.Month); }
+
+  void Read() {
+    now_.clear();
+    contexts_.emplace(db_);
+    const SheetSpec* sheet = rows_.front()->sheet();
+    const auto take = [&](MonthRow row) {
+      const std::int64_t key = row.key();
+      now_.emplace(key, std::move(row));
+    };
+    if (rows_.size() <= kFewRecords) {
+      for (const RowPtr& row : rows_) ReadMonthRows(db_, *contexts_, sheet, {.key = row->stored.key()}, take);
+      return;
+    }
+    std::map<int, int> months;
+    for (const RowPtr& row : rows_) ++months[row->stored.at.Month];
+    for (const auto& [month, count] : months) ReadMonthRows(db_, *contexts_, sheet, {.month = month}, take);
+  }
+
+ private:
+  Database& db_;
+  std::vector<RowPtr> rows_;
+  std::optional<Contexts> contexts_;
+  std::map<std::int64_t, MonthRow> now_;
+};
+
+// The structures, then the types in their order; in each as the tree.
+std::vector<MonthGrid::RowPtr> MonthGrid::ChangedInOrder() const {
+  std::map<const SheetSpec*, int> types;
+  int type = 0;
+  types[nullptr] = type++;
+  for (const SheetSpec* sheet : AllSheets()) types[sheet] = type++;
+  std::vector<int> rank(s_.tree.nodes.size());
+  int at = 0;
+  for (int node : s_.tree.InOrder()) rank[static_cast<std::size_t>(node)] = at++;
+  std::vector<std::pair<std::pair<int, int>, RowPtr>> order;
+  for (const auto& [key, row] : changed_) {
+    const int node = s_.tree.Find(key);
+    order.push_back({{types[row->sheet()], node < 0 ? at : rank[static_cast<std::size_t>(node)]}, row});
+  }
+  std::stable_sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<RowPtr> rows;
+  for (auto& [place, row] : order) rows.push_back(std::move(row));
+  return rows;
+}
+
+namespace {
+
+std::vector<CopiedField> CopiedNow(const std::vector<const FieldSpec*>& fields, const std::vector<bool>& copied,
+                                   const Values& values) {
+  std::vector<CopiedField> kept;
+  for (std::size_t i = 0; i < fields.size(); ++i)
+    if (copied[i]) kept.push_back({fields[i]->column, NullToEmpty(values[i])});
+  return kept;
+}
+
+bool Any(const std::vector<bool>& flags) {
+  return std::find(flags.begin(), flags.end(), true) != flags.end();
+}
+
+}  // namespace
+
+std::vector<MonthGrid::Saving> MonthGrid::ReadChanged() const {
+  std::vector<Saving> types;
+  const std::vector<RowPtr> order = ChangedInOrder();
+  for (auto begin = order.begin(), end = begin; begin != order.end(); begin = end) {
+    end = std::find_if(begin, order.end(), [&](const RowPtr& row) { return row->sheet() != (*begin)->sheet(); });
+    types.emplace_back(s_.db, std::vector<RowPtr>(begin, end));
+  }
+  return types;
+}
+
+void MonthGrid::Refuse(Row& row, const std::string& why, GridSaved& saved) {
+  row.problem = why;
+  if (saved.refused.empty()) saved.refused = row.stored.Place() + ": " + why;
+  ++revision_;
+}
+
+// Marks what another program has changed or deleted since the grid read it.
+void MonthGrid::RefuseChanged(const std::vector<Saving>& types, GridSaved& saved) {
+  for (const Saving& type : types)
+    for (const RowPtr& row : type.rows()) {
+      row->problem.clear();
+      const MonthRow* now = type.Now(*row);
+      if (now == nullptr) {
+        row->gone = true;
+        Refuse(*row, kDeleted, saved);
+      } else if (now->row != row->stored.row || now->structure_inactive != row->stored.structure_inactive) {
+        row->Rebase(*now);
+        row->gone = now->structure_inactive;
+        Refuse(*row, row->gone ? std::string(kInactive) + "; save again to leave it out" : kChanged, saved);
+      }
+    }
+}
+
+void MonthGrid::SaveRow(RecordSaver& saver, const Row& row, const MonthRow& now, const Context& context,
+                        GridSaved& saved) {
+  const SavedRecord done = saver.Save(row.Typed(), now, context);
+  saved.findings += done.findings;
+  for (const std::string& told : done.told)
+    saved.told.push_back((row.stored.id.empty() ? row.stored.structure : row.stored.id) + ": " + told);
+  if (Any(row.copied) || Any(row.kept))
+    KeepCopied(s_.companion, MonthTable(row.sheet()), row.stored.key(),
+               CopiedNow(row.fields(), row.copied, done.values));
+  ++saved.records;
+}
+
+GridSaved MonthGrid::Save() {
+  GridSaved saved;
+  std::erase_if(changed_, [](const auto& changed) { return changed.second->gone; });
+  if (changed_.empty()) return saved;
+  s_.db.NoticeOthers();
+  const Act act(s_, "Month Grid");
+  if (!act.MayWrite()) {
+    saved.refused = "Nothing was saved: there is no backup.";
+    return saved;
+  }
+  RowPtr at = changed_.begin()->second;
+  try {
+    WriteBatch batch(s_.db);
+    AllOrNothing whole(s_.db);
+    std::vector<Saving> types = ReadChanged();
+    RefuseChanged(types, saved);
+    if (!saved.refused.empty()) return saved;
+    RecordSaver saver(s_);
+    for (Saving& type : types) {
+      // structures that were saved have given their equipment their status
+      if (types.front().IsOfStructures() && !type.IsOfStructures()) type.Read();
+      for (const RowPtr& row : type.rows()) {
+        at = row;
+        const MonthRow& now = *type.Now(*row);
+        if (now.structure_inactive) throw Fault(fault_number::kNoCurrentRow, "MERLU entry", kInactive);
+        SaveRow(saver, *row, now, type.ContextOf(now), saved);
+      }
+    }
+    whole.Keep();
+    batch.Commit();
+    saver.Committed();
+    changed_.clear();
+    ++revision_;
+  } catch (const Fault& fault) {
+    saved = {};
+    Refuse(*at, fault.description, saved);
+  }
+  return saved;
+}
+
+int MonthGrid::Confirm(const std::vector<int>& picked) {
+  int confirmed = 0;
+  std::vector<RowPtr> kept;
+  for (const int number : Picked(picked)) {
+    const RowPtr row = At(number);
+    confirmed += static_cast<int>(std::count(row->copied.begin(), row->copied.end(), true));
+    if (Any(row->kept)) kept.push_back(row);
+  }
+  // what was saved as copied is confirmed at once; what is not saved yet, with the save
+  if (!kept.empty()) {
+    const Act act(s_, "Confirm Copied Values");
+    if (!act.MayWrite()) return 0;
+    WriteBatch batch(s_.db);
+    for (const RowPtr& row : kept) KeepCopied(s_.companion, MonthTable(row->sheet()), row->stored.key(), {});
+    batch.Commit();
+  }
+  for (const int number : Picked(picked)) {
+    const RowPtr row = At(number);
+    row->copied.assign(row->copied.size(), false);
+    row->kept.assign(row->kept.size(), false);
+    Note(row);
+  }
+  return confirmed;
+}
+
+}  // namespace merlu
