@@ -38,14 +38,16 @@ TEST(ScriptingDocument, has_examples_that_can_all_be_done) {
   EXPECT_EQ(status, 0) << out.str();
   EXPECT_TRUE(fs::exists(folder.path("summary.pdf")));
   EXPECT_TRUE(fs::exists(folder.path("descriptions.xlsx")));
+  EXPECT_TRUE(fs::exists(folder.path("ready.pdf")));
 }
 
 TEST(ScriptingDocument, has_an_example_of_every_command) {
   std::set<std::string> commands;
   std::istringstream in(Examples());
   for (std::string line; std::getline(in, line);) commands.insert(line.substr(0, line.find(' ')));
-  const std::set<std::string> all = {"start", "answer", "file",     "tree",  "select",  "click", "dblclick", "set",
-                                     "pick",  "get",    "controls", "forms", "session", "sql",   "clock",    "close"};
+  const std::set<std::string> all = {"start", "answer",  "file", "tree",  "select", "click", "dblclick",
+                                     "set",   "pick",    "sort", "cell",  "paste",  "get",   "controls",
+                                     "forms", "session", "sql",  "clock", "close"};
   EXPECT_EQ(commands, all);
 }
 
