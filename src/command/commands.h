@@ -20,6 +20,8 @@ Status BackUpFile(const Request& request, Console& console);
 Status TellReadiness(const Request& request, Console& console);
 Status ImportInto(const Request& request, Console& console);
 Status WriteSummary(const Request& request, Console& console);
+Status WriteWorkbook(const Request& request, Console& console);
+Status ReadWorkbook(const Request& request, Console& console);
 Status ListDifferences(const Request& request, Console& console);
 
 }  // namespace merlu

@@ -4,7 +4,6 @@
 #include <functional>
 #include <ostream>
 #include <string>
-#include <vector>
 
 namespace merlu {
 
@@ -25,10 +24,5 @@ struct Console {
 
 // A line on the run: "merlu check: FILE: why".
 void Complain(Console& console, const std::string& command, const std::string& file, const std::string& why);
-
-// A field of a line of CSV, quoted where it must be; a text that a spreadsheet would take for a formula gets an
-// apostrophe before it.
-std::string CsvField(const std::string& text);
-std::string CsvLine(const std::vector<std::string>& fields);
 
 }  // namespace merlu

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "command/lines.h"
+#include "exchange/csv.h"
 
 namespace merlu {
 namespace {

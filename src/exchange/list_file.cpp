@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "base/fault.h"
-#include "base/numbers.h"
 #include "base/text.h"
+#include "exchange/csv.h"
 #include "exchange/workbook.h"
 
 namespace merlu {
@@ -14,23 +14,11 @@ namespace {
 
 constexpr double kNarrowest = 8, kWidest = 60;
 
-std::string CsvText(std::string text) {
-  const bool formula = !text.empty() && std::string("=+-@").find(text.front()) != std::string::npos;
-  if (formula && !IsNumericText(text)) text.insert(0, 1, '\'');
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (const char c : text) {
-    if (c == '"') quoted += '"';
-    quoted += c;
-  }
-  return quoted + '"';
-}
-
 void WriteCsv(const std::string& path, const ListToWrite& list) {
   std::ofstream out(path, std::ios::binary);
   const auto line = [&](const std::function<std::string(int)>& text) {
     for (int column = 0; column < static_cast<int>(list.columns.size()); ++column)
-      out << (column == 0 ? "" : ",") << CsvText(text(column));
+      out << (column == 0 ? "" : ",") << CsvField(text(column));
     out << "\r\n";
   };
   line([&](int column) { return list.columns[static_cast<std::size_t>(column)]; });

@@ -1,10 +1,9 @@
 #include "exchange/table_file.h"
 
 #include <algorithm>
-#include <string_view>
 
-#include "base/numbers.h"
 #include "base/text.h"
+#include "exchange/csv.h"
 #include "exchange/workbook.h"
 #include "store/files.h"
 
@@ -12,12 +11,6 @@ namespace merlu {
 namespace {
 
 constexpr int kWidest = 60;
-
-// A text that a spreadsheet would take for a formula gets an apostrophe in front.
-std::string Harmless(const std::string& text) {
-  const bool formula = !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
-  return formula && !IsNumericText(text) ? "'" + text : text;
-}
 
 void WriteWorkbook(const std::vector<std::vector<std::string>>& rows, const std::string& name,
                    const std::string& path) {
@@ -43,27 +36,11 @@ void WriteWorkbook(const std::vector<std::vector<std::string>>& rows, const std:
 
 }  // namespace
 
-std::string CsvRow(const std::vector<std::string>& cells) {
-  std::string line;
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (i > 0) line += ',';
-    const std::string text = Harmless(cells[i]);
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
-      line += text;
-      continue;
-    }
-    line += '"';
-    for (const char c : text) line.append(c == '"' ? 2 : 1, c);
-    line += '"';
-  }
-  return line + "\r\n";
-}
-
 void WriteTable(const std::vector<std::vector<std::string>>& rows, const std::string& sheet, const std::string& name,
                 const std::string& path) {
   if (!Lower(name).ends_with(".csv")) return WriteWorkbook(rows, sheet, path);
   std::string text;
-  for (const std::vector<std::string>& row : rows) text += CsvRow(row);
+  for (const std::vector<std::string>& row : rows) text += CsvLine(row);
   WriteBytes(path, {text});
 }
 

@@ -11,7 +11,4 @@ namespace merlu {
 void WriteTable(const std::vector<std::vector<std::string>>& rows, const std::string& sheet, const std::string& name,
                 const std::string& path);
 
-// One row of comma-separated text with its line end.
-std::string CsvRow(const std::vector<std::string>& cells);
-
 }  // namespace merlu

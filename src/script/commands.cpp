@@ -15,7 +15,9 @@
 #include "shell/draft.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/grid_dialog.h"
+
 #include "shell/main_program.h"
+#include "shell/month_book_dialog.h"
 #include "shell/routing.h"
 
 namespace merlu {
@@ -96,6 +98,7 @@ void Player::MakeScreens() {
     MakeDialogs(session_);
     MakeExchangeDialogs(session_);
     MakeGridDialogs(session_);
+    MakeReadPlanDialog(session_);
   }
   for (const SheetSpec* sheet : AllSheets()) {
     if (session_.desk.Find(sheet->form()) != nullptr) continue;

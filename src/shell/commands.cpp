@@ -100,6 +100,8 @@ constexpr Command kCommands[] = {
     {"mnuFExport", HasWhatGoesOut, nullptr},
     {"mnuFExportInventory", HasWhatGoesOut, nullptr},
     {"frmInvQCPrint", HasWhatGoesOut, nullptr},
+    {"mnuFWorkbookMake", nullptr, InActv},
+    {"mnuFWorkbookRead", nullptr, InActv},
     {"txtTREE_Filter", nullptr, NotEditing},
 };
 

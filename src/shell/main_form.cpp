@@ -24,6 +24,7 @@
 #include "shell/help.h"
 #include "shell/history_dialog.h"
 #include "shell/main_program.h"
+#include "shell/month_book_dialog.h"
 #include "shell/print_screen.h"
 #include "shell/recent_files.h"
 #include "shell/spreadsheet.h"
@@ -72,6 +73,8 @@ constexpr MenuCommand kMenus[] = {
     {"mnuFRecentBar", "-", "mnuFile", nullptr},
     {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
     {"mnuFBackups", "&Backups...", "mnuFile", OpenBackups},
+    {"mnuFWorkbookMake", "Make Month &Workbook...", "mnuFile", MakeWorkbookOfMonth},
+    {"mnuFWorkbookRead", "Read Month W&orkbook...", "mnuFile", ReadWorkbookOfMonth},
     {"mnuEdit", "&Edit", "", nullptr},
     {"mnuSetEditMode", "Change to Activity Edit Mode", "mnuEdit", ChangeEditMode},
     {"mnuEBar1", "-", "mnuEdit", nullptr},

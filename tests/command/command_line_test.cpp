@@ -150,20 +150,5 @@ TEST(BashCompletion, offers_commands_options_choices_and_files) {
   EXPECT_EQ(Offered(folder, "merlu diff ''"), (std::set<std::string>{"one.mdb", "two.MDB"}));
 }
 
-TEST(Csv, quotes_what_must_be_and_disarms_formulas) {
-  EXPECT_EQ(CsvField("plain"), "plain");
-  EXPECT_EQ(CsvField("a,b"), "\"a,b\"");
-  EXPECT_EQ(CsvField("say \"so\""), "\"say \"\"so\"\"\"");
-  EXPECT_EQ(CsvField("two\nlines"), "\"two\nlines\"");
-  EXPECT_EQ(CsvField("=1+1"), "'=1+1");
-  EXPECT_EQ(CsvField("@SUM(A1)"), "'@SUM(A1)");
-  EXPECT_EQ(CsvField("+cmd|' /C calc'!A0"), "'+cmd|' /C calc'!A0");
-  EXPECT_EQ(CsvField("-12.5"), "-12.5");
-  EXPECT_EQ(CsvField("+3"), "+3");
-  EXPECT_EQ(CsvField("-"), "'-");
-  EXPECT_EQ(CsvField("=1,2"), "\"'=1,2\"");
-  EXPECT_EQ(CsvLine({"", "a", ""}), ",a,\r\n");
-}
-
 }  // namespace
 }  // namespace merlu::test

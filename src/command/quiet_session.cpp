@@ -1,0 +1,36 @@
+#include "command/quiet_session.h"
+
+#include "base/fault.h"
+#include "command/inventory_file.h"
+#include "command/lines.h"
+#include "shell/open_database.h"
+#include "shell/program_end.h"
+
+namespace merlu {
+
+void QuietSession::OpenCopy(const std::string& path) {
+  OpenUntouched(s.db, path, Database::Use::kPrivateCopy);
+  s.path = path;
+  s.mode = Mode::kActv;
+  s.year = static_cast<int>(ToInteger(s.db.Single("SELECT sys_yr FROM SYS_CONFIG")));
+  s.last_month = static_cast<int>(ToInteger(s.db.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG")));
+}
+
+void QuietSession::OpenFile(const std::string& path) {
+  {
+    Database looked_at;
+    OpenUntouched(looked_at, path);  // what is no inventory is not opened
+  }
+  s.path = path;
+  s.mode = Mode::kActv;
+  if (OpenDatabaseAndCursors(s)) return;
+  std::string why;
+  for (const std::string& said : quiet.said) why += (why.empty() ? "" : " ") + OneLine(said);
+  throw Fault(fault_number::kInUse, "MERLU store", why.empty() ? "The inventory could not be opened." : why);
+}
+
+QuietSession::~QuietSession() {
+  CloseDatabase(s);
+}
+
+}  // namespace merlu

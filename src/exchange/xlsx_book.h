@@ -1,0 +1,41 @@
+// An .xlsx file in the hands of libxlsxwriter, and what the library leaves to its caller.
+#pragma once
+
+#include <xlsxwriter.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace merlu {
+
+// The text as the format wants it: what only looks like an escape is escaped, and so are letters that XML does not
+// know.
+std::string EscapedForXlsx(std::string_view text);
+
+// Throws for what the library answers.
+void CheckXlsx(lxw_error error);
+
+// The rows of a sheet are written to the disk as they come, so they are put in order.
+class XlsxBook {
+ public:
+  // Temporary files lie in the file's folder.
+  explicit XlsxBook(const std::string& path);
+  ~XlsxBook();
+  XlsxBook(const XlsxBook&) = delete;
+  XlsxBook& operator=(const XlsxBook&) = delete;
+
+  lxw_workbook* get() { return workbook_; }
+  lxw_worksheet* AddSheet(const std::string& name);
+  // Once, at the end. The faults of FailFile.
+  void Close();
+
+ private:
+  void SeeRoom() const;
+
+  std::string path_, folder_;
+  std::vector<lxw_worksheet*> sheets_;
+  lxw_workbook* workbook_ = nullptr;
+};
+
+}  // namespace merlu

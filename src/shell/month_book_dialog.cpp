@@ -1,0 +1,118 @@
+#include "shell/month_book_dialog.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "entry/month_book.h"
+#include "forms/dialog.h"
+#include "session/act.h"
+#include "session/folders.h"
+#include "session/messages.h"
+#include "shell/dialog_form.h"
+#include "shell/routing.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kPlan = "lvwRDP_Plan";
+constexpr const char* kCount = "lblRDP_Count";
+
+std::string Count(std::ptrdiff_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+Form& Dialog(Session& s) {
+  return DialogForm(s, "frmReadPlan", "Read Month Workbook", [](Form& form) {
+    AddListView(form, kPlan, "What the workbook changes:", {"Place", "Field", "Old", "New", "What happens"},
+                std::make_shared<RowsModel>());
+    AddLabel(form, kCount, "");
+    AddButton(form, "cmdOK", "Apply");
+    AddButton(form, "cmdCANCEL", "Cancel");
+    form.default_button = "cmdOK";
+    form.cancel_button = "cmdCANCEL";
+  });
+}
+
+std::string CountText(const std::vector<BookChange>& changes) {
+  const auto applied = std::count_if(changes.begin(), changes.end(), [](const BookChange& c) { return c.Applies(); });
+  const auto refused = std::count_if(changes.begin(), changes.end(), [](const BookChange& c) { return c.IsRefused(); });
+  return Count(applied, "value") + " to store, " + std::to_string(refused) + " refused, " +
+         std::to_string(static_cast<std::ptrdiff_t>(changes.size()) - applied - refused) + " as stored";
+}
+
+// False when nothing was stored; it was said why.
+bool Apply(Session& s, MonthGrid& grid) {
+  GridSaved saved;
+  const bool done = OnSheet(s, [&] {
+    const Busy busy(s);
+    const Act act(s, "Month Workbook");
+    if (act.MayWrite()) saved = grid.Save();
+  });
+  if (!saved.refused.empty()) Tell(s, saved.refused, Icon::kWarning);
+  if (!done || saved.records == 0) return false;
+  s.message = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
+  return true;
+}
+
+void ShowPlan(Session& s, MonthGrid& grid, const std::vector<BookChange>& changes) {
+  Form& form = Dialog(s);
+  std::vector<RowsModel::Row> rows;
+  for (const BookChange& change : changes)
+    rows.push_back({change.place, change.field, change.old_text, change.new_text, change.what});
+  static_cast<RowsModel&>(*form.At(kPlan).model).Set(std::move(rows));
+  form.At(kCount).caption = form.At(kCount).text = CountText(changes);
+  form.At("cmdOK").enabled = grid.ChangedRecords() > 0;
+  form.On("cmdOK", Event::kClick, [&s, &form, &grid] {
+    if (Apply(s, grid)) s.desk.Hide(form);
+  });
+  ShowDialog(s.desk, s.platform, form);
+  form.On("cmdOK", Event::kClick, [] {});
+  static_cast<RowsModel&>(*form.At(kPlan).model).Set({});
+  // the record that shows may have been saved
+  ClearSheet(s);
+  LoadSheet(s);
+  LockSheet(s);
+}
+
+}  // namespace
+
+void MakeReadPlanDialog(Session& s) {
+  Dialog(s);
+}
+
+void MakeWorkbookOfMonth(Session& s) {
+  if (s.editing || !s.InActv()) return;
+  const int month = s.current.Month > 0 ? s.current.Month : s.last_month;
+  if (month < 1) return Tell(s, "There is no month yet.");
+  const std::string path = s.platform.AskFile(
+      {FileQuestion::Kind::kSave, "Make Month Workbook", "Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"});
+  if (path.empty()) return;
+  const bool done = OnSheet(s, [&] {
+    const Busy busy(s);
+    const MonthBook book = MakeMonthBook(s, month);
+    WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) { WriteMonthBook(book, unfinished); });
+  });
+  if (done) Tell(s, "Done.");
+}
+
+void ReadWorkbookOfMonth(Session& s) {
+  if (s.editing || !s.InActv()) return;
+  const std::string path = s.platform.AskFile(
+      {FileQuestion::Kind::kOpen,
+       "Read Month Workbook",
+       "Excel Workbook (*.xlsx)",
+       "*.xlsx",
+       ".xlsx",
+       {{"OpenDocument Spreadsheet (*.ods)", "*.ods", ".ods"}, {"Comma-separated values (*.csv)", "*.csv", ".csv"}}});
+  if (path.empty()) return;
+  MonthGrid grid(s);
+  std::vector<BookChange> changes;
+  const bool done = OnSheet(s, [&] {
+    const Busy busy(s);
+    s.db.NoticeOthers();
+    changes = PlanMonthBook(s, ReadMonthBook(path), grid);
+  });
+  if (done) ShowPlan(s, grid, changes);
+}
+
+}  // namespace merlu
