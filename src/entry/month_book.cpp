@@ -1,7 +1,6 @@
 #include "entry/month_book.h"
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 #include "base/text.h"
@@ -99,19 +98,17 @@ class Planner {
       return;
     }
     grid_.ShowMonth(spec, sheet.month);
-    rows_.clear();
-    for (int row = 0; row < grid_.RowCount(); ++row) rows_[grid_.RowKey(row)] = row;
     for (const ReadRecord& record : sheet.records) {
       const QCLocation at = ParseNodeKey(record.key);
-      const auto found = rows_.find(record.key);
+      const int row = grid_.FindRow(record.key);
       if (at.Month != sheet.month && at.Month != 0)
         Refuse(sheet, record, "another month");
-      else if (found == rows_.end())
+      else if (row < 0)
         Refuse(sheet, record, "no such record");
       else if (!seen_.insert(record.key).second)
         Refuse(sheet, record, "twice in the workbook");
       else
-        PlanRecord(sheet, found->second, record);
+        PlanRecord(sheet, row, record);
     }
   }
 
@@ -170,18 +167,10 @@ class Planner {
       change.what = "inactive";
       return;
     }
-    bool asked = false;
-    grid_.approve = [&](const std::vector<PastePlan>& plan) {
-      asked = true;
-      change.what = plan.front().what;
-      change.new_text = plan.front().new_text;
-      return true;
-    };
-    grid_.Paste(row, column, {{change.new_text}});
-    grid_.approve = nullptr;
-    if (asked) return;
-    change.new_text = grid_.Cell(row, column).text;
-    change.what = change.new_text == change.old_text ? "same" : "set";
+    const PastePlan plan = grid_.Plan(row, column, {{change.new_text}}).front();
+    change.what = plan.what;
+    change.new_text = plan.new_text;
+    if (plan.Applies()) grid_.SetCell(row, column, plan.new_text);
   }
 
   // What keeps a cell out whatever its field takes.
@@ -196,7 +185,6 @@ class Planner {
   MonthGrid& grid_;
   std::string operator_;
   int month_ = 0;
-  std::map<std::string, int> rows_;  // of the sheet, by key
   std::set<std::string> seen_;
 };
 

@@ -15,7 +15,6 @@
 #include "shell/draft.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/grid_dialog.h"
-
 #include "shell/main_program.h"
 #include "shell/month_book_dialog.h"
 #include "shell/routing.h"

@@ -1,0 +1,129 @@
+// merlu workbook and merlu read.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "command/commands.h"
+#include "entry/month_book.h"
+#include "shell/program_end.h"
+#include "support/test_run.h"
+
+namespace merlu::test {
+namespace {
+
+using Files = std::map<std::string, std::string>;
+
+class ReadCommand : public testing::Test {
+ protected:
+  ReadCommand() {
+    run.StartWithStructure();
+    run.AddEquipment("FLA", "F1");
+    run.GoTo("FLA", "F1", Mode::kActv);
+    run.Keep({{"txtFLA_HrsOperated", "700"}});
+    book = MakeMonthBook(run.s, 1);
+    CloseDatabase(run.s);
+  }
+  Status Play(const std::string& command, std::vector<std::string> options) {
+    std::ostringstream out_stream, err_stream;
+    Console console{out_stream, err_stream};
+    options.insert(options.begin(), run.s.path);
+    const Status status = RunCommand(*FindCommand(command), options, console);
+    out = out_stream.str();
+    err = err_stream.str();
+    return status;
+  }
+  std::string FilledIn(const std::string& hours) {
+    book.sheets.back().rows[0].cells[0].text = hours;
+    WriteMonthBook(book, elsewhere.path("filled.xlsx"));
+    return elsewhere.path("filled.xlsx");
+  }
+  Files Folder() const {
+    Files files;
+    for (const auto& entry : fs::recursive_directory_iterator(run.folder.path())) {
+      std::ifstream in(entry.path(), std::ios::binary);
+      files[entry.path()] = entry.is_regular_file()
+                                ? std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>())
+                                : "";
+    }
+    return files;
+  }
+  // The lines of what is not as it is stored.
+  std::string Changes() const {
+    std::istringstream in(out);
+    std::string changes;
+    for (std::string line; std::getline(in, line);)
+      if (line.find("\"action\":\"same\"") == std::string::npos) changes += line + "\n";
+    return changes;
+  }
+  Value Hours() const { return RawValue(run.s.path, "SELECT OP_HR FROM EA_FLA"); }
+
+  TestRun run;
+  TemporaryFolder elsewhere;
+  MonthBook book;
+  std::string out, err;
+};
+
+TEST_F(ReadCommand, takes_a_workbook_that_was_filled_in) {
+  const Files before = Folder();
+  const std::string file = elsewhere.path("month.xlsx");
+  EXPECT_EQ(Play("workbook", {"--month", "1", "-o", file}), Status::kWell) << err;
+  EXPECT_EQ(Folder(), before);
+  EXPECT_EQ(Play("workbook", {"--month", "1", "-o", file}), Status::kFile);
+  EXPECT_EQ(Play("workbook", {"--month", "1", "-o", file, "--force"}), Status::kWell);
+  EXPECT_EQ(Play("workbook", {"--month", "2", "-o", file, "--force"}), Status::kSomething);
+  EXPECT_NE(err.find("It has no month 2."), std::string::npos) << err;
+  EXPECT_EQ(Play("read", {"--from", file}), Status::kWell) << err;
+  EXPECT_EQ(Changes(), "");
+}
+
+TEST_F(ReadCommand, tells_beforehand_what_it_would_store) {
+  const Files before = Folder();
+  EXPECT_EQ(Play("read", {"--from", FilledIn("710"), "--dry-run"}), Status::kWell) << err;
+  EXPECT_EQ(Changes(),
+            "{\"place\":\"2017/01 · GI, 43, A · Combustion Flare: F1\",\"field\":\"Hours Operated (hrs), including "
+            "upsets\",\"control\":\"txtFLA_HrsOperated\",\"old\":\"700\",\"new\":\"710\",\"action\":\"changed\"}\n");
+  EXPECT_EQ(Folder(), before);
+}
+
+TEST_F(ReadCommand, stores_one_step) {
+  EXPECT_EQ(Play("read", {"--from", FilledIn("710")}), Status::kWell) << err;
+  EXPECT_EQ(Hours(), Value(710.0));
+  run.Start(run.s.path);
+  EXPECT_EQ(run.At("mnuEUndo").caption, "Undo Month Workbook");
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Hours(), Value(700.0));
+}
+
+TEST_F(ReadCommand, stores_what_can_be_and_tells_what_cannot) {
+  for (BookRow& row : book.sheets.front().rows) row.cells[0].text = "much";
+  EXPECT_EQ(Play("read", {"--from", FilledIn("710")}), Status::kSomething);
+  EXPECT_NE(out.find("\"new\":\"much\",\"action\":\"not a number\"}"), std::string::npos) << out;
+  EXPECT_EQ(Hours(), Value(710.0));
+}
+
+TEST_F(ReadCommand, needs_the_file_for_itself) {
+  const std::string file = FilledIn("710");
+  TestRun window;
+  window.Start(run.s.path);
+  EXPECT_EQ(Play("read", {"--from", file}), Status::kFile);
+  EXPECT_NE(err, "");
+  EXPECT_EQ(Play("read", {"--from", file, "--dry-run"}), Status::kWell) << err;
+  EXPECT_EQ(Play("workbook", {"--month", "1", "-o", elsewhere.path("m.xlsx")}), Status::kWell) << err;
+  EXPECT_EQ(Hours(), Value(700.0));
+}
+
+TEST_F(ReadCommand, tells_what_is_no_workbook) {
+  const Files before = Folder();
+  const std::string file = elsewhere.path("text.xlsx");
+  std::ofstream(file) << "no workbook";
+  EXPECT_EQ(Play("read", {"--from", file}), Status::kFile);
+  EXPECT_EQ(err, "merlu read: The file is not a workbook.\n");
+  EXPECT_EQ(Play("read", {"--from", elsewhere.path("none.csv")}), Status::kFile);
+  EXPECT_EQ(Folder(), before);
+  EXPECT_EQ(Play("read", {}), Status::kWrongUsage);
+}
+
+}  // namespace
+}  // namespace merlu::test
