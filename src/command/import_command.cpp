@@ -5,14 +5,11 @@
 #include "command/commands.h"
 #include "command/inventory_file.h"
 #include "command/lines.h"
-#include "command/quiet.h"
+#include "command/quiet_session.h"
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "history/backups.h"
 #include "session/act.h"
-#include "session/folders.h"
-#include "shell/open_database.h"
-#include "shell/program_end.h"
 
 namespace merlu {
 namespace {
@@ -54,25 +51,12 @@ void WritePlan(const ImportPlan& plan, Console& console) {
                              {"months_there", one.months_there}});
 }
 
-ImportPlan DoImport(const std::string& path, Database& file, const std::vector<StructureName>& chosen,
-                    Console& console) {
-  Quiet quiet;
-  Session s(quiet);
-  s.path = path;
-  if (!OpenDatabaseAndCursors(s)) {
-    for (const std::string& said : quiet.said) Complain(console, "import", path, OneLine(said));
-    throw Fault(fault_number::kInUse, "MERLU store", "The inventory could not be opened.");
-  }
-  const std::size_t slash = path.find_last_of('/');
-  MakeBackup(s.db, OwnFilesOf(s), quiet.Now(), backup_reason::kImport,
-             quiet.FreeBytes(slash == std::string::npos ? "." : path.substr(0, slash + 1)));
-  ImportPlan plan;
-  {
-    const Act act(s, "Import");
-    plan = ImportStructures(s, file, chosen, Import::kDo);
-  }
-  CloseDatabase(s);
-  return plan;
+ImportPlan DoImport(const std::string& path, Database& file, const std::vector<StructureName>& chosen) {
+  QuietSession session;
+  session.OpenFile(path);
+  BackUp(session.s, backup_reason::kImport);
+  const Act act(session.s, "Import");
+  return ImportStructures(session.s, file, chosen, Import::kDo);
 }
 
 }  // namespace
@@ -87,7 +71,9 @@ Status ImportInto(const Request& request, Console& console) {
   const std::vector<StructureName> chosen = Chosen(request, file, console, all_there);
   if (!all_there) return Status::kSomething;
   const bool dry = request.Has("--dry-run");
-  const ImportPlan plan = dry ? PlanImport(working, file, chosen) : DoImport(path, file, chosen, console);
+  ImportPlan plan = PlanImport(working, file, chosen);
+  working.Close();
+  if (!dry && plan.adds) plan = DoImport(path, file, chosen);
   if (dry) WritePlan(plan, console);
   if (!plan.adds) Complain(console, "import", request.Text("--from"), plan.refusal);
   if (!dry && plan.adds)

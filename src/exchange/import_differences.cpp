@@ -3,8 +3,11 @@
 #include <map>
 
 #include "base/text.h"
+#include "records/structure_fields.h"
+#include "session/place.h"
 #include "session/types.h"
 #include "sheets/units.h"
+#include "sheets/wording.h"
 
 namespace merlu {
 namespace {
@@ -12,45 +15,48 @@ namespace {
 // Rows of one table that belong to the structure, by their place in it.
 struct Compared {
   std::string table;
-  std::string place;  // SQL of the place's text
+  std::string month, equipment;  // SQL of the two parts of the place
   std::string from;   // SQL behind FROM, in which the table is called t, with the structure's key as parameter
   std::string type;   // of equipment, else empty
   bool first = true;  // of its record's tables: tells when the record is missing
 };
 
-struct SameIds {
-  bool operator()(const std::string& a, const std::string& b) const { return CompareIds(a, b) < 0; }
+// A record within its structure: its month, 0 for a description, and its equipment in words.
+using Place = std::pair<int, std::string>;
+struct Before {
+  bool operator()(const Place& a, const Place& b) const {
+    return a.first != b.first ? a.first < b.first : CompareIds(a.second, b.second) < 0;
+  }
 };
 struct PlacedRow {
   std::vector<std::string> columns;
   Values values;
 };
-using PlacedRows = std::map<std::string, PlacedRow, SameIds>;
+using PlacedRows = std::map<Place, PlacedRow, Before>;
 
 constexpr const char* kRowMissing = "(missing)";
 
 std::vector<Compared> ComparedTables() {
   const std::string of_structure = " WHERE t.PD_ID_AK=?", of_equipment = " WHERE e.PD_ID_AK=?";
-  const std::string month = "printf('%02d',t.PA_MO)", equipment_month = "printf('%02d',a.EA_MO)";
   std::vector<Compared> tables = {
-      {"PD_PLATFORM_DESC", "''", "PD_PLATFORM_DESC t" + of_structure, ""},
-      {"PA_PLATFORM_ACTV", month, "PA_PLATFORM_ACTV t" + of_structure, ""},
+      {"PD_PLATFORM_DESC", "0", "''", "PD_PLATFORM_DESC t" + of_structure, ""},
+      {"PA_PLATFORM_ACTV", "t.PA_MO", "''", "PA_PLATFORM_ACTV t" + of_structure, ""},
   };
   for (const EquipmentType& type : EquipmentTypes()) {
     const std::string code(type.code);
     const std::string name = "'" + std::string(type.tree_name) + ": '||e.ED_MERLU_EQUIP_ID";
     const std::string is_type = of_equipment + " AND e.ED_EQUIP_TYP='" + code + "'";
-    tables.push_back({"ED_EQUIP_DESC", name, "ED_EQUIP_DESC t JOIN ED_EQUIP_DESC e USING (ED_ID_AK)" + is_type, code});
     tables.push_back(
-        {"ED_" + code, name, "ED_" + code + " t JOIN ED_EQUIP_DESC e USING (ED_ID_AK)" + is_type, code, false});
-    const std::string in_month = equipment_month + "||' · '||" + name;
-    tables.push_back({"EA_EQUIP_ACTV", in_month,
+        {"ED_EQUIP_DESC", "0", name, "ED_EQUIP_DESC t JOIN ED_EQUIP_DESC e USING (ED_ID_AK)" + is_type, code});
+    tables.push_back(
+        {"ED_" + code, "0", name, "ED_" + code + " t JOIN ED_EQUIP_DESC e USING (ED_ID_AK)" + is_type, code, false});
+    tables.push_back({"EA_EQUIP_ACTV", "a.EA_MO", name,
                       "EA_EQUIP_ACTV t JOIN EA_EQUIP_ACTV a USING (EA_ID_AK) JOIN ED_EQUIP_DESC e ON "
                       "e.ED_ID_AK=a.ED_ID_AK" +
                           is_type,
                       code});
     if (type.has_activity)
-      tables.push_back({"EA_" + code, in_month,
+      tables.push_back({"EA_" + code, "a.EA_MO", name,
                         "EA_" + code +
                             " t JOIN EA_EQUIP_ACTV a USING (EA_ID_AK) JOIN ED_EQUIP_DESC e ON "
                             "e.ED_ID_AK=a.ED_ID_AK" +
@@ -61,9 +67,11 @@ std::vector<Compared> ComparedTables() {
 }
 
 PlacedRows Read(Database& db, const Compared& table, std::int64_t key) {
-  const Rows rows = db.Query("SELECT " + table.place + " AS place,t.* FROM " + table.from, {key});
+  const Rows rows =
+      db.Query("SELECT " + table.month + " AS place," + table.equipment + " AS place,t.* FROM " + table.from, {key});
   PlacedRows placed;
-  for (const Values& values : rows.rows) placed[NullToEmpty(values[0])] = {rows.columns, values};
+  for (const Values& values : rows.rows)
+    placed[{static_cast<int>(ToInteger(values[0])), NullToEmpty(values[1])}] = {rows.columns, values};
   return placed;
 }
 
@@ -75,13 +83,14 @@ bool IsCompared(const std::string& column) {
 
 // As the sheet calls it, or as the table does.
 std::string FieldName(const Compared& table, const std::string& column) {
-  if (table.type.empty()) return column;
-  const SheetSpec* sheet = FindSheet(table.type);
-  if (sheet == nullptr) return column;
-  for (const FieldSpec& field : sheet->fields)
-    if (EqualsIgnoringCase(field.column, column) &&
-        table.table == (field.mode == In::kActv ? "EA_" : "ED_") + table.type)
-      return field.tag.empty() ? field.caption : field.tag;
+  const SheetSpec* sheet = table.type.empty() ? nullptr : FindSheet(table.type);
+  if (!table.type.empty() && sheet == nullptr) return column;
+  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureFields() : sheet->fields;
+  const std::string months = sheet == nullptr ? "PA_PLATFORM_ACTV" : "EA_" + table.type;
+  const std::string description = sheet == nullptr ? "PD_PLATFORM_DESC" : "ED_" + table.type;
+  for (const FieldSpec& field : fields)
+    if (EqualsIgnoringCase(field.column, column) && table.table == (field.mode == In::kActv ? months : description))
+      return field.tag.empty() ? BareCaption(field.caption) : field.tag;
   return column;
 }
 
@@ -107,17 +116,23 @@ void CompareRows(const Compared& table, const std::string& place, const PlacedRo
 std::vector<ImportDifference> FindDifferences(Database& working, std::int64_t here, Database& file,
                                               std::int64_t there) {
   std::vector<ImportDifference> differences;
+  const auto year = static_cast<int>(ToInteger(working.Single("SELECT sys_yr FROM SYS_CONFIG LIMIT 1")));
+  std::string structure;
+  working.ForEach("SELECT Area,Block,Name FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {here}, [&](const RowView& row) {
+    structure = std::string(row.Text(0)).append(", ").append(row.Text(1)).append(", ").append(row.Text(2));
+  });
+  const auto words = [&](const Place& place) { return JoinPlace(place.first, year, structure, place.second); };
   for (const Compared& table : ComparedTables()) {
     const PlacedRows ours = Read(working, table, here), theirs = Read(file, table, there);
     for (const auto& [place, row] : ours) {
       const auto found = theirs.find(place);
       if (found != theirs.end())
-        CompareRows(table, place, row, found->second, differences);
+        CompareRows(table, words(place), row, found->second, differences);
       else if (table.first)
-        differences.push_back({place, "", "", kRowMissing});
+        differences.push_back({words(place), "", "", kRowMissing});
     }
     for (const auto& [place, row] : theirs)
-      if (table.first && !ours.contains(place)) differences.push_back({place, "", kRowMissing, ""});
+      if (table.first && !ours.contains(place)) differences.push_back({words(place), "", kRowMissing, ""});
   }
   return differences;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "base/text.h"
 #include "exchange/export_file.h"
@@ -332,13 +333,21 @@ void PreviewImport(Session& s, Form& form) {
 void ImportPickedStructures(Session& s, Form& form) {
   const std::vector<StructureName> names = StructuresToImport(s, form);
   if (names.empty()) return;
-  if (!BackUpOrAsk(s, backup_reason::kImport)) return;
-  const Act act(s, "Import");
-  if (!act.MayWrite()) return;
   try {
     ImportPlan plan;
     {
       const Working working(s, "Import", "Checking the file");
+      plan = ImportStructures(s, s.exchange, names, Import::kPlan);
+    }
+    // what is refused costs no backup and is no step
+    std::optional<Act> act;
+    if (plan.adds) {
+      if (!BackUpOrAsk(s, backup_reason::kImport)) return;
+      act.emplace(s, "Import");
+      if (!act->MayWrite()) return;
+    }
+    {
+      const Working working(s, "Import", "Reading the file");
       plan = ImportStructures(s, s.exchange, names, Import::kDo);
     }
     if (!plan.adds) return Tell(s, plan.refusal);
