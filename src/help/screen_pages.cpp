@@ -62,6 +62,10 @@ std::vector<HelpPage> ScreenPages() {
                   "Twelve Months",
                   {"01", "02", "03", "04", "05", "06", "07", "08", "09", "10", "11", "12"}},
              }),
+      Screen("Month workbook",
+             {
+                 {"lvwRDP_Plan", "What the workbook changes:", {"Place", "Field", "Old", "New", "What happens"}},
+             }),
       Screen("Import preview",
              {
                  {"lvwPLN_Structures",

@@ -41,6 +41,7 @@ constexpr DialogHelp kDialogHelp[] = {
     {"frmGrid", "", "Month grid help.rtf", ""},
     {"frmPaste", "", "Month grid help.rtf", "Pasting"},
     {"frmStrip", "", "Twelve months help.rtf", ""},
+    {"frmReadPlan", "", "Month workbook help.rtf", ""},
     {"frmImportPlan", "", "Import preview help.rtf", ""},
     {"frmHistory", "", "History help.rtf", ""},
     {"frmDraft", "", "Interrupted edit help.rtf", ""},

@@ -15,6 +15,7 @@
 #include "shell/help.h"
 #include "shell/history_dialog.h"
 #include "shell/import_plan_dialog.h"
+#include "shell/month_book_dialog.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -33,6 +34,7 @@ class ScreenHelp : public testing::Test {
     run.ChangeTo(Mode::kActv);
     Form& draft = DraftDialog(run.s);
     MakeImportPlanDialog(run.s);
+    MakeReadPlanDialog(run.s);
     const auto close = [](Form& form) { form.Raise(form.cancel_button, Event::kClick); };
     run.dialogs = {close, close, close};
     OpenHandIn(run.s);
@@ -42,6 +44,7 @@ class ScreenHelp : public testing::Test {
              {"Completeness", {&CompletenessDock(run.s)}},
              {"Hand-in", {run.s.desk.Find("frmHandIn")}},
              {"Month grid", {run.s.desk.Find("frmGrid")}},
+             {"Month workbook", {run.s.desk.Find("frmReadPlan")}},
              {"Import preview", {run.s.desk.Find("frmImportPlan")}},
              {"History", {&HistoryDialog(run.s)}},
              {"Interrupted edit", {&draft}},
