@@ -37,7 +37,7 @@ enum class History { kKept, kNone };
 // The program on a file, with its history or without a recorder and a companion.
 struct Run {
   Run(const std::string& path, History history) : opened(path), s(opened.s) {
-    if (history == History::kNone) OpenWithoutHistory();
+    if (history == History::kNone) CloseHistory(s);
   }
 
   // A commit of the history before the time is taken, so that its file is there.
@@ -48,18 +48,6 @@ struct Run {
 
   Opened opened;
   Session& s;
-
- private:
-  void OpenWithoutHistory() {
-    std::vector<std::string> tables;
-    for (const RecordedTable& table : *s.db.recorder().tables())
-      if (!table.IsAttached()) tables.push_back(table.name);
-    s.cursors.Close();
-    s.companion.Close();
-    s.db.Close();
-    s.db.Open(s.path);
-    for (const std::string& table : tables) s.cursors.Open(s.db, table);
-  }
 };
 
 // ---- a save ----

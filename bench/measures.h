@@ -20,6 +20,8 @@ std::vector<Measure> QCMeasures(const Workshop& shop);
 std::vector<Measure> AnnualMeasures(const Workshop& shop);
 // Export of a survey, import of structures.
 std::vector<Measure> ExchangeMeasures(const Workshop& shop);
+// The month grid: read, judged, pasted into, saved.
+std::vector<Measure> GridMeasures(const Workshop& shop);
 // What the history adds to a save, a run, an import and a commit, beside the program without it; undo.
 std::vector<Measure> HistoryMeasures(const Workshop& shop);
 

@@ -39,6 +39,7 @@ int Run() {
   Register(QCMeasures(shop));
   Register(AnnualMeasures(shop));
   Register(ExchangeMeasures(shop));
+  Register(GridMeasures(shop));
   Register(HistoryMeasures(shop));
   TableReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -119,6 +119,17 @@ void Opened::ExpectSilence() const {
   if (platform.boxes() > 0) throw std::runtime_error("the program told: " + platform.last_box());
 }
 
+void CloseHistory(Session& s) {
+  std::vector<std::string> tables;
+  for (const RecordedTable& table : *s.db.recorder().tables())
+    if (!table.IsAttached()) tables.push_back(table.name);
+  s.cursors.Close();
+  s.companion.Close();
+  s.db.Close();
+  s.db.Open(s.path);
+  for (const std::string& table : tables) s.cursors.Open(s.db, table);
+}
+
 long PeakKilobytesOfStart(const std::string& path) {
   int ends[2];
   if (::pipe(ends) != 0) return 0;

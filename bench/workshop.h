@@ -48,6 +48,9 @@ struct Opened {
   void ExpectSilence() const;
 };
 
+// Goes on without a recorder and a companion.
+void CloseHistory(Session& s);
+
 // Most memory that a process of its own had in use while it started on the file, in KB; 0 when it failed.
 long PeakKilobytesOfStart(const std::string& path);
 

@@ -2,7 +2,9 @@
 
 #include <QCloseEvent>
 
+#include "desktop/strip_bars.h"
 #include "desktop/table_panel.h"
+#include "shell/strip_dock.h"
 
 namespace merlu {
 
@@ -10,13 +12,17 @@ DockWindow::DockWindow(Acts& acts, Form& form, QWidget* parent)
     : QDockWidget(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   auto* place = new QWidget(this);
-  FillTablePanel(*place, binding_);
+  if (form.name() == strip_dock::kForm)
+    bars_ = FillStripPanel(*place, binding_, acts_);
+  else
+    FillTablePanel(*place, binding_);
   setWidget(place);
 }
 
 void DockWindow::Sync() {
   setWindowTitle(QString::fromStdString(form().caption));
   binding_.Sync();
+  if (bars_ != nullptr) bars_->Sync();
   binding_.TakeFocus();
 }
 

@@ -21,6 +21,7 @@ class DockWindow : public QDockWidget {
  private:
   Acts& acts_;
   FormBinding binding_;
+  class StripBars* bars_ = nullptr;  // of the strip
 };
 
 }  // namespace merlu

@@ -29,9 +29,11 @@ namespace {
 // What the style sheet paints behind the text of the field.
 QColor GroundOf(const QWidget& field) {
   const QPalette palette = QApplication::palette();
-  if (!field.isEnabled() || field.property("look") == "face") return FaceColour(palette);
+  const bool copied = field.property("copied").toBool();
+  if (!field.isEnabled()) return FaceColour(palette);
+  if (field.property("look") == "face") return copied ? CopiedFace(palette) : FaceColour(palette);
   if (field.property("look") == "flag") return kFlagBack;
-  return field.property("copied").toBool() ? CopiedGround(palette) : palette.color(QPalette::Base);
+  return copied ? CopiedGround(palette) : palette.color(QPalette::Base);
 }
 
 }  // namespace
@@ -246,10 +248,11 @@ void ListField::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool flagged = isEnabled() && back_ == Back::kFlag;
   const bool plain = isEnabled() && back_ == Back::kWindow;
-  const QColor ground = flagged            ? QColor(kFlagBack)
-                        : plain && copied_ ? CopiedGround(palette())
-                        : plain            ? palette().color(QPalette::Base)
-                                           : FaceColour(palette());
+  const QColor ground = flagged                  ? QColor(kFlagBack)
+                        : plain && copied_       ? CopiedGround(palette())
+                        : plain                  ? palette().color(QPalette::Base)
+                        : isEnabled() && copied_ ? CopiedFace(palette())
+                                                 : FaceColour(palette());
   const QColor ink = InkOfText();
   const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
   const QColor border = focused ? Accent(palette()) : plain ? Border(palette()) : Line(palette());

@@ -52,6 +52,10 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(a
     FillTablePanel(*this, binding_);
   else
     FillGrid();
+  // a grid takes the room that there is
+  constexpr int kAside = 24;
+  if (IsTablePanel(form) && parent != nullptr)
+    resize(parent->window()->size().expandedTo(minimumSizeHint()) - QSize(kAside, kAside));
 }
 
 void FormDialog::FillGrid() {

@@ -36,6 +36,7 @@ GridView::GridView(Acts& acts, Form& form, const Control& control, QWidget* pare
   horizontalHeader()->setDefaultAlignment(Qt::Alignment(Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap));
   horizontalHeader()->setFixedHeight(kHeadLines * fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
+  verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 2 * kAboveAndBelow);
   connect(cells, &GridCells::Typed, this, [this](int row, int column, const QString& text) {
@@ -87,10 +88,12 @@ void GridView::MakeFixed() {
   if (fixed <= 0) return;
   fixed_ = new QTableView(this);
   fixed_->setModel(adapter_);
-  fixed_->setItemDelegate(itemDelegate());
+  fixed_->setItemDelegate(
+      new GridCells(*adapter_, fixed_));  // of its own: a delegate ends the edits of each view that has it
   fixed_->setSelectionModel(selectionModel());
   fixed_->setEditTriggers(NoEditTriggers);
   fixed_->setFocusPolicy(Qt::NoFocus);
+  fixed_->setSelectionBehavior(SelectRows);  // a click on what names a row picks it
   fixed_->setFrameShape(QFrame::NoFrame);
   fixed_->setWordWrap(false);
   fixed_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -128,8 +131,7 @@ int GridView::FixedWidth() const {
 
 void GridView::PlaceFixed() {
   if (fixed_ == nullptr) return;
-  const QRect place(verticalHeader()->width() + frameWidth(), frameWidth(), FixedWidth(),
-                    viewport()->height() + horizontalHeader()->height());
+  const QRect place(frameWidth(), frameWidth(), FixedWidth(), viewport()->height() + horizontalHeader()->height());
   if (fixed_->geometry() != place) fixed_->setGeometry(place);
 }
 
@@ -235,6 +237,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
       return Move(back ? GridStep::kUp : GridStep::kDown);
     case Qt::Key_Delete:
     case Qt::Key_Backspace: return Clear();
+    case Qt::Key_Space:
+      if (back && currentIndex().isValid()) return selectRow(currentIndex().row());
+      return QTableView::keyPressEvent(event);
     default: QTableView::keyPressEvent(event);
   }
 }

@@ -66,6 +66,10 @@ QColor CopiedGround(const QPalette& palette) {
   return Mix(palette.color(QPalette::Base), Accent(palette), 0.18);
 }
 
+QColor CopiedFace(const QPalette& palette) {
+  return Mix(FaceColour(palette), Accent(palette), 0.18);
+}
+
 QColor Line(const QPalette& palette) {
   return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78);
 }
@@ -139,6 +143,7 @@ QString StyleSheet(const QPalette& palette) {
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { background: %5; border-color: %6; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { background: rgb(255,128,128); color: rgb(40,10,10); border-color: rgb(170,50,50); }
     QLineEdit[look="window"][copied="true"], QPlainTextEdit[look="window"][copied="true"] { background: %10; }
+    QLineEdit[look="face"][copied="true"], QPlainTextEdit[look="face"][copied="true"] { background: %11; }
     QLineEdit[look="face"]:focus, QPlainTextEdit[look="face"]:focus { border-color: %4; }
     QLineEdit[look="flag"]:focus, QPlainTextEdit[look="flag"]:focus { border-color: rgb(120,0,0); }
     QLineEdit:disabled, QPlainTextEdit:disabled { background: %5; border-color: %6; color: %7; }
@@ -175,7 +180,7 @@ QString StyleSheet(const QPalette& palette) {
   return form.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
                   name(FaceColour(palette)), name(Line(palette)), name(Dimmed(palette)),
                   name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)),
-                  name(CopiedGround(palette)));
+                  name(CopiedGround(palette)), name(CopiedFace(palette)));
 }
 
 }  // namespace merlu

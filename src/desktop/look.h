@@ -23,6 +23,7 @@ QColor FaceColour(const QPalette& palette);  // background of what is read-only
 
 QColor Dimmed(const QPalette& palette);        // texts of what is disabled
 QColor CopiedGround(const QPalette& palette);  // of a value taken over and not yet confirmed
+QColor CopiedFace(const QPalette& palette);    // the same in view
 // How far two colours stand apart, from 1 to 21.
 double Contrast(const QColor& a, const QColor& b);
 

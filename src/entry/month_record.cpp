@@ -15,6 +15,7 @@ namespace {
 MonthRecord RecordOf(Form& form, const SheetSpec* sheet) {
   MonthRecord record;
   record.form = &form;
+  record.sheet = sheet;
   record.fields = MonthFields(sheet);
   record.table = MonthTable(sheet);
   return record;

@@ -4,7 +4,9 @@
 #include <cmath>
 
 #include "base/numbers.h"
+#include "base/text.h"
 #include "entry/month_record.h"
+#include "entry/month_rows.h"
 #include "session/messages.h"
 #include "sheets/conversions.h"
 
@@ -25,6 +27,18 @@ const FieldSpec* FieldOf(const MonthRecord& record, const Control& control) {
   for (const FieldSpec* field : record.fields)
     if (field->control == control.name) return field;
   return nullptr;
+}
+
+// The bounds of the rule that the field is held to on the form as it stands.
+void ReadBounds(const MonthRecord& record, const FieldSpec& field, Strip& strip) {
+  const SheetSpec* sheet = record.sheet;
+  for (const RuleGroup& group : MonthRules(sheet).groups())
+    for (const Rule& rule : group.rules) {
+      if (!EqualsIgnoringCase(rule.field, field.control) || !RunsIn(rule.mode, Mode::kActv)) continue;
+      if ((!rule.check.has_low && !rule.check.has_high) || !rule.when.holds(*record.form)) continue;
+      if (rule.check.has_low && strip.least.empty()) strip.least = GeneralNumber(rule.check.low);
+      if (rule.check.has_high && strip.most.empty()) strip.most = GeneralNumber(rule.check.high);
+    }
 }
 
 // The field's stored values of the year by month.
@@ -64,7 +78,9 @@ Strip StripOf(Session& s, const Control& control) {
   const FieldSpec* field = record ? FieldOf(*record, control) : nullptr;
   if (field == nullptr) return strip;
   OnSheet(s, [&] { ReadMonths(s, *record, *field, strip); });
-  const auto present = static_cast<std::size_t>(std::clamp(s.current.Month, 1, 12) - 1);
+  ReadBounds(*record, *field, strip);
+  strip.present = std::clamp(s.current.Month, 1, 12);
+  const auto present = static_cast<std::size_t>(strip.present - 1);
   strip.months[present] = control.text;
   if (!control.numeric || !IsNumericText(control.text)) return strip;
   std::vector<double> others;

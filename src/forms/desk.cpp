@@ -188,8 +188,9 @@ std::string Click(Desk& desk, Form& form, std::string_view name) {
 // Why the row, or the cell, is none of the control's; empty when it is.
 std::string WhyNoCell(const Control& control, int row, int column) {
   if (row < 0 || row >= RowCount(control)) return "has no row " + std::to_string(row);
-  const int columns = control.grid != nullptr ? static_cast<int>(control.grid->Columns().size()) : 0;
-  if (control.grid != nullptr && (column < 0 || column >= columns)) return "has no column " + std::to_string(column);
+  const bool grid = control.grid != nullptr;
+  const int columns = static_cast<int>(grid ? control.grid->Columns().size() : control.columns.size());
+  if ((grid && column < 0) || column >= columns) return "has no column " + std::to_string(column);
   return "";
 }
 
@@ -204,9 +205,11 @@ std::string DoubleClick(Desk& desk, Form& form, std::string_view name, int row, 
   Control& control = form.At(name);
   if (std::string why = WhyNot(desk, form, control, false); !why.empty()) return why;
   if (row >= 0) {
-    if (std::string why = WhyNoCell(control, row, std::max(column, 0)); !why.empty()) return why;
+    // of a list view the row alone, or a cell of it
+    const int cell = control.grid != nullptr ? std::max(column, 0) : column;
+    if (std::string why = WhyNoCell(control, row, cell); !why.empty()) return why;
     control.picked = {row};
-    MoveTo(form, control, row, control.grid != nullptr ? std::max(column, 0) : -1);
+    MoveTo(form, control, row, cell);
   }
   form.Raise(name, Event::kDoubleClick);
   return "";

@@ -1,7 +1,11 @@
 #include "shell/grid_dialog.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
 
+#include "base/text.h"
 #include "entry/month_grid.h"
 #include "forms/dialog.h"
 #include "session/messages.h"
@@ -41,17 +45,34 @@ std::string MonthItem(const Session& s, int month) {
 
 // ---- the plan of a paste ----
 
+// What the paste comes to: "5 cells: 3 set, 1 changed, 1 not a number".
+std::string CountOf(const std::vector<PastePlan>& plan) {
+  std::string text = Count(static_cast<int>(plan.size()), "cell");
+  for (const char* what : {"set", "changed", "same", "not a number", "no such choice", "locked", "outside the grid"}) {
+    const auto count =
+        std::count_if(plan.begin(), plan.end(), [&](const PastePlan& cell) { return cell.what == what; });
+    if (count > 0) text += (text.find(':') == std::string::npos ? ": " : ", ") + std::to_string(count) + " " + what;
+  }
+  return text;
+}
+
 bool Approve(Session& s, const std::vector<PastePlan>& plan) {
   bool approved = false;
   Form& form = DialogForm(s, "frmPaste", "Paste", [](Form& made) {
-    AddListView(made, "lvwPST_Plan", "What the paste would do:", {"Row", "Field", "Old", "New", "What happens"});
+    AddListView(made, "lvwPST_Plan", "What the paste would do:", {"Row", "Field", "Old", "New", "What happens"},
+                std::make_shared<RowsModel>());
+    AddLabel(made, "lblPST_Count", "");
     AddButton(made, "cmdOK", "Paste");
     AddButton(made, "cmdCANCEL", "Cancel");
     made.default_button = "cmdOK";
     made.cancel_button = "cmdCANCEL";
   });
-  for (const PastePlan& cell : plan)
-    form.At("lvwPST_Plan").rows.push_back({cell.place, cell.field, cell.old_text, cell.new_text, cell.what});
+  std::vector<RowsModel::Row> rows;
+  for (const PastePlan& cell : plan) rows.push_back({cell.place, cell.field, cell.old_text, cell.new_text, cell.what});
+  auto model = std::make_shared<RowsModel>();
+  model->Set(std::move(rows));
+  form.At("lvwPST_Plan").model = model;
+  form.At("lblPST_Count").text = form.At("lblPST_Count").caption = CountOf(plan);
   form.On("cmdOK", Event::kClick, [&] {
     approved = true;
     s.desk.Hide(form);
@@ -62,6 +83,59 @@ bool Approve(Session& s, const std::vector<PastePlan>& plan) {
 }
 
 // ---- the grid ----
+
+// A structure or a piece of equipment that has months, as the second view chooses it.
+struct Piece {
+  std::string structure, number, type, id;  // number: complex and structure
+  const SheetSpec* sheet = nullptr;         // null for a structure
+  std::int64_t key = 0;
+  // As the tree, which goes by texts.
+  bool operator<(const Piece& other) const {
+    return std::tuple(Lower(structure), number, sheet != nullptr, Lower(type), Lower(id)) <
+           std::tuple(Lower(other.structure), other.number, other.sheet != nullptr, Lower(other.type), Lower(other.id));
+  }
+};
+
+std::vector<Piece> ReadPieces(Database& db) {
+  std::vector<Piece> pieces;
+  const std::string structure =
+      "ifnull(p.Area,'')||', '||ifnull(p.Block,'')||', '||ifnull(p.Name,''),"
+      "ifnull(p.CMPLX_ID_NUM,'')||' '||ifnull(p.STRUCT_NUM,'')";
+  db.ForEach("SELECT p.PD_ID_AK," + structure + " FROM PD_PLATFORM_DESC p", {}, [&](const RowView& row) {
+    pieces.push_back({std::string(row.Text(1)), std::string(row.Text(2)), "", "", nullptr, row.Integer(0)});
+  });
+  db.ForEach("SELECT d.ED_ID_AK," + structure +
+                 ",d.ED_EQUIP_TYP,ifnull(d.ED_MERLU_EQUIP_ID,'') FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON "
+                 "p.PD_ID_AK=d.PD_ID_AK",
+             {}, [&](const RowView& row) {
+               const SheetSpec* sheet = FindSheet(row.Text(3));
+               if (sheet == nullptr || !sheet->has_activity) return;
+               pieces.push_back({std::string(row.Text(1)), std::string(row.Text(2)), TreeTypeName(sheet->type),
+                                 std::string(row.Text(4)), sheet, row.Integer(0)});
+             });
+  std::sort(pieces.begin(), pieces.end());
+  return pieces;
+}
+
+// Two structures of one name are told apart by their numbers.
+std::string ItemOf(const Piece& piece, const std::map<std::string, std::set<std::string>>& numbers) {
+  std::string text = piece.structure;
+  if (numbers.at(piece.structure).size() > 1) text += " (" + piece.number + ")";
+  if (piece.sheet != nullptr) text += " · " + piece.type + ": " + piece.id;
+  return text;
+}
+
+void FillPieces(Open& open) {
+  const std::vector<Piece> pieces = ReadPieces(open.s.db);
+  std::map<std::string, std::set<std::string>> numbers;
+  for (const Piece& piece : pieces) numbers[piece.structure].insert(piece.number);
+  std::vector<std::string>& items = open.form.At("cmbGRD_Equipment").items;
+  items.clear();
+  for (const Piece& piece : pieces) {
+    open.pieces.emplace_back(piece.sheet, piece.key);
+    items.push_back(ItemOf(piece, numbers));
+  }
+}
 
 void FillLists(Open& open) {
   Session& s = open.s;
@@ -78,26 +152,7 @@ void FillLists(Open& open) {
     types.items.push_back(TreeTypeName(sheet->type));
     open.types.push_back(sheet);
   }
-  Control& pieces = form.At("cmbGRD_Equipment");
-  pieces.items.clear();
-  s.db.ForEach(
-      "SELECT PD_ID_AK,ifnull(Area,'')||', '||ifnull(Block,'')||', '||ifnull(Name,'') FROM PD_PLATFORM_DESC ORDER BY "
-      "PD_ID_AK",
-      {}, [&](const RowView& row) {
-        open.pieces.emplace_back(nullptr, row.Integer(0));
-        pieces.items.emplace_back(row.Text(1));
-      });
-  s.db.ForEach(
-      "SELECT d.ED_ID_AK,d.ED_EQUIP_TYP,ifnull(p.Area,'')||', '||ifnull(p.Block,'')||', '||ifnull(p.Name,''),"
-      "ifnull(d.ED_MERLU_EQUIP_ID,'') FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK ORDER BY "
-      "p.PD_ID_AK,d.ED_EQUIP_TYP,d.ED_MERLU_EQUIP_ID",
-      {}, [&](const RowView& row) {
-        const SheetSpec* sheet = FindSheet(row.Text(1));
-        if (sheet == nullptr || !sheet->has_activity) return;
-        open.pieces.emplace_back(sheet, row.Integer(0));
-        pieces.items.push_back(std::string(row.Text(2)) + " · " + TreeTypeName(sheet->type) + ": " +
-                               std::string(row.Text(3)));
-      });
+  FillPieces(open);
 }
 
 void ShowView(Open& open) {
@@ -113,7 +168,7 @@ void ShowView(Open& open) {
                             open.pieces[static_cast<std::size_t>(at)].second);
     } else {
       const int type = form.At("cmbGRD_Type").index;
-      if (type < 0) return;
+      if (type < 0 || form.At("cmbGRD_Month").index < 0) return;
       open.grid->ShowMonth(open.types[static_cast<std::size_t>(type)], form.At("cmbGRD_Month").index + 1);
     }
     form.At("grdGRD").picked.clear();

@@ -5,10 +5,17 @@
 
 namespace merlu {
 
+namespace strip_dock {
+inline constexpr const char* kForm = "frmStrip";
+inline constexpr const char* kField = "lblSTR_Field";
+inline constexpr const char* kMonths = "lvwSTR_Months";  // a double click on a month goes there
+inline constexpr const char* kAdvice = "lblSTR_Advice";
+inline constexpr const char* kLeast = "lblSTR_Least";  // the bounds of the field's rule
+inline constexpr const char* kMost = "lblSTR_Most";
+}  // namespace strip_dock
+
 // mnuRStrip: shows it, or hides it.
 void ToggleStrip(Session& s);
-// Brings it to the field that it belongs to, as that stands now.
-void ShowStrip(Session& s);
 // Has the fields of the sheet that shows take the strip with the focus.
 void FollowFocus(Session& s);
 

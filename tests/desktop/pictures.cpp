@@ -227,6 +227,52 @@ class Pictures {
     });
   }
 
+  // The month grid of five types, with a finding, a hint, copied values and a locked cell; the strip.
+  void Grids(const QString& suffix) {
+    TemporaryFolder folder;
+    InventoryPlan plan;
+    plan.structures = 4;
+    plan.equipment = 60;
+    plan.months = 8;
+    plan.types = {"FLA", "NGT", "STO", "BOI", "LOS"};
+    MakeInventory(TemplatePath(), folder.path("inventory.mdb"), plan);
+    Driver driver(folder.path("inventory.mdb"));
+    driver.Start();
+    if (driver.app->session().InDesc()) driver.Command("mnuSetEditMode");
+    MainWindow* window = driver.app->window();
+    window->resize(1366, 768);
+    for (const TreeNode& node : std::vector<TreeNode>(driver.app->session().tree.nodes))
+      if (node.key.size() == 32) {
+        driver.Select(node.key);
+        break;
+      }
+    driver.Command("mnuRStrip");
+    Save(window, "70-strip" + suffix);
+    driver.Command("mnuRStrip");
+    driver.OnNextModal([&](QWidget* dialog) {
+      driver.Choose("cmbGRD_Month", "2017/08");
+      const QStringList types = {"Combustion Flare", "NG Turbine", "Storage Tank", "Boiler, Heater, or Burner",
+                                 "Losses from Flashing"};
+      for (const QString& type : types) {
+        driver.Choose("cmbGRD_Type", type);
+        auto* grid = driver.Find<QAbstractItemView>("grdGRD");
+        grid->setFocus();
+        for (const auto& [row, text] : {std::pair(0, "99999999"), {1, "12,5"}, {2, ""}, {3, "abc"}}) {
+          grid->setCurrentIndex(grid->model()->index(row, 2));
+          QTest::keyClick(grid, Qt::Key_Delete);
+          for (const char key : std::string(text)) QTest::keyClick(QApplication::focusWidget(), key);
+          QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        }
+        driver.Click("cmdGRD_Copy");
+        grid->setCurrentIndex(grid->model()->index(0, 2));
+        Save(dialog, "71-grid-" + type.left(6).simplified() + suffix);
+      }
+      driver.OnNextBox(QMessageBox::No);
+      dialog->close();
+    });
+    driver.Command("mnuNGrid");
+  }
+
  private:
   QString folder_;
 };
@@ -249,6 +295,12 @@ int main(int argc, char** argv) {
   if (what.isEmpty() || what.contains("shell")) pictures.Shell("");
   if (what.isEmpty() || what.contains("help")) pictures.Help("");
   if (what.isEmpty() || what.contains("small")) pictures.Sheets({1024, 700}, "-small");
+  if (what.isEmpty() || what.contains("grids")) pictures.Grids("");
+  if (what.contains("grids")) {
+    QApplication::setPalette(merlu::test::DarkPalette());
+    merlu::SetUpLook();
+    pictures.Grids("-dark");
+  }
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());
     merlu::SetUpLook();
