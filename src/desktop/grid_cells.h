@@ -10,6 +10,9 @@
 
 namespace merlu {
 
+// A caption whose unit, in brackets, stays on one line.
+QString WithWholeUnit(const QString& caption);
+
 // The cells of a grid as Qt asks for them.
 class GridAdapter : public QAbstractTableModel {
   Q_OBJECT

@@ -14,7 +14,7 @@ namespace merlu {
 namespace {
 
 constexpr int kAboveAndBelow = 4, kAside = 6, kHeadLines = 3;
-constexpr int kNarrowest = 56, kWidest = 260;
+constexpr int kNarrowest = 56, kWidest = 260, kWritten = 220;
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -34,7 +34,6 @@ GridView::GridView(Acts& acts, Form& form, const Control& control, QWidget* pare
                   QAbstractItemView::DoubleClicked);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   horizontalHeader()->setDefaultAlignment(Qt::Alignment(Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap));
-  horizontalHeader()->setFixedHeight(kHeadLines * fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -62,21 +61,29 @@ void GridView::Sync() {
   }
 }
 
-// Room for the caption on a few lines and for a number, at least.
+// Room for the caption on a few lines and for a number, at least; for what is written at the end of a row, some more.
 void GridView::FitColumns() {
   const QFontMetrics metrics = fontMetrics();
-  for (int column = 0; column < adapter_->columnCount(); ++column) {
+  const int last = adapter_->columnCount() - 1;
+  int lines = metrics.height();
+  for (int column = 0; column <= last; ++column) {
     const GridColumn& head = adapter_->Head(column);
+    const QString caption = WithWholeUnit(Q(head.caption));
     int width = std::max(kNarrowest, metrics.horizontalAdvance(head.numeric ? "0000000000" : "0000000"));
-    const QStringList words = Q(head.caption).split(' ');
-    for (const QString& word : words) width = std::max(width, metrics.horizontalAdvance(word));
-    width = std::max(width, metrics.horizontalAdvance(Q(head.caption)) * 10 / (kHeadLines * 8));
+    for (const QString& word : caption.split(' ')) width = std::max(width, metrics.horizontalAdvance(word));
+    width = std::max(width, metrics.horizontalAdvance(caption) * 10 / (kHeadLines * 8));
     for (const std::string& item : head.items) width = std::max(width, metrics.horizontalAdvance(Q(item)));
     for (int row = 0; row < std::min(adapter_->rowCount(), 40); ++row)
       width = std::max(
           width, metrics.horizontalAdvance(adapter_->data(adapter_->index(row, column), Qt::DisplayRole).toString()));
-    setColumnWidth(column, std::min(width, kWidest) + 2 * kAside + 4);
+    const bool is_written = column == last && !head.numeric && head.items.empty() && adapter_->rowCount() > 0 &&
+                            !adapter_->At(adapter_->index(0, column)).locked;
+    width = std::max(std::min(width, kWidest), is_written ? kWritten : 0) + 2 * kAside + 4;
+    setColumnWidth(column, width);
+    const QRect room(0, 0, width - 2 * kAside, 1000);
+    lines = std::max(lines, metrics.boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, caption).height());
   }
+  horizontalHeader()->setFixedHeight(lines + 12);
 }
 
 // ---- columns that stay ----

@@ -19,6 +19,7 @@ namespace {
 using namespace strip_dock;
 
 constexpr int kBarsHeight = 72, kAside = 4, kBarWidth = 30, kMonthsOfYear = 12;
+constexpr int kMargin = 84;      // for the bounds
 constexpr double kFarOff = 2.5;  // a bound farther than this many times the greatest value stays out of the scale
 
 QString Q(const std::string& text) {
@@ -60,7 +61,7 @@ void StripBars::Sync() {
 }
 
 QSize StripBars::minimumSizeHint() const {
-  return {kMonthsOfYear * (kBarWidth + kAside), kBarsHeight};
+  return {kMargin + kMonthsOfYear * (kBarWidth + kAside), kBarsHeight};
 }
 
 QSize StripBars::sizeHint() const {
@@ -75,7 +76,8 @@ QRect StripBars::Room() const {
 }
 
 QRect StripBars::PlaceOf(int month) const {
-  const int left = width() * month / kMonthsOfYear, right = width() * (month + 1) / kMonthsOfYear;
+  const int room = width() - kMargin;
+  const int left = kMargin + room * month / kMonthsOfYear, right = kMargin + room * (month + 1) / kMonthsOfYear;
   return {left, 0, right - left, height()};
 }
 
@@ -157,15 +159,15 @@ void StripBars::PaintBound(QPainter& painter, const Scale& scale, const QString&
   const bool beyond = is_least ? value < scale.least : value > scale.most;
   const int at = HeightAt(scale, value);
   painter.setPen(QPen(EditingRed(palette()), 1, Qt::DashLine));
-  painter.drawLine(0, at, width(), at);
+  painter.drawLine(kMargin, at, width(), at);
   QFont small = font();
   small.setPointSizeF(small.pointSizeF() * 0.85);
   painter.setFont(small);
   const QString text = (is_least ? "≥ " : "≤ ") + bound + (beyond ? (is_least ? " ↓" : " ↑") : "");
   const QFontMetrics metrics(small);
-  QRect label(2, is_least ? at - metrics.height() : at + 1, metrics.horizontalAdvance(text) + 4, metrics.height());
-  painter.fillRect(label, palette().color(QPalette::Window));
-  painter.drawText(label, Qt::AlignCenter, text);
+  const int height = QFontMetrics(small).height();
+  const QRect label(0, std::clamp(at - height / 2, 0, this->height() - height), kMargin - 4, height);
+  painter.drawText(label, Qt::AlignRight | Qt::AlignVCenter, text);
   painter.setFont(font());
 }
 

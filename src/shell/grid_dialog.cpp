@@ -9,6 +9,7 @@
 #include "entry/month_grid.h"
 #include "forms/dialog.h"
 #include "session/messages.h"
+#include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
@@ -202,6 +203,26 @@ void ChooseWhatShows(Open& open) {
   choose("cmbGRD_Equipment", piece);
 }
 
+void ShowCellMessage(Open& open) {
+  const Control& grid = open.form.At("grdGRD");
+  if (grid.at_row < 0 || grid.at_column < 0 || grid.at_row >= open.grid->RowCount()) return;
+  const GridCell cell = open.grid->Cell(grid.at_row, grid.at_column);
+  Say(open.form, !cell.finding.empty() ? cell.finding : cell.hint);
+}
+
+// The first open cell of the record that the tree shows, or of the first row.
+void StandOnRecord(Open& open) {
+  Control& cells = open.form.At("grdGRD");
+  const int shown = open.grid->FindRow(KeyOf(open.s.current, Mode::kActv));
+  const GridPlace first =
+      NextOpenCell(*open.grid, {std::max(shown, 0), open.grid->FixedColumns() - 1}, GridStep::kRight);
+  open.form.focus = "grdGRD";
+  if (first.row < 0 || first.row >= open.grid->RowCount() || first.column < open.grid->FixedColumns()) return;
+  cells.at_row = first.row;
+  cells.at_column = first.column;
+  ShowCellMessage(open);
+}
+
 bool Save(Open& open) {
   GridSaved saved;
   const bool done = OnSheet(open.s, [&] { saved = open.grid->Save(); });
@@ -226,13 +247,6 @@ void Close(Open& open) {
     if (answer == Button::kCancel || (answer == Button::kYes && !Save(open))) return;
   }
   open.s.desk.Hide(open.form);
-}
-
-void ShowCellMessage(Open& open) {
-  const Control& grid = open.form.At("grdGRD");
-  if (grid.at_row < 0 || grid.at_column < 0 || grid.at_row >= open.grid->RowCount()) return;
-  const GridCell cell = open.grid->Cell(grid.at_row, grid.at_column);
-  Say(open.form, !cell.finding.empty() ? cell.finding : cell.hint);
 }
 
 void Connect(Open& open) {
@@ -282,6 +296,7 @@ void OpenMonthGrid(Session& s) {
   FillLists(open);
   ChooseWhatShows(open);
   ShowView(open);
+  StandOnRecord(open);
   Connect(open);
   ShowDialog(s.desk, s.platform, open.form);
   for (const char* name : {"cmbGRD_View", "cmbGRD_Month", "cmbGRD_Type", "cmbGRD_Equipment", "cmdGRD_Copy",
