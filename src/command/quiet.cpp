@@ -4,6 +4,7 @@
 #include <ctime>
 #include <filesystem>
 
+#include "host/hand_in_pdf.h"
 #include "host/program_files.h"
 #include "host/report_pdf.h"
 
@@ -34,6 +35,10 @@ std::string Quiet::DataFolder() {
 void Quiet::WriteReport(const InventoryReport& report, const std::string& path,
                         const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
+}
+
+void Quiet::WriteHandInReport(const HandInReport& report, const std::string& path) {
+  WriteHandInPdf(report, path);
 }
 
 std::uint64_t Quiet::FreeBytes(const std::string& folder) {

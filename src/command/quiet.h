@@ -5,10 +5,11 @@
 #include <vector>
 
 #include "forms/platform.h"
+#include "forms/review_ports.h"
 
 namespace merlu {
 
-class Quiet : public Platform {
+class Quiet : public Platform, public HandInPrinter {
  public:
   std::vector<std::string> said;  // the texts of the boxes, in order
 
@@ -28,6 +29,7 @@ class Quiet : public Platform {
   std::string DataFolder() override;
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void WriteHandInReport(const HandInReport& report, const std::string& path) override;
   void Print(const Form&) override {}
   void OpenDocument(const std::string&) override {}
   std::uint64_t FreeBytes(const std::string& folder) override;

@@ -21,6 +21,7 @@
 #include "desktop/help_dialog.h"
 #include "desktop/print_form.h"
 #include "desktop/wait_window.h"
+#include "host/hand_in_pdf.h"
 #include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "session/messages.h"
@@ -203,15 +204,21 @@ void DesktopApp::PaintWait(const WaitScreen& wait) {
   if (!wait.showing) {
     wait_.reset();
     waiting_.invalidate();
+    can_stop_ = false;
     return;
   }
   if (!waiting_.isValid()) waiting_.start();
   if (wait_ == nullptr && !wait.at_once && waiting_.elapsed() < kShortWork) return;
   if (wait_ != nullptr && painted_.elapsed() < kWaitPaintsEvery) return;
-  if (wait_ == nullptr) wait_ = std::make_unique<WaitWindow>(Parent());
+  if (wait_ == nullptr) wait_ = std::make_unique<WaitWindow>(Parent(), can_stop_);
   static_cast<WaitWindow*>(wait_.get())->Show(wait);
   painted_.start();
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  // the window that can stop the work blocks all others
+  QCoreApplication::processEvents(can_stop_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+}
+
+bool DesktopApp::IsStopWanted() {
+  return wait_ != nullptr && static_cast<WaitWindow*>(wait_.get())->IsStopWanted();
 }
 
 void DesktopApp::SetBusy(bool busy) {
@@ -327,6 +334,10 @@ std::uint64_t DesktopApp::FreeBytes(const std::string& folder) {
 void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path,
                              const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
+}
+
+void DesktopApp::WriteHandInReport(const HandInReport& report, const std::string& path) {
+  WriteHandInPdf(report, path);
 }
 
 void DesktopApp::Print(const Form& form) {

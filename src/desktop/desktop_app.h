@@ -12,11 +12,12 @@
 #include "desktop/form_dialog.h"
 #include "desktop/main_window.h"
 #include "forms/platform.h"
+#include "forms/review_ports.h"
 #include "host/settings_store.h"
 
 namespace merlu {
 
-class DesktopApp : public QObject, public Platform {
+class DesktopApp : public QObject, public Platform, public HandInPrinter, public WorkStopper {
   Q_OBJECT
  public:
   // An empty settings file means the user's own settings.
@@ -35,6 +36,8 @@ class DesktopApp : public QObject, public Platform {
   void RunModal(Form& form) override;
   void Paint() override;
   void PaintWait(const WaitScreen& wait) override;
+  void AllowStop() override { can_stop_ = true; }
+  bool IsStopWanted() override;
   void SetBusy(bool busy) override;
   void Beep() override;
   DateTime Now() override;
@@ -46,6 +49,7 @@ class DesktopApp : public QObject, public Platform {
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void WriteHandInReport(const HandInReport& report, const std::string& path) override;
   void Print(const Form& form) override;
   void OpenDocument(const std::string& path) override;
 
@@ -75,6 +79,7 @@ class DesktopApp : public QObject, public Platform {
   std::vector<QPointer<DialogWindow>> dialogs_;
   QElapsedTimer painted_, waiting_;
   bool holding_ = false;
+  bool can_stop_ = false;      // the work of the wait screen
   std::vector<HeldKey> held_;  // typed while the program was at work
 };
 

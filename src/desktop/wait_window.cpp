@@ -1,5 +1,6 @@
 #include "desktop/wait_window.h"
 
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace merlu {
@@ -19,15 +20,23 @@ void SetSize(QLabel& label, qreal factor, bool bold) {
   label.setFont(font);
 }
 
+Qt::WindowFlags FlagsOf(bool can_stop) {
+  const Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+  return can_stop ? flags : flags | Qt::WindowDoesNotAcceptFocus;
+}
+
 }  // namespace
 
-WaitWindow::WaitWindow(QWidget* over)
-    : QWidget(over, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowDoesNotAcceptFocus),
+WaitWindow::WaitWindow(QWidget* over, bool can_stop)
+    : QWidget(over, FlagsOf(can_stop)),
       title_(new QLabel(this)),
       text_(new QLabel(this)),
       bar_(new QProgressBar(this)) {
   setObjectName("frmWait");
-  setAttribute(Qt::WA_ShowWithoutActivating);
+  if (can_stop)
+    setWindowModality(Qt::ApplicationModal);
+  else
+    setAttribute(Qt::WA_ShowWithoutActivating);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(24, 20, 24, 20);
   column->setSpacing(10);
@@ -38,6 +47,21 @@ WaitWindow::WaitWindow(QWidget* over)
   setFixedWidth(420);
   bar_->setTextVisible(false);
   bar_->setAccessibleName(tr("Progress"));
+  if (!can_stop) return;
+  stop_ = new QPushButton(tr("Cancel"), this);
+  stop_->setObjectName("cmdWaitStop");
+  column->addWidget(stop_, 0, Qt::AlignRight);
+  connect(stop_, &QPushButton::clicked, this, [this] { Stop(); });
+}
+
+void WaitWindow::Stop() {
+  stop_wanted_ = true;
+  stop_->setEnabled(false);
+}
+
+void WaitWindow::keyPressEvent(QKeyEvent* event) {
+  if (stop_ != nullptr && event->key() == Qt::Key_Escape) return Stop();
+  QWidget::keyPressEvent(event);
 }
 
 void WaitWindow::Show(const WaitScreen& wait) {
@@ -50,6 +74,7 @@ void WaitWindow::Show(const WaitScreen& wait) {
     adjustSize();
     Centre(*this, parentWidget());
     show();
+    if (stop_ != nullptr) stop_->setFocus();
   }
   repaint();
 }

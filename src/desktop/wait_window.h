@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QWidget>
 
 #include "forms/platform.h"
@@ -12,14 +13,23 @@ namespace merlu {
 class WaitWindow : public QWidget {
   Q_OBJECT
  public:
-  explicit WaitWindow(QWidget* over);
+  // With a button that stops the work; it then takes what the user types and clicks.
+  WaitWindow(QWidget* over, bool can_stop);
   // Draws it at once.
   void Show(const WaitScreen& wait);
+  bool IsStopWanted() const { return stop_wanted_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QLabel* title_;
   QLabel* text_;
   QProgressBar* bar_;
+  QPushButton* stop_ = nullptr;
+  bool stop_wanted_ = false;
+
+  void Stop();
 };
 
 }  // namespace merlu

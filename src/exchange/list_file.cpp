@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 
-#include "base/fault.h"
 #include "base/text.h"
 #include "exchange/csv.h"
 #include "exchange/workbook.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -15,22 +14,21 @@ namespace {
 constexpr double kNarrowest = 8, kWidest = 60;
 
 void WriteCsv(const std::string& path, const ListToWrite& list) {
-  std::ofstream out(path, std::ios::binary);
-  const auto line = [&](const std::function<std::string(int)>& text) {
+  std::string text = CsvLine(list.columns);
+  for (int row = 0; row < list.rows; ++row) {
+    std::vector<std::string> cells;
     for (int column = 0; column < static_cast<int>(list.columns.size()); ++column)
-      out << (column == 0 ? "" : ",") << CsvField(text(column));
-    out << "\r\n";
-  };
-  line([&](int column) { return list.columns[static_cast<std::size_t>(column)]; });
-  for (int row = 0; row < list.rows; ++row) line([&](int column) { return list.text(row, column); });
-  out.flush();
-  if (!out) throw Fault(fault_number::kDiskFull, "MERLU files", "The list could not be written.");
+      cells.push_back(list.text(row, column));
+    text += CsvLine(cells);
+  }
+  WriteBytes(path, {text});
 }
 
-void WriteWorkbook(const std::string& path, const ListToWrite& list) {
+Sheet SheetOf(const ListToWrite& list) {
   Sheet sheet;
   sheet.name = list.name;
   sheet.frozen_rows = 1;
+  sheet.filters = true;
   SheetRow head;
   head.headings = list.columns.size();
   std::vector<double> widths(list.columns.size(), kNarrowest);
@@ -52,8 +50,12 @@ void WriteWorkbook(const std::string& path, const ListToWrite& list) {
     sheet.rows.push_back(std::move(cells));
   }
   for (const double width : widths) sheet.widths.push_back(static_cast<int>(std::ceil(width)));
+  return sheet;
+}
+
+void WriteWorkbook(const std::string& path, const std::vector<ListToWrite>& lists) {
   const auto file = NewXlsx(path);
-  file->Add(sheet);
+  for (const ListToWrite& list : lists) file->Add(SheetOf(list));
   file->Write();
 }
 
@@ -64,8 +66,12 @@ void WriteList(const OwnFiles& own, const std::string& path, const ListToWrite& 
     if (Lower(path).ends_with(".csv"))
       WriteCsv(unfinished, list);
     else
-      WriteWorkbook(unfinished, list);
+      WriteWorkbook(unfinished, {list});
   });
+}
+
+void WriteLists(const OwnFiles& own, const std::string& path, const std::vector<ListToWrite>& lists) {
+  WriteNewFile(own, path, [&](const std::string& unfinished) { WriteWorkbook(unfinished, lists); });
 }
 
 }  // namespace merlu

@@ -1,4 +1,4 @@
-// A list that shows, as a file: a workbook of one sheet, or comma-separated values.
+// A list that shows, as a file: a workbook of one sheet that filters, or comma-separated values.
 #pragma once
 
 #include <functional>
@@ -19,5 +19,7 @@ struct ListToWrite {
 // By the extension of the path: .csv, anything else as .xlsx. Texts stay texts: nothing in them becomes a formula.
 // The faults of WriteNewFile.
 void WriteList(const OwnFiles& own, const std::string& path, const ListToWrite& list);
+// Several lists as the sheets of one workbook.
+void WriteLists(const OwnFiles& own, const std::string& path, const std::vector<ListToWrite>& lists);
 
 }  // namespace merlu

@@ -34,6 +34,7 @@ struct Sheet {
   std::vector<SheetRow> rows;
   std::vector<int> widths;  // of the columns, in digits of the plain font
   int frozen_rows = 0;      // that stay when the rest is scrolled
+  bool filters = false;     // the last of them has a choice of rows in each column (.xlsx)
 };
 
 // How both formats draw a sheet.

@@ -60,6 +60,10 @@ class XlsxFile : public WorkbookFile {
       CheckXlsx(worksheet_set_column(out, at, at, sheet.widths[column], nullptr));
     }
     if (sheet.frozen_rows > 0) worksheet_freeze_panes(out, static_cast<lxw_row_t>(sheet.frozen_rows), 0);
+    if (sheet.filters && sheet.frozen_rows > 0 && !sheet.widths.empty())
+      CheckXlsx(worksheet_autofilter(out, static_cast<lxw_row_t>(sheet.frozen_rows - 1), 0,
+                                     static_cast<lxw_row_t>(sheet.rows.size() - 1),
+                                     static_cast<lxw_col_t>(sheet.widths.size() - 1)));
     for (lxw_row_t row = 0; row < sheet.rows.size(); ++row) PutRow(out, row, sheet);
   }
 

@@ -1,106 +1,20 @@
 #include "host/report_pdf.h"
 
 #include <QBuffer>
-#include <QFontMetricsF>
-#include <QHash>
-#include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 
 #include <array>
-#include <memory>
 
+#include "host/pdf_text.h"
 #include "store/files.h"
 
 namespace merlu {
 namespace {
 
-constexpr int kResolution = 600;
-constexpr qreal kPoint = kResolution / 72.0;
-constexpr qreal kMargin = 54 * kPoint;
-constexpr qreal kGap = 8 * kPoint;
+using namespace pdf;
+
 constexpr int kProgressStep = 500;
-constexpr qsizetype kMostInLine = 200;  // characters; no column takes as many
-constexpr qsizetype kMostInHead = 300;  // of what stands on every page
-const QColor kInk(30, 30, 30), kQuiet(95, 95, 95), kRule(200, 200, 200), kBand(240, 242, 245);
-
-// As one line: what would break it, or cannot be drawn, becomes a blank.
-QString Q(const std::string& text) {
-  QString line = QString::fromStdString(text);
-  for (QChar& c : line)
-    if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = ' ';
-  return line;
-}
-
-// Of a text that stands on every page, or in the head, as much as anybody reads.
-QString Head(const std::string& text) {
-  QString line = Q(text);
-  if (line.size() > kMostInHead) line = line.left(kMostInHead) + QChar(0x2026);
-  return line;
-}
-
-// A font and the lines that texts make in a width; equal texts are broken once.
-class Style {
- public:
-  Style(qreal points, bool bold, const QPdfWriter& device) {
-    font_.setFamilies({"DejaVu Sans", "Noto Sans", "sans-serif"});
-    font_.setPointSizeF(points);
-    font_.setBold(bold);
-    // a trace of spacing keeps letters apart that a font would join, so that copied texts are what was written
-    font_.setLetterSpacing(QFont::AbsoluteSpacing, 0.25);
-    metrics_ = std::make_unique<QFontMetricsF>(font_, const_cast<QPdfWriter*>(&device));
-  }
-  const QFont& font() const { return font_; }
-  qreal LineHeight() const { return metrics_->height(); }
-  qreal Ascent() const { return metrics_->ascent(); }
-  qreal Width(const QString& text) const { return metrics_->horizontalAdvance(text); }
-  QString Elided(const QString& text, qreal width) const { return metrics_->elidedText(text, Qt::ElideRight, width); }
-
-  const QStringList& Lines(const QString& text, qreal width) {
-    QHash<QString, QStringList>& broken = broken_[qRound64(width)];
-    const auto found = broken.constFind(text);
-    if (found != broken.constEnd()) return *found;
-    return *broken.insert(text, Break(text, width));
-  }
-
- private:
-  // Costs in proportion to the text, whatever it holds: nothing longer than a line can be is ever measured.
-  QStringList Break(const QString& text, qreal width) const {
-    QStringList lines;
-    QString line;
-    for (QStringView word : QStringView(text).split(' ')) {
-      if (word.size() <= kMostInLine) {
-        const QString longer = line.isEmpty() ? word.toString() : line + ' ' + word.toString();
-        if (longer.size() <= kMostInLine && Width(longer) <= width) {
-          line = longer;
-          continue;
-        }
-      }
-      if (!line.isEmpty()) lines << line;
-      while (word.size() > 1 && (word.size() > kMostInLine || Width(word.toString()) > width))
-        lines << CutToWidth(word, width);
-      line = word.toString();
-    }
-    lines << line;
-    return lines;
-  }
-  // Takes from a word that is wider than its column as much as fits.
-  QString CutToWidth(QStringView& word, qreal width) const {
-    qsizetype count = 1, too_many = std::min(word.size(), kMostInLine);
-    while (too_many - count > 1) {
-      const qsizetype middle = (count + too_many) / 2;
-      (Width(word.left(middle).toString()) > width ? too_many : count) = middle;
-    }
-    if (word.at(count - 1).isHighSurrogate()) count += count > 1 ? -1 : 1;
-    const QString head = word.left(count).toString();
-    word = word.mid(count);
-    return head;
-  }
-
-  QFont font_;
-  std::unique_ptr<QFontMetricsF> metrics_;
-  QHash<qint64, QHash<QString, QStringList>> broken_;
-};
 
 class Pages {
  public:
@@ -262,12 +176,7 @@ void WriteReportPdf(const InventoryReport& report, const std::string& path,
   bytes.open(QIODevice::WriteOnly);
   {
     QPdfWriter writer(&bytes);
-    writer.setResolution(kResolution);
-    writer.setPageSize(QPageSize(QPageSize::Letter));
-    writer.setPageMargins(QMarginsF(kMargin / kPoint, kMargin / kPoint, kMargin / kPoint, kMargin / kPoint),
-                          QPageLayout::Point);
-    writer.setTitle(Q(report.title + " " + report.year));
-    writer.setCreator("MERLU-2017");
+    SetUpPages(writer, Q(report.title + " " + report.year));
     QPainter painter(&writer);
     Pages(report, writer, painter).Paint(progress);
   }

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "base/text.h"
+#include "forms/review_ports.h"
 #include "qc_run/run_record.h"
 #include "session/act.h"
 #include "session/messages.h"
@@ -58,26 +60,32 @@ std::vector<Unchecked> UncheckedOf(Session& s, int month) {
 
 }  // namespace
 
-int CheckUnchecked(Session& s, int month) {
+CheckedRecords CheckUnchecked(Session& s, int month) {
   const Act act(s, "Check What Was Not");
-  if (!act.MayWrite()) return 0;
+  CheckedRecords checked;
+  if (!act.MayWrite()) return checked;
   const Standing standing(s);
   WriteBatch batch(s.db);
   AllOrNothing whole(s.db);
   const std::vector<Unchecked> unchecked = UncheckedOf(s, month);
-  int done = 0;
+  checked.of = static_cast<int>(unchecked.size());
+  auto* stopper = dynamic_cast<WorkStopper*>(&s.platform);
   for (const Unchecked& each : unchecked) {
-    Progress(s, "Checking " + each.location.CmplxID + " " + each.location.StructID, done,
-             static_cast<int>(unchecked.size()));
+    Progress(s, "Checking " + Trim(each.location.CmplxID) + "/" + Trim(each.location.StructID), checked.done,
+             checked.of);
+    if (stopper != nullptr && stopper->IsStopWanted()) {
+      checked.stopped = true;
+      break;
+    }
     s.mode = each.mode;
     s.current = each.location;
     const bool found = JudgeRecord(s.db, each.sheet, each.mode, each.keys,
                                    [&](const JudgedRecord& record) { RunJudged(s, each.location, record); });
-    done += found ? 1 : 0;
+    checked.done += found ? 1 : 0;
   }
   whole.Keep();
   batch.Commit();
-  return done;
+  return checked;
 }
 
 }  // namespace merlu

@@ -6,8 +6,13 @@
 
 namespace merlu {
 
-// Of the month and the descriptions, or of all months (0), as one step. Returns how many records were checked. Faults
-// are passed on; then nothing was.
-int CheckUnchecked(Session& s, int month);
+struct CheckedRecords {
+  int done = 0, of = 0;
+  bool stopped = false;  // by the user; what was done until then stays
+};
+
+// Of the month and the descriptions, or of all months (0), as one step. The wait screen that shows tells how far it is,
+// and can stop it. Faults are passed on; then nothing was checked.
+CheckedRecords CheckUnchecked(Session& s, int month);
 
 }  // namespace merlu

@@ -34,11 +34,11 @@ std::string TotalColumns() {
 // A record in the middle of a query, and what judges it.
 struct Judged {
   JudgedRecord record;
-  RecordView view;
+  RecordView view, stored;
   Verdicts verdicts;
-  explicit Judged(const RuleSet& rules) : view(rules.fields()) {
+  explicit Judged(const RuleSet& rules) : view(rules.fields()), stored(rules.fields()) {
     record.rules = &rules;
-    record.view = &view;
+    record.view = record.stored = &view;
     record.verdicts = &verdicts;
   }
 
@@ -49,12 +49,17 @@ struct Judged {
     const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month);
     record.structure_inactive = month != nullptr && month->inactive;
     verdicts.Clear();
+    record.stored = &view;
     if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
     reader.Show(row, first, *record.context, view);
     if (status_box >= 0) view.SetChecked(status_box, record.inactive);
     record.row = &row;
     record.more = first + reader.size();
     if (scope.judged) Judge(*record.rules, scope.mode, view, *record.context, verdicts);
+    if (std::any_of(verdicts.all.begin(), verdicts.all.end(), [](const Verdict& said) { return said.changed >= 0; })) {
+      reader.Show(row, first, *record.context, stored);
+      record.stored = &stored;
+    }
     each(record);
   }
 };

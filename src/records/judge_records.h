@@ -68,9 +68,10 @@ struct JudgedRecord {
   std::string_view id;    // of the equipment, empty for a structure
   bool inactive = false;  // its own status in the month
   bool structure_inactive = false;
-  bool has_values = true;  // of a month: any of its columns is not Null
-  bool checked = false;    // it has a date of last QC
-  const RecordView* view = nullptr;
+  bool has_values = true;              // of a month: any of its columns is not Null
+  bool checked = false;                // it has a date of last QC
+  const RecordView* view = nullptr;    // as the rules leave it
+  const RecordView* stored = nullptr;  // as it was before they changed a field
   const Context* context = nullptr;
   const Verdicts* verdicts = nullptr;
   const RowView* row = nullptr;  // that the record was read from

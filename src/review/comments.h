@@ -12,11 +12,13 @@ namespace merlu {
 struct FindingToExplain {
   QCLocation location;
   Mode mode = Mode::kDesc;
-  ReviewedFinding finding;
+  std::string tag, text, value;
+  std::int64_t row = 0;  // of the log, 0 where it lacks the finding
+  std::string comment;   // that it has
 };
 
 // One comment for all of them, as one step: a finding that the log lacks is first written as a run would write it.
-// False after a fault, which is told; then none has the comment.
+// A row that the log holds under the tag takes the text. False after a fault, which is told; then none has the comment.
 bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment);
 
 }  // namespace merlu

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 
 #include "base/text.h"
 #include "session/types.h"
@@ -50,27 +49,32 @@ void TakeWorst(RecordProgress& cell, const ReviewedRecord& record, int number, R
 }
 
 // The descriptions know no "empty", and only the structure's has a date.
-RecordState DescriptionState(const ReviewedRecord& record) {
+RecordState DescriptionState(const ReviewedRecord& record, bool structure_checked) {
   if (record.open > 0) return RecordState::kOpen;
   if (record.stale > 0) return RecordState::kStale;
-  return record.explained > 0 ? RecordState::kExplained : RecordState::kClean;
+  if (record.explained > 0) return RecordState::kExplained;
+  return structure_checked ? RecordState::kClean : RecordState::kUnchecked;
 }
 
 std::string KeyOfRow(const Review& review, const ReviewedRecord& record, bool of_equipment) {
-  if (of_equipment) return record.location.EquipType + "/" + Trim(record.location.EquipID);
+  if (of_equipment) {
+    const ReviewedPiece& piece = review.pieces[static_cast<std::size_t>(record.piece)];
+    return piece.type + "/" + Trim(piece.id);
+  }
   const ReviewedStructure& structure = review.structures[static_cast<std::size_t>(record.structure)];
   return Trim(structure.complex) + "/" + Trim(structure.structure);
 }
 
 std::string TextOfRow(const Review& review, const ReviewedRecord& record, bool of_equipment) {
-  if (of_equipment) return TreeTypeName(record.location.EquipType) + ": " + Trim(record.location.EquipID);
-  return review.structures[static_cast<std::size_t>(record.structure)].text;
+  if (!of_equipment) return review.structures[static_cast<std::size_t>(record.structure)].text;
+  const ReviewedPiece& piece = review.pieces[static_cast<std::size_t>(record.piece)];
+  return TreeTypeName(piece.type) + ": " + Trim(piece.id);
 }
 
 }  // namespace
 
 RecordState StateOf(const ReviewedRecord& record) {
-  if (record.inactive || record.structure_inactive) return RecordState::kInactive;
+  if (record.ReportsNothing()) return RecordState::kInactive;
   if (!record.has_values) return RecordState::kEmpty;
   if (record.open > 0) return RecordState::kOpen;
   if (record.stale > 0) return RecordState::kStale;
@@ -92,21 +96,28 @@ int CompletenessRow::Ready() const {
 
 std::vector<CompletenessRow> CompletenessOf(const Review& review, int structure) {
   std::vector<CompletenessRow> rows;
-  std::map<std::string, std::size_t> places;
   const bool of_equipment = structure >= 0;
+  std::vector<int> row_of(of_equipment ? review.pieces.size() : review.structures.size(), -1);
+  std::vector<bool> checked(review.structures.size(), false);
   for (std::size_t i = 0; i < review.records.size(); ++i) {
     const ReviewedRecord& record = review.records[i];
-    const bool is_equipment = record.location.Is(level::kEquipment);
-    if (record.structure < 0 || (of_equipment && (!is_equipment || record.structure != structure))) continue;
-    const std::string key = KeyOfRow(review, record, of_equipment);
-    const auto [found, is_new] = places.try_emplace(key, rows.size());
-    if (is_new) rows.push_back({key, TextOfRow(review, record, of_equipment), std::vector<RecordProgress>(kCells)});
-    CompletenessRow& row = rows[found->second];
-    const auto month = static_cast<std::size_t>(record.location.Month);
-    if (month >= kCells) continue;
-    RecordState state = month == 0 ? DescriptionState(record) : StateOf(record);
-    if (month == 0 && !is_equipment && !record.checked && state == RecordState::kClean) state = RecordState::kUnchecked;
-    TakeWorst(row.cells[month], record, static_cast<int>(i), state);
+    if (record.structure < 0) continue;
+    if (record.kind == RecordKind::kStructure) checked[static_cast<std::size_t>(record.structure)] = record.checked;
+    if (of_equipment && (!record.IsEquipment() || record.structure != structure)) continue;
+    int& at = row_of[static_cast<std::size_t>(of_equipment ? record.piece : record.structure)];
+    if (at < 0) {
+      at = static_cast<int>(rows.size());
+      rows.push_back({KeyOfRow(review, record, of_equipment), TextOfRow(review, record, of_equipment),
+                      std::vector<RecordProgress>(kCells)});
+    }
+    if (record.month < 0 || record.month > static_cast<int>(kMonths)) continue;
+    const auto month = static_cast<std::size_t>(record.month);
+    const RecordState state = month == 0
+                                  ? DescriptionState(record, of_equipment || record.kind == RecordKind::kStructure
+                                                                 ? checked[static_cast<std::size_t>(record.structure)]
+                                                                 : true)
+                                  : StateOf(record);
+    TakeWorst(rows[static_cast<std::size_t>(at)].cells[month], record, static_cast<int>(i), state);
   }
   return rows;
 }

@@ -1,7 +1,9 @@
 #include "review/findings_model.h"
 
 #include <algorithm>
+#include <array>
 #include <sstream>
+#include <unordered_map>
 
 #include "base/text.h"
 
@@ -17,97 +19,176 @@ std::vector<std::string> WordsOf(const std::string& text) {
   return words;
 }
 
+// Which findings a filter lets through. What many findings share is searched once.
+class Sieve {
+ public:
+  Sieve(const Review& review, const FindingFilter& filter)
+      : review_(review), filter_(filter), words_(WordsOf(filter.words)) {
+    if (words_.size() > kMostWords) words_.resize(kMostWords);
+    all_ = (Mask{1} << words_.size()) - 1;
+  }
+
+  bool PassesRecord(const ReviewedRecord& record) {
+    if (filter_.when == "Descriptions" && record.month != 0) return false;
+    if (filter_.when.find('/') != std::string::npos &&
+        (record.month == 0 || MonthText(record.year, record.month) != filter_.when))
+      return false;
+    in_place_ = words_.empty() ? 0 : WordsIn(PlaceOf(review_, record));
+    return true;
+  }
+
+  bool Passes(const ReviewedFinding& finding) {
+    if (filter_.state == "Open" && finding.state != FindingState::kOpen) return false;
+    if (filter_.state == "Explained" && finding.state != FindingState::kExplained) return false;
+    if (filter_.state == "Stale" && finding.state != FindingState::kStale) return false;
+    Mask found = in_place_;
+    if (found != all_) found |= InSaid(*finding.said);
+    if (found != all_) found |= WordsIn(StateText(finding.state));
+    if (found != all_ && !finding.value.empty()) found |= WordsIn(finding.value);
+    if (found != all_ && !finding.comment.empty()) found |= WordsIn(finding.comment);
+    return found == all_;
+  }
+
+ private:
+  using Mask = std::uint64_t;
+  static constexpr std::size_t kMostWords = 60;
+
+  Mask WordsIn(std::string_view text) {
+    lower_ = Lower(text);
+    Mask found = 0;
+    for (std::size_t i = 0; i < words_.size(); ++i)
+      if (lower_.find(words_[i]) != std::string::npos) found |= Mask{1} << i;
+    return found;
+  }
+  Mask InSaid(const Said& said) {
+    const auto [known, fresh] = in_said_.try_emplace(&said, 0);
+    if (fresh) known->second = WordsIn(said.tag) | WordsIn(said.expected) | WordsIn(said.text);
+    return known->second;
+  }
+
+  const Review& review_;
+  const FindingFilter& filter_;
+  std::vector<std::string> words_;
+  Mask all_ = 0, in_place_ = 0;
+  std::unordered_map<const Said*, Mask> in_said_;
+  std::string lower_;
+};
+
 }  // namespace
 
-bool FindingsModel::Refresh() {
-  Database* db = source_.store();
-  const FindingFilter filter = source_.filter();
-  const std::int64_t changes = db == nullptr ? -1 : db->ChangeCount();
-  const std::string path = db == nullptr ? "" : db->path();
-  const bool same_store = path == path_ && changes == changes_;
-  if (same_store && filter == filter_) return false;
-  if (!same_store) {
-    review_ = db == nullptr ? Review() : MakeReview(*db, source_.companion());
-    ++review_number_;
-    texts_.clear();
-  }
-  path_ = path;
-  changes_ = changes;
-  filter_ = filter;
-  Choose();
-  return true;
-}
-
-const ReviewedFinding& FindingsModel::At(int row) const {
-  return review_.findings[static_cast<std::size_t>(Origin(row))];
-}
-
-std::string FindingsModel::TextOf(const ReviewedFinding& finding, int column) const {
+std::string FindingText(const Review& review, const ReviewedRecord& record, const ReviewedFinding& finding,
+                        int column) {
   switch (column) {
-    case kPlace: return PlaceOf(review_, review_.records[static_cast<std::size_t>(finding.record)]);
-    case kField: return finding.tag;
+    case kPlace: return PlaceOf(review, record);
+    case kField: return finding.said->tag;
     case kValue: return finding.value;
-    case kExpected: return finding.expected;
-    case kError: return finding.text;
+    case kExpected: return finding.said->expected;
+    case kError: return finding.said->text;
     case kComment: return finding.comment;
     case kState: return StateText(finding.state);
     default: return "";
   }
 }
 
-std::string FindingsModel::Text(int row, int column) const {
-  return TextOf(At(row), column);
+bool FindingsModel::Refresh() {
+  const FindingFilter filter = source_.filter();
+  const bool changed = live_.Refresh(source_.store(), source_.companion());
+  if (!changed && filter == filter_) return false;
+  filter_ = filter;
+  Choose();
+  return true;
 }
 
-bool FindingsModel::Passes(std::size_t number, const std::vector<std::string>& words) const {
-  const ReviewedFinding& finding = review_.findings[number];
-  if (filter_.state == "Open" && finding.state != FindingState::kOpen) return false;
-  if (filter_.state == "Explained" && finding.state != FindingState::kExplained) return false;
-  if (filter_.state == "Stale" && finding.state != FindingState::kStale) return false;
-  const QCLocation& at = review_.records[static_cast<std::size_t>(finding.record)].location;
-  if (filter_.when == "Descriptions" && at.Month != 0) return false;
-  if (filter_.when.find('/') != std::string::npos && (at.Month == 0 || MonthText(at.Year, at.Month) != filter_.when))
-    return false;
-  return std::all_of(words.begin(), words.end(),
-                     [&](const std::string& word) { return texts_[number].find(word) != std::string::npos; });
+const ReviewedRecord& FindingsModel::RecordAt(int row) const {
+  return review().records[static_cast<std::size_t>(PlaceAt(row).record)];
+}
+
+const ReviewedFinding& FindingsModel::At(int row) const {
+  return RecordAt(row).findings[static_cast<std::size_t>(PlaceAt(row).number)];
+}
+
+FindingName FindingsModel::NameAt(int row) const {
+  const ReviewedRecord& record = RecordAt(row);
+  return {record.kind, record.key, At(row).said->tag};
+}
+
+std::vector<int> FindingsModel::RowsOf(const std::vector<FindingName>& names) const {
+  std::vector<int> rows;
+  if (names.empty()) return rows;
+  std::unordered_map<int, std::vector<const std::string*>> tags;  // by record
+  for (const FindingName& name : names)
+    if (const int record = live_.Find(name.kind, name.key); record >= 0) tags[record].push_back(&name.tag);
+  for (int row = 0; row < RowCount(); ++row) {
+    const auto wanted = tags.find(PlaceAt(row).record);
+    if (wanted == tags.end()) continue;
+    const std::string& tag = At(row).said->tag;
+    if (std::any_of(wanted->second.begin(), wanted->second.end(), [&tag](const auto* each) { return *each == tag; }))
+      rows.push_back(row);
+  }
+  return rows;
+}
+
+std::string FindingsModel::Text(int row, int column) const {
+  return FindingText(review(), RecordAt(row), At(row), column);
 }
 
 void FindingsModel::Choose() {
-  const std::vector<std::string> words = WordsOf(filter_.words);
-  if (!words.empty() && texts_.empty())
-    for (const ReviewedFinding& finding : review_.findings) {
-      std::string& text = texts_.emplace_back();
-      for (int column = kPlace; column <= kState; ++column) (text += Lower(TextOf(finding, column))) += '\n';
-    }
+  Sieve sieve(review(), filter_);
   shown_.clear();
-  for (std::size_t i = 0; i < review_.findings.size(); ++i)
-    if (Passes(i, words)) shown_.push_back(static_cast<int>(i));
+  for (std::size_t i = 0; i < review().records.size(); ++i) {
+    const ReviewedRecord& record = review().records[i];
+    if (record.findings.empty() || !sieve.PassesRecord(record)) continue;
+    for (std::size_t number = 0; number < record.findings.size(); ++number)
+      if (sieve.Passes(record.findings[number])) shown_.push_back({static_cast<int>(i), static_cast<int>(number)});
+  }
   Order();
 }
 
 void FindingsModel::Sort(int column, bool descending) {
   sorted_by_ = column;
   descending_ = descending;
-  std::sort(shown_.begin(), shown_.end());
+  std::sort(shown_.begin(), shown_.end(), [](const FindingPlace& a, const FindingPlace& b) {
+    return a.record != b.record ? a.record < b.record : a.number < b.number;
+  });
   Order();
 }
 
+// Equal texts are few beside the findings: they are ordered, and the findings after them.
 void FindingsModel::Order() {
   ++revision_;
   if (sorted_by_ < 0) return;
+  std::unordered_map<std::string, int> places;
+  std::vector<int> text_of;
+  text_of.reserve(shown_.size());
   std::vector<std::pair<SortKey, int>> keys;
-  keys.reserve(shown_.size());
-  for (const int finding : shown_)
-    keys.emplace_back(SortKey(TextOf(review_.findings[static_cast<std::size_t>(finding)], sorted_by_)), finding);
-  std::stable_sort(keys.begin(), keys.end(),
-                   [&](const auto& a, const auto& b) { return descending_ ? b.first < a.first : a.first < b.first; });
-  for (std::size_t i = 0; i < keys.size(); ++i) shown_[i] = keys[i].second;
+  for (int row = 0; row < RowCount(); ++row) {
+    std::string text = Text(row, sorted_by_);
+    const auto [known, fresh] = places.try_emplace(std::move(text), static_cast<int>(keys.size()));
+    if (fresh) keys.emplace_back(SortKey(known->first), known->second);
+    text_of.push_back(known->second);
+  }
+  std::stable_sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<int> rank(keys.size());
+  int last = -1;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (i == 0 || keys[i - 1].first < keys[i].first) ++last;
+    rank[static_cast<std::size_t>(keys[i].second)] = last;
+  }
+  std::vector<std::pair<int, FindingPlace>> rows;
+  rows.reserve(shown_.size());
+  for (std::size_t row = 0; row < shown_.size(); ++row) {
+    const int at = rank[static_cast<std::size_t>(text_of[row])];
+    rows.emplace_back(descending_ ? -at : at, shown_[row]);
+  }
+  std::stable_sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (std::size_t row = 0; row < rows.size(); ++row) shown_[row] = rows[row].second;
 }
 
 std::string FindingsModel::CountText() const {
+  if (!live_.unreadable().empty()) return "The findings cannot be read: " + live_.unreadable();
   int count[3] = {};
-  for (const int finding : shown_) ++count[static_cast<int>(review_.findings[static_cast<std::size_t>(finding)].state)];
-  return std::to_string(shown_.size()) + " of " + std::to_string(review_.findings.size()) + " findings · " +
+  for (int row = 0; row < RowCount(); ++row) ++count[static_cast<int>(At(row).state)];
+  return std::to_string(shown_.size()) + " of " + std::to_string(review().findings) + " findings · " +
          std::to_string(count[0]) + " open, " + std::to_string(count[1]) + " explained, " + std::to_string(count[2]) +
          " stale";
 }

@@ -3,10 +3,11 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/list_model.h"
-#include "review/review.h"
+#include "review/live_review.h"
 
 namespace merlu {
 
@@ -19,6 +20,21 @@ struct FindingFilter {
 
 inline const std::vector<std::string> kFindingColumns = {
     "Place", "Field", "Value", "Expected", "Error Description", "Operator Comment", "State"};
+std::string FindingText(const Review& review, const ReviewedRecord& record, const ReviewedFinding& finding, int column);
+
+// A finding by its record's place in the review and its own in the record.
+struct FindingPlace {
+  int record = -1, number = -1;
+  bool operator==(const FindingPlace&) const = default;
+};
+
+// By what it is known again when the review has changed.
+struct FindingName {
+  RecordKind kind = RecordKind::kGone;
+  std::int64_t key = 0;
+  std::string tag;
+  bool operator==(const FindingName&) const = default;
+};
 
 class FindingsModel : public ListModel {
  public:
@@ -32,15 +48,21 @@ class FindingsModel : public ListModel {
 
   // Brings everything up to date; true when the rows have changed.
   bool Refresh();
-  const Review& review() const { return review_; }
-  // Grows when the review was made anew.
-  std::uint64_t review_number() const { return review_number_; }
-  // The finding of a row that shows.
+  const LiveReview& live() const { return live_; }
+  const Review& review() const { return live_.review(); }
+
+  FindingPlace PlaceAt(int row) const { return shown_[static_cast<std::size_t>(row)]; }
+  const ReviewedRecord& RecordAt(int row) const;
   const ReviewedFinding& At(int row) const;
-  // Its place in the review, and back; -1 when it does not show.
-  int Origin(int row) const { return shown_[static_cast<std::size_t>(row)]; }
+  FindingName NameAt(int row) const;
+  // The rows that these have now.
+  std::vector<int> RowsOf(const std::vector<FindingName>& names) const;
   // "12 of 340 findings · 8 open, 3 explained, 1 stale"
   std::string CountText() const;
+
+  // The finding that the user went to last, and where that left him.
+  FindingName walked_to;
+  std::string walked_at;
 
   int RowCount() const override { return static_cast<int>(shown_.size()); }
   std::string Text(int row, int column) const override;
@@ -49,21 +71,16 @@ class FindingsModel : public ListModel {
   void Sort(int column, bool descending) override;
 
  private:
-  std::string TextOf(const ReviewedFinding& finding, int column) const;
-  bool Passes(std::size_t finding, const std::vector<std::string>& words) const;
   void Choose();
   void Order();
 
   Source source_;
-  Review review_;
-  std::string path_;
-  std::int64_t changes_ = -1;
+  LiveReview live_;
   FindingFilter filter_;
-  std::vector<std::string> texts_;  // of the findings' columns in lower case, made when words are first asked for
-  std::vector<int> shown_;
+  std::vector<FindingPlace> shown_;
   int sorted_by_ = -1;
   bool descending_ = false;
-  std::uint64_t revision_ = 0, review_number_ = 0;
+  std::uint64_t revision_ = 0;
 };
 
 }  // namespace merlu

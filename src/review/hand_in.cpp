@@ -1,98 +1,146 @@
 #include "review/hand_in.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
+#include <unordered_map>
+#include <utility>
 
+#include "base/fault.h"
+#include "base/text.h"
 #include "history/notes.h"
+#include "review/changed_values.h"
 #include "review/completeness.h"
+#include "session/place.h"
+#include "session/types.h"
 
 namespace merlu {
 namespace {
 
-constexpr int kMonthsOfYear = 12;
-
-bool Counts(const ReviewedRecord& record, int month) {
-  return record.structure >= 0 && (month == 0 || record.location.Month == 0 || record.location.Month == month);
-}
+constexpr std::int64_t kMonthsOfYear = 12;
 
 template <typename Number>
 std::int64_t Sum(const Review& review, int month, Number number) {
   std::int64_t sum = 0;
   for (const ReviewedRecord& record : review.records)
-    if (Counts(record, month)) sum += number(record);
+    if (CountsFor(record, month)) sum += number(record);
   return sum;
 }
 
-std::set<int> MonthsOf(const Review& review) {
+std::set<int> MonthNumbers(const Review& review) {
   std::set<int> months;
-  for (const ReviewedRecord& record : review.records)
-    if (record.structure >= 0 && record.location.Month != 0) months.insert(record.location.Month);
+  for (const YearMonth& each : MonthsOf(review)) months.insert(each.month);
   return months;
 }
 
 std::int64_t StructuresWithoutTheMonth(const Review& review, int month) {
-  const std::set<int> months = month != 0 ? std::set<int>{month} : MonthsOf(review);
+  const std::set<int> months = month != 0 ? std::set<int>{month} : MonthNumbers(review);
   std::set<std::pair<int, int>> there;
   for (const ReviewedRecord& record : review.records)
-    if (record.location.Is(level::kStructure) && months.contains(record.location.Month))
-      there.emplace(record.structure, record.location.Month);
+    if (record.IsStructureMonth() && months.contains(record.month)) there.emplace(record.structure, record.month);
   return static_cast<std::int64_t>(review.structures.size() * months.size() - there.size());
 }
 
-// Copied values that are still as they were copied.
-std::int64_t Copied(Database& db, const Companion& companion, int month) {
+// ---- copied values ----
+
+// The months' records by the tables and keys under which copied values are kept.
+class MonthRecords {
+ public:
+  explicit MonthRecords(const Review& review) {
+    for (const ReviewedRecord& record : review.records) {
+      if (record.kind == RecordKind::kEquipmentMonth) equipment_[record.key] = &record;
+      if (record.kind == RecordKind::kStructureMonth) structures_[record.key] = &record;
+    }
+  }
+  const ReviewedRecord* Find(const std::string& table, std::int64_t key) const {
+    const auto& records = table == "PA_PLATFORM_ACTV" ? structures_ : equipment_;
+    const auto found = records.find(key);
+    return found == records.end() ? nullptr : found->second;
+  }
+
+ private:
+  std::unordered_map<std::int64_t, const ReviewedRecord*> equipment_, structures_;
+};
+
+bool IsOfMonths(const std::string& table) {
+  return table == "PA_PLATFORM_ACTV" || (table.starts_with("EA_") && FindType(table.substr(3)) != nullptr);
+}
+
+// Those that are still as they were copied.
+std::int64_t Copied(Database& db, const Companion& companion, const Review& review, int month) {
   std::int64_t count = 0;
-  for (const CopiedRecord& copied : AllCopied(companion)) {
-    const bool structure = copied.table == "PA_PLATFORM_ACTV";
-    const std::string master = structure ? "PA_PLATFORM_ACTV" : "EA_EQUIP_ACTV";
-    const std::string key = structure ? "SA_ID_AK" : "EA_ID_AK", column = structure ? "PA_MO" : "EA_MO";
-    const Value of = db.Single("SELECT " + column + " FROM " + master + " WHERE " + key + "=?", {copied.key});
-    if (IsNull(of) || (month != 0 && ToInteger(of) != month)) continue;
-    const Value stored =
-        db.Single("SELECT [" + copied.field.column + "] FROM [" + copied.table + "] WHERE " + key + "=?", {copied.key});
-    if (NullToEmpty(stored) == copied.field.value) ++count;
+  const std::vector<CopiedRecord> all = AllCopied(companion);
+  if (all.empty()) return count;
+  const MonthRecords records(review);
+  for (const CopiedRecord& copied : all) {
+    const ReviewedRecord* record = IsOfMonths(copied.table) ? records.Find(copied.table, copied.key) : nullptr;
+    if (record == nullptr || !CountsFor(*record, month)) continue;
+    const char* key = record->IsStructureMonth() ? "SA_ID_AK" : "EA_ID_AK";
+    try {
+      const Value stored = db.Single(
+          "SELECT [" + copied.field.column + "] FROM [" + copied.table + "] WHERE " + key + "=?", {copied.key});
+      if (NullToEmpty(stored) == copied.field.value) ++count;
+    } catch (const Fault&) {
+      // a column that the inventory does not have holds nothing
+    }
+  }
+  return count;
+}
+
+// ---- drafts, damage ----
+
+std::int64_t InterruptedEdits(const Companion& companion, int month, std::int64_t draft_in_hand) {
+  std::int64_t count = 0;
+  for (const Draft& draft : Drafts(companion)) {
+    QCLocation at;
+    Mode mode = Mode::kNone;
+    const bool known = UnpackLocation(draft.at, at, mode);
+    const int of_month = known && mode == Mode::kActv ? at.Month : 0;
+    if (draft.id != draft_in_hand && (month == 0 || of_month == 0 || of_month == month)) ++count;
   }
   return count;
 }
 
 std::int64_t Damage(Database& db) {
   std::int64_t count = 0;
-  db.ForEach("PRAGMA quick_check", {}, [&](const RowView& row) { count += row.Text(0) != "ok"; });
-  db.ForEach("PRAGMA foreign_key_check", {}, [&](const RowView&) { ++count; });
+  try {
+    db.ForEach("PRAGMA main.quick_check", {}, [&](const RowView& row) { count += row.Text(0) != "ok"; });
+    db.ForEach("PRAGMA main.foreign_key_check", {}, [&](const RowView&) { ++count; });
+  } catch (const Fault&) {
+    ++count;  // what cannot even be looked at
+  }
   return count;
-}
-
-// Values that the steps since the hand-in have written; none without one.
-std::int64_t ChangedSinceHandIn(const Companion& companion, int month) {
-  std::int64_t since = -1;
-  for (const HandIn& hand_in : HandIns(companion))
-    if (month == 0 || hand_in.month == month) since = std::max(since, hand_in.step);
-  if (since < 0) return 0;
-  std::int64_t values = 0;
-  for (const HistoryStep& step : Steps(companion))
-    if (step.id > since && !step.undone) values += step.values;
-  return values;
 }
 
 HandInRow Row(const char* check, std::int64_t count, const char* what_to_do, bool stops = true) {
   return {count == 0 ? "ok" : stops ? "stop" : "look", check, count, count == 0 ? "" : what_to_do};
 }
 
-}  // namespace
-
-bool IsUnchecked(const ReviewedRecord& record) {
-  if (record.inactive || record.structure_inactive || record.checked || !record.has_values) return false;
-  // of the descriptions only the structure's has a date
-  return record.location.Month != 0 || record.location.Is(level::kStructure);
+bool IsStop(const HandInRow& row) {
+  return row.state == "stop";
 }
 
-std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month) {
-  const auto months = static_cast<std::int64_t>(MonthsOf(review).size());
+}  // namespace
+
+bool CountsFor(const ReviewedRecord& record, int month) {
+  if (record.ReportsNothing()) return false;
+  return month == 0 || record.month == 0 || record.month == month;
+}
+
+bool IsUnchecked(const ReviewedRecord& record) {
+  if (record.gone || record.ReportsNothing() || record.checked || !record.has_values) return false;
+  // of the descriptions only the structure's has a date
+  return record.kind != RecordKind::kEquipment;
+}
+
+std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
+                                    std::int64_t draft_in_hand) {
+  const auto months = static_cast<std::int64_t>(MonthNumbers(review).size());
   const std::int64_t unfinished = Sum(review, month, [](const ReviewedRecord& record) {
-    return IsUnchecked(record) || (record.location.Month != 0 && StateOf(record) == RecordState::kEmpty);
+    return IsUnchecked(record) || (!record.gone && record.month != 0 && !record.has_values);
   });
-  std::vector<HandInRow> rows = {
-      Row("Months missing", month == 0 ? kMonthsOfYear - months : 0, "Add the months."),
+  return {
+      Row("Months missing", month == 0 ? std::max<std::int64_t>(kMonthsOfYear - months, 0) : 0, "Add the months."),
       Row("Structures without the month", StructuresWithoutTheMonth(review, month), "Add the structures' months."),
       Row("Records without values, never checked, or changed since", unfinished,
           "Fill them in, then Check What Was Not."),
@@ -100,19 +148,22 @@ std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, co
           "Correct the values, or explain them."),
       Row("Explanations older than their values", Sum(review, month, [](const auto& record) { return record.stale; }),
           "Read the comments again."),
-      Row("Copied values not confirmed", Copied(db, companion, month), "Confirm them."),
-      Row("Entries kept from an interrupted edit", static_cast<std::int64_t>(Drafts(companion).size()),
+      Row("Copied values not confirmed", Copied(db, companion, review, month), "Confirm them."),
+      Row("Entries kept from an interrupted edit", InterruptedEdits(companion, month, draft_in_hand),
           "Go on with the edit, or discard it.", false),
       Row("Pages of the file that are damaged, rows without their parent", Damage(db), "Restore a backup."),
+      Row("Values changed since the hand-in", ValuesChangedSinceHandIn(companion, review, month), "Hand in again.",
+          false),
   };
-  rows.push_back(
-      Row("Values changed since the hand-in", ChangedSinceHandIn(companion, month), "Hand in again.", false));
-  return rows;
+}
+
+bool IsReady(const std::vector<HandInRow>& rows) {
+  return std::none_of(rows.begin(), rows.end(), IsStop);
 }
 
 std::string HandInVerdict(const std::vector<HandInRow>& rows) {
-  const auto stops = std::count_if(rows.begin(), rows.end(), [](const HandInRow& row) { return row.state == "stop"; });
-  return stops == 0 ? "Ready to hand in." : "Not ready: " + std::to_string(stops) + " things to settle.";
+  if (IsReady(rows)) return "Ready to hand in.";
+  return "Not ready: " + std::to_string(std::count_if(rows.begin(), rows.end(), IsStop)) + " things to settle.";
 }
 
 }  // namespace merlu

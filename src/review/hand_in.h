@@ -1,12 +1,25 @@
 // Whether an inventory, or a month of it, is ready to hand in.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "review/review.h"
 
 namespace merlu {
+
+enum class HandInCheck : std::uint8_t {
+  kMonthsMissing,
+  kStructuresWithoutMonth,
+  kUnfinished,
+  kUnexplained,
+  kStale,
+  kCopied,
+  kDrafts,
+  kDamage,
+  kChanged
+};
 
 struct HandInRow {
   std::string state;  // "ok", "look", "stop"
@@ -15,12 +28,17 @@ struct HandInRow {
   std::string what_to_do;
 };
 
-// The month, or 0 for the whole year. A month counts its records and the descriptions.
-std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month);
+// In the order of HandInCheck, of the month, or of the whole year (0). A month counts its records and the descriptions.
+// An edit that still goes on is no interrupted one: the number of what is kept of it.
+std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
+                                    std::int64_t draft_in_hand = 0);
 // "Ready to hand in." or "Not ready: 2 things to settle."
 std::string HandInVerdict(const std::vector<HandInRow>& rows);
+bool IsReady(const std::vector<HandInRow>& rows);
 
 // A record that holds values, reports something and was never checked, or changed since.
 bool IsUnchecked(const ReviewedRecord& record);
+// What a month, or the whole year (0), counts: its records and the descriptions, without those that report nothing.
+bool CountsFor(const ReviewedRecord& record, int month);
 
 }  // namespace merlu

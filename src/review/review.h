@@ -3,8 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "history/companion.h"
@@ -13,43 +14,82 @@
 
 namespace merlu {
 
-enum class FindingState { kOpen, kExplained, kStale };
+enum class FindingState : std::uint8_t { kOpen, kExplained, kStale };
 const char* StateText(FindingState state);
 
 struct ReviewedStructure {
   std::int64_t PD_ID_AK = 0;
-  std::string complex, structure, text;  // as in the tree
+  std::string user, complex, structure, text;  // the text as in the tree
+  int rank = 0;                                // by which it stands there
 };
 
-struct ReviewedRecord {
-  QCLocation location;
-  Mode mode = Mode::kDesc;
-  int structure = -1;  // of the review's structures; -1 for a row of the log whose structure is gone
-  bool inactive = false, structure_inactive = false, has_values = true, checked = false;
-  int open = 0, explained = 0, stale = 0;
-  int findings() const { return open + explained + stale; }
+// A piece of equipment; -1 as its structure once it is gone.
+struct ReviewedPiece {
+  std::int64_t ED_ID_AK = 0;
+  int structure = -1;
+  std::string type, id;
+  int rank = 0;
+};
+
+// What a rule says, or a row of the log: kept once for all findings that say it.
+struct Said {
+  std::string tag, control, expected, text;
+  int field = 0;  // its place on the sheet
 };
 
 struct ReviewedFinding {
-  int record = 0;  // of the review's records
-  std::string tag, control, value, expected, text, comment;
-  FindingState state = FindingState::kOpen;
+  const Said* said = nullptr;
+  std::string value, comment;
   std::int64_t row = 0;  // of the log, 0 where it lacks the finding
+  FindingState state = FindingState::kOpen;
 };
 
-// Months from the first, the descriptions before them; then as the tree, then as the sheet.
+enum class RecordKind : std::uint8_t { kStructure, kStructureMonth, kEquipment, kEquipmentMonth, kGone };
+
+struct ReviewedRecord {
+  RecordKind kind = RecordKind::kGone;
+  std::int64_t key = 0;  // by its kind PD_ID_AK, SA_ID_AK, ED_ID_AK, EA_ID_AK, or the row of the log
+  int structure = -1;    // of the review's structures, and of its pieces
+  int piece = -1;
+  int year = 0, month = 0;
+  bool inactive = false, structure_inactive = false, has_values = true, checked = false;
+  int open = 0, explained = 0, stale = 0;
+  std::vector<ReviewedFinding> findings;   // as on the sheet
+  std::shared_ptr<const QCLocation> gone;  // where the log's row sits whose record is gone, or is none
+
+  bool IsEquipment() const { return kind == RecordKind::kEquipment || kind == RecordKind::kEquipmentMonth; }
+  bool IsStructureMonth() const { return kind == RecordKind::kStructureMonth; }
+  bool ReportsNothing() const { return inactive || structure_inactive; }
+};
+
+// Records stand by months, descriptions before them; then as in the tree.
 struct Review {
   std::vector<ReviewedStructure> structures;
+  std::vector<ReviewedPiece> pieces;
   std::vector<ReviewedRecord> records;
-  std::vector<ReviewedFinding> findings;
+  std::deque<Said> said;  // findings point into it
+  int findings = 0;       // of all records
+
+  Review() = default;
+  Review(Review&&) = default;
+  Review& operator=(Review&&) = default;
 };
 
 // "2017/03"
 std::string MonthText(int year, int month);
+// The months that the inventory has, in their order.
+struct YearMonth {
+  int year = 0, month = 0;
+  bool operator==(const YearMonth&) const = default;
+};
+std::vector<YearMonth> MonthsOf(const Review& review);
 
-Review MakeReview(Database& db, const Companion& companion);
-
+QCLocation LocationOf(const Review& review, const ReviewedRecord& record);
+Mode ModeOf(const ReviewedRecord& record);
 // "2017/03 · GI, 43, A · Combustion Flare: F1"
 std::string PlaceOf(const Review& review, const ReviewedRecord& record);
+
+// Faults of the store are passed on.
+Review MakeReview(Database& db, const Companion& companion);
 
 }  // namespace merlu

@@ -8,6 +8,7 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "host/hand_in_pdf.h"
 #include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "script/words.h"
@@ -205,6 +206,10 @@ std::string Player::DataFolder() {
 void Player::WriteReport(const InventoryReport& report, const std::string& path,
                          const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
+}
+
+void Player::WriteHandInReport(const HandInReport& report, const std::string& path) {
+  WriteHandInPdf(report, path);
 }
 
 void Player::Print(const Form& form) {

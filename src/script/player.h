@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "forms/platform.h"
+#include "forms/review_ports.h"
 #include "host/settings_store.h"
 #include "script/json_views.h"
 #include "session/session.h"
@@ -25,7 +26,7 @@ struct PlayOptions {
 
 // The platform of a script: boxes and dialogs are answered from queues, nothing is painted. A dialog runs
 // the commands that follow until it closes.
-class Player : public Platform {
+class Player : public Platform, public HandInPrinter {
  public:
   Player(std::istream& in, std::ostream& out, const PlayOptions& options);
 
@@ -51,6 +52,7 @@ class Player : public Platform {
   std::uint64_t FreeBytes(const std::string& folder) override;
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void WriteHandInReport(const HandInReport& report, const std::string& path) override;
   void Print(const Form& form) override;
   void OpenDocument(const std::string& path) override;
 

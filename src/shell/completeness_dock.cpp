@@ -1,7 +1,9 @@
 #include "shell/completeness_dock.h"
 
 #include <algorithm>
+#include <set>
 
+#include "base/text.h"
 #include "forms/dialog.h"
 #include "review/completeness.h"
 #include "shell/docks.h"
@@ -27,14 +29,28 @@ CompletenessModel& ModelOf(Form& dock) {
   return static_cast<CompletenessModel&>(*dock.At(kGrid).grid);
 }
 
-// The structures to choose from: texts are made different by their keys where two read the same.
+// The structures as they stand in the tree.
+std::vector<int> InOrder(const Review& review) {
+  std::vector<int> order(review.structures.size());
+  for (std::size_t i = 0; i < order.size(); ++i)
+    order[static_cast<std::size_t>(review.structures[i].rank)] = static_cast<int>(i);
+  return order;
+}
+
+// The structure of that place in the tree; -1 for all of them.
+int StructureAt(const Review& review, int place) {
+  return place < 0 ? -1 : InOrder(review)[static_cast<std::size_t>(place)];
+}
+
+// The structures to choose from: those that read the same are told apart by their keys.
 void OfferStructures(Form& dock, const Review& review) {
   Control& show = dock.At(kShow);
   std::vector<std::string> items = {kStructures};
-  for (const ReviewedStructure& structure : review.structures) {
-    const bool again = std::find(items.begin(), items.end(), structure.text) != items.end();
-    items.push_back(again ? structure.text + " (" + structure.complex + "/" + structure.structure + ")"
-                          : structure.text);
+  std::set<std::string> texts;
+  for (const int i : InOrder(review)) {
+    const ReviewedStructure& structure = review.structures[static_cast<std::size_t>(i)];
+    const std::string key = " (" + Trim(structure.complex) + "/" + Trim(structure.structure) + ")";
+    items.push_back(texts.insert(structure.text).second ? structure.text : structure.text + key);
   }
   if (items == show.items) return;
   show.items = std::move(items);
@@ -44,22 +60,25 @@ void OfferStructures(Form& dock, const Review& review) {
 }
 
 void Refresh(Session& s, Form& dock, Made& made) {
-  const FindingsModel& findings = Findings(s);
-  if (made.review == findings.review_number() && made.show == dock.At(kShow).text) return;
-  OfferStructures(dock, findings.review());
-  made = {findings.review_number(), dock.At(kShow).text};
+  const LiveReview& live = Findings(s).live();
+  if (made.review == live.revision() && made.show == dock.At(kShow).text) return;
+  OfferStructures(dock, live.review());
+  made = {live.revision(), dock.At(kShow).text};
   CompletenessModel& model = ModelOf(dock);
-  model.Set(CompletenessOf(findings.review(), dock.At(kShow).index - 1));
+  model.Set(CompletenessOf(live.review(), StructureAt(live.review(), dock.At(kShow).index - 1)));
   Control& count = dock.At(kCount);
-  count.caption = count.text = model.CountText();
+  count.caption = count.text =
+      live.unreadable().empty() ? model.CountText() : "The records cannot be read: " + live.unreadable();
 }
 
 void Open(Session& s, Form& dock) {
   const Control& grid = dock.At(kGrid);
   const RecordProgress* cell = ModelOf(dock).At(grid.at_row, grid.at_column);
   if (cell == nullptr || cell->record < 0) return;
-  const ReviewedRecord record = Findings(s).review().records[static_cast<std::size_t>(cell->record)];
-  GoTo(s, record.location, record.mode);
+  const Review& review = Findings(s).review();
+  const ReviewedRecord& record = review.records[static_cast<std::size_t>(cell->record)];
+  const QCLocation location = LocationOf(review, record);
+  GoTo(s, location, ModeOf(record));
 }
 
 Form& MakeDock(Session& s) {
@@ -90,6 +109,27 @@ void ToggleCompleteness(Session& s) {
   Form& dock = CompletenessDock(s);
   ToggleDock(s, dock);
   if (dock.visible) dock.Raise(kCount, kRefreshDock);
+}
+
+void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states) {
+  Form& dock = CompletenessDock(s);
+  dock.At(kShow).index = 0;
+  dock.At(kShow).text = kStructures;
+  if (!dock.visible) ToggleDock(s, dock);
+  dock.Raise(kCount, kRefreshDock);
+  const CompletenessModel& model = ModelOf(dock);
+  Control& grid = dock.At(kGrid);
+  for (int row = 0; row < model.RowCount(); ++row)
+    for (int column = 1; model.At(row, column) != nullptr; ++column) {
+      const RecordState state = model.At(row, column)->state;
+      // the descriptions stand in front of the months
+      if (month != 0 && column > 1 && column != month + 1) continue;
+      if (std::find(states.begin(), states.end(), state) == states.end()) continue;
+      grid.picked = {row};
+      grid.at_row = row;
+      grid.at_column = column;
+      return;
+    }
 }
 
 }  // namespace merlu

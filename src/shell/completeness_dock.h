@@ -1,11 +1,16 @@
 // How far each month of each structure is, beside the sheet.
 #pragma once
 
+#include <vector>
+
+#include "review/completeness.h"
 #include "session/session.h"
 
 namespace merlu {
 
 Form& CompletenessDock(Session& s);
 void ToggleCompleteness(Session& s);
+// Shows the structures, on the first cell of the month (0: of any) that has one of the states.
+void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states);
 
 }  // namespace merlu

@@ -236,8 +236,10 @@ Form& InventoryDialog(Session& s) {
   });
 }
 
-void RunExport(Session& s, Form& form, const char* focus) {
+// With the survey of that month picked; 0 for none.
+void RunExport(Session& s, Form& form, const char* focus, int month = 0) {
   FillSurveys(s, form);
+  if (month > 0 && month <= static_cast<int>(form.At(kSurveys).rows.size())) form.At(kSurveys).picked = {month - 1};
   form.focus = focus;
   ShowDialog(s.desk, s.platform, form);
   if (!s.db.IsOpen()) return;
@@ -386,7 +388,11 @@ void MakeExchangeDialogs(Session& s) {
 }
 
 void ExportSurvey(Session& s) {
-  if (HasDatabase(s)) RunExport(s, SurveyDialog(s), kSurveys);
+  ExportSurveyOf(s, 0);
+}
+
+void ExportSurveyOf(Session& s, int month) {
+  if (HasDatabase(s)) RunExport(s, SurveyDialog(s), month == 0 ? kSurveys : kExportName, month);
 }
 
 void ExportInventory(Session& s) {

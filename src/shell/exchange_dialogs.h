@@ -10,6 +10,8 @@ void MakeExchangeDialogs(Session& s);
 
 // Menu commands. The first two leave the program in activity mode at the root of a fresh tree.
 void ExportSurvey(Session& s);
+// With the survey of that month picked.
+void ExportSurveyOf(Session& s, int month);
 void ExportInventory(Session& s);
 void ExportStructures(Session& s);
 // Goes to the root of the description tree first.

@@ -8,9 +8,13 @@
 #include "history/notes.h"
 #include "qc/comment_dialog.h"
 #include "qc/comment_key.h"
+#include "records/structure_record.h"
 #include "review/comments.h"
 #include "session/folders.h"
 #include "session/messages.h"
+#include "session/place.h"
+#include "sheets/contract.h"
+#include "sheets/units.h"
 #include "shell/docks.h"
 #include "shell/navigation.h"
 
@@ -32,9 +36,7 @@ FindingsModel& ModelOf(Form& dock) {
 void OfferMonths(Form& dock, const Review& review) {
   Control& when = dock.At(kWhen);
   std::vector<std::string> items = {"All", "Descriptions"};
-  for (const ReviewedRecord& record : review.records)
-    if (const QCLocation& l = record.location; l.Month != 0 && items.back() != MonthText(l.Year, l.Month))
-      items.push_back(MonthText(l.Year, l.Month));
+  for (const YearMonth& each : MonthsOf(review)) items.push_back(MonthText(each.year, each.month));
   if (items == when.items) return;
   when.items = std::move(items);
   const auto found = std::find(when.items.begin(), when.items.end(), when.text);
@@ -44,29 +46,33 @@ void OfferMonths(Form& dock, const Review& review) {
 
 void Refresh(Form& dock) {
   FindingsModel& model = ModelOf(dock);
+  Control& list = dock.At(kList);
+  std::vector<FindingName> picked;
+  for (const int row : list.picked)
+    if (row >= 0 && row < model.RowCount()) picked.push_back(model.NameAt(row));
   if (!model.Refresh()) return;
   OfferMonths(dock, model.review());
-  dock.At(kList).picked.clear();
+  // a month that went with its rows is no filter any more
+  model.Refresh();
+  list.picked = model.RowsOf(picked);
   Control& count = dock.At(kCount);
   count.caption = count.text = model.CountText();
 }
 
 // ---- going to a finding ----
 
-void GoToFinding(Session& s, const Review& review, const ReviewedFinding& finding) {
-  const ReviewedRecord& record = review.records[static_cast<std::size_t>(finding.record)];
-  const QCLocation location = record.location;
-  const Mode mode = record.mode;
-  const std::string field = finding.control.empty() ? finding.tag : finding.control;
-  GoTo(s, location, mode, field);
+const ReviewedFinding& At(const Review& review, FindingPlace at) {
+  return review.records[static_cast<std::size_t>(at.record)].findings[static_cast<std::size_t>(at.number)];
 }
 
-bool IsAt(const Session& s, const ReviewedRecord& record) {
-  const QCLocation& l = record.location;
-  return s.mode == record.mode && s.current.Level == l.Level && s.current.Month == l.Month &&
-         Trim(s.current.CmplxID) == Trim(l.CmplxID) && Trim(s.current.StructID) == Trim(l.StructID) &&
-         (!l.Is(level::kEquipment) ||
-          (s.current.EquipType == l.EquipType && Trim(s.current.EquipID) == Trim(l.EquipID)));
+bool GoToFinding(Session& s, const Review& review, FindingPlace at) {
+  const ReviewedRecord& record = review.records[static_cast<std::size_t>(at.record)];
+  const Said& said = *At(review, at).said;
+  // by value: going there may change the review
+  const QCLocation location = LocationOf(review, record);
+  const Mode mode = ModeOf(record);
+  const std::string field = said.control.empty() ? said.tag : said.control;
+  return GoTo(s, location, mode, field);
 }
 
 std::string FocusOfSheet(const Session& s) {
@@ -74,48 +80,83 @@ std::string FocusOfSheet(const Session& s) {
   return sheet.form == nullptr ? "" : sheet.form->focus;
 }
 
-// Place in the order of what is walked through where the user stands: on the finding of the field in hand, else in
-// front of the record's first; -1 when the place has none.
+// Where the user stands, to the field.
+std::string StandingText(const Session& s) {
+  return PackLocation(s.current, s.mode) + ' ' + FocusOfSheet(s);
+}
+
+// What is walked through: the rows of the dock, or without it all findings.
+std::vector<FindingPlace> OrderOf(const FindingsModel& model, bool shown) {
+  std::vector<FindingPlace> order;
+  for (int row = 0; shown && row < model.RowCount(); ++row) order.push_back(model.PlaceAt(row));
+  const std::vector<ReviewedRecord>& records = model.review().records;
+  for (std::size_t i = 0; !shown && i < records.size(); ++i)
+    for (std::size_t number = 0; number < records[i].findings.size(); ++number)
+      order.push_back({static_cast<int>(i), static_cast<int>(number)});
+  return order;
+}
+
+// Place in the order of the finding that the user stands on; where he stands on none, between which two.
 struct Standing {
-  int on = -1, first_of_record = -1;
+  int on = -1;
+  int next = 0;
 };
 
-Standing WhereTheUserStands(const Session& s, const FindingsModel& model, const std::vector<int>& order) {
+int PlaceOfWalked(Session& s, const FindingsModel& model, const std::vector<FindingPlace>& order) {
+  if (model.walked_at != StandingText(s)) return -1;
+  const int record = model.live().Find(model.walked_to.kind, model.walked_to.key);
+  const auto found = std::find_if(order.begin(), order.end(), [&](FindingPlace at) {
+    return at.record == record && At(model.review(), at).said->tag == model.walked_to.tag;
+  });
+  return found == order.end() ? -1 : static_cast<int>(found - order.begin());
+}
+
+Standing WhereTheUserStands(Session& s, const FindingsModel& model, const std::vector<FindingPlace>& order) {
   Standing standing;
+  standing.on = PlaceOfWalked(s, model, order);
+  if (standing.on >= 0) return standing;
+  QCLocation at = s.current;
+  if (s.InDesc()) at.Month = at.Year = 0;
+  const int record = model.live().Find(at);
+  if (record < 0) return standing;
   const std::string focus = FocusOfSheet(s);
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    const ReviewedFinding& finding = model.review().findings[static_cast<std::size_t>(order[i])];
-    if (!IsAt(s, model.review().records[static_cast<std::size_t>(finding.record)])) continue;
-    if (standing.first_of_record < 0) standing.first_of_record = static_cast<int>(i);
-    if (!focus.empty() && EqualsIgnoringCase(finding.control, focus)) standing.on = static_cast<int>(i);
+  const auto first = std::find_if(order.begin(), order.end(), [&](FindingPlace each) { return each.record == record; });
+  if (first == order.end()) {
+    const auto behind =
+        std::find_if(order.begin(), order.end(), [&](FindingPlace each) { return each.record > record; });
+    standing.next = static_cast<int>(behind - order.begin());
+    return standing;
   }
+  standing.next = static_cast<int>(first - order.begin());
+  const auto on = std::find_if(order.begin(), order.end(), [&](FindingPlace each) {
+    return each.record == record && !focus.empty() && EqualsIgnoringCase(At(model.review(), each).said->control, focus);
+  });
+  if (on != order.end()) standing.on = static_cast<int>(on - order.begin());
   return standing;
 }
 
 void Step(Session& s, int by) {
   Form& dock = FindingsDock(s);
   FindingsModel& model = Findings(s);
-  // with the dock, its rows; without it, all of them
-  std::vector<int> order;
-  const int count = dock.visible ? model.RowCount() : static_cast<int>(model.review().findings.size());
-  for (int i = 0; i < count; ++i) order.push_back(dock.visible ? model.Origin(i) : i);
+  const bool shown = dock.visible;
+  const std::vector<FindingPlace> order = OrderOf(model, shown);
+  if (!model.live().unreadable().empty()) return Tell(s, model.CountText(), Icon::kWarning);
   if (order.empty()) return Tell(s, "There are no findings.", Icon::kInfo);
   const Standing standing = WhereTheUserStands(s, model, order);
-  int next = 0;
-  if (standing.on >= 0)
-    next = standing.on + by;
-  else if (standing.first_of_record >= 0)
-    next = standing.first_of_record + (by < 0 ? -1 : 0);
-  else if (by < 0)
-    next = count - 1;
+  const int count = static_cast<int>(order.size());
+  int next = standing.on >= 0 ? standing.on + by : by > 0 ? standing.next : standing.next - 1;
   next = (next + count) % count;
-  if (dock.visible) {
-    dock.At(kList).picked = {next};
-    dock.At(kList).at_row = next;
-  }
-  const ReviewedFinding finding =
-      model.review().findings[static_cast<std::size_t>(order[static_cast<std::size_t>(next)])];
-  GoToFinding(s, model.review(), finding);
+  const FindingPlace at = order[static_cast<std::size_t>(next)];
+  const ReviewedRecord& record = model.review().records[static_cast<std::size_t>(at.record)];
+  const FindingName name{record.kind, record.key, At(model.review(), at).said->tag};
+  const bool gone = record.gone != nullptr;
+  if (!GoToFinding(s, model.review(), at) && !gone) return;
+  model.walked_to = name;
+  model.walked_at = StandingText(s);
+  if (!shown) return;
+  Refresh(dock);
+  dock.At(kList).picked = model.RowsOf({name});
+  if (!dock.At(kList).picked.empty()) dock.At(kList).at_row = dock.At(kList).picked.front();
 }
 
 // ---- explaining ----
@@ -126,8 +167,9 @@ std::vector<FindingToExplain> Picked(Form& dock) {
   for (const int row : dock.At(kList).picked) {
     if (row < 0 || row >= model.RowCount()) continue;
     const ReviewedFinding& finding = model.At(row);
-    const ReviewedRecord& record = model.review().records[static_cast<std::size_t>(finding.record)];
-    picked.push_back({record.location, record.mode, finding});
+    const ReviewedRecord& record = model.RecordAt(row);
+    picked.push_back({LocationOf(model.review(), record), ModeOf(record), finding.said->tag, finding.said->text,
+                      finding.value, finding.row, finding.comment});
   }
   return picked;
 }
@@ -136,23 +178,36 @@ std::vector<FindingToExplain> Picked(Form& dock) {
 std::string OfferedComment(Session& s, const std::vector<FindingToExplain>& picked) {
   if (picked.size() > 1) return "";
   const FindingToExplain& one = picked.front();
-  if (!Trim(one.finding.comment).empty()) return one.finding.comment;
-  const auto known = CommentOf(s.companion, CommentKey(one.location, one.finding.tag, one.finding.text));
+  if (!Trim(one.comment).empty()) return one.comment;
+  const auto known = CommentOf(s.companion, CommentKey(one.location, one.tag, one.text));
   return known ? known->comment : "";
 }
 
+// The results of the sheet that shows hold comments too.
+void ShowCommentsOfSheet(Session& s) {
+  const ShowingSheet sheet = SheetThatShows(s);
+  if (sheet.form == nullptr) return;
+  if (const SheetSpec* spec = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr)
+    LoadQCList(s, *spec);
+  else if (s.current.Is(level::kStructure))
+    LoadStructureQCList(s);
+}
+
 void EditComment(Session& s, Form& dock) {
+  s.db.NoticeOthers();
   Refresh(dock);
   const std::vector<FindingToExplain> picked = Picked(dock);
   if (picked.empty()) return Tell(s, "Please select an error record to edit.");
   Form& dialog = CommentDialog(s);
   const bool one = picked.size() == 1;
   dialog.At("txtFieldName").text =
-      one ? picked.front().finding.tag : std::to_string(picked.size()) + " findings take this comment";
-  dialog.At("txtErrorDesc").text = one ? picked.front().finding.text : "";
+      one ? picked.front().tag : std::to_string(picked.size()) + " findings take this comment";
+  dialog.At("txtErrorDesc").text = one ? picked.front().text : "";
   dialog.At("txtComments").text = OfferedComment(s, picked);
   dialog.On("cmdOK", Event::kClick, [&s, &dialog, &picked] {
-    if (ExplainFindings(s, picked, dialog.At("txtComments").text)) s.desk.Hide(dialog);
+    if (!ExplainFindings(s, picked, dialog.At("txtComments").text)) return;
+    s.desk.Hide(dialog);
+    ShowCommentsOfSheet(s);
   });
   ShowDialog(s.desk, s.platform, dialog);
   dialog.On("cmdOK", Event::kClick, nullptr);
@@ -170,6 +225,7 @@ void Export(Session& s, Form& dock) {
                                                {{"Comma-Separated Values (*.csv)", "*.csv", ".csv"}}});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
+    const Busy busy(s);
     WriteList(OwnFilesOf(s), path, {"Findings", kFindingColumns, model.RowCount(), [&](int row, int column) {
                                       return model.Text(row, column);
                                     }});
@@ -205,11 +261,13 @@ Form& MakeDock(Session& s) {
   dock.On("cmdFND_Export", Event::kClick, [&s, &dock] { Export(s, dock); });
   dock.On(kList, Event::kDoubleClick, [&s, &dock] {
     Refresh(dock);
-    const FindingsModel& model = ModelOf(dock);
+    FindingsModel& model = ModelOf(dock);
     const std::vector<int>& picked = dock.At(kList).picked;
     if (picked.empty() || picked.front() >= model.RowCount()) return;
-    const ReviewedFinding finding = model.At(picked.front());
-    GoToFinding(s, model.review(), finding);
+    const FindingName name = model.NameAt(picked.front());
+    if (!GoToFinding(s, model.review(), model.PlaceAt(picked.front()))) return;
+    model.walked_to = name;
+    model.walked_at = StandingText(s);
   });
   return dock;
 }
@@ -236,8 +294,15 @@ void ToggleFindings(Session& s) {
 void ShowFindings(Session& s, const FindingFilter& filter) {
   Form& dock = FindingsDock(s);
   dock.At(kFilter).text = filter.words;
-  dock.At(kState).text = filter.state;
-  dock.At(kWhen).text = filter.when;
+  const auto choose = [&dock](const char* list, const std::string& text) {
+    Control& control = dock.At(list);
+    const auto found = std::find(control.items.begin(), control.items.end(), text);
+    control.index = found == control.items.end() ? 0 : static_cast<int>(found - control.items.begin());
+    control.text = control.items[static_cast<std::size_t>(control.index)];
+  };
+  Refresh(dock);  // it offers the months
+  choose(kState, filter.state);
+  choose(kWhen, filter.when);
   if (!dock.visible) ToggleDock(s, dock);
   Refresh(dock);
 }

@@ -2,6 +2,8 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "review/place_counts.h"
+#include "shell/findings_dock.h"
 
 namespace merlu {
 namespace {
@@ -11,25 +13,18 @@ struct Question {
   Values values;
 };
 
-// The findings of the place, as QC's summary counts them.
-Question FindingsAt(const QCLocation& at) {
-  Question question{
-      "SELECT COUNT(*),COUNT(CASE WHEN trim(coalesce(Comments,''))='' THEN 1 END) FROM QC WHERE "
-      "UserID=? AND [Month]=? AND [Year]=?",
-      {Trim(at.UserID), std::int64_t{at.Month}, std::int64_t{at.Year}}};
-  const auto add = [&question](const char* column, const std::string& value) {
-    question.sql += std::string(" AND ") + column + "=?";
-    question.values.emplace_back(Trim(value));
-  };
-  if (at.Is(level::kStructure) || at.Is(level::kEquipment)) {
-    add("CmplxID", at.CmplxID);
-    add("StructID", at.StructID);
+// Of a month with all its structures, or of a structure or a piece of equipment.
+PlaceCounts FindingsAt(Session& s) {
+  const QCLocation& at = s.current;
+  if (!at.Is(level::kSurvey))
+    return CountFindingsAt(s.db, at, s.mode, {s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK});
+  PlaceCounts counts;
+  for (const ReviewedRecord& record : Findings(s).review().records) {
+    if (record.month != at.Month) continue;
+    counts.findings += static_cast<int>(record.findings.size());
+    counts.unexplained += record.open;
   }
-  if (at.Is(level::kEquipment)) {
-    add("EquipType", at.EquipType);
-    add("EquipID", at.EquipID);
-  }
-  return question;
+  return counts;
 }
 
 // Rows of the place that have no date of last QC. A description of equipment has the date of its structure: no run
@@ -67,11 +62,9 @@ void UpdateStatus(Session& s) {
   const bool judged = at.Is(level::kSurvey) || at.Is(level::kStructure) || at.Is(level::kEquipment);
   if (!judged || !s.db.IsOpen()) return;
   try {
-    const Question findings = FindingsAt(at);
-    s.db.ForEach(findings.sql, findings.values, [&s](const RowView& row) {
-      s.findings = static_cast<int>(row.Integer(0));
-      s.unexplained = static_cast<int>(row.Integer(1));
-    });
+    const PlaceCounts counts = FindingsAt(s);
+    s.findings = counts.findings;
+    s.unexplained = counts.unexplained;
     const Question unchecked = Unchecked(s);
     s.checked = ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
   } catch (const Fault&) {

@@ -1,0 +1,145 @@
+#include "review/changed_values.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+
+#include "history/notes.h"
+#include "history/steps.h"
+#include "session/types.h"
+
+namespace merlu {
+namespace {
+
+bool IsTypeTable(const std::string& table, const char* prefix) {
+  return table.starts_with(prefix) && FindType(table.substr(3)) != nullptr;
+}
+
+bool IsDateOfRun(const std::string& column) {
+  return column.ends_with("_QC_DT");
+}
+
+// A value as it was first and is last.
+struct Course {
+  std::string before, after;
+};
+
+std::string BytesOf(const StoredValue& value) {
+  std::string bytes;
+  AppendValue(bytes, value);
+  return bytes;
+}
+
+// The newest step at the hand-in of each month.
+using Since = std::map<int, std::int64_t>;
+
+Since SinceOf(const Companion& companion, int month) {
+  Since since;
+  for (const HandIn& hand_in : HandIns(companion))
+    if (month == 0 || hand_in.month == month) since[hand_in.month] = std::max(since[hand_in.month], hand_in.step);
+  return since;
+}
+
+class Changed {
+ public:
+  Changed(const Companion& companion, const Review& review, Since since) : companion_(companion), since_(since) {
+    for (const ReviewedRecord& record : review.records) {
+      if (record.kind == RecordKind::kStructureMonth) structure_months_[record.key] = record.month;
+      if (record.kind == RecordKind::kEquipmentMonth) months_[record.key] = record.month;
+    }
+    for (const auto& [month, step] : since_) first_ = first_ ? std::min(*first_, step) : step;
+  }
+
+  std::int64_t Count() {
+    if (since_.empty()) return 0;
+    std::vector<HistoryStep> steps = Steps(companion_);
+    std::reverse(steps.begin(), steps.end());
+    // months of rows that are gone stand in the steps
+    for (const HistoryStep& step : steps)
+      if (Counts(step)) Walk(step, [this](const KeptRow& row) { Learn(row); });
+    for (const HistoryStep& step : steps)
+      if (Counts(step)) Walk(step, [&](const KeptRow& row) { Add(row, step.id); });
+    return std::count_if(courses_.begin(), courses_.end(),
+                         [](const auto& course) { return course.second.before != course.second.after; });
+  }
+
+ private:
+  bool Counts(const HistoryStep& step) const { return step.id > *first_ && !step.undone; }
+
+  template <typename Each>
+  void Walk(const HistoryStep& step, Each each) {
+    for (const std::string& part : PartsOf(companion_, step.id))
+      for (const KeptRow& row : UnpackChanges(part)) each(row);
+  }
+
+  const RecordedTable* TableOf(const std::string& name) const {
+    for (const RecordedTable& table : *companion_.db()->recorder().tables())
+      if (table.name == name) return &table;
+    return nullptr;
+  }
+
+  void Learn(const KeptRow& row) {
+    const bool equipment = row.table == "EA_EQUIP_ACTV";
+    if (row.row.empty() || (!equipment && row.table != "PA_PLATFORM_ACTV")) return;
+    const RecordedTable* table = TableOf(row.table);
+    if (table == nullptr) return;
+    const std::vector<StoredValue> values = RowValues(row.row);
+    for (std::size_t i = 0; i < values.size() && i < table->columns.size(); ++i)
+      if (table->columns[i] == (equipment ? "EA_MO" : "PA_MO"))
+        (equipment ? months_ : structure_months_).try_emplace(row.rowid, static_cast<int>(values[i].integer));
+  }
+
+  // 0 for a description; none for what is neither.
+  std::optional<int> MonthOf(const KeptRow& row) const {
+    const bool description =
+        row.table == "PD_PLATFORM_DESC" || row.table == "ED_EQUIP_DESC" || IsTypeTable(row.table, "ED_");
+    if (description) return 0;
+    const bool structure = row.table == "PA_PLATFORM_ACTV";
+    if (!structure && row.table != "EA_EQUIP_ACTV" && !IsTypeTable(row.table, "EA_")) return std::nullopt;
+    const auto& months = structure ? structure_months_ : months_;
+    const auto found = months.find(row.rowid);
+    return found == months.end() ? std::nullopt : std::optional(found->second);
+  }
+
+  void Add(const KeptRow& row, std::int64_t step) {
+    const std::optional<int> month = MonthOf(row);
+    if (!month) return;
+    const auto handed_in = since_.find(*month);
+    if (*month != 0 && (handed_in == since_.end() || step <= handed_in->second)) return;
+    const RecordedTable* table = TableOf(row.table);
+    if (table == nullptr) return;
+    const auto add = [&](std::size_t column, const StoredValue& before, const StoredValue& after) {
+      if (column >= table->columns.size() || !IsShownColumn(table->name, table->columns[column])) return;
+      if (IsDateOfRun(table->columns[column])) return;
+      const auto [course, fresh] = courses_.try_emplace({row.table, row.rowid, column});
+      if (fresh) course->second.before = BytesOf(before);
+      course->second.after = BytesOf(after);
+    };
+    if (row.kind == KeptRow::Kind::kChanged) {
+      for (const KeptValue& value : row.values) add(value.column, value.before, value.after);
+      return;
+    }
+    const bool came = row.kind == KeptRow::Kind::kAdded;
+    const std::vector<StoredValue> values = RowValues(row.row);
+    for (std::size_t column = 0; column < values.size(); ++column)
+      add(column, came ? StoredValue() : values[column], came ? values[column] : StoredValue());
+  }
+
+  const Companion& companion_;
+  const Since since_;
+  std::optional<std::int64_t> first_;
+  std::unordered_map<std::int64_t, int> months_, structure_months_;
+  std::map<std::tuple<std::string, std::int64_t, std::size_t>, Course> courses_;
+};
+
+}  // namespace
+
+std::int64_t ValuesChangedSinceHandIn(const Companion& companion, const Review& review, int month) {
+  if (companion.db() == nullptr || companion.db()->recorder().tables() == nullptr) return 0;
+  return Changed(companion, review, SinceOf(companion, month)).Count();
+}
+
+}  // namespace merlu

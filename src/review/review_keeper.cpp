@@ -1,0 +1,434 @@
+#include "review/review_keeper.h"
+
+#include <algorithm>
+#include <numeric>
+#include <tuple>
+
+#include "history/all_comments.h"
+#include "qc/comment_key.h"
+#include "session/types.h"
+#include "sheets/units.h"
+
+namespace merlu {
+namespace {
+
+constexpr const char* kLogColumns =
+    "SELECT rowid,FieldID,[Desc],Comments,[Level],UserID,[Month],CmplxID,StructID,EquipType,EquipID FROM QC";
+constexpr int kMonthBits = 8;
+constexpr std::int64_t kOfPieces = std::int64_t{1} << 62;
+constexpr std::size_t kLocationColumns = 7;
+
+std::size_t At(int index) {
+  return static_cast<std::size_t>(index);
+}
+
+std::string StructureName(std::string_view user, std::string_view complex, std::string_view structure) {
+  return Lower(Trim(user)) + '\n' + Lower(Trim(complex)) + '\n' + Lower(Trim(structure));
+}
+
+std::string PieceName(int structure, std::string_view type, std::string_view id) {
+  return std::to_string(structure) + '\n' + Lower(Trim(type)) + '\n' + Lower(Trim(id));
+}
+
+// Ranks by text without regard to case, as siblings stand in the tree; equal ones in the order that they have.
+template <typename Of, typename TextOf>
+void Rank(std::vector<Of>& all, TextOf text_of) {
+  std::vector<std::string> texts;
+  texts.reserve(all.size());
+  for (const Of& each : all) texts.push_back(text_of(each));
+  std::vector<int> order(all.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::stable_sort(order.begin(), order.end(),
+                   [&](int a, int b) { return LessIgnoringCase(texts[At(a)], texts[At(b)]); });
+  for (std::size_t rank = 0; rank < order.size(); ++rank) all[At(order[rank])].rank = static_cast<int>(rank);
+}
+
+RecordKind KindOf(const JudgedRecord& judged, Mode mode) {
+  if (judged.sheet == nullptr) return mode == Mode::kActv ? RecordKind::kStructureMonth : RecordKind::kStructure;
+  return mode == Mode::kActv ? RecordKind::kEquipmentMonth : RecordKind::kEquipment;
+}
+
+std::int64_t KeyOf(const RecordKeys& keys, RecordKind kind) {
+  switch (kind) {
+    case RecordKind::kStructure: return keys.PD_ID_AK;
+    case RecordKind::kStructureMonth: return keys.SA_ID_AK;
+    case RecordKind::kEquipment: return keys.ED_ID_AK;
+    default: return keys.EA_ID_AK;
+  }
+}
+
+}  // namespace
+
+const std::string* LogTexts::Of(std::string_view text) {
+  const auto found = texts_.find(text);
+  return found != texts_.end() ? &*found : &*texts_.emplace(text).first;
+}
+
+std::optional<KnownComment> KnownComments::Of(const std::string& finding) {
+  if (!many_) return CommentOf(companion_, finding);
+  if (!read_) {
+    for (auto& [name, comment] : AllComments(companion_)) all_.insert_or_assign(name, std::move(comment));
+    read_ = true;
+  }
+  const auto found = all_.find(finding);
+  return found == all_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void ReviewKeeper::Clear() {
+  *this = ReviewKeeper();
+}
+
+// ---- names ----
+
+void ReviewKeeper::ReadNames(Database& db) {
+  std::vector<ReviewedStructure> structures;
+  structure_of_key_.clear();
+  structure_of_name_.clear();
+  db.ForEach(
+      "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name FROM PD_PLATFORM_DESC ORDER BY "
+      "PD_ID_AK",
+      {}, [&](const RowView& row) {
+        const auto text = [&](int column) { return std::string(row.Text(column)); };
+        const int index = static_cast<int>(structures.size());
+        structure_of_key_[row.Integer(0)] = index;
+        structure_of_name_.try_emplace(StructureName(row.Text(1), row.Text(2), row.Text(3)), index);
+        // where nobody says whose it is
+        structure_of_name_.try_emplace(StructureName("", row.Text(2), row.Text(3)), index);
+        structures.push_back({row.Integer(0), text(1), text(2), text(3), text(4) + ", " + text(5) + ", " + text(6), 0});
+      });
+  Rank(structures, [](const ReviewedStructure& structure) { return structure.text; });
+  review_.structures = std::move(structures);
+  for (ReviewedPiece& piece : review_.pieces) piece.structure = -1;
+  piece_of_name_.clear();
+  // types in the order in which the tree is built
+  db.ForEach(
+      "SELECT ED_ID_AK,PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC ORDER BY ED_EQUIP_TYP,ED_ID_AK", {},
+      [&](const RowView& row) {
+        const auto at = structure_of_key_.find(row.Integer(1));
+        if (at == structure_of_key_.end()) return;
+        const auto [known, fresh] = piece_of_key_.try_emplace(row.Integer(0), static_cast<int>(review_.pieces.size()));
+        if (fresh) review_.pieces.emplace_back();
+        ReviewedPiece& piece = review_.pieces[At(known->second)];
+        piece = {row.Integer(0), at->second, std::string(row.Text(2)), std::string(row.Text(3)), 0};
+        piece_of_name_.try_emplace(PieceName(piece.structure, piece.type, piece.id), known->second);
+      });
+  Rank(review_.pieces, [](const ReviewedPiece& piece) { return TreeTypeName(piece.type) + ": " + Trim(piece.id); });
+}
+
+std::int64_t ReviewKeeper::PlaceKey(int structure, int piece, int month) {
+  const std::int64_t of =
+      piece >= 0 ? kOfPieces + (std::int64_t{piece} << kMonthBits) : std::int64_t{structure} << kMonthBits;
+  return of + (month & ((1 << kMonthBits) - 1));
+}
+
+ReviewKeeper::Named ReviewKeeper::NameOf(std::string_view level, std::string_view user, int month,
+                                         std::string_view complex, std::string_view structure, std::string_view type,
+                                         std::string_view id) const {
+  const bool equipment = EqualsIgnoringCase(level, level::kEquipment);
+  if (!equipment && !EqualsIgnoringCase(level, level::kStructure)) return {};
+  const auto at = structure_of_name_.find(StructureName(user, complex, structure));
+  if (at == structure_of_name_.end()) return {};
+  if (!equipment) return {PlaceKey(at->second, -1, month), at->second};
+  const auto piece = piece_of_name_.find(PieceName(at->second, type, id));
+  if (piece == piece_of_name_.end()) return {-1, at->second};
+  return {PlaceKey(at->second, piece->second, month), at->second};
+}
+
+int ReviewKeeper::Find(RecordKind kind, std::int64_t key) const {
+  const auto& records = record_of_[static_cast<std::size_t>(kind)];
+  const auto found = records.find(key);
+  return found == records.end() ? -1 : found->second;
+}
+
+int ReviewKeeper::Find(const QCLocation& l) const {
+  const Named named = NameOf(l.Level, l.UserID, l.Month, l.CmplxID, l.StructID, l.EquipType, l.EquipID);
+  const auto found = record_at_.find(named.place);
+  return found == record_at_.end() ? -1 : found->second;
+}
+
+// ---- the log ----
+
+LogRow ReviewKeeper::RowOfLog(const RowView& row, std::int64_t place) {
+  return {place, row.Integer(0), texts_.Of(row.Text(1)), texts_.Of(row.Text(2)), std::string(row.Text(3)), false};
+}
+
+// Of all structures, or of those, with the rows that have no record; by their places.
+std::vector<LogRow> ReviewKeeper::ReadLog(Database& db, const std::set<int>* structures) {
+  std::vector<LogRow> log;
+  std::array<std::string, kLocationColumns> last;
+  Named named;
+  bool first = true;
+  db.ForEach(std::string(kLogColumns) + " ORDER BY rowid", {}, [&](const RowView& row) {
+    constexpr int kLocation = 4;
+    const auto text = [&row](int column) { return row.Text(kLocation + column); };
+    bool same = !first;
+    for (int column = 0; same && column < static_cast<int>(kLocationColumns); ++column)
+      same = last[At(column)] == text(column);
+    if (!same) {
+      for (int column = 0; column < static_cast<int>(kLocationColumns); ++column) last[At(column)] = text(column);
+      const int month = static_cast<int>(row.Integer(kLocation + 2));
+      named = NameOf(text(0), text(1), month, text(3), text(4), text(5), text(6));
+      first = false;
+    }
+    const bool wanted =
+        structures == nullptr || structures->contains(named.structure) || !record_at_.contains(named.place);
+    if (wanted) log.push_back(RowOfLog(row, named.place));
+  });
+  std::stable_sort(log.begin(), log.end(), [](const LogRow& a, const LogRow& b) { return a.place < b.place; });
+  return log;
+}
+
+// ---- records ----
+
+const Said& ReviewKeeper::Saying(const RuleSet* rules, std::string_view tag, std::string_view text,
+                                 std::string_view expected, int field) {
+  const SaidKey key = {rules == nullptr ? nullptr : &rules->fields()[std::min(field, rules->fields().size() - 1)],
+                       text.data(), expected.data(), tag.data()};
+  const auto found = said_.find(key);
+  if (found != said_.end()) return *found->second;
+  Said& said = review_.said.emplace_back();
+  said.tag = tag;
+  said.text = text;
+  said.expected = expected;
+  said.field = field;
+  if (rules != nullptr && field < rules->fields().size()) said.control = rules->fields()[field].control;
+  said_.emplace(key, &said);
+  return said;
+}
+
+void ReviewKeeper::Explain(ReviewedFinding& finding, const QCLocation& at, KnownComments& known) {
+  if (Trim(finding.comment).empty()) return;
+  const auto upon = known.Of(CommentKey(at, finding.said->tag, finding.said->text));
+  const bool stale = upon && upon->comment == finding.comment && upon->value != finding.value;
+  finding.state = stale ? FindingState::kStale : FindingState::kExplained;
+}
+
+// What a rule says, with the comment of the row that says the same. Of several rows under its tag one that says the
+// same counts, else the first.
+ReviewedFinding ReviewKeeper::Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
+                                     const ReviewedRecord& record, KnownComments& known) {
+  ReviewedFinding made;
+  made.said = &Saying(judged.rules, finding.tag, finding.text, finding.expected, finding.field);
+  made.value = judged.stored->Text(finding.field);
+  LogRow* best = nullptr;
+  for (LogRow* row : logged) {
+    if (row->taken || !IsSameTag(*row->tag, finding.tag)) continue;
+    const bool same = *row->text == finding.text;
+    if (best == nullptr || same) best = row;
+    if (same) break;
+  }
+  if (best == nullptr) return made;
+  best->taken = true;
+  made.row = best->row;
+  if (*best->text != finding.text) return made;
+  made.comment = best->comment;
+  Explain(made, LocationOf(review_, record), known);
+  return made;
+}
+
+// A row that no rule would raise now.
+ReviewedFinding ReviewKeeper::Kept(const JudgedRecord& judged, LogRow& row, const ReviewedRecord& record,
+                                   KnownComments& known) {
+  row.taken = true;
+  const RecordFields& fields = judged.rules->fields();
+  int field = 0;
+  while (field < fields.size() && !IsSameTag(fields[field].tag, *row.tag)) ++field;
+  ReviewedFinding made;
+  made.said = &Saying(judged.rules, *row.tag, *row.text, ExpectedOf(*judged.rules, *row.tag, *row.text), field);
+  if (field < fields.size()) made.value = judged.stored->Text(field);
+  made.row = row.row;
+  made.comment = row.comment;
+  Explain(made, LocationOf(review_, record), known);
+  return made;
+}
+
+ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known) {
+  ReviewedRecord record;
+  record.kind = KindOf(judged, mode);
+  record.key = KeyOf(judged.keys, record.kind);
+  record.structure = structure_of_key_.at(judged.keys.PD_ID_AK);
+  if (record.IsEquipment()) record.piece = piece_of_key_.at(judged.keys.ED_ID_AK);
+  record.year = judged.year;
+  record.month = judged.month;
+  record.inactive = judged.inactive;
+  record.structure_inactive = judged.structure_inactive;
+  record.has_values = judged.has_values;
+  record.checked = judged.checked;
+  if (mode == Mode::kDesc || (judged.has_values && !record.ReportsNothing()))
+    for (const JudgedFinding& finding : StandingFindings(*judged.verdicts))
+      record.findings.push_back(Raised(judged, finding, logged, record, known));
+  for (LogRow* row : logged)
+    if (!row->taken) record.findings.push_back(Kept(judged, *row, record, known));
+  std::stable_sort(record.findings.begin(), record.findings.end(),
+                   [](const ReviewedFinding& a, const ReviewedFinding& b) { return a.said->field < b.said->field; });
+  for (const ReviewedFinding& finding : record.findings)
+    ++(finding.state == FindingState::kOpen        ? record.open
+       : finding.state == FindingState::kExplained ? record.explained
+                                                   : record.stale);
+  return record;
+}
+
+void ReviewKeeper::Judge(Database& db, const RecordScope& scope, std::vector<LogRow>& log, KnownComments& known,
+                         std::vector<ReviewedRecord>& to) {
+  Logged logged;
+  JudgeAll(db, scope, [&](const JudgedRecord& judged) {
+    const auto structure = structure_of_key_.find(judged.keys.PD_ID_AK);
+    if (judged.structure == nullptr || structure == structure_of_key_.end()) return;
+    const int piece = judged.sheet == nullptr ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK);
+    const std::int64_t place = PlaceKey(structure->second, piece, judged.month);
+    logged.clear();
+    const auto first = std::lower_bound(log.begin(), log.end(), place,
+                                        [](const LogRow& row, std::int64_t wanted) { return row.place < wanted; });
+    for (auto row = first; row != log.end() && row->place == place; ++row)
+      if (!row->taken) logged.push_back(&*row);
+    to.push_back(Judged(judged, scope.mode, logged, known));
+  });
+}
+
+// A row of a survey, or of a record that is gone.
+ReviewedRecord ReviewKeeper::Gone(Database& db, const LogRow& row, KnownComments& known) {
+  QCLocation at;
+  db.ForEach("SELECT [Level],UserID,[Month],[Year],CmplxID,StructID,EquipType,EquipID FROM QC WHERE rowid=?", {row.row},
+             [&at](const RowView& found) {
+               const auto text = [&](int column) { return std::string(found.Text(column)); };
+               at = {Upper(text(0)),
+                     text(1),
+                     static_cast<int>(found.Integer(2)),
+                     static_cast<int>(found.Integer(3)),
+                     text(4),
+                     text(5),
+                     text(6),
+                     text(7)};
+             });
+  ReviewedRecord record;
+  record.key = row.row;
+  record.year = at.Year;
+  record.month = at.Month;
+  ReviewedFinding finding;
+  finding.said = &Saying(nullptr, *row.tag, *row.text, {}, 0);
+  finding.row = row.row;
+  finding.comment = row.comment;
+  Explain(finding, at, known);
+  (finding.state == FindingState::kOpen ? record.open : record.explained) = 1;
+  record.findings.push_back(std::move(finding));
+  record.gone = std::make_shared<const QCLocation>(std::move(at));
+  return record;
+}
+
+// ---- the whole and its parts ----
+
+bool ReviewKeeper::StandsBefore(const ReviewedRecord& a, const ReviewedRecord& b) const {
+  const auto order = [this](const ReviewedRecord& record) {
+    const int structure = record.structure < 0 ? static_cast<int>(review_.structures.size())
+                                               : review_.structures[At(record.structure)].rank;
+    const int piece = record.piece < 0 ? -1 : review_.pieces[At(record.piece)].rank;
+    return std::make_tuple(record.month == 0 ? 0 : record.year, record.month, structure, piece, record.key);
+  };
+  return order(a) < order(b);
+}
+
+void ReviewKeeper::Arrange() {
+  std::vector<ReviewedRecord>& records = review_.records;
+  const auto before = [this](const ReviewedRecord& a, const ReviewedRecord& b) { return StandsBefore(a, b); };
+  if (!std::is_sorted(records.begin(), records.end(), before)) std::stable_sort(records.begin(), records.end(), before);
+  record_at_.clear();
+  for (auto& of_kind : record_of_) of_kind.clear();
+  record_at_.reserve(records.size());
+  record_of_[static_cast<std::size_t>(RecordKind::kEquipmentMonth)].reserve(records.size());
+  review_.findings = 0;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const ReviewedRecord& record = records[i];
+    review_.findings += static_cast<int>(record.findings.size());
+    record_of_[static_cast<std::size_t>(record.kind)].try_emplace(record.key, static_cast<int>(i));
+    if (!record.gone)
+      record_at_.try_emplace(PlaceKey(record.structure, record.piece, record.month), static_cast<int>(i));
+  }
+}
+
+void ReviewKeeper::Build(Database& db, const Companion& companion) {
+  Clear();
+  ReadNames(db);
+  std::vector<LogRow> log = ReadLog(db, nullptr);
+  KnownComments known(companion, true);
+  std::vector<ReviewedRecord> records;
+  for (const Mode mode : {Mode::kDesc, Mode::kActv}) Judge(db, {.mode = mode}, log, known, records);
+  for (const LogRow& row : log)
+    if (!row.taken) records.push_back(Gone(db, row, known));
+  review_.records = std::move(records);
+  Arrange();
+}
+
+void ReviewKeeper::Replace(Database& db, const Companion& companion, const std::set<std::int64_t>& structures) {
+  ReadNames(db);
+  std::set<int> wanted;
+  for (const std::int64_t key : structures)
+    if (const auto found = structure_of_key_.find(key); found != structure_of_key_.end()) wanted.insert(found->second);
+  std::vector<LogRow> log = ReadLog(db, &wanted);
+  KnownComments known(companion, false);
+  std::vector<ReviewedRecord> records;
+  for (const int structure : wanted)
+    for (const Mode mode : {Mode::kDesc, Mode::kActv})
+      Judge(db, {.mode = mode, .PD_ID_AK = review_.structures[At(structure)].PD_ID_AK}, log, known, records);
+  for (const LogRow& row : log)
+    if (!row.taken) records.push_back(Gone(db, row, known));
+  std::erase_if(review_.records, [&](const ReviewedRecord& record) {
+    return record.gone != nullptr || wanted.contains(record.structure);
+  });
+  std::move(records.begin(), records.end(), std::back_inserter(review_.records));
+  Arrange();
+}
+
+bool ReviewKeeper::Renew(Database& db, const Companion& companion, int number, const std::set<std::int64_t>& more,
+                         ContextsOf& contexts) {
+  ReviewedRecord& record = review_.records[At(number)];
+  const std::int64_t place = PlaceKey(record.structure, record.piece, record.month);
+  std::set<std::int64_t> rows = more;
+  for (const ReviewedFinding& finding : record.findings)
+    if (finding.row != 0) rows.insert(finding.row);
+  std::vector<LogRow> log;
+  for (const std::int64_t rowid : rows)
+    db.ForEach(std::string(kLogColumns) + " WHERE rowid=?", {rowid}, [&](const RowView& row) {
+      const Named named = NameOf(row.Text(4), row.Text(5), static_cast<int>(row.Integer(6)), row.Text(7), row.Text(8),
+                                 row.Text(9), row.Text(10));
+      if (named.place == place) log.push_back(RowOfLog(row, place));
+    });
+  Logged logged;
+  for (LogRow& row : log) logged.push_back(&row);
+  KnownComments known(companion, false);
+  const std::int64_t structure = review_.structures[At(record.structure)].PD_ID_AK;
+  Contexts& context = contexts.try_emplace(structure, db, structure).first->second;
+  const RecordScope scope{.mode = ModeOf(record), .key = record.key};
+  std::optional<ReviewedRecord> made;
+  const auto take = [&](const JudgedRecord& judged) { made = Judged(judged, scope.mode, logged, known); };
+  if (!record.IsEquipment())
+    JudgeStructures(db, context, scope, take);
+  else if (const SheetSpec* sheet = FindSheet(review_.pieces[At(record.piece)].type); sheet != nullptr)
+    JudgeEquipment(db, context, *sheet, scope, take);
+  // one that went, or went elsewhere
+  if (!made || made->structure != record.structure || made->piece != record.piece || made->month != record.month)
+    return false;
+  review_.findings += static_cast<int>(made->findings.size()) - static_cast<int>(record.findings.size());
+  record = std::move(*made);
+  return true;
+}
+
+void ReviewKeeper::RenewGone(Database& db, const Companion& companion, const std::set<std::int64_t>& rows) {
+  KnownComments known(companion, false);
+  const auto& gone = record_of_[static_cast<std::size_t>(RecordKind::kGone)];
+  const bool some = std::any_of(rows.begin(), rows.end(), [&gone](std::int64_t row) { return gone.contains(row); });
+  if (some)
+    std::erase_if(review_.records,
+                  [&](const ReviewedRecord& record) { return record.gone != nullptr && rows.contains(record.key); });
+  std::vector<ReviewedRecord> records;
+  for (const std::int64_t rowid : rows)
+    db.ForEach(std::string(kLogColumns) + " WHERE rowid=?", {rowid}, [&](const RowView& row) {
+      const Named named = NameOf(row.Text(4), row.Text(5), static_cast<int>(row.Integer(6)), row.Text(7), row.Text(8),
+                                 row.Text(9), row.Text(10));
+      if (!record_at_.contains(named.place)) records.push_back(Gone(db, RowOfLog(row, -1), known));
+    });
+  if (!some && records.empty()) return;
+  std::move(records.begin(), records.end(), std::back_inserter(review_.records));
+  Arrange();
+}
+
+}  // namespace merlu

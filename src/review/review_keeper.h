@@ -1,0 +1,110 @@
+// Makes the review of an inventory, and makes parts of it anew when their rows have changed.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "base/text.h"
+#include "history/notes.h"
+#include "records/judge_records.h"
+#include "review/review.h"
+
+namespace merlu {
+
+// Texts of the log, each kept once.
+class LogTexts {
+ public:
+  const std::string* Of(std::string_view text);
+
+ private:
+  std::unordered_set<std::string, TextHash, std::equal_to<>> texts_;
+};
+
+// A row of the log, at the place of its record.
+struct LogRow {
+  std::int64_t place = -1;
+  std::int64_t row = 0;
+  const std::string *tag = nullptr, *text = nullptr;
+  std::string comment;
+  bool taken = false;
+};
+
+// What the companion knows of comments: asked one by one, or all read at once.
+class KnownComments {
+ public:
+  KnownComments(const Companion& companion, bool many) : companion_(companion), many_(many) {}
+  std::optional<KnownComment> Of(const std::string& finding);
+
+ private:
+  const Companion& companion_;
+  bool many_, read_ = false;
+  std::unordered_map<std::string, KnownComment> all_;
+};
+
+class ReviewKeeper {
+ public:
+  const Review& review() const { return review_; }
+  Review Release() { return std::move(review_); }
+  void Clear();
+
+  // Faults of the store are passed on; the review is then empty, or as it was.
+  void Build(Database& db, const Companion& companion);
+  // The records of these structures, by PD_ID_AK, and the rows of the log without a record.
+  void Replace(Database& db, const Companion& companion, const std::set<std::int64_t>& structures);
+  // One record with the rows of the log that it holds and those. False when its rows are gone.
+  using ContextsOf = std::map<std::int64_t, Contexts>;
+  bool Renew(Database& db, const Companion& companion, int record, const std::set<std::int64_t>& rows,
+             ContextsOf& contexts);
+  // Rows of the log without a record.
+  void RenewGone(Database& db, const Companion& companion, const std::set<std::int64_t>& rows);
+
+  // The record of the review; -1 without one.
+  int Find(RecordKind kind, std::int64_t key) const;
+  int Find(const QCLocation& location) const;
+
+ private:
+  struct Named {
+    std::int64_t place = -1;
+    int structure = -1;
+  };
+  using Logged = std::vector<LogRow*>;
+
+  void ReadNames(Database& db);
+  Named NameOf(std::string_view level, std::string_view user, int month, std::string_view complex,
+               std::string_view structure, std::string_view type, std::string_view id) const;
+  static std::int64_t PlaceKey(int structure, int piece, int month);
+  std::vector<LogRow> ReadLog(Database& db, const std::set<int>* structures);
+  LogRow RowOfLog(const RowView& row, std::int64_t place);
+  void Judge(Database& db, const RecordScope& scope, std::vector<LogRow>& log, KnownComments& known,
+             std::vector<ReviewedRecord>& to);
+  ReviewedRecord Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known);
+  ReviewedFinding Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
+                         const ReviewedRecord& record, KnownComments& known);
+  ReviewedFinding Kept(const JudgedRecord& judged, LogRow& row, const ReviewedRecord& record, KnownComments& known);
+  void Explain(ReviewedFinding& finding, const QCLocation& at, KnownComments& known);
+  ReviewedRecord Gone(Database& db, const LogRow& row, KnownComments& known);
+  const Said& Saying(const RuleSet* rules, std::string_view tag, std::string_view text, std::string_view expected,
+                     int field);
+  void Arrange();
+  bool StandsBefore(const ReviewedRecord& a, const ReviewedRecord& b) const;
+
+  Review review_;
+  LogTexts texts_;
+  using SaidKey = std::array<const void*, 4>;
+  std::map<SaidKey, const Said*> said_;
+  std::unordered_map<std::int64_t, int> structure_of_key_, piece_of_key_;
+  std::unordered_map<std::string, int, TextHash, std::equal_to<>> structure_of_name_, piece_of_name_;
+  std::unordered_map<std::int64_t, int> record_at_;                 // by place
+  std::array<std::unordered_map<std::int64_t, int>, 5> record_of_;  // by kind and key
+};
+
+}  // namespace merlu
