@@ -78,8 +78,11 @@ void FormDialog::FillGrid() {
     else if (control.kind == Kind::kButton)
       AddButton(control);
   }
+  // a dialog that is only closed has its Close last
+  const bool has_main = main_ != nullptr && main_->objectName().toStdString() == binding_.form().default_button;
+  if (!has_main && main_ != nullptr) buttons_->insertWidget(1, main_);
   if (cancel_ != nullptr) buttons_->addWidget(cancel_);
-  if (main_ != nullptr) buttons_->addWidget(main_);
+  if (has_main) buttons_->addWidget(main_);
   grid_->addLayout(buttons_, row_, 0, 1, 3);
   grid_->setRowMinimumHeight(row_, 46);
 }

@@ -97,6 +97,8 @@ void Companion::Attach(bool make) {
   const bool exists = FileExists(path_);
   if (!exists && (!make || !FileExists(db_->path()))) return;
   try {
+    // what cannot be kept is not offered either
+    if (!CanWriteFolder(FolderOf(path_))) return Refuse("lies in a folder that cannot be written to", true);
     if (!exists) MakeBeside(db_->path(), path_);
     db_->Attach(path_, kSchema);
     attached_ = true;
@@ -108,8 +110,11 @@ void Companion::Attach(bool make) {
     db_->Query("PRAGMA history.secure_delete=FAST");
     if (ToInteger(db_->Single("SELECT COUNT(*) FROM history.sqlite_schema")) == 0) {
       if (!make) return Detach();
+      // a layout without the inventory that it goes with would be nobody's
+      WriteBatch batch(*db_);
       MakeLayout(*db_);
       SetAbout(*db_, "inventory", InventoryName(*db_));
+      batch.Commit();
     }
     if (IsAnothers()) return Refuse("belongs to another inventory", true);
     why_not_.clear();

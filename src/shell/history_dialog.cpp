@@ -185,6 +185,10 @@ void OpenHistory(Session& s) {
   Form& form = HistoryDialog(s);
   FillChoices(s, form);
   FillSteps(s, form);
+  if (form.At(kSteps).model->RowCount() > 0) {
+    form.At(kSteps).picked = {0};
+    FillValues(s, form);
+  }
   form.focus = kSteps;
   ShowDialog(s.desk, s.platform, form);
   static_cast<StepValues&>(*form.At(kValues).model).Show(std::nullopt);

@@ -44,6 +44,7 @@ void ResetRun(Session& s) {
   s.version.clear();
   s.mode = Mode::kNone;
   s.message.clear();
+  s.unbacked_day.clear();
   s.began_empty = false;
   s.may_add_month = true;
   s.status_changes = -1;

@@ -18,6 +18,15 @@ int NumberOf(const std::map<std::string, std::string>& row, const char* column) 
   return static_cast<int>(ToInteger(Value(TextAt(row, column))));
 }
 
+constexpr std::size_t kMostOfStructure = 300;
+
+// Of a place, which stands in every row: more than anybody has typed there is cut off.
+std::string Part(const std::map<std::string, std::string>& row, const char* column) {
+  constexpr std::size_t kMost = 100;
+  const std::string text = TextAt(row, column);
+  return text.size() <= kMost ? text : FirstCharacters(text, kMost);
+}
+
 }  // namespace
 
 bool IsTypeTable(const std::string& table, const char* prefix) {
@@ -86,13 +95,13 @@ const RowFinder::Named* RowFinder::Find(const std::string& table, std::int64_t r
 
 std::string RowFinder::Structure(std::int64_t pd_id) {
   const Named* row = Find("PD_PLATFORM_DESC", pd_id);
-  return row == nullptr ? "" : TextAt(*row, "Area") + ", " + TextAt(*row, "Block") + ", " + TextAt(*row, "Name");
+  return row == nullptr ? "" : Part(*row, "Area") + ", " + Part(*row, "Block") + ", " + Part(*row, "Name");
 }
 
 std::string RowFinder::PlaceOfEquipment(int month, int year, std::int64_t ed_id) {
   const Named* row = Find("ED_EQUIP_DESC", ed_id);
   if (row == nullptr) return JoinPlace(month, year, "", "");
-  const std::string name = TreeTypeName(TextAt(*row, "ED_EQUIP_TYP")) + ": " + Trim(TextAt(*row, "ED_MERLU_EQUIP_ID"));
+  const std::string name = TreeTypeName(Part(*row, "ED_EQUIP_TYP")) + ": " + Trim(Part(*row, "ED_MERLU_EQUIP_ID"));
   return JoinPlace(month, year, Structure(NumberOf(*row, "PD_ID_AK")), name);
 }
 
@@ -106,7 +115,7 @@ std::string RowFinder::PlaceOfFinding(Database& db, const Named& row) {
   const std::string complex = TextAt(row, "CmplxID"), structure = TextAt(row, "StructID");
   const std::string type = TextAt(row, "EquipType"), id = TextAt(row, "EquipID");
   return JoinPlace(NumberOf(row, "Month"), NumberOf(row, "Year"),
-                   complex == "NA" ? "" : StructurePart(db, complex, structure),
+                   complex == "NA" ? "" : FirstCharacters(StructurePart(db, complex, structure), kMostOfStructure),
                    type == "NA" || type.empty() ? "" : TreeTypeName(type) + ": " + Trim(id));
 }
 

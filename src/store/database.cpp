@@ -266,6 +266,9 @@ Database::~Database() {
 void Database::Fail(int code) const {
   if (code == SQLITE_READONLY_DBMOVED)
     throw Fault(fault_number::kPathNotFound, kSource, "The database file has been moved or deleted.");
+  const bool no_journal = (code & 0xFF) == SQLITE_CANTOPEN && !path_.empty() && !CanWriteFolder(FolderOf(path_));
+  if (code == SQLITE_READONLY_DIRECTORY || no_journal)
+    throw Fault(fault_number::kReadOnly, kSource, "The folder of the database cannot be written to.");
   // an open that fails has prepared nothing yet
   if (db_ != nullptr && !cache_.empty()) ThrowFailedDisk(code, sqlite3_system_errno(db_));
   FailWith(code, db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code));

@@ -1,6 +1,8 @@
 // merlu_kills: kills the program at random moments of its work and looks at what is left.
 //
-//   merlu_kills [--kills N] [--seed S] [--only OPERATION,...] [--power]
+//   merlu_kills [--kills N] [--seed S] [--only OPERATION,...] [--change N] [--power]
+//
+// With --change every kill falls before that change of a file, as a problem that was found tells it.
 //
 // With --power the working file also loses what no sync had brought to the disk, as in a power cut.
 //
@@ -232,7 +234,7 @@ struct Tally {
 
 class Harness {
  public:
-  Harness(std::uint32_t seed, bool power) : random_(seed), power_(power) {}
+  Harness(std::uint32_t seed, long change, bool power) : random_(seed), change_(change), power_(power) {}
 
   void Kill(const KillOperation& operation) {
     Fixture& fixture = FixtureOf(operation);
@@ -302,6 +304,7 @@ class Harness {
   // Half of the kills fall between two changes of a file, half anywhere in time; power cuts between changes.
   Moment Draw(const Cost& cost) {
     const auto upto = [this](long most) { return std::uniform_int_distribution<long>(1, std::max(most, 1L))(random_); };
+    if (change_ > 0) return {change_, 0, power_ ? static_cast<std::uint32_t>(random_() | 1U) : 0};
     if (power_) return {upto(cost.changes), 0, static_cast<std::uint32_t>(random_() | 1U)};
     if (random_() % 2 == 0) return {upto(cost.changes), 0};
     return {0, upto(cost.microseconds)};
@@ -315,6 +318,7 @@ class Harness {
   }
 
   std::mt19937 random_;
+  const long change_;
   const bool power_;
   std::map<std::string, std::unique_ptr<Fixture>> fixtures_;
   std::map<std::string, Tally> tallies_;
@@ -324,6 +328,7 @@ struct Options {
   int kills = 100;
   std::uint32_t seed = 1;
   std::set<std::string> only;
+  long change = 0;
   bool power = false;
 };
 
@@ -340,6 +345,8 @@ bool Read(int count, char** words, Options& options) {
       options.kills = std::atoi(words[i + 1]);
     } else if (word == "--seed") {
       options.seed = static_cast<std::uint32_t>(std::atoi(words[i + 1]));
+    } else if (word == "--change") {
+      options.change = std::atol(words[i + 1]);
     } else if (word == "--only") {
       std::istringstream names(words[i + 1]);
       for (std::string name; std::getline(names, name, ',');) options.only.insert(name);
@@ -364,13 +371,13 @@ int main(int count, char** words) {
   using namespace merlu::test;
   Options options;
   if (!Read(count, words, options) || Chosen(options.only).empty()) {
-    std::cerr << "usage: merlu_kills [--kills N] [--seed S] [--only OPERATION,...] [--power]\n";
+    std::cerr << "usage: merlu_kills [--kills N] [--seed S] [--only OPERATION,...] [--change N] [--power]\n";
     return 2;
   }
   // a process that dies loses nothing that it has written: no disk is needed, and waiting for one takes time
   UseFastTemporaryFolder();
   try {
-    Harness harness(options.seed, options.power);
+    Harness harness(options.seed, options.change, options.power);
     const auto chosen = Chosen(options.only);
     for (int i = 0; i < options.kills; ++i) harness.Kill(*chosen[static_cast<std::size_t>(i) % chosen.size()]);
     return harness.PrintTable() ? 0 : 1;

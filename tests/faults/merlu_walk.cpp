@@ -43,6 +43,7 @@ int Walk(long acts, std::uint32_t seed) {
     while (walker.acts() < acts && wrong.empty()) {
       walker.Act();
       wrong = WrongOnScreen(walker.s);
+      if (wrong.empty() && !walker.differs().empty()) wrong = "other rows behind the step " + walker.differs();
       if (!wrong.empty() || walker.acts() - checked < kActsBetweenFileChecks) continue;
       checked = walker.acts();
       wrong = WrongInFile(walker.s);
@@ -56,9 +57,10 @@ int Walk(long acts, std::uint32_t seed) {
       return ToInteger(RawValue(folder.path("inventory.mdb"), std::string("SELECT COUNT(*) FROM ") + table));
     };
     std::printf(
-        "%ld acts, seed %u: everything held; %ld structures, %ld equipment, month %d, %ld findings, %ld comments\n",
+        "%ld acts, seed %u: everything held; %ld structures, %ld equipment, month %d, %ld findings, %ld comments, %ld "
+        "undone or redone\n",
         walker.acts(), seed, count("PD_PLATFORM_DESC"), count("ED_EQUIP_DESC"), walker.s.last_month, count("QC"),
-        count("QC WHERE Comments<>''"));
+        count("QC WHERE Comments<>''"), walker.compared());
     return 0;
   }
   for (const std::string& line : walker.log()) std::printf("  %s\n", line.c_str());

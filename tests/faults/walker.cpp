@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "base/fault.h"
+#include "faults/kill_operations.h"
 #include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
@@ -238,6 +239,30 @@ void Walker::ActOnTree() {
   ClickNode(s, node);
 }
 
+// The rows behind the newest step are those that they were whenever it was the newest one.
+void Walker::Compare() {
+  const auto newest = NextUndo(s.companion);
+  if (!newest) return;
+  const std::size_t rows = std::hash<std::string>{}(AllRows(s.db));
+  const auto [known, fresh] = known_.try_emplace({newest->id, PartsOf(s.companion, newest->id).size()}, rows);
+  if (fresh) return;
+  ++compared_;
+  if (known->second != rows) differs_ = newest->title.what + " at " + newest->title.place;
+}
+
+void Walker::UndoAndRedo() {
+  constexpr int kMost = 4;
+  Compare();
+  for (const char* command : {"mnuEUndo", "mnuERedo"})
+    for (int i = Below(kMost); i > 0 && WhyNot(s.desk, *s.main, s.main->At(command), true).empty(); --i) {
+      Note(std::string("click ") + command + ", " + s.main->At(command).caption);
+      ++acts_;
+      act::Click(s.desk, *s.main, command);
+      if (s.ended || !s.db.IsOpen()) return;
+      Compare();
+    }
+}
+
 void Walker::StartAgain() {
   Note("start again");
   if (!s.ended && !CloseMainWindow(s)) return;
@@ -251,6 +276,7 @@ void Walker::Act() {
       ++acts_;
       return StartAgain();
     }
+    if (Below(60) == 0) return UndoAndRedo();
     if (Chance(25)) {
       ++acts_;
       return ActOnTree();

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <deque>
+#include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/desk.h"
@@ -24,6 +26,9 @@ class Walker : public Platform {
   // The last acts, the latest one last.
   const std::deque<std::string>& log() const { return log_; }
   long acts() const { return acts_; }
+  // The step whose undo or redo has not led to the rows that were there before; empty while there is none.
+  const std::string& differs() const { return differs_; }
+  long compared() const { return compared_; }
 
   Session s{*this};
 
@@ -64,11 +69,17 @@ class Walker : public Platform {
   void UseList(Form& form);
   void TurnPage(Form& form);
   void StartAgain();
+  void UndoAndRedo();
+  void Compare();
 
   std::mt19937 random_;
   const std::string folder_;
   std::deque<std::string> log_;
   long acts_ = 0;
+  // What all rows were behind a step, by its number and how far it had been written.
+  std::map<std::pair<std::int64_t, std::size_t>, std::size_t> known_;
+  std::string differs_;
+  long compared_ = 0;
 };
 
 // What does not hold between two acts: of the screen, and, with more work, of the file. Empty when all does.
