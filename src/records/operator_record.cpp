@@ -123,8 +123,8 @@ void ClearOperator(Session& s) {
   s.main->At("cmdUSER_AddSurvey").visible = s.InActv();
 }
 
-void LoadOperator(Session& s) {
-  Plainly(s, [&] {
+bool LoadOperator(Session& s) {
+  return Plainly(s, [&] {
     if (!FindOperatorRecord(s)) return Tell(s, "record not found");
     for (const OperatorField& field : kFields) {
       Control& control = s.main->At(field.control);

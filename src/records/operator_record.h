@@ -17,7 +17,8 @@ void PutOperatorFields(Form& form, const std::string& parent);
 void PutOperatorSheet(Form& main);
 
 void ClearOperator(Session& s);
-void LoadOperator(Session& s);
+// Loads are false when the record could not be read.
+bool LoadOperator(Session& s);
 void LockOperator(Session& s);
 void UnlockOperator(Session& s);
 void SaveOperator(Session& s);

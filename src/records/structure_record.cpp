@@ -80,10 +80,12 @@ void ClearStructure(Session& s) {
   SetCaption(main, "lblSTRUCTURE_QCDate", kNoDate);
 }
 
-void LoadStructure(Session& s) {
+bool LoadStructure(Session& s) {
   const NotEditing load(s);
-  Plainly(s, [&] {
-    if (!FindStructureRecord(s)) return Tell(s, "Structure record not found");
+  bool found = false;
+  const bool read = Plainly(s, [&] {
+    found = FindStructureRecord(s);
+    if (!found) return Tell(s, "Structure record not found");
     ShowId(s, "txtSTRUCTURE_CmplxID", "CMPLX_ID_NUM");
     ShowId(s, "txtSTRUCTURE_StructID", "STRUCT_NUM");
     ShowColumns(s, In::kDesc, s.At("PD_PLATFORM_DESC"));
@@ -94,8 +96,9 @@ void LoadStructure(Session& s) {
       s.main->At(kStatus).checked = inactive;
       s.main->At("lblNoEmissions").visible = inactive;
     }
-    LoadStructureQCList(s);
   });
+  if (read && found) LoadStructureQCList(s);
+  return read;
 }
 
 void LockStructure(Session& s) {

@@ -13,7 +13,8 @@ namespace merlu {
 void PutStructureSheet(Session& s, Form& main);
 
 void ClearStructure(Session& s);
-void LoadStructure(Session& s);
+// False when the record could not be read.
+bool LoadStructure(Session& s);
 void LockStructure(Session& s);
 void UnlockStructure(Session& s);
 void SaveStructure(Session& s);

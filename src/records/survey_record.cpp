@@ -71,8 +71,9 @@ void ClearSurvey(Session& s) {
   s.main->At(kList).picked.clear();
 }
 
-void LoadSurvey(Session& s) {
+bool LoadSurvey(Session& s) {
   LoadSurveyQCList(s);
+  return true;
 }
 
 void LockSurvey(Session& s) {

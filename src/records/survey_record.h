@@ -8,7 +8,8 @@ namespace merlu {
 
 void PutSurveySheet(Form& main);
 void ClearSurvey(Session& s);
-void LoadSurvey(Session& s);
+// Always true: a survey has no record of its own.
+bool LoadSurvey(Session& s);
 void LockSurvey(Session& s);
 void UnlockSurvey(Session& s);
 void LoadSurveyQCList(Session& s);

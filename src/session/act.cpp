@@ -96,26 +96,44 @@ void BackUp(Session& s, const std::string& why) {
   MakeBackup(s.db, OwnFilesOf(s), s.platform.Now(), why, s.platform.FreeBytes(FolderOf(s.path)));
 }
 
+namespace {
+
+bool GoesOnWithout(Session& s, const Fault& fault) {
+  Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
+  if (AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) != Button::kYes) return false;
+  s.unbacked_day = Today(s);  // nor is one wanted before the first write of the day
+  return true;
+}
+
+bool IsLocked(const Fault& fault) {
+  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable;
+}
+
+}  // namespace
+
 bool BackUpOrAsk(Session& s, const std::string& why) {
   if (!s.db.IsOpen() || s.db.InBatch()) return true;
   try {
     BackUp(s, why);
     return true;
   } catch (const Fault& fault) {
-    Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
+    return GoesOnWithout(s, fault);
   }
-  if (AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) != Button::kYes) return false;
-  s.unbacked_day = Today(s);  // nor is one wanted before the first write of the day
-  return true;
 }
 
 bool BackUpOnceADay(Session& s) {
-  if (!s.db.IsOpen()) return true;
+  if (!s.db.IsOpen() || s.db.InBatch()) return true;
   const std::string today = Today(s);
   if (s.unbacked_day == today) return true;
   const std::vector<Backup> backups = Backups(s.path);
   if (!backups.empty() && StoredDate(backups.front().when).substr(0, 10) == today) return true;
-  if (!BackUpOrAsk(s, backup_reason::kDay)) return false;
+  try {
+    BackUp(s, backup_reason::kDay);
+  } catch (const Fault& fault) {
+    // the write meets the lock too and shows it; once it goes through, the backup is made before it
+    if (IsLocked(fault)) return true;
+    if (!GoesOnWithout(s, fault)) return false;
+  }
   s.unbacked_day = today;
   return true;
 }

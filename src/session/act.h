@@ -31,7 +31,7 @@ void ShowUndoCommands(Session& s);
 void BackUp(Session& s, const std::string& why);
 // The same before an act. One that cannot be made is told, and the user is asked whether to go on; false: no.
 bool BackUpOrAsk(Session& s, const std::string& why);
-// Before the first write of a day.
+// Before the first write of a day. A file that another program holds is no matter for a question: the write tells it.
 bool BackUpOnceADay(Session& s);
 
 // Has the companion take part in what is written to the open file.

@@ -53,6 +53,10 @@ CurrentKeys::~CurrentKeys() {
   s_.EA_ID_AK = EA_ID_AK_;
 }
 
+void RequireReadable(Session& s) {
+  if (s.db.IsOpen()) s.db.Single("SELECT COUNT(*) FROM SYS_CONFIG");
+}
+
 void ReadMonths(Session& s) {
   Cursor& config = s.At("SYS_CONFIG");
   config.MoveFirst();

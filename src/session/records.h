@@ -30,6 +30,9 @@ bool HasTypeRows(Session& s, std::string_view ed_table, std::int64_t ED_ID_AK, s
 bool FindStructureRecord(Session& s);
 bool FindOperatorRecord(Session& s);
 
+// A fault while another program holds the file: whether what was read before is still true cannot be told then.
+void RequireReadable(Session& s);
+
 // The keys of the current rows, as they were before work that makes new ones: put back when it ends in a fault,
 // so that the record that shows is still the one that a save goes to.
 class CurrentKeys {

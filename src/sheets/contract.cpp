@@ -166,15 +166,18 @@ bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) 
   return FindEquipRecord(s, location, sheet.ed_table(), sheet.ea_table());
 }
 
-void LoadFrame(Session& s, const SheetSpec& sheet) {
-  OnSheet(s, [&] {
-    Form& form = SheetForm(s, sheet);
-    if (!ShowRecord(s, form, sheet)) return;
-    const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
-    form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
-    if (s.node_status == "I" && s.InActv()) form.At("lblNoEmissions").visible = true;
-    LoadQCList(s, sheet);
-  });
+bool LoadFrame(Session& s, const SheetSpec& sheet) {
+  Form& form = SheetForm(s, sheet);
+  const int told = s.faults_told;
+  bool found = false;
+  OnSheet(s, [&] { found = ShowRecord(s, form, sheet); });
+  const bool read = s.faults_told == told;
+  if (!read || !found) return read;
+  const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
+  form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
+  if (s.node_status == "I" && s.InActv()) form.At("lblNoEmissions").visible = true;
+  LoadQCList(s, sheet);
+  return true;
 }
 
 void LockFrame(Session& s, const SheetSpec& sheet) {
@@ -220,6 +223,7 @@ void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
     else
       SaveDescription(s, form, sheet);
     batch.Commit();
+    if (s.InDesc() && !after_qc) s.checked_descriptions.erase(s.ED_ID_AK);
   });
   if (!done) s.save_failed = true;
 }

@@ -26,8 +26,9 @@ class NotEditing {
 void ClearFrame(Session& s, const SheetSpec& sheet);
 // Brings the rows of the current equipment into place.
 bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location);
-// Copies the record to the controls and fills the QC list. "Equipment record not found" when it is missing.
-void LoadFrame(Session& s, const SheetSpec& sheet);
+// Copies the record to the controls and fills the QC list. "Equipment record not found" when it is missing. False when
+// the record could not be read; a list that cannot be filled only shows its fault.
+bool LoadFrame(Session& s, const SheetSpec& sheet);
 // Makes the sheet read-only.
 void LockFrame(Session& s, const SheetSpec& sheet);
 // Makes the fields of the session's mode editable.

@@ -1,6 +1,7 @@
 #include "shell/edit_modes.h"
 
 #include "session/messages.h"
+#include "session/records.h"
 #include "shell/commands.h"
 #include "shell/trees.h"
 
@@ -26,6 +27,7 @@ namespace {
 void ChangeMode(Session& s) {
   if (s.current.EquipType == "FUG") return Tell(s, "No Activity Edit Mode for Fugitives.");
   if (s.mode == Mode::kNone) return;
+  RequireReadable(s);  // or else the mode and its tree stay as they are
   const bool to_actv = s.InDesc();
   (to_actv ? s.last_desc : s.last_actv) = s.current;
   if (to_actv && s.At("PD_PLATFORM_DESC").RecordCount() == 0) return Tell(s, "Must add Platform Description first.");

@@ -65,6 +65,16 @@ TEST(FaultyDisk, ASaveThatFailsKeepsTheEditOpenWithTheTypedValues) {
                          .when_failed = FlareIsBeingEdited});
 }
 
+TEST(FaultyDisk, ASaveIsMadeAlsoWhenTheDaysFirstBackupFails) {
+  ExpectToSurviveFaults({.name = "first save of the day",
+                         .plan = Small(),
+                         .prepare = EditFlare,
+                         .act = [](TestRun& run) { run.Click("cmdSaveEdits"); },
+                         .is_done = FlareIsSaved,
+                         .when_failed = FlareIsBeingEdited,
+                         .backed_up = false});
+}
+
 TEST(FaultyDisk, ASaveThatEndsTheEditKeepsItOpenWhenItFails) {
   ExpectToSurviveFaults({.name = "save and end",
                          .plan = Small(),

@@ -22,6 +22,8 @@ struct FaultyOperation {
   std::function<void(TestRun&)> when_failed = [](TestRun&) {};
   // Makes the act possible once more after a failure; the default prepares anew where the user stands.
   std::function<void(TestRun&)> again = [](TestRun&) {};
+  // Whether the backup of the day is there, so that the act begins with its own work.
+  bool backed_up = true;
 };
 
 // Runs it through every kind of fault; fails the running test with what does not hold.

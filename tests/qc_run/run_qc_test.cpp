@@ -291,6 +291,19 @@ TEST(QcRun, that_meets_a_fault_tells_number_and_description_and_stops) {
   EXPECT_EQ(run.Count("QC WHERE EquipType='FLA'"), 0);
 }
 
+TEST(QcRun, tells_a_fault_inside_a_rule_of_a_structure_once) {
+  TestRun run;
+  run.StartWithStructure();
+  run.ChangeTo(Mode::kActv);
+  run.Select(run.Key("", "", 1));
+  run.s.db.Execute("DROP TABLE ED_EQUIP_DESC");
+  run.TakeBoxes();
+  RunQC(run.s, run.s.current, false);
+  const std::vector<std::string> boxes = run.TakeBoxes();
+  EXPECT_EQ(std::count(boxes.begin(), boxes.end(), "3078 no such table: ED_EQUIP_DESC"), 1);
+  EXPECT_EQ(boxes.size(), 2u) << "the fault and the result of the run";
+}
+
 TEST(QcRun, that_meets_a_fault_leaves_the_user_where_it_was_at) {
   TestRun run;
   run.StartWith("DIE", "D1");

@@ -169,5 +169,26 @@ TEST(ModeChange, on_a_file_that_another_program_holds_is_told_and_not_done) {
   EXPECT_FALSE(run.s.tree.nodes.empty());
 }
 
+TEST(EditModes, stay_as_they_are_with_one_box_while_another_program_holds_the_file) {
+  TestRun run;
+  run.StartWith("FLA", "F1");
+  for (const Mode mode : {Mode::kDesc, Mode::kActv}) {
+    run.ChangeTo(mode);
+    run.Select(run.Key("FLA", "F1", mode == Mode::kActv ? 1 : 0));
+    run.TakeBoxes();
+    const auto keys = run.TreeKeys();
+    {
+      Database other;
+      other.Open(run.s.path);
+      other.Execute("BEGIN EXCLUSIVE");
+      run.Click("mnuSetEditMode");
+    }
+    EXPECT_EQ(run.TakeBoxes(), Texts{"The database is locked by another program. 3261"});
+    EXPECT_EQ(run.s.mode, mode);
+    EXPECT_EQ(run.TreeKeys(), keys);
+    EXPECT_EQ(run.s.current.EquipID, "F1");
+  }
+}
+
 }  // namespace
 }  // namespace merlu::test
