@@ -4,9 +4,7 @@
 
 #include <QObject>
 
-#include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "session/session.h"
@@ -24,9 +22,6 @@ class Acts : public QObject {
   // True while widgets are being changed to show the state: their signals are no acts then.
   bool IsDrawing() const { return drawing_ > 0; }
   void Redraw();
-  // Findings at the user's location as the last act left them, so that drawing asks the store nothing. Empty where none
-  // are counted, or when they could not be.
-  std::optional<int> findings_here() const { return findings_here_; }
 
   Session& s;
 
@@ -34,12 +29,7 @@ class Acts : public QObject {
   void Changed();
 
  private:
-  void CountFindings();
-
   int drawing_ = 0;
-  std::optional<int> findings_here_;
-  QCLocation counted_at_;
-  std::int64_t counted_changes_ = -1;
 };
 
 }  // namespace merlu

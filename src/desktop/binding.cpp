@@ -81,6 +81,14 @@ QString SpokenCaption(const Control& control) {
   return CaptionOf(control).replace(mnemonic, "\\1").replace(QChar::Nbsp, ' ');
 }
 
+QString UnitOf(const Control& control) {
+  constexpr qsizetype kLongest = 24;
+  const QString caption = SpokenCaption(control);
+  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
+  const bool is_unit = control.numeric && open >= 0 && close > open && close - open <= kLongest;
+  return is_unit ? caption.mid(open + 1, close - open - 1) : QString();
+}
+
 Bound& FormBinding::Add(const Control& control, QWidget* widget) {
   widget->setObjectName(Q(control.name));
   widget->setAccessibleName(SpokenCaption(control));
@@ -268,8 +276,10 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
   connect(list, &ResultsList::WidthsChosen, this, [this, list, name] {
     acts_.s.platform.StoreSetting(kWidthsSection, name, list->ChosenWidths().toStdString());
   });
-  connect(list, &ResultsList::Opened, this,
-          [this, name] { acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, name); }); });
+  connect(list, &ResultsList::Opened, this, [this, list, name] {
+    if (!list->usable() && open_row) return open_row(name, list->Picked().value(0, -1));
+    acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, name); });
+  });
   return Add(control, list);
 }
 
@@ -499,6 +509,7 @@ void FormBinding::ShowFinding(Bound& bound, const Control& now) {
        {finding, Q(now.hint), now.copied ? tr("Copied from the month before, not yet confirmed") : ""})
     if (!text.isEmpty()) said << text;
   bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : said.join('\n'));
+  if (const QString unit = UnitOf(now); !unit.isEmpty()) said.prepend(unit);
   bound.widget->setAccessibleDescription(said.join('\n'));
   bound.mark->setText(finding.isEmpty() ? "" : "!");
   bound.mark->setToolTip(finding);

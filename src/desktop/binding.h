@@ -60,6 +60,8 @@ class FormBinding : public QObject {
   // Asked before a button's click is done, and called when it is.
   std::function<bool(const std::string& button)> may_press;
   std::function<void(const std::string& button)> pressed;
+  // A double click on a row of a list that cannot be used now.
+  std::function<void(const std::string& list, int row)> open_row;
   // Enter in a field: it goes on from there; true when it did.
   std::function<bool(QWidget* from)> enter;
   // Gives the field with the focus the text that it was entered with; false when it has it.
@@ -111,6 +113,8 @@ class FormBinding : public QObject {
 
 // The text of a caption: '&' doubled in captions is one, and a field without caption goes by its tag.
 QString CaptionOf(const Control& control);
+// What a number is measured in, by the brackets of its caption; empty without them.
+QString UnitOf(const Control& control);
 // The caption as it is read aloud: without the marks of access keys.
 QString SpokenCaption(const Control& control);
 

@@ -1,6 +1,8 @@
 #include "desktop/desktop_app.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QEventLoop>
@@ -100,6 +102,9 @@ void OfferTypes(QFileDialog& dialog, const FileQuestion& question) {
 }
 
 constexpr int kDraftMilliseconds = 1000;
+constexpr int kTriesToGive = 100;  // of 20 milliseconds
+constexpr const char *kUnwanted = "Unwanted", *kSet = "1";
+constexpr const char *kFolders = "Folders", *kSaved = "Saved";
 
 }  // namespace
 
@@ -179,18 +184,31 @@ void DesktopApp::HoldKeys() {
   holding_ = false;
 }
 
-void DesktopApp::GiveKeys() {
-  if (QApplication::activeModalWidget() != nullptr) {
-    QTimer::singleShot(20, this, &DesktopApp::GiveKeys);
+// The window's command for the keys; null without one that can be given.
+QAction* DesktopApp::CommandFor(const HeldKey& key) const {
+  if (window_ == nullptr || !(key.modifiers & (Qt::ControlModifier | Qt::AltModifier))) return nullptr;
+  const QKeySequence pressed(QKeyCombination(key.modifiers, static_cast<Qt::Key>(key.key)));
+  for (QAction* action : window_->findChildren<QAction*>())
+    if (action->isEnabled() && action->shortcutContext() != Qt::WidgetShortcut && action->shortcuts().contains(pressed))
+      return action;
+  return nullptr;
+}
+
+// Once the box is gone and the window has the keyboard again.
+void DesktopApp::GiveKeys(int tries) {
+  if (QApplication::activeModalWidget() != nullptr || QApplication::focusWidget() == nullptr) {
+    if (tries > 0) QTimer::singleShot(20, this, [this, tries] { GiveKeys(tries - 1); });
     return;
   }
   const std::vector<HeldKey> keys = std::exchange(held_, {});
   for (const HeldKey& key : keys) {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr || (key.modifiers & (Qt::ControlModifier | Qt::AltModifier))) continue;
+    if (QAction* command = CommandFor(key)) {
+      command->trigger();
+      continue;
+    }
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
       QKeyEvent event(type, key.key, key.modifiers, key.text);
-      QCoreApplication::sendEvent(focus, &event);
+      if (QWidget* focus = QApplication::focusWidget()) QCoreApplication::sendEvent(focus, &event);
     }
   }
 }
@@ -235,6 +253,7 @@ void DesktopApp::Beep() {
 // ---- boxes and dialogs ----
 
 Button DesktopApp::Ask(const Box& box) {
+  if (!box.setting.empty() && settings_.Value(kUnwanted, box.setting) == kSet) return box.buttons.front();
   acts_.Redraw();  // what the box speaks of shows behind it
   QMessageBox message(Parent());
   message.setWindowTitle(Q(box.title));
@@ -245,16 +264,32 @@ Button DesktopApp::Ask(const Box& box) {
   for (Button button : box.buttons) message.addButton(Standard(button));
   message.setDefaultButton(Standard(box.buttons.at(box.preset)));
   message.setEscapeButton(Standard(LeastChange(box)));
+  auto* again = box.setting.empty() ? nullptr : new QCheckBox(tr("Do not show again"), &message);
+  if (again != nullptr) {
+    again->setObjectName("doNotShowAgain");
+    again->setChecked(true);
+    message.setCheckBox(again);
+  }
   // a busy pointer would tell the user to wait for a box that waits for him
   const bool busy = QApplication::overrideCursor() != nullptr;
-  if (busy) HoldKeys();
+  HoldKeys();
   if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
   const auto pressed = static_cast<QMessageBox::StandardButton>(message.exec());
   if (busy) QApplication::restoreOverrideCursor();
-  if (!held_.empty()) QTimer::singleShot(0, this, &DesktopApp::GiveKeys);
+  if (!held_.empty()) QTimer::singleShot(0, this, [this] { GiveKeys(kTriesToGive); });
+  if (again != nullptr && again->isChecked()) Keep(kUnwanted, box.setting, kSet);
   for (Button button : box.buttons)
     if (Standard(button) == pressed) return button;
   return LeastChange(box);
+}
+
+// A comfort: where settings cannot be written it lasts as long as the program.
+void DesktopApp::Keep(const std::string& section, const std::string& key, const std::string& value) {
+  try {
+    settings_.Store(section, key, value);
+  } catch (const Fault&) {
+    // a choice that something depends on is told
+  }
 }
 
 std::string DesktopApp::AskFile(const FileQuestion& question) {
@@ -264,9 +299,13 @@ std::string DesktopApp::AskFile(const FileQuestion& question) {
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   OfferTypes(dialog, question);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.overwrites);
-  dialog.setDirectory(QFileInfo(Q(session_.path)).absolutePath());
+  const QString used = Q(settings_.Value(kFolders, kSaved));
+  dialog.setDirectory(save && QFileInfo(used).isDir() ? used : QFileInfo(Q(session_.path)).absolutePath());
+  if (!question.name.empty()) dialog.selectFile(Q(question.name));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
-  return dialog.selectedFiles().first().toStdString();
+  const QString path = dialog.selectedFiles().first();
+  if (save) Keep(kFolders, kSaved, QFileInfo(path).absolutePath().toStdString());
+  return path.toStdString();
 }
 
 std::string DesktopApp::AskFolder(const std::string& prompt) {

@@ -64,7 +64,9 @@ class DesktopApp : public QObject, public Platform, public HandInPrinter, public
   };
 
   void HoldKeys();
-  void GiveKeys();
+  void GiveKeys(int tries);
+  QAction* CommandFor(const HeldKey& key) const;
+  void Keep(const std::string& section, const std::string& key, const std::string& value);
   void Sync();
   void SyncSplash();
   DialogWindow* MakeDialog(Form& form);

@@ -21,6 +21,20 @@ QColor Mix(const QColor& a, const QColor& b, qreal share) {
 
 }  // namespace
 
+double Contrast(const QColor& a, const QColor& b) {
+  const auto luminance = [](const QColor& colour) {
+    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+  };
+  const double first = luminance(a), second = luminance(b);
+  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+bool IsHighContrast(const QPalette& palette) {
+  constexpr double kStark = 20;  // black on white and white on black have 21
+  return Contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)) >= kStark;
+}
+
 bool IsDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < 128;
 }
@@ -38,16 +52,8 @@ QColor EditingRed(const QPalette& palette) {
 }
 
 QColor Quiet(const QPalette& palette) {
-  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.35);
-}
-
-double Contrast(const QColor& a, const QColor& b) {
-  const auto luminance = [](const QColor& colour) {
-    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-  };
-  const double first = luminance(a), second = luminance(b);
-  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window),
+             IsHighContrast(palette) ? 0.1 : 0.35);
 }
 
 // As faint as a text may be that is to be read on the grounds of windows and fields.
@@ -70,12 +76,17 @@ QColor CopiedFace(const QPalette& palette) {
   return Mix(FaceColour(palette), Accent(palette), 0.18);
 }
 
-QColor Line(const QPalette& palette) {
+QColor RestingGround(const QPalette& palette) {
   return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78);
 }
 
+QColor Line(const QPalette& palette) {
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window),
+             IsHighContrast(palette) ? 0.35 : 0.78);
+}
+
 QColor Border(const QPalette& palette) {
-  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.55);
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), IsHighContrast(palette) ? 0 : 0.55);
 }
 
 QColor FaceColour(const QPalette& palette) {
@@ -165,8 +176,8 @@ QString StyleSheet(const QPalette& palette) {
                 selection-background-color: %9; selection-color: white; }
     QTreeView[look="face"] { background: %5; alternate-background-color: %8; }
     QTreeView:focus { border-color: %4; }
-    QTreeView:!focus { selection-background-color: %6; selection-color: %3; }
-    QTreeView:disabled { color: %7; selection-background-color: %6; selection-color: %3; }
+    QTreeView:!focus { selection-background-color: %12; selection-color: %3; }
+    QTreeView:disabled { color: %7; selection-background-color: %12; selection-color: %3; }
     QTreeView#tvwTree { border: 2px solid %8; background: %8; }
     QTreeView#tvwTree:focus { border-color: %4; }
     QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
@@ -175,12 +186,18 @@ QString StyleSheet(const QPalette& palette) {
     QStatusBar QLabel { padding: 2px 10px; }
     QScrollArea { border: none; background: transparent; }
   )");
+  // where the grounds are all one colour the border tells what can be typed in
+  const QString stark = QStringLiteral(R"(
+    QLineEdit[look="face"], QPlainTextEdit[look="face"] { border-style: dashed; }
+    QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { border-width: 2px; padding: 2px 5px; }
+  )");
   const auto name = [](const QColor& colour) { return colour.name(); };
   const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);
-  return form.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
-                  name(FaceColour(palette)), name(Line(palette)), name(Dimmed(palette)),
-                  name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)),
-                  name(CopiedGround(palette)), name(CopiedFace(palette)));
+  const QString all = IsHighContrast(palette) ? form + stark : form;
+  return all.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
+                 name(FaceColour(palette)), name(Line(palette)), name(Dimmed(palette)),
+                 name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)),
+                 name(CopiedGround(palette)), name(CopiedFace(palette)), name(RestingGround(palette)));
 }
 
 }  // namespace merlu

@@ -11,6 +11,8 @@
 namespace merlu {
 
 bool IsDark(const QPalette& palette);
+// Whether texts stand on their grounds as starkly as can be: then borders do, too.
+bool IsHighContrast(const QPalette& palette);
 QColor Accent(const QPalette& palette);
 // The accent as a ground for white text: what is selected, the main act.
 QColor AccentGround(const QPalette& palette);
@@ -21,9 +23,10 @@ QColor Line(const QPalette& palette);        // thin borders and rules
 QColor Border(const QPalette& palette);      // of what can be edited
 QColor FaceColour(const QPalette& palette);  // background of what is read-only
 
-QColor Dimmed(const QPalette& palette);        // texts of what is disabled
-QColor CopiedGround(const QPalette& palette);  // of a value taken over and not yet confirmed
-QColor CopiedFace(const QPalette& palette);    // the same in view
+QColor RestingGround(const QPalette& palette);  // of what is selected where the focus is not
+QColor Dimmed(const QPalette& palette);         // texts of what is disabled
+QColor CopiedGround(const QPalette& palette);   // of a value taken over and not yet confirmed
+QColor CopiedFace(const QPalette& palette);     // the same in view
 // How far two colours stand apart, from 1 to 21.
 double Contrast(const QColor& a, const QColor& b);
 

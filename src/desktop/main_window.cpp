@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTime>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -22,11 +23,11 @@
 #include "desktop/look.h"
 #include "desktop/navigation_tree.h"
 #include "desktop/shortcuts.h"
-#include "qc/qc_log.h"
 #include "session/messages.h"
 #include "shell/help.h"
 #include "shell/main_program.h"
 #include "shell/routing.h"
+#include "shell/status.h"
 
 namespace merlu {
 namespace {
@@ -592,7 +593,7 @@ void MainWindow::OfferNext() {
     return next->second->trigger();
   }
   offered_ = field;
-  SheetInView()->Say(tr("Enter once more saves and goes on to the next record."));
+  SheetInView()->Say(tr("Enter once more saves and goes on to the next record; Tab goes on in this one."));
 }
 
 QString MainWindow::WhatNext() const {
@@ -600,20 +601,35 @@ QString MainWindow::WhatNext() const {
   return s_.tree.nodes.empty() ? QString() : tr("Choose a month, a structure or a piece of equipment in the tree.");
 }
 
+// What is known of the findings of the place.
+QString MainWindow::FindingsText() const {
+  if (!s_.db.IsOpen() || s_.current.Is(level::kUser) || s_.current.Level.empty()) return {};
+  if (!IsStatusKnown(s_)) return tr("The findings cannot be counted now");
+  if (!s_.checked) return tr("Not checked yet");
+  if (s_.findings == 0) return tr("No findings");
+  const QString all = s_.findings == 1 ? tr("1 finding") : tr("%1 findings").arg(s_.findings);
+  return s_.unexplained == 0 ? tr("%1, all with a comment").arg(all)
+                             : tr("%1, %2 without comment").arg(all).arg(s_.unexplained);
+}
+
+// "Saved 14:02"; anything else as it was said.
+QString MainWindow::MessageText() {
+  if (s_.message != "Saved") return Q(s_.message);
+  if (const auto changes = s_.db.ChangeCount(); said_ != "Saved" || saved_at_change_ != changes) {
+    saved_at_change_ = changes;
+    const DateTime now = s_.platform.Now();
+    saved_at_ = QTime(now.hour, now.minute).toString("HH:mm");
+  }
+  return Q(s_.message) + " " + saved_at_;
+}
+
 void MainWindow::SyncStatus() {
   path_->setText(Q(s_.status_text));
-  QString right;
-  if (s_.db.IsOpen() && !s_.current.Is(level::kUser) && !s_.current.Level.empty()) {
-    const std::optional<int> count = acts_.findings_here();
-    right = !count        ? tr("The findings cannot be counted now")
-            : *count == 0 ? tr("No open findings here")
-            : *count == 1 ? tr("1 open finding here")
-                          : tr("%1 open findings here").arg(*count);
-  }
   const QString mode = s_.InDesc() ? tr("Description Edit Mode") : s_.InActv() ? tr("Activity Edit Mode") : QString();
-  message_->setText(Q(s_.message));
+  message_->setText(MessageText());
+  said_ = s_.message;
   const QString file = s_.db.IsOpen() ? QFileInfo(Q(s_.path)).fileName() : QString();
-  findings_->setText(QStringList({right, mode, file}).filter(QRegularExpression(".")).join("  ·  "));
+  findings_->setText(QStringList({FindingsText(), mode, file}).filter(QRegularExpression(".")).join("  ·  "));
 }
 
 void MainWindow::SyncDocks() {

@@ -67,6 +67,8 @@ class MainWindow : public QMainWindow {
   void SyncSheet();
   void SyncEdit(SheetView& view);
   void SyncStatus();
+  QString FindingsText() const;
+  QString MessageText();
   QString WhatNext() const;
   void OfferNext();
   void SyncDocks();
@@ -96,6 +98,9 @@ class MainWindow : public QMainWindow {
   std::map<std::string, DockWindow*> docks_;  // by the name of the form
   QLabel* path_ = nullptr;
   QLabel* message_ = nullptr;
+  std::string said_;                  // the message that it shows
+  QString saved_at_;                  // the time of the last save
+  std::int64_t saved_at_change_ = 0;  // of the store, at the last save
   QLabel* findings_ = nullptr;
 };
 

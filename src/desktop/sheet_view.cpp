@@ -11,6 +11,7 @@
 #include "desktop/look.h"
 #include "desktop/results_list.h"
 #include "qc/qc_list.h"
+#include "shell/results.h"
 
 namespace merlu {
 namespace {
@@ -21,6 +22,7 @@ QString Q(const std::string& text) {
 
 constexpr const char* kResultsCaption = "QC Results";
 constexpr const char* kSurveyResults = "lvwSURVEY_QCResults";
+constexpr const char* kStatusFrame = "Frame1";
 constexpr std::size_t kCommentColumn = 2;
 
 bool IsField(Kind kind) {
@@ -44,6 +46,9 @@ SheetView::SheetView(Acts& acts, Form& form, const std::string& frame, QWidget* 
   line_->setFixedHeight(line_->fontMetrics().height());
   layout()->addWidget(line_);
   binding_.enter = [this](QWidget* field) { return EnterFrom(field); };
+  binding_.open_row = [this](const std::string& list, int row) {
+    acts_.Run([&] { OpenResult(acts_.s, binding_.form(), list, row); });
+  };
   connect(&binding_, &FormBinding::Pointed, this, [this](const Control* field) {
     pointed_ = field;
     ShowLine();
@@ -89,11 +94,21 @@ void SheetView::FocusAnything() {
   if (!FocusFirstOpen()) tabs_->tabBar()->setFocus(Qt::TabFocusReason);
 }
 
+// The open field behind which there is nothing left to type but the status and the comments, which Tab leads to: in
+// comments Enter is a new line.
+const QWidget* SheetView::LastField() const {
+  const QWidget* last = nullptr;
+  for (const QWidget* field : binding_.OpenFields())
+    if (const Control* control = binding_.ControlOf(field); !control->lines && control->parent != kStatusFrame)
+      last = field;
+  return last;
+}
+
 // From the last open field of a page Enter goes on to the next page that has one.
 bool SheetView::EnterFrom(QWidget* field) {
   const Control* control = binding_.ControlOf(field);
-  const std::vector<QWidget*> fields = binding_.OpenFields();
-  if (control == nullptr || fields.empty() || fields.back()->objectName() != Q(control->name)) return false;
+  const QWidget* last = LastField();
+  if (control == nullptr || last == nullptr || last->objectName() != Q(control->name)) return false;
   const int before = tabs_->currentIndex();
   for (int page = before + 1; page < tabs_->count(); ++page) {
     if (!tabs_->isTabEnabled(page)) continue;

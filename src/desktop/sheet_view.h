@@ -47,6 +47,7 @@ class SheetView : public QWidget {
 
  private:
   bool EnterFrom(QWidget* field);
+  const QWidget* LastField() const;
   std::vector<std::string> Texts() const;
   void ShowLine();
   void MakeBand();

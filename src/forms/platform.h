@@ -25,6 +25,7 @@ struct Box {
   std::vector<Button> buttons = {Button::kOK};
   std::size_t preset = 0;  // of the buttons: the one that Enter presses
   std::string detail{};    // more about it, for who wants to know
+  std::string setting{};   // where the user may have kept that he does not want to see it again
 };
 
 // The button that changes least: what a box answers when it is closed without an answer.
@@ -43,6 +44,7 @@ struct FileQuestion {
   };
   std::vector<Type> others;  // further types that the user can choose
   bool overwrites = true;    // of a save: the dialog itself asks before a file is overwritten
+  std::string name{};        // of a save: proposed
 };
 
 // The path with the extension when its name has none.

@@ -1,7 +1,9 @@
 // The lists of findings that the sheets show.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "forms/control.h"
 #include "session/session.h"
@@ -22,6 +24,15 @@ FindingQuery FindingsOfSurvey(const QCLocation& location);
 
 // Replaces the list's rows by the findings: field, description, comment. Findings of both modes show.
 void FillWithFindings(Session& s, Control& list, const FindingQuery& query);
+
+// A row that counts the findings of a record, and where that stands in the location's month.
+struct SummaryRow {
+  std::string text;
+  std::int64_t count = 0;
+  QCLocation at;
+};
+std::vector<SummaryRow> EquipmentSummary(Session& s, const QCLocation& location);
+std::vector<SummaryRow> StructureSummary(Session& s, const QCLocation& location);
 
 // Adds a summary row per equipment of the structure with findings in the location's month, and per
 // structure with findings in any month.

@@ -29,6 +29,11 @@ Value DateOf(Session& s, const Verdicts& verdicts) {
   return s.record_checked ? Value(StoredDate(s.platform.Now())) : Value(Null{});
 }
 
+// A description of equipment has no date of its own that a run writes.
+void NoteDescription(Session& s, std::int64_t ED_ID_AK) {
+  if (s.InDesc() && s.record_checked) s.checked_descriptions.insert(ED_ID_AK);
+}
+
 void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told) {
   Form& form = SheetForm(s, sheet);
   if (sheet.has_activity && form.At(sheet.status_box()).checked) return PassOver(s, sheet, location);
@@ -40,6 +45,7 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::v
   ApplyVerdicts(s, location, verdicts);
   PaintVerdicts(s, form, rules.fields(), verdicts, told);
   const Value date = DateOf(s, verdicts);
+  NoteDescription(s, s.ED_ID_AK);
   if (!FindRecord(s, sheet, location) || !s.InActv() || !sheet.has_activity) return;
   Cursor& master = s.At("EA_EQUIP_ACTV");
   master.Edit();
@@ -84,6 +90,7 @@ void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record) {
   ApplyVerdicts(s, location, *record.verdicts);
   TellFaults(s, *record.verdicts);
   const Value date = DateOf(s, *record.verdicts);
+  NoteDescription(s, record.keys.ED_ID_AK);
   if (s.InActv() && sheet.has_activity)
     s.db.ExecuteOn(s.db.ChangesOf("EA_EQUIP_ACTV"), "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK=?",
                    {date, record.keys.EA_ID_AK});

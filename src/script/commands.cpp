@@ -18,6 +18,7 @@
 #include "shell/main_program.h"
 #include "shell/month_book_dialog.h"
 #include "shell/routing.h"
+#include "shell/status.h"
 
 namespace merlu {
 namespace {
@@ -278,6 +279,7 @@ void Player::Forms(const Words&) {
 }
 
 void Player::ShowSession(const Words&) {
+  if (session_.main != nullptr) UpdateStatus(session_);
   AddSession(reply_.extra, session_);
 }
 

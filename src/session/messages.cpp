@@ -18,6 +18,10 @@ void Tell(Session& s, const std::string& text, Icon icon) {
   TellUnder(s, s.title, text, icon);
 }
 
+void TellOfFile(Session& s, const std::string& text, const std::string& path, Icon icon) {
+  s.platform.Ask({text, s.title, icon, {Button::kOK}, 0, path});
+}
+
 Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon) {
   return s.platform.Ask({text, s.title, icon, std::move(buttons), 0, {}});
 }

@@ -10,6 +10,8 @@ namespace merlu {
 
 // A box with OK under the application's title.
 void Tell(Session& s, const std::string& text, Icon icon = Icon::kNone);
+// The same about a file, which it names below the text.
+void TellOfFile(Session& s, const std::string& text, const std::string& path, Icon icon = Icon::kNone);
 void TellUnder(Session& s, const std::string& title, const std::string& text, Icon icon);
 Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon = Icon::kQuestion);
 

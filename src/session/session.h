@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -79,6 +80,8 @@ struct Session {
   QCLocation status_of{};             // what these three were last counted for
   std::int64_t status_changes = -1;
   bool checked = true;  // false where no run has been since the last save
+  // Descriptions of equipment (ED_ID_AK) that a run has judged since their last save: they have no date that tells it.
+  std::set<std::int64_t> checked_descriptions;
 
   // The edit
   bool editing = false;

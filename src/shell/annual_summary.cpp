@@ -4,6 +4,9 @@
 #include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
+#include "shell/proposed_name.h"
+#include "shell/status.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -54,10 +57,11 @@ void RenderReport(Session& s, const InventoryRun& run, const std::string& path) 
     });
   } catch (const Fault& fault) {
     HideWait(s);
-    if (fault.number == fault_number::kFileAccess) return TellUnder(s, s.title, kNoPermission, Icon::kStop);
+    if (fault.number == fault_number::kFileAccess) return TellOfFile(s, kNoPermission, path, Icon::kStop);
     return TellFaultNumberFirst(s, fault);
   }
   HideWait(s);
+  Say(s, "QA summary saved as " + FileName(path));
   s.platform.OpenDocument(path);
 }
 
@@ -80,8 +84,14 @@ void RunInventoryQC(Session& s, const std::string& path) {
 void ExportAnnualSummary(Session& s) {
   Plainly(s, [&] {
     if (!HasWhatItNeeds(s) || !IsWanted(s)) return;
-    const std::string path = s.platform.AskFile(
-        {FileQuestion::Kind::kSave, "Save Annual Inventory Summary as...", "PDF (*.pdf) ", "*.pdf", ".pdf"});
+    const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
+                                                 "Save Annual Inventory Summary as...",
+                                                 "PDF (*.pdf) ",
+                                                 "*.pdf",
+                                                 ".pdf",
+                                                 {},
+                                                 true,
+                                                 ProposedName(s, 0, "QA Summary")});
     if (path.empty()) return Tell(s, "No file name given, cancelling export.");
     RunInventoryQC(s, path);
   });

@@ -23,7 +23,9 @@
 #include "shell/import_plan_dialog.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
+#include "shell/proposed_name.h"
 #include "shell/routing.h"
+#include "shell/status.h"
 #include "shell/trees.h"
 #include "store/files.h"
 #include "store/image.h"
@@ -76,15 +78,19 @@ void AddCloseButton(Form& form, const char* main, const char* caption) {
   form.cancel_button = "cmdCANCEL";
 }
 
-void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, const char* title) {
-  const std::string path = s.platform.AskFile({kind, title, "MERLU Database", "*.mdb", ".mdb", {}, false});
+void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, const char* title,
+            const std::string& proposed) {
+  const std::string path = s.platform.AskFile({kind, title, "MERLU Database", "*.mdb", ".mdb", {}, false, proposed});
   if (!path.empty()) form.At(name).text = path;
   form.focus = name;
 }
 
-void ConnectExportBrowse(Session& s, Form& form) {
-  form.On("cmdBrowse", Event::kClick,
-          [&s, &form] { Browse(s, form, kExportName, FileQuestion::Kind::kSave, "Choose Export Database Filename"); });
+using Proposed = std::string (*)(Session& s, Form& form);
+
+void ConnectExportBrowse(Session& s, Form& form, Proposed proposed) {
+  form.On("cmdBrowse", Event::kClick, [&s, &form, proposed] {
+    Browse(s, form, kExportName, FileQuestion::Kind::kSave, "Choose Export Database Filename", proposed(s, form));
+  });
 }
 
 // The picked rows in the order of the list.
@@ -117,6 +123,10 @@ std::vector<StructureName> PickedStructures(const Control& list) {
   std::vector<StructureName> names;
   for (const std::size_t row : PickedRows(list)) names.push_back({list.rows[row][0], list.rows[row][1]});
   return names;
+}
+
+std::string Structures(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " structure" : " structures");
 }
 
 void AddSurveyList(Form& form) {
@@ -152,7 +162,7 @@ bool Write(Session& s, const std::string& file, const char* cut_failed, const Cu
     if (in_cut && cut_failed == nullptr)
       TellFault(s, fault);
     else
-      Tell(s, in_cut ? cut_failed : "Failed to create export database");
+      TellOfFile(s, in_cut ? cut_failed : "Failed to create export database", file);
     return false;
   }
 }
@@ -205,6 +215,7 @@ void ExportPickedSurveys(Session& s, Form& form) {
     KeepHandIn(s.companion, survey.year, survey.month, StoredDate(s.platform.Now()));
     Tell(s, "Completed exporting Survey: " + survey.text);
   }
+  Say(s, "Survey " + surveys.back().text + " exported to " + FileName(file));
   TellCompaction(s, compaction);
   form.At(kExportName).text.clear();
   FillSurveys(s, form);
@@ -213,7 +224,15 @@ void ExportPickedSurveys(Session& s, Form& form) {
 void ExportWholeInventory(Session& s, Form& form) {
   const std::string file = ExportFileName(s, form);
   Compaction compaction{};
-  if (!file.empty() && Write(s, file, nullptr, nullptr, compaction)) Tell(s, "Completed exporting MERLU inventory.");
+  if (file.empty() || !Write(s, file, nullptr, nullptr, compaction)) return;
+  Say(s, "Inventory exported to " + FileName(file));
+  Tell(s, "Completed exporting MERLU inventory.");
+}
+
+// The survey that is picked, or that of the place.
+std::string SurveyName(Session& s, Form& form) {
+  const std::vector<Survey> surveys = PickedSurveys(form.At(kSurveys));
+  return ProposedName(s, surveys.empty() ? s.current.Month : surveys.front().month, "Survey");
 }
 
 Form& SurveyDialog(Session& s) {
@@ -221,7 +240,7 @@ Form& SurveyDialog(Session& s) {
     AddSurveyList(form);
     AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
     AddCloseButton(form, "cmdOK", "OK");
-    ConnectExportBrowse(s, form);
+    ConnectExportBrowse(s, form, SurveyName);
     form.On("cmdOK", Event::kClick, [&s, &form] { ExportPickedSurveys(s, form); });
   });
 }
@@ -231,7 +250,7 @@ Form& InventoryDialog(Session& s) {
     AddSurveyList(form);
     AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
     AddCloseButton(form, "cmdOK", "OK");
-    ConnectExportBrowse(s, form);
+    ConnectExportBrowse(s, form, [](Session& at, Form&) { return ProposedName(at, 0, "Inventory"); });
     form.On("cmdOK", Event::kClick, [&s, &form] { ExportWholeInventory(s, form); });
   });
 }
@@ -260,6 +279,7 @@ void ExportPickedStructures(Session& s, Form& form) {
   const auto cut = [&names](Database& copy) { KeepStructures(copy, names); };
   if (file.empty() || !Write(s, file, nullptr, cut, compaction)) return;
   TellCompaction(s, compaction);
+  Say(s, Structures(names.size()) + " exported to " + FileName(file));
   Tell(s, "Done.");
   Plainly(s, [&] {
     if (s.InActv()) SetMode(s, Mode::kActv);
@@ -272,7 +292,7 @@ Form& StructureExportDialog(Session& s) {
     AddStructureList(form);
     AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
     AddCloseButton(form, "cmdExport", "Export");
-    ConnectExportBrowse(s, form);
+    ConnectExportBrowse(s, form, [](Session& at, Form&) { return ProposedName(at, 0, "Structures"); });
     form.On("cmdExport", Event::kClick, [&s, &form] { ExportPickedStructures(s, form); });
   });
 }
@@ -290,7 +310,7 @@ void LoadImportList(Session& s, Form& form) {
   try {
     s.exchange.OpenPrivateCopy(file);
   } catch (const Fault&) {
-    return Tell(s, "Failed to open Import database");
+    return TellOfFile(s, "Failed to open Import database", file);
   }
   ImportLayout layout;
   if (!Plainly(s, [&] { layout = ReadImportLayout(s.db); })) return s.exchange.Close();
@@ -302,7 +322,7 @@ void LoadImportList(Session& s, Form& form) {
     form.default_button = kImport;
   } catch (const Fault&) {
     s.exchange.Close();
-    Tell(s, "Invalid Import file!");
+    TellOfFile(s, "Invalid Import file!", file);
   }
 }
 
@@ -357,6 +377,7 @@ void ImportPickedStructures(Session& s, Form& form) {
       Tell(s, std::to_string(plan.last_month) + " months in import file. Adding months to inventory");
     if (!ReopenDatabase(s)) return;
     RefreshDescTree(s);
+    Say(s, Structures(names.size()) + " imported");
     Tell(s, "Done.");
   } catch (const Fault& fault) {
     TellImportFault(s, fault);
@@ -372,7 +393,7 @@ Form& StructureImportDialog(Session& s) {
     AddButton(form, "cmdPlan", "Preview...");
     AddCloseButton(form, kImport, "Import Selected Structures");
     form.On("cmdBrowse", Event::kClick, [&s, &form] {
-      Browse(s, form, kImportName, FileQuestion::Kind::kOpen, "Choose Import Database Filename");
+      Browse(s, form, kImportName, FileQuestion::Kind::kOpen, "Choose Import Database Filename", "");
     });
     form.On(kLoad, Event::kClick, [&s, &form] { LoadImportList(s, form); });
     form.On("cmdPlan", Event::kClick, [&s, &form] { PreviewImport(s, form); });

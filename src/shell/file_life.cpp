@@ -17,7 +17,7 @@ constexpr const char* kPreviousVersion =
 
 bool TakeDatabase(Session& s, const std::string& path) {
   if (!IsCurrentDatabase(path)) {
-    TellUnder(s, "Data Validation", kPreviousVersion, Icon::kWarning);
+    s.platform.Ask({kPreviousVersion, "Data Validation", Icon::kWarning, {Button::kOK}, 0, path});
     return false;
   }
   // this run opens the file also when the next one will not find it

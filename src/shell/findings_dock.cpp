@@ -17,6 +17,9 @@
 #include "sheets/units.h"
 #include "shell/docks.h"
 #include "shell/navigation.h"
+#include "shell/proposed_name.h"
+#include "shell/status.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -222,7 +225,9 @@ void Export(Session& s, Form& dock) {
                                                "Excel Workbook (*.xlsx)",
                                                "*.xlsx",
                                                ".xlsx",
-                                               {{"Comma-Separated Values (*.csv)", "*.csv", ".csv"}}});
+                                               {{"Comma-Separated Values (*.csv)", "*.csv", ".csv"}},
+                                               true,
+                                               ProposedName(s, 0, "Findings")});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
@@ -230,7 +235,9 @@ void Export(Session& s, Form& dock) {
                                       return model.Text(row, column);
                                     }});
   });
-  if (done) Tell(s, "Done.");
+  if (!done) return;
+  Say(s, "Findings exported to " + FileName(path));
+  Tell(s, "Done.");
 }
 
 Form& MakeDock(Session& s) {

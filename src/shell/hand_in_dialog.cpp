@@ -14,7 +14,10 @@
 #include "shell/findings_dock.h"
 #include "shell/hand_in_files.h"
 #include "shell/navigation.h"
+#include "shell/proposed_name.h"
 #include "shell/routing.h"
+#include "shell/status.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -121,13 +124,17 @@ void Report(Session& s, Form& dialog) {
                                                "PDF (*.pdf)",
                                                "*.pdf",
                                                ".pdf",
-                                               {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}}});
+                                               {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}},
+                                               true,
+                                               ProposedName(s, MonthOf(dialog), "Hand-In")});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
     WriteHandIn(s, Findings(s).review(), ChecksOf(s, dialog), MonthOf(dialog), path);
   });
-  if (done) Tell(s, "Done.");
+  if (!done) return;
+  Say(s, "Report saved as " + FileName(path));
+  Tell(s, "Done.");
 }
 
 void Export(Session& s, Form& dialog) {

@@ -11,6 +11,7 @@
 #include "session/messages.h"
 #include "shell/dialog_form.h"
 #include "shell/history_values.h"
+#include "shell/proposed_name.h"
 #include "shell/undo.h"
 
 namespace merlu {
@@ -140,7 +141,9 @@ void ExportShown(Session& s, Form& form) {
                                                "Workbook",
                                                "*.xlsx",
                                                ".xlsx",
-                                               {{"Comma-separated text", "*.csv", ".csv"}}});
+                                               {{"Comma-separated text", "*.csv", ".csv"}},
+                                               true,
+                                               ProposedName(s, 0, "History")});
   if (path.empty()) return;
   Plainly(s, [&] {
     std::vector<Row> rows = {{"When", "Who", "What", "Place", "Field", "Old", "New", "State"}};

@@ -27,6 +27,7 @@
 #include "shell/month_book_dialog.h"
 #include "shell/print_screen.h"
 #include "shell/recent_files.h"
+#include "shell/results.h"
 #include "shell/spreadsheet.h"
 #include "shell/strip_dock.h"
 #include "shell/tree_find.h"
@@ -204,7 +205,7 @@ void ConnectSheets(Session& s, Form& main) {
     const std::string list = "lvw" + sheet + "_QCResults";
     const auto comment = [&s, &main, list] { EditQCComment(s, main, list); };
     main.On("cmd" + sheet + "_EditQCComment", Event::kClick, comment);
-    main.On(list, Event::kDoubleClick, comment);
+    main.On(list, Event::kDoubleClick, [&s, &main, list] { DoubleClickResult(s, main, list); });
   }
 }
 

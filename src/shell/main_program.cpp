@@ -48,6 +48,7 @@ void ResetRun(Session& s) {
   s.began_empty = false;
   s.may_add_month = true;
   s.status_changes = -1;
+  s.checked_descriptions.clear();
   s.ended = s.editing = s.unreadable = s.save_failed = s.InSaveQC = false;
   s.year = s.last_month = 0;
   s.current = s.last_desc = s.last_actv = QCLocation();
@@ -132,7 +133,7 @@ void CloseDatabase(Session& s) {
 
 bool ReopenDatabase(Session& s) {
   CloseDatabase(s);
-  if (OpenDatabaseAndCursors(s)) {
+  if (OpenDatabaseAndCursors(s, false)) {
     if (s.mode != Mode::kNone) RebuildTree(s);
     return true;
   }

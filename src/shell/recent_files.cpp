@@ -25,6 +25,13 @@ std::vector<std::string> StillThere(Session& s) {
   return paths;
 }
 
+// A caption in which every "&" is a plain one.
+std::string WithoutAccessKeys(const std::string& text) {
+  std::string caption;
+  for (const char c : text) caption.append(c == '&' ? 2 : 1, c);
+  return caption;
+}
+
 }  // namespace
 
 std::string RecentCommand(int number) {
@@ -52,7 +59,8 @@ void ShowRecentFiles(Session& s) {
     const std::size_t at = static_cast<std::size_t>(number - 1);
     command.visible = at < paths.size();
     const std::filesystem::path path(command.visible ? paths[at] : "");
-    command.caption = command.visible ? path.filename().string() + " - " + path.parent_path().string() : "";
+    command.caption =
+        command.visible ? WithoutAccessKeys(path.filename().string() + " - " + path.parent_path().string()) : "";
   }
   s.main->At("mnuFRecentBar").visible = !paths.empty();
 }

@@ -7,11 +7,13 @@
 #include "records/survey_record.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
+#include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/commands.h"
 #include "shell/entry_commands.h"
+#include "shell/results.h"
 
 namespace merlu {
 namespace {
@@ -26,7 +28,7 @@ struct LevelSheet {
   const char* level;
   const char* frame;
   void (*clear)(Session&);
-  void (*load)(Session&);
+  bool (*load)(Session&);
   void (*lock)(Session&);
   void (*unlock)(Session&);
 };
@@ -108,12 +110,21 @@ void ClearSheet(Session& s) {
   if (const SheetSpec* sheet = SheetAt(s.current)) ClearFrame(s, *sheet);
 }
 
+namespace {
+
+// False when the record could not be read, which is shown.
+bool LoadRecord(Session& s) {
+  const auto require = [&s] { RequireReadable(s); };
+  if (const SheetSpec* sheet = SheetAt(s.current)) return OnSheet(s, require) && LoadFrame(s, *sheet);
+  const LevelSheet* at = LevelAt(s.current);
+  return at == nullptr || (Plainly(s, require) && at->load(s));
+}
+
+}  // namespace
+
 void LoadSheet(Session& s) {
   s.db.NoticeOthers();
-  const int told = s.faults_told;
-  if (const LevelSheet* at = LevelAt(s.current)) at->load(s);
-  if (const SheetSpec* sheet = SheetAt(s.current)) LoadFrame(s, *sheet);
-  s.unreadable = s.faults_told != told;
+  s.unreadable = !LoadRecord(s);
   if (s.unreadable) Tell(s, kUnreadable, Icon::kWarning);
   s.unreadable = s.unreadable || !HasRecord(s);
   if (!s.unreadable) ShowEntryMarks(s);
@@ -161,7 +172,10 @@ void SaveSheet(Session& s, bool after_qc) {
 void ShowSheet(Session& s) {
   if (const SheetSpec* sheet = SheetAt(s.current)) {
     if (Form* dialog = s.desk.Find("frmNewEquipment")) s.desk.Hide(*dialog);
-    s.desk.Show(SheetForm(s, *sheet));
+    Form& form = SheetForm(s, *sheet);
+    form.On(sheet->list(), Event::kDoubleClick,
+            [&s, &form, list = sheet->list()] { DoubleClickResult(s, form, list); });
+    s.desk.Show(form);
     return;
   }
   const LevelSheet* at = LevelAt(s.current);

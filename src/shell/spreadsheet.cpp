@@ -4,6 +4,8 @@
 #include "exchange/description_sheets.h"
 #include "session/folders.h"
 #include "session/messages.h"
+#include "shell/proposed_name.h"
+#include "shell/status.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -25,7 +27,9 @@ std::string AskPath(Session& s) {
                                          "Excel File (*.xls)",
                                          "*.xls",
                                          ".xls",
-                                         {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}}});
+                                         {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}},
+                                         true,
+                                         ProposedName(s, 0, "Descriptions")});
   if (path.empty() || IsXlsx(path) || Lower(path).ends_with(".xls")) return path;
   path += ".xls";
   // the dialog has asked about the file whose name was typed, not about this one
@@ -47,7 +51,7 @@ void WriteDescriptions(Session& s, const std::string& path) {
 }  // namespace
 
 void ExportSpreadsheet(Session& s) {
-  TellUnder(s, kTitle, kAbout, Icon::kInfo);
+  s.platform.Ask({kAbout, kTitle, Icon::kInfo, {Button::kOK}, 0, "", "SpreadsheetAbout"});
   const std::string path = AskPath(s);
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
@@ -61,7 +65,9 @@ void ExportSpreadsheet(Session& s) {
     }
     HideWait(s);
   });
-  if (done) Tell(s, "Done.");
+  if (!done) return;
+  Say(s, "Descriptions exported to " + FileName(path));
+  Tell(s, "Done.");
 }
 
 }  // namespace merlu

@@ -8,6 +8,8 @@
 namespace merlu {
 namespace {
 
+constexpr std::int64_t kNotCounted = -1;
+
 struct Question {
   std::string sql;
   Values values;
@@ -27,8 +29,29 @@ PlaceCounts FindingsAt(Session& s) {
   return counts;
 }
 
-// Rows of the place that have no date of last QC. A description of equipment has the date of its structure: no run
-// writes one of its own.
+// What a run in the middle of an edit has found: it has judged what is typed, and not what is stored.
+PlaceCounts LoggedAt(Session& s) {
+  const QCLocation& at = s.current;
+  std::string sql =
+      "SELECT COUNT(*),COUNT(CASE WHEN trim(coalesce(Comments,''))='' THEN 1 END) FROM QC WHERE UserID=? AND [Month]=? "
+      "AND [Year]=? AND CmplxID=? AND StructID=?";
+  Values values = {Trim(at.UserID), std::int64_t{at.Month}, std::int64_t{at.Year}};
+  values.emplace_back(Trim(at.CmplxID));
+  values.emplace_back(Trim(at.StructID));
+  if (at.Is(level::kEquipment)) {
+    sql += " AND EquipType=? AND EquipID=?";
+    values.emplace_back(Trim(at.EquipType));
+    values.emplace_back(Trim(at.EquipID));
+  }
+  PlaceCounts counts;
+  s.db.ForEach(sql, values, [&counts](const RowView& row) {
+    counts = {static_cast<int>(row.Integer(0)), static_cast<int>(row.Integer(1))};
+  });
+  return counts;
+}
+
+// Rows of the place that have no date of last QC. A description of equipment gets none from a run: then that of its
+// structure counts.
 Question Unchecked(const Session& s) {
   const QCLocation& at = s.current;
   if (at.Is(level::kSurvey))
@@ -62,14 +85,20 @@ void UpdateStatus(Session& s) {
   const bool judged = at.Is(level::kSurvey) || at.Is(level::kStructure) || at.Is(level::kEquipment);
   if (!judged || !s.db.IsOpen()) return;
   try {
-    const PlaceCounts counts = FindingsAt(s);
+    const bool description = s.InDesc() && at.Is(level::kEquipment);
+    const Question unchecked = Unchecked(s);
+    s.checked = (description && s.checked_descriptions.contains(s.ED_ID_AK)) ||
+                ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
+    const PlaceCounts counts = s.editing && s.checked && !at.Is(level::kSurvey) ? LoggedAt(s) : FindingsAt(s);
     s.findings = counts.findings;
     s.unexplained = counts.unexplained;
-    const Question unchecked = Unchecked(s);
-    s.checked = ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
   } catch (const Fault&) {
-    // the next act asks again
+    s.status_changes = kNotCounted;
   }
+}
+
+bool IsStatusKnown(const Session& s) {
+  return s.status_changes != kNotCounted;
 }
 
 }  // namespace merlu

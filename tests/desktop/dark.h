@@ -1,4 +1,4 @@
-// The palette of a dark desktop.
+// The palettes of a dark desktop and of one of high contrast.
 #pragma once
 
 #include <QPalette>
@@ -17,6 +17,20 @@ inline QPalette DarkPalette() {
   dark.setColor(QPalette::Highlight, QColor(60, 110, 170));
   dark.setColor(QPalette::HighlightedText, Qt::white);
   return dark;
+}
+
+// White on black, as for people who see little.
+inline QPalette ContrastPalette() {
+  QPalette stark;
+  for (const QPalette::ColorRole ground :
+       {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button, QPalette::ToolTipBase})
+    stark.setColor(ground, Qt::black);
+  for (const QPalette::ColorRole ink : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                        QPalette::ToolTipText, QPalette::PlaceholderText, QPalette::BrightText})
+    stark.setColor(ink, Qt::white);
+  stark.setColor(QPalette::Highlight, QColor(0, 255, 255));
+  stark.setColor(QPalette::HighlightedText, Qt::black);
+  return stark;
 }
 
 }  // namespace merlu::test

@@ -1,9 +1,12 @@
 // The exchange dialogs in the real windows.
 #include <gtest/gtest-spi.h>
 
+#include <QDir>
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QTreeWidget>
 
+#include "base/text.h"
 #include "driver.h"
 #include "inventory.h"
 #include "store/files.h"
@@ -50,6 +53,46 @@ TEST_F(ExchangeWindow, exports_the_survey_that_was_clicked) {
   EXPECT_EQ(driver->texts, std::deque<QString>{"Completed exporting Survey: 02/2017"});
   EXPECT_EQ(Count(folder.path("out.mdb"), "PA_PLATFORM_ACTV"), 3);
   EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, picks_nothing_by_enter_in_the_list_of_surveys) {
+  driver->OnNextModal([&](QWidget*) {
+    auto* list = driver->Find<QTreeWidget>("lvwSurveys");
+    ASSERT_EQ(QApplication::focusWidget(), list);
+    driver->OnNextBox();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_TRUE(list->selectedItems().isEmpty());
+    driver->Click("cmdCANCEL");
+  });
+  driver->Command("mnuFExport");
+  EXPECT_EQ(driver->texts, std::deque<QString>{"Please select a Survey."});
+  EXPECT_TRUE(driver->AllModalsCame());
+}
+
+TEST_F(ExchangeWindow, proposes_a_name_of_operator_and_month_in_the_folder_used_last) {
+  const QString last = QString::fromStdString(folder.path("handed in"));
+  QDir().mkpath(last);
+  const auto browse = [&](const std::function<void(QFileDialog&)>& step) {
+    driver->OnNextModal([&](QWidget*) {
+      ClickRow("lvwSurveys", 1);
+      driver->OnNextModal([&](QWidget* dialog) { step(*qobject_cast<QFileDialog*>(dialog)); });
+      driver->Click("cmdBrowse");
+      driver->Click("cmdCANCEL");
+    });
+    driver->Command("mnuFExport");
+    EXPECT_TRUE(driver->AllModalsCame());
+  };
+  const QString name = QString::fromStdString(Trim(driver->app->session().current.UserID)) + " 2017-02 Survey";
+  browse([&](QFileDialog& dialog) {
+    auto* line = dialog.findChild<QLineEdit*>("fileNameEdit");
+    EXPECT_EQ(line->text(), name);
+    line->setText(last + "/" + name);
+    QTest::keyClick(line, Qt::Key_Return);
+  });
+  browse([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().path(), last);
+    dialog.reject();
+  });
 }
 
 TEST_F(ExchangeWindow, exports_two_structures_and_imports_one_of_them) {

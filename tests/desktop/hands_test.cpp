@@ -96,6 +96,41 @@ TEST_F(Hands, close_an_open_list_by_escape_and_not_the_edit) {
   EXPECT_TRUE(s().editing);
 }
 
+TEST_F(Hands, click_the_selected_node_again_and_see_what_another_program_has_written) {
+  Raw(s().path, {"UPDATE EA_FLA SET OP_HR=123"});
+  QTreeView& tree = driver->app->window()->tree();
+  const QPoint at = tree.visualRect(tree.currentIndex()).center();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, at);
+  driver->Settle();
+  EXPECT_EQ(Hours().text(), "123");
+}
+
+TEST_F(Hands, double_click_what_was_found_and_go_there) {
+  driver->OnNextBox();
+  driver->Click("cmdQC");
+  const auto double_click = [&](const char* name, int row) {
+    auto* list = driver->Find<ResultsList>(name);
+    auto* tab = qobject_cast<QTabWidget*>(list->parentWidget()->parentWidget()->parentWidget());
+    ASSERT_NE(tab, nullptr);
+    tab->setCurrentIndex(tab->count() - 1);
+    driver->Settle();
+    ASSERT_TRUE(list->isVisible());
+    const QPoint at = list->visualItemRect(list->topLevelItem(row)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    driver->Settle();
+  };
+  double_click("lvwFLA_QCResults", 1);
+  EXPECT_FALSE(s().editing);
+  EXPECT_EQ(QApplication::focusWidget(), driver->Widget("txtFLA_VolFlared"));
+  driver->Select("K12345 12017");
+  double_click("lvwSURVEY_QCResults", 0);
+  EXPECT_TRUE(s().current.Is(level::kStructure));
+  EXPECT_EQ(s().current.Month, 1);
+  double_click("lvwSTRUCTURE_QCResults", 0);
+  EXPECT_EQ(s().current.EquipID, "X1");
+}
+
 TEST_F(Hands, reach_a_command_from_a_line_of_text) {
   Hours().setFocus();
   QTest::keyClick(&Hours(), Qt::Key_E, Qt::ControlModifier);

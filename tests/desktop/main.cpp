@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  if (qEnvironmentVariableIsSet("MERLU_CONTRAST")) QApplication::setPalette(merlu::test::ContrastPalette());
   if (qEnvironmentVariableIsSet("MERLU_DARK")) QApplication::setPalette(merlu::test::DarkPalette());
   merlu::SetUpLook();
   return RUN_ALL_TESTS();

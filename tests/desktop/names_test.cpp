@@ -181,7 +181,8 @@ TEST(NamesOfAFinding, are_told_by_the_comment_dialog_and_the_flagged_field) {
   driver.Type("txtFLA_HrsOperated", "745");
   driver.OnNextBox();
   driver.Click("cmdQC");
-  EXPECT_EQ(driver.Widget("txtFLA_HrsOperated")->accessibleDescription(), "Value not in expected range (0 to 744)");
+  EXPECT_EQ(driver.Widget("txtFLA_HrsOperated")->accessibleDescription(),
+            "hrs\nValue not in expected range (0 to 744)");
   driver.Find<QTabWidget>("tabFLA")->setCurrentIndex(2);
   driver.Find<QTreeWidget>("lvwFLA_QCResults")->topLevelItem(0)->setSelected(true);
   bool came = false;

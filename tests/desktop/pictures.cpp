@@ -284,6 +284,8 @@ int main(int argc, char** argv) {
   merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
+  if (qEnvironmentVariableIsSet("MERLU_DARK")) QApplication::setPalette(merlu::test::DarkPalette());
+  if (qEnvironmentVariableIsSet("MERLU_CONTRAST")) QApplication::setPalette(merlu::test::ContrastPalette());
   merlu::SetUpLook();
   merlu::test::Pictures pictures(argc > 1 ? argv[1] : "pictures");
   const QStringList what = application.arguments().mid(2);
@@ -301,6 +303,10 @@ int main(int argc, char** argv) {
     merlu::SetUpLook();
     pictures.Grids("-dark");
   }
+  // as large as a screen of 1366x768 is at the scale of QT_SCALE_FACTOR
+  const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
+  const QSize screen(static_cast<int>(1366 / scale) - 8, static_cast<int>(768 / scale) - 40);
+  if (what.contains("screen")) pictures.Sheets(screen, "");
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());
     merlu::SetUpLook();

@@ -282,25 +282,37 @@ TEST(WithoutADisplay, the_program_says_so_in_one_line_and_ends_with_2) {
 
 // ---- the status bar ----
 
-TEST_F(Around, the_status_bar_tells_the_place_and_the_findings_that_are_open_there_and_below) {
+TEST_F(Around, the_status_bar_tells_the_place_its_findings_and_what_was_done) {
   OnFirstFlare();
   const auto status = [&] { return driver_->Text("findings").section("  ·  ", 0, 0); };
   EXPECT_EQ(driver_->Text("SB1").section("›", -1).trimmed(), "Combustion Flare: F1");
-  EXPECT_EQ(status(), "No open findings here");
+  EXPECT_EQ(status(), "Not checked yet");
   driver_->OnNextBox();
   driver_->Click("cmdQC");
   const auto first = ToInteger(driver_->Sql("SELECT COUNT(*) FROM QC"));
   ASSERT_GT(first, 1);
-  EXPECT_EQ(status(), QString("%1 open findings here").arg(first));
+  EXPECT_EQ(status(), QString("%1 findings, %1 without comment").arg(first));
+  driver_->app->session().db.Execute("UPDATE QC SET Comments='so' WHERE rowid=(SELECT MIN(rowid) FROM QC)");
   driver_->Select(kSecond);
-  EXPECT_EQ(status(), "No open findings here");
-  driver_->Select("K12345   1001 1");
-  EXPECT_EQ(status(), QString("%1 open findings here").arg(first));
+  EXPECT_EQ(status(), "Not checked yet");
+  driver_->Select(kFirst);
+  EXPECT_EQ(status(), QString("%1 findings, %2 without comment").arg(first).arg(first - 1));
+  driver_->app->session().db.Execute("UPDATE QC SET Comments='so'");
+  driver_->Select(kFirst);
+  driver_->app->acts().Run([] {});
+  EXPECT_EQ(status(), QString("%1 findings, all with a comment").arg(first));
   driver_->Select("K12345");
   EXPECT_EQ(driver_->Text("findings"), "Description Edit Mode  ·  inventory.mdb");
-  driver_->app->session().db.Execute("DELETE FROM QC WHERE rowid>(SELECT MIN(rowid) FROM QC)");
-  driver_->Select(kFirst);
-  EXPECT_EQ(status(), "1 open finding here");
+}
+
+TEST_F(Around, the_status_bar_says_when_it_was_saved_and_what_became_of_the_edit) {
+  OnFirstFlare();
+  driver_->Click("cmdEdit");
+  driver_->Click("cmdSaveEdits");
+  EXPECT_TRUE(QRegularExpression("^Saved [0-9]{2}:[0-9]{2}$").match(driver_->Text("message")).hasMatch())
+      << driver_->Text("message").toStdString();
+  driver_->Click("cmdCANCEL");
+  EXPECT_EQ(driver_->Text("message"), "Edit dropped");
 }
 
 TEST_F(Around, the_status_bar_counts_a_month_s_findings_for_its_survey_and_its_structures) {
@@ -308,6 +320,8 @@ TEST_F(Around, the_status_bar_counts_a_month_s_findings_for_its_survey_and_its_s
   Session& s = driver_->app->session();
   driver_->OnNextBox();
   driver_->Click("cmdUSER_AddSurvey");
+  s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_QC_DT='2017-03-01 00:00:00'");
+  s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PA_QC_DT='2017-03-01 00:00:00'");
   const auto put = [&](int month, const char* level, const char* equipment, const char* field) {
     s.db.Execute(
         "INSERT INTO QC (UserID,[Month],[Year],CmplxID,StructID,Level,EquipType,EquipID,FieldID,[Desc]) "
@@ -320,11 +334,11 @@ TEST_F(Around, the_status_bar_counts_a_month_s_findings_for_its_survey_and_its_s
   put(0, "EQUIPMENT", "F1", "d");
   const auto status = [&] { return driver_->Text("findings").section("  ·  ", 0, 0); };
   driver_->Select("K12345 12017");
-  EXPECT_EQ(status(), "2 open findings here");
+  EXPECT_EQ(status(), "2 findings, 2 without comment");
   driver_->Select("K12345 12017   1001 1");
-  EXPECT_EQ(status(), "2 open findings here");
+  EXPECT_EQ(status(), "2 findings, 2 without comment");
   driver_->Select("K12345 12017   1001 1FLA      F1");
-  EXPECT_EQ(status(), "1 open finding here");
+  EXPECT_EQ(status(), "1 finding, 1 without comment");
 }
 
 // ---- the wait screen ----

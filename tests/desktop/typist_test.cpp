@@ -308,41 +308,94 @@ TEST_F(Typist, copies_the_findings_in_view) {
 
 // ---- a month of records ----
 
-TEST_F(Typist, types_record_after_record_with_two_strokes_beside_the_digits) {
+TEST_F(Typist, is_offered_the_next_record_by_enter_in_the_last_field) {
   Key(Qt::Key_E, Qt::ControlModifier);
-  int strokes = 0;
-  for (const char* record : {"F1", "F2"}) {
-    ASSERT_TRUE(S().editing);
-    EXPECT_EQ(S().current.EquipID, record);
-    ASSERT_EQ(Focus(), "txtFLA_HrsOperated") << "the hands stand in the first open field of the record";
-    Write(QString("70") + record[1]);
-    Key(Qt::Key_Return);
-    ++strokes;
-    ASSERT_EQ(Focus(), "txtFLA_VolFlared");
-    Write(QString("90") + record[1]);
-    Key(Qt::Key_PageDown, Qt::ControlModifier);
-    ++strokes;
+  Write("701");
+  Key(Qt::Key_Return);
+  Write("901");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Focus(), "txtFLA_VolFlared");
+  EXPECT_TRUE(driver_->Text("sheetLine").startsWith("Enter once more")) << driver_->Text("sheetLine").toStdString();
+  EXPECT_EQ(S().current.EquipID, "F1");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(S().current.EquipID, "F2");
+  EXPECT_TRUE(S().editing);
+  EXPECT_EQ(Focus(), "txtFLA_HrsOperated");
+  EXPECT_EQ(ToInteger(driver_->Sql("SELECT COUNT(*) FROM EA_FLA WHERE OP_HR=701 AND VOL_FLARED=901")), 1);
+}
+
+// Ten pieces of a structure in its first month, typed from the first to the last.
+TEST(MonthOfTen, takes_at_most_twenty_strokes_beside_the_digits) {
+  const std::map<std::string, std::vector<const char*>> fields = {
+      {"AMI", {"txtAMI_TotalGasThru", "txtAMI_HrsOperated"}},  {"DIE", {"txtDIE_HrsOperated", "txtDIE_TotalFuelUsed"}},
+      {"FLA", {"txtFLA_HrsOperated", "txtFLA_VolFlared"}},     {"GLY", {"txtGLY_TotalGasThru"}},
+      {"LOA", {"txtLOA_VolLoaded", "txtLOA_TankBulkLiqT"}},    {"MUD", {"txtMUD_DaysPerMonth"}},
+      {"NGE", {"txtNGE_HrsOperated", "txtNGE_TotalFuelUsed"}}, {"PNE", {"txtPNE_HrsOperated", "txtPNE_FuelUsageRate"}},
+      {"PRE", {"txtPRE_HrsOperated", "txtPRE_FuelUsageRate"}}};
+  TestRun run;
+  run.StartWith("FLA", "1");
+  for (const auto& [type, names] : fields) {
+    run.Select(run.Key());
+    run.AddEquipment(type, "2");
   }
-  EXPECT_EQ(strokes, 2 * 2);
-  EXPECT_FALSE(S().editing) << "behind the last record the edit ends";
-  for (const char* record : {"1", "2"})
-    EXPECT_EQ(ToInteger(driver_->Sql(std::string("SELECT COUNT(*) FROM EA_FLA WHERE OP_HR=70") + record +
-                                     " AND VOL_FLARED=90" + record)),
-              1)
-        << record;
+  run.s.db.Close();
+  const TemporaryFolder folder;
+  fs::copy_file(run.folder.path("inventory.mdb"), folder.path("month.mdb"));
+  Driver driver(folder.path("month.mdb"));
+  driver.Start();
+  Session& s = driver.app->session();
+  ASSERT_EQ(s.equipment_month_list.size(), 10u);
+  const auto first = std::find_if(s.tree.nodes.begin(), s.tree.nodes.end(),
+                                  [](const TreeNode& n) { return n.text.starts_with("Amine"); });
+  driver.Select(first->key);
+  int strokes = 0;
+  const auto stroke = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : driver.app->window(), key, modifiers);
+    driver.Settle();
+    ++strokes;
+  };
+  stroke(Qt::Key_E, Qt::ControlModifier);
+  int typed = 0, records = 0;
+  while (s.editing && records < 10) {
+    ++records;
+    const std::vector<const char*>& names = fields.at(s.current.EquipType);
+    for (const char* name : names) {
+      ASSERT_TRUE(QApplication::focusWidget() != nullptr && QApplication::focusWidget()->objectName() == name)
+          << name << " of " << s.current.EquipType;
+      QTest::keyClicks(QApplication::focusWidget(), QString::number(11 + typed++));
+      if (name != names.back()) stroke(Qt::Key_Return);
+    }
+    stroke(Qt::Key_PageDown, Qt::ControlModifier);
+  }
+  EXPECT_EQ(records, 10);
+  EXPECT_FALSE(s.editing);
+  EXPECT_LE(strokes, 20);
+  for (const auto& [table, column] : std::vector<std::pair<const char*, const char*>>{
+           {"EA_AMI", "TOT_GAS_THRUPUT"}, {"EA_FLA", "VOL_FLARED"}, {"EA_MUD", "DAYS_PER_MO"}})
+    EXPECT_EQ(ToInteger(driver.Sql(std::string("SELECT COUNT(*) FROM ") + table + " WHERE " + column + " IS NULL")), 0)
+        << table;
 }
 
 // ---- while the program is at work ----
 
-TEST_F(Typist, types_on_while_a_run_is_at_work_and_finds_it_in_the_field) {
+TEST_F(Typist, types_on_while_a_run_is_at_work_and_finds_it_in_the_field_and_not_in_the_box) {
   Key(Qt::Key_E, Qt::ControlModifier);
   auto* window = driver_->app->window()->windowHandle();
+  // behind the run and before its box: the wait screen is gone, and the findings are there
+  bool typed = false;
+  QObject::connect(&driver_->app->acts(), &Acts::Changed, window, [&] {
+    if (typed || S().wait.showing || ToInteger(driver_->Sql("SELECT COUNT(*) FROM QC")) == 0) return;
+    typed = true;
+    for (const QString text : {"4", "2"})
+      QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, text[0].unicode(), Qt::NoModifier, text));
+    QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r"));
+  });
   driver_->OnNextBox();
-  for (const QString text : {"4", "2"})
-    QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, text[0].unicode(), Qt::NoModifier, text));
   Key(Qt::Key_F5);
-  EXPECT_TRUE(driver_->AllModalsCame());
-  QTest::qWait(50);
+  ASSERT_TRUE(typed);
+  EXPECT_TRUE(driver_->AllModalsCame()) << "the keys have not pressed its button";
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Focus() == "txtFLA_VolFlared"; }));
   EXPECT_EQ(Line("txtFLA_HrsOperated").text(), "42");
 }
 
@@ -404,7 +457,7 @@ TEST_F(Typist, reads_hints_findings_and_the_month_before_at_their_field) {
 
 TEST(Colours, of_texts_are_readable_on_their_grounds) {
   constexpr double kReadable = 4.5;
-  for (const QPalette& palette : {QPalette(QColor(239, 239, 239)), DarkPalette()}) {
+  for (const QPalette& palette : {QPalette(QColor(239, 239, 239)), DarkPalette(), ContrastPalette()}) {
     const QColor window = palette.color(QPalette::Window), base = palette.color(QPalette::Base);
     for (const QColor& ground : {window, FaceColour(palette)}) {
       EXPECT_GE(Contrast(Quiet(palette), ground), kReadable);
@@ -412,11 +465,20 @@ TEST(Colours, of_texts_are_readable_on_their_grounds) {
       EXPECT_GE(Contrast(EditingRed(palette), ground), kReadable);
     }
     EXPECT_GE(Contrast(palette.color(QPalette::Text), CopiedGround(palette)), kReadable);
-    EXPECT_GE(Contrast(palette.color(QPalette::WindowText), Line(palette)), kReadable);
+    EXPECT_GE(Contrast(palette.color(QPalette::WindowText), RestingGround(palette)), kReadable);
     EXPECT_GE(Contrast(Quiet(palette), base), kReadable);
     EXPECT_GE(Contrast(Qt::white, AccentGround(palette)), kReadable);
   }
   EXPECT_GE(Contrast(kFlagText, kFlagBack), kReadable);
+}
+
+TEST(Colours, of_borders_are_stark_where_the_desktop_is) {
+  const QPalette stark = ContrastPalette();
+  EXPECT_TRUE(IsHighContrast(stark));
+  EXPECT_FALSE(IsHighContrast(DarkPalette()));
+  EXPECT_FALSE(IsHighContrast(QPalette(QColor(239, 239, 239))));
+  EXPECT_EQ(Border(stark), stark.color(QPalette::WindowText));
+  EXPECT_GE(Contrast(Line(stark), stark.color(QPalette::Window)), 4.5);
 }
 
 TEST(Captions, keep_a_unit_of_several_words_on_one_line) {

@@ -220,9 +220,10 @@ TEST_F(Window, stops_typing_at_the_limit_of_a_field) {
   EXPECT_TRUE(driver_->AllModalsCame());
 }
 
-TEST_F(Window, opens_the_comment_of_a_finding_by_double_click) {
+TEST_F(Window, opens_while_editing_the_comment_of_a_finding_by_double_click) {
   driver_->OnNextBox();
   driver_->Click("cmdQC");
+  driver_->Click("cmdEdit");
   driver_->Find<QTabWidget>("tabFLA")->setCurrentIndex(2);
   auto* list = driver_->Find<QTreeWidget>("lvwFLA_QCResults");
   ASSERT_GT(list->topLevelItemCount(), 0);

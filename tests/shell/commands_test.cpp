@@ -6,6 +6,7 @@
 
 #include "shell/last_resort.h"
 #include "shell/main_program.h"
+#include "shell/status.h"
 #include "shell/tree_find.h"
 #include "support/test_run.h"
 
@@ -67,6 +68,40 @@ TEST_F(AtTheDesk, counts_the_findings_of_the_place_and_those_without_a_comment) 
   EXPECT_EQ(run.s.unexplained, 1);
 }
 
+TEST_F(AtTheDesk, counts_what_the_rules_say_of_stored_values_also_where_no_run_has_been) {
+  run.Select(run.Key("FLA", "F1", 1));
+  EXPECT_EQ(run.s.findings, 0) << "a month without a value has none";
+  run.Keep({{"txtFLA_HrsOperated", "900"}});
+  UpdateStatus(run.s);
+  EXPECT_FALSE(run.s.checked);
+  EXPECT_EQ(run.s.findings, 2);
+  run.s.db.Execute(
+      "INSERT INTO QC (UserID,[Month],[Year],CmplxID,StructID,[Level],EquipType,EquipID,FieldID,[Desc],Comments,"
+      "EditMode) VALUES ('12345',1,2017,'1001','1','EQUIPMENT','FLA','F1','Elsewhere','odd','so','ACTV')");
+  for (const std::string& key : {run.Key("FLA", "F1", 1), run.Key("", "", 1), std::string("K12345 12017")}) {
+    run.Select(key);
+    EXPECT_EQ(run.s.findings, 3) << key;
+    EXPECT_EQ(run.s.unexplained, 2) << key;
+  }
+  run.Select(run.Key("FLA", "F2", 1));
+  EXPECT_EQ(run.s.findings, 0);
+}
+
+TEST_F(AtTheDesk, knows_whether_a_description_was_checked_since_its_last_save) {
+  run.GoTo("FLA", "F1", Mode::kDesc);
+  EXPECT_FALSE(run.s.checked);
+  run.Click("cmdQC");
+  UpdateStatus(run.s);
+  EXPECT_TRUE(run.s.checked);
+  run.Keep({{"txtFLA_ConcH2S", "5"}});
+  UpdateStatus(run.s);
+  EXPECT_FALSE(run.s.checked);
+  run.Click("cmdEdit");
+  run.Click("cmdSaveExit");
+  UpdateStatus(run.s);
+  EXPECT_TRUE(run.s.checked) << "the save has run the rules";
+}
+
 TEST_F(AtTheDesk, says_what_became_of_the_edit) {
   run.Select(run.Key("FLA", "F1", 1));
   run.Click("cmdEdit");
@@ -125,6 +160,15 @@ TEST_F(AtTheDesk, offers_the_inventories_opened_last_that_are_still_there) {
   fs::remove(second);
   run.Start(first);
   EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
+}
+
+TEST_F(AtTheDesk, shows_an_ampersand_of_a_name_among_the_inventories_opened_last) {
+  const std::string path = CopyTemplate(run.folder, "Bed & Board.mdb");
+  Raw(path, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
+  run.Start(path);
+  EXPECT_TRUE(run.s.main->At("mnuFRecent1").caption.starts_with("Bed && Board.mdb - "));
+  run.Click("mnuFRecent1");
+  EXPECT_EQ(run.s.path, path);
 }
 
 TEST(FirstQuestion, leads_to_an_inventory_that_is_there) {

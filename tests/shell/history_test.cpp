@@ -167,8 +167,10 @@ TEST_F(OnScreen, the_record_s_own_steps_are_those_that_wrote_its_findings_too) {
   };
   EXPECT_EQ(shown(), (std::vector<std::string>{"QC Run", "Save", "New Equipment"}));
   run.dialogs.push_back([&](Form&) { run.Set("txtComments", "because"), run.Click("cmdOK"); });
+  run.Click("cmdEdit");
   run.Pick("lvwFLA_QCResults", 0);
   run.DoubleClick("lvwFLA_QCResults");
+  run.Click("cmdCANCEL");
   EXPECT_EQ(shown().front(), "Comment");
   run.GoTo("VEN", "V1", Mode::kActv);
   EXPECT_EQ(shown(), (std::vector<std::string>{"New Equipment"}));

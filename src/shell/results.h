@@ -1,0 +1,18 @@
+// What a double click on a row of a sheet's results does.
+#pragma once
+
+#include <string>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// While the record is edited: the comment of the finding that is picked. In view: the way to what the row speaks of, as
+// OpenResult goes it.
+void DoubleClickResult(Session& s, Form& form, const std::string& list);
+
+// From a finding to its field, from a summary to the record whose findings it counts. Also where the list itself cannot
+// be used.
+void OpenResult(Session& s, Form& form, const std::string& list, int row);
+
+}  // namespace merlu
