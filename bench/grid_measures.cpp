@@ -22,6 +22,7 @@ constexpr const char* kVolume = "txtFLA_VolFlared";
 // The grid on the flares of the month, as the dialog opens it.
 struct OpenGrid {
   OpenGrid(const std::string& path, bool history) : opened(path), s(opened.s), grid(s) {
+    s.unbacked_day = "2017-12-31";  // a backup is no part of a save
     if (!history) CloseHistory(s);
     s.db.Execute("UPDATE SYS_CONFIG SET SYS_MAX_MO=SYS_MAX_MO");
     ClickNode(s, s.tree.Find(SurveyKey(s.current.UserID, kMonth, s.year)));

@@ -30,7 +30,7 @@ TypedRecord MonthGrid::Row::Typed() const {
   typed.structure_inactive = stored.structure_inactive;
   for (std::size_t i = 0; i < fields().size(); ++i)
     if (IsTyped(i)) typed.texts.emplace_back(fields()[i]->control, view.Text(PlaceOf(i)));
-  if (comments != stored.Comments()) typed.texts.emplace_back(MonthComments(stored.sheet), comments);
+  if (comments != stored.Comments()) typed.texts.emplace_back(stored.kind->comments, comments);
   if (inactive != stored.inactive) typed.no_emissions = inactive;
   return typed;
 }
@@ -42,7 +42,7 @@ void MonthGrid::Row::Rebase(MonthRow now) {
   view = stored.view;
   TakeStored();
   for (const auto& [control, text] : typed.texts) {
-    if (control == MonthComments(stored.sheet)) comments = text;
+    if (control == stored.kind->comments) comments = text;
     for (std::size_t i = 0; i < fields().size(); ++i) {
       if (fields()[i]->control != control) continue;
       view.SetText(PlaceOf(i), text);
@@ -50,7 +50,7 @@ void MonthGrid::Row::Rebase(MonthRow now) {
     }
   }
   inactive = typed.no_emissions.value_or(inactive);
-  view.SetChecked(MonthRules(stored.sheet).fields().At(MonthStatusBox(stored.sheet)), inactive);
+  view.SetChecked(stored.kind->status_place, inactive);
   locked_.clear();
   Unjudge();
 }
@@ -67,7 +67,7 @@ const std::map<std::string, std::string, std::less<>>& MonthGrid::Row::Findings(
   bool any = false;
   for (std::size_t i = 0; i < fields().size() && !any; ++i) any = view.IsFilled(PlaceOf(i));
   if (inactive || stored.structure_inactive || !any) return findings_;
-  const RuleSet& rules = MonthRules(stored.sheet);
+  const RuleSet& rules = *stored.kind->rules;
   const Context& context = contexts->Of(stored.keys.PD_ID_AK, stored.at.Year, stored.at.Month);
   const Verdicts verdicts = Judge(rules, Mode::kActv, view, context);
   for (const JudgedFinding& finding : StandingFindings(verdicts))

@@ -18,6 +18,7 @@ struct MonthGrid::Row {
   std::string comments;
   bool inactive = false;
   std::shared_ptr<Contexts> contexts;  // what it is judged against
+  std::int64_t read_at = -1;           // the store's count of changes, when all of this was read
   std::vector<std::string> shown;      // by field: the stored text
   std::vector<std::string> before;     // by field: the month before
   std::vector<bool> copied;            // by field: taken over and not confirmed
@@ -27,8 +28,8 @@ struct MonthGrid::Row {
   bool gone = false;                   // another program has deleted it
 
   const SheetSpec* sheet() const { return stored.sheet; }
-  const std::vector<const FieldSpec*>& fields() const { return MonthFields(stored.sheet); }
-  int PlaceOf(std::size_t field) const { return MonthRules(stored.sheet).fields().At(fields()[field]->control); }
+  const std::vector<const FieldSpec*>& fields() const { return stored.kind->fields; }
+  int PlaceOf(std::size_t field) const { return stored.kind->places[field]; }
 
   void TakeStored();
   bool IsTyped(std::size_t field) const { return view.Text(PlaceOf(field)) != shown[field]; }

@@ -21,16 +21,24 @@ constexpr std::size_t kFewRecords = 20;  // are read one by one, more as a whole
 // The records of one type that are saved, as they are stored now.
 class MonthGrid::Saving {
  public:
-  Saving(Database& db, std::vector<RowPtr> rows) : db_(db), rows_(std::move(rows)) { Read(); }
+  Saving(Database& db, std::vector<RowPtr> rows) : db_(db), rows_(std::move(rows)) {
+    // where nothing can have changed since, they are as they were read
+    const auto is_fresh = [&](const RowPtr& row) { return row->read_at == db.ChangeCount(); };
+    if (!std::all_of(rows_.begin(), rows_.end(), is_fresh)) Read();
+  }
 
   const std::vector<RowPtr>& rows() const { return rows_; }
   bool IsOfStructures() const { return rows_.front()->sheet() == nullptr; }
   // Null for one that is gone.
   const MonthRow* Now(const Row& row) const {
+    if (!contexts_) return &row.stored;
     const auto found = now_.find(row.stored.key());
     return found == now_.end() ? nullptr : &found->second;
   }
-  const Context& ContextOf(const MonthRow& row) { return contexts_->Of(row.keys.PD_ID_AK, row.at.Year, row.at.Month); }
+  const Context& ContextOf(const Row& row) {
+    const MonthRow& now = *Now(row);
+    return (contexts_ ? *contexts_ : *row.contexts).Of(now.keys.PD_ID_AK, now.at.Year, now.at.Month);
+  }
 
   void Read() {
     now_.clear();
@@ -52,7 +60,7 @@ class MonthGrid::Saving {
  private:
   Database& db_;
   std::vector<RowPtr> rows_;
-  std::optional<Contexts> contexts_;
+  std::optional<Contexts> contexts_;  // none: they are as the grid has read them
   std::map<std::int64_t, MonthRow> now_;
 };
 
@@ -117,7 +125,8 @@ void MonthGrid::RefuseChanged(const std::vector<Saving>& types, GridSaved& saved
       if (now == nullptr) {
         row->gone = true;
         Refuse(*row, kDeleted, saved);
-      } else if (now->row != row->stored.row || now->structure_inactive != row->stored.structure_inactive) {
+      } else if (now != &row->stored &&
+                 (now->row != row->stored.row || now->structure_inactive != row->stored.structure_inactive)) {
         row->Rebase(*now);
         row->gone = now->structure_inactive;
         Refuse(*row, row->gone ? std::string(kInactive) + "; save again to leave it out" : kChanged, saved);
@@ -132,7 +141,7 @@ void MonthGrid::SaveRow(RecordSaver& saver, const Row& row, const MonthRow& now,
   for (const std::string& told : done.told)
     saved.told.push_back((row.stored.id.empty() ? row.stored.structure : row.stored.id) + ": " + told);
   if (Any(row.copied) || Any(row.kept))
-    KeepCopied(s_.companion, MonthTable(row.sheet()), row.stored.key(),
+    KeepCopied(s_.companion, MonthKindOf(row.sheet()).table, row.stored.key(),
                CopiedNow(row.fields(), row.copied, done.values));
   ++saved.records;
 }
@@ -141,7 +150,6 @@ GridSaved MonthGrid::Save() {
   GridSaved saved;
   std::erase_if(changed_, [](const auto& changed) { return changed.second->gone; });
   if (changed_.empty()) return saved;
-  s_.db.NoticeOthers();
   const Act act(s_, "Month Grid");
   if (!act.MayWrite()) {
     saved.refused = "Nothing was saved: there is no backup.";
@@ -151,10 +159,12 @@ GridSaved MonthGrid::Save() {
   try {
     WriteBatch batch(s_.db);
     AllOrNothing whole(s_.db);
+    s_.db.NoticeOthers();  // nobody else writes from here on
     std::vector<Saving> types = ReadChanged();
     RefuseChanged(types, saved);
     if (!saved.refused.empty()) return saved;
     RecordSaver saver(s_);
+    if (changed_.size() > kFewRecords) saver.ExpectMany();
     for (Saving& type : types) {
       // structures that were saved have given their equipment their status
       if (types.front().IsOfStructures() && !type.IsOfStructures()) type.Read();
@@ -162,7 +172,7 @@ GridSaved MonthGrid::Save() {
         at = row;
         const MonthRow& now = *type.Now(*row);
         if (now.structure_inactive) throw Fault(fault_number::kNoCurrentRow, "MERLU entry", kInactive);
-        SaveRow(saver, *row, now, type.ContextOf(now), saved);
+        SaveRow(saver, *row, now, type.ContextOf(*row), saved);
       }
     }
     whole.Keep();
@@ -190,7 +200,7 @@ int MonthGrid::Confirm(const std::vector<int>& picked) {
     const Act act(s_, "Confirm Copied Values");
     if (!act.MayWrite()) return 0;
     WriteBatch batch(s_.db);
-    for (const RowPtr& row : kept) KeepCopied(s_.companion, MonthTable(row->sheet()), row->stored.key(), {});
+    for (const RowPtr& row : kept) KeepCopied(s_.companion, MonthKindOf(row->sheet()).table, row->stored.key(), {});
     batch.Commit();
   }
   for (const int number : Picked(picked)) {

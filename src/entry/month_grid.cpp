@@ -51,7 +51,7 @@ int MonthGrid::FieldAt(int column) const {
 
 void MonthGrid::MakeColumns() {
   columns_.clear();
-  places_.clear();
+  places_ = MonthKindOf(sheet_).places;
   heads_ = by_month_ ? 1 : 2;
   if (by_month_) {
     columns_.push_back({"Month", "Month"});
@@ -61,7 +61,6 @@ void MonthGrid::MakeColumns() {
   }
   const std::vector<const FieldSpec*>& fields = MonthFields(sheet_);
   for (const FieldSpec* field : fields) {
-    places_.push_back(MonthRules(sheet_).fields().At(field->control));
     GridColumn column{field->control, Bare(field->caption)};
     if (const std::string set = SetOf(*field, fields.front()->block); !set.empty())
       column.caption = set + ": " + column.caption;
@@ -73,9 +72,9 @@ void MonthGrid::MakeColumns() {
     column.free_text = field->free_text;
     columns_.push_back(std::move(column));
   }
-  columns_.push_back({MonthStatusBox(sheet_), "No Emissions to Report"});
+  columns_.push_back({MonthKindOf(sheet_).status_box, "No Emissions to Report"});
   columns_.back().items = {"off", "on"};
-  columns_.push_back({MonthComments(sheet_), "Comments"});
+  columns_.push_back({MonthKindOf(sheet_).comments, "Comments"});
 }
 
 // ---- what shows ----
@@ -94,15 +93,19 @@ void MonthGrid::ShowRecord(const SheetSpec* sheet, std::int64_t key) {
 
 void MonthGrid::Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only) {
   std::vector<RowPtr> rows;
+  s_.db.NoticeOthers();
+  const std::int64_t read_at = s_.db.ChangeCount();
   auto contexts = std::make_shared<Contexts>(s_.db, scope.PD_ID_AK);
   ReadMonthRows(s_.db, *contexts, sheet, scope, [&](MonthRow read) {
     if (only != 0 && read.owner() != only) return;
     rows.push_back(std::make_shared<Row>(std::move(read)));
     rows.back()->contexts = contexts;
+    rows.back()->read_at = read_at;
   });
   std::map<std::int64_t, std::vector<CopiedField>> copied;
   for (CopiedRecord& record : AllCopied(s_.companion))
-    if (EqualsIgnoringCase(record.table, MonthTable(sheet))) copied[record.key].push_back(std::move(record.field));
+    if (EqualsIgnoringCase(record.table, MonthKindOf(sheet).table))
+      copied[record.key].push_back(std::move(record.field));
   for (const RowPtr& row : rows)
     for (const CopiedField& field : copied.empty() ? std::vector<CopiedField>() : copied[row->stored.key()])
       for (std::size_t i = 0; i < row->fields().size(); ++i)
@@ -201,7 +204,7 @@ void MonthGrid::Set(Row& row, int column, const std::string& text, bool copied) 
   const int field = FieldAt(column);
   if (column == StatusColumn()) {
     row.inactive = text == "on";
-    row.view.SetChecked(MonthRules(sheet_).fields().At(MonthStatusBox(sheet_)), row.inactive);
+    row.view.SetChecked(MonthKindOf(sheet_).status_place, row.inactive);
   } else if (column == CommentsColumn()) {
     row.comments = text;
   } else if (field >= 0) {

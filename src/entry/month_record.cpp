@@ -17,7 +17,7 @@ MonthRecord RecordOf(Form& form, const SheetSpec* sheet) {
   record.form = &form;
   record.sheet = sheet;
   record.fields = MonthFields(sheet);
-  record.table = MonthTable(sheet);
+  record.table = MonthKindOf(sheet).table;
   return record;
 }
 

@@ -24,32 +24,29 @@ std::vector<const FieldSpec*> FieldsOf(const std::vector<FieldSpec>& all) {
   return fields;
 }
 
+MonthKind MakeKind(const SheetSpec* sheet) {
+  MonthKind kind;
+  kind.sheet = sheet;
+  kind.rules = sheet == nullptr ? &StructureRuleSet() : &RulesOf(*sheet);
+  kind.fields = FieldsOf(sheet == nullptr ? StructureFields() : sheet->fields);
+  for (const FieldSpec* field : kind.fields) kind.places.push_back(kind.rules->fields().At(field->control));
+  kind.table = sheet == nullptr ? "PA_PLATFORM_ACTV" : sheet->ea_table();
+  kind.status_box = sheet == nullptr ? kStructureStatus : sheet->status_box();
+  kind.comments = sheet == nullptr ? kStructureComments : sheet->comments();
+  kind.status_place = kind.rules->fields().Find(kind.status_box);
+  return kind;
+}
+
 }  // namespace
 
-const std::vector<const FieldSpec*>& MonthFields(const SheetSpec* sheet) {
-  static const std::map<const SheetSpec*, std::vector<const FieldSpec*>> fields = [] {
-    std::map<const SheetSpec*, std::vector<const FieldSpec*>> made;
-    made[nullptr] = FieldsOf(StructureFields());
-    for (const SheetSpec* each : AllSheets()) made[each] = FieldsOf(each->fields);
+const MonthKind& MonthKindOf(const SheetSpec* sheet) {
+  static const std::map<const SheetSpec*, MonthKind> kinds = [] {
+    std::map<const SheetSpec*, MonthKind> made;
+    made[nullptr] = MakeKind(nullptr);
+    for (const SheetSpec* each : AllSheets()) made[each] = MakeKind(each);
     return made;
   }();
-  return fields.at(sheet);
-}
-
-std::string MonthTable(const SheetSpec* sheet) {
-  return sheet == nullptr ? "PA_PLATFORM_ACTV" : sheet->ea_table();
-}
-
-const RuleSet& MonthRules(const SheetSpec* sheet) {
-  return sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
-}
-
-std::string MonthStatusBox(const SheetSpec* sheet) {
-  return sheet == nullptr ? kStructureStatus : sheet->status_box();
-}
-
-std::string MonthComments(const SheetSpec* sheet) {
-  return sheet == nullptr ? kStructureComments : sheet->comments();
+  return kinds.at(sheet);
 }
 
 std::string MonthRow::Place() const {
@@ -63,13 +60,15 @@ void ReadMonthRows(Database& db, Contexts& contexts, const SheetSpec* sheet, con
   scope.wanted = Wanted::kAllFields;
   scope.judged = false;
   scope.more = of_structure ? ",a.status,a.COMNT_TXT" : ",a.EA_STATUS,a.EA_COMNT_TXT";
-  const std::vector<const FieldSpec*>& fields = MonthFields(sheet);
+  const MonthKind& kind = MonthKindOf(sheet);
+  const std::vector<const FieldSpec*>& fields = kind.fields;
   for (const FieldSpec* field : fields) scope.more += (of_structure ? ",a.[" : ",t.[") + field->column + "]";
   const auto take = [&](const JudgedRecord& record) {
     if (record.structure == nullptr) return;
     MonthRow row(*record.view);
     const StructureFacts& facts = *record.structure;
     row.sheet = sheet;
+    row.kind = &kind;
     row.keys = record.keys;
     if (const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month))
       row.keys.SA_ID_AK = of_structure ? record.keys.SA_ID_AK : month->SA_ID_AK;

@@ -13,19 +13,26 @@
 
 namespace merlu {
 
-// The fields of a month, in the order of the sheet, without the comments; no sheet: those of the structure.
-const std::vector<const FieldSpec*>& MonthFields(const SheetSpec* sheet);
-// EA_<type>, or PA_PLATFORM_ACTV.
-std::string MonthTable(const SheetSpec* sheet);
-const RuleSet& MonthRules(const SheetSpec* sheet);
-// Names of the controls for the box "No Emissions to Report" and the comments.
-std::string MonthStatusBox(const SheetSpec* sheet);
-std::string MonthComments(const SheetSpec* sheet);
+// What the months of a type, or of the structures, are made of.
+struct MonthKind {
+  const SheetSpec* sheet = nullptr;  // null for structures
+  const RuleSet* rules = nullptr;
+  std::vector<const FieldSpec*> fields;  // in the order of the sheet, without the comments
+  std::vector<int> places;               // of the fields in the record's view
+  int status_place = -1;
+  std::string table;                 // EA_<type>, or PA_PLATFORM_ACTV
+  std::string status_box, comments;  // controls: "No Emissions to Report", and the comments
+};
+const MonthKind& MonthKindOf(const SheetSpec* sheet);
+inline const std::vector<const FieldSpec*>& MonthFields(const SheetSpec* sheet) {
+  return MonthKindOf(sheet).fields;
+}
 
 // A month's record as it is stored.
 struct MonthRow {
   explicit MonthRow(const RecordView& shown) : view(shown) {}
   const SheetSpec* sheet = nullptr;  // null for a structure
+  const MonthKind* kind = nullptr;
   RecordKeys keys;
   QCLocation at;
   std::string structure, id;  // as texts; no id for a structure

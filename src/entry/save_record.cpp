@@ -43,7 +43,8 @@ RecordSaver::RecordSaver(Session& s)
       keys_{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK},
       status_(s.node_status),
       editing_(s.editing),
-      failed_(s.save_failed) {}
+      failed_(s.save_failed),
+      now_(StoredDate(s.platform.Now())) {}
 
 RecordSaver::~RecordSaver() {
   s_.current = at_;
@@ -70,55 +71,62 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   StandAt(record);
   const int told = s_.faults_told;
   const bool inactive = record.no_emissions.value_or(stored.inactive);
-  TypedView typed{stored.view, inactive, &context, {}};
-  const RecordFields& fields = MonthRules(record.sheet).fields();
-  for (const auto& [control, text] : record.texts)
-    if (const int place = fields.Find(control); place >= 0) typed.view.SetText(place, text);
-  typed.view.SetChecked(fields.At(MonthStatusBox(record.sheet)), inactive);
+  const MonthKind& kind = *stored.kind;
+  if (context_ != &context) {
+    context_ = &context;
+    saving_ = context;
+    saving_.saving = true;
+  }
+  TypedView typed{stored.view, inactive, &saving_, {}};
+  if (known_) typed.known = &*known_;
+  std::vector<bool> touched(kind.fields.size());
+  for (std::size_t i = 0; i < kind.fields.size(); ++i) {
+    const std::string* text = TextTyped(record, kind.fields[i]->control);
+    touched[i] = text != nullptr;
+    if (text != nullptr) typed.view.SetText(kind.places[i], *text);
+  }
+  typed.view.SetChecked(kind.status_place, inactive);
   SavedRecord saved;
   saved.findings = RunQCAmongMany(s_, record.sheet, record.at, typed);
   saved.told = std::move(typed.told);
-  saved.values = Store(record, stored, typed.view, inactive);
+  saved.values = Store(record, stored, typed, touched);
   RequireNoFault(s_, told);
   return saved;
 }
 
-Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, const RecordView& view, bool inactive) {
-  const SheetSpec* sheet = record.sheet;
-  const std::vector<const FieldSpec*>& fields = MonthFields(sheet);
-  const RecordFields& places = MonthRules(sheet).fields();
+Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, const TypedView& typed,
+                          const std::vector<bool>& touched) {
+  const MonthKind& kind = *stored.kind;
   Values now, written;
   std::string sets;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const FieldSpec& field = *fields[i];
-    const int place = places.At(field.control);
-    const bool touched = TextTyped(record, field.control) != nullptr;
+  for (std::size_t i = 0; i < kind.fields.size(); ++i) {
+    const FieldSpec& field = *kind.fields[i];
+    const int place = kind.places[i];
     const std::optional<Value> value =
-        ValueToStore(field, stored.Stored(i), {view.Text(place), view.IsChecked(place), touched});
+        ValueToStore(field, stored.Stored(i), {typed.view.Text(place), typed.view.IsChecked(place), touched[i]});
     now.push_back(value.value_or(stored.Stored(i)));
     if (!value || *value == stored.Stored(i)) continue;
     sets.append(",[").append(field.column).append("]=?");
     written.push_back(*value);
   }
-  const std::string* typed_comments = TextTyped(record, MonthComments(sheet));
+  const std::string* typed_comments = TextTyped(record, kind.comments);
   const Value comments = FieldText(typed_comments != nullptr ? *typed_comments : stored.Comments());
-  const Value status = std::string(inactive ? "I" : "A");
-  if (sheet == nullptr) {
+  const Value status = std::string(typed.inactive ? "I" : "A");
+  if (kind.sheet == nullptr) {
     sets += ",COMNT_TXT=?,status=?";
     written.push_back(comments);
     written.push_back(status);
-    Update(s_, MonthTable(nullptr), sets, "SA_ID_AK", std::move(written), record.keys.SA_ID_AK);
+    Update(s_, kind.table, sets, "SA_ID_AK", std::move(written), record.keys.SA_ID_AK);
     PropagateStatus(s_, propagated_ ? record.keys.SA_ID_AK : 0);
     propagated_ = true;
-    statuses_.emplace_back(record.keys.SA_ID_AK, inactive);
+    statuses_.emplace_back(record.keys.SA_ID_AK, typed.inactive);
     return now;
   }
-  Update(s_, MonthTable(sheet), sets, "EA_ID_AK", std::move(written), record.keys.EA_ID_AK);
-  const Value date = s_.record_checked ? Value(StoredDate(s_.platform.Now())) : Value(Null{});
+  Update(s_, kind.table, sets, "EA_ID_AK", std::move(written), record.keys.EA_ID_AK);
   Values master;
   master.push_back(comments);
   master.push_back(status);
-  master.push_back(date);
+  master.push_back(s_.record_checked ? now_ : Value(Null{}));
   Update(s_, "EA_EQUIP_ACTV", ",EA_COMNT_TXT=?,EA_STATUS=?,EA_QC_DT=?", "EA_ID_AK", std::move(master),
          record.keys.EA_ID_AK);
   propagated_ = false;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "entry/month_rows.h"
+#include "qc/qc_log.h"
 
 namespace merlu {
 
@@ -30,6 +31,7 @@ struct SavedRecord {
 
 // Saves many records in the caller's batch. The session stands where it stood when it goes. Faults are passed on: the
 // caller's batch takes back what was written.
+struct TypedView;
 class RecordSaver {
  public:
   explicit RecordSaver(Session& s);
@@ -39,18 +41,25 @@ class RecordSaver {
 
   // `stored`: the record as it is stored now, with its context.
   SavedRecord Save(const TypedRecord& record, const MonthRow& stored, const Context& context);
+  // There are many of them: the log is read once.
+  void ExpectMany() { known_.emplace(s_.db); }
   // After the commit: the tree knows the statuses that were saved.
   void Committed();
 
  private:
   void StandAt(const TypedRecord& record);
-  Values Store(const TypedRecord& record, const MonthRow& stored, const RecordView& view, bool inactive);
+  Values Store(const TypedRecord& record, const MonthRow& stored, const TypedView& typed,
+               const std::vector<bool>& touched);
 
   Session& s_;
   QCLocation at_;
   RecordKeys keys_;
   std::string status_;
   bool editing_, failed_;
+  Value now_;  // as it is stored as a date
+  std::optional<EquipmentWithFindings> known_;
+  const Context* context_ = nullptr;  // that the records are judged against, and the same as while saving
+  Context saving_;
   bool propagated_ = false;                              // equipment has the statuses of all structures
   std::vector<std::pair<std::int64_t, bool>> statuses_;  // of structures' months that were saved
 };

@@ -32,7 +32,7 @@ const FieldSpec* FieldOf(const MonthRecord& record, const Control& control) {
 // The bounds of the rule that the field is held to on the form as it stands.
 void ReadBounds(const MonthRecord& record, const FieldSpec& field, Strip& strip) {
   const SheetSpec* sheet = record.sheet;
-  for (const RuleGroup& group : MonthRules(sheet).groups())
+  for (const RuleGroup& group : MonthKindOf(sheet).rules->groups())
     for (const Rule& rule : group.rules) {
       if (!EqualsIgnoringCase(rule.field, field.control) || !RunsIn(rule.mode, Mode::kActv)) continue;
       if ((!rule.check.has_low && !rule.check.has_high) || !rule.when.holds(*record.form)) continue;

@@ -105,6 +105,21 @@ bool DelQCRecordsForLocAndBelowAnyMode(Session& s, const QCLocation& location) {
   return DeleteBelow(s, location, Spare::kNothing);
 }
 
+EquipmentWithFindings::EquipmentWithFindings(Database& db) {
+  db.ForEach("SELECT DISTINCT UserID,CmplxID,StructID,EquipType,EquipID FROM QC", {}, [&](const RowView& row) {
+    std::string key;
+    for (int column = 0; column < row.size(); ++column) key += Lower(row.Text(column)) + '\x1f';
+    known_.insert(std::move(key));
+  });
+}
+
+std::string EquipmentWithFindings::KeyOf(const QCLocation& l) {
+  std::string key;
+  for (const std::string* part : {&l.UserID, &l.CmplxID, &l.StructID, &l.EquipType, &l.EquipID})
+    key += Lower(Trim(*part)) + '\x1f';
+  return key;
+}
+
 int CountQCErrors(Session& s, const QCLocation& l) {
   std::string condition = "UserID=? AND [Month]=? AND [Year]=?";
   Values values = {Trim(l.UserID), std::int64_t{l.Month}, std::int64_t{l.Year}};

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 #include "session/session.h"
 
@@ -29,6 +30,19 @@ void DelQCRecordsForStructure(Session& s, const QCLocation& location);
 bool DelQCRecordsForLocAndBelow(Session& s, const QCLocation& location);
 bool DelQCRecordsForLocAndBelowAll(Session& s, const QCLocation& location);
 bool DelQCRecordsForLocAndBelowAnyMode(Session& s, const QCLocation& location);
+
+// The pieces of equipment that have findings, in whatever month and mode: read once where many records are saved, so
+// that those without are not looked for one by one.
+class EquipmentWithFindings {
+ public:
+  explicit EquipmentWithFindings(Database& db);
+  bool Has(const QCLocation& location) const { return !known_.empty() && known_.contains(KeyOf(location)); }
+  void Add(const QCLocation& location) { known_.insert(KeyOf(location)); }
+
+ private:
+  static std::string KeyOf(const QCLocation& location);
+  std::unordered_set<std::string> known_;
+};
 
 // Findings at the location and below it in its month, in both modes; 0 above survey level.
 int CountQCErrors(Session& s, const QCLocation& location);

@@ -1,5 +1,7 @@
 #include "qc_run/run_record.h"
 
+#include <algorithm>
+
 #include "base/dates.h"
 #include "qc/apply.h"
 #include "qc/qc_log.h"
@@ -127,14 +129,17 @@ void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, 
   s.current = location;
   if (sheet.has_activity && typed.inactive) return PassOver(s, sheet, location);
   if (sheet.before_rules) sheet.before_rules(s, location);
-  Context context = *typed.context;
-  context.saving = true;
   Verdicts verdicts;
-  Judge(RulesOf(sheet), s.mode, typed.view, context, verdicts);
+  Judge(RulesOf(sheet), s.mode, typed.view, *typed.context, verdicts);
   RequireNoFaults(verdicts);
-  ApplyVerdicts(s, location, verdicts);
   TakeMessages(verdicts, typed.told);
   s.record_checked = true;
+  const bool raises = std::any_of(verdicts.all.begin(), verdicts.all.end(),
+                                  [](const Verdict& verdict) { return verdict.log == Verdict::Log::kRaise; });
+  typed.untouched = !raises && !sheet.before_rules && typed.known != nullptr && !typed.known->Has(location);
+  if (typed.untouched) return;
+  ApplyVerdicts(s, location, verdicts);
+  if (raises && typed.known != nullptr) typed.known->Add(location);
 }
 
 bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& typed) {

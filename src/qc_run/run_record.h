@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "qc/qc_log.h"
 #include "records/judge_records.h"
 #include "session/session.h"
 
@@ -14,8 +15,11 @@ namespace merlu {
 struct TypedView {
   RecordView view;                // what its sheet would show; takes what the rules change
   bool inactive = false;          // its box "No Emissions to Report"
-  const Context* context;         // of its month; a structure's is read by the run
+  const Context* context;         // of its month, as while saving; a structure's is read by the run
   std::vector<std::string> told;  // what its sheet would show in boxes
+  // That the log knows: a record that raises nothing and is not among them has nothing to be withdrawn. Null: look.
+  EquipmentWithFindings* known = nullptr;
+  bool untouched = false;  // nothing in the log was its, and nothing came to it
 };
 
 // The equipment at the location in the session's mode: on the sheet that shows, with what the user has typed there,

@@ -158,6 +158,16 @@ TEST_F(Grid, saves_nothing_when_another_program_has_changed_a_record) {
   EXPECT_EQ(run.Count("EA_FLA WHERE OP_HR=701 AND VOL_FLARED=99"), 1);
 }
 
+TEST_F(Grid, notices_what_a_program_on_a_connection_of_its_own_has_changed) {
+  grid.SetCell(0, hours, "700");
+  Raw(run.s.path, {"UPDATE EA_FLA SET VOL_FLARED=98 WHERE EA_ID_AK IN (SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE "
+                   "EA_MO=2)"});
+  EXPECT_EQ(grid.Save().records, 0);
+  EXPECT_EQ(run.Count("EA_FLA WHERE OP_HR=700"), 0);
+  EXPECT_EQ(grid.Save().records, 1);
+  EXPECT_EQ(run.Count("EA_FLA WHERE OP_HR=700 AND VOL_FLARED=98"), 1);
+}
+
 TEST_F(Grid, leaves_a_deleted_record_out_once_that_was_said) {
   grid.SetCell(0, hours, "700");
   grid.SetCell(1, hours, "701");

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "entry/strip.h"
+#include "shell/docks.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -146,12 +147,15 @@ TEST_F(MonthEntry, shows_the_twelve_months_of_the_field_in_hand) {
   EXPECT_TRUE(run.At("mnuRStrip").checked);
   run.Click("cmdEdit");
   run.Set("txtFLA_HrsOperated", "700");
+  RefreshDocks(run.s);
   EXPECT_EQ(run.Text("lblSTR_Field"), "Hours Operated (hrs), including upsets:");
   ASSERT_EQ(run.At("lvwSTR_Months").rows.size(), 1u);
   EXPECT_EQ(run.At("lvwSTR_Months").rows[0][0], "744");
   EXPECT_EQ(run.At("lvwSTR_Months").rows[0][1], "700");
   EXPECT_EQ(run.At("lvwSTR_Months").rows[0][2], "");
   EXPECT_EQ(run.Text("lblSTR_Advice"), "");
+  EXPECT_EQ(run.Text("lblSTR_Least"), "0");
+  EXPECT_EQ(run.Text("lblSTR_Most"), "744");
 }
 
 TEST_F(MonthEntry, saves_and_goes_on_to_the_next_record_that_is_active) {
