@@ -127,7 +127,8 @@ void FormDialog::AddButton(const Control& control) {
     binding_.RowOf(control.beside)->layout()->addWidget(button);
   else if (control.name == binding_.form().cancel_button)
     cancel_ = button;
-  else if (main_ == nullptr || control.name == binding_.form().default_button)
+  else if (!binding_.form().default_button.empty() &&
+           (main_ == nullptr || control.name == binding_.form().default_button))
     main_ = std::exchange(button, main_);
   // what is neither the main act nor the way out stands before both
   if (control.beside.empty() && button != nullptr && button != cancel_) buttons_->addWidget(button);

@@ -46,7 +46,24 @@ QColor InkOf(const QPalette& palette, const GridCell& cell, bool selected) {
   return cell.tone == Tone::kQuiet ? Quiet(palette) : palette.color(QPalette::Text);
 }
 
+// What a state is known by where colours are not seen.
+QString SignOf(const GridCell& cell) {
+  if (!HasSign(cell)) return {};
+  switch (cell.tone) {
+    case Tone::kGood: return QChar(0x2713);
+    case Tone::kLook: return QChar(0x25B2);
+    case Tone::kStop: return QChar(0x2716);
+    case Tone::kPlain: return QChar(0x25CB);
+    case Tone::kQuiet: break;
+  }
+  return {};
+}
+
 }  // namespace
+
+bool HasSign(const GridCell& cell) {
+  return cell.locked && !cell.hint.empty();
+}
 
 QString WithWholeUnit(const QString& caption) {
   constexpr QChar kJoiner(0x2060);
@@ -157,6 +174,10 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     room.setLeft(room.left() + kMarkWidth);
   }
   painter->setFont(option.font);
+  if (const QString sign = SignOf(cell); !sign.isEmpty()) {
+    painter->drawText(QRect(room.left(), room.top(), kSignWidth, room.height()), Qt::AlignVCenter, sign);
+    room.setLeft(room.left() + kSignWidth);
+  }
   const QString text = option.fontMetrics.elidedText(OneLine(cell.text), Qt::ElideRight, room.width());
   painter->drawText(room, Qt::AlignVCenter | (numeric ? Qt::AlignRight : Qt::AlignLeft), text);
   if (!cell.was.empty() && numeric) {
@@ -173,7 +194,7 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     const QPoint corner = place.bottomRight() + QPoint(1, 1);
     painter->setPen(Qt::NoPen);
     painter->setBrush(ink);
-    if (!cell.hint.empty())
+    if (!cell.hint.empty() && !cell.locked)
       painter->drawPolygon(QPolygon({corner, corner - QPoint(kCorner, 0), corner - QPoint(0, kCorner)}));
     if (cell.copied) painter->fillRect(QRect(place.left(), place.top() + 2, 2, place.height() - 4), ink);
   }

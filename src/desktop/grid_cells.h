@@ -13,6 +13,10 @@ namespace merlu {
 // A caption whose unit, in brackets, stays on one line.
 QString WithWholeUnit(const QString& caption);
 
+// A cell that tells a state: a sign stands in front of its text.
+inline constexpr int kSignWidth = 15;
+bool HasSign(const GridCell& cell);
+
 // The cells of a grid as Qt asks for them.
 class GridAdapter : public QAbstractTableModel {
   Q_OBJECT

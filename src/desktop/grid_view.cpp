@@ -73,9 +73,11 @@ void GridView::FitColumns() {
     for (const QString& word : caption.split(' ')) width = std::max(width, metrics.horizontalAdvance(word));
     width = std::max(width, metrics.horizontalAdvance(caption) * 10 / (kHeadLines * 8));
     for (const std::string& item : head.items) width = std::max(width, metrics.horizontalAdvance(Q(item)));
-    for (int row = 0; row < std::min(adapter_->rowCount(), 40); ++row)
-      width = std::max(
-          width, metrics.horizontalAdvance(adapter_->data(adapter_->index(row, column), Qt::DisplayRole).toString()));
+    for (int row = 0; row < std::min(adapter_->rowCount(), 40); ++row) {
+      const QModelIndex at = adapter_->index(row, column);
+      const int sign = HasSign(adapter_->At(at)) ? kSignWidth : 0;
+      width = std::max(width, sign + metrics.horizontalAdvance(adapter_->data(at, Qt::DisplayRole).toString()));
+    }
     const bool is_written = column == last && !head.numeric && head.items.empty() && adapter_->rowCount() > 0 &&
                             !adapter_->At(adapter_->index(0, column)).locked;
     width = std::max(std::min(width, kWidest), is_written ? kWritten : 0) + 2 * kAside + 4;

@@ -18,7 +18,7 @@ namespace {
 constexpr const char* kWidthsSection = "Columns";
 constexpr std::size_t kLongestLine = 300, kLongestTip = 3000;  // characters
 constexpr int kAboveAndBelow = 3, kBetweenColumns = 16;
-constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320;
+constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320, kFewRows = 20, kWidestOfFew = 460;
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -194,7 +194,8 @@ void ModelList::FitColumns() {
   fitting_ = true;
   for (int column = 0; column + 1 < adapter_->columnCount(); ++column) {
     resizeColumnToContents(column);
-    setColumnWidth(column, std::min(columnWidth(column) + kBetweenColumns, kWidestFitted));
+    const int widest = adapter_->rowCount() <= kFewRows ? kWidestOfFew : kWidestFitted;
+    setColumnWidth(column, std::min(columnWidth(column) + kBetweenColumns, widest));
   }
   fitting_ = false;
 }

@@ -59,12 +59,19 @@ bool StoreComment(Session& s, const std::string& field_id, const std::string& co
   return done && found;
 }
 
-// What the field shows that the finding is kept under.
+// What the field shows that the finding is kept under: of fields with one tag the one that has the finding, or else can
+// be seen.
 std::string ValueOf(const Form& form, const std::string& tag) {
-  for (const Control& control : form.controls())
-    if (!control.tag.empty() && EqualsIgnoringCase(TrimRight(control.tag), TrimRight(tag)) && !control.text.empty())
-      return control.text;
-  return "";
+  const Control* found = nullptr;
+  const auto weight = [&form](const Control& control) {
+    return (control.back == Back::kFlag ? 4 : 0) + (control.finding.empty() ? 0 : 2) +
+           (IsVisible(form, control) ? 1 : 0);
+  };
+  for (const Control& control : form.controls()) {
+    if (control.tag.empty() || !EqualsIgnoringCase(TrimRight(control.tag), TrimRight(tag))) continue;
+    if (found == nullptr || weight(control) > weight(*found)) found = &control;
+  }
+  return found == nullptr ? "" : found->text;
 }
 
 void Keep(Session& s, Form& dialog, const Form& form, Control& list) {

@@ -20,7 +20,7 @@ struct StateWords {
 constexpr std::array<StateWords, 8> kStates = {{
     {"open", Tone::kStop, "findings without a comment"},
     {"stale", Tone::kLook, "comments are older than their values"},
-    {"empty", Tone::kStop, "nothing has been typed"},
+    {"empty", Tone::kPlain, "nothing has been typed"},
     {"unchecked", Tone::kLook, "not checked since the last save"},
     {"explained", Tone::kGood, "all findings are explained"},
     {"clean", Tone::kGood, "checked, no findings"},

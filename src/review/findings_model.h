@@ -36,6 +36,13 @@ struct FindingName {
   bool operator==(const FindingName&) const = default;
 };
 
+// The finding that the user went to last, its field's place on the sheet, and where that left him.
+struct Walk {
+  FindingName to;
+  int field = 0;
+  QCLocation from;
+};
+
 class FindingsModel : public ListModel {
  public:
   // `store` gives the open inventory, or null; `filter` what is asked for now.
@@ -60,9 +67,7 @@ class FindingsModel : public ListModel {
   // "12 of 340 findings · 8 open, 3 explained, 1 stale"
   std::string CountText() const;
 
-  // The finding that the user went to last, and where that left him.
-  FindingName walked_to;
-  std::string walked_at;
+  Walk walk;
 
   int RowCount() const override { return static_cast<int>(shown_.size()); }
   std::string Text(int row, int column) const override;

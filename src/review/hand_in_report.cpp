@@ -3,33 +3,42 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "session/types.h"
 
 namespace merlu {
 namespace {
 
 std::vector<std::string> OperatorLines(Database& db) {
   std::vector<std::string> lines;
-  db.ForEach(
-      "SELECT CO_NAME,RIMA_CO_NUM,ADDR1,ADDR2,City,State,Zip,Contact FROM CO_COMPANY ORDER BY rowid LIMIT 1", {},
-      [&lines](const RowView& row) {
-        const auto add = [&](std::initializer_list<int> columns, const char* between) {
-          std::string line;
-          for (const int column : columns)
-            if (const std::string part = Trim(row.Text(column)); !part.empty())
-              line += (line.empty() ? "" : between) + part;
-          if (!line.empty()) lines.push_back(line);
-        };
-        lines.push_back(Trim(std::string(row.Text(0)) + ", RIMA company no. " + std::string(row.Text(1))));
-        add({2, 3}, ", ");
-        add({4, 5, 6}, " ");
-        add({7}, "");
-      });
+  db.ForEach("SELECT CO_NAME,RIMA_CO_NUM,ADDR1,ADDR2,City,State,Zip,Contact FROM CO_COMPANY ORDER BY rowid LIMIT 1", {},
+             [&lines](const RowView& row) {
+               const auto add = [&](std::initializer_list<int> columns, const char* between) {
+                 std::string line;
+                 for (const int column : columns)
+                   if (const std::string part = Trim(row.Text(column)); !part.empty())
+                     line += (line.empty() ? "" : between) + part;
+                 if (!line.empty()) lines.push_back(line);
+               };
+               lines.push_back(Trim(std::string(row.Text(0)) + ", RIMA company no. " + std::string(row.Text(1))));
+               add({2, 3}, ", ");
+               add({4, 5, 6}, " ");
+               add({7}, "");
+             });
   return lines;
 }
 
 std::string Year(const Review& review) {
   const std::vector<YearMonth> months = MonthsOf(review);
   return months.empty() ? "" : std::to_string(months.front().year);
+}
+
+// Under the heading of its structure: "2017/03 · Combustion Flare: F1", "Description".
+std::string RecordText(const Review& review, const ReviewedRecord& record) {
+  if (record.gone) return PlaceOf(review, record);
+  std::string text = record.month == 0 ? "Description" : MonthText(record.year, record.month);
+  if (!record.IsEquipment()) return text;
+  const ReviewedPiece& piece = review.pieces[static_cast<std::size_t>(record.piece)];
+  return text + " · " + TreeTypeName(piece.type) + ": " + Trim(piece.id);
 }
 
 }  // namespace
@@ -72,7 +81,7 @@ HandInReport MakeHandInReport(Database& db, const Review& review, const std::vec
                                        : review.structures[static_cast<std::size_t>(record->structure)].text,
                                    {}});
     last = record->structure;
-    report.structures.back().findings.push_back({PlaceOf(review, *record), finding->said->tag, finding->value,
+    report.structures.back().findings.push_back({RecordText(review, *record), finding->said->tag, finding->value,
                                                  finding->said->expected, finding->said->text, finding->comment,
                                                  StateText(finding->state)});
   }

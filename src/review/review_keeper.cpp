@@ -4,6 +4,7 @@
 #include <numeric>
 #include <tuple>
 
+#include "base/numbers.h"
 #include "history/all_comments.h"
 #include "qc/comment_key.h"
 #include "session/types.h"
@@ -41,6 +42,14 @@ void Rank(std::vector<Of>& all, TextOf text_of) {
   std::stable_sort(order.begin(), order.end(),
                    [&](int a, int b) { return LessIgnoringCase(texts[At(a)], texts[At(b)]); });
   for (std::size_t rank = 0; rank < order.size(); ++rank) all[At(order[rank])].rank = static_cast<int>(rank);
+}
+
+// A number is stored as what its text begins with, and shows so from then on.
+bool IsSameValue(const std::string& typed, const std::string& stored) {
+  if (typed == stored) return true;
+  const std::string text = Trim(typed);
+  const bool number = !text.empty() && text.find_first_of("0123456789") < 2 && IsNumericText(stored);
+  return number && GeneralNumber(LeadingNumber(text)) == stored;
 }
 
 RecordKind KindOf(const JudgedRecord& judged, Mode mode) {
@@ -199,7 +208,7 @@ const Said& ReviewKeeper::Saying(const RuleSet* rules, std::string_view tag, std
 void ReviewKeeper::Explain(ReviewedFinding& finding, const QCLocation& at, KnownComments& known) {
   if (Trim(finding.comment).empty()) return;
   const auto upon = known.Of(CommentKey(at, finding.said->tag, finding.said->text));
-  const bool stale = upon && upon->comment == finding.comment && upon->value != finding.value;
+  const bool stale = upon && upon->comment == finding.comment && !IsSameValue(upon->value, finding.value);
   finding.state = stale ? FindingState::kStale : FindingState::kExplained;
 }
 

@@ -12,7 +12,6 @@
 #include "review/comments.h"
 #include "session/folders.h"
 #include "session/messages.h"
-#include "session/place.h"
 #include "sheets/contract.h"
 #include "sheets/units.h"
 #include "shell/docks.h"
@@ -54,7 +53,7 @@ void Refresh(Form& dock) {
   for (const int row : list.picked)
     if (row >= 0 && row < model.RowCount()) picked.push_back(model.NameAt(row));
   if (!model.Refresh()) return;
-  OfferMonths(dock, model.review());
+  if (model.live().unreadable().empty()) OfferMonths(dock, model.review());
   // a month that went with its rows is no filter any more
   model.Refresh();
   list.picked = model.RowsOf(picked);
@@ -78,16 +77,6 @@ bool GoToFinding(Session& s, const Review& review, FindingPlace at) {
   return GoTo(s, location, mode, field);
 }
 
-std::string FocusOfSheet(const Session& s) {
-  const ShowingSheet sheet = SheetThatShows(s);
-  return sheet.form == nullptr ? "" : sheet.form->focus;
-}
-
-// Where the user stands, to the field.
-std::string StandingText(const Session& s) {
-  return PackLocation(s.current, s.mode) + ' ' + FocusOfSheet(s);
-}
-
 // What is walked through: the rows of the dock, or without it all findings.
 std::vector<FindingPlace> OrderOf(const FindingsModel& model, bool shown) {
   std::vector<FindingPlace> order;
@@ -105,37 +94,37 @@ struct Standing {
   int next = 0;
 };
 
-int PlaceOfWalked(Session& s, const FindingsModel& model, const std::vector<FindingPlace>& order) {
-  if (model.walked_at != StandingText(s)) return -1;
-  const int record = model.live().Find(model.walked_to.kind, model.walked_to.key);
-  const auto found = std::find_if(order.begin(), order.end(), [&](FindingPlace at) {
-    return at.record == record && At(model.review(), at).said->tag == model.walked_to.tag;
-  });
-  return found == order.end() ? -1 : static_cast<int>(found - order.begin());
-}
-
+// The walk goes on behind the finding that it came to last, as long as the user has not gone to another record; also
+// when the finding itself is gone.
 Standing WhereTheUserStands(Session& s, const FindingsModel& model, const std::vector<FindingPlace>& order) {
   Standing standing;
-  standing.on = PlaceOfWalked(s, model, order);
-  if (standing.on >= 0) return standing;
-  QCLocation at = s.current;
-  if (s.InDesc()) at.Month = at.Year = 0;
-  const int record = model.live().Find(at);
+  QCLocation here = s.current;
+  if (s.InDesc()) here.Month = here.Year = 0;
+  const Walk& walk = model.walk;
+  const int walked = model.live().Find(walk.to.kind, walk.to.key);
+  int record = model.live().Find(here);
+  // a row of the log without a record leaves the user where he was
+  const bool goes_on = walk.from == here && (walked == record || walk.to.kind == RecordKind::kGone);
+  if (goes_on && walked >= 0) record = walked;
   if (record < 0) return standing;
-  const std::string focus = FocusOfSheet(s);
-  const auto first = std::find_if(order.begin(), order.end(), [&](FindingPlace each) { return each.record == record; });
-  if (first == order.end()) {
-    const auto behind =
-        std::find_if(order.begin(), order.end(), [&](FindingPlace each) { return each.record > record; });
-    standing.next = static_cast<int>(behind - order.begin());
-    return standing;
+  const auto is_behind = [&](FindingPlace each) {
+    if (each.record != record) return each.record > record;
+    return goes_on && At(model.review(), each).said->field > walk.field;
+  };
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    const bool same = goes_on && order[i].record == record && At(model.review(), order[i]).said->tag == walk.to.tag;
+    if (same) standing.on = static_cast<int>(i);
   }
-  standing.next = static_cast<int>(first - order.begin());
-  const auto on = std::find_if(order.begin(), order.end(), [&](FindingPlace each) {
-    return each.record == record && !focus.empty() && EqualsIgnoringCase(At(model.review(), each).said->control, focus);
+  const auto next = std::find_if(order.begin(), order.end(), [&](FindingPlace each) {
+    return is_behind(each) || (!goes_on && each.record == record);
   });
-  if (on != order.end()) standing.on = static_cast<int>(on - order.begin());
+  standing.next = static_cast<int>(next - order.begin());
   return standing;
+}
+
+void Remember(Session& s, FindingsModel& model, const FindingName& name, int field) {
+  model.walk = {name, field, s.current};
+  if (s.InDesc()) model.walk.from.Month = model.walk.from.Year = 0;
 }
 
 void Step(Session& s, int by) {
@@ -152,10 +141,10 @@ void Step(Session& s, int by) {
   const FindingPlace at = order[static_cast<std::size_t>(next)];
   const ReviewedRecord& record = model.review().records[static_cast<std::size_t>(at.record)];
   const FindingName name{record.kind, record.key, At(model.review(), at).said->tag};
+  const int field = At(model.review(), at).said->field;
   const bool gone = record.gone != nullptr;
   if (!GoToFinding(s, model.review(), at) && !gone) return;
-  model.walked_to = name;
-  model.walked_at = StandingText(s);
+  Remember(s, model, name, field);
   if (!shown) return;
   Refresh(dock);
   dock.At(kList).picked = model.RowsOf({name});
@@ -272,9 +261,9 @@ Form& MakeDock(Session& s) {
     const std::vector<int>& picked = dock.At(kList).picked;
     if (picked.empty() || picked.front() >= model.RowCount()) return;
     const FindingName name = model.NameAt(picked.front());
+    const int field = model.At(picked.front()).said->field;
     if (!GoToFinding(s, model.review(), model.PlaceAt(picked.front()))) return;
-    model.walked_to = name;
-    model.walked_at = StandingText(s);
+    Remember(s, model, name, field);
   });
   return dock;
 }

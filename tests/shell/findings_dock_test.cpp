@@ -7,6 +7,7 @@
 
 #include "forms/dialog.h"
 #include "shell/docks.h"
+#include "shell/status.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -168,6 +169,135 @@ TEST_F(FindingsDockOf, goes_out_as_values_with_commas) {
   EXPECT_EQ(first,
             "\"2017/01 · GI, 43, A · Combustion Flare: F1\",\"Hours Operated, excl. upsets\",800,0 to 744,Value not in "
             "expected range (0 to 744),,open\r");
+}
+
+TEST_F(FindingsDockOf, stands_in_the_order_of_the_tree) {
+  run.ChangeTo(Mode::kDesc);
+  for (const char* name : {"C", "B"}) run.AddStructure(std::string("2") + name, "1", name);
+  run.Select(run.Key());
+  run.AddEquipment("AMI", "Z9");
+  run.Select(run.Key());
+  run.AddEquipment("AMI", "a1");
+  run.Set("cmbFND_When", "Descriptions");
+  Texts places;
+  for (const std::string& place : Column(0))
+    if (places.empty() || places.back() != place) places.push_back(place);
+  Texts nodes;
+  for (const int node : run.s.tree.InOrder()) {
+    const TreeNode& at = run.s.tree.nodes[static_cast<std::size_t>(node)];
+    if (at.parent < 0) continue;
+    const TreeNode& above = run.s.tree.nodes[static_cast<std::size_t>(at.parent)];
+    nodes.push_back(above.parent < 0 ? at.text : above.text + " · " + at.text);
+  }
+  std::erase_if(nodes,
+                [&](const std::string& node) { return std::find(places.begin(), places.end(), node) == places.end(); });
+  EXPECT_EQ(places, nodes);
+  EXPECT_GT(places.size(), 5u);
+}
+
+TEST_F(FindingsDockOf, offers_a_comment_that_a_clean_run_of_another_month_has_wiped) {
+  Rows();
+  run.Pick("lvwFND_List", {RowOf(kHours)});
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtComments", "Two shifts");
+    run.Click("cmdOK");
+  });
+  run.Click("cmdFND_Comment");
+  run.s.db.Execute("DELETE FROM QC");
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "open");
+  run.Pick("lvwFND_List", {RowOf(kHours)});
+  run.dialogs.push_back([&](Form&) { EXPECT_EQ(run.Text("txtComments"), "Two shifts"); });
+  run.Click("cmdFND_Comment");
+}
+
+TEST_F(FindingsDockOf, knows_what_a_comment_of_the_sheet_was_written_upon) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.Click("cmdEdit");
+  run.Pick("lvwFLA_QCResults", 0);
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtComments", "Two shifts");
+    run.Click("cmdOK");
+  });
+  run.Click("cmdFLA_EditQCComment");
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  run.TakeBoxes();
+  const std::string field = Column(1)[0];
+  EXPECT_EQ(Rows().Text(0, 6), "explained") << field;
+  run.Keep({{"txtFLA_HrsOperated", "900"}});
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), field == kHours ? "stale" : "open");
+}
+
+TEST_F(FindingsDockOf, takes_a_comment_back_with_what_it_was_written_upon) {
+  const auto comment = [&](const std::string& text) {
+    Rows();
+    run.Pick("lvwFND_List", {RowOf(kHours)});
+    run.dialogs.push_back([&run = run, text](Form&) {
+      run.Set("txtComments", text);
+      run.Click("cmdOK");
+    });
+    run.Click("cmdFND_Comment");
+  };
+  comment("Two shifts");
+  run.Keep({{"txtFLA_HrsOperated", "900"}});
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "stale");
+  comment("Two shifts");
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "explained") << "the same words, written again";
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Rows().Text(RowOf(kHours), 6), "stale");
+  EXPECT_TRUE(run.TakeBoxes().empty());
+}
+
+TEST_F(FindingsDockOf, keeps_what_is_picked_when_it_is_made_anew) {
+  Rows();
+  const int row = RowOf(kVolume);
+  run.Pick("lvwFND_List", {row});
+  run.Keep({{"txtFLA_HrsOperated", "700"}});
+  RefreshDocks(run.s);
+  ASSERT_EQ(Dock().At("lvwFND_List").picked.size(), 1u);
+  EXPECT_EQ(Rows().Text(Dock().At("lvwFND_List").picked.front(), 1), kVolume);
+}
+
+TEST_F(FindingsDockOf, passes_a_row_of_the_log_whose_record_is_gone) {
+  run.s.db.Execute("INSERT INTO QC VALUES ('12345',1,2017,'EQUIPMENT','7777','1','FLA','F9','Hours','Gone','','ACTV')");
+  run.GoTo("FLA", "F1", Mode::kActv, 1);
+  Texts seen;
+  for (int key = 0; key < 4; ++key) {
+    run.Click("mnuRNext");
+    seen.push_back(Rows().Text(Dock().At("lvwFND_List").picked.front(), 1));
+    for (const std::string& box : run.TakeBoxes()) EXPECT_EQ(box, "This record is not in the inventory any more.");
+  }
+  EXPECT_EQ(seen, (Texts{kHours, kVolume, "Hours", kHours}));
+}
+
+TEST_F(FindingsDockOf, tells_the_session_what_the_place_has) {
+  EXPECT_EQ(run.s.findings, 2) << "judged, nothing was run";
+  EXPECT_EQ(run.s.unexplained, 2);
+  EXPECT_FALSE(run.s.checked);
+  Rows();
+  run.Pick("lvwFND_List", {0});
+  run.dialogs.push_back([&](Form&) {
+    run.Set("txtComments", "Known");
+    run.Click("cmdOK");
+  });
+  run.Click("cmdFND_Comment");
+  run.Select(run.Key("FLA", "F1", 1));
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.findings, 2);
+  EXPECT_EQ(run.s.unexplained, 1);
+  run.Select(run.Key("", "", 1));
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.findings, 2) << "the structure with its equipment";
+}
+
+TEST_F(FindingsDockOf, says_when_the_file_cannot_be_read) {
+  run.s.db.Execute("ALTER TABLE EA_FLA RENAME TO EA_FLA_AWAY");
+  run.s.db.TellAllChanged();
+  EXPECT_EQ(Rows().RowCount(), 0);
+  EXPECT_NE(Dock().At("lblFND_Count").text.find("The findings cannot be read: "), std::string::npos);
+  run.s.db.Execute("ALTER TABLE EA_FLA_AWAY RENAME TO EA_FLA");
+  EXPECT_EQ(Rows().RowCount(), 2);
 }
 
 }  // namespace

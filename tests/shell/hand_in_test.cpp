@@ -4,14 +4,34 @@
 
 #include "forms/grid_model.h"
 #include "forms/list_model.h"
+#include "forms/review_ports.h"
+#include "history/notes.h"
+#include "host/hand_in_pdf.h"
+#include "review/hand_in.h"
+#include "session/place.h"
 #include "shell/completeness_dock.h"
 #include "shell/docks.h"
+#include "support/read_back.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
 namespace {
 
 using Texts = std::vector<std::string>;
+
+// A run that prints reports, and whose user may end a piece of work.
+class RunWithPorts : public TestRun, public HandInPrinter, public WorkStopper {
+ public:
+  int stops_after = -1;  // so many looks; -1: never
+  bool allowed = false;
+
+  void WriteHandInReport(const HandInReport& report, const std::string& path) override { WriteHandInPdf(report, path); }
+  void AllowStop() override { allowed = true; }
+  bool IsStopWanted() override { return stops_after >= 0 && looks_++ >= stops_after; }
+
+ private:
+  int looks_ = 0;
+};
 
 // A structure with mud degassing, which no run over a structure checks, and one month.
 class HandIn : public testing::Test {
@@ -41,7 +61,28 @@ class HandIn : public testing::Test {
     run.Click("mnuRHandIn");
     return rows;
   }
-  TestRun run;
+  // The count of a row for the choice.
+  std::string Count(HandInCheck check, const std::string& month) {
+    const std::string row = Checks(month)[static_cast<std::size_t>(check)];
+    return row.substr(row.find(' ') + 1);
+  }
+  // The survey of the month goes out by the hand-in's own button.
+  void HandInMonth(int month) {
+    run.dialogs.push_back([&run = run, month](Form&) {
+      run.Set("cmbHND_Month", "2017/0" + std::to_string(month));
+      run.Click("cmdHND_Export");
+    });
+    run.dialogs.push_back([this, month](Form& dialog) {
+      EXPECT_EQ(dialog.name(), "frmExportSurvey");
+      EXPECT_EQ(dialog.At("lvwSurveys").picked, (std::vector<int>{month - 1}));
+      run.Set("txtExportFilename", run.folder.path("handed-in-" + std::to_string(++handed_in) + ".mdb"));
+      run.Click("cmdOK");
+    });
+    run.Click("mnuRHandIn");
+    run.TakeBoxes();
+  }
+  RunWithPorts run;
+  int handed_in = 0;
 };
 
 TEST_F(HandIn, matrix_tells_the_state_of_a_month_and_the_worst_of_a_structure) {
@@ -107,6 +148,131 @@ TEST_F(HandIn, shows_what_a_row_counts) {
   });
   run.Click("mnuRHandIn");
   EXPECT_EQ(run.Text("cmbFND_State"), "Open");
+}
+
+TEST_F(HandIn, counts_the_values_that_changed_since_the_month_was_handed_in) {
+  run.AddMonth();
+  run.GoTo("MUD", "M1", Mode::kActv, 1);
+  run.Keep({{"txtMUD_DaysPerMonth", "5"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0") << "nothing was handed in";
+  HandInMonth(1);
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0");
+  run.GoTo("MUD", "M1", Mode::kActv, 2);
+  run.Keep({{"txtMUD_DaysPerMonth", "7"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0") << "another month";
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/02"), "0") << "that was not handed in";
+  EXPECT_EQ(Count(HandInCheck::kChanged, "Whole year"), "0");
+  run.GoTo("MUD", "M1", Mode::kActv, 1);
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0") << "a run changes no value";
+  run.Keep({{"txtMUD_DaysPerMonth", "6"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1");
+  EXPECT_EQ(Count(HandInCheck::kChanged, "Whole year"), "1");
+  run.Keep({{"txtMUD_DaysPerMonth", "8"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "one value, however often";
+  run.Keep({{"txtMUD_DaysPerMonth", "5"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0") << "as it was handed in";
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.Keep({{"txtSTRUCTURE_WaterDepth", "220"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "the descriptions go with a month";
+  HandInMonth(1);
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0");
+}
+
+TEST_F(HandIn, counts_nothing_of_what_reports_nothing) {
+  run.Keep({{"txtMUD_DaysPerMonth", "40"}});
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  EXPECT_EQ(Count(HandInCheck::kUnexplained, "2017/01"), Count(HandInCheck::kUnexplained, "Whole year"));
+  const int with = std::stoi(Count(HandInCheck::kUnexplained, "2017/01"));
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I'");
+  EXPECT_EQ(std::stoi(Count(HandInCheck::kUnexplained, "2017/01")), with - 1);
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET status='I'");
+  EXPECT_EQ(Count(HandInCheck::kUnfinished, "2017/01"), "1") << "the description alone";
+}
+
+TEST_F(HandIn, counts_rows_without_their_parent) {
+  EXPECT_EQ(Count(HandInCheck::kDamage, "2017/01"), "0");
+  Raw(run.s.path, {"PRAGMA foreign_keys=OFF", "INSERT INTO EA_MUD (EA_ID_AK) VALUES (4711)"});
+  EXPECT_EQ(Count(HandInCheck::kDamage, "2017/01"), "1");
+}
+
+TEST_F(HandIn, counts_entries_of_its_month_and_copied_values_that_are_still_as_they_came) {
+  run.Keep({{"txtMUD_DaysPerMonth", "5"}});
+  const QCLocation at = run.s.current;
+  WriteBatch batch(run.s.db);
+  Draft draft;
+  draft.owner = "elsewhere 1";
+  draft.at = PackLocation(at, Mode::kActv);
+  draft.fields.push_back({"txtMUD_DaysPerMonth", "Days", "5", "6"});
+  EXPECT_TRUE(KeepDraft(run.s.companion, draft));
+  KeepCopied(run.s.companion, "EA_MUD", run.s.EA_ID_AK, {{"DAYS_PER_MO", "5"}, {"NO_SUCH", "5"}});
+  batch.Commit();
+  run.AddMonth();
+  run.GoTo("MUD", "M1", Mode::kActv, 1);
+  EXPECT_EQ(Checks("2017/01")[6], "look 1");
+  EXPECT_EQ(Checks("2017/02")[6], "ok 0");
+  EXPECT_EQ(Checks("Whole year")[6], "look 1");
+  EXPECT_EQ(Checks("2017/01")[5], "stop 1");
+  EXPECT_EQ(Checks("2017/02")[5], "ok 0");
+  run.s.db.Execute("UPDATE EA_MUD SET DAYS_PER_MO=6");
+  EXPECT_EQ(Checks("2017/01")[5], "ok 0") << "typed over since";
+}
+
+TEST_F(HandIn, keeps_what_was_checked_when_the_user_ends_it) {
+  run.AddMonth();
+  for (const int month : {1, 2}) {
+    run.GoTo("MUD", "M1", Mode::kActv, month);
+    run.Keep({{"txtMUD_DaysPerMonth", "40"}});
+  }
+  const std::int64_t steps = ToInteger(run.s.db.Single("SELECT COUNT(*) FROM history.step"));
+  run.stops_after = 2;
+  Checks("Whole year", [&] { run.Click("cmdHND_CheckAll"); });
+  EXPECT_TRUE(run.allowed);
+  EXPECT_EQ(run.s.message, "2 records checked of 3, stopped");
+  EXPECT_EQ(
+      run.Count("EA_EQUIP_ACTV WHERE EA_QC_DT IS NOT NULL") + run.Count("PD_PLATFORM_DESC WHERE PD_QC_DT IS NOT NULL"),
+      2);
+  EXPECT_EQ(ToInteger(run.s.db.Single("SELECT COUNT(*) FROM history.step")), steps + 1);
+  run.Click("mnuEUndo");
+  EXPECT_EQ(run.Count("EA_EQUIP_ACTV WHERE EA_QC_DT IS NOT NULL"), 0) << "one step";
+}
+
+TEST_F(HandIn, checks_nothing_and_exports_nothing_in_the_middle_of_an_edit) {
+  run.Keep({{"txtMUD_DaysPerMonth", "40"}});
+  run.Click("cmdEdit");
+  for (const char* button : {"cmdHND_CheckAll", "cmdHND_Export"}) {
+    run.dialogs.push_back([&](Form& dialog) {
+      run.Click(button);
+      EXPECT_TRUE(dialog.visible) << button;
+    });
+    run.Click("mnuRHandIn");
+    EXPECT_EQ(run.TakeBoxes(), (Texts{"End the edit first."})) << button;
+  }
+  EXPECT_EQ(run.Count("QC"), 0);
+  run.Click("cmdCANCEL");
+}
+
+TEST_F(HandIn, report_is_signed_on_paper_and_filters_in_a_workbook) {
+  run.Keep({{"txtMUD_DaysPerMonth", "40"}});
+  const std::string pdf = run.folder.path("report.pdf"), book = run.folder.path("report.xlsx");
+  for (const std::string& path : {pdf, book}) {
+    run.files.push_back(path);
+    Checks("2017/01", [&] { run.Click("cmdHND_Report"); });
+    EXPECT_EQ(run.TakeBoxes(), (Texts{"Done."}));
+  }
+  const std::string text = RunCommand("pdftotext -layout '" + pdf + "' -").output;
+  for (const char* words :
+       {"Ready to Hand In: 2017/01", "RIMA company no. 12345", "Not ready: ", "Findings without an explanation",
+        "Signature", "GI, 43, A", "Mud Degassing: M1", "40", "Page 1 of", "MERLU-2017 1.", "2017"})
+    EXPECT_NE(text.find(words), std::string::npos) << words << "\n" << text;
+  const Finished read = Python("-c \"import openpyxl; b=openpyxl.load_workbook('" + book +
+                               "'); f=b['Findings']; print(f.auto_filter.ref[:2], f.freeze_panes, f['A1'].value, "
+                               "any('Mud Degassing' in str(r[0].value) and r[2].value=='40' for r in f.rows), "
+                               "b['Hand-in']['B11'].value)\"");
+  EXPECT_EQ(read.output, "A1 A2 Place True Not ready: " + std::string(Checks("2017/01")[9].substr(11)) + "\n");
 }
 
 }  // namespace
