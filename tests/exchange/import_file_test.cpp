@@ -9,6 +9,7 @@
 #include "inventory.h"
 #include "store/files.h"
 #include "store/image.h"
+#include "support/tampered.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -125,12 +126,7 @@ TEST_F(ForeignFile, with_damaged_pages_is_refused_or_read_whole) {
 
 // ---- databases with something that does not belong there ----
 
-struct Hostile {
-  const char* name;
-  std::vector<std::string> statements;
-};
-
-class HostileDatabase : public ForeignFile, public testing::WithParamInterface<Hostile> {};
+class HostileDatabase : public ForeignFile, public testing::WithParamInterface<Tampering> {};
 
 TEST_P(HostileDatabase, is_refused_before_anything_is_staged) {
   Raw(path(), GetParam().statements);
@@ -148,44 +144,7 @@ TEST_F(ForeignFile, is_taken_with_its_columns_in_another_order) {
   EXPECT_EQ(Loaded(), Texts{});
 }
 
-// A table without its key, with the same columns and rows.
-std::vector<std::string> WithoutKeys(const std::string& table, const std::string& more) {
-  return {"PRAGMA foreign_keys=OFF", "CREATE TABLE copy AS SELECT * FROM " + table, "DROP TABLE " + table,
-          "ALTER TABLE copy RENAME TO " + table, more};
-}
-
-const std::vector<Hostile> kHostile = {
-    {"a_trigger", {"CREATE TRIGGER bad AFTER INSERT ON QC BEGIN DELETE FROM QC; END"}},
-    {"a_view_in_place_of_a_table",
-     {"PRAGMA foreign_keys=OFF", "ALTER TABLE EA_FLA RENAME TO hidden", "CREATE VIEW EA_FLA AS SELECT * FROM hidden"}},
-    {"a_virtual_table", {"DROP TABLE listPNE", "CREATE VIRTUAL TABLE listPNE USING fts5(Mfr, Model)"}},
-    {"a_further_virtual_table", {"CREATE VIRTUAL TABLE further USING fts5(a)"}},
-    {"a_missing_table", {"DROP TABLE EA_FLA"}},
-    {"a_missing_column", {"ALTER TABLE EA_FLA DROP COLUMN OP_HR"}},
-    {"a_further_column", {"ALTER TABLE EA_FLA ADD COLUMN more TEXT"}},
-    {"a_renamed_column", {"ALTER TABLE EA_FLA RENAME COLUMN OP_HR TO OP_HOUR"}},
-    {"a_computed_column",
-     {"ALTER TABLE EA_FLA DROP COLUMN OP_HR", "ALTER TABLE EA_FLA ADD COLUMN OP_HR DOUBLE AS (EA_ID_AK)"}},
-    {"a_text_for_a_number", {"UPDATE EA_FLA SET OP_HR='many'"}},
-    {"a_blob", {"UPDATE PD_PLATFORM_DESC SET Name=x'00FF'"}},
-    {"an_endless_number", {"UPDATE EA_FLA SET OP_HR=9e999"}},
-    {"a_yes_no_of_two", {"UPDATE ED_AMI SET MODELINPUTS_FLG=2"}},
-    {"a_fraction_for_a_month", {"UPDATE PA_PLATFORM_ACTV SET PA_YR=2017.5"}},
-    {"month_thirteen", {"UPDATE PA_PLATFORM_ACTV SET PA_MO=13 WHERE PA_MO=2"}},
-    {"a_month_of_millions", {"UPDATE EA_EQUIP_ACTV SET EA_MO=500000 WHERE EA_ID_AK=1"}},
-    {"no_month", {"UPDATE PA_PLATFORM_ACTV SET PA_MO=NULL"}},
-    {"an_unknown_type", {"UPDATE ED_EQUIP_DESC SET ED_EQUIP_TYP='XYZ' WHERE ED_ID_AK=1"}},
-    {"a_negative_key", {"UPDATE ED_EQUIP_DESC SET ED_ID_AK=-5 WHERE ED_ID_AK=1"}},
-    {"the_key_zero", {"UPDATE EA_EQUIP_ACTV SET EA_ID_AK=0 WHERE EA_ID_AK=1"}},
-    {"a_key_past_32_bits", {"UPDATE PD_PLATFORM_DESC SET PD_ID_AK=3000000000 WHERE PD_ID_AK=2"}},
-    {"a_key_twice", WithoutKeys("ED_EQUIP_DESC", "UPDATE ED_EQUIP_DESC SET ED_ID_AK=1 WHERE ED_ID_AK=2")},
-    {"a_row_without_key", WithoutKeys("EA_EQUIP_ACTV", "UPDATE EA_EQUIP_ACTV SET EA_ID_AK=NULL WHERE EA_ID_AK=2")},
-    {"bytes_that_are_no_text", {"UPDATE PD_PLATFORM_DESC SET Name=CAST(x'C0AF' AS TEXT)"}},
-    {"half_a_character", {"UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID=CAST(x'41E2' AS TEXT)"}},
-    {"a_giant_value", {"UPDATE PA_PLATFORM_ACTV SET COMNT_TXT=hex(zeroblob(600000))"}},
-};
-
-INSTANTIATE_TEST_SUITE_P(files, HostileDatabase, testing::ValuesIn(kHostile),
+INSTANTIATE_TEST_SUITE_P(files, HostileDatabase, testing::ValuesIn(ForeignTamperings()),
                          [](const auto& info) { return info.param.name; });
 
 TEST_F(ForeignFile, is_imported_as_it_was_listed_whatever_becomes_of_it_or_its_name) {
