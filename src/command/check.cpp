@@ -15,29 +15,30 @@
 #include "base/text.h"
 #include "command/inventory_file.h"
 #include "command/place.h"
+#include "command/private_copy.h"
+#include "history/notes.h"
+#include "qc/comment_key.h"
 #include "records/judge_records.h"
 #include "records/structure_fields.h"
 #include "records/structure_record.h"
+#include "review/review.h"
 #include "session/place.h"
 #include "session/types.h"
 #include "sheets/units.h"
+#include "store/files.h"
+#include "store/image.h"
 
 namespace merlu {
 namespace {
 
-// A row of the log.
-struct Logged {
-  QCLocation location;
-  std::string tag, text, comment;
+// A comment of the log, and the value that it was written upon where that is known.
+struct LoggedComment {
+  std::string text;
+  std::optional<std::string> value;
 };
+using Comments = std::unordered_map<std::string, LoggedComment>;  // by place, tag and text of their findings
 
-// The log, with its comments by place, tag and text of their findings.
-struct Log {
-  std::vector<Logged> rows;
-  std::unordered_map<std::string, std::string> comments;
-};
-
-std::string CommentKey(int month, const std::string& complex, const std::string& structure, const std::string& type,
+std::string FindingKey(int month, const std::string& complex, const std::string& structure, const std::string& type,
                        const std::string& id, std::string_view tag, std::string_view text) {
   std::string key = std::to_string(month);
   for (const std::string& part : {complex, structure, type, id, std::string(tag), std::string(text)})
@@ -49,30 +50,37 @@ std::string EmptyForNone(std::string_view text) {
   return text == "NA" ? "" : std::string(text);
 }
 
-Log ReadLog(Database& db) {
-  Log log;
-  db.ForEach(
-      "SELECT UserID,[Month],[Year],[Level],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments FROM QC ORDER "
-      "BY "
-      "rowid",
-      {}, [&](const RowView& row) {
-        const auto text = [&](int column) { return std::string(row.Text(column)); };
-        Logged one{{text(3), text(0), static_cast<int>(row.Integer(1)), static_cast<int>(row.Integer(2)), text(4),
-                    text(5), EmptyForNone(row.Text(6)), EmptyForNone(row.Text(7))},
-                   text(8),
-                   text(9),
-                   Trim(text(10)).empty() ? "" : text(10)};
-        const QCLocation& at = one.location;
-        if (!one.comment.empty())
-          log.comments.emplace(
-              CommentKey(at.Month, at.CmplxID, at.StructID, at.EquipType, at.EquipID, one.tag, one.text), one.comment);
-        log.rows.push_back(std::move(one));
-      });
-  return log;
+Comments ReadComments(const std::string& path, const Image& image, Database& db) {
+  const Rows rows = db.Query(
+      "SELECT Level,UserID,[Month],[Year],CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments FROM QC WHERE "
+      "TRIM(Comments)<>'' ORDER BY rowid");
+  Comments comments;
+  if (rows.rows.empty()) return comments;
+  std::optional<PrivateCopy> copy;
+  if (FileExists(path + kCompanionExtension)) copy.emplace(path, image);
+  for (const Values& row : rows.rows) {
+    const auto text = [&](std::size_t column) { return NullToEmpty(row[column]); };
+    const QCLocation at{Upper(text(0)),
+                        text(1),
+                        static_cast<int>(ToInteger(row[2])),
+                        static_cast<int>(ToInteger(row[3])),
+                        text(4),
+                        text(5),
+                        text(6),
+                        text(7)};
+    LoggedComment comment{text(10), std::nullopt};
+    if (copy)
+      if (const auto known = CommentOf(copy->companion, CommentKey(at, text(8), text(9)));
+          known && known->comment == comment.text)
+        comment.value = known->value;
+    comments.emplace(FindingKey(at.Month, at.CmplxID, at.StructID, EmptyForNone(at.EquipType), EmptyForNone(at.EquipID),
+                                text(8), text(9)),
+                     std::move(comment));
+  }
+  return comments;
 }
 
 // Findings stand by month, structure, equipment and then the number in the record.
-constexpr int kBehindJudged = 100000;
 std::string OrderOf(const CheckedFinding& f, const std::string& structure, const std::string& equipment, int number) {
   std::array<char, 32> month{}, place{};
   std::snprintf(month.data(), month.size(), "%06d%02d\n", f.year, f.month);
@@ -84,7 +92,7 @@ std::string OrderOf(const CheckedFinding& f, const std::string& structure, const
 // What one processor has found in its share of a file.
 class Share {
  public:
-  Share(const Image& image, const CheckScope& scope, const Log& log) : scope_(scope), log_(log) {
+  Share(const Image& image, const CheckScope& scope, const Comments& comments) : scope_(scope), comments_(comments) {
     db_.OpenImage(image, Database::Use::kRead);
     contexts_.emplace(db_);
   }
@@ -106,7 +114,6 @@ class Share {
   void Add(const JudgedRecord& record) {
     ++found.records;
     if (record.inactive) return;  // a run passes it over
-    if (scope_.as_listed && (record.structure_inactive || (record.month > 0 && !record.has_values))) return;
     if (record.verdicts->all.empty() && record.verdicts->faults.empty()) return;
     CheckedFinding finding;
     finding.year = record.year;
@@ -123,14 +130,22 @@ class Share {
       finding.value = record.view->Text(standing.field);
       finding.expected = standing.expected;
       finding.text = standing.text;
-      const auto comment = log_.comments.find(CommentKey(record.month, finding.complex, finding.structure, finding.type,
-                                                         finding.id, standing.tag, standing.text));
-      finding.comment = comment == log_.comments.end() ? "" : comment->second;
-      finding.state = finding.comment.empty() ? "open" : "explained";
-      ++(finding.comment.empty() ? found.open : found.explained);
+      Explain(record.month, standing, finding);
       finding.order = order_(finding, number++);
       found.findings.push_back(finding);
     }
+  }
+
+  void Explain(int month, const JudgedFinding& standing, CheckedFinding& finding) {
+    const auto comment = comments_.find(
+        FindingKey(month, finding.complex, finding.structure, finding.type, finding.id, standing.tag, standing.text));
+    const bool explained = comment != comments_.end();
+    finding.comment = explained ? comment->second.text : "";
+    const bool stale = explained && comment->second.value && *comment->second.value != finding.value;
+    finding.state = StateText(!explained ? FindingState::kOpen
+                              : stale    ? FindingState::kStale
+                                         : FindingState::kExplained);
+    ++(!explained ? found.open : stale ? found.stale : found.explained);
   }
 
   void Locate(const JudgedRecord& record, CheckedFinding& finding) {
@@ -149,7 +164,7 @@ class Share {
 
   std::function<std::string(const CheckedFinding&, int)> order_;
   const CheckScope& scope_;
-  const Log& log_;
+  const Comments& comments_;
   Database db_;
   std::optional<Contexts> contexts_;
 };
@@ -179,61 +194,20 @@ void Take(CheckedFile& all, CheckedFile& part) {
   std::move(part.not_judged.begin(), part.not_judged.end(), std::back_inserter(all.not_judged));
 }
 
-// What stands in the log under a tag that no rule raises anything for now.
-void AddLogged(const Image& image, const CheckScope& scope, const Log& log, CheckedFile& all) {
-  std::set<std::string> raised;
-  for (const CheckedFinding& f : all.findings)
-    raised.insert(CommentKey(f.month, f.complex, f.structure, f.type, f.id, f.field, ""));
-  Database db;
-  db.OpenImage(image, Database::Use::kRead);
-  int number = 0;
-  for (const Logged& row : log.rows) {
-    const QCLocation& at = row.location;
-    const bool wanted =
-        at.Month == 0 ? scope.descriptions : scope.months && (scope.month == 0 || scope.month == at.Month);
-    if (!wanted || (!at.Is(level::kStructure) && !at.Is(level::kEquipment))) continue;
-    if (!raised.insert(CommentKey(at.Month, at.CmplxID, at.StructID, at.EquipType, at.EquipID, row.tag, "")).second)
-      continue;
-    CheckedFinding finding;
-    finding.year = at.Year;
-    finding.month = at.Month;
-    finding.place = PlaceText(db, at);
-    finding.complex = Trim(at.CmplxID);
-    finding.structure = Trim(at.StructID);
-    finding.type = at.EquipType;
-    finding.id = Trim(at.EquipID);
-    finding.field = Trim(row.tag);
-    finding.text = row.text;
-    finding.comment = row.comment;
-    finding.state = row.comment.empty() ? "open" : "explained";
-    const SheetSpec* sheet = at.Is(level::kEquipment) ? FindSheet(at.EquipType) : nullptr;
-    if (sheet != nullptr || at.Is(level::kStructure)) {
-      const RuleSet& rules = sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
-      finding.expected = ExpectedOf(rules, row.tag, row.text);
-      for (int field = 0; field < rules.fields().size() && finding.control.empty(); ++field)
-        if (IsSameTag(rules.fields()[field].tag, row.tag)) finding.control = rules.fields()[field].control;
-    }
-    const std::string equipment = finding.type.empty() ? "" : TreeTypeName(finding.type) + ": " + finding.id;
-    const std::string structure = StructurePart(db, at.CmplxID, at.StructID);
-    finding.order = OrderOf(finding, structure, equipment, kBehindJudged + number++);
-    ++(row.comment.empty() ? all.open : all.explained);
-    all.findings.push_back(std::move(finding));
-  }
-}
-
 bool LacksMonth(Database& db, int month) {
   return IsNull(db.Single("SELECT 1 FROM PA_PLATFORM_ACTV WHERE PA_MO=? LIMIT 1", {std::int64_t{month}}));
 }
 
 }  // namespace
 
-CheckedFile CheckInventory(const Image& image, const CheckScope& scope, int jobs) {
-  Log log;
+CheckedFile CheckInventory(const std::string& path, const CheckScope& scope, int jobs) {
+  const Image image = ReadImage(path);
+  Comments comments;
   CheckedFile all;
   {
     Database db;
     OpenUntouched(db, image);
-    log = ReadLog(db);
+    comments = ReadComments(path, image, db);
     all.lacks_month = scope.month != 0 && LacksMonth(db, scope.month);
   }
   const std::vector<Part> parts = PartsOf(scope);
@@ -242,7 +216,7 @@ CheckedFile CheckInventory(const Image& image, const CheckScope& scope, int jobs
   std::exception_ptr failure;
   const auto work = [&] {
     try {
-      Share share(image, scope, log);
+      Share share(image, scope, comments);
       for (std::size_t part = next++; part < parts.size(); part = next++)
         share.Judge(parts[part].mode, parts[part].sheet);
       const std::lock_guard<std::mutex> one_at_a_time(together);
@@ -258,11 +232,43 @@ CheckedFile CheckInventory(const Image& image, const CheckScope& scope, int jobs
   work();
   for (std::thread& other : others) other.join();
   if (failure) std::rethrow_exception(failure);
-  if (scope.as_listed) AddLogged(image, scope, log, all);
   std::sort(all.findings.begin(), all.findings.end(),
             [](const CheckedFinding& a, const CheckedFinding& b) { return a.order < b.order; });
   std::sort(all.not_judged.begin(), all.not_judged.end());
   return all;
+}
+
+CheckedFile ListInventory(const std::string& path, int month) {
+  PrivateCopy copy(path);
+  const Review review = MakeReview(copy.db, copy.companion);
+  CheckedFile file;
+  file.lacks_month = month != 0 && LacksMonth(copy.db, month);
+  for (const ReviewedRecord& record : review.records) {
+    if (month != 0 && record.month != month) continue;
+    if (record.kind != RecordKind::kGone) ++file.records;
+    const QCLocation at = LocationOf(review, record);
+    for (const ReviewedFinding& found : record.findings) {
+      CheckedFinding& finding = file.findings.emplace_back();
+      finding.year = record.year;
+      finding.month = record.month;
+      finding.place = PlaceOf(review, record);
+      finding.complex = Trim(at.CmplxID);
+      finding.structure = Trim(at.StructID);
+      finding.type = EmptyForNone(at.EquipType);
+      finding.id = Trim(EmptyForNone(at.EquipID));
+      finding.field = Trim(found.said->tag);
+      finding.control = found.said->control;
+      finding.value = found.value;
+      finding.expected = found.said->expected;
+      finding.text = found.said->text;
+      finding.comment = Trim(found.comment).empty() ? "" : found.comment;
+      finding.state = StateText(found.state);
+      ++(found.state == FindingState::kOpen    ? file.open
+         : found.state == FindingState::kStale ? file.stale
+                                               : file.explained);
+    }
+  }
+  return file;
 }
 
 }  // namespace merlu

@@ -5,9 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "store/database.h"
-#include "store/image.h"
-
 namespace merlu {
 
 struct CheckedFinding {
@@ -23,9 +20,6 @@ struct CheckScope {
   int month = 0;  // 0 for all
   bool descriptions = true;
   bool months = true;
-  // As the program lists findings: none of what reports nothing or has no value yet, and those of the log that no rule
-  // raises any more. Otherwise every record is judged by itself, as a run over it alone would.
-  bool as_listed = false;
 };
 
 struct CheckedFile {
@@ -36,7 +30,10 @@ struct CheckedFile {
   std::vector<std::string> not_judged;  // records whose rules met a fault, in words
 };
 
-// The faults of the store. `jobs` processors share the work.
-CheckedFile CheckInventory(const Image& image, const CheckScope& scope, int jobs);
+// The faults of the store. `jobs` processors share the work. Nothing is written to the file or beside it.
+CheckedFile CheckInventory(const std::string& path, const CheckScope& scope, int jobs);
+
+// What the program lists: the findings of the review, of one month where it is not 0.
+CheckedFile ListInventory(const std::string& path, int month);
 
 }  // namespace merlu

@@ -21,7 +21,7 @@ struct Judged {
 
 Judged JudgeFile(const std::string& path, const CheckScope& scope, int jobs) {
   try {
-    return {CheckInventory(ReadImage(path), scope, jobs), ""};
+    return {CheckInventory(path, scope, jobs), ""};
   } catch (const Fault& fault) {
     return {std::nullopt, fault.description};
   } catch (const std::exception& error) {

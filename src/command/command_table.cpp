@@ -64,7 +64,7 @@ std::vector<CommandSpec> Make() {
        "Goes through what must be settled before the inventory, or a month of it, is handed in, and tells what is "
        "open. "
        "The file is not changed.",
-       {kMonth, kTextOrJson},
+       {kMonth, kTextOrJson, Out("REPORT.pdf", ValueKind::kPdf, "writes the report as well", false), kForce},
        TellReadiness},
       {"report",
        "FILE",

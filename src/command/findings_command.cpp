@@ -1,5 +1,4 @@
-#include <thread>
-
+#include "command/check.h"
 #include "command/commands.h"
 #include "command/finding_lines.h"
 #include "command/out_file.h"
@@ -43,12 +42,7 @@ Sheet SheetOf(const CheckedFile& file) {
 
 Status ListFindings(const Request& request, Console& console) {
   const std::string& path = request.words.front();
-  CheckScope scope;
-  scope.as_listed = true;
-  scope.month = request.Number("--month");
-  scope.descriptions = scope.month == 0;
-  const int jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
-  CheckedFile file = CheckInventory(ReadImage(path), scope, jobs);
+  CheckedFile file = ListInventory(path, request.Number("--month"));
   for (const std::string& why : file.not_judged) Complain(console, "findings", path, why);
   if (file.lacks_month) Complain(console, "findings", path, "It has no month " + request.Text("--month") + ".");
   KeepState(file, request.Text("--state"));

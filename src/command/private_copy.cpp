@@ -7,16 +7,17 @@
 #include "base/fault.h"
 #include "command/inventory_file.h"
 #include "store/files.h"
-#include "store/image.h"
 
 namespace merlu {
 
 namespace fs = std::filesystem;
 
-PrivateCopy::PrivateCopy(const std::string& inventory) {
+PrivateCopy::PrivateCopy(const std::string& inventory) : PrivateCopy(inventory, ReadImage(inventory)) {}
+
+PrivateCopy::PrivateCopy(const std::string& inventory, const Image& image) {
   {
     Database looked_at;
-    OpenUntouched(looked_at, inventory);
+    OpenUntouched(looked_at, image);
   }
   std::string name = (fs::temp_directory_path() / "merlu-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr)
@@ -26,8 +27,8 @@ PrivateCopy::PrivateCopy(const std::string& inventory) {
   try {
     // the companion knows its inventory by this name
     const std::string own = fs::path(inventory).filename().string();
-    Put(inventory, own);
-    if (FileExists(inventory + kCompanionExtension)) Put(inventory + kCompanionExtension, own + kCompanionExtension);
+    Put(image, own);
+    PutCompanion(inventory + kCompanionExtension, own + kCompanionExtension);
     db.Open((folder_ / own).string());
     companion.Open(db, [] { return StepTitle(); });
   } catch (...) {
@@ -45,8 +46,17 @@ PrivateCopy::~PrivateCopy() {
   fs::remove_all(folder_, error);
 }
 
-void PrivateCopy::Put(const std::string& from, const std::string& name) {
-  const Image image = ReadImage(from);
+// One that cannot be read is none.
+void PrivateCopy::PutCompanion(const std::string& from, const std::string& name) {
+  if (!FileExists(from)) return;
+  try {
+    Put(ReadImage(from), name);
+  } catch (const Fault& fault) {
+    if (fault.number == fault_number::kDiskFull) throw;
+  }
+}
+
+void PrivateCopy::Put(const Image& image, const std::string& name) {
   std::ofstream out(folder_ / name, std::ios::binary);
   out.write(reinterpret_cast<const char*>(image.bytes.get()), static_cast<std::streamsize>(image.size));
   out.close();

@@ -7,6 +7,7 @@
 
 #include "history/companion.h"
 #include "store/database.h"
+#include "store/image.h"
 
 namespace merlu {
 
@@ -14,6 +15,8 @@ class PrivateCopy {
  public:
   // kNotADatabase for what is no inventory of this layout, kDiskFull, and the faults of ReadImage.
   explicit PrivateCopy(const std::string& inventory);
+  // The same of a file that was read already.
+  PrivateCopy(const std::string& inventory, const Image& image);
   ~PrivateCopy();
   PrivateCopy(const PrivateCopy&) = delete;
   PrivateCopy& operator=(const PrivateCopy&) = delete;
@@ -22,7 +25,8 @@ class PrivateCopy {
   Companion companion;
 
  private:
-  void Put(const std::string& from, const std::string& name);
+  void Put(const Image& image, const std::string& name);
+  void PutCompanion(const std::string& from, const std::string& name);
   std::filesystem::path folder_;
 };
 

@@ -3,10 +3,25 @@
 #include "base/fault.h"
 #include "command/commands.h"
 #include "command/lines.h"
+#include "command/out_file.h"
 #include "command/private_copy.h"
+#include "command/quiet.h"
 #include "review/hand_in.h"
+#include "review/hand_in_report.h"
+#include "session/program_name.h"
 
 namespace merlu {
+namespace {
+
+void WriteReport(const Request& request, HandInReport report, Console& console) {
+  Quiet quiet;
+  report.printed = quiet.Now();
+  report.program = ProgramName();
+  if (console.need_fonts) console.need_fonts();
+  WriteOut(request, [&](const std::string& path) { quiet.WriteHandInReport(report, path); });
+}
+
+}  // namespace
 
 Status TellReadiness(const Request& request, Console& console) {
   const std::string& file = request.words.front();
@@ -20,6 +35,7 @@ Status TellReadiness(const Request& request, Console& console) {
   const Review review = MakeReview(copy.db, copy.companion);
   const std::vector<HandInRow> rows = HandInChecks(copy.db, copy.companion, review, month);
   const auto stops = std::count_if(rows.begin(), rows.end(), [](const HandInRow& row) { return row.state == "stop"; });
+  if (request.Has("-o")) WriteReport(request, MakeHandInReport(copy.db, review, rows, month), console);
   const bool json = request.Text("--format") == "json";
   for (const HandInRow& row : rows) {
     if (json)

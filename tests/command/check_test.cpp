@@ -30,9 +30,7 @@ class Check : public testing::Test {
     run.GoTo("FLA", "F1", Mode::kActv);
     run.Keep({{"txtFLA_HrsOperated", "745"}, {"txtFLA_VolFlared", "12"}});
   }
-  CheckedFile Judge(const CheckScope& scope = {}, int jobs = 1) {
-    return CheckInventory(ReadImage(run.s.path), scope, jobs);
-  }
+  CheckedFile Judge(const CheckScope& scope = {}, int jobs = 1) { return CheckInventory(run.s.path, scope, jobs); }
   // "place|field|text" of the findings.
   static std::vector<std::string> Lines(const CheckedFile& file) {
     std::vector<std::string> lines;

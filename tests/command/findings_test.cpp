@@ -21,13 +21,7 @@ class ListedFindings : public testing::Test {
     run.Click("cmdQC");
     run.TakeBoxes();
   }
-  CheckedFile List() {
-    CheckScope scope;
-    scope.as_listed = true;
-    scope.month = 1;
-    scope.descriptions = false;
-    return CheckInventory(ReadImage(run.s.path), scope, 2);
-  }
+  CheckedFile List() { return ListInventory(run.s.path, 1); }
   static int Count(const CheckedFile& file, const std::string& field, const std::string& state) {
     int count = 0;
     for (const CheckedFinding& f : file.findings) count += f.field == field && f.state == state ? 1 : 0;
@@ -75,6 +69,33 @@ TEST_F(ListedFindings, are_none_for_what_is_inactive_or_has_no_value_but_for_tho
   run.s.db.Execute("UPDATE EA_FLA SET OP_HR=745");
   run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET status='I'");
   EXPECT_EQ(Count(List(), hours, "open"), 0);
+}
+
+TEST_F(ListedFindings, are_stale_where_the_value_was_changed_after_the_comment) {
+  run.answers = {};
+  run.dialogs = {[this](Form&) {
+    run.Set("txtComments", "as metered");
+    run.Click("cmdOK");
+  }};
+  run.Click("cmdEdit");
+  run.Pick("lvwFLA_QCResults", 0);
+  run.Click("cmdFLA_EditQCComment");
+  run.Click("cmdSaveExit");
+  run.TakeBoxes();
+  ASSERT_EQ(Count(List(), hours, "explained"), 1);
+  CheckScope scope;
+  EXPECT_EQ(CheckInventory(run.s.path, scope, 1).explained, 1);
+  run.s.db.Execute("UPDATE EA_FLA SET OP_HR=746");
+  EXPECT_EQ(Count(List(), hours, "stale"), 1);
+  const CheckedFile checked = CheckInventory(run.s.path, scope, 2);
+  EXPECT_EQ(Count(checked, hours, "stale"), 1);
+  EXPECT_EQ(checked.stale, 1);
+  EXPECT_EQ(checked.explained, 0);
+  EXPECT_EQ(Play({"--state", "stale"}), Status::kSomething);
+  EXPECT_NE(out.find(", 0 explained, 1 stale"), std::string::npos) << out;
+  // without what is kept beside it, a comment counts as fresh
+  fs::remove(run.s.path + ".history");
+  EXPECT_EQ(CheckInventory(run.s.path, scope, 1).explained, 1);
 }
 
 TEST_F(ListedFindings, are_listed_by_state_and_written_to_a_workbook) {

@@ -57,6 +57,21 @@ TEST_F(ReadyCommand, answers_in_json_a_row_a_check_and_the_verdict) {
   EXPECT_NE(out.find("{\"ready\":false,\"stops\":"), std::string::npos) << out;
 }
 
+TEST_F(ReadyCommand, writes_the_report_too) {
+  const auto before = Folder();
+  const TemporaryFolder elsewhere;
+  const std::string report = elsewhere.path("report.pdf");
+  EXPECT_EQ(Play({"-o", report}), Status::kSomething) << err;
+  EXPECT_NE(out.find("Not ready: "), std::string::npos) << out;
+  std::ifstream in(report, std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()).substr(0, 5), "%PDF-");
+  EXPECT_EQ(Play({"-o", report}), Status::kFile);
+  EXPECT_EQ(out, "");
+  EXPECT_NE(err.find("--force"), std::string::npos) << err;
+  EXPECT_EQ(Play({"-o", report, "--force"}), Status::kSomething);
+  EXPECT_EQ(Folder(), before);
+}
+
 TEST_F(ReadyCommand, tells_a_month_that_the_file_lacks) {
   EXPECT_EQ(Play({"--month", "5"}), Status::kSomething);
   EXPECT_NE(err.find("It has no month 5."), std::string::npos) << err;
