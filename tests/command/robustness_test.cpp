@@ -127,15 +127,17 @@ class Robust : public testing::Test {
   std::string said;
 };
 
+// Each file meets a third of the commands in turn, each command a third of the files.
 TEST_F(Robust, every_command_lives_with_files_that_were_tampered_with) {
   const std::string sound = Bytes(Path("FILE"));
+  std::size_t turn = 0;
   for (const auto* tamperings : {&Tamperings(), &ForeignTamperings()})
     for (const Tampering& tampering : *tamperings) {
       PutFile(sound);
       Raw(Path("FILE"), tampering.statements);
       const std::string tampered = Bytes(Path("FILE"));
       for (const Line& line : Lines()) {
-        if (line.twice) continue;
+        if (line.twice || turn++ % 3 != 0) continue;
         const std::string out = Out(line);
         if (!out.empty()) fs::remove(out);
         SCOPED_TRACE(std::string(tampering.name) + ": " + line.command);
