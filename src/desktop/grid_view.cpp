@@ -221,9 +221,14 @@ void GridView::Paste() {
 void GridView::Clear() {
   const QModelIndexList cells = selectionModel()->selectedIndexes();
   const QModelIndex now = currentIndex();
-  for (const QModelIndex& cell : cells)
-    if (!adapter_->At(cell).locked && !adapter_->At(cell).text.empty())
-      acts_.Do([&] { return act::TypeCell(acts_.s.desk, form_, control_.name, cell.row(), cell.column(), ""); });
+  // one act, however many they are
+  acts_.Do([&] {
+    std::string why;
+    for (const QModelIndex& cell : cells)
+      if (!adapter_->At(cell).locked && !adapter_->At(cell).text.empty())
+        why = act::TypeCell(acts_.s.desk, form_, control_.name, cell.row(), cell.column(), "");
+    return why;
+  });
   setCurrentIndex(now);
 }
 

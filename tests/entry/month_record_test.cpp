@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "entry/strip.h"
+#include "forms/desk.h"
+#include "forms/grid_model.h"
 #include "shell/docks.h"
 #include "support/test_run.h"
 
@@ -183,6 +185,69 @@ TEST_F(MonthEntry, saves_and_goes_on_to_the_next_record_that_is_active) {
   run.Click("mnuNPrevious");
   EXPECT_FALSE(run.s.editing);
   EXPECT_EQ(run.s.current.EquipID, "F1");
+}
+
+TEST_F(MonthEntry, takes_the_name_of_the_rig_over_too) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.AddEquipment("DRI", "R1");
+  run.s.db.Execute("UPDATE EA_DRI SET DRILLING_EQUIPMENT='Rig 7' WHERE EA_ID_AK=(SELECT MIN(EA_ID_AK) FROM EA_DRI)");
+  run.GoTo("DRI", "R1", Mode::kActv, 2);
+  EXPECT_EQ(run.At("txtJAC_DrillingEquipment").was, "Rig 7");
+  run.Click("cmdEdit");
+  run.Click("mnuNCopy");
+  EXPECT_EQ(run.Text("txtJAC_DrillingEquipment"), "Rig 7");
+  EXPECT_TRUE(run.At("txtJAC_DrillingEquipment").copied);
+}
+
+// A pump whose remote vent has no ID: its months fall back while they are saved.
+void AddPumpWithoutVent(TestRun& run) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.AddEquipment("PNE", "P1");
+  run.s.db.Execute("UPDATE ED_PNE SET EMIS_DEST='VR',SENT_TO_ID=NULL");
+  run.GoTo("PNE", "P1", Mode::kActv, 1);
+  run.TakeBoxes();
+}
+
+TEST_F(MonthEntry, says_in_the_message_what_a_sheet_says_in_a_box_of_its_destination) {
+  AddPumpWithoutVent(run);
+  run.Click("cmdEdit");
+  run.Set("txtPNE_HrsOperated", "10");
+  run.Set("txtPNE_FuelUsageRate", "10");
+  run.Click("mnuNPrevious");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{});
+  EXPECT_EQ(run.s.message,
+            "Pneumatic Pumps P1 saved, 1 finding. No Vent ID given. Changing Ventilation to Vented Locally");
+  run.Click("cmdCANCEL");
+  run.GoTo("PNE", "P1", Mode::kActv, 1);
+  run.dialogs.push_back([&](Form& form) {
+    GridModel& grid = *form.At("grdGRD").grid;
+    EXPECT_EQ(act::TypeCell(run.s.desk, form, "grdGRD", 0, grid.FindColumn("txtPNE_HrsOperated"), "12"), "");
+    run.Click("cmdGRD_Save");
+    EXPECT_EQ(form.At("lblGRD_Message").text,
+              "1 record saved, 1 finding. P1: No Vent ID given. Changing Ventilation to Vented Locally");
+    run.Click("cmdCANCEL");
+  });
+  run.Click("mnuNGrid");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{});
+  EXPECT_EQ(run.Text("txtPNE_HrsOperated"), "12") << "the sheet below shows what was saved";
+}
+
+TEST_F(MonthEntry, a_month_of_the_strip_is_gone_to_unless_the_record_is_edited) {
+  GoToFlare(2);
+  run.Click("mnuRStrip");
+  Form& strip = *run.s.desk.Find("frmStrip");
+  EXPECT_EQ(act::DoubleClick(run.s.desk, strip, "lvwSTR_Months", 0, 0), "");
+  EXPECT_EQ(run.s.current.Month, 1);
+  EXPECT_EQ(run.s.current.EquipID, "F1");
+  EXPECT_EQ(act::DoubleClick(run.s.desk, strip, "lvwSTR_Months", 0, 11), "");
+  EXPECT_EQ(run.s.current.Month, 1) << "there is no such month yet";
+  run.Click("cmdEdit");
+  run.TakeBoxes();
+  EXPECT_EQ(act::DoubleClick(run.s.desk, strip, "lvwSTR_Months", 0, 1), "");
+  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"End the edit first."});
+  EXPECT_EQ(run.s.current.Month, 1);
 }
 
 }  // namespace
