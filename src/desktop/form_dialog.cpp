@@ -3,6 +3,7 @@
 #include <QAction>
 
 #include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/about_window.h"
@@ -13,7 +14,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kListWidth = 740, kListHeight = 260;
+constexpr int kListWidth = 740, kListHeight = 260, kColumnWidth = 140;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
@@ -114,7 +115,8 @@ void FormDialog::AddList(const Control& control) {
   auto* caption = new QLabel(CaptionOf(control), this);
   QWidget* list = binding_.AddList(control, this).widget;
   caption->setBuddy(list);
-  list->setMinimumSize(kListWidth, kListHeight);
+  const int columns = static_cast<int>(control.columns.size());
+  list->setMinimumSize(std::max(kListWidth, columns * kColumnWidth), kListHeight);
   grid_->addWidget(caption, row_++, 0, 1, 3);
   grid_->addWidget(list, row_, 0, 1, 3);
   grid_->setRowStretch(row_++, 1);

@@ -138,8 +138,8 @@ class HandInPages {
     structure_ = &structure;
     StructureHead(false);
     for (const HandInReport::Finding& finding : structure.findings) {
-      Row({Q(finding.record), Q(finding.field), Q(finding.value), Q(finding.expected)}, {0.34, 0.3, 0.18, 0.18}, text_,
-          kInk, false);
+      Row({Head(finding.record), Head(finding.field), Q(finding.value), Q(finding.expected)}, {0.34, 0.3, 0.18, 0.18},
+          text_, kInk, false);
       y_ -= kGap / 4;
       const std::string said = finding.text + " (" + finding.state + ")";
       Row({"", Q(said)}, {0.03, 0.97}, text_, kQuiet, false);
