@@ -197,6 +197,7 @@ void ModelList::FitColumns() {
     const int widest = adapter_->rowCount() <= kFewRows ? kWidestOfFew : kWidestFitted;
     setColumnWidth(column, std::min(columnWidth(column) + kBetweenColumns, widest));
   }
+  resizeColumnToContents(adapter_->columnCount() - 1);  // it takes what is left, and no more than it needs
   fitting_ = false;
 }
 
