@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <string>
 
-#include "forms/platform.h"
+#include "forms/silent_platform.h"
 
 namespace merlu {
 
-class QuietPlatform : public Platform {
+class QuietPlatform : public SilentPlatform {
  public:
   QuietPlatform() = default;
   explicit QuietPlatform(std::string database) : database_(std::move(database)) {}
@@ -25,23 +25,13 @@ class QuietPlatform : public Platform {
     last_box_ = box.text;
     return box.buttons.front();
   }
-  std::string AskFile(const FileQuestion&) override { return ""; }
-  std::string AskFolder(const std::string&) override { return ""; }
-  void RunModal(Form&) override {}
-  void Paint() override {}
-  void PaintWait(const WaitScreen&) override {}
-  void SetBusy(bool) override {}
-  void Beep() override {}
   DateTime Now() override { return {2017, 12, 31, 12, 0, 0}; }
   std::string Setting(const std::string&, const std::string&) override { return database_; }
-  void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   std::string ProgramFolder() override { return "."; }
   bool IsInstalled() override { return false; }
   std::string DataFolder() override { return "."; }
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport&, const std::string&, const std::function<void(int, int)>&) override {}
-  void Print(const Form&) override {}
-  void OpenDocument(const std::string&) override {}
 
  private:
   std::string database_;

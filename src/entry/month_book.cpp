@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/number_entry.h"
 #include "base/text.h"
 #include "records/structure_record.h"
 #include "session/node_keys.h"
@@ -91,7 +92,7 @@ class Planner {
     const bool known_month = sheet.year == s_.year && sheet.month >= 1 && sheet.month <= s_.last_month;
     const SheetSpec* spec = sheet.code == kStructureSheet ? nullptr : FindSheet(sheet.code);
     const bool known = sheet.code == kStructureSheet || (spec != nullptr && spec->has_activity);
-    const bool ours = sheet.operator_number == operator_ && known;
+    const bool ours = Bare(sheet.operator_number) == Bare(operator_) && known;
     if (!known_month || sheet.month != month_ || !ours) {
       for (const ReadRecord& record : sheet.records)
         Refuse(sheet, record, known_month && sheet.month == month_ ? "no such record" : "another month");
@@ -115,6 +116,12 @@ class Planner {
   std::vector<BookChange> changes;
 
  private:
+  // Some programs take the number of an operator for one.
+  static std::string Bare(const std::string& number) {
+    const auto digit = number.find_first_not_of('0');
+    return digit == std::string::npos ? number : number.substr(digit);
+  }
+
   static std::string PlaceOf(const ReadSheet& sheet, const ReadRecord& record) {
     const std::string type = sheet.code == kStructureSheet ? "" : TreeTypeName(sheet.code) + ": ";
     return JoinPlace(sheet.month, sheet.year, Trim(record.structure),
@@ -170,7 +177,10 @@ class Planner {
     const PastePlan plan = grid_.Plan(row, column, {{change.new_text}}).front();
     change.what = plan.what;
     change.new_text = plan.new_text;
-    if (plan.Applies()) grid_.SetCell(row, column, plan.new_text);
+    const bool numeric = grid_.Columns()[static_cast<std::size_t>(column)].numeric;
+    // nobody sees here what a save would make of it: 12,5 is not 12
+    if (plan.Applies() && numeric && !NumberHint(plan.new_text).empty()) change.what = "not a number";
+    if (change.Applies()) grid_.SetCell(row, column, plan.new_text);
   }
 
   // What keeps a cell out whatever its field takes.

@@ -254,7 +254,7 @@ class Merged {
       if (range.last_row > range.row || FieldOf(range.column) != FieldOf(range.last_column)) ranges_.push_back(range);
     std::sort(ranges_.begin(), ranges_.end(),
               [](const ForeignRange& a, const ForeignRange& b) { return a.row < b.row; });
-    if (ranges_.size() > kMost) TooLargeWorkbook("more than 1,000 merged cells of several values");
+    if (ranges_.size() > kMost) TooLargeWorkbook("more than 300 merged cells of several values");
   }
   bool Holds(int row, int column) const {
     return std::any_of(ranges_.begin(), ranges_.end(), [&](const ForeignRange& range) {
@@ -263,7 +263,7 @@ class Merged {
   }
 
  private:
-  static constexpr std::size_t kMost = 1'000;
+  static constexpr std::size_t kMost = 300;
   static int FieldOf(int column) { return (column - kFields) / kEach; }
   std::vector<ForeignRange> ranges_;
 };

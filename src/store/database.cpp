@@ -336,18 +336,7 @@ void Database::OpenReadOnly(const std::string& path) {
 }
 
 void Database::OpenPrivateCopy(const std::string& path) {
-  Close();
-  Database file;
-  file.OpenReadOnly(path);
-  try {
-    OpenFile("", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    file.CopyPages(db_, "main");
-    Distrust(db_);
-    Query("SELECT COUNT(*) FROM sqlite_master");
-  } catch (const Fault&) {
-    Close();
-    throw;
-  }
+  OpenImage(ReadImage(path), Use::kRead);
   path_ = path;
 }
 

@@ -127,6 +127,7 @@ TEST_F(MonthWorkbook, leaves_alone_what_is_left_empty) {
 
 TEST_F(MonthWorkbook, tells_cell_by_cell_what_cannot_be_taken) {
   EXPECT_EQ(Only(Plan({One("many")})).what, "not a number");
+  EXPECT_EQ(Only(Plan({One("12,5")})).what, "not a number") << "it would be stored as 12";
   EXPECT_EQ(Only(Plan({One("42795", ForeignCell::Kind::kDate)})).what, "not a number");
   EXPECT_EQ(Only(Plan({One("", ForeignCell::Kind::kFormula)})).what, "formula without its value");
   EXPECT_EQ(Only(Plan({One("5", ForeignCell::Kind::kNumber, true)})).what, "merged with other cells");
