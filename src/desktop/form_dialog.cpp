@@ -1,8 +1,11 @@
 #include "desktop/form_dialog.h"
 
 #include <QAction>
-
 #include <QKeyEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShowEvent>
+
 #include <algorithm>
 #include <utility>
 
@@ -19,6 +22,26 @@ constexpr int kListWidth = 740, kListHeight = 260, kColumnWidth = 140;
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
 }
+
+// What does not fit scrolls, and the buttons below it stay.
+class FittingPage : public QScrollArea {
+ public:
+  FittingPage(QWidget* page, QWidget* parent) : QScrollArea(parent) {
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(page);
+    page->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+  }
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+  QSize minimumSizeHint() const override {
+    constexpr int kLowest = 120;
+    const QSize least = widget()->minimumSizeHint();
+    return {least.width(), std::min(least.height(), kLowest)};
+  }
+};
 
 }  // namespace
 
@@ -60,13 +83,18 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(a
 }
 
 void FormDialog::FillGrid() {
-  grid_ = new QGridLayout(this);
-  grid_->setContentsMargins(16, 16, 16, 16);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* page = new QWidget(this);
+  grid_ = new QGridLayout(page);
+  grid_->setContentsMargins(16, 16, 16, 8);
   grid_->setHorizontalSpacing(10);
   grid_->setVerticalSpacing(8);
   grid_->setColumnMinimumWidth(1, 300);
   grid_->setColumnStretch(1, 1);
   buttons_ = new QHBoxLayout;
+  buttons_->setContentsMargins(16, 8, 16, 16);
   buttons_->setSpacing(8);
   buttons_->addStretch(1);
   for (const Control& control : binding_.form().controls()) {
@@ -82,10 +110,20 @@ void FormDialog::FillGrid() {
   // a dialog that is only closed has its Close last
   const bool has_main = main_ != nullptr && main_->objectName().toStdString() == binding_.form().default_button;
   if (!has_main && main_ != nullptr) buttons_->insertWidget(1, main_);
+  // where the first act stands beside its field, the last one of the row is what it leads to
+  const Control* first = binding_.form().Find(binding_.form().default_button);
+  QWidget* leads_to = has_main ? main_ : first != nullptr && !first->beside.empty() ? last_ : nullptr;
   if (cancel_ != nullptr) buttons_->addWidget(cancel_);
-  if (has_main) buttons_->addWidget(main_);
-  grid_->addLayout(buttons_, row_, 0, 1, 3);
-  grid_->setRowMinimumHeight(row_, 46);
+  if (leads_to != nullptr) buttons_->addWidget(leads_to);
+  column->addWidget(new FittingPage(page, this), 1);
+  column->addLayout(buttons_);
+}
+
+// As large as what stands in it, as far as the screen goes.
+void FormDialog::showEvent(QShowEvent* event) {
+  const QSize room = screen()->availableSize() - QSize(16, 48);  // with the frame of the window
+  if (grid_ != nullptr && !event->spontaneous()) resize(sizeHint().boundedTo(room));
+  DialogWindow::showEvent(event);
 }
 
 void FormDialog::AddField(const Control& control) {
@@ -133,7 +171,9 @@ void FormDialog::AddButton(const Control& control) {
            (main_ == nullptr || control.name == binding_.form().default_button))
     main_ = std::exchange(button, main_);
   // what is neither the main act nor the way out stands before both
-  if (control.beside.empty() && button != nullptr && button != cancel_) buttons_->addWidget(button);
+  if (!control.beside.empty() || button == nullptr || button == cancel_) return;
+  buttons_->addWidget(button);
+  last_ = button;
 }
 
 void DialogWindow::Sync() {

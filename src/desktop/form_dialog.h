@@ -38,6 +38,9 @@ class FormDialog : public DialogWindow {
   FormDialog(Acts& acts, Form& form, QWidget* parent);
   void Sync() override;
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void FillGrid();
   void AddField(const Control& control);
@@ -48,7 +51,7 @@ class FormDialog : public DialogWindow {
 
   QGridLayout* grid_ = nullptr;
   QHBoxLayout* buttons_ = nullptr;
-  QPushButton *main_ = nullptr, *cancel_ = nullptr;
+  QPushButton *main_ = nullptr, *cancel_ = nullptr, *last_ = nullptr;
   int row_ = 0;
 };
 

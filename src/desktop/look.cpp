@@ -156,14 +156,16 @@ QString StyleSheet(const QPalette& palette) {
     QLineEdit[look="window"][copied="true"], QPlainTextEdit[look="window"][copied="true"] { background: %10; }
     QLineEdit[look="face"][copied="true"], QPlainTextEdit[look="face"][copied="true"] { background: %11; }
     QLineEdit[look="face"]:focus, QPlainTextEdit[look="face"]:focus { border-color: %4; }
-    QLineEdit[look="flag"]:focus, QPlainTextEdit[look="flag"]:focus { border-color: rgb(120,0,0); }
+    QLineEdit[look="flag"]:focus, QPlainTextEdit[look="flag"]:focus { border-color: %3; }
     QLineEdit:disabled, QPlainTextEdit:disabled { background: %5; border-color: %6; color: %7; }
     QComboBox QLineEdit { border: none; padding: 0; background: transparent; }
     QLabel:disabled, QCheckBox:disabled, QRadioButton:disabled { color: %7; }
     QPushButton { border: 1px solid %1; border-radius: 4px; padding: 5px 15px; background: %2; color: %3; }
+    QPushButton[tight="true"] { padding: 5px 7px; }
     QPushButton:hover { border-color: %4; }
     QPushButton:pressed { background: %5; }
     QPushButton:focus { border: 2px solid %4; padding: 4px 14px; }
+    QPushButton[tight="true"]:focus { padding: 4px 6px; }
     QPushButton:disabled { color: %7; background: %5; border-color: %6; }
     QPushButton[main="true"] { background: %9; color: white; border-color: %9; }
     QPushButton[main="true"]:focus { border-color: %3; }

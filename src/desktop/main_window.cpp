@@ -126,7 +126,7 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   statusBar()->addPermanentWidget(message_);
   statusBar()->addPermanentWidget(findings_);
   MakeShortcuts();
-  setMinimumSize(600, 400);                                     // the sheets scroll
+  setMinimumSize(560, 320);                                     // the sheets scroll
   const QSize room = screen()->availableSize() - QSize(8, 40);  // with its frame
   resize(QSize(1180, 760).boundedTo(room).expandedTo(minimumSize()));
   restoreGeometry(settings_.value("Window/geometry").toByteArray());
@@ -222,8 +222,11 @@ void MainWindow::MakeFilter(QWidget* place) {
 
 void MainWindow::MakeButtons(QWidget* place) {
   auto* row = new QHBoxLayout(place);
+  // on a small screen, or on one of large texts, the tree needs the room
+  constexpr int kSmallScreen = 800;
+  const bool tight = screen()->availableSize().width() < kSmallScreen;
   row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(8);
+  row->setSpacing(tight ? 4 : 8);
   buttons_->may_press = [this](const std::string& button) { return button != kCancel || MayDrop(); };
   buttons_->pressed = [this](const std::string& button) {
     SheetView* view = SheetInView();
@@ -231,6 +234,7 @@ void MainWindow::MakeButtons(QWidget* place) {
   };
   for (const char* name : kMainButtons) {
     Bound& button = buttons_->AddButton(s_.main->At(name), place);
+    SetLook(*button.widget, "tight", tight);
     row->addWidget(button.widget);
     if (std::string(name) == "cmdEditMode") row->addStretch(1);
   }

@@ -69,6 +69,17 @@ TEST_F(ExchangeWindow, picks_nothing_by_enter_in_the_list_of_surveys) {
   EXPECT_TRUE(driver->AllModalsCame());
 }
 
+TEST_F(ExchangeWindow, has_the_way_out_before_the_act_in_every_dialog) {
+  for (const auto& [command, act] : std::vector<std::pair<const char*, const char*>>{
+           {"mnuFExport", "cmdOK"}, {"mnuEStructS", "cmdExport"}, {"mnuEStructB", "cmdImport"}}) {
+    driver->OnNextModal([&, name = act](QWidget* dialog) {
+      EXPECT_LT(driver->Widget("cmdCANCEL")->geometry().right(), driver->Widget(name)->geometry().left()) << name;
+      dialog->close();
+    });
+    driver->Command(command);
+  }
+}
+
 TEST_F(ExchangeWindow, proposes_a_name_of_operator_and_month_in_the_folder_used_last) {
   const QString last = QString::fromStdString(folder.path("handed in"));
   QDir().mkpath(last);

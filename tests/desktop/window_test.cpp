@@ -287,6 +287,29 @@ double Contrast(const QColor& a, const QColor& b) {
   return std::max(light(a), light(b)) / std::min(light(a), light(b));
 }
 
+TEST(LongDialog, scrolls_on_a_low_screen_above_its_buttons) {
+  Driver driver;
+  driver.OnNextModal([&](QWidget* dialog) {
+    const int whole = dialog->height();
+    EXPECT_GT(whole, 400) << "all of it shows where there is room";
+    dialog->resize(dialog->width(), 300);
+    driver.Settle();
+    EXPECT_LT(dialog->height(), 320);
+    const QWidget* button = driver.Widget("cmdOK");
+    EXPECT_LE(button->mapTo(dialog, QPoint(0, button->height())).y(), dialog->height());
+    auto* last = driver.Find<QLineEdit>("txtUSER_Email");
+    EXPECT_TRUE(last->visibleRegion().isEmpty());
+    driver.Widget("txtUSER_Fax")->setFocus();
+    QTest::keyClick(driver.Widget("txtUSER_Fax"), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), last);
+    EXPECT_FALSE(last->visibleRegion().isEmpty()) << "the keys bring it into sight";
+    driver.OnNextBox();
+    dialog->close();
+  });
+  driver.Start();
+  EXPECT_TRUE(driver.AllModalsCame());
+}
+
 TEST(Colours, can_be_read_on_their_grounds_in_light_and_dark) {
   constexpr double kReadable = 4.5;
   for (const int ground : {239, 45}) {
