@@ -114,7 +114,10 @@ void FormDialog::FillGrid() {
   const Control* first = binding_.form().Find(binding_.form().default_button);
   QWidget* leads_to = has_main ? main_ : first != nullptr && !first->beside.empty() ? last_ : nullptr;
   if (cancel_ != nullptr) buttons_->addWidget(cancel_);
-  if (leads_to != nullptr) buttons_->addWidget(leads_to);
+  if (leads_to != nullptr) {
+    buttons_->removeWidget(leads_to);
+    buttons_->addWidget(leads_to);
+  }
   column->addWidget(new FittingPage(page, this), 1);
   column->addLayout(buttons_);
 }
