@@ -11,7 +11,6 @@ namespace merlu {
 namespace fault_number {
 inline constexpr int kOverflow = 6;          // more than a file format takes
 inline constexpr int kSubscript = 9;         // an array is full
-inline constexpr int kTypeMismatch = 13;     // a text where a number must stand
 inline constexpr int kBadFileName = 52;      // a name that no file may be written under
 inline constexpr int kFileNotFound = 53;     // a file to copy is missing
 inline constexpr int kDeviceError = 57;      // a device that fails

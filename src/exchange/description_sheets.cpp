@@ -5,37 +5,10 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "session/types.h"
 
 namespace merlu {
 namespace {
-
-constexpr std::array<ExportedTable, 19> kTables = {{
-    {"CO_COMPANY", "MERLU RIMA Company/Owner", ""},
-    {"PD_PLATFORM_DESC", "Platform/Structure Descriptions (static)",
-     "This table is the master list of Platforms(structures). "
-     "PD_ID_AK is the link to the Master Equipment List in "
-     "PD_EQUIP_DESC."},
-    {"ED_EQUIP_DESC", "Equipment Descriptions (static)",
-     "This table is the master list of equipment. PD_ID_AK is "
-     "the link to the Platform Description.  ED_ID_AK is the link "
-     "to the equipment-specific table (ED_***)."},
-    {"ED_AMI", "", ""},
-    {"ED_BOI", "", ""},
-    {"ED_DIE", "", ""},
-    {"ED_DRI", "", ""},
-    {"ED_FLA", "", ""},
-    {"ED_FUG", "", ""},
-    {"ED_GLY", "", ""},
-    {"ED_LOA", "", ""},
-    {"ED_LOS", "", ""},
-    {"ED_NGE", "", ""},
-    {"ED_NGT", "", ""},
-    {"ED_MUD", "", ""},
-    {"ED_PNE", "", ""},
-    {"ED_PRE", "", ""},
-    {"ED_STO", "", ""},
-    {"ED_VEN", "", ""},
-}};
 
 constexpr int kHeadRows = 6;  // the last of them with the names of the fields
 constexpr double kNarrowest = 8, kWidest = 60;
@@ -124,8 +97,22 @@ void PutHead(Sheet& sheet, const ExportedTable& table, const std::vector<Column>
 
 }  // namespace
 
-const std::array<ExportedTable, 19>& ExportedTables() {
-  return kTables;
+const std::vector<ExportedTable>& ExportedTables() {
+  static const std::vector<ExportedTable> tables = [] {
+    std::vector<ExportedTable> all = {{"CO_COMPANY", "MERLU RIMA Company/Owner", ""},
+                                      {"PD_PLATFORM_DESC", "Platform/Structure Descriptions (static)",
+                                       "This table is the master list of Platforms(structures). "
+                                       "PD_ID_AK is the link to the Master Equipment List in "
+                                       "PD_EQUIP_DESC."},
+                                      {"ED_EQUIP_DESC", "Equipment Descriptions (static)",
+                                       "This table is the master list of equipment. PD_ID_AK is "
+                                       "the link to the Platform Description.  ED_ID_AK is the link "
+                                       "to the equipment-specific table (ED_***)."}};
+    for (const EquipmentType* type : TypesBy(&EquipmentType::in_workbook))
+      all.push_back({"ED_" + std::string(type->code), "", ""});
+    return all;
+  }();
+  return tables;
 }
 
 Sheet ReadSheet(Database& db, const ExportedTable& table, const std::function<void()>& each_record) {
@@ -155,9 +142,9 @@ Sheet ReadSheet(Database& db, const ExportedTable& table, const std::function<vo
 
 void ExportDescriptions(Database& db, WorkbookFile& file, const ExportProgress& progress) {
   int total = 0, done = 0;
-  for (const ExportedTable& table : kTables)
-    total += static_cast<int>(ToInteger(db.Single("SELECT COUNT(*) FROM [" + std::string(table.name) + "]")));
-  for (const ExportedTable& table : kTables) {
+  for (const ExportedTable& table : ExportedTables())
+    total += static_cast<int>(ToInteger(db.Single("SELECT COUNT(*) FROM [" + table.name + "]")));
+  for (const ExportedTable& table : ExportedTables()) {
     progress(table.name, done, total);
     file.Add(ReadSheet(db, table, [&] {
       if (++done % kProgressEvery == 0) progress(table.name, done, total);

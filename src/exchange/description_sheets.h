@@ -1,10 +1,10 @@
 // The descriptions of an inventory as a workbook: which tables, in which order, and how a sheet is laid out.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "exchange/workbook.h"
 #include "store/database.h"
@@ -12,13 +12,13 @@
 namespace merlu {
 
 struct ExportedTable {
-  std::string_view name;  // of the table and of its sheet
+  std::string name;  // of the table and of its sheet
   std::string_view description;
   std::string_view note;  // below the records
 };
 
 // In the workbook's order.
-const std::array<ExportedTable, 19>& ExportedTables();
+const std::vector<ExportedTable>& ExportedTables();
 
 // Told now and then: the table in work, and the records of the whole workbook done and in all.
 using ExportProgress = std::function<void(std::string_view table, int done, int total)>;

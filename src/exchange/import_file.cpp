@@ -13,10 +13,6 @@ namespace {
 constexpr const char* kSource = "MERLU import";
 constexpr std::int64_t kHighestKey = std::numeric_limits<std::int32_t>::max();
 
-// Types in the order in which an import takes their tables.
-constexpr const char* kTypesInOrder[] = {"AMI", "BOI", "DIE", "FLA", "GLY", "DRI", "LOA", "LOS",
-                                         "MUD", "NGE", "NGT", "PNE", "PRE", "STO", "VEN", "FUG"};
-
 [[noreturn]] void Refuse(const std::string& why) {
   throw Fault(fault_number::kNotADatabase, kSource, why);
 }
@@ -119,9 +115,10 @@ void CheckKeys(Database& file, const std::string& table) {
 const std::vector<std::string>& ImportTables() {
   static const std::vector<std::string> tables = [] {
     std::vector<std::string> list = {"PD_PLATFORM_DESC", "PA_PLATFORM_ACTV", "ED_EQUIP_DESC", "EA_EQUIP_ACTV"};
-    for (const char* type : kTypesInOrder) list.push_back(std::string("ED_") + type);
-    for (const char* type : kTypesInOrder)
-      if (FindType(type)->has_activity) list.push_back(std::string("EA_") + type);
+    const std::vector<const EquipmentType*> types = TypesBy(&EquipmentType::in_import);
+    for (const EquipmentType* type : types) list.push_back("ED_" + std::string(type->code));
+    for (const EquipmentType* type : types)
+      if (type->has_activity) list.push_back("EA_" + std::string(type->code));
     return list;
   }();
   return tables;

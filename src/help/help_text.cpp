@@ -111,7 +111,7 @@ class Composer {
       if (enabling.only_off || enabling.only_on ||
           std::find(enabling.fields.begin(), enabling.fields.end(), field.control) == enabling.fields.end())
         continue;
-      const std::string words = ConditionText(page_.fields, enabling.when.words, kQuotes);
+      const std::string words = ConditionText(page_.fields, enabling.when.Words(), kQuotes);
       if (std::find(conditions.begin(), conditions.end(), words) == conditions.end()) conditions.push_back(words);
     }
     for (const std::string& condition : conditions) facts.push_back("Open while " + condition);
@@ -150,8 +150,8 @@ class Composer {
   }
 
   std::string When(const Rule& rule) const {
-    if (rule.when.words.empty()) return "";
-    return " while " + ConditionText(page_.fields, rule.when.words, kQuotes);
+    const std::string words = rule.When();
+    return words.empty() ? "" : " while " + ConditionText(page_.fields, words, kQuotes);
   }
 
   void RulesOf(const FieldSpec& field) {
@@ -188,8 +188,8 @@ class Composer {
     };
     add({"Field", "Held to", "While", "Checked"}, true);
     for (const Rule& rule : page_.rules)
-      add({BareCaption(NameOf(rule.field)), DemandText(rule.check),
-           ConditionText(page_.fields, rule.when.words, kQuotes), Checked(rule.mode)},
+      add({BareCaption(NameOf(rule.field)), DemandText(rule.check), ConditionText(page_.fields, rule.When(), kQuotes),
+           Checked(rule.mode)},
           false);
     document_.blocks.push_back({Paragraph(), std::move(rows)});
   }

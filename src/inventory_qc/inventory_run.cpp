@@ -1,7 +1,6 @@
 #include "inventory_qc/inventory_run.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 
 #include "base/text.h"
@@ -16,10 +15,6 @@ namespace {
 constexpr const char* kBlank = "Required field left blank";
 constexpr const char* kTimeStamp = "1976-07-04 00:00:00";  // a constant, not the time of any event
 constexpr int kNoMonth = 99, kNoYear = 9999;
-
-// In the order of the run. Fugitives come last: they borrow the place where the pass before them ended.
-constexpr std::array<std::string_view, 15> kTypePasses = {"AMI", "BOI", "DIE", "FLA", "GLY", "DRI", "MUD", "NGE",
-                                                          "NGT", "LOA", "LOS", "PNE", "PRE", "STO", "VEN"};
 
 constexpr const char* kGases[] = {"O2",  "CO2", "N2",  "C1", "C2", "C3",     "iC4",
                                   "nC4", "iC5", "nC5", "C6", "C7", "C8Plus", "H2S"};
@@ -438,7 +433,8 @@ InventoryRun RunInventoryPasses(Session& s) {
   Pass pass{s, FirstRows(s)};
   const EquipmentIndex equipment(s.db);
   InventoryRun result;
-  const int total = static_cast<int>(kTypePasses.size()) + 3;
+  const std::vector<const EquipmentType*> types = TypesBy(&EquipmentType::in_year);
+  const int total = static_cast<int>(types.size()) + 3;
   int done = 0;
   const auto run = [&](const std::string& what, auto&& work) {
     Progress(s, what, done++, total);
@@ -446,7 +442,9 @@ InventoryRun RunInventoryPasses(Session& s) {
   };
   run("Operator", [&] { OperatorPass(pass); });
   run("Structures", [&] { StructurePass(pass); });
-  for (std::string_view type : kTypePasses) run(TreeTypeName(type), [&] { TypePass(pass, equipment, type); });
+  for (const EquipmentType* type : types)
+    run(std::string(type->tree_name), [&] { TypePass(pass, equipment, type->code); });
+  // last: they borrow the place where the pass before them ended
   run(TreeTypeName("FUG"), [&] { FugitivesPass(pass); });
   PurgeInactiveStructures(s);
   AddSummary(s);

@@ -1,8 +1,6 @@
 #include "qc_run/walks.h"
 
 #include <algorithm>
-#include <array>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,10 +13,6 @@
 
 namespace merlu {
 namespace {
-
-// The types that a structure's walk takes, in its order. The others are checked by an equipment run only.
-constexpr std::array<std::string_view, 12> kWalkedTypes = {"DIE", "AMI", "BOI", "FLA", "FUG", "GLY",
-                                                           "DRI", "LOA", "NGE", "NGT", "STO", "VEN"};
 
 struct StructureRow {
   std::string complex, structure;
@@ -64,18 +58,17 @@ std::int64_t StructureAt(Session& s, const QCLocation& l) {
                   {Trim(l.UserID), l.CmplxID, l.StructID}));
 }
 
-// Of the equipment of a structure one type, or all that a structure's run takes.
-void WalkTypes(Session& s, QCLocation& location, std::span<const std::string_view> types, bool shows_progress) {
+void WalkTypes(Session& s, QCLocation& location, const std::vector<const EquipmentType*>& types, bool shows_progress) {
   const std::int64_t structure = StructureAt(s, location);
   Contexts contexts(s.db, structure);
   const StructureFacts* facts = contexts.Structure(structure);
   // by the stored status: the screen's is judged by the structure's own run
   if (facts == nullptr || IsPassedOver(s, contexts.Month(structure, location.Year, location.Month))) return;
   int done = 0;
-  for (const std::string_view type : types) {
-    if (shows_progress) Progress(s, TreeTypeName(type), done++, static_cast<int>(types.size()));
-    if (std::find(facts->types.begin(), facts->types.end(), type) == facts->types.end()) continue;
-    Walk(s, location, contexts, *FindSheet(type), structure);
+  for (const EquipmentType* type : types) {
+    if (shows_progress) Progress(s, std::string(type->tree_name), done++, static_cast<int>(types.size()));
+    if (std::find(facts->types.begin(), facts->types.end(), type->code) == facts->types.end()) continue;
+    Walk(s, location, contexts, type->sheet(), structure);
   }
 }
 
@@ -105,7 +98,8 @@ namespace {
 void WalkAndStamp(Session& s, QCLocation& location, bool shows_progress) {
   const bool whole = s.record_checked;
   location.EquipType = location.EquipID = "NA";
-  WalkTypes(s, location, kWalkedTypes, shows_progress);
+  // the other types are checked by an equipment run only
+  WalkTypes(s, location, TypesBy(&EquipmentType::in_walk), shows_progress);
   location.Level = level::kStructure;
   s.record_checked = whole;
   StampStructure(s, whole);
@@ -125,7 +119,7 @@ void RunTypedStructureQC(Session& s, QCLocation location, TypedView& typed) {
 }
 
 void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type) {
-  WalkTypes(s, location, {&type, 1}, false);
+  WalkTypes(s, location, {FindType(type)}, false);
 }
 
 }  // namespace merlu

@@ -18,9 +18,7 @@ CheckSpec WithBounds(std::string name, double low, double high, std::function<vo
 
 // A check with bounds that leaves a blank field alone.
 CheckSpec IfFilled(std::string name, double low, double high, std::function<void(Judging&)> run) {
-  CheckSpec check = WithBounds(std::move(name), low, high, [run = std::move(run)](Judging& j) {
-    if (j.IsFilled()) run(j);
-  });
+  CheckSpec check = WithBounds(std::move(name), low, high, std::move(run));
   check.only_if_filled = true;
   return check;
 }
@@ -50,13 +48,10 @@ bool FailsRangeOrTotal(Judging& j, double low, double high, const std::string& r
 }
 
 void JudgeTotal(Judging& j, Total total, const std::string& text) {
-  if (!j.HasMonth()) return;
   const bool failed = IsOverTotal(j, total);
   j.Say(failed, text);
   if (failed) j.Mark(Mark::kFlag);
 }
-
-constexpr const char* kMonthFound = "the structure's month is found";
 
 }  // namespace
 
@@ -158,20 +153,16 @@ CheckSpec OnlyWithdraws() {
 }
 
 CheckSpec EmptyUnlessNumeric() {
-  return When("the field's text is not numeric", {"EmptyUnlessNumeric", [](Judging& j) {
-                                                    if (!j.IsNumeric()) j.Become("");
-                                                  }});
+  return LooksWhen(IsNotNumeric(kTheField), {"EmptyUnlessNumeric", [](Judging& j) { j.Become(""); }});
 }
 
 CheckSpec NotOver(const std::string& other, const std::string& text) {
   const auto check = [text](Judging& j) {
-    const int limit = j.Other(0);
-    if (!j.IsFilled() || !j.view().IsFilled(limit)) return;
-    const bool failed = WholeNumber(j.Text()) > WholeNumber(j.view().Text(limit));
+    const bool failed = WholeNumber(j.Text()) > WholeNumber(j.view().Text(j.Other(0)));
     j.Say(failed, text);
     if (failed) j.Mark(Mark::kFlag);
   };
-  return When("the field and " + other + " are filled", Own("NotOver " + other, text, {other}, check));
+  return LooksWhen(Both(IsFilledIn(kTheField), IsFilledIn(other)), Own("NotOver " + other, text, {other}, check));
 }
 
 CheckSpec Own(const std::string& name, const std::string& text, std::vector<std::string> reads,
@@ -182,8 +173,18 @@ CheckSpec Own(const std::string& name, const std::string& text, std::vector<std:
   return check;
 }
 
-CheckSpec When(const std::string& words, CheckSpec check) {
-  check.when = words;
+CheckSpec LooksWhen(const Condition& condition, CheckSpec check) {
+  check.looks_when = condition.holds;
+  return check;
+}
+
+CheckSpec FailsWhen(const Condition& condition, CheckSpec check) {
+  check.fails_when = condition.holds;
+  return check;
+}
+
+CheckSpec WithMonth(CheckSpec check) {
+  check.needs_month = true;
   return check;
 }
 
@@ -194,7 +195,7 @@ CheckSpec PassedUnless(const Condition& condition, CheckSpec check) {
 
 CheckSpec WithinStructureTotal(const std::string& text, Total total) {
   const auto check = [text, total](Judging& j) { JudgeTotal(j, total, text); };
-  return When(kMonthFound, Own("WithinStructureTotal", text, {}, check));
+  return WithMonth(Own("WithinStructureTotal", text, {}, check));
 }
 
 CheckSpec WithinStructureTotal(const std::string& text, const std::string& list,
@@ -205,7 +206,7 @@ CheckSpec WithinStructureTotal(const std::string& text, const std::string& list,
         std::find_if(totals.begin(), totals.end(), [&](const auto& total) { return total.first == chosen; });
     JudgeTotal(j, found == totals.end() ? Total::kNone : found->second, text);
   };
-  return When(kMonthFound, Own("WithinStructureTotal", text, {list}, check));
+  return WithMonth(Own("WithinStructureTotal", text, {list}, check));
 }
 
 CheckSpec RequiredRangeWithinTotal(double low, double high, Total total, const std::string& text) {

@@ -35,8 +35,12 @@ CheckSpec NotOver(const std::string& other, const std::string& text);
 // A check of the sheet's own, which looks at the fields of `reads` besides its own.
 CheckSpec Own(const std::string& name, const std::string& text, std::vector<std::string> reads,
               std::function<void(Judging&)> run);
-// The check, which tests a condition by itself, told with the condition's words.
-CheckSpec When(const std::string& words, CheckSpec check);
+// The check while the condition holds; while it does not, nothing is said. It can ask about kTheField.
+CheckSpec LooksWhen(const Condition& condition, CheckSpec check);
+// The check, whose run asks Judging::MayFail: while the condition does not hold the value passes.
+CheckSpec FailsWhen(const Condition& condition, CheckSpec check);
+// The check when the structure's month is found; nothing otherwise.
+CheckSpec WithMonth(CheckSpec check);
 // The check while the condition holds; while it does not, the field only looks passed and its finding stays.
 CheckSpec PassedUnless(const Condition& condition, CheckSpec check);
 

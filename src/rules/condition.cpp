@@ -15,6 +15,12 @@ const std::string& TextOf(const RecordView& view, const std::string& field, int 
 const std::string& TextOf(const Form& form, const std::string& field, int) {
   return form.At(field).text;
 }
+double NumberOf(const RecordView& view, const std::string& field, int place) {
+  return place >= 0 ? view.Number(place) : view.Number(field);
+}
+double NumberOf(const Form& form, const std::string& field, int) {
+  return LeadingNumber(form.At(field).text);
+}
 bool CheckedOf(const RecordView& view, const std::string& field, int place) {
   return place >= 0 ? view.IsChecked(place) : view.IsChecked(field);
 }
@@ -41,7 +47,12 @@ bool Test::Holds(const Record& record) const {
     case Kind::kChecked: return CheckedOf(record, field_, place_);
     case Kind::kUnchecked: return !CheckedOf(record, field_, place_);
     case Kind::kFilled: return text().find_first_not_of(' ') != std::string::npos;
-    case Kind::kOverZero: return LeadingNumber(text()) > 0;
+    case Kind::kOverZero: return NumberOf(record, field_, place_) > 0;
+    case Kind::kWithin: {
+      const double number = NumberOf(record, field_, place_);
+      return number >= low_ && number <= high_;
+    }
+    case Kind::kNotNumeric: return !IsNumericText(text());
     case Kind::kBoth: return parts_[0].Holds(record) && parts_[1].Holds(record);
     case Kind::kEither: return parts_[0].Holds(record) || parts_[1].Holds(record);
   }
@@ -65,15 +76,17 @@ std::string Test::Words() const {
     case Kind::kUnchecked: return field_ + " is off";
     case Kind::kFilled: return field_ + " is filled";
     case Kind::kOverZero: return field_ + " is filled and over 0";
+    case Kind::kWithin: return field_ + " is within " + GeneralNumber(low_) + " to " + GeneralNumber(high_);
+    case Kind::kNotNumeric: return field_ + " holds no number";
     case Kind::kBoth: return parts_[0].Words() + " and " + parts_[1].Words();
     case Kind::kEither: return "(" + parts_[0].Words() + ") or " + parts_[1].Words();
   }
   return "";
 }
 
-void Test::Resolve(const RecordFields& fields) {
-  if (!field_.empty()) place_ = fields.At(field_);
-  for (Test& part : parts_) part.Resolve(fields);
+void Test::Resolve(const RecordFields& fields, int own) {
+  if (!field_.empty()) place_ = field_ == kTheField ? own : fields.At(field_);
+  for (Test& part : parts_) part.Resolve(fields, own);
 }
 
 void Test::MarkRead(std::vector<bool>& read) const {
@@ -103,6 +116,14 @@ Condition IsFilledIn(const std::string& field) {
 
 Condition IsOverZero(const std::string& field) {
   return Test(Test::Kind::kOverZero, field);
+}
+
+Condition IsWithin(const std::string& field, double low, double high) {
+  return Test(field, low, high);
+}
+
+Condition IsNotNumeric(const std::string& field) {
+  return Test(Test::Kind::kNotNumeric, field);
 }
 
 Condition Both(const Condition& a, const Condition& b) {

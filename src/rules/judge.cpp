@@ -5,12 +5,17 @@
 namespace merlu {
 namespace {
 
+bool Looks(const CheckSpec& check, const RecordView& view, const Judging& judging) {
+  if (check.only_if_filled && !judging.IsFilled()) return false;
+  return check.looks_when(view) && (!check.needs_month || judging.HasMonth());
+}
+
 void JudgeRule(const Rule& rule, RecordView& view, const Context& context, Verdicts& verdicts) {
   Judging judging(rule, view, context, verdicts);
   if (rule.when.holds(view)) {
     if (!rule.check.passed_unless(view))
       judging.Mark(Mark::kPlain);
-    else
+    else if (Looks(rule.check, view, judging))
       rule.check.run(judging);
   } else if (rule.otherwise == Otherwise::kWithdraw) {
     judging.WithdrawAny();
@@ -26,11 +31,29 @@ std::string_view TrimmedTag(std::string_view tag) {
   return tag;
 }
 
+void AddWords(std::string& words, const std::string& more) {
+  if (!more.empty()) words += (words.empty() ? "" : " and ") + more;
+}
+
 char LowerLetter(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 }  // namespace
+
+std::string CheckSpec::OwnConditions() const {
+  std::string words = looks_when.Words();
+  if (only_if_filled) AddWords(words, IsFilledIn(kTheField).Words());
+  if (needs_month) AddWords(words, "the structure's month is found");
+  AddWords(words, fails_when.Words());
+  return words;
+}
+
+std::string Rule::When() const {
+  std::string words = when.Words();
+  AddWords(words, check.passed_unless.Words());
+  return words;
+}
 
 RuleSet::RuleSet(std::vector<RecordField> fields, std::vector<RuleGroup> groups)
     : fields_(std::move(fields)), groups_(std::move(groups)) {
@@ -39,16 +62,16 @@ RuleSet::RuleSet(std::vector<RecordField> fields, std::vector<RuleGroup> groups)
   for (RuleGroup& group : groups_)
     for (Rule& rule : group.rules) {
       rule.place = fields_.At(rule.field);
-      rule.when.holds.Resolve(fields_);
-      rule.check.passed_unless.Resolve(fields_);
+      Test* const tests[] = {&rule.when.holds, &rule.check.passed_unless, &rule.check.looks_when,
+                             &rule.check.fails_when};
+      for (Test* test : tests) test->Resolve(fields_, rule.place);
       for (const std::string& name : rule.check.reads) rule.check.places.push_back(fields_.At(name));
       for (const Mode mode : {Mode::kDesc, Mode::kActv}) {
         if (!RunsIn(rule.mode, mode)) continue;
         std::vector<bool>& read = mode == Mode::kActv ? read_actv_ : read_desc_;
         read[static_cast<std::size_t>(rule.place)] = true;
         for (const int place : rule.check.places) read[static_cast<std::size_t>(place)] = true;
-        rule.when.holds.MarkRead(read);
-        rule.check.passed_unless.MarkRead(read);
+        for (const Test* test : tests) test->MarkRead(read);
       }
     }
 }

@@ -83,6 +83,9 @@ class Judging {
   bool IsFilled() const { return view_.IsFilled(rule_.place); }
   bool IsNumeric() const { return view_.IsNumeric(rule_.place); }
 
+  // Whether the check's condition to fail a value holds.
+  bool MayFail() const { return rule_.check.fails_when(view_); }
+
   // The other fields that the check reads, by number
   int Other(std::size_t number) const { return rule_.check.places[number]; }
   const RecordView& view() const { return view_; }

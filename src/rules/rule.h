@@ -34,12 +34,17 @@ struct CheckSpec {
   double low = 0, high = 0;  // both inclusive
   bool has_low = false, has_high = false;
   bool only_if_filled = false;     // a blank field is not looked at
-  std::string when;                // further conditions that the check itself tests, in words
+  Test looks_when;                 // while it does not hold the check says nothing
+  bool needs_month = false;        // nor does it when the structure's month is not found
+  Test fails_when;                 // while it does not hold the value passes
   std::string text;                // of the finding, for a check that is no primitive
   std::string expected;            // what the check wants of the value: "0 to 744", "at least 0", "required"
   std::vector<std::string> reads;  // the other fields that it looks at
   std::vector<int> places;         // of `reads`, in the rule's set
   Test passed_unless;              // while it does not hold the field only looks passed, and its finding stays
+
+  // What of all this the check tests by itself, in words.
+  std::string OwnConditions() const;
 };
 
 // What a rule whose condition is false does about its field's finding.
@@ -53,6 +58,9 @@ struct Rule {
   Condition when;
   Otherwise otherwise = Otherwise::kWithdraw;
   int place = -1;  // of the field, in the rule's set
+
+  // When the rule judges its field, in words; the check may look further.
+  std::string When() const;
 };
 
 struct RuleGroup {

@@ -83,9 +83,9 @@ Json RuleJson(const RuleGroup& group, const Rule& rule) {
   if (rule.check.has_low) json["low"] = rule.check.low;
   if (rule.check.has_high) json["high"] = rule.check.high;
   if (!rule.check.text.empty()) json["text"] = rule.check.text;
-  std::string when = rule.when.words;
-  for (const std::string& own : {rule.check.when, std::string(rule.check.only_if_filled ? "the field is filled" : "")})
-    if (!own.empty()) when += (when.empty() ? "" : " and ") + own;
+  const std::string own = rule.check.OwnConditions();
+  std::string when = rule.When();
+  if (!own.empty()) when += (when.empty() ? "" : " and ") + own;
   json["when"] = when;
   return json;
 }

@@ -39,7 +39,7 @@ std::string Rules(const SheetSpec& sheet) {
     for (const Rule& rule : group.rules) {
       if (rule.check.name == "none") continue;
       text += Row({CaptionOf(sheet.fields, rule.field), DemandText(rule.check),
-                   ConditionText(sheet.fields, rule.when.words, {"*", "*"}), When(rule.mode)});
+                   ConditionText(sheet.fields, rule.When(), {"*", "*"}), When(rule.mode)});
     }
   return text;
 }

@@ -112,7 +112,7 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
     s.ED_ID_AK = ToInteger(s.At("EA_EQUIP_ACTV").Field("ED_ID_AK"));
   }
   Cursor& ed = s.At("ED_EQUIP_DESC");
-  if (!StandsOn(ed, "ED_ID_AK", s.ED_ID_AK) && ed.RecordCount() == 0) Tell(s, "EquipDesc is empty");
+  if (!StandsOn(ed, "ED_ID_AK", s.ED_ID_AK) && ed.IsEmpty()) Tell(s, "EquipDesc is empty");
   if (!Bring(s, "ED_EQUIP_DESC", "ED_ID_AK", s.ED_ID_AK)) return false;
   if (!Bring(s, ed_table, "ED_ID_AK", s.ED_ID_AK)) return false;
   const std::int64_t structure = ToInteger(ed.Field("PD_ID_AK"));

@@ -42,19 +42,11 @@ CheckSpec WithFlashTank(CheckSpec check) {
   return PassedUnless(Reads(kFlashTank, {"Yes"}), std::move(check));
 }
 
-// Told with the flash tank's condition, which its check tests.
-Condition WithModelAndFlashTank() {
-  Condition model = ModelInputs();
-  model.words += " (and " + Reads(kFlashTank, {"Yes"}).words + ")";
-  return model;
-}
-
 constexpr const char* kOverThroughput = "Value exceeds N.G. throughput for structure";
 constexpr const char* kZeroHours = "Zero hours for active equipment";
 
-// A plain finding beside the range's mark; nothing without the structure's month.
+// A plain finding beside the range's mark.
 void CheckThroughputOfStructure(Judging& j) {
-  if (!j.IsFilled() || !j.HasMonth()) return;
   // in full precision, unlike the other sheets' totals
   const double total = j.context().totals[static_cast<std::size_t>(Total::kThroughputGas)];
   j.Say(j.Number() > total && RoundHalfToEven(total) != 0, kOverThroughput);
@@ -67,16 +59,13 @@ Condition IsActive() {
 
 // Runs only on hours that passed their own check.
 CheckSpec ZeroHours() {
-  const auto check = [active = IsActive().holds](Judging& j) {
-    const double hours = j.Number();
-    if (!j.IsFilled() || hours < 0 || hours > kMostHours) return;
-    const bool failed = active(j.view()) && !(hours > 0);
+  const auto check = [](Judging& j) {
+    const bool failed = j.MayFail() && !(j.Number() > 0);
     j.Say(failed, kZeroHours);
     if (failed) j.Mark(Mark::kFlag);
   };
-  return When(
-      "the field is filled and in its range, chkAMI_Status is off, and txtAMI_TotalGasThru is filled and over 0",
-      Own("ZeroHours", kZeroHours, {"chkAMI_Status", kThroughput}, check));
+  return LooksWhen(Both(IsFilledIn(kTheField), IsWithin(kTheField, 0, kMostHours)),
+                   FailsWhen(IsActive(), Own("ZeroHours", kZeroHours, {}, check)));
 }
 
 // The total is computed, and is no input.
@@ -276,8 +265,8 @@ std::vector<Rule> FieldRules() {
   std::vector<Rule> rules = {
       {1, ACTV, kThroughput, RequiredRange(0, 15500)},
       {2, ACTV, kThroughput,
-       When("the field is filled and the structure's month is found",
-            Own("WithinStructureTotal", kOverThroughput, {}, CheckThroughputOfStructure))},
+       LooksWhen(IsFilledIn(kTheField),
+                 WithMonth(Own("WithinStructureTotal", kOverThroughput, {}, CheckThroughputOfStructure)))},
       {3, ACTV, kHours, RequiredRange(0, 744)},
       {4, ACTV, kHours, ZeroHours()},
   };
@@ -289,15 +278,15 @@ std::vector<Rule> FieldRules() {
 
 std::vector<Rule> ModelInputRules() {
   constexpr Otherwise kStays = Otherwise::kNothing;  // without model inputs nothing runs, not even the unmarking
-  const Condition model = ModelInputs(), flash = WithModelAndFlashTank();
+  const Condition model = ModelInputs();
   return {
       {18, DESC, "cmbAMI_AmineType", Required(Marks::kEither), model, kStays},
       {19, DESC, kFlashTank, Required(Marks::kEither), model, kStays},
       {20, DESC, "txtAMI_SourPress", RequiredRange(0, 1000), model, kStays},
       {21, DESC, "txtAMI_SourTemp", RequiredRange(32, 180), model, kStays},
-      {22, DESC, "cmbAmi_Disposition", WithFlashTank(Required(Marks::kEither)), flash, kStays},
-      {23, DESC, "txtAMI_FlashTemp", WithFlashTank(RequiredRange(32, 180)), flash, kStays},
-      {24, DESC, "txtAMI_FlashPress", WithFlashTank(RequiredRange(0, 200)), flash, kStays},
+      {22, DESC, "cmbAmi_Disposition", WithFlashTank(Required(Marks::kEither)), model, kStays},
+      {23, DESC, "txtAMI_FlashTemp", WithFlashTank(RequiredRange(32, 180)), model, kStays},
+      {24, DESC, "txtAMI_FlashPress", WithFlashTank(RequiredRange(0, 200)), model, kStays},
       {25, DESC, "txtAMI_Nbr", RequiredRange(0, 22), model, kStays},
       {26, DESC, "txtAMI_AmineFeedPress", RequiredRange(0, 1600), model, kStays},
       {27, DESC, "txtAMI_AmineFeedTemp", RequiredRange(32, 180), model, kStays},

@@ -15,11 +15,11 @@ constexpr const char* kOverGas = "Value exceeds N.G. usage for structure";
 // As NotOver, but a blank limit counts as 0 and a blank field withdraws the finding.
 CheckSpec DieselNotOver(const std::string& other, const std::string& text) {
   const auto check = [text](Judging& j) {
-    const bool failed = j.IsFilled() && WholeNumber(j.Text()) > WholeNumber(j.view().Text(j.Other(0)));
+    const bool failed = j.MayFail() && WholeNumber(j.Text()) > WholeNumber(j.view().Text(j.Other(0)));
     j.Say(failed, text);
     if (failed) j.Mark(Mark::kFlag);
   };
-  return When("the field is filled", Own("DieselNotOver " + other, text, {other}, check));
+  return FailsWhen(IsFilledIn(kTheField), Own("DieselNotOver " + other, text, {other}, check));
 }
 
 void AddGasFields(SheetSpec& sheet) {

@@ -56,11 +56,11 @@ Condition Ran() {
 }
 
 CheckSpec GreaterThanZero() {
-  return Own("GreaterThanZero", kNotOverZero, {}, [](Judging& j) {
-    const bool failed = j.IsFilled() && !(j.Number() > 0);
-    j.Say(failed, kNotOverZero);
-    j.MarkEither(failed);
-  });
+  return FailsWhen(IsFilledIn(kTheField), Own("GreaterThanZero", kNotOverZero, {}, [](Judging& j) {
+                     const bool failed = j.MayFail() && !(j.Number() > 0);
+                     j.Say(failed, kNotOverZero);
+                     j.MarkEither(failed);
+                   }));
 }
 
 FieldSpec Lookup(const char* control, const char* caption, const char* tag, const char* column) {

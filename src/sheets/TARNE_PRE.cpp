@@ -59,12 +59,12 @@ constexpr const char* kNotOverZero = "Required value should be greater than 0";
 // Controllers that ran need a rate; the others' look passed.
 CheckSpec GreaterThanZero() {
   const Condition ran = Both(IsOff("chkPRE_Status"), IsOverZero(kHours));
-  const auto check = [holds = ran.holds](Judging& j) {
-    const bool failed = holds(j.view()) && (!j.IsFilled() || !(j.Number() > 0));
+  const auto check = [](Judging& j) {
+    const bool failed = j.MayFail() && (!j.IsFilled() || !(j.Number() > 0));
     j.Say(failed, kNotOverZero);
     j.MarkEither(failed);
   };
-  return When(ran.words, Own("GreaterThanZero", kNotOverZero, {"chkPRE_Status", kHours}, check));
+  return FailsWhen(ran, Own("GreaterThanZero", kNotOverZero, {}, check));
 }
 
 FieldSpec Lookup(const char* control, const char* caption, const char* tag, const char* column) {

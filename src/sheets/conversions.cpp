@@ -72,6 +72,7 @@ int ItemFor(const FieldSpec& spec, const Value& value) {
 bool Fits(const FieldSpec& spec, const Value& stored) {
   if (IsNull(stored)) return true;
   const auto* text = std::get_if<std::string>(&stored);
+  if (text != nullptr && text->empty()) return true;  // a blank field
   switch (spec.stored) {
     case Stored::kNumber:
     case Stored::kComputed: return text == nullptr || IsNumericText(*text);
@@ -102,7 +103,7 @@ std::string ShownText(const FieldSpec& spec, const Value& stored) {
     case Stored::kItemText:
       return spec.free_text && !IsNull(stored) ? NullToEmpty(stored) : item(ItemFor(spec, stored));
     case Stored::kCode: return item(ItemFor(spec, stored));
-    case Stored::kYesNo: return IsNull(stored) ? "" : ToNumber(stored) != 0 ? "Yes" : "No";
+    case Stored::kYesNo: return NullToEmpty(stored).empty() ? "" : ToNumber(stored) != 0 ? "Yes" : "No";
     case Stored::kDestination: return DestinationItem(NullToEmpty(stored));
     case Stored::kNone: return "";
     default: return NullToEmpty(stored);

@@ -341,7 +341,7 @@ void AddNextMonth(Session& s) {
   const Act act(s, "New Month", JoinPlace(s.last_month + 1, s.year, "", ""), s.current);
   if (!act.MayWrite()) return;
   Plainly(s, [&] {
-    if (s.At("CO_COMPANY").RecordCount() == 0) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
+    if (s.At("CO_COMPANY").IsEmpty()) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
     if (s.last_month == 12) return Tell(s, kAllMonths);
     bool added = false;
     {

@@ -18,7 +18,7 @@ void SetMode(Session& s, Mode mode) {
 }
 
 void SetStartMode(Session& s) {
-  s.began_empty = s.At("PD_PLATFORM_DESC").RecordCount() == 0;
+  s.began_empty = s.At("PD_PLATFORM_DESC").IsEmpty();
   SetMode(s, s.began_empty ? Mode::kDesc : Mode::kActv);
 }
 
@@ -30,7 +30,7 @@ void ChangeMode(Session& s) {
   RequireReadable(s);  // or else the mode and its tree stay as they are
   const bool to_actv = s.InDesc();
   (to_actv ? s.last_desc : s.last_actv) = s.current;
-  if (to_actv && s.At("PD_PLATFORM_DESC").RecordCount() == 0) return Tell(s, "Must add Platform Description first.");
+  if (to_actv && s.At("PD_PLATFORM_DESC").IsEmpty()) return Tell(s, "Must add Platform Description first.");
   const Busy busy(s);
   s.mode_changed_to_actv = to_actv;
   s.mode_changed_to_desc = !to_actv;

@@ -19,10 +19,6 @@ namespace {
 constexpr std::size_t kMostEquipmentMonths = 40000;
 constexpr const char* kFarewell = "Sorry, cannot proceed without User Information - TARNE is shutting down now...";
 
-// The types in the order of the build; fugitives stand in the description tree only.
-constexpr std::array<std::string_view, 16> kBuildOrder = {"AMI", "BOI", "DIE", "DRI", "FLA", "FUG", "GLY", "LOA",
-                                                          "LOS", "MUD", "NGE", "NGT", "PNE", "PRE", "STO", "VEN"};
-
 std::string SurveyText(int year, int month) {
   std::array<char, 48> text;
   std::snprintf(text.data(), text.size(), "Monthly Survey %d/%02d", year, month);
@@ -213,7 +209,7 @@ void SelectAfterModeChangeToDesc(Session& s) {
 // The tree of activity without its selection; false when the program has ended.
 bool BuildActivityTree(Session& s) {
   s.tree.Clear();
-  if (s.At("CO_COMPANY").RecordCount() == 0 && !ShowNewOperator(s, kFarewell)) return false;
+  if (s.At("CO_COMPANY").IsEmpty() && !ShowNewOperator(s, kFarewell)) return false;
   const std::vector<std::string> ids = Operators(s);
   AddOperators(s, ids);
   AddSurveys(s, ids);
@@ -221,8 +217,8 @@ bool BuildActivityTree(Session& s) {
   AddStructureMonths(s, orphans);
   s.equipment_month_list.Reset();
   EquipmentNodes nodes(s.db);
-  for (std::string_view type : kBuildOrder)
-    if (FindType(type)->has_activity && !AddEquipNode(s, type, nodes, orphans)) return false;
+  for (const EquipmentType* type : TypesBy(&EquipmentType::in_tree))
+    if (type->has_activity && !AddEquipNode(s, type->code, nodes, orphans)) return false;
   FinishTree(s);
   TellOrphans(s, orphans);
   return true;
@@ -237,7 +233,7 @@ bool BuildDescriptionTree(Session& s) {
   try {
     AddStructures(s);
     s.equipment_list.Reset();
-    for (std::string_view type : kBuildOrder) AddDescEquipNode(s, type, orphans);
+    for (const EquipmentType* type : TypesBy(&EquipmentType::in_tree)) AddDescEquipNode(s, type->code, orphans);
   } catch (const Fault& fault) {
     if (fault.number != fault_number::kSubscript) throw;
     TellFault(s, fault);

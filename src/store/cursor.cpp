@@ -1,5 +1,7 @@
 #include "store/cursor.h"
 
+#include <algorithm>
+
 #include "base/fault.h"
 #include "base/text.h"
 
@@ -11,38 +13,40 @@ constexpr const char* kSource = "MERLU store";
 }  // namespace
 
 Cursor::Cursor(Database& db, std::string table) : db_(db), changes_(db.ChangesOf(table)), table_(std::move(table)) {
-  columns_ = db_.Query("SELECT * FROM [" + table_ + "] LIMIT 0").columns;
+  const std::string none = "SELECT * FROM [" + table_ + "] LIMIT 0";
+  columns_ = db_.Query(none).columns;
+  booleans_ = db_.BooleansOf(none);
   for (std::size_t i = 0; i < columns_.size(); ++i) places_.emplace(columns_[i], i);
   select_ = "SELECT rowid,* FROM [" + table_ + "] ";
+  refresh_.sql = select_ + "WHERE rowid=?";
   MoveFirst();
 }
 
-std::int64_t Cursor::RecordCount() {
-  return ToInteger(db_.Single("SELECT EXISTS(SELECT 1 FROM [" + table_ + "])"));
+bool Cursor::IsEmpty() {
+  return ToInteger(db_.Single("SELECT EXISTS(SELECT 1 FROM [" + table_ + "])")) == 0;
+}
+
+// A move abandons a change that was begun.
+void Cursor::Abandon() {
+  change_ = Change::kNone;
+  pending_.clear();
 }
 
 bool Cursor::Load(std::string_view tail, const Values& values) {
-  change_ = Change::kNone;  // a move abandons a change that was begun
-  pending_.clear();
-  return Fetch(tail, values);
+  Abandon();
+  Database::KeptQuery query;
+  query.sql.reserve(select_.size() + tail.size());
+  query.sql.append(select_).append(tail);
+  bound_.clear();
+  for (const Value& value : values) bound_.push_back(&value);
+  return Fetch(query, bound_);
 }
 
-bool Cursor::Fetch(std::string_view tail, const Values& values) {
-  std::string sql;
-  sql.reserve(select_.size() + tail.size());
-  sql.append(select_).append(tail);
-  bool found = false;
-  db_.ForEach(sql, values, [&](const RowView& row) {
-    found = true;
-    row_id_ = row.Integer(0);
-    row_.resize(columns_.size());
-    for (std::size_t i = 0; i < row_.size(); ++i) row_[i] = row.At(static_cast<int>(i) + 1);
-  });
-  if (found) {
-    position_ = Position::kOnRow;
-    seen_changes_ = changes_.Count();
-  }
-  return found;
+bool Cursor::Fetch(Database::KeptQuery& query, const std::vector<const Value*>& values) {
+  if (!db_.FirstRow(query, values, booleans_, row_id_, row_)) return false;
+  position_ = Position::kOnRow;
+  seen_changes_ = changes_.Count();
+  return true;
 }
 
 void Cursor::MoveFirst() {
@@ -54,20 +58,28 @@ void Cursor::MoveLast() {
 }
 
 void Cursor::Leave() {
-  change_ = Change::kNone;
-  pending_.clear();
+  Abandon();
   if (position_ == Position::kOnRow) position_ = Position::kAfter;
 }
 
 bool Cursor::FindFirst(const Criteria& criteria) {
-  std::string condition;
-  Values values;
-  values.reserve(criteria.size());
-  for (const auto& [column, value] : criteria) {
-    condition.append(condition.empty() ? "[" : " AND [").append(column).append("]=?");
-    values.push_back(value);
+  Abandon();
+  const bool again = std::equal(criteria.begin(), criteria.end(), found_by_.begin(), found_by_.end(),
+                                [](const auto& wanted, const std::string& column) { return wanted.first == column; });
+  if (!again || find_.sql.empty()) {
+    found_by_.clear();
+    find_ = {select_, {}};
+    for (const auto& [column, value] : criteria) {
+      find_.sql.append(found_by_.empty() ? "WHERE [" : " AND [").append(column).append("]=?");
+      found_by_.emplace_back(column);
+    }
+    find_.sql.append(" ORDER BY rowid LIMIT 1");
   }
-  return FindFirstWhere(condition, values);
+  bound_.clear();
+  for (const auto& [column, value] : criteria) bound_.push_back(&value);
+  no_match_ = !Fetch(find_, bound_);
+  if (no_match_) position_ = Position::kAfter;
+  return !no_match_;
 }
 
 bool Cursor::FindFirstWhere(const std::string& condition, const Values& values) {
@@ -87,7 +99,8 @@ std::size_t Cursor::ColumnIndex(std::string_view column) const {
 void Cursor::Refresh() {
   if (seen_changes_ == changes_.Count()) return;
   // a row that a statement deleted is not found, and the cursor still stands on what it read
-  Fetch("WHERE rowid=?", {row_id_});
+  const Value row_id = row_id_;
+  Fetch(refresh_, {&row_id});
   seen_changes_ = changes_.Count();
 }
 

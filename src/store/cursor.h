@@ -32,8 +32,8 @@ class Cursor {
 
   bool BOF() const { return position_ == Position::kBefore || position_ == Position::kEmpty; }
   bool EOF_() const { return position_ == Position::kAfter || position_ == Position::kEmpty; }
-  // Zero exactly when the table has no rows.
-  std::int64_t RecordCount();
+  // Whether the table has no rows.
+  bool IsEmpty();
 
   void MoveFirst();
   void MoveLast();
@@ -73,7 +73,8 @@ class Cursor {
   std::size_t ColumnIndex(std::string_view column) const;
   // Runs a query of all columns with the row's id in front, and takes its first row as the current one.
   bool Load(std::string_view tail, const Values& values);
-  bool Fetch(std::string_view tail, const Values& values);
+  bool Fetch(Database::KeptQuery& query, const std::vector<const Value*>& values);
+  void Abandon();
   void Refresh();
 
   Database& db_;
@@ -81,11 +82,15 @@ class Cursor {
   std::string table_;
   std::string select_;
   std::vector<std::string> columns_;
+  std::vector<bool> booleans_;
   std::unordered_map<std::string, std::size_t, TextHash, std::equal_to<>> places_;  // of the columns
   Position position_ = Position::kEmpty;
   std::int64_t row_id_ = 0;
   Values row_;
   std::int64_t seen_changes_ = 0;
+  std::vector<std::string> found_by_;  // columns of the last find
+  Database::KeptQuery find_, refresh_;
+  std::vector<const Value*> bound_;
   bool no_match_ = false;
   Change change_ = Change::kNone;
   std::vector<std::pair<std::size_t, Value>> pending_;

@@ -2,80 +2,23 @@
 
 #include <sqlite3.h>
 
-#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <set>
-#include <system_error>
 #include <utility>
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "store/engine.h"
 #include "store/files.h"
-#include "store/named_tables.h"
 
 namespace merlu {
 namespace {
 
-constexpr const char* kSource = "MERLU store";
-constexpr int kLongestForeignValue = 1'000'000;
+constexpr const char* kSource = kStoreSource;
 constexpr int kBusyMilliseconds = 250;  // long enough for a backup's glance at the file, too short to annoy
 
 constexpr std::size_t kMostStatements = 512;
-
-int FaultNumber(int extended) {
-  switch (extended) {
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_ROWID: return fault_number::kDuplicateKey;
-    case SQLITE_CONSTRAINT_FOREIGNKEY: return fault_number::kReference;
-    default: break;
-  }
-  switch (extended & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED: return fault_number::kInUseTable;
-    case SQLITE_NOTADB: return fault_number::kNotADatabase;
-    case SQLITE_CORRUPT: return fault_number::kDamaged;
-    case SQLITE_FULL: return fault_number::kDiskFullStore;
-    case SQLITE_READONLY: return fault_number::kReadOnly;
-    case SQLITE_CANTOPEN: return fault_number::kPathNotFound;
-    default: break;
-  }
-  return fault_number::kOther;
-}
-
-std::string Described(int number, const std::string& message) {
-  switch (number) {
-    case fault_number::kInUseTable: return "The database is locked by another program.";
-    case fault_number::kNotADatabase: return "The file is not a MERLU database.";
-    case fault_number::kDamaged: return "The database file is damaged (" + message + ").";
-    case fault_number::kDiskFullStore: return "There is not enough room on the disk for the database.";
-    case fault_number::kReadOnly: return "The database file is read-only.";
-    default: return message;
-  }
-}
-
-// A failure of the disk in the system's own words; nothing for another one, or where the system said none.
-void ThrowFailedDisk(int code, int system) {
-  const int kind = code & 0xFF;
-  if ((kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN) || system == 0) return;
-  const std::string why = " (" + std::generic_category().message(system) + ").";
-  if (system == ENOSPC || system == EDQUOT)
-    throw Fault(fault_number::kDiskFullStore, kSource, "There is not enough room on the disk for the database.");
-  const bool is_protected = system == EPERM || system == EACCES || system == EROFS;
-  const char* what = kind == SQLITE_CANTOPEN ? (is_protected ? "The folder of the database cannot be written to"
-                                                             : "The journal of the database could not be opened")
-                     : is_protected          ? "The database file cannot be written to"
-                                             : "The database file could not be read or written";
-  throw Fault(is_protected ? fault_number::kReadOnly : fault_number::kOther, kSource, what + why);
-}
-
-// A statement that the engine does not understand: a table that it names may be missing.
-[[noreturn]] void ThrowMisunderstood(sqlite3* db, std::string_view sql, const std::string& message) {
-  if (LacksNamedTable(db, sql)) throw Fault(fault_number::kNoSuchTable, kSource, message);
-  const bool no_column = message.starts_with("no such column");
-  throw Fault(no_column ? fault_number::kNoSuchItem : fault_number::kOther, kSource, message);
-}
 
 // Makes room among kept statements: those that have not run since the last time go, or all that do not run now.
 template <typename Cache>
@@ -96,11 +39,6 @@ bool IsBoolean(sqlite3_stmt* statement, int column) {
   return type != nullptr && EqualsIgnoringCase(type, "BOOLEAN");
 }
 
-[[noreturn]] void FailWith(int code, const std::string& message) {
-  const int number = FaultNumber(code);
-  throw Fault(number, kSource, Described(number, message));
-}
-
 // Lets reading statements pass, nothing else.
 int ReadersOnly(void*, int action, const char* first, const char* second, const char*, const char*) {
   static const std::set<std::string> kReadingPragmas = {"table_info",      "table_xinfo",      "index_list",
@@ -119,25 +57,6 @@ int ReadersOnly(void*, int action, const char* first, const char* second, const 
 
 bool ChangesRows(std::string_view sql) {
   return sql.starts_with("INSERT") || sql.starts_with("UPDATE") || sql.starts_with("DELETE");
-}
-
-// Inventories hold no triggers: one that somebody has put into a file is not run.
-void RunNothingOfTheFile(sqlite3* db) {
-  for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER})
-    sqlite3_db_config(db, switched_off, 0, nullptr);
-}
-
-// Beyond that, for a file of unknown origin.
-void Distrust(sqlite3* db) {
-  sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-  sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-  sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kLongestForeignValue);
-  sqlite3_exec(db, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA query_only=ON", nullptr, nullptr, nullptr);
-}
-
-int CompareAsIds(void*, int a_size, const void* a, int b_size, const void* b) {
-  return CompareIds({static_cast<const char*>(a), static_cast<std::size_t>(a_size)},
-                    {static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
 }
 
 }  // namespace
@@ -182,13 +101,35 @@ Value RowView::At(int c) const {
   }
 }
 
+void RowView::Read(int c, bool is_boolean, Value& value) const {
+  switch (sqlite3_column_type(statement_, c)) {
+    case SQLITE_NULL: value = Null{}; return;
+    case SQLITE_INTEGER:
+      if (is_boolean)
+        value = Integer(c) != 0;
+      else
+        value = Integer(c);
+      return;
+    case SQLITE_FLOAT: value = Number(c); return;
+    default:
+      if (auto* text = std::get_if<std::string>(&value))
+        text->assign(Text(c));
+      else
+        value.emplace<std::string>(Text(c));
+  }
+}
+
 // A statement between its first step and its reset. A cached statement that is already running (a query
 // inside a query) is prepared once more for the inner use.
 class Database::Running {
  public:
   template <typename V>
-  Running(Database& db, std::string_view sql, const std::vector<V>& values) : db_(db) {
-    statement_ = db.Prepare(sql);
+  Running(Database& db, std::string_view sql, const std::vector<V>& values)
+      : Running(db, db.Prepare(sql), sql, values) {}
+  // `kept` is the statement of that text.
+  template <typename V>
+  Running(Database& db, const Statement& kept, std::string_view sql, const std::vector<V>& values)
+      : db_(db), statement_(kept.get()) {
     if (sqlite3_stmt_busy(statement_)) {
       if (sqlite3_prepare_v2(db.db_, sql.data(), static_cast<int>(sql.size()), &statement_, nullptr) != SQLITE_OK)
         FailIn(db, sql);
@@ -220,6 +161,7 @@ class Database::Running {
   sqlite3_stmt* statement() const { return statement_; }
 
  private:
+  int Bind(int at, const Value* value) { return Bind(at, *value); }
   int Bind(int at, const Value& value) {
     if (const auto* b = std::get_if<bool>(&value)) return sqlite3_bind_int(statement_, at, *b ? 1 : 0);
     if (const auto* i = std::get_if<std::int64_t>(&value)) return sqlite3_bind_int64(statement_, at, *i);
@@ -322,7 +264,7 @@ void Database::OpenFile(const std::string& name, int flags) {
   const int code = sqlite3_open_v2(name.c_str(), &db_,
                                    flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   if (code != SQLITE_OK) Fail(code);
-  sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
+  AddIdCollation(db_);
   RunNothingOfTheFile(db_);
   sqlite3_busy_timeout(db_, kBusyMilliseconds);
 }
@@ -394,7 +336,7 @@ void Database::OpenImage(const Image& image, Use use) {
     }
     code = sqlite3_deserialize(db_, "main", bytes, size, size, flags);
     if (code != SQLITE_OK) Fail(code);
-    sqlite3_create_collation_v2(db_, kSameId, SQLITE_UTF8, nullptr, CompareAsIds, nullptr);
+    AddIdCollation(db_);
     RunNothingOfTheFile(db_);
     Distrust(db_);
     if (writes) Execute("PRAGMA query_only=OFF");
@@ -448,16 +390,34 @@ bool Database::IsReadOnly(const char* schema) const {
   return sqlite3_db_readonly(db_, schema) == 1 || (file != nullptr && IsMarkedReadOnly(file));
 }
 
-sqlite3_stmt* Database::Prepare(std::string_view sql) {
+const Database::Statement& Database::Prepare(std::string_view sql) {
   if (db_ == nullptr) throw Fault(fault_number::kNotSet, kSource, "No inventory is open.");
-  if (const auto found = cache_.find(sql); found != cache_.end()) return found->second.get();
+  if (const auto found = cache_.find(sql); found != cache_.end()) return found->second;
   if (cache_.size() >= kMostStatements) ForgetIdle(cache_);
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement,
                          nullptr) != SQLITE_OK)
     Running::FailIn(*this, sql);
-  cache_.emplace(std::string(sql), statement);
-  return statement;
+  return cache_.emplace(std::string(sql), Statement(statement, Finalizer())).first->second;
+}
+
+bool Database::FirstRow(KeptQuery& query, const std::vector<const Value*>& values, const std::vector<bool>& booleans,
+                        std::int64_t& rowid, Values& row) {
+  Statement statement = query.statement.lock();
+  if (statement == nullptr) query.statement = statement = Prepare(query.sql);
+  Running run(*this, statement, query.sql, values);
+  if (!run.Step()) return false;
+  rowid = run.row().Integer(0);
+  row.resize(booleans.size());
+  for (std::size_t i = 0; i < row.size(); ++i) run.row().Read(static_cast<int>(i) + 1, booleans[i], row[i]);
+  return true;
+}
+
+std::vector<bool> Database::BooleansOf(std::string_view sql) {
+  sqlite3_stmt* statement = Prepare(sql).get();
+  std::vector<bool> booleans;
+  for (int c = 0; c < sqlite3_column_count(statement); ++c) booleans.push_back(IsBoolean(statement, c));
+  return booleans;
 }
 
 template <typename V>

@@ -36,6 +36,8 @@ class RowView {
   std::string_view Text(int column) const;  // empty for Null
   // A column declared BOOLEAN gives a yes/no.
   Value At(int column) const;
+  // The same into a value that is there, for a column whose declaration is known.
+  void Read(int column, bool is_boolean, Value& value) const;
 
  private:
   sqlite3_stmt* statement_;
@@ -187,13 +189,26 @@ class Database {
   void Tell(const Changes& changes);
   template <typename V>
   int Run(std::string_view sql, const std::vector<V>& values);
-  sqlite3_stmt* Prepare(std::string_view sql);
+  using Statement = std::shared_ptr<sqlite3_stmt>;
+  const Statement& Prepare(std::string_view sql);
   [[noreturn]] void Fail(int code) const;
+
+  // A query that its owner runs again and again. It is forgotten with the connection, or for want of room.
+  struct KeptQuery {
+    std::string sql;
+    std::weak_ptr<sqlite3_stmt> statement;
+  };
+  // Of "SELECT rowid,* ...": the first row, into a row of the table's width; false without one. `booleans` are the
+  // columns that hold a yes/no.
+  bool FirstRow(KeptQuery& query, const std::vector<const Value*>& values, const std::vector<bool>& booleans,
+                std::int64_t& rowid, Values& row);
+  // Which columns of the query are declared BOOLEAN.
+  std::vector<bool> BooleansOf(std::string_view sql);
 
   struct Finalizer {
     void operator()(sqlite3_stmt* statement) const;
   };
-  using Cache = std::unordered_map<std::string, std::unique_ptr<sqlite3_stmt, Finalizer>, TextHash, std::equal_to<>>;
+  using Cache = std::unordered_map<std::string, Statement, TextHash, std::equal_to<>>;
 
   sqlite3* db_ = nullptr;
   std::string path_;

@@ -3,6 +3,7 @@
 //
 //   merlu_digests --acts N [--seed S] --record FILE [--fold N]   makes a record; folded: digests alone, each N acts
 //   merlu_digests --replay FILE [--chapter C] [--most N]         compares; shows the first difference of N chapters
+//   merlu_digests --replay FILE --list OUT                       goes on behind a difference, and lists them all
 //   merlu_digests --replay FILE --record OUT [--fold N]          plays the same acts and records them anew
 //
 // A folded record tells the acts that differ, not how: a whole record of the same acts by the program as it was
@@ -13,6 +14,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <fstream>
 #include <functional>
 #include <memory>
 
@@ -29,7 +31,7 @@ constexpr std::size_t kShown = 12;  // items of a difference
 struct Options {
   long acts = 0;
   std::uint32_t seed = 1;
-  std::string record, replay, files;
+  std::string record, replay, files, list;
   int fold = 0;
   int chapter = -1;
   int most = 5;
@@ -149,8 +151,9 @@ int MakeRecord(const Options& options) {
 
 class Comparer : public Teller {
  public:
-  Comparer(const Record& record, const RecordedChapter& chapter)
-      : record_(record), chapter_(chapter), digester_(&record.controls) {}
+  // With a list, it gets every item that begins to differ, or differs otherwise, in a line, and the chapter goes on.
+  Comparer(const Record& record, const RecordedChapter& chapter, std::ostream* list)
+      : record_(record), chapter_(chapter), digester_(&record.controls), list_(list) {}
 
   std::optional<std::string> Next(Session&) override {
     if (at_ == chapter_.acts.size()) return std::nullopt;
@@ -166,7 +169,7 @@ class Comparer : public Teller {
       CompareItems(act, reply);
     }
     if (difference_.empty() && act.has_digests) CompareDigests(act);
-    return difference_.empty();
+    return difference_.empty() || list_ != nullptr;
   }
 
   void Failed(const std::string& what) {
@@ -191,7 +194,8 @@ class Comparer : public Teller {
   }
 
   void CompareItems(const RecordedAct& act, const std::string& reply) {
-    if (reply != act.reply) Differ("reply", act.reply, reply);
+    if (reply != act.reply && list_ != nullptr) List("reply", act.reply, reply);
+    if (reply != act.reply && list_ == nullptr) Differ("reply", act.reply, reply);
     std::size_t differing = 0;
     const auto compare = [&](const std::string& name) {
       if (IsControl(name) && !record_.controls.contains(name)) return;
@@ -199,7 +203,13 @@ class Comparer : public Teller {
       const std::string none = "(not there)";
       const std::string& before = old == expected_.end() ? none : old->second;
       const std::string& after = now == now_.end() ? none : now->second;
-      if (before != after && ++differing <= kShown) Differ(name, before, after);
+      if (before == after) {
+        listed_.erase(name);
+      } else if (list_ != nullptr) {
+        if (std::exchange(listed_[name], {before, after}) != std::pair(before, after)) List(name, before, after);
+      } else if (++differing <= kShown) {
+        Differ(name, before, after);
+      }
     };
     std::set<std::string> names;
     for (const auto& [name, text] : expected_) names.insert(name);
@@ -210,6 +220,13 @@ class Comparer : public Teller {
 
   void Differ(const std::string& name, const std::string& before, const std::string& after) {
     difference_ += "  " + name + "\n    was " + Escaped(before) + "\n    is  " + Escaped(after) + "\n";
+  }
+
+  // Chapter, act and its number, item, what it was, what it is.
+  void List(const std::string& name, const std::string& before, const std::string& after) {
+    difference_ = "listed";
+    *list_ << chapter_.number << '\t' << at_ << '\t' << chapter_.acts[at_ - 1].act << '\t' << name << '\t'
+           << Escaped(before) << '\t' << Escaped(after) << '\n';
   }
 
   void CompareDigests(const RecordedAct& act) {
@@ -224,15 +241,18 @@ class Comparer : public Teller {
   Items expected_, now_;
   std::size_t at_ = 0;
   std::string difference_;
+  std::ostream* list_;
+  std::map<std::string, std::pair<std::string, std::string>> listed_;  // what differs at present, as it was listed
 };
 
 int Replay(const Options& options) {
   const Record record = ReadRecord(options.replay);
   int played = 0, differing = 0;
   long acts = 0;
+  std::ofstream list(options.list, std::ios::binary);
   for (const RecordedChapter& chapter : record.chapters) {
     if (options.chapter >= 0 && chapter.number != options.chapter) continue;
-    Comparer comparer(record, chapter);
+    Comparer comparer(record, chapter, options.list.empty() ? nullptr : &list);
     try {
       PlayChapter(record.seed, chapter.number, options.files, comparer);
     } catch (const std::exception& failure) {
@@ -240,7 +260,8 @@ int Replay(const Options& options) {
     }
     ++played;
     acts += static_cast<long>(chapter.acts.size());
-    if (comparer.Differs() && ++differing <= options.most) std::printf("%s\n", comparer.Told().c_str());
+    if (comparer.Differs() && ++differing <= options.most && options.list.empty())
+      std::printf("%s\n", comparer.Told().c_str());
   }
   std::printf("%ld acts in %d chapters: %s\n", acts, played,
               differing == 0 ? "nothing differs" : (std::to_string(differing) + " chapters differ").c_str());
@@ -262,6 +283,8 @@ bool ReadOptions(int count, char** words, Options& options) {
       options.replay = fs::absolute(value).string();
     else if (option == "--files")
       options.files = fs::absolute(value).string();
+    else if (option == "--list")
+      options.list = fs::absolute(value).string();
     else if (option == "--fold")
       options.fold = number;
     else if (option == "--chapter")
@@ -284,6 +307,7 @@ int main(int count, char** words) {
     std::fputs(
         "usage: merlu_digests --acts N [--seed S] --record FILE [--fold N]\n"
         "       merlu_digests --replay FILE [--chapter C] [--most N]\n"
+        "       merlu_digests --replay FILE --list OUT\n"
         "       merlu_digests --replay FILE --record OUT [--fold N]\n"
         "each also with [--files FOLDER]\n",
         stderr);

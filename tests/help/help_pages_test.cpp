@@ -85,7 +85,7 @@ TEST_P(Help, shows_every_caption_choice_and_rule_in_the_file_beside_the_program)
     for (const Item& item : field.items) EXPECT_TRUE(Holds(text, item.text)) << field.control << " " << item.text;
   }
   for (const Rule& rule : page.rules) {
-    const std::string when = ConditionText(page.fields, rule.when.words, {"“", "”", true});
+    const std::string when = ConditionText(page.fields, rule.When(), {"“", "”", true});
     const std::string line = "Rule: " + DemandText(rule.check) + (when.empty() ? "" : " while " + when) + ".\n";
     EXPECT_TRUE(Holds(text, line)) << rule.field << ": " << line;
   }

@@ -255,7 +255,7 @@ TEST(Conditions, are_tested_and_told_from_the_same_data) {
             false},
            {Condition(), "", true},
        }) {
-    EXPECT_EQ(c.condition.words, c.words);
+    EXPECT_EQ(c.condition.Words(), c.words);
     EXPECT_EQ(c.condition.holds(view), c.holds) << c.words;
   }
 }

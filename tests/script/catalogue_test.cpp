@@ -19,12 +19,14 @@ Json RuleOf(const std::string& type, const std::string& group, int order) {
 
 TEST(CatalogueOfRules, tells_the_conditions_that_a_check_tests_by_itself) {
   const std::map<std::string, std::string> of_checks = {
-      {"NotOver txtNGE_MaxHP", "the field and txtNGE_MaxHP are filled"},
+      {"NotOver txtNGE_MaxHP", "the field is filled and txtNGE_MaxHP is filled"},
       {"WithinStructureTotal", "the structure's month is found"},
-      {"EmptyUnlessNumeric", "the field's text is not numeric"},
+      {"EmptyUnlessNumeric", "the field holds no number"},
       {"DieselNotOver txtNGT_MaxHP_Diesel", "the field is filled"},
       {"GreaterThanZero", "is filled and over 0"},
-      {"ZeroHours", "the field is filled and in its range"}};
+      {"ZeroHours",
+       "the field is filled and the field is within 0 to 744 and chkAMI_Status is off and "
+       "txtAMI_TotalGasThru is filled and over 0"}};
   const Json catalogue = Catalogue();
   std::set<std::string> met;
   for (const Json& sheet : catalogue["sheets"])

@@ -45,6 +45,13 @@ class KeptValue : public testing::TestWithParam<Kept> {
   TestRun run;
 };
 
+TEST_P(KeptValue, that_is_an_empty_text_is_blank_and_is_stored_as_Null) {
+  Show(std::string());
+  EXPECT_EQ(run.Text(GetParam().control), "");
+  run.Keep({{GetParam().other, "5"}});
+  EXPECT_EQ(Stored(), Value(Null{}));
+}
+
 TEST_P(KeptValue, shows_as_it_is_stored_and_outlasts_a_save_of_something_else) {
   const Kept& kept = GetParam();
   const Value brought = std::string("as they call it, 12");

@@ -21,7 +21,7 @@ TEST(Wording, calls_a_field_by_its_caption_or_its_name_in_findings) {
 }
 
 TEST(Wording, speaks_of_conditions_by_captions) {
-  const std::string words = Reads("cmbX_Fuel", {"Oil", "Gas"}).words;
+  const std::string words = Reads("cmbX_Fuel", {"Oil", "Gas"}).Words();
   EXPECT_EQ(ConditionText(kFields, words, {"*", "*"}), "* Fuel Type: * reads \"Oil\" or \"Gas\"");
   EXPECT_EQ(ConditionText(kFields, words, {"“", "”", true}), "“Fuel Type” reads “Oil” or “Gas”");
 }

@@ -63,9 +63,9 @@ TEST_F(Structures, have_no_current_row_once_it_was_left) {
 }
 
 TEST_F(Structures, count_to_zero_exactly_when_there_are_none) {
-  EXPECT_NE(at->RecordCount(), 0);
+  EXPECT_FALSE(at->IsEmpty());
   db.Execute("DELETE FROM PD_PLATFORM_DESC");
-  EXPECT_EQ(at->RecordCount(), 0);
+  EXPECT_TRUE(at->IsEmpty());
 }
 
 TEST_F(Structures, are_neither_before_nor_behind_anything_when_there_are_none) {
@@ -191,7 +191,7 @@ TEST_F(Structures, get_a_row_without_any_value) {
   Cursor config(db, "SYS_CONFIG");
   config.AddNew();
   config.Update();
-  EXPECT_EQ(config.RecordCount(), 1);
+  EXPECT_FALSE(config.IsEmpty());
   EXPECT_TRUE(IsNull(config.Field("sys_yr")));
 }
 
