@@ -146,7 +146,7 @@ void ShowYesNo(Form& form, const FieldSpec& spec, const Value& value) {
   if (spec.kind == Kind::kOption)
     form.At(spec.control).checked = ToNumber(value) != 0;
   else if (Fits(spec, value))
-    SelectItem(form, spec.control, IsNull(value) ? -1 : ToNumber(value) != 0 ? 0 : 1);
+    SelectItem(form, spec.control, NullToEmpty(value).empty() ? -1 : ToNumber(value) != 0 ? 0 : 1);
   else
     ShowUnlisted(form.At(spec.control), value);
 }

@@ -52,7 +52,8 @@ TEST_F(SeventeenthType, is_in_every_list_of_types) {
 
 TEST_F(SeventeenthType, is_added_typed_and_checked_like_the_others) {
   run.GoTo("COM", "C1", Mode::kDesc);
-  EXPECT_EQ(run.s.tree.Find(run.Key("COM", "C1"))->text, "Compressor: C1");
+  const int node = run.s.tree.Find(run.Key("COM", "C1"));
+  EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(node)].text, "Compressor: C1");
   run.Keep({{"txtCOM_Model", "C-100"}});
   EXPECT_EQ(run.Sql("SELECT MODEL FROM ED_COM"), Value(std::string("C-100")));
   run.GoTo("COM", "C1", Mode::kActv);
@@ -72,13 +73,13 @@ TEST_F(SeventeenthType, is_judged_from_its_rows) {
       if (record.sheet == nullptr) return;
       for (const JudgedFinding& finding : StandingFindings(*record.verdicts)) judged.emplace_back(finding.tag);
     });
-  EXPECT_EQ(judged, (Texts{"Model No.", "Hours Operated"}));
+  EXPECT_EQ(judged, (Texts{"Model No.", "Hours Operated", "Hours Operated"}));
 }
 
 TEST_F(SeventeenthType, goes_with_its_structure) {
   run.ChangeTo(Mode::kDesc);
   run.Select(run.Key());
-  run.answers = {Answer::kOk};
+  run.answers = {Button::kOK};
   run.Click("mnuEDelete");
   EXPECT_EQ(run.Sql("SELECT (SELECT COUNT(*) FROM ED_COM)+(SELECT COUNT(*) FROM EA_COM)"), Value(std::int64_t{0}));
 }
