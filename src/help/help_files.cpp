@@ -58,7 +58,9 @@ Document PageFrom(const HelpPage& page, const std::string& folder) {
 
 const std::vector<HelpDocumentFile>& HelpDocumentFiles() {
   static const std::vector<HelpDocumentFile> files = {
-      {{"guide.md", "month.md", "hand-in.md", "moving-structures.md", "trouble.md", "keys.md"}, "User guide.html", "MERLU-2017: user guide"},
+      {{"guide.md", "month.md", "hand-in.md", "moving-structures.md", "trouble.md", "keys.md"},
+       "User guide.html",
+       "MERLU-2017: user guide"},
       {{"rules.md"}, "Quality rules.html", "MERLU-2017: quality rules"},
       {{"scripting.md"}, "Scripting.html", "MERLU-2017: scripting"},
   };
