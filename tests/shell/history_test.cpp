@@ -202,6 +202,22 @@ TEST_F(OnScreen, the_values_of_a_large_step_are_made_as_they_are_asked_for) {
   run.Click("mnuRHistory");
 }
 
+TEST_F(OnScreen, a_name_of_any_length_stands_short_in_every_row_of_the_history) {
+  run.StartWith("FLA", "F1");
+  Raw(run.s.path, {"UPDATE PD_PLATFORM_DESC SET Name=hex(zeroblob(500000)),Area=hex(zeroblob(500000))"});
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "100"}});
+  run.dialogs.push_back([&](Form& form) {
+    const Control& values = form.At("lvwHIS_Values");  // of the newest step, which is picked
+    ASSERT_GT(values.model->RowCount(), 0);
+    for (int row = 0; row < values.model->RowCount(); ++row) {
+      EXPECT_LT(Cell(values, row, 0).size(), 400U);
+      EXPECT_NE(Cell(values, row, 0).find("Combustion Flare: F1"), std::string::npos);
+    }
+  });
+  run.Click("mnuRHistory");
+}
+
 TEST_F(OnScreen, what_was_typed_is_offered_beside_what_another_program_has_stored_since) {
   run.StartWith("FLA", "F1");
   run.GoTo("FLA", "F1", Mode::kActv);
