@@ -210,8 +210,11 @@ TEST_F(FileTrouble, AWorkingFileOnAFullDiskKeepsWhatWasSavedAndTheEdit) {
   Edit();
   const std::string filler = run.folder.path("small/filler");
   std::ofstream(filler) << std::string(1024 * 1024, '.');
+  run.answers = {Button::kYes};
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(run.TakeBoxes(), Texts{"3026 There is not enough room on the disk for the database."});
+  EXPECT_EQ(run.TakeBoxes(),
+            (Texts{"No backup could be made: There is not enough room on the disk for the database.",
+                   "Go on without a backup?", "3026 There is not enough room on the disk for the database."}));
   EXPECT_TRUE(run.s.editing);
   EXPECT_EQ(run.Text("txtFLA_ConcH2S"), "41");
   fs::remove(filler);
