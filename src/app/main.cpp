@@ -52,7 +52,8 @@ int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for what is painted, and never a display
     application = std::make_unique<QGuiApplication>(argc, argv);
   };
-  Console console{std::cout, std::cerr, isatty(STDERR_FILENO) != 0, need_fonts};
+  const bool progress = isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0;
+  Console console{std::cout, std::cerr, progress, need_fonts};
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 

@@ -85,6 +85,23 @@ class Row {
   std::condition_variable come_;
 };
 
+// "12 of 400 files" for who looks on, gone before anything else is written there.
+class FilesDone {
+ public:
+  FilesDone(Console& console, std::size_t files) : console_(console), files_(files) {}
+  void Show() {
+    if (!console_.progress || files_ < 2) return;
+    console_.err << "\r" << ++done_ << " of " << files_ << " files" << std::flush;
+  }
+  void Clear() {
+    if (console_.progress && done_ > 0) console_.err << "\r\x1B[K" << std::flush;
+  }
+
+ private:
+  Console& console_;
+  std::size_t files_, done_ = 0;
+};
+
 }  // namespace
 
 Status CheckFiles(const Request& request, Console& console) {
@@ -94,7 +111,8 @@ Status CheckFiles(const Request& request, Console& console) {
   const std::string format = request.Text("--format");
   Status status = Status::kWell;
   WriteFindingsHead(console, format);
-  const auto each = [&](const std::string& path, const Judged& judged) {
+  FilesDone files(console, request.words.size());
+  const auto tell = [&](const std::string& path, const Judged& judged) {
     if (!judged.file) {
       Complain(console, "check", path, judged.fault);
       status = Worse(status, Status::kFile);
@@ -107,11 +125,17 @@ Status CheckFiles(const Request& request, Console& console) {
     if (file.lacks_month || file.open > 0 || file.stale > 0) status = Worse(status, Status::kSomething);
     if (!file.not_judged.empty()) status = Worse(status, Status::kFile);
   };
+  const auto each = [&](const std::string& path, const Judged& judged) {
+    files.Clear();
+    tell(path, judged);
+    files.Show();
+  };
   // a few files are shared out record by record, many as wholes
   if (static_cast<int>(request.words.size()) >= jobs)
     Row(request.words, scope).Run(jobs, each);
   else
     for (const std::string& path : request.words) each(path, JudgeFile(path, scope, jobs));
+  files.Clear();
   return status;
 }
 

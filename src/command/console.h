@@ -18,7 +18,7 @@ inline Status Worse(Status one, Status other) {
 struct Console {
   std::ostream& out;                   // what was asked for
   std::ostream& err;                   // what concerns the run
-  bool progress = false;               // somebody looks at err
+  bool progress = false;               // somebody looks at err, and at nothing else meanwhile
   std::function<void()> need_fonts{};  // called before the first page is painted
 };
 

@@ -24,6 +24,7 @@ Sheet SheetOf(const CheckedFile& file) {
   Sheet sheet;
   sheet.name = "Findings";
   sheet.frozen_rows = 1;
+  sheet.filters = true;
   sheet.widths = {44, 28, 14, 16, 60, 40, 10};
   SheetRow head;
   for (const char* text : {"Place", "Field", "Value", "Expected", "Error Description", "Operator Comment", "State"})

@@ -41,13 +41,14 @@ void Store(QuietSession& session, MonthGrid& grid) {
 Status ReadWorkbook(const Request& request, Console& console) {
   const std::string& file = request.words.front();
   const bool dry = request.Has("--dry-run");
+  const std::vector<ReadSheet> sheets = ReadMonthBook(request.Text("--from"));
   QuietSession session;
   if (dry)
     session.OpenCopy(file);
   else
     session.OpenFile(file);
   MonthGrid grid(session.s);
-  const std::vector<BookChange> changes = PlanMonthBook(session.s, ReadMonthBook(request.Text("--from")), grid);
+  const std::vector<BookChange> changes = PlanMonthBook(session.s, sheets, grid);
   if (!dry) Store(session, grid);
   WritePlan(changes, console);
   const bool refused = std::any_of(changes.begin(), changes.end(), [](const BookChange& c) { return c.IsRefused(); });

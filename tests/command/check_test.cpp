@@ -189,5 +189,14 @@ TEST_F(Check, answers_0_when_all_is_explained) {
   EXPECT_EQ(out, run.s.path + ": 0 records, 0 findings, 0 open, 0 explained, 0 stale\n");
 }
 
+TEST_F(Check, shows_how_far_it_is_where_somebody_looks) {
+  std::ostringstream out_stream, err_stream;
+  Console console{out_stream, err_stream, true};
+  RunCommand(*FindCommand("check"), {run.s.path, run.s.path}, console);
+  EXPECT_EQ(err_stream.str(), "\r1 of 2 files\r\x1B[K\r2 of 2 files\r\x1B[K");
+  Play({run.s.path, run.s.path});
+  EXPECT_EQ(err, "");
+}
+
 }  // namespace
 }  // namespace merlu::test
