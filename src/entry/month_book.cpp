@@ -128,9 +128,14 @@ class Planner {
                      type.empty() ? "" : type + Trim(record.equipment));
   }
 
+  // As the workbook calls it.
+  static const std::string& FieldOf(const ReadField& field) {
+    return field.caption.empty() ? field.name : field.caption;
+  }
+
   void Refuse(const ReadSheet& sheet, const ReadRecord& record, const std::string& why) {
     for (const ReadField& field : record.fields)
-      changes.push_back({PlaceOf(sheet, record), field.name, field.name, "", field.text, why});
+      changes.push_back({PlaceOf(sheet, record), FieldOf(field), field.name, "", field.text, why});
   }
 
   void PlanRecord(const ReadSheet& sheet, int row, const ReadRecord& record) {
@@ -139,7 +144,7 @@ class Planner {
     const std::size_t first = changes.size();
     std::vector<int> columns;
     for (const ReadField& field : record.fields) {
-      BookChange change{place, field.name, field.name, "", field.text, ""};
+      BookChange change{place, FieldOf(field), field.name, "", field.text, ""};
       int column = grid_.FindColumn(field.name);
       if (column < grid_.FixedColumns() || std::find(columns.begin(), columns.end(), column) != columns.end()) {
         change.what = "outside the grid";

@@ -286,7 +286,8 @@ ReadSheet ReadOne(const ForeignSheet& sheet) {
     const auto name = names.find(cell.column);
     if (name == names.end()) continue;
     if (cell.kind != ForeignCell::Kind::kFormula && Trim(cell.text).empty()) continue;
-    read.records.back().fields.push_back({name->second, cell.text, cell.kind, merged.Holds(cell.row, cell.column)});
+    read.records.back().fields.push_back(
+        {name->second, cell.text, cell.kind, merged.Holds(cell.row, cell.column), sheet.Text(kCaptions, cell.column)});
   }
   return read;
 }

@@ -48,6 +48,7 @@ struct ReadField {
   std::string text;
   ForeignCell::Kind kind = ForeignCell::Kind::kText;
   bool merged = false;  // it stands in cells that are drawn as one with others
+  std::string caption{};
 };
 struct ReadRecord {
   std::string key, structure, equipment;

@@ -9,6 +9,7 @@
 #include "session/folders.h"
 #include "session/messages.h"
 #include "shell/dialog_form.h"
+#include "shell/proposed_name.h"
 #include "shell/routing.h"
 
 namespace merlu {
@@ -51,6 +52,7 @@ bool Apply(Session& s, MonthGrid& grid) {
   if (!saved.refused.empty()) Tell(s, saved.refused, Icon::kWarning);
   if (!done || saved.records == 0) return false;
   s.message = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
+  for (const std::string& told : saved.told) s.message += ". " + told;
   return true;
 }
 
@@ -84,8 +86,14 @@ void MakeWorkbookOfMonth(Session& s) {
   if (s.editing || !s.InActv()) return;
   const int month = s.current.Month > 0 ? s.current.Month : s.last_month;
   if (month < 1) return Tell(s, "There is no month yet.");
-  const std::string path = s.platform.AskFile(
-      {FileQuestion::Kind::kSave, "Make Month Workbook", "Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"});
+  const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
+                                               "Make Month Workbook",
+                                               "Excel Workbook (*.xlsx)",
+                                               "*.xlsx",
+                                               ".xlsx",
+                                               {},
+                                               true,
+                                               ProposedName(s, month, "Workbook")});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
