@@ -5,7 +5,6 @@
 #include "base/text.h"
 #include "entry/month_record.h"
 #include "entry/shown_findings.h"
-#include "qc/qc_log.h"
 #include "session/act.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
@@ -13,6 +12,7 @@
 #include "sheets/units.h"
 #include "shell/edit_cycle.h"
 #include "shell/routing.h"
+#include "shell/status.h"
 #include "shell/strip_dock.h"
 
 namespace merlu {
@@ -65,7 +65,8 @@ void SaveAndGo(Session& s, int step) {
   const std::string name = NameOfRecord(s);
   const std::vector<std::string> told = SaveExitWithoutBox(s);
   if (s.save_failed) return;
-  std::string saved = name + " saved, " + Count(CountQCErrors(s, s.current), "finding");
+  UpdateStatus(s);  // by what is stored: a text that was no number has become a blank
+  std::string saved = name + " saved, " + Count(s.findings, "finding");
   for (const std::string& text : told) saved += ". " + text;
   const int next = NextRecord(s, s.tree.selected, step);
   if (next < 0) {

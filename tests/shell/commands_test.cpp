@@ -102,6 +102,17 @@ TEST_F(AtTheDesk, knows_whether_a_description_was_checked_since_its_last_save) {
   EXPECT_TRUE(run.s.checked) << "the save has run the rules";
 }
 
+TEST_F(AtTheDesk, says_behind_a_save_what_is_found_in_the_values_as_they_are_stored) {
+  run.Select(run.Key("FLA", "F1", 1));
+  run.Click("cmdEdit");
+  run.Put({{"txtFLA_HrsOperated", "12"}, {"txtFLA_VolFlared", "about 250"}});
+  run.Click("mnuNNext");
+  EXPECT_TRUE(run.TakeBoxes().empty());
+  EXPECT_EQ(run.s.message, "Flare F1 saved, 1 finding") << "the volume is stored as a blank";
+  EXPECT_EQ(run.s.current.EquipID, "F2");
+  EXPECT_TRUE(run.s.editing);
+}
+
 TEST_F(AtTheDesk, says_what_became_of_the_edit) {
   run.Select(run.Key("FLA", "F1", 1));
   run.Click("cmdEdit");
