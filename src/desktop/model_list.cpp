@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -18,7 +19,8 @@ namespace {
 constexpr const char* kWidthsSection = "Columns";
 constexpr std::size_t kLongestLine = 300, kLongestTip = 3000;  // characters
 constexpr int kAboveAndBelow = 3, kBetweenColumns = 16;
-constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320, kFewRows = 20, kWidestOfFew = 460;
+constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320, kFewRows = 20, kWidestOfFew = 460,
+              kWidestInDialog = 940;
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -199,6 +201,11 @@ void ModelList::FitColumns() {
   }
   resizeColumnToContents(adapter_->columnCount() - 1);  // it takes what is left, and no more than it needs
   fitting_ = false;
+  // a dialog's short list shows the whole of its last column too
+  const int last = adapter_->columnCount() - 1;
+  if (adapter_->rowCount() > kFewRows || qobject_cast<QDialog*>(window()) == nullptr) return;
+  const int wanted = header()->length() - columnWidth(last) + sizeHintForColumn(last) + kBetweenColumns;
+  setMinimumWidth(std::clamp(wanted, minimumWidth(), std::max(minimumWidth(), kWidestInDialog)));
 }
 
 void ModelList::KeepWidths() {

@@ -4,10 +4,10 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -48,9 +48,16 @@ class Contexts {
 
  private:
   using MonthKey = std::pair<std::int64_t, int>;  // the structure; year and month
-  std::map<std::int64_t, StructureFacts> structures_;
-  std::map<MonthKey, StructureMonth> months_;
-  std::map<MonthKey, Context> contexts_;
+  struct MonthHash {
+    std::size_t operator()(const MonthKey& key) const {
+      constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15U;
+      return static_cast<std::size_t>((static_cast<std::uint64_t>(key.first) * kSpread) ^
+                                      static_cast<std::uint64_t>(key.second));
+    }
+  };
+  std::unordered_map<std::int64_t, StructureFacts> structures_;
+  std::unordered_map<MonthKey, StructureMonth, MonthHash> months_;
+  std::unordered_map<MonthKey, Context, MonthHash> contexts_;
   std::shared_ptr<const Fault> fault_;
 };
 

@@ -73,14 +73,36 @@ const std::string* LogTexts::Of(std::string_view text) {
   return found != texts_.end() ? &*found : &*texts_.emplace(text).first;
 }
 
+void KnownComments::ReadAll() {
+  if (read_) return;
+  read_ = true;
+  for (auto& [name, comment] : AllComments(companion_)) all_.insert_or_assign(name, std::move(comment));
+}
+
+bool KnownComments::IsEmpty() {
+  if (!many_) return companion_.db() == nullptr;
+  ReadAll();
+  return all_.empty();
+}
+
 std::optional<KnownComment> KnownComments::Of(const std::string& finding) {
   if (!many_) return CommentOf(companion_, finding);
-  if (!read_) {
-    for (auto& [name, comment] : AllComments(companion_)) all_.insert_or_assign(name, std::move(comment));
-    read_ = true;
-  }
+  ReadAll();
   const auto found = all_.find(finding);
   return found == all_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void LoggedRows::Arrange() {
+  by_place_.reserve(rows_.size());
+  for (std::uint32_t i = 0; i < rows_.size(); ++i) by_place_.emplace_back(rows_[i].place, i);
+  std::sort(by_place_.begin(), by_place_.end());
+}
+
+void LoggedRows::Of(std::int64_t place, std::vector<LogRow*>& to) {
+  to.clear();
+  auto at = std::lower_bound(by_place_.begin(), by_place_.end(), std::pair(place, std::uint32_t{0}));
+  for (; at != by_place_.end() && at->first == place; ++at)
+    if (!rows_[at->second].taken) to.push_back(&rows_[at->second]);
 }
 
 void ReviewKeeper::Clear() {
@@ -93,6 +115,7 @@ void ReviewKeeper::ReadNames(Database& db) {
   std::vector<ReviewedStructure> structures;
   structure_of_key_.clear();
   structure_of_name_.clear();
+  last_structure_ = {};
   db.ForEach(
       "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name FROM PD_PLATFORM_DESC ORDER BY "
       "PD_ID_AK",
@@ -130,17 +153,27 @@ std::int64_t ReviewKeeper::PlaceKey(int structure, int piece, int month) {
   return of + (month & ((1 << kMonthBits) - 1));
 }
 
+// Mostly the one that was asked for last.
+int ReviewKeeper::StructureNamed(std::string_view user, std::string_view complex, std::string_view structure) const {
+  LastStructure& last = last_structure_;
+  if (last.known && last.user == user && last.complex == complex && last.structure == structure) return last.index;
+  const auto found = structure_of_name_.find(StructureName(user, complex, structure));
+  last = {std::string(user), std::string(complex), std::string(structure),
+          found == structure_of_name_.end() ? -1 : found->second, true};
+  return last.index;
+}
+
 ReviewKeeper::Named ReviewKeeper::NameOf(std::string_view level, std::string_view user, int month,
                                          std::string_view complex, std::string_view structure, std::string_view type,
                                          std::string_view id) const {
   const bool equipment = EqualsIgnoringCase(level, level::kEquipment);
   if (!equipment && !EqualsIgnoringCase(level, level::kStructure)) return {};
-  const auto at = structure_of_name_.find(StructureName(user, complex, structure));
-  if (at == structure_of_name_.end()) return {};
-  if (!equipment) return {PlaceKey(at->second, -1, month), at->second};
-  const auto piece = piece_of_name_.find(PieceName(at->second, type, id));
-  if (piece == piece_of_name_.end()) return {-1, at->second};
-  return {PlaceKey(at->second, piece->second, month), at->second};
+  const int at = StructureNamed(user, complex, structure);
+  if (at < 0) return {};
+  if (!equipment) return {PlaceKey(at, -1, month), at};
+  const auto piece = piece_of_name_.find(PieceName(at, type, id));
+  if (piece == piece_of_name_.end()) return {-1, at};
+  return {PlaceKey(at, piece->second, month), at};
 }
 
 int ReviewKeeper::Find(RecordKind kind, std::int64_t key) const {
@@ -161,9 +194,10 @@ LogRow ReviewKeeper::RowOfLog(const RowView& row, std::int64_t place) {
   return {place, row.Integer(0), texts_.Of(row.Text(1)), texts_.Of(row.Text(2)), std::string(row.Text(3)), false};
 }
 
-// Of all structures, or of those, with the rows that have no record; by their places.
-std::vector<LogRow> ReviewKeeper::ReadLog(Database& db, const std::set<int>* structures) {
-  std::vector<LogRow> log;
+// Of all structures, or of those, with the rows that have no record. Rows of one place mostly stand together, and so do
+// those of one structure.
+LoggedRows ReviewKeeper::ReadLog(Database& db, const std::set<int>* structures) {
+  LoggedRows log;
   std::array<std::string, kLocationColumns> last;
   Named named;
   bool first = true;
@@ -181,9 +215,9 @@ std::vector<LogRow> ReviewKeeper::ReadLog(Database& db, const std::set<int>* str
     }
     const bool wanted =
         structures == nullptr || structures->contains(named.structure) || !record_at_.contains(named.place);
-    if (wanted) log.push_back(RowOfLog(row, named.place));
+    if (wanted) log.Add(RowOfLog(row, named.place));
   });
-  std::stable_sort(log.begin(), log.end(), [](const LogRow& a, const LogRow& b) { return a.place < b.place; });
+  log.Arrange();
   return log;
 }
 
@@ -205,9 +239,12 @@ const Said& ReviewKeeper::Saying(const RuleSet* rules, std::string_view tag, std
   return said;
 }
 
-void ReviewKeeper::Explain(ReviewedFinding& finding, const QCLocation& at, KnownComments& known) {
+template <typename WhereOf>
+void ReviewKeeper::Explain(ReviewedFinding& finding, KnownComments& known, WhereOf where) {
   if (Trim(finding.comment).empty()) return;
-  const auto upon = known.Of(CommentKey(at, finding.said->tag, finding.said->text));
+  finding.state = FindingState::kExplained;
+  if (known.IsEmpty()) return;
+  const auto upon = known.Of(CommentKey(where(), finding.said->tag, finding.said->text));
   const bool stale = upon && upon->comment == finding.comment && !IsSameValue(upon->value, finding.value);
   finding.state = stale ? FindingState::kStale : FindingState::kExplained;
 }
@@ -231,7 +268,7 @@ ReviewedFinding ReviewKeeper::Raised(const JudgedRecord& judged, const JudgedFin
   made.row = best->row;
   if (*best->text != finding.text) return made;
   made.comment = best->comment;
-  Explain(made, LocationOf(review_, record), known);
+  Explain(made, known, [&] { return LocationOf(review_, record); });
   return made;
 }
 
@@ -247,7 +284,7 @@ ReviewedFinding ReviewKeeper::Kept(const JudgedRecord& judged, LogRow& row, cons
   if (field < fields.size()) made.value = judged.stored->Text(field);
   made.row = row.row;
   made.comment = row.comment;
-  Explain(made, LocationOf(review_, record), known);
+  Explain(made, known, [&] { return LocationOf(review_, record); });
   return made;
 }
 
@@ -263,9 +300,12 @@ ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, Mode mode, const
   record.structure_inactive = judged.structure_inactive;
   record.has_values = judged.has_values;
   record.checked = judged.checked;
+  std::vector<JudgedFinding> standing;
   if (mode == Mode::kDesc || (judged.has_values && !record.ReportsNothing()))
-    for (const JudgedFinding& finding : StandingFindings(*judged.verdicts))
-      record.findings.push_back(Raised(judged, finding, logged, record, known));
+    standing = StandingFindings(*judged.verdicts);
+  record.findings.reserve(std::max(standing.size(), logged.size()));
+  for (const JudgedFinding& finding : standing)
+    record.findings.push_back(Raised(judged, finding, logged, record, known));
   for (LogRow* row : logged)
     if (!row->taken) record.findings.push_back(Kept(judged, *row, record, known));
   std::stable_sort(record.findings.begin(), record.findings.end(),
@@ -277,7 +317,7 @@ ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, Mode mode, const
   return record;
 }
 
-void ReviewKeeper::Judge(Database& db, const RecordScope& scope, std::vector<LogRow>& log, KnownComments& known,
+void ReviewKeeper::Judge(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
                          std::vector<ReviewedRecord>& to) {
   Logged logged;
   JudgeAll(db, scope, [&](const JudgedRecord& judged) {
@@ -285,11 +325,7 @@ void ReviewKeeper::Judge(Database& db, const RecordScope& scope, std::vector<Log
     if (judged.structure == nullptr || structure == structure_of_key_.end()) return;
     const int piece = judged.sheet == nullptr ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK);
     const std::int64_t place = PlaceKey(structure->second, piece, judged.month);
-    logged.clear();
-    const auto first = std::lower_bound(log.begin(), log.end(), place,
-                                        [](const LogRow& row, std::int64_t wanted) { return row.place < wanted; });
-    for (auto row = first; row != log.end() && row->place == place; ++row)
-      if (!row->taken) logged.push_back(&*row);
+    log.Of(place, logged);
     to.push_back(Judged(judged, scope.mode, logged, known));
   });
 }
@@ -317,7 +353,7 @@ ReviewedRecord ReviewKeeper::Gone(Database& db, const LogRow& row, KnownComments
   finding.said = &Saying(nullptr, *row.tag, *row.text, {}, 0);
   finding.row = row.row;
   finding.comment = row.comment;
-  Explain(finding, at, known);
+  Explain(finding, known, [&at]() -> const QCLocation& { return at; });
   (finding.state == FindingState::kOpen ? record.open : record.explained) = 1;
   record.findings.push_back(std::move(finding));
   record.gone = std::make_shared<const QCLocation>(std::move(at));
@@ -357,11 +393,13 @@ void ReviewKeeper::Arrange() {
 void ReviewKeeper::Build(Database& db, const Companion& companion) {
   Clear();
   ReadNames(db);
-  std::vector<LogRow> log = ReadLog(db, nullptr);
+  LoggedRows log = ReadLog(db, nullptr);
   KnownComments known(companion, true);
   std::vector<ReviewedRecord> records;
+  constexpr std::size_t kRecordsOfOne = 13;  // a description and a year of months
+  records.reserve((review_.structures.size() + review_.pieces.size()) * kRecordsOfOne);
   for (const Mode mode : {Mode::kDesc, Mode::kActv}) Judge(db, {.mode = mode}, log, known, records);
-  for (const LogRow& row : log)
+  for (const LogRow& row : log.rows())
     if (!row.taken) records.push_back(Gone(db, row, known));
   review_.records = std::move(records);
   Arrange();
@@ -372,13 +410,13 @@ void ReviewKeeper::Replace(Database& db, const Companion& companion, const std::
   std::set<int> wanted;
   for (const std::int64_t key : structures)
     if (const auto found = structure_of_key_.find(key); found != structure_of_key_.end()) wanted.insert(found->second);
-  std::vector<LogRow> log = ReadLog(db, &wanted);
+  LoggedRows log = ReadLog(db, &wanted);
   KnownComments known(companion, false);
   std::vector<ReviewedRecord> records;
   for (const int structure : wanted)
     for (const Mode mode : {Mode::kDesc, Mode::kActv})
       Judge(db, {.mode = mode, .PD_ID_AK = review_.structures[At(structure)].PD_ID_AK}, log, known, records);
-  for (const LogRow& row : log)
+  for (const LogRow& row : log.rows())
     if (!row.taken) records.push_back(Gone(db, row, known));
   std::erase_if(review_.records, [&](const ReviewedRecord& record) {
     return record.gone != nullptr || wanted.contains(record.structure);

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -38,13 +39,31 @@ struct LogRow {
   bool taken = false;
 };
 
+// The rows of the log by their places.
+class LoggedRows {
+ public:
+  void Add(LogRow row) { rows_.push_back(std::move(row)); }
+  // Once, when all are there.
+  void Arrange();
+  // Those of the place that no finding has taken yet, in the order of the log.
+  void Of(std::int64_t place, std::vector<LogRow*>& to);
+  const std::vector<LogRow>& rows() const { return rows_; }
+
+ private:
+  std::vector<LogRow> rows_;
+  std::vector<std::pair<std::int64_t, std::uint32_t>> by_place_;
+};
+
 // What the companion knows of comments: asked one by one, or all read at once.
 class KnownComments {
  public:
   KnownComments(const Companion& companion, bool many) : companion_(companion), many_(many) {}
+  // Nothing is known at all.
+  bool IsEmpty();
   std::optional<KnownComment> Of(const std::string& finding);
 
  private:
+  void ReadAll();
   const Companion& companion_;
   bool many_, read_ = false;
   std::unordered_map<std::string, KnownComment> all_;
@@ -78,19 +97,28 @@ class ReviewKeeper {
   };
   using Logged = std::vector<LogRow*>;
 
+  struct LastStructure {
+    std::string user, complex, structure;
+    int index = -1;
+    bool known = false;
+  };
+
   void ReadNames(Database& db);
+  int StructureNamed(std::string_view user, std::string_view complex, std::string_view structure) const;
   Named NameOf(std::string_view level, std::string_view user, int month, std::string_view complex,
                std::string_view structure, std::string_view type, std::string_view id) const;
   static std::int64_t PlaceKey(int structure, int piece, int month);
-  std::vector<LogRow> ReadLog(Database& db, const std::set<int>* structures);
+  LoggedRows ReadLog(Database& db, const std::set<int>* structures);
   LogRow RowOfLog(const RowView& row, std::int64_t place);
-  void Judge(Database& db, const RecordScope& scope, std::vector<LogRow>& log, KnownComments& known,
+  void Judge(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
              std::vector<ReviewedRecord>& to);
   ReviewedRecord Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known);
   ReviewedFinding Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
                          const ReviewedRecord& record, KnownComments& known);
   ReviewedFinding Kept(const JudgedRecord& judged, LogRow& row, const ReviewedRecord& record, KnownComments& known);
-  void Explain(ReviewedFinding& finding, const QCLocation& at, KnownComments& known);
+  // `where` gives the record's location.
+  template <typename WhereOf>
+  void Explain(ReviewedFinding& finding, KnownComments& known, WhereOf where);
   ReviewedRecord Gone(Database& db, const LogRow& row, KnownComments& known);
   const Said& Saying(const RuleSet* rules, std::string_view tag, std::string_view text, std::string_view expected,
                      int field);
@@ -103,6 +131,7 @@ class ReviewKeeper {
   std::map<SaidKey, const Said*> said_;
   std::unordered_map<std::int64_t, int> structure_of_key_, piece_of_key_;
   std::unordered_map<std::string, int, TextHash, std::equal_to<>> structure_of_name_, piece_of_name_;
+  mutable LastStructure last_structure_;
   std::unordered_map<std::int64_t, int> record_at_;                 // by place
   std::array<std::unordered_map<std::int64_t, int>, 5> record_of_;  // by kind and key
 };
