@@ -11,7 +11,7 @@
 namespace merlu {
 
 Button Quiet::Ask(const Box& box) {
-  said.push_back(box.text);
+  said.push_back(box.text + (box.detail.empty() ? "" : " " + box.detail));
   return LeastChange(box);
 }
 

@@ -24,9 +24,10 @@ void QuietSession::OpenFile(const std::string& path) {
   s.path = path;
   s.mode = Mode::kActv;
   if (OpenDatabaseAndCursors(s)) return;
-  std::string why;
-  for (const std::string& said : quiet.said) why += (why.empty() ? "" : " ") + OneLine(said);
-  throw Fault(fault_number::kInUse, "MERLU store", why.empty() ? "The inventory could not be opened." : why);
+  // the box says what to press first, and then why
+  std::string why = quiet.said.empty() ? "The inventory could not be opened." : quiet.said.back();
+  if (const auto last = why.rfind("\n\n"); last != std::string::npos) why.erase(0, last + 2);
+  throw Fault(fault_number::kInUse, "MERLU store", OneLine(why));
 }
 
 QuietSession::~QuietSession() {
