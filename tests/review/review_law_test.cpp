@@ -340,8 +340,6 @@ class ReviewLaw : public testing::Test {
     EXPECT_EQ(shown, expected);
     // each row of the log is one finding, or the other row under a finding's tag
     EXPECT_LE(gone, run.Count("QC"));
-    std::size_t open = 0;
-    for (const PlainRecord& record : model.records) open += static_cast<std::size_t>(record.In("open"));
   }
 
   void ExpectMatrix(const PlainModel& model) {
@@ -364,7 +362,6 @@ class ReviewLaw : public testing::Test {
       }
       EXPECT_EQ(grid.Cell(row, 14).text, std::to_string(ready) + " of 12");
     }
-    const std::string first = *structures.begin();
     for (const std::string& text :
          Texts(dock.At("cmbCMP_Show").items.begin() + 1, dock.At("cmbCMP_Show").items.end())) {
       run.Set("cmbCMP_Show", text);
