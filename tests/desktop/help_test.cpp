@@ -69,6 +69,18 @@ TEST_F(HelpWindow, opens_at_the_field_that_has_the_focus_also_while_editing) {
   OnF1([&](QWidget* dialog) { EXPECT_EQ(Top(TextOf(dialog)), "Smoking Condition"); });
 }
 
+TEST_F(HelpWindow, of_a_dock_is_its_own_page_at_the_field_in_hand) {
+  driver_->Command("mnuRFindings");
+  driver_->Widget("cmbFND_State")->setFocus();
+  OnF1([&](QWidget* dialog) {
+    EXPECT_EQ(TextOf(dialog)->document()->firstBlock().text(), "Findings");
+    const QString all = TextOf(dialog)->toPlainText();
+    EXPECT_TRUE(all.contains("All; Open; Explained; Stale.")) << all.toStdString();
+  });
+  driver_->Widget("txtFLA_StackInnerDiam")->setFocus();
+  OnF1([&](QWidget* dialog) { EXPECT_EQ(TextOf(dialog)->document()->firstBlock().text(), "Combustion Flare"); });
+}
+
 TEST_F(HelpWindow, closes_with_escape_and_first_its_bar_when_that_shows) {
   bool bar_first = false, window_then = false;
   OnF1([&](QWidget* dialog) {
