@@ -1,6 +1,7 @@
 #include "doc_pictures.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QTreeWidget>
@@ -183,10 +184,12 @@ class DocPictures {
         driver, "pictures/grid", [&] { driver.Command("mnuNGrid"); },
         [&] {
           auto* grid = driver.Find<QAbstractItemView>("grdGRD");
-          grid->setFocus();
           driver.Click("cmdGRD_Copy");
-          for (const char key : std::string("745")) QTest::keyClick(grid, key);
-          QTest::keyClick(grid, Qt::Key_Return);
+          grid->setFocus();
+          // the first key opens the editor, which takes the others
+          for (const char key : std::string("745")) QTest::keyClick(QApplication::focusWidget(), key);
+          QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+          QTest::keyClick(grid, Qt::Key_Up);
           driver.OnNextBox(QMessageBox::No);
         });
   }
