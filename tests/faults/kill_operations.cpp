@@ -76,16 +76,16 @@ void MakeTwo(const KillFiles& files) {
   Raw(files.other(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='2'||CMPLX_ID_NUM"});
 }
 
-// Of 16 MB, with an older export under the name that the next one is to take.
+// As large as the tree lets it be, with an older export under the name that the next one is to take.
 void MakeLarge(const KillFiles& files) {
-  MakeInventory(TemplatePath(), files.work(), Plan(300, 4500, 12));
+  MakeInventory(TemplatePath(), files.work(), Plan(300, 3300, 12));
   MakeInventory(TemplatePath(), files.target(), Plan(2, 32, 1));
   std::filesystem::copy_file(files.target(), files.older());
 }
 
 void MakeTwoLarge(const KillFiles& files) {
   MakeSmall(files);
-  MakeInventory(TemplatePath(), files.other(), Plan(300, 4500, 5));
+  MakeInventory(TemplatePath(), files.other(), Plan(300, 4800, 5));  // 16 pieces on each, as the check counts
   Raw(files.other(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='2'||CMPLX_ID_NUM"});
 }
 
