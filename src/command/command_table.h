@@ -41,7 +41,7 @@ const CommandSpec* FindCommand(std::string_view name);
 
 // "merlu ready FILE [--month M] [--format text|json] ..."
 std::string Synopsis(const CommandSpec& command);
-// How an option stands in a synopsis and in a list of options: "--format text|json".
+// An option as the synopsis and the list of options print it: "--format text|json".
 std::string OptionText(const CommandOption& option);
 
 }  // namespace merlu

@@ -1,4 +1,4 @@
-// How a record's place stands in what the commands write: "2017/03 · GI, 43, A · Combustion Flare: F1".
+// A record's place as the commands print it: "2017/03 · GI, 43, A · Combustion Flare: F1".
 #pragma once
 
 #include <string>

@@ -64,9 +64,9 @@ class FormBinding : public QObject {
   std::function<void(const std::string& list, int row)> open_row;
   // Enter in a field: it goes on from there; true when it did.
   std::function<bool(QWidget* from)> enter;
-  // Gives the field with the focus the text that it was entered with; false when it has it.
+  // Restores the text that the field with the focus held when it was entered; false when it is unchanged.
   bool TakeBackField();
-  // What stands in it now is what it is given back from here on.
+  // From now on TakeBackField restores the field's present text.
   void KeepField();
   // The open fields, in the order of the sheet.
   std::vector<QWidget*> OpenFields() const;

@@ -13,7 +13,7 @@ namespace merlu {
 // A caption whose unit, in brackets, stays on one line.
 QString WithWholeUnit(const QString& caption);
 
-// A cell that tells a state: a sign stands in front of its text.
+// A cell that shows a state, with a sign in front of its text.
 inline constexpr int kSignWidth = 15;
 bool HasSign(const GridCell& cell);
 

@@ -19,7 +19,7 @@ enum class Compaction {
 // anything but kDone the file is as it was.
 Compaction CompactDatabaseFile(const OwnFiles& own, const std::string& file, std::uint64_t free_bytes);
 
-// What the user is told; empty for kDone.
+// The text of the message box; empty for kDone.
 std::string CompactionMessage(Compaction result);
 
 }  // namespace merlu
