@@ -1,10 +1,9 @@
 // Compressors: a type that the program does not have, as its author would add it.
+#include "extensions.h"
 #include "rules/checks.h"
 #include "sheets/units.h"
 
 namespace merlu {
-
-const SheetSpec& TARNE_COM();
 
 namespace {
 
