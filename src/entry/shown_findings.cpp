@@ -1,7 +1,11 @@
 #include "entry/shown_findings.h"
 
-#include <map>
+#include <algorithm>
+#include <set>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "records/judge_records.h"
@@ -26,7 +30,21 @@ Shown ShownRecord(Session& s) {
   return {&SheetForm(s, *sheet), sheet, sheet->tab()};
 }
 
-using Findings = std::map<std::string, std::string>;  // by control
+struct UnderTag {
+  std::string tag, text;
+};
+using Findings = std::vector<UnderTag>;  // one under a tag
+
+const UnderTag* FindingUnder(const Findings& findings, std::string_view tag) {
+  if (Trim(tag).empty()) return nullptr;
+  const auto found =
+      std::find_if(findings.begin(), findings.end(), [&](const UnderTag& f) { return IsSameTag(f.tag, tag); });
+  return found == findings.end() ? nullptr : &*found;
+}
+
+void Add(Findings& findings, std::string_view tag, std::string_view text) {
+  if (FindingUnder(findings, tag) == nullptr) findings.push_back({std::string(tag), std::string(text)});
+}
 
 void AddJudged(Session& s, const Shown& shown, Findings& findings) {
   RecordKeys keys;
@@ -36,27 +54,20 @@ void AddJudged(Session& s, const Shown& shown, Findings& findings) {
     (s.InActv() ? keys.EA_ID_AK : keys.ED_ID_AK) = s.InActv() ? s.EA_ID_AK : s.ED_ID_AK;
   JudgeRecord(s.db, shown.sheet, s.mode, keys, [&](const JudgedRecord& record) {
     if (record.inactive || record.structure_inactive || (s.InActv() && !record.has_values)) return;
-    for (const JudgedFinding& finding : StandingFindings(*record.verdicts))
-      if (finding.field >= 0) findings[record.rules->fields()[finding.field].control] = std::string(finding.text);
+    for (const JudgedFinding& finding : StandingFindings(*record.verdicts)) Add(findings, finding.tag, finding.text);
   });
 }
 
 void AddLogged(Session& s, const Shown& shown, Findings& findings) {
   const QCLocation& at = s.current;
-  Values values = {Trim(at.UserID),  std::int64_t{at.Month}, std::int64_t{at.Year},
-                   Trim(at.CmplxID), Trim(at.StructID),      std::string(ModeText(s.mode)),
-                   at.Level};
-  std::string condition =
-      "UserID=? AND [Month]=? AND [Year]=? AND CmplxID=? AND StructID=? AND EditMode=? AND [Level]=?";
+  Values values = {Trim(at.UserID), std::int64_t{at.Month}, Trim(at.CmplxID), Trim(at.StructID), at.Level};
+  std::string condition = "UserID=? AND [Month]=? AND CmplxID=? AND StructID=? AND [Level]=?";
   if (shown.sheet != nullptr) {
     condition += " AND EquipType=? AND EquipID=?";
     values.insert(values.end(), {shown.sheet->type, Trim(at.EquipID)});
   }
-  s.db.ForEach("SELECT FieldID,[Desc] FROM QC WHERE " + condition, values, [&](const RowView& row) {
-    for (const Control& control : shown.form->controls())
-      if (!control.tag.empty() && IsSameTag(control.tag, row.Text(0)))
-        findings.try_emplace(control.name, std::string(row.Text(1)));
-  });
+  s.db.ForEach("SELECT FieldID,[Desc] FROM QC WHERE " + condition, values,
+               [&](const RowView& row) { Add(findings, row.Text(0), row.Text(1)); });
 }
 
 // The page that the control stands on; -1 for none of the tab.
@@ -82,12 +93,13 @@ void Show(Session& s, bool judged) {
     }
     Control& tab = shown.form->At(shown.tab);
     tab.counts.assign(tab.items.size(), 0);
+    std::set<std::pair<int, const UnderTag*>> counted;  // two fields under one tag share a finding
     for (Control& control : shown.form->controls()) {
-      const auto found = findings.find(control.name);
-      control.finding = found == findings.end() ? "" : found->second;
-      if (control.finding.empty() || !control.visible) continue;
+      const UnderTag* found = FindingUnder(findings, control.tag);
+      control.finding = found == nullptr ? "" : found->text;
+      if (found == nullptr || !control.visible) continue;
       const int page = PageOf(*shown.form, control, shown.tab);
-      if (page >= 0) ++tab.counts[static_cast<std::size_t>(page)];
+      if (page >= 0 && counted.emplace(page, found).second) ++tab.counts[static_cast<std::size_t>(page)];
     }
   });
 }

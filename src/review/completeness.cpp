@@ -48,12 +48,11 @@ void TakeWorst(RecordProgress& cell, const ReviewedRecord& record, int number, R
   if (state == cell.state) cell.count += CountIn(record, state);
 }
 
-// The descriptions know no "empty", and only the structure's has a date.
-RecordState DescriptionState(const ReviewedRecord& record, bool structure_checked) {
+// The descriptions know no "empty".
+RecordState DescriptionState(const ReviewedRecord& record) {
   if (record.open > 0) return RecordState::kOpen;
   if (record.stale > 0) return RecordState::kStale;
-  if (record.explained > 0) return RecordState::kExplained;
-  return structure_checked ? RecordState::kClean : RecordState::kUnchecked;
+  return record.explained > 0 ? RecordState::kExplained : RecordState::kClean;
 }
 
 std::string KeyOfRow(const Review& review, const ReviewedRecord& record, bool of_equipment) {
@@ -99,6 +98,7 @@ std::vector<CompletenessRow> CompletenessOf(const Review& review, int structure)
   const bool of_equipment = structure >= 0;
   std::vector<int> row_of(of_equipment ? review.pieces.size() : review.structures.size(), -1);
   std::vector<bool> checked(review.structures.size(), false);
+  std::vector<std::size_t> structure_of_row;
   for (std::size_t i = 0; i < review.records.size(); ++i) {
     const ReviewedRecord& record = review.records[i];
     if (record.structure < 0) continue;
@@ -109,16 +109,17 @@ std::vector<CompletenessRow> CompletenessOf(const Review& review, int structure)
       at = static_cast<int>(rows.size());
       rows.push_back({KeyOfRow(review, record, of_equipment), TextOfRow(review, record, of_equipment),
                       std::vector<RecordProgress>(kCells)});
+      structure_of_row.push_back(static_cast<std::size_t>(record.structure));
     }
     if (record.month < 0 || record.month > static_cast<int>(kMonths)) continue;
     const auto month = static_cast<std::size_t>(record.month);
-    const RecordState state = month == 0
-                                  ? DescriptionState(record, of_equipment || record.kind == RecordKind::kStructure
-                                                                 ? checked[static_cast<std::size_t>(record.structure)]
-                                                                 : true)
-                                  : StateOf(record);
+    const RecordState state = month == 0 ? DescriptionState(record) : StateOf(record);
     TakeWorst(rows[static_cast<std::size_t>(at)].cells[month], record, static_cast<int>(i), state);
   }
+  // of the descriptions only the structure's has a date; it counts where there are no findings at all
+  for (std::size_t row = 0; row < rows.size(); ++row)
+    if (rows[row].cells[0].state == RecordState::kClean && !checked[structure_of_row[row]])
+      rows[row].cells[0].state = RecordState::kUnchecked;
   return rows;
 }
 

@@ -59,6 +59,12 @@ LoggedFinding* RowUnder(std::vector<LoggedFinding>& rows, const JudgedFinding& f
   return found;
 }
 
+// A click on a structure's month sets the key of the month only.
+std::int64_t StructureAt(Database& db, Mode mode, const RecordKeys& keys) {
+  if (mode == Mode::kDesc) return keys.PD_ID_AK;
+  return ToInteger(db.Single("SELECT PD_ID_AK FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {keys.SA_ID_AK}));
+}
+
 }  // namespace
 
 PlaceCounts CountFindingsAt(Database& db, const QCLocation& at, Mode mode, const RecordKeys& keys) {
@@ -81,7 +87,8 @@ PlaceCounts CountFindingsAt(Database& db, const QCLocation& at, Mode mode, const
   if (sheet != nullptr)
     JudgeRecord(db, sheet, mode, keys, count);
   else if (at.Is(level::kStructure))
-    JudgeAll(db, {.mode = mode, .month = mode == Mode::kActv ? at.Month : 0, .PD_ID_AK = keys.PD_ID_AK}, count);
+    JudgeAll(db, {.mode = mode, .month = mode == Mode::kActv ? at.Month : 0, .PD_ID_AK = StructureAt(db, mode, keys)},
+             count);
   for (const auto& [name, rows] : log)
     for (const LoggedFinding& row : rows)
       if (!row.taken) add(row.explained);

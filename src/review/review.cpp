@@ -1,11 +1,19 @@
 #include "review/review.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include "base/text.h"
 #include "review/review_keeper.h"
 #include "session/place.h"
 #include "session/types.h"
 
 namespace merlu {
+namespace {
+
+constexpr int kMonthsOfYear = 12;
+
+}  // namespace
 
 const char* StateText(FindingState state) {
   return state == FindingState::kOpen ? "open" : state == FindingState::kExplained ? "explained" : "stale";
@@ -17,11 +25,16 @@ std::string MonthText(int year, int month) {
 
 std::vector<YearMonth> MonthsOf(const Review& review) {
   std::vector<YearMonth> months;
+  for (int month = 1; month <= std::min(review.last_month, kMonthsOfYear); ++month)
+    months.push_back({review.year, month});
   for (const ReviewedRecord& record : review.records) {
     if (record.structure < 0 || record.month == 0) continue;
     const YearMonth month{record.year, record.month};
-    if (months.empty() || months.back() != month) months.push_back(month);
+    if (std::find(months.begin(), months.end(), month) == months.end()) months.push_back(month);
   }
+  std::sort(months.begin(), months.end(), [](const YearMonth& a, const YearMonth& b) {
+    return std::tie(a.year, a.month) < std::tie(b.year, b.month);
+  });
   return months;
 }
 

@@ -67,8 +67,9 @@ struct Review {
   std::vector<ReviewedStructure> structures;
   std::vector<ReviewedPiece> pieces;
   std::vector<ReviewedRecord> records;
-  std::deque<Said> said;  // findings point into it
-  int findings = 0;       // of all records
+  std::deque<Said> said;         // findings point into it
+  int findings = 0;              // of all records
+  int year = 0, last_month = 0;  // as the inventory says
 
   Review() = default;
   Review(Review&&) = default;

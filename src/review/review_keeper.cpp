@@ -188,6 +188,13 @@ int ReviewKeeper::Find(const QCLocation& l) const {
   return found == record_at_.end() ? -1 : found->second;
 }
 
+void ReviewKeeper::ReadMonths(Database& db) {
+  db.ForEach("SELECT sys_yr,SYS_MAX_MO FROM SYS_CONFIG LIMIT 1", {}, [this](const RowView& row) {
+    review_.year = static_cast<int>(row.Integer(0));
+    review_.last_month = static_cast<int>(row.Integer(1));
+  });
+}
+
 // ---- the log ----
 
 LogRow ReviewKeeper::RowOfLog(const RowView& row, std::int64_t place) {
@@ -288,6 +295,12 @@ ReviewedFinding ReviewKeeper::Kept(const JudgedRecord& judged, LogRow& row, cons
   return made;
 }
 
+bool ReviewKeeper::IsLogged(const Logged& logged, const JudgedFinding& finding) {
+  return std::any_of(logged.begin(), logged.end(), [&](const LogRow* row) {
+    return IsSameTag(*row->tag, finding.tag) && *row->text == finding.text;
+  });
+}
+
 ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known) {
   ReviewedRecord record;
   record.kind = KindOf(judged, mode);
@@ -300,9 +313,11 @@ ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, Mode mode, const
   record.structure_inactive = judged.structure_inactive;
   record.has_values = judged.has_values;
   record.checked = judged.checked;
+  // of a record that reports nothing, or holds nothing, only what the log holds too
+  const bool raises = mode == Mode::kDesc || (judged.has_values && !record.ReportsNothing());
   std::vector<JudgedFinding> standing;
-  if (mode == Mode::kDesc || (judged.has_values && !record.ReportsNothing()))
-    standing = StandingFindings(*judged.verdicts);
+  if (raises || !logged.empty()) standing = StandingFindings(*judged.verdicts);
+  if (!raises) std::erase_if(standing, [&](const JudgedFinding& finding) { return !IsLogged(logged, finding); });
   record.findings.reserve(std::max(standing.size(), logged.size()));
   for (const JudgedFinding& finding : standing)
     record.findings.push_back(Raised(judged, finding, logged, record, known));
@@ -392,6 +407,7 @@ void ReviewKeeper::Arrange() {
 
 void ReviewKeeper::Build(Database& db, const Companion& companion) {
   Clear();
+  ReadMonths(db);
   ReadNames(db);
   LoggedRows log = ReadLog(db, nullptr);
   KnownComments known(companion, true);

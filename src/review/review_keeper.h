@@ -103,6 +103,7 @@ class ReviewKeeper {
     bool known = false;
   };
 
+  void ReadMonths(Database& db);
   void ReadNames(Database& db);
   int StructureNamed(std::string_view user, std::string_view complex, std::string_view structure) const;
   Named NameOf(std::string_view level, std::string_view user, int month, std::string_view complex,
@@ -115,6 +116,7 @@ class ReviewKeeper {
   ReviewedRecord Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known);
   ReviewedFinding Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
                          const ReviewedRecord& record, KnownComments& known);
+  static bool IsLogged(const Logged& logged, const JudgedFinding& finding);
   ReviewedFinding Kept(const JudgedRecord& judged, LogRow& row, const ReviewedRecord& record, KnownComments& known);
   // `where` gives the record's location.
   template <typename WhereOf>

@@ -65,6 +65,7 @@ void ToldChanges::Learn(const Changes& changes) {
                      : name == "ED_EQUIP_DESC"            ? Table::kPiece
                      : name == "EA_EQUIP_ACTV"            ? Table::kPieceMonth
                      : name == "QC"                       ? Table::kLog
+                     : name == "SYS_CONFIG"               ? Table::kConfiguration
                      : name == "history.comment"          ? Table::kComment
                      : of_type && name.starts_with("ED_") ? Table::kOfPiece
                      : of_type && name.starts_with("EA_") ? Table::kOfMonth
@@ -107,6 +108,7 @@ void ToldChanges::NoteRow(const Changes& changes, const RowChange& row) {
     case Table::kOfMonth: (came_or_went ? of_months : months).insert(row.rowid); break;
     case Table::kLog: NoteLog(table, row); break;
     case Table::kComment: NoteComment(table, row); break;
+    case Table::kConfiguration: all = true; break;
     case Table::kOther: break;
   }
 }

@@ -36,7 +36,18 @@ class ToldChanges {
   std::map<std::string, Place> places;
 
  private:
-  enum class Table { kOther, kStructure, kStructureMonth, kPiece, kPieceMonth, kOfPiece, kOfMonth, kLog, kComment };
+  enum class Table {
+    kOther,
+    kStructure,
+    kStructureMonth,
+    kPiece,
+    kPieceMonth,
+    kOfPiece,
+    kOfMonth,
+    kLog,
+    kComment,
+    kConfiguration
+  };
   void Learn(const Changes& changes);
   void NoteRow(const Changes& changes, const RowChange& row);
   void NoteLog(const RecordedTable& table, const RowChange& row);

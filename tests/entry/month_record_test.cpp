@@ -139,6 +139,28 @@ TEST_F(MonthEntry, keeps_the_finding_beside_its_field_and_counts_them_by_page) {
   EXPECT_EQ(run.At("txtFLA_HrsOperated").finding, "") << "a month without a single value";
 }
 
+TEST_F(MonthEntry, keeps_a_finding_beside_every_field_of_its_tag_and_counts_it_once) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.AddEquipment("NGE", "N1");
+  run.s.db.Execute("UPDATE ED_NGE SET ENGINE_STROKE_CYCLE='2'");
+  run.GoTo("NGE", "N1", Mode::kDesc);
+  const int count = run.At("tabNGE").counts[0];
+  EXPECT_EQ(run.At("cmbNGE_EngineStrokeCycle").finding, "Required field left blank");
+  EXPECT_EQ(run.At("cmbNGE_EngineBurnType").finding, "Required field left blank");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.At("tabNGE").counts[0], count);
+}
+
+TEST_F(MonthEntry, keeps_no_finding_beside_a_field_without_a_tag) {
+  run.s.db.Execute("DELETE FROM ED_EQUIP_DESC");
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_OIL=1");
+  run.ChangeTo(Mode::kActv);
+  run.Select(run.Key("", "", 1));
+  EXPECT_EQ(run.At("txtSTRUCTURE_ProdNG").finding, "Required field left blank");
+  EXPECT_EQ(run.At("chkSTRUCTURE_Status").finding, "") << "no equipment is the structure's finding";
+}
+
 TEST_F(MonthEntry, shows_the_twelve_months_of_the_field_in_hand) {
   EXPECT_EQ(AdviceOn(900, {10, 11, 12, 13, 14}), "Unusual: the other months lie between 10 and 14.");
   EXPECT_EQ(AdviceOn(15, {10, 11, 12, 13, 14}), "");

@@ -173,14 +173,12 @@ std::string PlainCell(const std::vector<PlainRecord>& records, const std::string
     if (record.structure != structure || record.month != month) continue;
     if (!equipment.empty() && record.equipment != equipment) continue;
     std::string state = record.State();
-    if (month == 0) {
-      // the descriptions know no date but the structure's
-      const bool own_date = !equipment.empty() || record.equipment.empty();
-      if (state == "clean" || state == "unchecked") state = record.checked || !own_date ? "clean" : "unchecked";
-    }
+    // of the descriptions all findings count together, and without one the structure's date
+    if (month == 0 && record.findings.empty()) state = record.checked ? "clean" : "unchecked";
     states.insert(state);
     number[state] += record.Number();
   }
+  if (month == 0 && states.contains("explained")) states.erase("unchecked");
   for (const std::string& state : worst_first)
     if (states.contains(state)) return CellText(state, number[state]);
   return "-";

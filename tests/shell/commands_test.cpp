@@ -87,6 +87,20 @@ TEST_F(AtTheDesk, counts_what_the_rules_say_of_stored_values_also_where_no_run_h
   EXPECT_EQ(run.s.findings, 0);
 }
 
+TEST_F(AtTheDesk, counts_the_structure_that_shows_and_not_the_one_before) {
+  run.ChangeTo(Mode::kDesc);
+  run.AddStructure("77");
+  run.ChangeTo(Mode::kActv);
+  run.Select(run.Key("FLA", "F1", 1));
+  run.Keep({{"txtFLA_HrsOperated", "900"}});
+  run.Select("K12345 12017     77 1");
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.findings, 0);
+  run.Select(run.Key("", "", 1));
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.findings, 2);
+}
+
 TEST_F(AtTheDesk, knows_whether_a_description_was_checked_since_its_last_save) {
   run.GoTo("FLA", "F1", Mode::kDesc);
   EXPECT_FALSE(run.s.checked);

@@ -73,6 +73,19 @@ TEST_F(FindingsDockOf, says_nothing_of_an_inactive_record_but_what_the_log_holds
   EXPECT_EQ(Column(1), Texts{});
 }
 
+TEST_F(FindingsDockOf, knows_the_field_of_a_logged_finding_where_two_have_its_tag) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.AddEquipment("BOI", "B1");
+  run.s.db.Execute("UPDATE ED_BOI SET FUEL_TYP='D'");
+  run.GoTo("BOI", "B1", Mode::kActv, 2);
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.Set("cmbFND_When", "2017/02");
+  ASSERT_EQ(Column(1), (Texts{"Hours Operated", "Average Fuel Usage", "Total Fuel Used"})) << "as the month's fields";
+  EXPECT_EQ(Rows().Text(1, 3), "0 to 20000");
+}
+
 TEST_F(FindingsDockOf, filters_by_words_state_and_month) {
   run.Set("txtFND_Filter", "HOURS flare");
   EXPECT_EQ(Column(1), (Texts{kHours}));

@@ -107,6 +107,29 @@ TEST_F(HandIn, matrix_tells_the_state_of_a_month_and_the_worst_of_a_structure) {
   EXPECT_FALSE(Matrix().Cell(0, 2).hint.empty());
 }
 
+TEST_F(HandIn, matrix_takes_the_findings_of_all_descriptions_together) {
+  run.s.db.Execute(
+      "UPDATE PD_PLATFORM_DESC SET LEASE_NUM='G1',LONGITUDE=-90,LATITUDE=25,DIST_TO_SHORE=5,WATER_DEPTH_FT=9,"
+      "PD_QC_DT=NULL");
+  run.s.db.Execute("DELETE FROM QC");
+  EXPECT_EQ(Matrix().Cell(0, 1).text, "unchecked");
+  run.s.db.Execute("INSERT INTO QC VALUES ('12345',0,0,'EQUIPMENT','1001','1','MUD','M1','Odd','Odd','so','DESC')");
+  EXPECT_EQ(Matrix().Cell(0, 1).text, "explained 1") << "the date counts only where there is no finding";
+  run.s.db.Execute("DELETE FROM QC");
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET PD_QC_DT='2017-01-01 00:00:00'");
+  EXPECT_EQ(Matrix().Cell(0, 1).text, "clean");
+}
+
+TEST_F(HandIn, counts_the_months_of_an_inventory_without_structures) {
+  run.s.db.Execute("DELETE FROM PD_PLATFORM_DESC");
+  EXPECT_EQ(Checks("Whole year")[0], "stop 11");
+  run.s.db.Execute("UPDATE SYS_CONFIG SET SYS_MAX_MO=2");
+  EXPECT_EQ(Checks("2017/02")[0], "ok 0");
+  EXPECT_EQ(Checks("Whole year")[0], "stop 10");
+  run.Click("mnuRFindings");
+  EXPECT_EQ(run.At("cmbFND_When").items, (Texts{"All", "Descriptions", "2017/01", "2017/02"}));
+}
+
 TEST_F(HandIn, matrix_leads_to_the_record_behind_a_cell) {
   run.Keep({{"txtMUD_DaysPerMonth", "40"}});
   run.SelectRoot();
