@@ -7,6 +7,7 @@
 #include <tuple>
 #include <unordered_map>
 
+#include "base/text.h"
 #include "history/notes.h"
 #include "history/steps.h"
 #include "session/types.h"
@@ -26,6 +27,16 @@ bool IsDateOfRun(const std::string& column) {
 struct Course {
   std::string before, after;
 };
+
+bool IsStatus(const std::string& column) {
+  return EqualsIgnoringCase(column, "EA_STATUS") || EqualsIgnoringCase(column, "status");
+}
+
+// A status that was never set counts as active.
+StoredValue AsCounted(const std::string& column, const StoredValue& value) {
+  if (value.kind != StoredValue::Kind::kNull || !IsStatus(column)) return value;
+  return {StoredValue::Kind::kText, 0, 0, "A"};
+}
 
 std::string BytesOf(const StoredValue& value) {
   std::string bytes;
@@ -115,8 +126,9 @@ class Changed {
       if (column >= table->columns.size() || !IsShownColumn(table->name, table->columns[column])) return;
       if (IsDateOfRun(table->columns[column])) return;
       const auto [course, fresh] = courses_.try_emplace({row.table, row.rowid, column});
-      if (fresh) course->second.before = BytesOf(before);
-      course->second.after = BytesOf(after);
+      const std::string& name = table->columns[column];
+      if (fresh) course->second.before = BytesOf(AsCounted(name, before));
+      course->second.after = BytesOf(AsCounted(name, after));
     };
     if (row.kind == KeptRow::Kind::kChanged) {
       for (const KeptValue& value : row.values) add(value.column, value.before, value.after);

@@ -44,6 +44,22 @@ void Rank(std::vector<Of>& all, TextOf text_of) {
   for (std::size_t rank = 0; rank < order.size(); ++rank) all[At(order[rank])].rank = static_cast<int>(rank);
 }
 
+// The tree has a root for each operator: each one's structures stand together.
+void RankByOperators(Database& db, std::vector<ReviewedStructure>& structures) {
+  std::unordered_map<std::string, int> roots;
+  db.ForEach("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid", {},
+             [&](const RowView& row) { roots.try_emplace(Lower(Trim(row.Text(0))), static_cast<int>(roots.size())); });
+  if (roots.size() < 2) return;
+  const auto root_of = [&](int index) {
+    const auto found = roots.find(Lower(Trim(structures[At(index)].user)));
+    return found == roots.end() ? static_cast<int>(roots.size()) : found->second;
+  };
+  std::vector<int> order(structures.size());
+  for (std::size_t i = 0; i < structures.size(); ++i) order[At(structures[i].rank)] = static_cast<int>(i);
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return root_of(a) < root_of(b); });
+  for (std::size_t rank = 0; rank < order.size(); ++rank) structures[At(order[rank])].rank = static_cast<int>(rank);
+}
+
 // A number is stored as what its text begins with, and shows so from then on.
 bool IsSameValue(const std::string& typed, const std::string& stored) {
   if (typed == stored) return true;
@@ -129,6 +145,7 @@ void ReviewKeeper::ReadNames(Database& db) {
         structures.push_back({row.Integer(0), text(1), text(2), text(3), text(4) + ", " + text(5) + ", " + text(6), 0});
       });
   Rank(structures, [](const ReviewedStructure& structure) { return structure.text; });
+  RankByOperators(db, structures);
   review_.structures = std::move(structures);
   for (ReviewedPiece& piece : review_.pieces) piece.structure = -1;
   piece_of_name_.clear();

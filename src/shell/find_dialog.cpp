@@ -99,11 +99,42 @@ QCLocation FirstOf(Session& s, const std::string& type, Mode mode) {
   return place;
 }
 
+// The same of a structure.
+QCLocation FirstStructure(Session& s, Mode mode) {
+  const bool months = mode == Mode::kActv;
+  const std::string sql =
+      months ? "SELECT p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,a.PA_MO,a.PA_YR FROM PA_PLATFORM_ACTV a JOIN "
+               "PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK ORDER BY a.PA_MO<>?,p.CMPLX_ID_NUM<>? OR "
+               "p.STRUCT_NUM<>?,a.PA_MO,a.SA_ID_AK LIMIT 1"
+             : "SELECT p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,0,0 FROM PD_PLATFORM_DESC p WHERE ? NOTNULL ORDER BY "
+               "p.CMPLX_ID_NUM<>? OR p.STRUCT_NUM<>?,p.PD_ID_AK LIMIT 1";
+  Values values = {std::int64_t{s.current.Month}};
+  values.emplace_back(s.current.CmplxID);
+  values.emplace_back(s.current.StructID);
+  QCLocation place;
+  s.db.ForEach(sql, values, [&](const RowView& row) {
+    const auto text = [&row](int column) { return std::string(row.Text(column)); };
+    place = {level::kStructure,
+             text(0),
+             static_cast<int>(row.Integer(3)),
+             static_cast<int>(row.Integer(4)),
+             text(1),
+             text(2),
+             "",
+             ""};
+  });
+  return place;
+}
+
+std::string HelpOf(const Thing& thing) {
+  return HelpFile(thing.sheet.empty() ? level::kStructure : level::kEquipment, thing.sheet);
+}
+
 void GoToFieldOf(Session& s, const Thing& thing) {
   if (s.current.EquipType == thing.sheet && s.mode == thing.mode && GoToField(s, thing.control)) return;
-  const QCLocation place = FirstOf(s, thing.sheet, thing.mode);
+  const QCLocation place = thing.sheet.empty() ? FirstStructure(s, thing.mode) : FirstOf(s, thing.sheet, thing.mode);
   // without such equipment its help says what the field is
-  if (place.Level.empty()) return ShowHelp(s, HelpFile(level::kEquipment, thing.sheet), thing.control);
+  if (place.Level.empty()) return ShowHelp(s, HelpOf(thing), thing.control);
   GoTo(s, place, thing.mode, thing.control);
 }
 
@@ -112,6 +143,10 @@ void Do(Session& s, const Thing& thing) {
     case ThingKind::kStructure:
     case ThingKind::kEquipment:
     case ThingKind::kMonth:
+      if (thing.node < 0) {
+        GoTo(s, thing.mode == Mode::kActv ? ParseNodeKey(thing.key) : ParseDescNodeKey(thing.key), thing.mode);
+        return;
+      }
       s.tree.ExpandAncestors(thing.node);
       GoToNode(s, thing.node);
       return;
@@ -120,7 +155,7 @@ void Do(Session& s, const Thing& thing) {
       if (thing.control.empty()) return ShowHelp(s, thing.sheet);
       [[fallthrough]];
     case ThingKind::kCommand: act::Click(s.desk, *s.main, thing.control); return;
-    case ThingKind::kRule: return ShowHelp(s, HelpFile(level::kEquipment, thing.sheet), thing.control);
+    case ThingKind::kRule: return ShowHelp(s, HelpOf(thing), thing.control);
   }
 }
 

@@ -5,16 +5,21 @@
 #include <numeric>
 #include <unordered_map>
 
+#include "base/text.h"
+#include "records/structure_fields.h"
+#include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
 #include "sheets/wording.h"
 #include "shell/help.h"
+#include "shell/trees.h"
 
 namespace merlu {
 namespace {
 
 constexpr int kRecentBonus = 150;
+constexpr const char* kStructure = "Structure";
 
 void Add(std::vector<Thing>& things, Thing thing) {
   thing.name = FuzzyText(thing.what);
@@ -53,6 +58,41 @@ void AddNodes(const Session& s, std::vector<Thing>& things) {
   }
 }
 
+Thing OfOtherMode(ThingKind kind, const std::string& what, const std::string& where, const std::string& key,
+                  Mode mode) {
+  Thing thing;
+  thing.kind = kind;
+  thing.what = what;
+  thing.where = where;
+  thing.key = key;
+  thing.mode = mode;
+  return thing;
+}
+
+// Months have no nodes in description mode, and fugitives none in activity mode.
+void AddNodesOfOtherMode(Session& s, std::vector<Thing>& things) {
+  if (s.InDesc()) {
+    s.db.ForEach("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid", {}, [&](const RowView& row) {
+      for (int month = 1; month <= s.last_month; ++month) {
+        const QCLocation at{level::kSurvey, std::string(row.Text(0)), month, s.year, "", "", "", ""};
+        Add(things, OfOtherMode(ThingKind::kMonth, SurveyText(s.year, month), "", KeyOf(at, Mode::kActv), Mode::kActv));
+      }
+    });
+    return;
+  }
+  if (!s.InActv()) return;
+  s.db.ForEach(
+      "SELECT p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_MERLU_EQUIP_ID,p.Area,p.Block,p.Name FROM ED_EQUIP_DESC d "
+      "JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK WHERE d.ED_EQUIP_TYP='FUG' ORDER BY d.ED_ID_AK",
+      {}, [&](const RowView& row) {
+        const auto text = [&row](int column) { return std::string(row.Text(column)); };
+        const QCLocation at{level::kEquipment, text(0), 0, 0, text(1), text(2), "FUG", text(3)};
+        Add(things,
+            OfOtherMode(ThingKind::kEquipment, TreeTypeName("FUG") + ": " + Trim(text(3)),
+                        StructureText(row.Text(4), row.Text(5), row.Text(6)), KeyOf(at, Mode::kDesc), Mode::kDesc));
+      });
+}
+
 // A caption without its marks of access keys.
 std::string Plain(const std::string& caption) {
   std::string plain;
@@ -74,14 +114,21 @@ void AddCommands(const Session& s, std::vector<Thing>& things) {
     const bool help =
         control.parent == "mnuHOther" || control.name.starts_with("mnuHL") || control.name.starts_with("mnuHCurrent");
     Add(things, {help ? ThingKind::kHelp : ThingKind::kCommand, Plain(control.caption),
-                 menu == nullptr ? "" : Plain(menu->caption), -1, control.name});
+                 menu == nullptr ? "" : Plain(menu->caption), -1, "", control.name});
   }
 }
 
 // The pages that the menu does not name.
 void AddHelpPages(std::vector<Thing>& things) {
   for (const std::string& file : ScreenHelpFiles())
-    Add(things, {ThingKind::kHelp, file.substr(0, file.rfind(" help")), "Help", -1, "", file});
+    Add(things, {ThingKind::kHelp, file.substr(0, file.rfind(" help")), "Help", -1, "", "", file});
+}
+
+void AddField(const std::vector<FieldSpec>& fields, const FieldSpec& field, const std::string& where,
+              const std::string& type, std::vector<Thing>& things) {
+  const std::string what = BareCaption(CaptionOf(fields, field.control));
+  Add(things, {ThingKind::kField, what, where, -1, "", field.control, type,
+               field.mode == In::kActv ? Mode::kActv : Mode::kDesc});
 }
 
 void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
@@ -90,18 +137,24 @@ void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
     const std::string page = static_cast<std::size_t>(field.page) < sheet.pages.size()
                                  ? " · " + sheet.pages[static_cast<std::size_t>(field.page)]
                                  : "";
-    const std::string what = BareCaption(CaptionOf(sheet.fields, field.control));
-    Add(things, {ThingKind::kField, what, sheet.title + page, -1, field.control, sheet.type,
-                 field.mode == In::kActv ? Mode::kActv : Mode::kDesc});
+    AddField(sheet.fields, field, sheet.title + page, sheet.type, things);
   }
 }
 
-void AddRules(const SheetSpec& sheet, std::vector<Thing>& things) {
-  for (const RuleGroup& group : sheet.rules)
+void AddStructureFields(std::vector<Thing>& things) {
+  for (const FieldSpec& field : StructureFields())
+    AddField(StructureFields(), field, std::string(kStructure) + " · " + field.block, "", things);
+}
+
+void AddRules(const std::vector<FieldSpec>& fields, const std::vector<RuleGroup>& rules, const std::string& title,
+              const std::string& type, std::vector<Thing>& things) {
+  for (const RuleGroup& group : rules)
     for (const Rule& rule : group.rules) {
-      if (rule.check.name == "none") continue;
-      const std::string what = BareCaption(CaptionOf(sheet.fields, rule.field)) + ": " + DemandText(rule.check);
-      Add(things, {ThingKind::kRule, what, sheet.title, -1, rule.field, sheet.type});
+      if (rule.check.name == "none" || rule.check.name == "WithdrawRetired") continue;
+      const std::string caption = CaptionOf(fields, rule.field);
+      const std::string of = caption == rule.field ? "" : BareCaption(caption) + ": ";  // not of a field
+      const std::string what = of + DemandText(rule.check);
+      Add(things, {ThingKind::kRule, what, title, -1, "", rule.field, type});
     }
 }
 
@@ -120,10 +173,13 @@ std::vector<Thing> CollectThings(Session& s) {
   std::vector<Thing> things;
   things.reserve(s.tree.nodes.size() + 2000);
   AddNodes(s, things);
+  AddNodesOfOtherMode(s, things);
   AddCommands(s, things);
   AddHelpPages(things);
+  AddStructureFields(things);
   for (const SheetSpec* sheet : AllSheets()) AddFields(*sheet, things);
-  for (const SheetSpec* sheet : AllSheets()) AddRules(*sheet, things);
+  AddRules(StructureFields(), StructureRules(), kStructure, "", things);
+  for (const SheetSpec* sheet : AllSheets()) AddRules(sheet->fields, sheet->rules, sheet->title, sheet->type, things);
   return things;
 }
 

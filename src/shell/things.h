@@ -16,9 +16,11 @@ struct Thing {
   ThingKind kind = ThingKind::kStructure;
   std::string what, where;
   // What leads there
-  int node = -1;        // in the tree
+  int node = -1;        // in the tree that shows
+  std::string key;      // in the tree of the other mode
   std::string control;  // a menu command, or a field
-  std::string sheet;    // type of the sheet that a field or a rule is of; file of a page of help without a command
+  // Type of the sheet that a field or a rule is of, empty for a structure's; file of a page of help without a command.
+  std::string sheet;
   Mode mode = Mode::kNone;
   FuzzyText name, place;
 };

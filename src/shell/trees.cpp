@@ -19,12 +19,6 @@ namespace {
 constexpr std::size_t kMostEquipmentMonths = 40000;
 constexpr const char* kFarewell = "Sorry, cannot proceed without User Information - TARNE is shutting down now...";
 
-std::string SurveyText(int year, int month) {
-  std::array<char, 48> text;
-  std::snprintf(text.data(), text.size(), "Monthly Survey %d/%02d", year, month);
-  return text.data();
-}
-
 std::vector<std::string> Operators(Session& s) {
   std::vector<std::string> ids;
   s.db.ForEach("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid", {},
@@ -310,6 +304,12 @@ void RequireRoomForStructure(Session& s) {
   const bool room = rows("PD_PLATFORM_DESC") < s.structure_list.capacity() &&
                     rows("PA_PLATFORM_ACTV") + s.last_month <= s.structure_month_list.capacity();
   if (!room) throw Fault(fault_number::kSubscript, "MERLU tree", "Subscript out of range");
+}
+
+std::string SurveyText(int year, int month) {
+  std::array<char, 48> text;
+  std::snprintf(text.data(), text.size(), "Monthly Survey %d/%02d", year, month);
+  return text.data();
 }
 
 void SaveTreeExpansion(Session& s) {

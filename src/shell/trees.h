@@ -30,6 +30,7 @@ void SelectRoot(Session& s);
 // Adds a node under its parent, sorts, and selects and clicks it. Faults are passed on.
 void AddAndSelect(Session& s, const std::string& parent_key, const std::string& key, const std::string& text);
 
+std::string SurveyText(int year, int month);
 std::string StructureText(std::string_view area, std::string_view block, std::string_view name);
 
 }  // namespace merlu

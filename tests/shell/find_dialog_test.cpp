@@ -62,6 +62,35 @@ TEST_F(GoToDialog, finds_every_kind_of_thing) {
   EXPECT_EQ(FirstFor("survey 2017/01"), "Month|Monthly Survey 2017/01|");
 }
 
+TEST_F(GoToDialog, finds_what_the_tree_of_the_other_mode_holds) {
+  EXPECT_EQ(FirstFor("survey 2017/01"), "Month|Monthly Survey 2017/01|");
+  run.Select(run.Key());
+  run.AddEquipment("FUG", "U1");
+  run.SelectRoot();
+  Type("survey 2017/01");
+  EXPECT_EQ(run.s.mode, Mode::kActv);
+  EXPECT_EQ(run.s.current.Level, level::kSurvey);
+  EXPECT_EQ(FirstFor("fugitives u1"), "Equipment|Fugitives: U1|GI, 43, A");
+  Type("fugitives u1");
+  EXPECT_EQ(run.s.mode, Mode::kDesc);
+  EXPECT_EQ(run.s.current.EquipType, "FUG");
+  EXPECT_EQ(run.s.current.EquipID, "U1");
+}
+
+TEST_F(GoToDialog, finds_the_fields_and_rules_of_a_structure) {
+  EXPECT_EQ(FirstFor("oil production"), "Field|Oil Production (bbl)|Structure · Production");
+  EXPECT_EQ(FirstFor("longitude -98 to -81").substr(0, 15), "Rule|Longitude ");
+  run.ChangeTo(Mode::kActv);
+  Type("water depth");
+  EXPECT_EQ(run.s.mode, Mode::kDesc);
+  EXPECT_EQ(run.s.current.Level, level::kStructure);
+  EXPECT_EQ(run.s.main->focus, "txtSTRUCTURE_WaterDepth");
+  Type("oil production");
+  EXPECT_EQ(run.s.mode, Mode::kActv);
+  EXPECT_EQ(run.s.current.Month, 1);
+  EXPECT_EQ(run.s.main->focus, "txtSTRUCTURE_ProdOil");
+}
+
 TEST_F(GoToDialog, goes_to_the_best_match) {
   Type("v7");
   EXPECT_EQ(run.s.current.EquipID, "V7");

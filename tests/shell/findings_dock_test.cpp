@@ -73,6 +73,18 @@ TEST_F(FindingsDockOf, says_nothing_of_an_inactive_record_but_what_the_log_holds
   EXPECT_EQ(Column(1), Texts{});
 }
 
+TEST_F(FindingsDockOf, keeps_the_structures_of_an_operator_together) {
+  run.s.db.Execute("INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('99')");
+  run.s.db.Execute(
+      "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name) "
+      "VALUES (500,'99','55','5','AA','1','Q')");
+  run.Set("cmbFND_When", "Descriptions");
+  const Texts places = Column(0);
+  ASSERT_FALSE(places.empty());
+  EXPECT_EQ(places.front(), "GI, 43, A");
+  EXPECT_EQ(places.back(), "AA, 1, Q");
+}
+
 TEST_F(FindingsDockOf, knows_the_field_of_a_logged_finding_where_two_have_its_tag) {
   run.ChangeTo(Mode::kDesc);
   run.Select(run.Key());

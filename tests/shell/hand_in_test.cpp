@@ -200,8 +200,12 @@ TEST_F(HandIn, counts_the_values_that_changed_since_the_month_was_handed_in) {
   run.Select(run.Key());
   run.Keep({{"txtSTRUCTURE_WaterDepth", "220"}});
   EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "the descriptions go with a month";
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS=NULL");
   HandInMonth(1);
   EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0");
+  run.GoTo("MUD", "M1", Mode::kActv, 1);
+  run.Keep({{"txtMUD_DaysPerMonth", "6"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "a status that was never set was active before, too";
 }
 
 TEST_F(HandIn, counts_nothing_of_what_reports_nothing) {
