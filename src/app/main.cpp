@@ -46,10 +46,20 @@ int Usage() {
   return kWrongUsage;
 }
 
+// Fonts for what is painted, and never a display: no word of the toolkit about it, and no folder that it makes for a
+// session of its own.
+void PaintWithoutDisplay() {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", "/");
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << "\n";
+  });
+}
+
 int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
   std::unique_ptr<QGuiApplication> application;
   const auto need_fonts = [&] {
-    qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for what is painted, and never a display
+    PaintWithoutDisplay();
     application = std::make_unique<QGuiApplication>(argc, argv);
   };
   const bool progress = isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0;
@@ -88,7 +98,7 @@ int RunScript(int argc, char** argv) {
       return Usage();
     }
   }
-  qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts for reports, and never a display
+  PaintWithoutDisplay();
   const QGuiApplication application(argc, argv);
   if (file.empty()) {
     std::ios::sync_with_stdio(false);  // what is read ahead is known then

@@ -127,7 +127,7 @@ class Share {
       if (finding.place.empty()) Locate(record, finding);
       finding.field = Trim(std::string(standing.tag));
       finding.control = record.rules->fields()[standing.field].control;
-      finding.value = record.view->Text(standing.field);
+      finding.value = record.stored->Text(standing.field);  // not what a rule computes
       finding.expected = standing.expected;
       finding.text = standing.text;
       Explain(record.month, standing, finding);
@@ -141,7 +141,7 @@ class Share {
         FindingKey(month, finding.complex, finding.structure, finding.type, finding.id, standing.tag, standing.text));
     const bool explained = comment != comments_.end();
     finding.comment = explained ? comment->second.text : "";
-    const bool stale = explained && comment->second.value && *comment->second.value != finding.value;
+    const bool stale = explained && comment->second.value && !IsSameValue(*comment->second.value, finding.value);
     finding.state = StateText(!explained ? FindingState::kOpen
                               : stale    ? FindingState::kStale
                                          : FindingState::kExplained);

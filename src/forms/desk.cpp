@@ -45,7 +45,13 @@ void Desk::Show(Form& form) {
   Hide(form);
   form.visible = true;
   const auto is_dock = [](const Form* other) { return !other->dock.empty(); };
-  showing.insert(form.dock.empty() ? showing.end() : std::find_if_not(showing.begin(), showing.end(), is_dock), &form);
+  const auto is_dialog = [](const Form* other) { return other->modal; };
+  auto above = showing.end();  // a sheet stays below the open dialogs
+  if (!form.dock.empty())
+    above = std::find_if_not(showing.begin(), showing.end(), is_dock);
+  else if (!form.modal)
+    above = std::find_if(showing.begin(), showing.end(), is_dialog);
+  showing.insert(above, &form);
 }
 
 void Desk::Hide(Form& form) {

@@ -1,5 +1,6 @@
 #include "qc/comment_key.h"
 
+#include "base/numbers.h"
 #include "base/text.h"
 
 namespace merlu {
@@ -12,6 +13,13 @@ std::string CommentKey(const QCLocation& l, std::string_view tag, std::string_vi
        {l.CmplxID, l.StructID, equipment ? l.EquipType : "", equipment ? l.EquipID : "", TrimRight(tag)})
     key += kBetween + Lower(Trim(part));
   return (key += kBetween).append(text);
+}
+
+bool IsSameValue(const std::string& upon, const std::string& stored) {
+  if (upon == stored) return true;
+  const std::string text = Trim(upon);
+  const bool number = !text.empty() && text.find_first_of("0123456789") < 2 && IsNumericText(stored);
+  return number && GeneralNumber(LeadingNumber(text)) == stored;
 }
 
 }  // namespace merlu

@@ -4,7 +4,6 @@
 #include <numeric>
 #include <tuple>
 
-#include "base/numbers.h"
 #include "history/all_comments.h"
 #include "qc/comment_key.h"
 #include "session/types.h"
@@ -58,14 +57,6 @@ void RankByOperators(Database& db, std::vector<ReviewedStructure>& structures) {
   for (std::size_t i = 0; i < structures.size(); ++i) order[At(structures[i].rank)] = static_cast<int>(i);
   std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return root_of(a) < root_of(b); });
   for (std::size_t rank = 0; rank < order.size(); ++rank) structures[At(order[rank])].rank = static_cast<int>(rank);
-}
-
-// A number is stored as what its text begins with, and shows so from then on.
-bool IsSameValue(const std::string& typed, const std::string& stored) {
-  if (typed == stored) return true;
-  const std::string text = Trim(typed);
-  const bool number = !text.empty() && text.find_first_of("0123456789") < 2 && IsNumericText(stored);
-  return number && GeneralNumber(LeadingNumber(text)) == stored;
 }
 
 RecordKind KindOf(const JudgedRecord& judged, Mode mode) {

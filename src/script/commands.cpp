@@ -207,8 +207,7 @@ void Player::Paste(const Words& words) {
   if (control->kind != Kind::kGrid) Fail(control->name + " is not a grid");
   Done(control->name, WhyNot(session_.desk, *form, *control, false));
   const int row = RowOf(*control, words[2]), column = ColumnOf(*control, words[3]);
-  const std::string text = Unescaped(SplitWordsKeepingBackslashes(reply_.line)->back());
-  Done(control->name, act::Paste(session_.desk, *form, control->name, row, column, text));
+  Done(control->name, act::Paste(session_.desk, *form, control->name, row, column, Unescaped(words[4])));
 }
 
 void Player::SetPage(Form& form, Control& tab, const std::string& value) {

@@ -8,22 +8,21 @@ bool IsBlank(char c) {
 }
 
 // Reads the quoted word that begins behind `at`; false when it is not closed.
-bool ReadQuoted(std::string_view line, std::size_t& at, std::string& word, bool keep_backslashes) {
+bool ReadQuoted(std::string_view line, std::size_t& at, std::string& word) {
   for (++at; at < line.size(); ++at) {
     if (line[at] == '"') {
       ++at;
       return at == line.size() || IsBlank(line[at]);
     }
-    if (line[at] == '\\' && at + 1 < line.size() && (line[at + 1] == '"' || line[at + 1] == '\\')) {
-      if (keep_backslashes && line[at + 1] == '\\') word += '\\';
-      ++at;
-    }
+    if (line[at] == '\\' && at + 1 < line.size() && (line[at + 1] == '"' || line[at + 1] == '\\')) ++at;
     word += line[at];
   }
   return false;
 }
 
-std::optional<std::vector<std::string>> Split(std::string_view line, bool keep_backslashes) {
+}  // namespace
+
+std::optional<std::vector<std::string>> SplitWords(std::string_view line) {
   std::vector<std::string> words;
   std::size_t at = 0;
   while (true) {
@@ -31,22 +30,12 @@ std::optional<std::vector<std::string>> Split(std::string_view line, bool keep_b
     if (at == line.size()) return words;
     std::string word;
     if (line[at] == '"') {
-      if (!ReadQuoted(line, at, word, keep_backslashes)) return std::nullopt;
+      if (!ReadQuoted(line, at, word)) return std::nullopt;
     } else {
       while (at < line.size() && !IsBlank(line[at])) word += line[at++];
     }
     words.push_back(std::move(word));
   }
-}
-
-}  // namespace
-
-std::optional<std::vector<std::string>> SplitWords(std::string_view line) {
-  return Split(line, false);
-}
-
-std::optional<std::vector<std::string>> SplitWordsKeepingBackslashes(std::string_view line) {
-  return Split(line, true);
 }
 
 }  // namespace merlu

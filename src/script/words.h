@@ -11,7 +11,5 @@ namespace merlu {
 // Splits at blanks; a word in double quotes may hold blanks, \" and \\. Nothing when a quote is not closed
 // or is followed by more of the word.
 std::optional<std::vector<std::string>> SplitWords(std::string_view line);
-// The same with \\ left as it stands, for a word that has escapes of its own.
-std::optional<std::vector<std::string>> SplitWordsKeepingBackslashes(std::string_view line);
 
 }  // namespace merlu

@@ -142,6 +142,20 @@ void PutIn(Session& s, Form& form, const DraftField& field) {
   }
 }
 
+// What is disabled now took its text before the edit that disabled it.
+void PutBack(Form& form, const DraftField& field) {
+  Control* control = form.Find(field.control);
+  if (control == nullptr || (control->enabled && !control->locked)) return;
+  if (control->kind == Kind::kCheck || control->kind == Kind::kOption) {
+    control->checked = field.entered == "on";
+    return;
+  }
+  control->text = field.entered;
+  if (control->kind != Kind::kList) return;
+  const auto item = std::find(control->items.begin(), control->items.end(), field.entered);
+  control->index = item == control->items.end() ? -1 : static_cast<int>(item - control->items.begin());
+}
+
 void Continue(Session& s, const Draft& draft) {
   QCLocation at;
   Mode mode = s.mode;
@@ -150,6 +164,7 @@ void Continue(Session& s, const Draft& draft) {
   const ShowingSheet sheet = SheetThatShows(s);
   if (!s.editing || sheet.form == nullptr) return;
   for (const DraftField& field : draft.fields) PutIn(s, *sheet.form, field);
+  for (const DraftField& field : draft.fields) PutBack(*sheet.form, field);
   s.draft.id = draft.id;
   KeepDraftOfEdit(s, When::kAtOnce);
 }

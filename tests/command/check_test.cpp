@@ -113,6 +113,13 @@ TEST_F(Check, counts_a_finding_with_a_stored_comment_as_explained) {
   EXPECT_EQ(Judge().explained, 0) << "the comment was on another finding";
 }
 
+TEST_F(Check, a_total_has_the_value_that_is_stored) {
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET SalesGasC1Content=60, SALES_GAS_TOTAL=50");
+  const CheckedFile file = Judge();
+  ASSERT_NE(Find(file, "txtSTRUCTURE_SalesGasTotal"), nullptr);
+  EXPECT_EQ(Find(file, "txtSTRUCTURE_SalesGasTotal")->value, "50");
+}
+
 TEST_F(Check, takes_a_month_or_the_descriptions_only) {
   std::set<int> months;
   for (const CheckedFinding& f : Judge({1, false, true}).findings) months.insert(f.month);

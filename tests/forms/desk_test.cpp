@@ -262,6 +262,16 @@ TEST(Desk, shows_a_form_on_top_and_once) {
   EXPECT_EQ(desk.showing, std::vector<Form*>{&a});
 }
 
+TEST(Desk, shows_a_sheet_below_the_open_dialogs) {
+  Desk desk;
+  const auto make = [&](const char* name) -> Form& { return desk.Own(std::make_unique<Form>(name)); };
+  Form &main = make("frmMain"), &dialog = make("frmDialog"), &question = make("frmQuestion"), &sheet = make("frmSheet");
+  dialog.modal = question.modal = true;
+  for (Form* form : {&main, &dialog, &question, &sheet}) desk.Show(*form);
+  EXPECT_EQ(desk.showing, (std::vector<Form*>{&main, &sheet, &dialog, &question}));
+  EXPECT_EQ(desk.Dialog(), &question);
+}
+
 TEST(Desk, finds_forms_that_do_not_show) {
   Desk desk;
   Form& a = desk.Own(std::make_unique<Form>("frmA", "A"));

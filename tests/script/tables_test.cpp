@@ -98,10 +98,15 @@ TEST_F(ScriptTables, type_into_a_cell_by_number_key_or_name) {
 }
 
 TEST_F(ScriptTables, paste_a_block_with_its_escapes) {
-  Play("paste grdCells 1001/1 txtHours \"1\\ton\\n2\\\\t3\"\npaste grdCells 0 1 4\\n\\\\n\n");
-  ASSERT_EQ(grid->pasted.size(), 2U);
-  EXPECT_EQ(grid->pasted[0], (GridBlock{{"1", "on"}, {"2\\t3"}}));
+  // in quotes a backslash may stand doubled, as in every word: the escapes are those of the word
+  Play(R"(paste grdCells 1001/1 txtHours "1\ton\n2\\t3"
+paste grdCells 0 1 4\n\\n
+paste grdCells 0 1 "5\\t6\\n7\\\\n8"
+)");
+  ASSERT_EQ(grid->pasted.size(), 3U);
+  EXPECT_EQ(grid->pasted[0], (GridBlock{{"1", "on"}, {"2", "3"}}));
   EXPECT_EQ(grid->pasted[1], (GridBlock{{"4"}, {"\\n"}}));
+  EXPECT_EQ(grid->pasted[2], (GridBlock{{"5", "6"}, {"7\\n8"}}));
 }
 
 TEST_F(ScriptTables, pick_and_double_click_rows_and_cells) {

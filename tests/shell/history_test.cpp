@@ -294,6 +294,22 @@ TEST_F(OnScreen, what_was_typed_is_offered_after_a_cut) {
   EXPECT_EQ(ToInteger(run.Sql("SELECT OP_HR FROM EA_FLA")), 100);
 }
 
+TEST_F(OnScreen, what_was_typed_comes_back_into_fields_that_a_later_choice_disabled) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kDesc);
+  run.Click("cmdEdit");
+  run.Set("cmbFLA_OtherControlDevice", "Yes");
+  run.Set("txtFLA_OtherControlEffSOx", "77");
+  run.Set("cmbFLA_OtherControlDevice", "No");
+  KeepDraftOfEdit(run.s, When::kAtOnce);
+  EndProgram(run.s);
+  run.dialogs.push_back([&](Form&) { run.Click("cmdDRF_Continue"); });
+  Main(run.s);
+  EXPECT_EQ(run.Text("cmbFLA_OtherControlDevice"), "No");
+  EXPECT_EQ(run.Text("txtFLA_OtherControlEffSOx"), "77");
+  EXPECT_FALSE(run.At("txtFLA_OtherControlEffSOx").enabled);
+}
+
 TEST_F(OnScreen, a_cancelled_edit_leaves_no_draft) {
   run.StartWith("FLA", "F1");
   run.GoTo("FLA", "F1", Mode::kActv);
