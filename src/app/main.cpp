@@ -4,11 +4,13 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/text.h"
@@ -29,6 +31,19 @@ constexpr const char* kUsage =
     "       merlu catalogue\n"
     "       merlu COMMAND ...\n"
     "       merlu --help | --version | COMMAND --help\n";
+
+constexpr const char* kScriptHelp =
+    "usage: merlu script [--settings FILE] [--clock \"YYYY-MM-DD HH:MM\"] [--stop-on-error] [FILE]\n"
+    "\n"
+    "Plays commands from FILE, or from standard input, and answers each with a line of JSON.\n"
+    "  --settings       keeps the settings in FILE instead of the user's own\n"
+    "  --clock          sets the present date and time\n"
+    "  --stop-on-error  ends at the first command that could not be done\n";
+
+constexpr const char* kCatalogueHelp =
+    "usage: merlu catalogue\n"
+    "\n"
+    "Prints every sheet, field and rule as JSON.\n";
 
 constexpr const char* kHelp =
     "\n"
@@ -77,6 +92,10 @@ int Play(std::istream& in, const PlayOptions& options) {
   const int status = Player(in, std::cout, options).Run();
   if (!std::cout) std::cerr << "merlu: the answers cannot be written\n";
   return status;
+}
+
+bool AsksForHelp(int argc, char** argv) {
+  return std::any_of(argv + 2, argv + argc, [](const char* word) { return std::string_view(word) == "--help"; });
 }
 
 int RunScript(int argc, char** argv) {
@@ -152,6 +171,10 @@ int RunDesktopProgram(int argc, char** argv) {
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::string command = argc > 1 ? argv[1] : "";
+  if ((command == "script" || command == "catalogue") && merlu::AsksForHelp(argc, argv)) {
+    std::cout << (command == "script" ? merlu::kScriptHelp : merlu::kCatalogueHelp);
+    return 0;
+  }
   if (command == "script") return merlu::RunScript(argc, argv);
   if (const merlu::CommandSpec* spec = merlu::FindCommand(command)) return merlu::RunCommandLine(*spec, argc, argv);
   if (command == "--help" || command == "-h") {

@@ -23,7 +23,11 @@ void QuietSession::OpenFile(const std::string& path) {
   }
   s.path = path;
   s.mode = Mode::kActv;
-  if (OpenDatabaseAndCursors(s)) return;
+  if (OpenDatabaseAndCursors(s)) {
+    s.current.Level = level::kUser;
+    s.current.UserID = NullToEmpty(s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY"));
+    return;
+  }
   // the box says what to press first, and then why
   std::string why = quiet.said.empty() ? "The inventory could not be opened." : quiet.said.back();
   if (const auto last = why.rfind("\n\n"); last != std::string::npos) why.erase(0, last + 2);

@@ -264,7 +264,7 @@ TEST(Desk, shows_a_form_on_top_and_once) {
 
 TEST(Desk, shows_a_sheet_below_the_open_dialogs) {
   Desk desk;
-  const auto make = [&](const char* name) -> Form& { return desk.Own(std::make_unique<Form>(name)); };
+  const auto make = [&](const char* name) -> Form& { return desk.Own(std::make_unique<Form>(name, name)); };
   Form &main = make("frmMain"), &dialog = make("frmDialog"), &question = make("frmQuestion"), &sheet = make("frmSheet");
   dialog.modal = question.modal = true;
   for (Form* form : {&main, &dialog, &question, &sheet}) desk.Show(*form);
