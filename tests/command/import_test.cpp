@@ -55,7 +55,8 @@ TEST_F(ImportCommand, takes_the_structures_over_after_a_backup) {
   bool backed_up = false;
   for (const Backup& backup : Backups(here.s.path)) backed_up = backed_up || backup.why == backup_reason::kImport;
   EXPECT_TRUE(backed_up);
-  EXPECT_EQ(RawValue(here.s.path + ".history", "SELECT place FROM step"), Value(std::string("Operator: 12345")));
+  EXPECT_EQ(RawValue(here.s.path + ".history", "SELECT place FROM step WHERE what='Import'"),
+            Value(std::string("Operator: 12345")));
 }
 
 TEST_F(ImportCommand, refuses_what_is_there_already_and_what_the_other_file_lacks) {
