@@ -36,11 +36,12 @@ struct FindingName {
   bool operator==(const FindingName&) const = default;
 };
 
-// The finding that the user went to last, its field's place on the sheet, and where that left him.
+// The finding that the user went to last, or picked since, its field's place on the sheet, and where he stood then.
 struct Walk {
   FindingName to;
   int field = 0;
   QCLocation from;
+  bool picked = false;
 };
 
 class FindingsModel : public ListModel {

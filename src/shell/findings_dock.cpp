@@ -94,8 +94,8 @@ struct Standing {
   int next = 0;
 };
 
-// The walk goes on behind the finding that it came to last, as long as the user has not gone to another record; also
-// when the finding itself is gone.
+// The walk goes on behind the finding that it came to last, or that was picked since, as long as the user has not gone
+// to another record; also when the finding itself is gone.
 Standing WhereTheUserStands(Session& s, const FindingsModel& model, const std::vector<FindingPlace>& order) {
   Standing standing;
   QCLocation here = s.current;
@@ -104,7 +104,7 @@ Standing WhereTheUserStands(Session& s, const FindingsModel& model, const std::v
   const int walked = model.live().Find(walk.to.kind, walk.to.key);
   int record = model.live().Find(here);
   // a row of the log without a record leaves the user where he was
-  const bool goes_on = walk.from == here && (walked == record || walk.to.kind == RecordKind::kGone);
+  const bool goes_on = walk.from == here && (walk.picked || walked == record || walk.to.kind == RecordKind::kGone);
   if (goes_on && walked >= 0) record = walked;
   if (record < 0) return standing;
   const auto is_behind = [&](FindingPlace each) {
@@ -122,8 +122,8 @@ Standing WhereTheUserStands(Session& s, const FindingsModel& model, const std::v
   return standing;
 }
 
-void Remember(Session& s, FindingsModel& model, const FindingName& name, int field) {
-  model.walk = {name, field, s.current};
+void Remember(Session& s, FindingsModel& model, const FindingName& name, int field, bool picked = false) {
+  model.walk = {name, field, s.current, picked};
   if (s.InDesc()) model.walk.from.Month = model.walk.from.Year = 0;
 }
 
@@ -255,6 +255,12 @@ Form& MakeDock(Session& s) {
   dock.On(kCount, kRefreshDock, [&dock] { Refresh(dock); });
   dock.On("cmdFND_Comment", Event::kClick, [&s, &dock] { EditComment(s, dock); });
   dock.On("cmdFND_Export", Event::kClick, [&s, &dock] { Export(s, dock); });
+  dock.On(kList, Event::kMoved, [&s, &dock] {
+    FindingsModel& model = ModelOf(dock);
+    const std::vector<int>& picked = dock.At(kList).picked;
+    if (picked.size() != 1 || picked.front() < 0 || picked.front() >= model.RowCount()) return;
+    Remember(s, model, model.NameAt(picked.front()), model.At(picked.front()).said->field, true);
+  });
   dock.On(kList, Event::kDoubleClick, [&s, &dock] {
     Refresh(dock);
     FindingsModel& model = ModelOf(dock);

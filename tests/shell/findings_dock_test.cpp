@@ -73,6 +73,22 @@ TEST_F(FindingsDockOf, says_nothing_of_an_inactive_record_but_what_the_log_holds
   EXPECT_EQ(Column(1), Texts{});
 }
 
+TEST_F(FindingsDockOf, is_walked_through_from_the_row_that_is_picked) {
+  Rows();
+  run.SelectRoot();
+  run.Pick("lvwFND_List", {0});
+  run.Click("mnuRNext");
+  EXPECT_EQ(Dock().At("lvwFND_List").picked, (std::vector<int>{1}));
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_VolFlared");
+  run.Click("mnuRPrevious");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated");
+  run.Pick("lvwFND_List", {1});
+  run.GoTo("FLA", "F1", Mode::kActv, 2);
+  run.GoTo("FLA", "F1", Mode::kActv, 1);
+  run.Click("mnuRNext");
+  EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated") << "where the user has gone since";
+}
+
 TEST_F(FindingsDockOf, keeps_the_structures_of_an_operator_together) {
   run.s.db.Execute("INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('99')");
   run.s.db.Execute(
