@@ -114,7 +114,10 @@ std::vector<CompletenessRow> CompletenessOf(const Review& review, int structure)
     if (record.month < 0 || record.month > static_cast<int>(kMonths)) continue;
     const auto month = static_cast<std::size_t>(record.month);
     const RecordState state = month == 0 ? DescriptionState(record) : StateOf(record);
-    TakeWorst(rows[static_cast<std::size_t>(at)].cells[month], record, static_cast<int>(i), state);
+    RecordProgress& cell = rows[static_cast<std::size_t>(at)].cells[month];
+    // a structure stands before its equipment: without its own row the month is not there
+    if (!of_equipment && record.IsEquipment() && cell.state == RecordState::kMissing) continue;
+    TakeWorst(cell, record, static_cast<int>(i), state);
   }
   // of the descriptions only the structure's has a date; it counts where there are no findings at all
   for (std::size_t row = 0; row < rows.size(); ++row)

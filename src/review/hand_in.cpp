@@ -66,41 +66,6 @@ bool IsOfMonths(const std::string& table) {
   return table == "PA_PLATFORM_ACTV" || (table.starts_with("EA_") && FindType(table.substr(3)) != nullptr);
 }
 
-// Those that are still as they were copied.
-std::int64_t Copied(Database& db, const Companion& companion, const Review& review, int month) {
-  std::int64_t count = 0;
-  const std::vector<CopiedRecord> all = AllCopied(companion);
-  if (all.empty()) return count;
-  const MonthRecords records(review);
-  for (const CopiedRecord& copied : all) {
-    const ReviewedRecord* record = IsOfMonths(copied.table) ? records.Find(copied.table, copied.key) : nullptr;
-    if (record == nullptr || !CountsFor(*record, month)) continue;
-    const char* key = record->IsStructureMonth() ? "SA_ID_AK" : "EA_ID_AK";
-    try {
-      const Value stored = db.Single(
-          "SELECT [" + copied.field.column + "] FROM [" + copied.table + "] WHERE " + key + "=?", {copied.key});
-      if (NullToEmpty(stored) == copied.field.value) ++count;
-    } catch (const Fault&) {
-      // a column that the inventory does not have holds nothing
-    }
-  }
-  return count;
-}
-
-// ---- drafts, damage ----
-
-std::int64_t InterruptedEdits(const Companion& companion, int month, std::int64_t draft_in_hand) {
-  std::int64_t count = 0;
-  for (const Draft& draft : Drafts(companion)) {
-    QCLocation at;
-    Mode mode = Mode::kNone;
-    const bool known = UnpackLocation(draft.at, at, mode);
-    const int of_month = known && mode == Mode::kActv ? at.Month : 0;
-    if (draft.id != draft_in_hand && (month == 0 || of_month == 0 || of_month == month)) ++count;
-  }
-  return count;
-}
-
 std::int64_t Damage(Database& db) {
   std::int64_t count = 0;
   try {
@@ -110,6 +75,11 @@ std::int64_t Damage(Database& db) {
     ++count;  // what cannot even be looked at
   }
   return count;
+}
+
+template <typename All>
+std::int64_t Size(const All& all) {
+  return static_cast<std::int64_t>(all.size());
 }
 
 HandInRow Row(const char* check, std::int64_t count, const char* what_to_do, bool stops = true) {
@@ -133,6 +103,39 @@ bool IsUnchecked(const ReviewedRecord& record) {
   return record.kind != RecordKind::kEquipment;
 }
 
+std::vector<const ReviewedRecord*> CopiedValues(Database& db, const Companion& companion, const Review& review,
+                                                int month) {
+  std::vector<const ReviewedRecord*> found;
+  const std::vector<CopiedRecord> all = AllCopied(companion);
+  if (all.empty()) return found;
+  const MonthRecords records(review);
+  for (const CopiedRecord& copied : all) {
+    const ReviewedRecord* record = IsOfMonths(copied.table) ? records.Find(copied.table, copied.key) : nullptr;
+    if (record == nullptr || !CountsFor(*record, month)) continue;
+    const char* key = record->IsStructureMonth() ? "SA_ID_AK" : "EA_ID_AK";
+    try {
+      const Value stored = db.Single(
+          "SELECT [" + copied.field.column + "] FROM [" + copied.table + "] WHERE " + key + "=?", {copied.key});
+      if (NullToEmpty(stored) == copied.field.value) found.push_back(record);
+    } catch (const Fault&) {
+      // a column that the inventory does not have holds nothing
+    }
+  }
+  return found;
+}
+
+std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, std::int64_t draft_in_hand) {
+  std::vector<QCLocation> found;
+  for (const Draft& draft : Drafts(companion)) {
+    QCLocation at;
+    Mode mode = Mode::kNone;
+    const bool known = UnpackLocation(draft.at, at, mode);
+    const int of_month = known && mode == Mode::kActv ? at.Month : 0;
+    if (draft.id != draft_in_hand && (month == 0 || of_month == 0 || of_month == month)) found.push_back(at);
+  }
+  return found;
+}
+
 std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
                                     std::int64_t draft_in_hand) {
   const auto months = static_cast<std::int64_t>(MonthNumbers(review).size());
@@ -148,8 +151,8 @@ std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, co
           "Correct the values, or explain them."),
       Row("Explanations older than their values", Sum(review, month, [](const auto& record) { return record.stale; }),
           "Read the comments again."),
-      Row("Copied values not confirmed", Copied(db, companion, review, month), "Confirm them."),
-      Row("Entries kept from an interrupted edit", InterruptedEdits(companion, month, draft_in_hand),
+      Row("Copied values not confirmed", Size(CopiedValues(db, companion, review, month)), "Confirm them."),
+      Row("Entries kept from an interrupted edit", Size(InterruptedEdits(companion, month, draft_in_hand)),
           "Go on with the edit, or discard it.", false),
       Row("Pages of the file that are damaged, rows without their parent", Damage(db), "Restore a backup."),
       Row("Values changed since the hand-in", ValuesChangedSinceHandIn(companion, review, month), "Hand in again.",

@@ -32,6 +32,10 @@ struct HandInRow {
 // An edit that still goes on is no interrupted one: the number of what is kept of it.
 std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
                                     std::int64_t draft_in_hand = 0);
+// Of each copied value that is still as it came its record; of each interrupted edit where it was.
+std::vector<const ReviewedRecord*> CopiedValues(Database& db, const Companion& companion, const Review& review,
+                                                int month);
+std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, std::int64_t draft_in_hand);
 // "Ready to hand in." or "Not ready: 2 things to settle."
 std::string HandInVerdict(const std::vector<HandInRow>& rows);
 bool IsReady(const std::vector<HandInRow>& rows);

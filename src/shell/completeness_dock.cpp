@@ -81,6 +81,23 @@ void Open(Session& s, Form& dock) {
   GoTo(s, location, ModeOf(record));
 }
 
+// The dock with all structures.
+Form& ShowStructures(Session& s) {
+  Form& dock = CompletenessDock(s);
+  dock.At(kShow).index = 0;
+  dock.At(kShow).text = kStructures;
+  if (!dock.visible) ToggleDock(s, dock);
+  dock.Raise(kCount, kRefreshDock);
+  return dock;
+}
+
+void PickCell(Form& dock, int row, int column) {
+  Control& grid = dock.At(kGrid);
+  grid.picked = {row};
+  grid.at_row = row;
+  grid.at_column = column;
+}
+
 Form& MakeDock(Session& s) {
   Form& dock = s.desk.Own(std::make_unique<Form>(kForm, "Completeness"));
   dock.dock = "mnuRCompleteness";
@@ -112,24 +129,22 @@ void ToggleCompleteness(Session& s) {
 }
 
 void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states) {
-  Form& dock = CompletenessDock(s);
-  dock.At(kShow).index = 0;
-  dock.At(kShow).text = kStructures;
-  if (!dock.visible) ToggleDock(s, dock);
-  dock.Raise(kCount, kRefreshDock);
+  Form& dock = ShowStructures(s);
   const CompletenessModel& model = ModelOf(dock);
-  Control& grid = dock.At(kGrid);
   for (int row = 0; row < model.RowCount(); ++row)
     for (int column = 1; model.At(row, column) != nullptr; ++column) {
       const RecordState state = model.At(row, column)->state;
       // the descriptions stand in front of the months
       if (month != 0 && column > 1 && column != month + 1) continue;
       if (std::find(states.begin(), states.end(), state) == states.end()) continue;
-      grid.picked = {row};
-      grid.at_row = row;
-      grid.at_column = column;
-      return;
+      return PickCell(dock, row, column);
     }
+}
+
+void ShowCompletenessOf(Session& s, const QCLocation& record) {
+  Form& dock = ShowStructures(s);
+  const int row = ModelOf(dock).FindRow(Trim(record.CmplxID) + "/" + Trim(record.StructID));
+  if (row >= 0) PickCell(dock, row, record.Month + 1);
 }
 
 }  // namespace merlu

@@ -12,5 +12,7 @@ Form& CompletenessDock(Session& s);
 void ToggleCompleteness(Session& s);
 // Shows the structures, on the first cell of the month (0: of any) that has one of the states.
 void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states);
+// Shows the structures, on the cell that the record is in.
+void ShowCompletenessOf(Session& s, const QCLocation& record);
 
 }  // namespace merlu

@@ -113,6 +113,15 @@ void ShowRecords(Session& s, Form& dialog) {
     return ShowCompleteness(s, month, {RecordState::kEmpty, RecordState::kUnchecked});
   if (check == HandInCheck::kMonthsMissing || check == HandInCheck::kStructuresWithoutMonth)
     return ShowCompleteness(s, month, {RecordState::kMissing});
+  if (check == HandInCheck::kCopied) {
+    const Review& review = Findings(s).review();
+    const auto copied = CopiedValues(s.db, s.companion, review, month);
+    if (!copied.empty()) return ShowCompletenessOf(s, LocationOf(review, *copied.front()));
+  }
+  if (check == HandInCheck::kDrafts) {
+    const auto edits = InterruptedEdits(s.companion, month, s.draft.id);
+    if (!edits.empty()) return ShowCompletenessOf(s, edits.front());
+  }
   ShowCompleteness(s, month, {});
 }
 

@@ -58,7 +58,8 @@ void ShowRecentFiles(Session& s) {
     Control& command = s.main->At(RecentCommand(number));
     const std::size_t at = static_cast<std::size_t>(number - 1);
     command.visible = at < paths.size();
-    const std::filesystem::path path(command.visible ? paths[at] : "");
+    command.bookmark = command.visible ? paths[at] : "";
+    const std::filesystem::path path(command.bookmark);
     command.caption =
         command.visible ? WithoutAccessKeys(path.filename().string() + " - " + path.parent_path().string()) : "";
   }
@@ -66,9 +67,11 @@ void ShowRecentFiles(Session& s) {
 }
 
 void OpenRecentFile(Session& s, int number) {
-  const std::vector<std::string> paths = StillThere(s);
-  if (number < 1 || number > static_cast<int>(paths.size())) return;
-  OpenDatabaseFile(s, paths[static_cast<std::size_t>(number - 1)]);
+  // the one that the command shows, whatever has gone since
+  const std::string path = s.main->At(RecentCommand(number)).bookmark;
+  if (FileExists(path)) return OpenDatabaseFile(s, path);
+  ShowRecentFiles(s);
+  Tell(s, "This inventory is not there any more:\n" + path, Icon::kWarning);
 }
 
 }  // namespace merlu

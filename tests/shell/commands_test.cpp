@@ -183,6 +183,11 @@ TEST_F(AtTheDesk, offers_the_inventories_opened_last_that_are_still_there) {
   run.Click("mnuFRecent2");
   EXPECT_EQ(run.s.path, first);
   fs::remove(second);
+  run.TakeBoxes();
+  run.Click("mnuFRecent2");
+  EXPECT_EQ(run.TakeBoxes(), (Texts{"This inventory is not there any more:\n" + second}));
+  EXPECT_EQ(run.s.path, first) << "no other one than the command names";
+  EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
   run.Start(first);
   EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
 }

@@ -120,6 +120,13 @@ TEST_F(HandIn, matrix_takes_the_findings_of_all_descriptions_together) {
   EXPECT_EQ(Matrix().Cell(0, 1).text, "clean");
 }
 
+TEST_F(HandIn, matrix_has_no_month_of_a_structure_without_its_row) {
+  EXPECT_EQ(Month("1001/1"), "empty");
+  run.s.db.Execute("DELETE FROM PA_PLATFORM_ACTV");
+  EXPECT_EQ(Month("1001/1"), "-") << "although its equipment has the month";
+  EXPECT_EQ(Count(HandInCheck::kStructuresWithoutMonth, "2017/01"), "1");
+}
+
 TEST_F(HandIn, counts_the_months_of_an_inventory_without_structures) {
   run.s.db.Execute("DELETE FROM PD_PLATFORM_DESC");
   EXPECT_EQ(Checks("Whole year")[0], "stop 11");
@@ -244,6 +251,16 @@ TEST_F(HandIn, counts_entries_of_its_month_and_copied_values_that_are_still_as_t
   EXPECT_EQ(Checks("Whole year")[6], "look 1");
   EXPECT_EQ(Checks("2017/01")[5], "stop 1");
   EXPECT_EQ(Checks("2017/02")[5], "ok 0");
+  for (const HandInCheck check : {HandInCheck::kCopied, HandInCheck::kDrafts}) {
+    Matrix();
+    CompletenessDock(run.s).At("grdCMP_Matrix").at_column = -1;
+    run.dialogs.push_back([&](Form&) {
+      run.Pick("lvwHND_Checks", static_cast<int>(check));
+      run.DoubleClick("lvwHND_Checks");
+    });
+    run.Click("mnuRHandIn");
+    EXPECT_EQ(CompletenessDock(run.s).At("grdCMP_Matrix").at_column, 2);
+  }
   run.s.db.Execute("UPDATE EA_MUD SET DAYS_PER_MO=6");
   EXPECT_EQ(Checks("2017/01")[5], "ok 0") << "typed over since";
 }
