@@ -178,6 +178,11 @@ std::string PlainCell(const std::vector<PlainRecord>& records, const std::string
     states.insert(state);
     number[state] += record.Number();
   }
+  // a month of a structure is there with the structure's own row
+  const bool own_row = std::any_of(records.begin(), records.end(), [&](const PlainRecord& record) {
+    return record.structure == structure && record.month == month && record.equipment.empty();
+  });
+  if (equipment.empty() && !own_row) return "-";
   if (month == 0 && states.contains("explained")) states.erase("unchecked");
   for (const std::string& state : worst_first)
     if (states.contains(state)) return CellText(state, number[state]);
