@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kRecentBonus = 150;
 constexpr const char* kStructure = "Structure";
+constexpr const char* kNoEmissions = "No Emissions to Report";
 
 void Add(std::vector<Thing>& things, Thing thing) {
   thing.name = FuzzyText(thing.what);
@@ -124,11 +125,10 @@ void AddHelpPages(std::vector<Thing>& things) {
     Add(things, {ThingKind::kHelp, file.substr(0, file.rfind(" help")), "Help", -1, "", "", file});
 }
 
-void AddField(const std::vector<FieldSpec>& fields, const FieldSpec& field, const std::string& where,
+void AddField(const std::string& caption, const std::string& control, bool monthly, const std::string& where,
               const std::string& type, std::vector<Thing>& things) {
-  const std::string what = BareCaption(CaptionOf(fields, field.control));
-  Add(things, {ThingKind::kField, what, where, -1, "", field.control, type,
-               field.mode == In::kActv ? Mode::kActv : Mode::kDesc});
+  Add(things,
+      {ThingKind::kField, BareCaption(caption), where, -1, "", control, type, monthly ? Mode::kActv : Mode::kDesc});
 }
 
 void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
@@ -137,13 +137,19 @@ void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
     const std::string page = static_cast<std::size_t>(field.page) < sheet.pages.size()
                                  ? " · " + sheet.pages[static_cast<std::size_t>(field.page)]
                                  : "";
-    AddField(sheet.fields, field, sheet.title + page, sheet.type, things);
+    AddField(CaptionOf(sheet.fields, field.control), field.control, field.mode == In::kActv, sheet.title + page,
+             sheet.type, things);
   }
+  const std::string where = sheet.title + " · " + sheet.pages.front();
+  if (sheet.has_activity) AddField(kNoEmissions, sheet.status_box(), true, where, sheet.type, things);
+  AddField(sheet.comments_caption, sheet.comments(), sheet.has_activity, where, sheet.type, things);
 }
 
 void AddStructureFields(std::vector<Thing>& things) {
   for (const FieldSpec& field : StructureFields())
-    AddField(StructureFields(), field, std::string(kStructure) + " · " + field.block, "", things);
+    AddField(CaptionOf(StructureFields(), field.control), field.control, field.mode == In::kActv,
+             std::string(kStructure) + " · " + field.block, "", things);
+  AddField(kNoEmissions, kStructureStatus, true, std::string(kStructure) + " · Comments", "", things);
 }
 
 void AddRules(const std::vector<FieldSpec>& fields, const std::vector<RuleGroup>& rules, const std::string& title,

@@ -77,6 +77,14 @@ TEST_F(GoToDialog, finds_what_the_tree_of_the_other_mode_holds) {
   EXPECT_EQ(run.s.current.EquipID, "U1");
 }
 
+TEST_F(GoToDialog, finds_comments_and_status_of_every_sheet) {
+  EXPECT_EQ(FirstFor("comments cold vent"), "Field|Comments|Cold Vent · General Information");
+  EXPECT_EQ(FirstFor("no emissions cold vent"), "Field|No Emissions to Report|Cold Vent · General Information");
+  Type("comments cold vent");
+  EXPECT_EQ(run.s.mode, Mode::kActv);
+  EXPECT_EQ(run.s.desk.Find("frmVEN")->focus, "txtVEN_Comments");
+}
+
 TEST_F(GoToDialog, finds_the_fields_and_rules_of_a_structure) {
   EXPECT_EQ(FirstFor("oil production"), "Field|Oil Production (bbl)|Structure · Production");
   EXPECT_EQ(FirstFor("longitude -98 to -81").substr(0, 15), "Rule|Longitude ");
