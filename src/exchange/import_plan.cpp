@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <set>
 #include <unordered_map>
 
@@ -63,29 +64,42 @@ void ReadDescriptions(Database& file, FileContent& content) {
     });
 }
 
+// A month of equipment that must have its row in its type's table.
+struct OpenMonth {
+  std::int64_t key;
+  FileEquipment* equipment;
+  int month;
+  bool has_row = false;
+};
+
 void ReadMonths(Database& file, FileContent& content) {
-  std::unordered_map<std::int64_t, std::pair<FileEquipment*, int>> open;  // months that lack their row so far
-  file.ForEach("SELECT EA_ID_AK,ED_ID_AK,EA_MO,EA_EQUIP_TYP FROM EA_EQUIP_ACTV", {}, [&](const RowView& row) {
-    const auto found = content.equipment.find(row.Integer(1));
-    if (found == content.equipment.end()) return;
-    FileEquipment& equipment = found->second;
-    const int month = static_cast<int>(row.Integer(2));
-    ++equipment.months.at(static_cast<std::size_t>(month));
-    if (row.Text(3) != equipment.type)
-      equipment.wrong_month = "is of another type in " + MonthInWords(month);
-    else if (FindType(equipment.type)->has_activity)
-      open[row.Integer(0)] = {&equipment, month};
-  });
+  std::vector<OpenMonth> months;  // in the order of their keys
+  file.ForEach("SELECT EA_ID_AK,ED_ID_AK,EA_MO,EA_EQUIP_TYP FROM EA_EQUIP_ACTV ORDER BY EA_ID_AK", {},
+               [&](const RowView& row) {
+                 const auto found = content.equipment.find(row.Integer(1));
+                 if (found == content.equipment.end()) return;
+                 FileEquipment& equipment = found->second;
+                 const int month = static_cast<int>(row.Integer(2));
+                 ++equipment.months.at(static_cast<std::size_t>(month));
+                 if (row.Text(3) != equipment.type)
+                   equipment.wrong_month = "is of another type in " + MonthInWords(month);
+                 else if (FindType(equipment.type)->has_activity)
+                   months.push_back({row.Integer(0), &equipment, month});
+               });
   for (const EquipmentType& type : EquipmentTypes()) {
     if (!type.has_activity) continue;
-    const std::string table = "EA_" + std::string(type.code);
-    file.ForEach("SELECT EA_ID_AK FROM " + table, {}, [&](const RowView& row) {
-      const auto found = open.find(row.Integer(0));
-      if (found != open.end() && found->second.first->type == type.code) open.erase(found);
-    });
+    auto at = months.begin();
+    file.ForEach("SELECT EA_ID_AK FROM EA_" + std::string(type.code) + " ORDER BY EA_ID_AK", {},
+                 [&](const RowView& row) {
+                   const std::int64_t key = row.Integer(0);
+                   while (at != months.end() && at->key < key) ++at;
+                   if (at != months.end() && at->key == key && at->equipment->type == type.code) at->has_row = true;
+                 });
   }
-  for (const auto& [key, month] : open)
-    month.first->wrong_month = "lacks its row of " + MonthInWords(month.second) + " in EA_" + month.first->type;
+  for (const OpenMonth& month : months)
+    if (!month.has_row && month.equipment->wrong_month.empty())
+      month.equipment->wrong_month =
+          "lacks its row of " + MonthInWords(month.month) + " in EA_" + month.equipment->type;
 }
 
 // What makes a piece of equipment break an inventory; empty for a sound one.
@@ -120,44 +134,68 @@ void JudgeStructure(const FileContent& content, std::int64_t key, PlannedStructu
   }
 }
 
-std::int64_t KeyOf(Database& db, const StructureName& name, int& count) {
-  std::int64_t key = 0;
-  count = 0;
-  db.ForEach(
-      "SELECT PD_ID_AK FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE SAME_ID AND STRUCT_NUM=? COLLATE "
-      "SAME_ID ORDER BY PD_ID_AK",
-      {name.complex, name.structure}, [&](const RowView& row) {
-        if (count++ == 0) key = row.Integer(0);
-      });
-  return key;
-}
+// The structures of a file by their names.
+class Named {
+ public:
+  explicit Named(Database& db) {
+    db.ForEach(
+        "SELECT PD_ID_AK,CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM IS NOT NULL AND "
+        "STRUCT_NUM IS NOT NULL ORDER BY PD_ID_AK",
+        {}, [&](const RowView& row) {
+          const StructureName name{std::string(row.Text(1)), std::string(row.Text(2))};
+          ++keys_.try_emplace(name, Found{row.Integer(0), 0}).first->second.count;
+        });
+  }
+
+  struct Found {
+    std::int64_t key = 0;  // the lowest
+    int count = 0;
+  };
+  Found Find(const StructureName& name) const {
+    const auto found = keys_.find(name);
+    return found == keys_.end() ? Found{} : found->second;
+  }
+
+ private:
+  struct Before {
+    bool operator()(const StructureName& a, const StructureName& b) const {
+      const int complex = CompareIds(a.complex, b.complex);
+      return complex != 0 ? complex < 0 : CompareIds(a.structure, b.structure) < 0;
+    }
+  };
+  std::map<StructureName, Found, Before> keys_;
+};
 
 std::string InWords(const StructureName& name) {
   return name.complex + "/" + name.structure;
 }
 
-void PlanOne(Database& working, Database& file, const FileContent& content, PlannedStructure& planned) {
-  int count = 0;
-  const std::int64_t there = KeyOf(file, planned.name, count);
-  if (count == 0)
+struct Sides {
+  Database& working;
+  Database& file;
+  Named here, there;
+};
+
+void PlanOne(const Sides& sides, const FileContent& content, PlannedStructure& planned) {
+  const Named::Found there = sides.there.Find(planned.name);
+  if (there.count == 0)
     throw Fault(fault_number::kNoSuchItem, "MERLU import",
                 "The structure " + InWords(planned.name) + " could not be read from the file.");
-  if (count > 1) planned.why = "The file holds it twice.";
-  JudgeStructure(content, there, planned);
+  if (there.count > 1) planned.why = "The file holds it twice.";
+  JudgeStructure(content, there.key, planned);
   if (!planned.why.empty()) planned.action = ImportAction::kNotSound;
-  const std::int64_t here = KeyOf(working, planned.name, count);
-  if (count == 0) return;
+  const Named::Found here = sides.here.Find(planned.name);
+  if (here.count == 0) return;
   planned.action = ImportAction::kExists;
-  planned.differences = FindDifferences(working, here, file, there);
+  planned.differences = FindDifferences(sides.working, here.key, sides.file, there.key);
 }
 
 // The inventory takes over the months that it lacks, the structures get those that they lack, also before their first.
-void PlanMonths(const FileContent& content, Database& file, ImportPlan& plan) {
+void PlanMonths(const FileContent& content, const Named& there, ImportPlan& plan) {
   plan.last_month = plan.last_month_here;
   std::vector<MonthCounts> months;
   for (const PlannedStructure& planned : plan.structures) {
-    int count = 0;
-    const auto found = content.structure_months.find(KeyOf(file, planned.name, count));
+    const auto found = content.structure_months.find(there.Find(planned.name).key);
     months.push_back(found == content.structure_months.end() ? MonthCounts{} : found->second);
     for (int month = kMonths; month > plan.last_month; --month)
       if (months.back()[static_cast<std::size_t>(month)] > 0) plan.last_month = month;
@@ -206,11 +244,12 @@ ImportPlan PlanImport(Database& working, Database& file, const std::vector<Struc
   FileContent content;
   ReadDescriptions(file, content);
   ReadMonths(file, content);
+  const Sides sides{working, file, Named(working), Named(file)};
   for (const StructureName& name : chosen) {
     plan.structures.push_back({name});
-    PlanOne(working, file, content, plan.structures.back());
+    PlanOne(sides, content, plan.structures.back());
   }
-  PlanMonths(content, file, plan);
+  PlanMonths(content, sides.there, plan);
   Refuse(plan);
   return plan;
 }

@@ -11,11 +11,10 @@ namespace merlu {
 // How far an import goes.
 enum class Import { kPlan, kDo };
 
-// Plans the import of the chosen structures. With Import::kDo, and when nothing in the plan is refused, the rows are
-// staged, get the next free keys, the operator's number and the year, and are moved to the inventory's tables. Months
-// that the working database lacks are added, as are those that a structure lacks, as empty rows. `file` has been judged
-// by CheckImportFile and is read from nowhere else. After a fault nothing has moved; the staging tables keep their rows
-// until the next import.
+// Plans the import of the chosen structures. With Import::kDo, and when nothing in the plan is refused, their rows get
+// the next free keys, the operator's number and the year, and come into the inventory's tables. Months that the working
+// database lacks are added, as are those that a structure lacks, as empty rows. `file` has been judged by
+// CheckImportFile and is read from nowhere else. After a fault nothing has changed.
 ImportPlan ImportStructures(Session& s, Database& file, const std::vector<StructureName>& chosen, Import how);
 
 }  // namespace merlu
