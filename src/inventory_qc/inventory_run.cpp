@@ -172,8 +172,9 @@ void AddPlatformsWithoutEquipment(Session& s) {
       "SELECT c.RIMA_CO_NUM,a.PA_MO,a.PA_YR,p.CMPLX_ID_NUM,p.STRUCT_NUM,'STRUCTURE','NA','NA','NA',?,'STRUCTURE',"
       "'Equipment records are missing for platform' FROM CO_COMPANY c JOIN PD_PLATFORM_DESC p ON "
       "c.RIMA_CO_NUM=p.RIMA_CO_NUM "
-      "JOIN PA_PLATFORM_ACTV a ON a.PD_ID_AK=p.PD_ID_AK LEFT JOIN ED_EQUIP_DESC e ON e.PD_ID_AK=p.PD_ID_AK "
-      "GROUP BY c.RIMA_CO_NUM,a.PA_MO,a.PA_YR,p.CMPLX_ID_NUM,p.STRUCT_NUM HAVING COUNT(e.ED_ID_AK)=0",
+      "JOIN PA_PLATFORM_ACTV a ON a.PD_ID_AK=p.PD_ID_AK "
+      "GROUP BY c.RIMA_CO_NUM,a.PA_MO,a.PA_YR,p.CMPLX_ID_NUM,p.STRUCT_NUM "
+      "HAVING SUM(EXISTS (SELECT 1 FROM ED_EQUIP_DESC e WHERE e.PD_ID_AK=p.PD_ID_AK))=0",
       {std::string(kTimeStamp)});
 }
 

@@ -83,13 +83,15 @@ void Change(Session& s, const Finding& finding) {
 
 }  // namespace
 
-void ApplyVerdicts(Session& s, const QCLocation& at, const Verdicts& verdicts) {
+void ApplyVerdicts(Session& s, const QCLocation& at, const Verdicts& verdicts, PiecesWithFindings* known) {
   const QCLocation location = Kept(at);
   Log log;
-  if (!OnSheet(s, [&] { log = Read(s, location); })) return;
+  const bool has_none = known != nullptr && !known->Has(location);
+  if (!has_none && !OnSheet(s, [&] { log = Read(s, location); })) return;
   for (const Verdict& verdict : verdicts.all) Play(verdict, log);
   for (const Finding& finding : log.findings)
     if (finding.row != 0 && finding.changed && !finding.gone) OnSheet(s, [&] { Change(s, finding); });
+  if (has_none && !log.written.empty()) known->Add(location);
   for (const std::size_t number : log.written) {
     const Finding& finding = log.findings[number];
     if (finding.row != 0)

@@ -1,6 +1,7 @@
 // Verdicts to rows of QC.
 #pragma once
 
+#include "qc/qc_log.h"
 #include "rules/judge.h"
 #include "session/session.h"
 
@@ -11,6 +12,8 @@ namespace merlu {
 // one with another text takes the new text and loses its comment; one that was withdrawn and raised again in the
 // same run is a new one, with level, month and year of the session's current location. Each write traps its own fault:
 // it tells number and description, and the next one follows.
-void ApplyVerdicts(Session& s, const QCLocation& location, const Verdicts& verdicts);
+// `known` are the pieces with findings, of a record of equipment among many; null for none that are known.
+void ApplyVerdicts(Session& s, const QCLocation& location, const Verdicts& verdicts,
+                   PiecesWithFindings* known = nullptr);
 
 }  // namespace merlu

@@ -120,6 +120,24 @@ std::string EquipmentWithFindings::KeyOf(const QCLocation& l) {
   return key;
 }
 
+PiecesWithFindings::PiecesWithFindings(Database& db, const QCLocation& l) {
+  db.ForEach("SELECT EquipType,EquipID FROM QC WHERE UserID=? AND CmplxID=? AND StructID=? AND [Month]=? AND [Year]=?",
+             {Trim(l.UserID), Trim(l.CmplxID), Trim(l.StructID), std::int64_t{l.Month}, std::int64_t{l.Year}},
+             [&](const RowView& row) {
+               pieces_.push_back({std::string(row.Text(0)), std::string(row.Text(1))});
+             });
+}
+
+bool PiecesWithFindings::Has(const QCLocation& l) const {
+  return std::any_of(pieces_.begin(), pieces_.end(), [id = Trim(l.EquipID), &l](const Piece& piece) {
+    return EqualsIgnoringCase(piece.id, id) && EqualsIgnoringCase(piece.type, l.EquipType);
+  });
+}
+
+void PiecesWithFindings::Add(const QCLocation& l) {
+  pieces_.push_back({l.EquipType, Trim(l.EquipID)});
+}
+
 int CountQCErrors(Session& s, const QCLocation& l) {
   std::string condition = "UserID=? AND [Month]=? AND [Year]=?";
   Values values = {Trim(l.UserID), std::int64_t{l.Month}, std::int64_t{l.Year}};

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "session/session.h"
 
@@ -42,6 +43,21 @@ class EquipmentWithFindings {
  private:
   static std::string KeyOf(const QCLocation& location);
   std::unordered_set<std::string> known_;
+};
+
+// The pieces of equipment on a structure that have findings in a month: read once where all of them run, so that those
+// without are not looked for one by one.
+class PiecesWithFindings {
+ public:
+  PiecesWithFindings(Database& db, const QCLocation& structure);
+  bool Has(const QCLocation& location) const;
+  void Add(const QCLocation& location);
+
+ private:
+  struct Piece {
+    std::string type, id;
+  };
+  std::vector<Piece> pieces_;
 };
 
 // Findings at the location and below it in its month, in both modes; 0 above survey level.

@@ -22,7 +22,7 @@ void Run(Session& s, QCLocation& location, std::vector<std::string>* told) {
   if (location.Is(level::kSurvey))
     RunSurveyQC(s, location);
   else if (location.Is(level::kStructure))
-    RunStructureQC(s, location, location);
+    RunStructureQC(s, location);
   else if (const SheetSpec* sheet = SheetAt(location))
     RunSheetQC(s, *sheet, location, told);
 }

@@ -83,13 +83,14 @@ void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedReco
 
 }  // namespace
 
-void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record) {
+void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record, PiecesWithFindings* known) {
   if (record.sheet == nullptr) return RunJudgedStructure(s, at, record);
   const SheetSpec& sheet = *record.sheet;
   QCLocation location = at;
   if (sheet.has_activity && record.inactive) return PassOver(s, sheet, location);
   if (sheet.before_rules) sheet.before_rules(s, location);
-  ApplyVerdicts(s, location, *record.verdicts);
+  // what runs before the rules may have written
+  ApplyVerdicts(s, location, *record.verdicts, sheet.before_rules ? nullptr : known);
   TellFaults(s, *record.verdicts);
   const Value date = DateOf(s, *record.verdicts);
   NoteDescription(s, record.keys.ED_ID_AK);
@@ -150,19 +151,20 @@ bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& t
   return ApplyToStructure(s, location, typed.inactive, verdicts);
 }
 
-bool RunStructureRules(Session& s, const QCLocation& location, bool on_screen) {
-  bool active = true;
-  if (on_screen) {
-    const RuleSet& rules = StructureRuleSet();
-    const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
-    const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), *s.main), context);
-    active = ApplyToStructure(s, location, s.main->At(kStructureStatus).checked, verdicts);
-    if (active) PaintVerdicts(s, *s.main, rules.fields(), verdicts);
-    return active;
-  }
-  bool found = false;
+bool RunStructureRules(Session& s, const QCLocation& location) {
+  const RuleSet& rules = StructureRuleSet();
+  const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
+  const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), *s.main), context);
+  const bool active = ApplyToStructure(s, location, s.main->At(kStructureStatus).checked, verdicts);
+  if (active) PaintVerdicts(s, *s.main, rules.fields(), verdicts);
+  return active;
+}
+
+bool RunStoredStructureRules(Session& s, const QCLocation& location, Contexts& contexts, RecordJudge& judge) {
+  bool found = false, active = true;
   const bool read = Plainly(s, [&] {
-    found = JudgeRecord(s.db, nullptr, s.mode, CurrentRecord(s), [&](const JudgedRecord& record) {
+    judge.Judge(s.db, contexts, s.PD_ID_AK, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK, [&](const JudgedRecord& record) {
+      found = true;
       active = ApplyToStructure(s, location, record.inactive, *record.verdicts);
       if (active) TellFaults(s, *record.verdicts);
     });

@@ -26,17 +26,18 @@ struct TypedView {
 // or else from its rows. Sets EquipmentInactive and judges nothing when it reports nothing. Faults are passed on.
 // `told` takes what would be shown in a box, null shows it.
 void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told = nullptr);
-// The same for a record that was judged from its rows.
-void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record);
+// The same for a record that was judged from its rows; `known` as for ApplyVerdicts.
+void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record, PiecesWithFindings* known = nullptr);
 
 // The same for equipment that is typed and not yet stored, as the run that its save begins with; it is dated by what
 // stores it. A group of rules that met a fault passes it on.
 void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, TypedView& typed);
 bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& typed);
 
-// The rules of the structure at the location, on its screen, or from its rows. False, with StructureInactive, when it
-// reports nothing.
-bool RunStructureRules(Session& s, const QCLocation& location, bool on_screen);
+// The rules of the structure at the location, on its screen, or from its rows by a judge of structures by their keys.
+// False, with StructureInactive, when it reports nothing.
+bool RunStructureRules(Session& s, const QCLocation& location);
+bool RunStoredStructureRules(Session& s, const QCLocation& location, Contexts& contexts, RecordJudge& judge);
 
 // Dates the structure, the month in activity mode, otherwise the description; or, not checked, empties the date.
 void StampStructure(Session& s, bool checked);

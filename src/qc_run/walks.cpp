@@ -1,6 +1,7 @@
 #include "qc_run/walks.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,21 +32,60 @@ std::vector<StructureRow> ActiveStructures(Session& s, const QCLocation& l) {
   return rows;
 }
 
+using TypeOnStructure = std::pair<std::int64_t, std::string>;
+
+// What walks are made with: read and made ready once for all structures, or for the one.
+struct Walker {
+  Contexts contexts;
+  std::map<TypeOnStructure, std::vector<std::int64_t>> records;  // keys in the mode, in their order
+  std::map<const SheetSpec*, RecordJudge> judges;
+};
+
+std::map<TypeOnStructure, std::vector<std::int64_t>> RecordsOf(Session& s, std::int64_t structure, int month) {
+  std::string sql = s.InActv() ? "SELECT d.PD_ID_AK,d.ED_EQUIP_TYP,a.EA_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC "
+                                 "d ON d.ED_ID_AK=a.ED_ID_AK WHERE a.EA_MO=?"
+                               : "SELECT PD_ID_AK,ED_EQUIP_TYP,ED_ID_AK FROM ED_EQUIP_DESC d WHERE 1";
+  Values values;
+  if (s.InActv()) values.emplace_back(std::int64_t{month});
+  if (structure != 0) {
+    sql += " AND d.PD_ID_AK=?";
+    values.emplace_back(structure);
+  }
+  std::map<TypeOnStructure, std::vector<std::int64_t>> records;
+  s.db.ForEach(sql + " ORDER BY 3", values, [&](const RowView& row) {
+    records[{row.Integer(0), Upper(row.Text(1))}].push_back(row.Integer(2));
+  });
+  return records;
+}
+
+Walker MakeWalker(Session& s, std::int64_t structure, int month) {
+  return {Contexts(s.db, structure, structure == 0 ? month : 0), RecordsOf(s, structure, month), {}};
+}
+
+RecordJudge& JudgeOf(Session& s, Walker& walker, const SheetSpec& sheet) {
+  const RecordScope one{.mode = s.mode, .key = 1, .only_unchecked = s.InActv(), .asks_values = false};
+  return walker.judges.try_emplace(&sheet, &sheet, one).first->second;
+}
+
 // The runner for the structure's equipment of one type. In activity mode equipment that was checked since its last
 // save is left out, and nothing is looked at when the first piece is inactive.
-void Walk(Session& s, QCLocation& location, Contexts& contexts, const SheetSpec& sheet, std::int64_t PD_ID_AK) {
+void Walk(Session& s, QCLocation& location, Walker& walker, const SheetSpec& sheet, std::int64_t PD_ID_AK,
+          PiecesWithFindings& known) {
   location.Level = level::kEquipment;
   location.EquipType = sheet.type;
-  const RecordScope scope{.mode = s.mode, .month = location.Month, .PD_ID_AK = PD_ID_AK, .only_unchecked = s.InActv()};
+  if (s.InActv() && !sheet.has_activity) return;
   bool first = true, ended = false;
-  JudgeEquipment(s.db, contexts, sheet, scope, [&](const JudgedRecord& record) {
+  RecordJudge& judge = JudgeOf(s, walker, sheet);
+  const auto run = [&](const JudgedRecord& record) {
     if (s.InActv() && record.year != location.Year) return;
     if (std::exchange(first, false) && s.InActv() && record.inactive) ended = true;
     if (ended || (s.InActv() && (record.inactive || record.checked))) return;
     location.EquipID = record.id;
     s.current = location;
-    RunJudged(s, location, record);
-  });
+    RunJudged(s, location, record, &known);
+  };
+  for (const std::int64_t key : walker.records[{PD_ID_AK, sheet.type}])
+    judge.Judge(s.db, walker.contexts, PD_ID_AK, key, run);
 }
 
 bool IsPassedOver(const Session& s, const StructureMonth* month) {
@@ -58,48 +98,27 @@ std::int64_t StructureAt(Session& s, const QCLocation& l) {
                   {Trim(l.UserID), l.CmplxID, l.StructID}));
 }
 
-void WalkTypes(Session& s, QCLocation& location, const std::vector<const EquipmentType*>& types, bool shows_progress) {
+void WalkTypes(Session& s, QCLocation& location, Walker& walker, const std::vector<const EquipmentType*>& types,
+               bool shows_progress) {
   const std::int64_t structure = StructureAt(s, location);
-  Contexts contexts(s.db, structure);
-  const StructureFacts* facts = contexts.Structure(structure);
+  const StructureFacts* facts = walker.contexts.Structure(structure);
   // by the stored status: the screen's is judged by the structure's own run
-  if (facts == nullptr || IsPassedOver(s, contexts.Month(structure, location.Year, location.Month))) return;
+  if (facts == nullptr || IsPassedOver(s, walker.contexts.Month(structure, location.Year, location.Month))) return;
+  PiecesWithFindings known(s.db, location);
   int done = 0;
   for (const EquipmentType* type : types) {
     if (shows_progress) Progress(s, std::string(type->tree_name), done++, static_cast<int>(types.size()));
     if (std::find(facts->types.begin(), facts->types.end(), type->code) == facts->types.end()) continue;
-    Walk(s, location, contexts, type->sheet(), structure);
+    Walk(s, location, walker, type->sheet(), structure, known);
   }
 }
-
-}  // namespace
-
-void RunSurveyQC(Session& s, QCLocation& location) {
-  const QCLocation started_at = location;
-  s.current = location;
-  location.Level = level::kStructure;
-  location.EquipType = location.EquipID = "NA";
-  const std::vector<StructureRow> rows = ActiveStructures(s, location);
-  int done = 0;
-  if (s.InDesc()) location.Month = location.Year = 0;  // findings of descriptions have no month
-  for (const StructureRow& row : rows) {
-    location.CmplxID = row.complex;
-    location.StructID = row.structure;
-    Progress(s, "Structure " + row.complex + " " + row.structure, done++, static_cast<int>(rows.size()));
-    s.PD_ID_AK = row.PD_ID_AK;
-    s.SA_ID_AK = row.SA_ID_AK;
-    RunStructureQC(s, location, started_at);
-  }
-}
-
-namespace {
 
 // What follows the structure's own rules.
-void WalkAndStamp(Session& s, QCLocation& location, bool shows_progress) {
+void WalkAndStamp(Session& s, QCLocation& location, Walker& walker, bool shows_progress) {
   const bool whole = s.record_checked;
   location.EquipType = location.EquipID = "NA";
   // the other types are checked by an equipment run only
-  WalkTypes(s, location, TypesBy(&EquipmentType::in_walk), shows_progress);
+  WalkTypes(s, location, walker, TypesBy(&EquipmentType::in_walk), shows_progress);
   location.Level = level::kStructure;
   s.record_checked = whole;
   StampStructure(s, whole);
@@ -107,19 +126,43 @@ void WalkAndStamp(Session& s, QCLocation& location, bool shows_progress) {
 
 }  // namespace
 
-void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_at) {
-  const bool from_above = started_at.Level != level::kStructure;
+void RunSurveyQC(Session& s, QCLocation& location) {
   s.current = location;
-  if (RunStructureRules(s, location, !from_above)) WalkAndStamp(s, location, !from_above);
+  location.Level = level::kStructure;
+  location.EquipType = location.EquipID = "NA";
+  const std::vector<StructureRow> rows = ActiveStructures(s, location);
+  int done = 0;
+  if (s.InDesc()) location.Month = location.Year = 0;  // findings of descriptions have no month
+  Walker walker = MakeWalker(s, 0, location.Month);
+  RecordJudge structures(nullptr, {.mode = s.mode, .key = 1, .asks_values = false});
+  for (const StructureRow& row : rows) {
+    location.CmplxID = row.complex;
+    location.StructID = row.structure;
+    Progress(s, "Structure " + row.complex + " " + row.structure, done++, static_cast<int>(rows.size()));
+    s.PD_ID_AK = row.PD_ID_AK;
+    s.SA_ID_AK = row.SA_ID_AK;
+    s.current = location;
+    if (RunStoredStructureRules(s, location, walker.contexts, structures)) WalkAndStamp(s, location, walker, false);
+  }
+}
+
+void RunStructureQC(Session& s, QCLocation& location) {
+  s.current = location;
+  if (!RunStructureRules(s, location)) return;
+  Walker walker = MakeWalker(s, StructureAt(s, location), location.Month);
+  WalkAndStamp(s, location, walker, true);
 }
 
 void RunTypedStructureQC(Session& s, QCLocation location, TypedView& typed) {
   s.current = location;
-  if (RunTypedStructureRules(s, location, typed)) WalkAndStamp(s, location, false);
+  if (!RunTypedStructureRules(s, location, typed)) return;
+  Walker walker = MakeWalker(s, StructureAt(s, location), location.Month);
+  WalkAndStamp(s, location, walker, false);
 }
 
 void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type) {
-  WalkTypes(s, location, {FindType(type)}, false);
+  Walker walker = MakeWalker(s, StructureAt(s, location), location.Month);
+  WalkTypes(s, location, walker, {FindType(type)}, false);
 }
 
 }  // namespace merlu

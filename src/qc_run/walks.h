@@ -10,10 +10,9 @@ namespace merlu {
 // A survey has no rules of its own: the structure runner for each of its active structures.
 void RunSurveyQC(Session& s, QCLocation& location);
 
-// The structure's rules and then its equipment, on the structure's screen. `started_at` is where the run
-// began: a run from above first loads the screen from the record. Sets StructureInactive when the screen
+// The structure's rules and then its equipment, on the structure's screen. Sets StructureInactive when the screen
 // says so, and runs nothing then.
-void RunStructureQC(Session& s, QCLocation& location, const QCLocation& started_at);
+void RunStructureQC(Session& s, QCLocation& location);
 
 // The same for a structure's month that is typed and not yet stored.
 struct TypedView;

@@ -1,6 +1,7 @@
 #include "records/judge_records.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "records/structure_fields.h"
 #include "records/structure_record.h"
@@ -15,14 +16,10 @@ int YearAndMonth(int year, int month) {
   return year * kMonthsOfYear + month;
 }
 
-// Conditions of a query with the values of their question marks.
+// Conditions of a query.
 struct Where {
   std::string text;
-  Values values;
-  void Add(const std::string& condition, Value value) {
-    text += (text.empty() ? " WHERE " : " AND ") + condition;
-    values.push_back(std::move(value));
-  }
+  void Add(const std::string& condition) { text += (text.empty() ? " WHERE " : " AND ") + condition; }
 };
 
 std::string TotalColumns() {
@@ -31,44 +28,15 @@ std::string TotalColumns() {
   return columns;
 }
 
-// A record in the middle of a query, and what judges it.
-struct Judged {
-  JudgedRecord record;
-  RecordView view, stored;
-  Verdicts verdicts;
-  explicit Judged(const RuleSet& rules) : view(rules.fields()), stored(rules.fields()) {
-    record.rules = &rules;
-    record.view = record.stored = &view;
-    record.verdicts = &verdicts;
-  }
-
-  void Hand(const RecordScope& scope, Contexts& contexts, const RowReader& reader, const RowView& row, int first,
-            int status_box, const EachRecord& each) {
-    record.context = &contexts.Of(record.keys.PD_ID_AK, record.year, record.month);
-    record.structure = contexts.Structure(record.keys.PD_ID_AK);
-    const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month);
-    record.structure_inactive = month != nullptr && month->inactive;
-    verdicts.Clear();
-    record.stored = &view;
-    if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
-    reader.Show(row, first, *record.context, view);
-    if (status_box >= 0) view.SetChecked(status_box, record.inactive);
-    record.row = &row;
-    record.more = first + reader.size();
-    if (scope.judged) Judge(*record.rules, scope.mode, view, *record.context, verdicts);
-    if (std::any_of(verdicts.all.begin(), verdicts.all.end(), [](const Verdict& said) { return said.changed >= 0; })) {
-      reader.Show(row, first, *record.context, stored);
-      record.stored = &stored;
-    }
-    each(record);
-  }
-};
-
 }  // namespace
 
-Contexts::Contexts(Database& db, std::int64_t only) {
+Contexts::Contexts(Database& db, std::int64_t only, int month) {
   const std::string where = only == 0 ? "" : " WHERE PD_ID_AK=?";
-  const Values values = only == 0 ? Values() : Values{only};
+  const std::string of_month = month == 0 ? "" : (only == 0 ? " WHERE PA_MO=?" : " AND PA_MO=?");
+  Values values;
+  if (only != 0) values.emplace_back(only);
+  Values of_values = values;
+  if (month != 0) of_values.emplace_back(std::int64_t{month});
   try {
     db.ForEach(
         "SELECT PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,[Area],[Block],[Name] FROM PD_PLATFORM_DESC" + where,
@@ -77,8 +45,8 @@ Contexts::Contexts(Database& db, std::int64_t only) {
           structures_[row.Integer(0)] = {text(1), text(2), text(3), text(4), text(5), text(6), {}, {}, false, {}};
         });
     db.ForEach("SELECT PD_ID_AK,PA_YR,PA_MO,SA_ID_AK,status" + TotalColumns() + " FROM PA_PLATFORM_ACTV" + where +
-                   " ORDER BY rowid",
-               values, [&](const RowView& row) {
+                   of_month + " ORDER BY rowid",
+               of_values, [&](const RowView& row) {
                  const MonthKey key{row.Integer(0),
                                     YearAndMonth(static_cast<int>(row.Integer(1)), static_cast<int>(row.Integer(2)))};
                  const auto [found, is_new] = months_.try_emplace(key);
@@ -133,37 +101,58 @@ const Context& Contexts::Of(std::int64_t PD_ID_AK, int year, int month) {
   return context;
 }
 
-void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope, const EachRecord& each) {
-  const bool months = scope.mode == Mode::kActv;
-  const RuleSet& rules = StructureRuleSet();
-  const RowReader reader(StructureFields(), rules, scope.mode, scope.wanted);
-  Where where;
-  if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?", scope.PD_ID_AK);
-  if (months && scope.month != 0) where.Add("a.PA_MO=?", std::int64_t{scope.month});
-  if (scope.key != 0) where.Add(months ? "a.SA_ID_AK=?" : "d.PD_ID_AK=?", scope.key);
-  const std::string sql = months
-                              ? "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
-                                    HasValues(StructureFields(), "a") + reader.Columns("d", "a") + scope.more +
-                                    " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" +
-                                    where.text + " ORDER BY a.SA_ID_AK"
-                              : "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
-                                    " FROM PD_PLATFORM_DESC d" + where.text + " ORDER BY d.PD_ID_AK";
-  const int status_box = rules.fields().At(kStructureStatus);
-  Judged judged(rules);
-  db.ForEach(sql, where.values, [&](const RowView& row) {
-    JudgedRecord& record = judged.record;
-    record.keys = {row.Integer(0), row.Integer(1), 0, 0};
-    record.year = static_cast<int>(row.Integer(2));
-    record.month = static_cast<int>(row.Integer(3));
-    record.inactive = row.Text(4) == "I";
-    record.checked = row.Integer(5) != 0;
-    record.has_values = row.Integer(6) != 0;
-    constexpr int kFirst = 7;
-    judged.Hand(scope, contexts, reader, row, kFirst, status_box, each);
-  });
-}
+// A record in the middle of a query, and what judges it.
+struct RecordJudge::Ready {
+  JudgedRecord record;
+  RowReader reader;
+  RecordView view, stored;
+  Verdicts verdicts;
+  int status_box = -1;
+  Ready(const RuleSet& rules, RowReader read) : reader(std::move(read)), view(rules.fields()), stored(rules.fields()) {
+    record.rules = &rules;
+    record.view = record.stored = &view;
+    record.verdicts = &verdicts;
+  }
+
+  void Hand(const RecordScope& scope, Contexts& contexts, const RowView& row, int first, const EachRecord& each) {
+    record.context = &contexts.Of(record.keys.PD_ID_AK, record.year, record.month);
+    record.structure = contexts.Structure(record.keys.PD_ID_AK);
+    const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month);
+    record.structure_inactive = month != nullptr && month->inactive;
+    verdicts.Clear();
+    record.stored = &view;
+    if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
+    reader.Show(row, first, *record.context, view);
+    if (status_box >= 0) view.SetChecked(status_box, record.inactive);
+    record.row = &row;
+    record.more = first + reader.size();
+    if (scope.judged) merlu::Judge(*record.rules, scope.mode, view, *record.context, verdicts);
+    if (std::any_of(verdicts.all.begin(), verdicts.all.end(), [](const Verdict& said) { return said.changed >= 0; })) {
+      reader.Show(row, first, *record.context, stored);
+      record.stored = &stored;
+    }
+    each(record);
+  }
+};
 
 namespace {
+
+constexpr int kFirstOfStructure = 7, kFirstOfEquipment = 9;  // column of the view's values
+
+std::string SelectStructures(const RecordScope& scope, const RowReader& reader) {
+  const bool months = scope.mode == Mode::kActv;
+  Where where;
+  if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?");
+  if (months && scope.month != 0) where.Add("a.PA_MO=?");
+  if (scope.key != 0) where.Add(months ? "a.SA_ID_AK=?" : "d.PD_ID_AK=?");
+  if (!months)
+    return "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
+           " FROM PD_PLATFORM_DESC d" + where.text + " ORDER BY d.PD_ID_AK";
+  return "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
+         (scope.asks_values ? HasValues(StructureFields(), "a") : "1") + reader.Columns("d", "a") + scope.more +
+         " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" + where.text +
+         " ORDER BY a.SA_ID_AK";
+}
 
 // The tables of a type's records with the one in front that leads straight to those asked for.
 std::string EquipmentTables(const SheetSpec& sheet, const RecordScope& scope) {
@@ -182,30 +171,64 @@ std::string EquipmentTables(const SheetSpec& sheet, const RecordScope& scope) {
          type_desc;
 }
 
-}  // namespace
-
-void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
-                    const EachRecord& each) {
+std::string SelectEquipment(const SheetSpec& sheet, const RecordScope& scope, const RowReader& reader) {
   const bool months = scope.mode == Mode::kActv;
-  if (months && !sheet.has_activity) return;
-  const RuleSet& rules = RulesOf(sheet);
-  const RowReader reader(sheet.fields, rules, scope.mode, scope.wanted);
   Where where;
-  if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?", scope.PD_ID_AK);
-  where.Add("d.ED_EQUIP_TYP=?", sheet.type);
-  if (months && scope.month != 0) where.Add("a.EA_MO=?", std::int64_t{scope.month});
-  if (scope.key != 0) where.Add(months ? "a.EA_ID_AK=?" : "d.ED_ID_AK=?", scope.key);
+  if (scope.PD_ID_AK != 0) where.Add("d.PD_ID_AK=?");
+  where.Add("d.ED_EQUIP_TYP=?");
+  if (months && scope.month != 0) where.Add("a.EA_MO=?");
+  if (scope.key != 0) where.Add(months ? "a.EA_ID_AK=?" : "d.ED_ID_AK=?");
   std::string sql = "SELECT d.PD_ID_AK,d.ED_ID_AK,d.ED_MERLU_EQUIP_ID,";
-  sql += months ? "a.EA_ID_AK,a.EA_YR,a.EA_MO,a.EA_STATUS,a.EA_QC_DT IS NOT NULL," + HasValues(sheet.fields, "t")
-                : std::string("0,0,0,NULL,d.ED_QC_DT IS NOT NULL,1");
+  if (months)
+    sql += "a.EA_ID_AK,a.EA_YR,a.EA_MO,a.EA_STATUS,a.EA_QC_DT IS NOT NULL," +
+           (scope.asks_values ? HasValues(sheet.fields, "t") : "1");
+  else
+    sql += "0,0,0,NULL,d.ED_QC_DT IS NOT NULL,1";
   sql += reader.Columns("e", "t") + scope.more + EquipmentTables(sheet, scope) + where.text;
   // without a structure the type's own table leads, in the order of its keys
   if (scope.PD_ID_AK != 0) sql += months ? " ORDER BY a.EA_ID_AK" : " ORDER BY d.ED_ID_AK";
-  const int status_box = rules.fields().Find(sheet.status_box());
-  Judged judged(rules);
-  judged.record.sheet = &sheet;
-  db.ForEach(sql, where.values, [&](const RowView& row) {
-    JudgedRecord& record = judged.record;
+  return sql;
+}
+
+}  // namespace
+
+RecordJudge::RecordJudge(const SheetSpec* sheet, const RecordScope& scope) : sheet_(sheet), scope_(scope) {
+  const RuleSet& rules = sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
+  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureFields() : sheet->fields;
+  ready_ = std::make_unique<Ready>(rules, RowReader(fields, rules, scope.mode, scope.wanted));
+  ready_->record.sheet = sheet;
+  ready_->status_box = rules.fields().Find(sheet == nullptr ? kStructureStatus : sheet->status_box());
+  sql_ = sheet == nullptr ? SelectStructures(scope, ready_->reader) : SelectEquipment(*sheet, scope, ready_->reader);
+}
+
+RecordJudge::~RecordJudge() = default;
+
+void RecordJudge::Judge(Database& db, Contexts& contexts, std::int64_t PD_ID_AK, std::int64_t key,
+                        const EachRecord& each) {
+  Values values;
+  if (scope_.PD_ID_AK != 0) values.emplace_back(PD_ID_AK);
+  if (sheet_ != nullptr) values.emplace_back(sheet_->type);
+  if (scope_.mode == Mode::kActv && scope_.month != 0) values.emplace_back(std::int64_t{scope_.month});
+  if (scope_.key != 0) values.emplace_back(key);
+  sheet_ == nullptr ? JudgeStructures(db, contexts, values, each) : JudgeEquipment(db, contexts, values, each);
+}
+
+void RecordJudge::JudgeStructures(Database& db, Contexts& contexts, const Values& values, const EachRecord& each) {
+  db.ForEach(sql_, values, [&](const RowView& row) {
+    JudgedRecord& record = ready_->record;
+    record.keys = {row.Integer(0), row.Integer(1), 0, 0};
+    record.year = static_cast<int>(row.Integer(2));
+    record.month = static_cast<int>(row.Integer(3));
+    record.inactive = row.Text(4) == "I";
+    record.checked = row.Integer(5) != 0;
+    record.has_values = row.Integer(6) != 0;
+    ready_->Hand(scope_, contexts, row, kFirstOfStructure, each);
+  });
+}
+
+void RecordJudge::JudgeEquipment(Database& db, Contexts& contexts, const Values& values, const EachRecord& each) {
+  db.ForEach(sql_, values, [&](const RowView& row) {
+    JudgedRecord& record = ready_->record;
     record.id = row.Text(2);
     record.keys = {row.Integer(0), 0, row.Integer(1), row.Integer(3)};
     record.year = static_cast<int>(row.Integer(4));
@@ -215,9 +238,18 @@ void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, co
     record.has_values = row.Integer(8) != 0;
     if (const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month))
       record.keys.SA_ID_AK = month->SA_ID_AK;
-    constexpr int kFirst = 9;
-    judged.Hand(scope, contexts, reader, row, kFirst, status_box, each);
+    ready_->Hand(scope_, contexts, row, kFirstOfEquipment, each);
   });
+}
+
+void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope, const EachRecord& each) {
+  RecordJudge(nullptr, scope).Judge(db, contexts, scope.PD_ID_AK, scope.key, each);
+}
+
+void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
+                    const EachRecord& each) {
+  if (scope.mode == Mode::kActv && !sheet.has_activity) return;
+  RecordJudge(&sheet, scope).Judge(db, contexts, scope.PD_ID_AK, scope.key, each);
 }
 
 void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each) {

@@ -36,11 +36,11 @@ struct StructureMonth {
   std::array<double, kTotals> totals{};
 };
 
-// What records are judged against, read once: all structures, or one, with their months, vents and flares.
+// What records are judged against, read once: all structures, or one, with their months (or one), vents and flares.
 class Contexts {
  public:
   // A fault of the reading is kept for the rules that need what it read.
-  explicit Contexts(Database& db, std::int64_t only_PD_ID_AK = 0);
+  explicit Contexts(Database& db, std::int64_t only_PD_ID_AK = 0, int only_month = 0);
 
   const Context& Of(std::int64_t PD_ID_AK, int year, int month);
   const StructureFacts* Structure(std::int64_t PD_ID_AK) const;
@@ -94,8 +94,32 @@ struct RecordScope {
   std::int64_t key = 0;       // of one record: EA_ID_AK or ED_ID_AK; of a structure SA_ID_AK or PD_ID_AK
   Wanted wanted = Wanted::kWhatRulesRead;
   bool only_unchecked = false;  // an inactive month, and one with a date of last QC, is handed out unjudged
+  bool asks_values = true;      // no: `has_values` is not looked up
   bool judged = true;           // no: records are handed out as they show, without verdicts
   std::string more{};           // further columns of a month: ",a.[COL]" of its master row, ",t.[COL]" of its type's
+};
+
+// Judges the records of one kind scope by scope: what that takes beside the rows is made ready once.
+class RecordJudge {
+ public:
+  // Of a type with records in the scope's mode, or of the structures (null).
+  RecordJudge(const SheetSpec* sheet, const RecordScope& scope);
+  ~RecordJudge();
+  RecordJudge(const RecordJudge&) = delete;
+  RecordJudge& operator=(const RecordJudge&) = delete;
+
+  // Those of the structure, or of the one record; the scope names one, too, and what it says otherwise counts.
+  void Judge(Database& db, Contexts& contexts, std::int64_t PD_ID_AK, std::int64_t key, const EachRecord& each);
+
+ private:
+  struct Ready;
+  void JudgeStructures(Database& db, Contexts& contexts, const Values& values, const EachRecord& each);
+  void JudgeEquipment(Database& db, Contexts& contexts, const Values& values, const EachRecord& each);
+
+  const SheetSpec* sheet_;
+  RecordScope scope_;
+  std::string sql_;
+  std::unique_ptr<Ready> ready_;
 };
 
 // Structures, in the order of their keys in the mode.
