@@ -216,7 +216,7 @@ Bound& FormBinding::AddField(const Control& control, QWidget* parent, bool with_
   line->addWidget(field, takes_width ? 1 : 0);
   Bound& bound = Add(control, field);
   bound.row = row;
-  if (IsSelectable(control.kind)) {
+  if (IsSelectable(control.kind) && marks_) {
     bound.mark = new QLabel("!", row);
     bound.mark->setFixedWidth(10);
     bound.mark->setObjectName(Q(control.name) + "_Mark");
@@ -511,6 +511,7 @@ void FormBinding::ShowFinding(Bound& bound, const Control& now) {
   bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : said.join('\n'));
   if (const QString unit = UnitOf(now); !unit.isEmpty()) said.prepend(unit);
   bound.widget->setAccessibleDescription(said.join('\n'));
+  if (bound.mark == nullptr) return;
   bound.mark->setText(finding.isEmpty() ? "" : "!");
   bound.mark->setToolTip(finding);
   QPalette red = bound.mark->palette();

@@ -40,6 +40,8 @@ class FormBinding : public QObject {
   FormBinding(Acts& acts, Form& form, QObject* parent) : QObject(parent), acts_(acts), form_(form) {}
 
   Form& form() { return form_; }
+  // Fields that no rule looks at keep no room for a mark.
+  void LeaveOutMarks() { marks_ = false; }
 
   // A field in a row of its own with its mark; a caption is made when there is room for one beside it.
   Bound& AddField(const Control& control, QWidget* parent, bool with_caption);
@@ -108,6 +110,7 @@ class FormBinding : public QObject {
   Acts& acts_;
   Form& form_;
   std::vector<std::unique_ptr<Bound>> bound_;
+  bool marks_ = true;
   std::string entered_, entered_text_;  // the field that was entered last, and its text then
 };
 

@@ -263,6 +263,7 @@ Button DesktopApp::Ask(const Box& box) {
   message.setIcon(Picture(box.icon));
   for (Button button : box.buttons) message.addButton(Standard(button));
   message.setDefaultButton(Standard(box.buttons.at(box.preset)));
+  SetLook(*message.defaultButton(), "main", true);
   message.setEscapeButton(Standard(LeastChange(box)));
   auto* again = box.setting.empty() ? nullptr : new QCheckBox(tr("Do not show again"), &message);
   if (again != nullptr) {

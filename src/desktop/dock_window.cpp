@@ -11,6 +11,7 @@ namespace merlu {
 DockWindow::DockWindow(Acts& acts, Form& form, QWidget* parent)
     : QDockWidget(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
+  binding_.LeaveOutMarks();
   auto* place = new QWidget(this);
   if (form.name() == strip_dock::kForm)
     bars_ = FillStripPanel(*place, binding_, acts_);

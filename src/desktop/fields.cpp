@@ -200,6 +200,11 @@ QSize ListField::sizeHint() const {
   return {widest + 42, fontMetrics().height() + 10};
 }
 
+QSize ListField::minimumSizeHint() const {
+  const QSize wanted = sizeHint();
+  return {std::min(wanted.width(), fontMetrics().horizontalAdvance(QString(20, '0')) + 42), wanted.height()};
+}
+
 void ListField::wheelEvent(QWheelEvent* event) {
   // a list under the pointer must not change while the page is scrolled
   event->ignore();

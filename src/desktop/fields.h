@@ -91,7 +91,8 @@ class ListField : public QComboBox {
   void showPopup() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  // Where the room is short its text ends in an ellipsis.
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

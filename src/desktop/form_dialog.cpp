@@ -11,13 +11,14 @@
 
 #include "desktop/about_window.h"
 #include "desktop/model_list.h"
+#include "desktop/results_list.h"
 #include "desktop/table_panel.h"
 #include "shell/help.h"
 
 namespace merlu {
 namespace {
 
-constexpr int kListWidth = 740, kListHeight = 260, kColumnWidth = 140;
+constexpr int kListWidth = 740, kListHeight = 260, kColumnWidth = 140, kFieldWidth = 280;
 
 bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
@@ -49,6 +50,7 @@ DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
     : QDialog(parent), acts_(acts), binding_(acts, form, this) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
+  binding_.LeaveOutMarks();
   auto* help = new QAction(this);
   help->setShortcut(QKeySequence("F1"));
   connect(help, &QAction::triggered, this, &DialogWindow::ShowHelpHere);
@@ -79,7 +81,7 @@ FormDialog::FormDialog(Acts& acts, Form& form, QWidget* parent) : DialogWindow(a
   // a grid takes the room that there is
   constexpr int kAside = 24;
   if (IsTablePanel(form) && parent != nullptr)
-    resize(parent->window()->size().expandedTo(minimumSizeHint()) - QSize(kAside, kAside));
+    resize((parent->window()->size() - QSize(kAside, kAside)).expandedTo(minimumSizeHint()));
 }
 
 void FormDialog::FillGrid() {
@@ -91,12 +93,16 @@ void FormDialog::FillGrid() {
   grid_->setContentsMargins(16, 16, 16, 8);
   grid_->setHorizontalSpacing(10);
   grid_->setVerticalSpacing(8);
-  grid_->setColumnMinimumWidth(1, 300);
+  grid_->setColumnMinimumWidth(1, kFieldWidth);
   grid_->setColumnStretch(1, 1);
   buttons_ = new QHBoxLayout;
   buttons_->setContentsMargins(16, 8, 16, 16);
   buttons_->setSpacing(8);
   buttons_->addStretch(1);
+  const auto& controls = binding_.form().controls();
+  const bool has_notes =
+      std::any_of(controls.begin(), controls.end(), [](const Control& c) { return !c.note.empty(); });
+  columns_ = has_notes ? 3 : 2;
   for (const Control& control : binding_.form().controls()) {
     if (IsField(control.kind))
       AddField(control);
@@ -149,7 +155,7 @@ void FormDialog::AddLabel(const Control& control) {
   QFont font = label->font();
   font.setBold(row_ == 0);
   label->setFont(font);
-  grid_->addWidget(label, row_++, 0, 1, 3);
+  grid_->addWidget(label, row_++, 0, 1, columns_);
 }
 
 void FormDialog::AddList(const Control& control) {
@@ -157,9 +163,11 @@ void FormDialog::AddList(const Control& control) {
   QWidget* list = binding_.AddList(control, this).widget;
   caption->setBuddy(list);
   const int columns = static_cast<int>(control.columns.size());
-  list->setMinimumSize(std::max(kListWidth, columns * kColumnWidth), kListHeight);
-  grid_->addWidget(caption, row_++, 0, 1, 3);
-  grid_->addWidget(list, row_, 0, 1, 3);
+  const QSize wanted(std::max(kListWidth, columns * kColumnWidth), kListHeight);
+  if (auto* model_list = qobject_cast<ModelList*>(list)) model_list->Want(wanted);
+  if (auto* results = qobject_cast<ResultsList*>(list)) results->Want(wanted);
+  grid_->addWidget(caption, row_++, 0, 1, columns_);
+  grid_->addWidget(list, row_, 0, 1, columns_);
   grid_->setRowStretch(row_++, 1);
 }
 

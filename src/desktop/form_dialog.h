@@ -52,7 +52,7 @@ class FormDialog : public DialogWindow {
   QGridLayout* grid_ = nullptr;
   QHBoxLayout* buttons_ = nullptr;
   QPushButton *main_ = nullptr, *cancel_ = nullptr, *last_ = nullptr;
-  int row_ = 0;
+  int row_ = 0, columns_ = 3;
 };
 
 }  // namespace merlu

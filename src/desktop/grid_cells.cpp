@@ -46,17 +46,30 @@ QColor InkOf(const QPalette& palette, const GridCell& cell, bool selected) {
   return cell.tone == Tone::kQuiet ? Quiet(palette) : palette.color(QPalette::Text);
 }
 
-// What a state is known by where colours are not seen.
-QString SignOf(const GridCell& cell) {
-  if (!HasSign(cell)) return {};
-  switch (cell.tone) {
-    case Tone::kGood: return QChar(0x2713);
-    case Tone::kLook: return QChar(0x25B2);
-    case Tone::kStop: return QChar(0x2716);
-    case Tone::kPlain: return QChar(0x25CB);
+// What a state is known by where colours are not seen: a tick, a triangle, a cross or a ring. They are drawn, as a font
+// may lack them.
+void DrawSign(QPainter& painter, const QRect& room, Tone tone, const QColor& ink) {
+  const qreal half = std::min(room.width(), room.height()) * 0.24;
+  const QPointF middle = QPointF(room.left() + half + 1, QRectF(room).center().y());
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(ink, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  const auto at = [&](qreal x, qreal y) { return middle + QPointF(x, y) * half; };
+  switch (tone) {
+    case Tone::kGood: painter.drawPolyline(QPolygonF({at(-1, 0.1), at(-0.3, 0.9), at(1, -0.9)})); break;
+    case Tone::kLook:
+      painter.setBrush(ink);
+      painter.drawPolygon(QPolygonF({at(0, -0.9), at(1, 0.8), at(-1, 0.8)}));
+      break;
+    case Tone::kStop:
+      painter.drawLine(at(-0.9, -0.9), at(0.9, 0.9));
+      painter.drawLine(at(-0.9, 0.9), at(0.9, -0.9));
+      break;
+    case Tone::kPlain: painter.drawEllipse(middle, half * 0.9, half * 0.9); break;
     case Tone::kQuiet: break;
   }
-  return {};
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(ink);
 }
 
 }  // namespace
@@ -69,7 +82,7 @@ QString WithWholeUnit(const QString& caption) {
   constexpr QChar kJoiner(0x2060);
   QString whole;
   int depth = 0;
-  for (const QChar c : caption) {
+  for (const QChar c : caption.simplified()) {
     depth += c == '(' ? 1 : c == ')' ? -1 : 0;
     whole += depth > 0 && c == ' ' ? QChar(QChar::Nbsp) : c;
     if (depth > 0 && (c == '/' || c == '-')) whole += kJoiner;
@@ -164,6 +177,9 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
   const QColor ink = InkOf(option.palette, cell, selected);
   painter->save();
   painter->fillRect(place, GroundOf(option.palette, cell, selected));
+  // where all grounds are one colour a hatch tells the cells that take nothing
+  if (cell.locked && cell.text.empty() && IsHighContrast(option.palette))
+    painter->fillRect(place, QBrush(Line(option.palette), Qt::BDiagPattern));
   painter->setPen(ink);
   QRect room = place.adjusted(kAside, 0, -kAside, 0);
   if (cell.back == Back::kFlag || !cell.finding.empty()) {
@@ -174,8 +190,8 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     room.setLeft(room.left() + kMarkWidth);
   }
   painter->setFont(option.font);
-  if (const QString sign = SignOf(cell); !sign.isEmpty()) {
-    painter->drawText(QRect(room.left(), room.top(), kSignWidth, room.height()), Qt::AlignVCenter, sign);
+  if (HasSign(cell)) {
+    DrawSign(*painter, QRect(room.left(), room.top(), kSignWidth, room.height()), cell.tone, ink);
     room.setLeft(room.left() + kSignWidth);
   }
   const QString text = option.fontMetrics.elidedText(OneLine(cell.text), Qt::ElideRight, room.width());

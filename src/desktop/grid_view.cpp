@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+#include "desktop/fields.h"
 #include "desktop/model_list.h"
 
 namespace merlu {
@@ -35,6 +36,7 @@ GridView::GridView(Acts& acts, Form& form, const Control& control, QWidget* pare
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   horizontalHeader()->setDefaultAlignment(Qt::Alignment(Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap));
   horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setStretchLastSection(true);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 2 * kAboveAndBelow);
@@ -69,7 +71,7 @@ void GridView::FitColumns() {
   for (int column = 0; column <= last; ++column) {
     const GridColumn& head = adapter_->Head(column);
     const QString caption = WithWholeUnit(Q(head.caption));
-    int width = std::max(kNarrowest, metrics.horizontalAdvance(head.numeric ? "0000000000" : "0000000"));
+    int width = head.numeric ? std::max(kNarrowest, metrics.horizontalAdvance("0000000000")) : 0;
     for (const QString& word : caption.split(' ')) width = std::max(width, metrics.horizontalAdvance(word));
     width = std::max(width, metrics.horizontalAdvance(caption) * 10 / (kHeadLines * 8));
     for (const std::string& item : head.items) width = std::max(width, metrics.horizontalAdvance(Q(item)));
@@ -104,6 +106,7 @@ void GridView::MakeFixed() {
   fixed_->setFocusPolicy(Qt::NoFocus);
   fixed_->setSelectionBehavior(SelectRows);  // a click on what names a row picks it
   fixed_->setFrameShape(QFrame::NoFrame);
+  SetLook(*fixed_, "fixed", true);
   fixed_->setWordWrap(false);
   fixed_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   fixed_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

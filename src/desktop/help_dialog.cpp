@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QSettings>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -77,7 +78,7 @@ void HelpView::changeEvent(QEvent* event) {
 HelpDialog::HelpDialog(Acts& acts, Form& form, QSettings& settings, QWidget* parent)
     : DialogWindow(acts, form, parent), settings_(settings) {
   setSizeGripEnabled(true);
-  setMinimumSize(420, 320);
+  setMinimumSize(420, 240);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
   column->setSpacing(10);
@@ -89,7 +90,8 @@ HelpDialog::HelpDialog(Acts& acts, Form& form, QSettings& settings, QWidget* par
   column->addWidget(bar_);
   column->addLayout(MakeButtons(form));
   MakeKeys();
-  resize(settings_.value(kSizeSetting, kSize).toSize());
+  const QSize room = screen()->availableSize() - QSize(16, 48);  // with the frame of the window
+  resize(settings_.value(kSizeSetting, kSize).toSize().boundedTo(room));
 }
 
 HelpDialog::~HelpDialog() {

@@ -1,5 +1,6 @@
 #include "desktop/look.h"
 
+#include <QAbstractItemView>
 #include <QDialogButtonBox>
 #include <QPainter>
 #include <QStyleOption>
@@ -116,6 +117,14 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     const QRect line(option->rect.left(), option->rect.bottom() + 1, option->rect.width(), 2);
     return painter->fillRect(line, Accent(option->palette));
   }
+  // rows come without their list
+  if (element == PE_FrameFocusRect &&
+      (widget == nullptr || qobject_cast<const QAbstractItemView*>(widget) != nullptr)) {
+    // a frame of one colour around the row; on the ground of a picked row it stands out by the base
+    painter->setPen(option->state & State_Selected ? option->palette.color(QPalette::Base) : Accent(option->palette));
+    painter->setBrush(Qt::NoBrush);
+    return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  }
   const bool box = element == PE_IndicatorCheckBox, round = element == PE_IndicatorRadioButton;
   if (!box && !round) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool on = option->state & State_On, enabled = option->state & State_Enabled;
@@ -178,10 +187,14 @@ QString StyleSheet(const QPalette& palette) {
                 selection-background-color: %9; selection-color: white; }
     QTreeView[look="face"] { background: %5; alternate-background-color: %8; }
     QTreeView:focus { border-color: %4; }
-    QTreeView:!focus { selection-background-color: %12; selection-color: %3; }
+    QTreeView:!active { selection-background-color: %12; selection-color: %3; }
     QTreeView:disabled { color: %7; selection-background-color: %12; selection-color: %3; }
     QTreeView#tvwTree { border: 2px solid %8; background: %8; }
     QTreeView#tvwTree:focus { border-color: %4; }
+    QTableView { border: 1px solid %6; gridline-color: %6; }
+    QTableView:focus { border-color: %4; }
+    QTableView[fixed="true"] { border: none; }
+    QHeaderView { background: %5; }
     QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
     QProgressBar { border: 1px solid %6; border-radius: 4px; background: %2; min-height: 10px; max-height: 10px; }
     QProgressBar::chunk { border-radius: 3px; background: %4; }
@@ -192,6 +205,13 @@ QString StyleSheet(const QPalette& palette) {
   const QString stark = QStringLiteral(R"(
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { border-style: dashed; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { border-width: 2px; padding: 2px 5px; }
+    QScrollBar { background: %2; border: 1px solid %6; }
+    QScrollBar:vertical { width: 16px; }
+    QScrollBar:horizontal { height: 16px; }
+    QScrollBar::handle { background: %6; margin: 2px; }
+    QScrollBar::handle:vertical { min-height: 24px; }
+    QScrollBar::handle:horizontal { min-width: 24px; }
+    QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
   )");
   const auto name = [](const QColor& colour) { return colour.name(); };
   const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);

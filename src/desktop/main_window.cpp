@@ -208,6 +208,7 @@ void MainWindow::MakeTree() {
 
 // A line that leaves in the tree what it finds. Enter and Down go on to the tree.
 void MainWindow::MakeFilter(QWidget* place) {
+  buttons_->LeaveOutMarks();
   Bound& filter = buttons_->AddField(s_.main->At(kTreeFilter), place, false);
   place->layout()->addWidget(filter.row);
   auto* line = static_cast<QLineEdit*>(filter.widget);
@@ -643,7 +644,16 @@ void MainWindow::SyncDocks() {
     if (dock == nullptr) {
       if (!form->visible) continue;
       dock = new DockWindow(acts_, *form, this);
-      if (!restoreDockWidget(dock)) addDockWidget(Qt::BottomDockWidgetArea, dock);
+      if (!restoreDockWidget(dock)) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        // a low screen has no room for it below the sheet
+        constexpr int kLowScreen = 480, kAround = 60;
+        const QSize room = screen()->availableSize();
+        if (room.height() < kLowScreen) {
+          dock->setFloating(true);
+          dock->resize(room.width() - kAround, room.height() * 3 / 5);
+        }
+      }
     }
     if (form->visible) dock->Sync();
     if (dock->isHidden() == form->visible) dock->setVisible(form->visible);

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -20,7 +21,8 @@ constexpr const char* kWidthsSection = "Columns";
 constexpr std::size_t kLongestLine = 300, kLongestTip = 3000;  // characters
 constexpr int kAboveAndBelow = 3, kBetweenColumns = 16;
 constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320, kFewRows = 20, kWidestOfFew = 460,
-              kWidestInDialog = 940;
+              kWidestInDialog = 1300;
+constexpr QSize kSmallest(160, 76);
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -189,23 +191,39 @@ void ModelList::keyPressEvent(QKeyEvent* event) {
     event->ignore();  // the dialog's own button
 }
 
-// As wide as what shows, at first; the last column takes the rest.
+// As wide as what shows; the last column takes the rest. In a dialog, whose rows can be others with each key, columns
+// grow and do not shrink again.
 void ModelList::FitColumns() {
-  if (chosen_ || fitted_ || adapter_->rowCount() == 0) return;
-  fitted_ = true;
+  const bool in_dialog = qobject_cast<QDialog*>(window()) != nullptr;
+  if (chosen_ || (fitted_ && !in_dialog) || adapter_->rowCount() == 0) return;
   fitting_ = true;
+  int widest = in_dialog || adapter_->rowCount() <= kFewRows ? kWidestOfFew : kWidestFitted;
+  // once it shows, none takes the room of the others
+  if (in_dialog && isVisible()) widest = std::min(widest, viewport()->width() * 45 / 100);
   for (int column = 0; column + 1 < adapter_->columnCount(); ++column) {
-    resizeColumnToContents(column);
-    const int widest = adapter_->rowCount() <= kFewRows ? kWidestOfFew : kWidestFitted;
-    setColumnWidth(column, std::min(columnWidth(column) + kBetweenColumns, widest));
+    const int before = fitted_ ? columnWidth(column) : 0;
+    const int wanted = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column)) + kBetweenColumns;
+    setColumnWidth(column, std::max(before, std::min(wanted, widest)));
   }
+  fitted_ = true;
   resizeColumnToContents(adapter_->columnCount() - 1);  // it takes what is left, and no more than it needs
   fitting_ = false;
-  // a dialog's short list shows the whole of its last column too
+  // a dialog shows the whole of the last column too
   const int last = adapter_->columnCount() - 1;
-  if (adapter_->rowCount() > kFewRows || qobject_cast<QDialog*>(window()) == nullptr) return;
-  const int wanted = header()->length() - columnWidth(last) + sizeHintForColumn(last) + kBetweenColumns;
-  setMinimumWidth(std::clamp(wanted, minimumWidth(), std::max(minimumWidth(), kWidestInDialog)));
+  if (!in_dialog) return;
+  const int around = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  const int widest_last = std::max(sizeHintForColumn(last), header()->sectionSizeHint(last));
+  const int wanted = header()->length() - columnWidth(last) + widest_last + kBetweenColumns + around;
+  Want(QSize(std::min(wanted, kWidestInDialog), 0));
+}
+
+void ModelList::Want(const QSize& size) {
+  wanted_ = wanted_.expandedTo(size);
+  updateGeometry();
+}
+
+QSize ModelList::minimumSizeHint() const {
+  return kSmallest;
 }
 
 void ModelList::KeepWidths() {

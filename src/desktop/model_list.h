@@ -38,6 +38,11 @@ class ModelList : public QTreeView {
   // Draws what changed.
   void Sync();
 
+  // As large as it would be where the screen has the room.
+  void Want(const QSize& size);
+  QSize sizeHint() const override { return wanted_.isValid() ? wanted_ : QTreeView::sizeHint(); }
+  QSize minimumSizeHint() const override;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -55,6 +60,7 @@ class ModelList : public QTreeView {
   const Control& control_;
   ListAdapter* adapter_;
   QString empty_text_;
+  QSize wanted_;
   // columns fit the first rows that show, unless the user gave them widths
   bool fitting_ = true, fitted_ = false, chosen_ = false;
 };

@@ -14,10 +14,11 @@
 namespace merlu {
 namespace {
 
-constexpr int kFindingColumns = 3;
 constexpr int kAboveAndBelow = 3;
 constexpr int kBetweenColumns = 16;
 constexpr int kWidestColumn = 2000;
+constexpr const char* kLastOfFindings = "Operator Comment";
+constexpr QSize kSmallest(160, 76);
 
 // Rows as high as their texts are when they wrap in their columns; a tree by itself keeps rows of one line.
 class WrappingRows : public QStyledItemDelegate {
@@ -55,9 +56,8 @@ class WrappingRows : public QStyledItemDelegate {
 
 ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* parent)
     : QTreeWidget(parent), empty_text_(std::move(empty_text)), opens_(!control.many) {
-  QStringList heads;
-  for (const std::string& column : control.columns) heads << QString::fromStdString(column);
-  setHeaderLabels(heads);
+  setColumnCount(static_cast<int>(control.columns.size()));
+  ShowHeads(control);
   setRootIsDecorated(false);
   setAlternatingRowColors(true);
   setWordWrap(true);
@@ -77,6 +77,7 @@ ResultsList::ResultsList(const Control& control, QString empty_text, QWidget* pa
 
 void ResultsList::ShowRows(const Control& control) {
   clear();
+  ShowHeads(control);
   for (const auto& row : control.rows) {
     auto* item = new QTreeWidgetItem(this);
     for (std::size_t i = 0; i < row.size(); ++i) {
@@ -86,6 +87,34 @@ void ResultsList::ShowRows(const Control& control) {
   }
   FitColumns();
   viewport()->update();
+}
+
+// Other rows may be of other columns.
+void ResultsList::ShowHeads(const Control& control) {
+  QStringList heads;
+  for (const std::string& column : control.columns) heads << QString::fromStdString(column);
+  const bool others = heads.size() != columnCount();
+  if (others) setColumnCount(static_cast<int>(heads.size()));
+  setHeaderLabels(heads);
+  if (others) chosen_.fill(0, columnCount());
+}
+
+void ResultsList::Want(const QSize& size) {
+  wanted_ = size;
+  updateGeometry();
+}
+
+QSize ResultsList::minimumSizeHint() const {
+  return kSmallest;
+}
+
+// The room that the texts of a column take when they do not wrap.
+int ResultsList::WidestText(int column) const {
+  constexpr int kMargins = 8;
+  int widest = header()->sectionSizeHint(column);
+  for (int row = 0; row < topLevelItemCount(); ++row)
+    widest = std::max(widest, fontMetrics().horizontalAdvance(topLevelItem(row)->text(column)) + kMargins);
+  return widest;
 }
 
 void ResultsList::ShowPicked(const Control& control) {
@@ -104,16 +133,19 @@ QList<int> ResultsList::Picked() const {
 void ResultsList::FitColumns() {
   fitting_ = true;
   const int width = viewport()->width();
+  constexpr int widest = 240;
+  const bool findings = columnCount() > 0 && headerItem()->text(columnCount() - 1) == kLastOfFindings;
   for (int column = 0; column + 1 < columnCount(); ++column) {
     if (chosen_[column] > 0) {
       setColumnWidth(column, chosen_[column]);
-    } else if (columnCount() == kFindingColumns) {
+    } else if (findings) {
       setColumnWidth(column, width * (column == 0 ? 28 : 36) / 100);
     } else {
-      resizeColumnToContents(column);
-      setColumnWidth(column, columnWidth(column) + kBetweenColumns);
+      setColumnWidth(column, std::min(WidestText(column) + kBetweenColumns, std::max(widest, width / 2)));
     }
   }
+  // it takes what is left, but no less than its head
+  if (columnCount() > 0 && !findings) setColumnWidth(columnCount() - 1, header()->sectionSizeHint(columnCount() - 1));
   fitting_ = false;
 }
 
@@ -162,7 +194,8 @@ void ResultsList::keyPressEvent(QKeyEvent* event) {
   const bool steps = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
   if (((enter && opens_) || steps) && selectedItems().isEmpty() && topLevelItemCount() > 0) {
     // the row that looks chosen is the first to be chosen
-    setCurrentItem(currentItem() == nullptr ? topLevelItem(0) : currentItem(), 0, QItemSelectionModel::ClearAndSelect);
+    setCurrentItem(currentItem() == nullptr ? topLevelItem(0) : currentItem(), 0,
+                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (steps) return;
   }
   if (!enter) return QTreeWidget::keyPressEvent(event);

@@ -21,6 +21,10 @@ class ResultsList : public QTreeWidget {
   // Widths that the user gave columns, as text from one run to the next; empty while he gave none.
   QString ChosenWidths() const;
   void ChooseWidths(const QString& widths);
+  // As large as it would be where the screen has the room.
+  void Want(const QSize& size);
+  QSize sizeHint() const override { return wanted_.isValid() ? wanted_ : QTreeWidget::sizeHint(); }
+  QSize minimumSizeHint() const override;
 
  signals:
   void Opened();  // Enter or a double click on a row, where one row is picked at a time
@@ -33,9 +37,12 @@ class ResultsList : public QTreeWidget {
 
  private:
   void FitColumns();
+  void ShowHeads(const Control& control);
+  int WidestText(int column) const;
   void Copy() const;
   void KeepWidth(int column, int width);
   QString empty_text_;
+  QSize wanted_;
   QList<int> chosen_;  // 0 for a column that fits itself
   bool fitting_ = false, usable_ = true;
   const bool opens_;  // a row that is picked can be opened

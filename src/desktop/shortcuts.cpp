@@ -15,7 +15,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kBetween = 24, kAround = 140;
+constexpr int kBetween = 24, kAround = 160, kAside = 64;
 
 }  // namespace
 
@@ -99,7 +99,8 @@ ShortcutSheet::ShortcutSheet(const Form& main, QWidget* parent) : QDialog(parent
   const int tall = list->topLevelItemCount() * row + heads + 2 * list->frameWidth();
   const int room = screen()->availableSize().height() - kAround;
   const int bar = tall > room ? list->verticalScrollBar()->sizeHint().width() : 0;
-  list->setMinimumSize(keys + what + 2 * kBetween + 2 * list->frameWidth() + bar, std::min(tall, room));
+  const int wide = keys + what + 2 * kBetween + 2 * list->frameWidth() + bar;
+  list->setMinimumSize(std::min(wide, screen()->availableSize().width() - kAside), std::min(tall, room));
   column->addWidget(list);
   auto* close = new QPushButton(tr("Close"), this);
   close->setObjectName("cmdClose");

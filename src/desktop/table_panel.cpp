@@ -1,17 +1,20 @@
 #include "desktop/table_panel.h"
 
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 #include "desktop/fields.h"
+#include "desktop/flow_row.h"
 
 namespace merlu {
 namespace {
 
-constexpr int kTableWidth = 480, kTableHeight = 140;
+constexpr int kTableWidth = 480, kTableLines = 5, kFilterWidth = 160;
 
 bool IsTable(const Control& control) {
   return control.kind == Kind::kListView || control.kind == Kind::kGrid;
@@ -21,16 +24,20 @@ bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck;
 }
 
-void AddField(const Control& control, QWidget& place, FormBinding& binding, QHBoxLayout& row) {
+// A field behind its caption. The field's own visibility is that of both.
+void AddField(const Control& control, QWidget& place, FormBinding& binding, FlowRow& row) {
   Bound& bound = binding.AddField(control, &place, control.kind != Kind::kCheck);
+  if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) AddClearButton(*line);
+  if (control.kind == Kind::kText) bound.widget->setMinimumWidth(kFilterWidth);
   if (bound.caption != nullptr) {
     bound.caption->setWordWrap(false);
-    row.addWidget(bound.caption);
-    row.addSpacing(2);
+    auto* inside = static_cast<QHBoxLayout*>(bound.row->layout());
+    inside->insertWidget(0, bound.caption);
   }
-  if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) AddClearButton(*line);
-  row.addWidget(bound.row, control.kind == Kind::kText ? 1 : 0);
-  row.addSpacing(8);
+  if (control.kind == Kind::kText)
+    row.AddWide(bound.row);
+  else
+    row.addWidget(bound.row);
 }
 
 }  // namespace
@@ -44,38 +51,43 @@ void FillTablePanel(QWidget& place, FormBinding& binding) {
   const Form& form = binding.form();
   auto* column = new QVBoxLayout(&place);
   column->setSpacing(8);
-  auto* fields = new QHBoxLayout;
+  auto* fields = new FlowRow(16, 6);
   auto* below = new QHBoxLayout;
-  fields->setSpacing(4);
   below->setSpacing(8);
-  QWidget* main = nullptr;
-  bool has_fields = false;
+  std::vector<QWidget*> buttons;
+  QWidget* way_out = nullptr;
   for (const Control& control : form.controls()) {
     if (IsField(control.kind)) {
       AddField(control, place, binding, *fields);
-      has_fields = true;
     } else if (control.kind == Kind::kLabel && !binding.IsCaptionOrNote(control.name)) {
       below->addWidget(binding.AddLabel(control, &place).widget, 1);
     } else if (control.kind == Kind::kButton) {
       QWidget* button = binding.AddButton(control, &place).widget;
-      if (control.name == form.default_button)
-        main = button;
+      if (control.name == form.cancel_button)
+        way_out = button;
       else
-        below->addWidget(button);
+        buttons.push_back(button);
     }
   }
-  if (has_fields) {
-    fields->addStretch(0);
+  if (fields->count() > 0)
     column->addLayout(fields);
-  }
+  else
+    delete fields;
   for (const Control& control : form.controls()) {
     if (!IsTable(control)) continue;
     QWidget* table =
         control.kind == Kind::kGrid ? binding.AddGrid(control, &place).widget : binding.AddList(control, &place).widget;
-    table->setMinimumSize(kTableWidth, kTableHeight);
+    table->setMinimumSize(kTableWidth, kTableLines * table->fontMetrics().height());
     column->addWidget(table, 1);
   }
-  if (main != nullptr) below->addWidget(main);
+  // as in every dialog the way out stands before the main act, which is the last
+  for (QWidget* button : buttons) {
+    if (way_out != nullptr && button == buttons.back()) {
+      below->addWidget(way_out);
+      SetLook(*button, "main", true);
+    }
+    below->addWidget(button);
+  }
   column->addLayout(below);
 }
 

@@ -244,6 +244,15 @@ void KeepDraftOfEdit(Session& s, When when) {
   s.draft.id = kept.id;
 }
 
+bool HasTyped(Session& s) {
+  const ShowingSheet sheet = SheetThatShows(s);
+  return sheet.form != nullptr &&
+         std::any_of(s.draft.fields.begin(), s.draft.fields.end(), [&](const DraftField& field) {
+           const Control* control = sheet.form->Find(field.control);
+           return control != nullptr && TextOf(*control) != field.stored;
+         });
+}
+
 void EndDraft(Session& s) {
   ForgetDraft(s.companion, s.draft.id);
   s.draft = Draft();

@@ -11,6 +11,8 @@ void BeginDraft(Session& s);
 // After acts of the user, and from time to time; `at_once` does not wait for the second to be over.
 enum class When { kInTime, kAtOnce };
 void KeepDraftOfEdit(Session& s, When when = When::kInTime);
+// Whether a field of the edit differs from what was loaded or saved last.
+bool HasTyped(Session& s);
 // The edit has ended: by a save, whose batch forgets it too, or dropped.
 void EndDraft(Session& s);
 

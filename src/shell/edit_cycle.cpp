@@ -122,11 +122,15 @@ std::vector<std::string> SaveExitWithoutBox(Session& s) {
 
 void CancelEdit(Session& s) {
   s.edit_step = 0;
+  const bool typed = HasTyped(s);
   EndDraft(s);
   ClearSheet(s);
   LoadSheet(s);
   EndEdit(s);
-  Say(s, "Edit dropped");
+  if (typed)
+    Say(s, "Edit dropped");
+  else if (s.message != kSaved)
+    Say(s, "");
 }
 
 void RunQCHere(Session& s) {

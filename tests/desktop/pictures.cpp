@@ -1,4 +1,5 @@
-// Saves pictures of the screens: merlu_pictures FOLDER [WHAT...], and those of the documents: merlu_pictures docs docs
+// Saves pictures of the screens: merlu_pictures FOLDER [WHAT...], and those of the documents: merlu_pictures docs docs.
+// merlu_pictures FOLDER tour [PART...]: all screens, as large as a screen of 1366x768 has room for.
 #include <QDir>
 #include <QMenu>
 #include <QScrollBar>
@@ -13,6 +14,7 @@
 #include "driver.h"
 #include "examples.h"
 #include "inventory.h"
+#include "screen_tour.h"
 #include "support/fonts.h"
 
 namespace merlu::test {
@@ -282,13 +284,23 @@ class Pictures {
 
 int main(int argc, char** argv) {
   merlu::test::UseTestFont();
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   if (qEnvironmentVariableIsSet("MERLU_DARK")) QApplication::setPalette(merlu::test::DarkPalette());
   if (qEnvironmentVariableIsSet("MERLU_CONTRAST")) QApplication::setPalette(merlu::test::ContrastPalette());
   merlu::SetUpLook();
   merlu::test::Pictures pictures(argc > 1 ? argv[1] : "pictures");
   const QStringList what = application.arguments().mid(2);
+  // as large as a screen of 1366x768 is at the scale of QT_SCALE_FACTOR
+  const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
+  const QSize screen(static_cast<int>(1366 / scale) - 8, static_cast<int>(768 / scale) - 40);
+  if (what.contains("screen")) pictures.Sheets(screen, "");
+  if (what.value(0) == "tour") {
+    merlu::test::TourScreens(what.mid(1), screen, [&](QWidget& widget, const std::string& name) {
+      pictures.Save(&widget, QString::fromStdString(name));
+    });
+    return 0;
+  }
   if (what.contains("docs")) merlu::test::MakeDocPictures(argv[1]);
   if (what.isEmpty() || what.contains("first")) pictures.FirstRun();
   if (what.isEmpty() || what.contains("sheets")) pictures.Sheets({1280, 800}, "");
@@ -303,10 +315,6 @@ int main(int argc, char** argv) {
     merlu::SetUpLook();
     pictures.Grids("-dark");
   }
-  // as large as a screen of 1366x768 is at the scale of QT_SCALE_FACTOR
-  const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
-  const QSize screen(static_cast<int>(1366 / scale) - 8, static_cast<int>(768 / scale) - 40);
-  if (what.contains("screen")) pictures.Sheets(screen, "");
   if (what.isEmpty() || what.contains("dark")) {
     QApplication::setPalette(merlu::test::DarkPalette());
     merlu::SetUpLook();

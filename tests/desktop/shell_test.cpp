@@ -311,6 +311,12 @@ TEST_F(Around, the_status_bar_says_when_it_was_saved_and_what_became_of_the_edit
   driver_->Click("cmdSaveEdits");
   EXPECT_TRUE(QRegularExpression("^Saved [0-9]{2}:[0-9]{2}$").match(driver_->Text("message")).hasMatch())
       << driver_->Text("message").toStdString();
+  const QString saved = driver_->Text("message");
+  driver_->Click("cmdCANCEL");
+  EXPECT_EQ(driver_->Text("message"), saved) << "there was nothing to drop";
+  driver_->Click("cmdEdit");
+  driver_->Type("txtFLA_ConcH2S", "12");
+  driver_->OnNextBox(QMessageBox::Yes);
   driver_->Click("cmdCANCEL");
   EXPECT_EQ(driver_->Text("message"), "Edit dropped");
 }

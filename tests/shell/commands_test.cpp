@@ -133,7 +133,14 @@ TEST_F(AtTheDesk, says_what_became_of_the_edit) {
   run.Click("cmdSaveEdits");
   EXPECT_EQ(run.s.message, "Saved");
   run.Click("cmdCANCEL");
+  EXPECT_EQ(run.s.message, "Saved") << "there was nothing to drop";
+  run.Click("cmdEdit");
+  run.Put({{"txtFLA_HrsOperated", "12"}});
+  run.Click("cmdCANCEL");
   EXPECT_EQ(run.s.message, "Edit dropped");
+  run.Click("cmdEdit");
+  run.Click("cmdCANCEL");
+  EXPECT_EQ(run.s.message, "");
 }
 
 TEST_F(AtTheDesk, hides_the_nodes_that_lack_a_word_and_keeps_it_so_when_the_tree_is_built_anew) {
