@@ -155,7 +155,9 @@ class Planner {
         change.control = head.name;
         change.old_text = grid_.Cell(row, column).text;
         change.what = Trouble(field, head.numeric);
-        if (change.what.empty() && IsSameText(field.text, change.old_text)) change.what = "same";
+        if (head.numeric && field.kind == ForeignCell::Kind::kDecimalComma)
+          change.new_text[change.new_text.find(',')] = '.';
+        if (change.what.empty() && IsSameText(change.new_text, change.old_text)) change.what = "same";
       }
       columns.push_back(column);
       changes.push_back(std::move(change));

@@ -1,6 +1,7 @@
 #include "exchange/csv.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "base/numbers.h"
@@ -15,6 +16,23 @@ char SeparatorOf(std::string_view text) {
   for (const char candidate : {';', '\t'})
     if (count(candidate) > count(best)) best = candidate;
   return best;
+}
+
+std::string_view Digits(std::string_view& text) {
+  const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789"));
+  text.remove_prefix(digits.size());
+  return digits;
+}
+
+// The digits before and behind the mark of a number; nothing for another text.
+std::optional<std::pair<std::size_t, std::size_t>> PartsAround(char mark, std::string_view field) {
+  if (field.starts_with('-') || field.starts_with('+')) field.remove_prefix(1);
+  const std::size_t before = Digits(field).size();
+  if (!field.starts_with(mark)) return std::nullopt;
+  field.remove_prefix(1);
+  const std::size_t behind = Digits(field).size();
+  if (before == 0 || behind == 0 || !field.empty()) return std::nullopt;
+  return std::pair(before, behind);
 }
 
 bool LooksLikeFormula(std::string_view text) {
@@ -59,6 +77,23 @@ std::vector<std::vector<std::string>> ParseCsv(std::string_view text) {
   }
   if (!field.empty() || !row.empty()) end_row();
   return rows;
+}
+
+bool IsDecimalComma(std::string_view field) {
+  return PartsAround(',', field).has_value();
+}
+
+bool HasDecimalCommas(std::string_view text, const std::vector<std::vector<std::string>>& rows) {
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  if (SeparatorOf(text) == ';') return true;
+  bool commas = false;
+  for (const std::vector<std::string>& row : rows)
+    for (const std::string& field : row) {
+      if (PartsAround('.', field)) return false;
+      const auto parts = PartsAround(',', field);
+      if (parts && (parts->first > 3 || parts->second != 3)) commas = true;  // no mark of thousands
+    }
+  return commas;
 }
 
 std::string CsvField(std::string_view text) {

@@ -44,9 +44,15 @@ std::vector<ForeignSheet> ReadCsv(const std::string& bytes) {
   ForeignCells cells;
   cells.AddSheet("");
   int row = 0;
-  for (const std::vector<std::string>& fields : ParseCsv(DecodedText(bytes))) {
-    for (std::size_t i = 0; i < fields.size(); ++i)
-      cells.Put(row, static_cast<int>(i), ForeignCell::Kind::kText, fields[i]);
+  const std::string text = DecodedText(bytes);
+  const std::vector<std::vector<std::string>> rows = ParseCsv(text);
+  const bool commas = HasDecimalCommas(text, rows);
+  for (const std::vector<std::string>& fields : rows) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      const bool decimals = commas && IsDecimalComma(fields[i]);
+      cells.Put(row, static_cast<int>(i), decimals ? ForeignCell::Kind::kDecimalComma : ForeignCell::Kind::kText,
+                fields[i]);
+    }
     ++row;
   }
   return cells.Take();

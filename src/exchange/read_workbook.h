@@ -10,8 +10,9 @@ struct ForeignCell {
   enum class Kind {
     kText,
     kNumber,
-    kDate,     // a number that is shown as a date
-    kFormula,  // one whose result is not stored
+    kDate,          // a number that is shown as a date
+    kFormula,       // one whose result is not stored
+    kDecimalComma,  // a text that is a number with a comma before its decimals
   };
   int row = 0, column = 0;  // from 0
   Kind kind = Kind::kText;

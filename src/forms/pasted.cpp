@@ -26,8 +26,9 @@ std::string Trimmed(const std::string& text) {
 
 // Whether three digits, and no fourth, stand behind a mark that stands behind one to three.
 bool IsThousandsMark(const std::string& text, std::size_t at) {
-  if (at == 0 || !IsDigit(text[at - 1])) return false;
-  std::size_t digits = 0;
+  std::size_t before = 0, digits = 0;
+  while (before < at && IsDigit(text[at - before - 1])) ++before;
+  if (before == 0 || before > 3) return false;
   while (at + 1 + digits < text.size() && IsDigit(text[at + 1 + digits])) ++digits;
   return digits == 3;
 }

@@ -206,6 +206,21 @@ TEST_F(MonthWorkbook, comes_back_as_one_sheet_of_text_too) {
   std::ofstream(run.folder.path("m.csv"), std::ios::binary) << text;
   EXPECT_EQ(Told(PlanMonthBook(run.s, ReadMonthBook(run.folder.path("m.csv")), grid)),
             Texts{"txtFLA_HrsOperated 720>721 changed"});
+  // as a spreadsheet saves it where decimals stand behind a comma
+  run.Keep({{"txtFLA_HrsOperated", "287.002"}});
+  MonthGrid fresh(run.s);
+  const auto replace = [&](const std::string& from, const std::string& to) {
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+      text.replace(at, from.size(), to);
+  };
+  replace(",", ";");
+  replace("721", "287,002");
+  std::ofstream(run.folder.path("m.csv"), std::ios::binary) << "\xEF\xBB\xBF" << text;
+  EXPECT_EQ(Told(PlanMonthBook(run.s, ReadMonthBook(run.folder.path("m.csv")), fresh)), Texts{});
+  replace("287,002", "12,5");
+  std::ofstream(run.folder.path("m.csv"), std::ios::binary) << text;
+  EXPECT_EQ(Told(PlanMonthBook(run.s, ReadMonthBook(run.folder.path("m.csv")), fresh)),
+            Texts{"txtFLA_HrsOperated 287.002>12.5 changed"});
   std::ofstream(run.folder.path("other.csv"), std::ios::binary) << "a,b\n1,2\n";
   EXPECT_THROW(ReadMonthBook(run.folder.path("other.csv")), Fault);
 }

@@ -39,5 +39,18 @@ TEST(Csv, of_other_programs_is_read_too) {
   EXPECT_EQ(ParseCsv("a\n\n\"open"), (Rows{{"a"}, {""}, {"open"}}));
 }
 
+TEST(Csv, tells_a_comma_before_decimals_from_one_between_thousands) {
+  for (const char* text : {"1,5", "-1287,002", "+12,25"}) EXPECT_TRUE(IsDecimalComma(text)) << text;
+  for (const char* text : {"", "15", "1.5", "1,", ",5", "1,2,3", "a,5", "1,5 ft", "1.234,5"})
+    EXPECT_FALSE(IsDecimalComma(text)) << text;
+  const auto has = [](const std::string& text) { return HasDecimalCommas(text, ParseCsv(text)); };
+  EXPECT_TRUE(has("a;b\n1,234;5\n"));
+  EXPECT_TRUE(has("a\tb\n1,5\t1,234\n"));
+  EXPECT_TRUE(has("a,b\n\"1287,002\",1\n"));
+  EXPECT_FALSE(has("a,b\n\"1,234\",1\n"));
+  EXPECT_FALSE(has("a,b\n\"1,5\",1.5\n"));
+  EXPECT_FALSE(has(""));
+}
+
 }  // namespace
 }  // namespace merlu::test

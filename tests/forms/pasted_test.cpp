@@ -36,7 +36,8 @@ TEST(PastedNumber, comes_without_what_stands_around_its_digits) {
 }
 
 TEST(PastedNumber, is_left_alone_when_it_is_none_or_more_than_one) {
-  for (const char* text : {"", "abc", "12,5", "1,2,3", "1,20", "12 50", "1.2.3", "2017/03/01", "-", "5-6", "F-104"})
+  for (const char* text : {"", "abc", "12,5", "1,2,3", "1,20", "1287,002", "1234 567", "12 50", "1.2.3", "2017/03/01",
+                           "-", "5-6", "F-104"})
     EXPECT_EQ(PastedNumber(text), text);
 }
 
