@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <string>
 
-#include "forms/silent_platform.h"
+#include "forms/silent_ui.h"
 
 namespace merlu {
 
-class QuietPlatform : public SilentPlatform {
+class QuietPlatform : public Platform, public SilentUi {
  public:
   QuietPlatform() = default;
   explicit QuietPlatform(std::string database) : database_(std::move(database)) {}
@@ -27,11 +27,13 @@ class QuietPlatform : public SilentPlatform {
   }
   DateTime Now() override { return {2017, 12, 31, 12, 0, 0}; }
   std::string Setting(const std::string&, const std::string&) override { return database_; }
+  void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   std::string ProgramFolder() override { return "."; }
   bool IsInstalled() override { return false; }
   std::string DataFolder() override { return "."; }
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport&, const std::string&, const std::function<void(int, int)>&) override {}
+  void WriteHandInReport(const HandInReport&, const std::string&) override {}
 
  private:
   std::string database_;

@@ -1,9 +1,6 @@
 // merlu: the desktop program, and its commands without a window.
 #include <QGuiApplication>
 
-#include <poll.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -13,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/host.h"
 #include "base/text.h"
 #include "command/command_texts.h"
 #include "command/commands.h"
@@ -77,15 +75,13 @@ int RunCommandLine(const CommandSpec& command, int argc, char** argv) {
     PaintWithoutDisplay();
     application = std::make_unique<QGuiApplication>(argc, argv);
   };
-  const bool progress = isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0;
+  const bool progress = host::IsErrorTerminal() && !host::IsOutputTerminal();
   Console console{std::cout, std::cerr, progress, need_fonts};
   return static_cast<int>(RunCommand(command, {argv + 2, argv + argc}, console));
 }
 
 bool WaitForStandardInput(int milliseconds) {
-  if (std::cin.rdbuf()->in_avail() > 0) return true;
-  pollfd input = {STDIN_FILENO, POLLIN, 0};
-  return poll(&input, 1, milliseconds) != 0;
+  return std::cin.rdbuf()->in_avail() > 0 || host::WaitForInput(milliseconds);
 }
 
 int Play(std::istream& in, const PlayOptions& options) {

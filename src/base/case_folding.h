@@ -3,7 +3,7 @@
 
 namespace merlu {
 
-// The letter that stands for it and for its counterpart in the other case; any other character is its own.
+// A common form of the letter and its counterpart in the other case; any other character unchanged.
 char32_t FoldedCase(char32_t letter);
 
 }  // namespace merlu

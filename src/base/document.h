@@ -15,8 +15,8 @@ struct TextRun {
   bool underline = false;
   bool code = false;    // set in a fixed pitch
   int half_points = 0;  // size; 0 for the size of the text around
-  // A picture in place of the text, which then says what it shows: its file, or "data:image/png;base64,..." when the
-  // document holds it. Only documents of the program's own have pictures.
+  // A picture in place of the text, which is then its description: a file, or "data:image/png;base64,..." when the
+  // document holds the picture itself. Only the program's own documents have pictures.
   std::string picture{};
 };
 
@@ -25,7 +25,7 @@ struct Paragraph {
   int heading = 0;                     // 1 is the topmost, 0 is no heading
   int list = 0;                        // depth in a list, 0 outside
   bool numbered = false;               // of a list: its marks are numbers
-  bool code = false;                   // lines as they stand, in a fixed pitch
+  bool code = false;                   // preformatted lines, in a fixed pitch
   std::vector<std::string> bookmarks;  // names that a reader can go to
 };
 
@@ -49,8 +49,8 @@ std::string PlainText(const Paragraph& paragraph);
 // A line for each paragraph and each row of a table, whose cells are parted by tabs.
 std::string PlainText(const Document& document);
 
-// A page of its own, or only what stands in its body; bookmarks become anchors. Nothing in it can be
-// followed or fetched.
+// ToHtml gives the body, HtmlPage a complete page; bookmarks become anchors. The HTML has no links and loads nothing
+// from the network.
 std::string ToHtml(const Document& document);
 std::string HtmlPage(const Document& document, std::string_view title);
 

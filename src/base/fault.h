@@ -1,5 +1,5 @@
-// The one fault type. Everything below the screens that cannot do its work throws a Fault; the
-// procedure of a screen that called it has one handler, which tells the user and leaves.
+// The one exception type. Everything below the screens that cannot do its work throws a Fault; the procedure of a
+// screen that called it has one handler, which shows it in a box and returns.
 #pragma once
 
 #include <exception>
@@ -7,7 +7,7 @@
 
 namespace merlu {
 
-// Numbers that the screens speak of. The user sees them behind the description of the fault.
+// The numbers of faults. The user sees them after the description.
 namespace fault_number {
 inline constexpr int kOverflow = 6;          // more than a file format takes
 inline constexpr int kSubscript = 9;         // an array is full
@@ -19,7 +19,7 @@ inline constexpr int kFileAccess = 75;       // no permission to write a file or
 inline constexpr int kNoSuchFolder = 76;     // the folder of a file is not there
 inline constexpr int kNotSet = 91;           // a record set that was never opened
 inline constexpr int kNoChange = 3020;       // an update that nothing began
-inline constexpr int kNoCurrentRow = 3021;   // the cursor stands on no row
+inline constexpr int kNoCurrentRow = 3021;   // the cursor has no current row
 inline constexpr int kDuplicateKey = 3022;   // a key that exists
 inline constexpr int kPathNotFound = 3024;   // the database file is not there
 inline constexpr int kDiskFullStore = 3026;  // no room in the database's file system
@@ -27,7 +27,7 @@ inline constexpr int kReadOnly = 3051;       // the file cannot be opened for wr
 inline constexpr int kSyntax = 3075;         // criteria that cannot be read
 inline constexpr int kNoSuchTable = 3078;    // a table that the file lacks
 inline constexpr int kOther = 3146;          // any other failure of the engine
-inline constexpr int kRecordDeleted = 3167;  // a change of a row that is gone
+inline constexpr int kRecordDeleted = 3167;  // a change of a row that was deleted
 inline constexpr int kReference = 3201;      // a row whose parent is missing
 inline constexpr int kInUseTable = 3261;     // locked by another process during the work
 inline constexpr int kNoSuchItem = 3265;     // a column or table name that does not exist
@@ -39,8 +39,8 @@ inline constexpr int kNoSuchNode = 35601;    // a node key that is not in the tr
 }  // namespace fault_number
 
 struct Fault : std::exception {
-  Fault(int number, std::string source, std::string description)
-      : number(number), source(std::move(source)), description(std::move(description)) {}
+  Fault(int number_of_fault, std::string raised_by, std::string text)
+      : number(number_of_fault), source(std::move(raised_by)), description(std::move(text)) {}
   const char* what() const noexcept override { return description.c_str(); }
 
   int number;               // one of fault_number

@@ -1,4 +1,4 @@
-// How well typed words fit a text: each by its letters in their order, best where they stand together and begin a word.
+// How well typed words match a text: by their letters in order, best where these are adjacent and begin a word.
 #pragma once
 
 #include <cstdint>

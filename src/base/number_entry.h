@@ -1,4 +1,4 @@
-// What is typed where a number is wanted: sums, and what a save makes of it.
+// Texts typed into number fields: sums, and a hint at what a save makes of the text.
 #pragma once
 
 #include <optional>
@@ -7,8 +7,8 @@
 
 namespace merlu {
 
-// What a save will make of the text in other words than the text's own: "Will be saved as 12", "Not a number: will
-// be saved blank"; empty where the number is stored as it stands, or only written otherwise.
+// What a save will make of the text when that differs from it: "Will be saved as 12", "Not a number: will be saved
+// blank"; empty when the number is stored unchanged or only formatted differently.
 std::string NumberHint(std::string_view text);
 
 // True for a text that begins a sum: "=12*31".

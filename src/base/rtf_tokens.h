@@ -12,7 +12,7 @@ struct RtfToken {
   std::string_view word;    // of a control word, without the backslash
   int number = 0;           // its parameter
   bool has_number = false;  // it has one
-  char byte = 0;            // a symbol behind a backslash, a byte of text, or the value of a \'hh
+  char byte = 0;            // a symbol after a backslash, a byte of text, or the value of a \'hh
 };
 
 class RtfTokens {

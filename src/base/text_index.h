@@ -1,5 +1,5 @@
-// Numbers by text: the first number that a text is given stays. One block of memory holds all texts, so that
-// tens of thousands are added and dropped at little cost.
+// A map from texts to numbers in which the first number of a text is kept. One block of memory holds all texts, so that
+// adding and dropping tens of thousands is cheap.
 #pragma once
 
 #include <cstdint>

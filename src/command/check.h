@@ -12,7 +12,7 @@ struct CheckedFinding {
   std::string place, complex, structure, type, id;
   std::string field, control, value, expected, text, comment;
   std::string state;  // "open", "explained", "stale"
-  std::string order;  // findings stand by it
+  std::string order;  // findings are sorted by it
 };
 
 // What is checked of a file.
@@ -26,7 +26,7 @@ struct CheckedFile {
   std::vector<CheckedFinding> findings;  // descriptions before the months, then as the tree, then as the sheet
   std::int64_t records = 0;
   int open = 0, explained = 0, stale = 0;
-  bool lacks_month = false;             // it has no record of the month that was asked for
+  bool lacks_month = false;             // it has no record of the chosen month
   std::vector<std::string> not_judged;  // records whose rules met a fault, in words
 };
 

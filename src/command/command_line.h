@@ -30,7 +30,7 @@ struct Request {
   int Number(std::string_view option) const;
 };
 
-// Reads the words behind the command's name; throws WrongUsage.
+// Parses the words after the command's name; throws WrongUsage.
 Request ReadRequest(const CommandSpec& command, const std::vector<std::string>& words);
 
 // A structure by complex and structure.

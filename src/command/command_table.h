@@ -14,7 +14,7 @@ enum class ValueKind { kNone, kMonth, kCount, kChoice, kInventory, kNewInventory
 struct CommandOption {
   const char* name;  // "--month", "-o"
   ValueKind kind = ValueKind::kNone;
-  const char* value = "";  // what stands for it in the help: "M"
+  const char* value = "";  // placeholder of its value in the help: "M"
   const char* what = "";   // one line
   int group = 0;           // options with the same number exclude one another
   bool needed = false;     // the option, or one of its group

@@ -10,7 +10,7 @@
 
 namespace merlu {
 
-// `words` are those behind the command's name. Needs an application with fonts where a PDF is written.
+// `words` are those after the command's name. Needs an application with fonts where a PDF is written.
 Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console);
 
 Status CheckFiles(const Request& request, Console& console);

@@ -16,9 +16,9 @@ inline Status Worse(Status one, Status other) {
 }
 
 struct Console {
-  std::ostream& out;                   // what was asked for
+  std::ostream& out;                   // the command's result
   std::ostream& err;                   // what concerns the run
-  bool progress = false;               // somebody looks at err, and at nothing else meanwhile
+  bool progress = false;               // err is a terminal and out is none: progress can be shown
   std::function<void()> need_fonts{};  // called before the first page is painted
 };
 

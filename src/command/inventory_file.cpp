@@ -4,13 +4,14 @@
 
 #include "base/fault.h"
 #include "session/types.h"
+#include "store/engine.h"
 #include "store/image.h"
 
 namespace merlu {
 namespace {
 
 [[noreturn]] void Refuse(const std::string& why) {
-  throw Fault(fault_number::kNotADatabase, "MERLU store", why);
+  throw Fault(fault_number::kNotADatabase, kStoreSource, why);
 }
 
 void RequireLayout(Database& db) {

@@ -2,6 +2,7 @@
 
 #include "base/fault.h"
 #include "command/quiet.h"
+#include "store/engine.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -14,7 +15,7 @@ std::string OutPath(const Request& request) {
   const std::string out = request.Text("-o");
   const std::string target = TargetPath(OwnFilesOf(request), out);
   if (FileExists(target) && !request.Has("--force"))
-    throw Fault(fault_number::kFileAccess, "MERLU store", "The file " + out + " exists; --force replaces it.");
+    throw Fault(fault_number::kFileAccess, kStoreSource, "The file " + out + " exists; --force replaces it.");
   return target;
 }
 

@@ -10,14 +10,14 @@
 
 namespace merlu {
 
-// What the command's own writing keeps clear of: the inventory and what belongs to it.
+// The files that the command must not write over: the inventory and what belongs to it.
 OwnFiles OwnFilesOf(const Request& request);
 // Where -o leads. kFileAccess for a file that exists without --force; a folder, a device, the inventory itself and
 // what belongs to it are refused, under any name or link.
 std::string OutPath(const Request& request);
 // Has `write` make the file of -o. What was there stays after a fault.
 void WriteOut(const Request& request, const std::function<void(const std::string& path)>& write);
-// Room where that file goes.
+// Free bytes of the file system where that file is written.
 std::uint64_t FreeBytesFor(const std::string& path);
 
 }  // namespace merlu

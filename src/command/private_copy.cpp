@@ -1,11 +1,11 @@
 #include "command/private_copy.h"
 
-#include <stdlib.h>
-
 #include <fstream>
 
 #include "base/fault.h"
+#include "base/host.h"
 #include "command/inventory_file.h"
+#include "store/engine.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -19,11 +19,8 @@ PrivateCopy::PrivateCopy(const std::string& inventory, const Image& image) {
     Database looked_at;
     OpenUntouched(looked_at, image);
   }
-  std::string name = (fs::temp_directory_path() / "merlu-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr)
-    throw Fault(fault_number::kFileAccess, "MERLU store",
-                "Cannot make a folder in " + fs::temp_directory_path().string() + ".");
-  folder_ = name;
+  folder_ = host::MakeTemporaryFolder();
+  if (folder_.empty()) throw Fault(fault_number::kFileAccess, kStoreSource, "Cannot make a temporary folder.");
   try {
     // the companion knows its inventory by this name
     const std::string own = fs::path(inventory).filename().string();
@@ -60,7 +57,7 @@ void PrivateCopy::Put(const Image& image, const std::string& name) {
   std::ofstream out(folder_ / name, std::ios::binary);
   out.write(reinterpret_cast<const char*>(image.bytes.get()), static_cast<std::streamsize>(image.size));
   out.close();
-  if (!out) throw Fault(fault_number::kDiskFull, "MERLU store", "There is no room for a private copy of the file.");
+  if (!out) throw Fault(fault_number::kDiskFull, kStoreSource, "There is no room for a private copy of the file.");
 }
 
 }  // namespace merlu

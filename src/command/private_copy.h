@@ -1,5 +1,5 @@
-// An inventory with its companion in a folder of the command's own, to be read as the program reads them, and gone with
-// the command.
+// An inventory with its companion, copied into a temporary folder and read as the program reads them. The folder is
+// removed when this is destroyed.
 #pragma once
 
 #include <filesystem>

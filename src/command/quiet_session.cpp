@@ -5,6 +5,7 @@
 #include "command/lines.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
+#include "store/engine.h"
 
 namespace merlu {
 
@@ -31,7 +32,7 @@ void QuietSession::OpenFile(const std::string& path) {
   // the box says what to press first, and then why
   std::string why = quiet.said.empty() ? "The inventory could not be opened." : quiet.said.back();
   if (const auto last = why.rfind("\n\n"); last != std::string::npos) why.erase(0, last + 2);
-  throw Fault(fault_number::kInUse, "MERLU store", OneLine(why));
+  throw Fault(fault_number::kInUse, kStoreSource, OneLine(why));
 }
 
 QuietSession::~QuietSession() {

@@ -6,6 +6,7 @@
 #include "command/quiet_session.h"
 #include "entry/month_book.h"
 #include "session/act.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
@@ -33,7 +34,7 @@ void Store(QuietSession& session, MonthGrid& grid) {
   if (may_write && saved.refused.empty()) return;
   std::string why = saved.refused;
   for (const std::string& said : session.quiet.said) why += (why.empty() ? "" : " ") + OneLine(said);
-  throw Fault(fault_number::kFileAccess, "MERLU store", why);
+  throw Fault(fault_number::kFileAccess, kStoreSource, why);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "command/quiet.h"
 #include "inventory_qc/inventory_run.h"
 #include "session/session.h"
+#include "store/engine.h"
 
 namespace merlu {
 
@@ -14,7 +15,7 @@ Status WriteSummary(const Request& request, Console& console) {
   Session s(quiet);
   OpenUntouched(s.db, file, Database::Use::kPrivateCopy);
   if (!s.db.HasTable("QCInventory"))
-    throw Fault(fault_number::kNotADatabase, "MERLU store", "It is no inventory: it has no table QCInventory.");
+    throw Fault(fault_number::kNotADatabase, kStoreSource, "It is no inventory: it has no table QCInventory.");
   s.year = static_cast<int>(ToInteger(s.db.Single("SELECT sys_yr FROM SYS_CONFIG")));
   s.last_month = static_cast<int>(ToInteger(s.db.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG")));
   const InventoryRun run = RunInventoryPasses(s);

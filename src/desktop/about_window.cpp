@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "desktop/look.h"
+#include "shell/dialog_names.h"
 #include "shell/dialogs.h"
 
 namespace merlu {
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int kSplashMilliseconds = 2500;
 constexpr int kIconSize = 96;
-constexpr const char* kTitle = "lblTitle";
+constexpr const char* kTitle = names::lblTitle;
 
 void SetSize(QWidget& widget, qreal factor, bool bold) {
   QFont font = widget.font();

@@ -5,12 +5,12 @@
 
 namespace merlu {
 
-// The captions of one menu, each with an access key of its own. A caption keeps the key that it has, unless
-// one before it has the same; one without takes the first letter of a word that is still free, or else any free letter.
-// Lines ("-") and captions for which no letter is left stay as they are.
+// Gives each caption of one menu its own access key. A caption keeps the key that it has, unless an earlier one has the
+// same; a caption without a key gets the first free initial of its words, or else any free letter. Separators ("-") and
+// captions for which no letter is left are returned unchanged.
 QStringList WithAccessKeys(QStringList captions);
 
-// The letter behind the mark, in upper case; null without one.
+// The access key of a caption in upper case; null when it has none.
 QChar AccessKey(const QString& caption);
 
 }  // namespace merlu

@@ -1,5 +1,5 @@
-// The one way of a user's act from a widget to the logical screens: the act is done, its faults are told,
-// and everything that changed is drawn again.
+// Passes a user's act from a widget to the logical screens: runs it, shows its faults in a box, and redraws what
+// changed.
 #pragma once
 
 #include <QObject>

@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "base/number_entry.h"
+#include "desktop/captions.h"
 #include "desktop/grid_view.h"
 #include "desktop/look.h"
 #include "desktop/model_list.h"
@@ -32,10 +33,6 @@ QString Q(const std::string& text) {
   return QString::fromStdString(text);
 }
 
-bool IsSelectable(Kind kind) {
-  return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
-}
-
 bool IsShortcut(const QKeyEvent& key) {
   const QKeySequence pressed(key.keyCombination());
   // a field takes back and does again what was typed in it
@@ -50,44 +47,7 @@ bool IsTemporary(const QFocusEvent& leaves) {
   return leaves.reason() == Qt::PopupFocusReason || leaves.reason() == Qt::ActiveWindowFocusReason;
 }
 
-// The whole text of a line that is too short for it; empty when it is not.
-QString HiddenPart(const QWidget& widget) {
-  const auto* line = qobject_cast<const QLineEdit*>(&widget);
-  constexpr int kMargins = 18;
-  return line != nullptr && line->fontMetrics().horizontalAdvance(line->text()) > line->width() - kMargins
-             ? line->text()
-             : QString();
-}
-
-// A unit of several words stays on one line.
-QString WholeUnit(QString caption) {
-  constexpr qsizetype kLongest = 16;
-  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
-  if (open >= 0 && close > open && close - open <= kLongest)
-    for (qsizetype at = open; at < close; ++at)
-      if (caption[at] == ' ') caption[at] = QChar::Nbsp;
-  return caption;
-}
-
 }  // namespace
-
-QString CaptionOf(const Control& control) {
-  if (!control.caption.empty()) return WholeUnit(Q(control.caption));
-  return control.tag.empty() ? QString() : Q(control.tag) + ":";
-}
-
-QString SpokenCaption(const Control& control) {
-  static const QRegularExpression mnemonic("&(.)");
-  return CaptionOf(control).replace(mnemonic, "\\1").replace(QChar::Nbsp, ' ');
-}
-
-QString UnitOf(const Control& control) {
-  constexpr qsizetype kLongest = 24;
-  const QString caption = SpokenCaption(control);
-  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
-  const bool is_unit = control.numeric && open >= 0 && close > open && close - open <= kLongest;
-  return is_unit ? caption.mid(open + 1, close - open - 1) : QString();
-}
 
 Bound& FormBinding::Add(const Control& control, QWidget* widget) {
   widget->setObjectName(Q(control.name));
@@ -459,156 +419,9 @@ void FormBinding::TakeFocus() {
   widget->setFocus(Qt::OtherFocusReason);
 }
 
-// ---- drawing ----
-
-void FormBinding::ShowText(QWidget& widget, const Control& now) {
-  const QString text = Q(now.text);
-  if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
-    if (line->text() != text) line->setText(text);
-    if (!line->hasFocus()) line->setCursorPosition(0);  // a long text shows its beginning
-  } else if (auto* notes = qobject_cast<QPlainTextEdit*>(&widget)) {
-    if (notes->toPlainText() != text) notes->setPlainText(text);
-  } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
-    label->setText(text);
-  }
-}
-
-void FormBinding::ShowList(ListField& list, const Control& now, const Control& shown, bool drawn) {
-  if (!drawn || now.items != shown.items) {
-    list.clear();
-    for (const std::string& item : now.items) list.addItem(Q(item));
-    list.updateGeometry();
-  }
-  const QString text = Q(now.text);
-  // the text decides: a rule may change it without the index
-  const int index = list.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
-  if (list.currentIndex() != (text.isEmpty() ? -1 : index)) list.setCurrentIndex(text.isEmpty() ? -1 : index);
-  if (list.isEditable() && list.currentText() != text) list.setEditText(text);
-}
-
-void FormBinding::ShowState(Bound& bound, const Control& now) {
-  const bool enabled = IsEnabled(form_, *bound.control);
-  bound.widget->setEnabled(enabled || qobject_cast<ResultsList*>(bound.widget) != nullptr);
-  if (bound.caption != nullptr) bound.caption->setEnabled(enabled);
-  if (!IsSelectable(now.kind)) return;
-  if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) line->setReadOnly(now.locked);
-  if (auto* notes = qobject_cast<QPlainTextEdit*>(bound.widget)) notes->setReadOnly(now.locked);
-  // what is locked looks it, whatever a procedure has painted
-  const Back back = now.locked && now.back == Back::kWindow ? Back::kFace : now.back;
-  SetLook(*bound.widget, "look", LookName(back));
-  SetLook(*bound.widget, "copied", now.copied);
-  // behind it, as a new look resets the colours of a list's text
-  if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, back, now.copied);
-  ShowFinding(bound, now);
-}
-
-void FormBinding::ShowFinding(Bound& bound, const Control& now) {
-  const QString finding = Q(!now.finding.empty() ? now.finding : now.back == Back::kFlag ? now.tip : "");
-  QStringList said;
-  for (const QString& text :
-       {finding, Q(now.hint), now.copied ? tr("Copied from the month before, not yet confirmed") : ""})
-    if (!text.isEmpty()) said << text;
-  bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : said.join('\n'));
-  if (const QString unit = UnitOf(now); !unit.isEmpty()) said.prepend(unit);
-  bound.widget->setAccessibleDescription(said.join('\n'));
-  if (bound.mark == nullptr) return;
-  bound.mark->setText(finding.isEmpty() ? "" : "!");
-  bound.mark->setToolTip(finding);
-  QPalette red = bound.mark->palette();
-  red.setColor(QPalette::WindowText, EditingRed(bound.row->palette()));
-  bound.mark->setPalette(red);
-}
-
-bool FormBinding::ShowRemarks(Bound& bound, const Control& now) {
-  const auto small = [&](QLabel*& label, const char* what, QWidget* parent) {
-    if (label != nullptr) return;
-    label = new QLabel(parent);
-    label->setObjectName(Q(now.name) + what);
-    label->setTextFormat(Qt::PlainText);
-    QPalette quiet = label->palette();
-    quiet.setColor(QPalette::WindowText, Quiet(quiet));
-    label->setPalette(quiet);
-  };
-  if (!now.was.empty() && bound.was == nullptr) {
-    small(bound.was, "_Was", bound.row);
-    QFont font = bound.was->font();
-    font.setPointSizeF(font.pointSizeF() * 0.9);
-    bound.was->setFont(font);
-    bound.was->setToolTip(tr("The month before"));
-    auto* row = static_cast<QHBoxLayout*>(bound.row->layout());
-    row->insertWidget(row->indexOf(bound.mark) + 1, bound.was);
-  }
-  if (bound.was != nullptr) {
-    bound.was->setText(Q(now.was));
-    bound.was->setVisible(!now.was.empty());
-  }
-  const bool has_remark = !now.hint.empty() && bound.caption != nullptr;
-  if (has_remark && bound.remark == nullptr) {
-    small(bound.remark, "_Hint", bound.row->parentWidget());
-    bound.remark->setWordWrap(true);
-  }
-  if (bound.remark == nullptr) return false;
-  const bool changes = bound.remark->text() != Q(now.hint) || bound.remark->isHidden() == has_remark;
-  bound.remark->setText(Q(now.hint));
-  bound.remark->setVisible(has_remark);
-  return changes;
-}
-
-void FormBinding::ShowTab(QTabWidget& tab, const Control& now) {
-  for (int page = 0; page < tab.count(); ++page) {
-    const auto at = static_cast<std::size_t>(page);
-    tab.setTabEnabled(page, now.page_available[at]);
-    if (at >= now.counts.size()) continue;
-    const QString text = Q(now.items[at]) + (now.counts[at] == 0 ? QString() : QString(" (%1)").arg(now.counts[at]));
-    if (tab.tabText(page) != text) tab.setTabText(page, text);
-  }
-  if (tab.currentIndex() != now.index) tab.setCurrentIndex(now.index);
-}
-
-void FormBinding::Show(Bound& bound, const Control& now) {
-  if (auto* list = qobject_cast<ListField*>(bound.widget)) {
-    ShowList(*list, now, bound.shown, bound.drawn);
-  } else if (auto* results = qobject_cast<ResultsList*>(bound.widget)) {
-    if (!bound.drawn || now.rows != bound.shown.rows) results->ShowRows(now);
-    const QList<int> picked(now.picked.begin(), now.picked.end());
-    if (IsEnabled(form_, now) && results->Picked() != picked) results->ShowPicked(now);
-    results->SetUsable(IsEnabled(form_, now));
-    SetLook(*results, "look", LookName(now.back));
-  } else if (auto* list_of_model = qobject_cast<ModelList*>(bound.widget)) {
-    list_of_model->Sync();
-  } else if (auto* grid = qobject_cast<GridView*>(bound.widget)) {
-    grid->Sync();
-  } else if (auto* tab = qobject_cast<QTabWidget*>(bound.widget)) {
-    ShowTab(*tab, now);
-  } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
-    if (button->text() != Q(now.caption)) {
-      button->setText(Q(now.caption));
-      button->setAccessibleName(SpokenCaption(now));
-    }
-    if (button->isChecked() != now.checked && button->isCheckable()) button->setChecked(now.checked);
-  } else {
-    ShowText(*bound.widget, now);
-  }
-  ShowState(bound, now);
-}
-
 bool FormBinding::Sync() {
   bool moved = false;
-  for (const auto& at : bound_) {
-    Bound& bound = *at;
-    const Control& now = *bound.control;
-    const bool visible = IsVisible(form_, now);
-    QWidget* shell = bound.row != nullptr ? bound.row : bound.widget;
-    if (!bound.drawn || shell->isHidden() == visible) {
-      moved = true;
-      shell->setVisible(visible);
-      if (bound.caption != nullptr) bound.caption->setVisible(visible);
-    }
-    Show(bound, now);
-    if (bound.mark != nullptr && ShowRemarks(bound, now)) moved = true;
-    bound.shown = now;
-    bound.drawn = true;
-  }
+  for (const auto& bound : bound_) moved = Draw(form_, *bound) || moved;
   return moved;
 }
 

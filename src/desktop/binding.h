@@ -13,26 +13,12 @@
 #include <vector>
 
 #include "desktop/acts.h"
+#include "desktop/bound.h"
 #include "desktop/fields.h"
 #include "forms/desk.h"
 #include "forms/form.h"
 
 namespace merlu {
-
-class ResultsList;
-
-// What stands for one control.
-struct Bound {
-  const Control* control = nullptr;
-  QWidget* widget = nullptr;
-  QLabel* caption = nullptr;  // beside it
-  QLabel* mark = nullptr;     // at its end, when it has a finding
-  QLabel* was = nullptr;      // behind it: the month before
-  QLabel* remark = nullptr;   // below it: what a save makes of the text
-  QWidget* row = nullptr;     // that holds field, mark and note
-  Control shown;              // the state that the widgets show
-  bool drawn = false;
-};
 
 class FormBinding : public QObject {
   Q_OBJECT
@@ -43,7 +29,7 @@ class FormBinding : public QObject {
   // Fields that no rule looks at keep no room for a mark.
   void LeaveOutMarks() { marks_ = false; }
 
-  // A field in a row of its own with its mark; a caption is made when there is room for one beside it.
+  // A field in its own row with its mark; with a caption label when there is room for one to its left.
   Bound& AddField(const Control& control, QWidget* parent, bool with_caption);
   Bound& AddLabel(const Control& control, QWidget* parent);
   Bound& AddButton(const Control& control, QWidget* parent);
@@ -64,7 +50,7 @@ class FormBinding : public QObject {
   std::function<void(const std::string& button)> pressed;
   // A double click on a row of a list that cannot be used now.
   std::function<void(const std::string& list, int row)> open_row;
-  // Enter in a field: it goes on from there; true when it did.
+  // Called when Enter is pressed in a field; true when it has moved on from there.
   std::function<bool(QWidget* from)> enter;
   // Restores the text that the field with the focus held when it was entered; false when it is unchanged.
   bool TakeBackField();
@@ -75,7 +61,7 @@ class FormBinding : public QObject {
   // The control of the widget, or of one around it; null when it is none of the form's.
   const Control* ControlOf(const QWidget* widget) const;
   QWidget* Find(const std::string& name) const;
-  // Whether a label stands beside a field, which brings it along.
+  // Whether the label is the caption or note of a field and is laid out with it.
   bool IsCaptionOrNote(const std::string& label) const;
   // The row that holds a field, its mark and its note.
   QWidget* RowOf(const std::string& name) const;
@@ -98,27 +84,11 @@ class FormBinding : public QObject {
   bool HandleKey(QWidget* widget, const QKeyEvent& key);
   void EnterField(const Control& control, QWidget* named, QWidget* widget, Qt::FocusReason reason);
 
-  void Show(Bound& bound, const Control& now);
-  void ShowText(QWidget& widget, const Control& now);
-  void ShowList(ListField& list, const Control& now, const Control& shown, bool drawn);
-  void ShowState(Bound& bound, const Control& now);
-  void ShowFinding(Bound& bound, const Control& now);
-  // What stands beside the field; true when a row became higher or lower.
-  bool ShowRemarks(Bound& bound, const Control& now);
-  void ShowTab(QTabWidget& tab, const Control& now);
-
   Acts& acts_;
   Form& form_;
   std::vector<std::unique_ptr<Bound>> bound_;
   bool marks_ = true;
   std::string entered_, entered_text_;  // the field that was entered last, and its text then
 };
-
-// The text of a caption: '&' doubled in captions is one, and a field without caption goes by its tag.
-QString CaptionOf(const Control& control);
-// What a number is measured in, by the brackets of its caption; empty without them.
-QString UnitOf(const Control& control);
-// The caption as it is read aloud: without the marks of access keys.
-QString SpokenCaption(const Control& control);
 
 }  // namespace merlu

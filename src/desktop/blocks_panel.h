@@ -18,7 +18,7 @@ class BlocksPanel : public QWidget {
  public:
   explicit BlocksPanel(QWidget* parent) : QWidget(parent) {}
 
-  // Adds a field below the heading; blocks stand in the order in which they were named first.
+  // Adds a field below the heading; blocks are shown in the order in which they were first named.
   void Add(const std::string& heading, Bound& bound, QLabel* note);
   // Lays out what is visible now.
   void Arrange();

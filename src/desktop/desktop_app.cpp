@@ -108,7 +108,7 @@ constexpr const char *kFolders = "Folders", *kSaved = "Saved";
 
 }  // namespace
 
-DesktopApp::DesktopApp(const std::string& settings_file) : settings_(settings_file) {
+DesktopApp::DesktopApp(const std::string& settings_file) : RealHost(settings_file) {
   connect(&acts_, &Acts::Changed, this, &DesktopApp::Sync);
   qApp->installEventFilter(this);
   auto* draft = new QTimer(this);
@@ -145,7 +145,7 @@ void DesktopApp::Sync() {
     return;
   }
   if (session_.main != nullptr && session_.main->visible) {
-    if (window_ == nullptr) window_ = std::make_unique<MainWindow>(acts_, settings_.settings());
+    if (window_ == nullptr) window_ = std::make_unique<MainWindow>(acts_, settings());
     window_->Sync();
     if (window_->isHidden()) window_->show();
   }
@@ -253,7 +253,7 @@ void DesktopApp::Beep() {
 // ---- boxes and dialogs ----
 
 Button DesktopApp::Ask(const Box& box) {
-  if (!box.setting.empty() && settings_.Value(kUnwanted, box.setting) == kSet) return box.buttons.front();
+  if (!box.setting.empty() && Setting(kUnwanted, box.setting) == kSet) return box.buttons.front();
   acts_.Redraw();  // what the box speaks of shows behind it
   QMessageBox message(Parent());
   message.setWindowTitle(Q(box.title));
@@ -287,7 +287,7 @@ Button DesktopApp::Ask(const Box& box) {
 // A comfort: where settings cannot be written it lasts as long as the program.
 void DesktopApp::Keep(const std::string& section, const std::string& key, const std::string& value) {
   try {
-    settings_.Store(section, key, value);
+    StoreSetting(section, key, value);
   } catch (const Fault&) {
     // a choice that something depends on is told
   }
@@ -300,7 +300,7 @@ std::string DesktopApp::AskFile(const FileQuestion& question) {
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   OfferTypes(dialog, question);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.overwrites);
-  const QString used = Q(settings_.Value(kFolders, kSaved));
+  const QString used = Q(Setting(kFolders, kSaved));
   dialog.setDirectory(save && QFileInfo(used).isDir() ? used : QFileInfo(Q(session_.path)).absolutePath());
   if (!question.name.empty()) dialog.selectFile(Q(question.name));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
@@ -318,7 +318,7 @@ DialogWindow* DesktopApp::MakeDialog(Form& form) {
   const auto& controls = form.controls();
   const bool help =
       std::any_of(controls.begin(), controls.end(), [](const Control& c) { return c.document != nullptr; });
-  if (help) return new HelpDialog(acts_, form, settings_.settings(), Parent());
+  if (help) return new HelpDialog(acts_, form, settings(), Parent());
   return new FormDialog(acts_, form, Parent());
 }
 
@@ -342,43 +342,6 @@ void DesktopApp::RunModal(Form& form) {
 }
 
 // ---- the outside world ----
-
-DateTime DesktopApp::Now() {
-  const QDateTime now = QDateTime::currentDateTime();
-  return {now.date().year(), now.date().month(),  now.date().day(),
-          now.time().hour(), now.time().minute(), now.time().second()};
-}
-
-std::string DesktopApp::Setting(const std::string& section, const std::string& key) {
-  return settings_.Value(section, key);
-}
-
-void DesktopApp::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
-  settings_.Store(section, key, value);
-}
-
-std::string DesktopApp::ProgramFolder() {
-  return ProgramFiles().folder;
-}
-bool DesktopApp::IsInstalled() {
-  return ProgramFiles().installed;
-}
-std::string DesktopApp::DataFolder() {
-  return UserDataFolder();
-}
-
-std::uint64_t DesktopApp::FreeBytes(const std::string& folder) {
-  return merlu::FreeBytes(folder);
-}
-
-void DesktopApp::WriteReport(const InventoryReport& report, const std::string& path,
-                             const std::function<void(int done, int total)>& progress) {
-  WriteReportPdf(report, path, progress);
-}
-
-void DesktopApp::WriteHandInReport(const HandInReport& report, const std::string& path) {
-  WriteHandInPdf(report, path);
-}
 
 void DesktopApp::Print(const Form& form) {
   QWidget* widget = &form == session_.main ? window_.get() : window_->findChild<QWidget*>(Q(form.name()));

@@ -11,13 +11,11 @@
 #include "desktop/acts.h"
 #include "desktop/form_dialog.h"
 #include "desktop/main_window.h"
-#include "forms/platform.h"
-#include "forms/review_ports.h"
-#include "host/settings_store.h"
+#include "host/real_host.h"
 
 namespace merlu {
 
-class DesktopApp : public QObject, public Platform, public HandInPrinter, public WorkStopper {
+class DesktopApp : public QObject, public Platform, public RealHost {
   Q_OBJECT
  public:
   // An empty settings file means the user's own settings.
@@ -40,16 +38,6 @@ class DesktopApp : public QObject, public Platform, public HandInPrinter, public
   bool IsStopWanted() override;
   void SetBusy(bool busy) override;
   void Beep() override;
-  DateTime Now() override;
-  std::string Setting(const std::string& section, const std::string& key) override;
-  void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
-  std::string ProgramFolder() override;
-  bool IsInstalled() override;
-  std::string DataFolder() override;
-  std::uint64_t FreeBytes(const std::string& folder) override;
-  void WriteReport(const InventoryReport& report, const std::string& path,
-                   const std::function<void(int done, int total)>& progress) override;
-  void WriteHandInReport(const HandInReport& report, const std::string& path) override;
   void Print(const Form& form) override;
   void OpenDocument(const std::string& path) override;
 
@@ -72,7 +60,6 @@ class DesktopApp : public QObject, public Platform, public HandInPrinter, public
   DialogWindow* MakeDialog(Form& form);
   QWidget* Parent() const;
 
-  SettingsStore settings_;
   Session session_{*this};
   Acts acts_{session_};
   std::unique_ptr<MainWindow> window_;

@@ -1,5 +1,4 @@
-// The widgets of fields. Each shows a control's state and tells its four looks apart: editable, read only,
-// disabled, flagged.
+// The widgets of fields. Each shows its control's state in one of four looks: editable, read-only, disabled, flagged.
 #pragma once
 
 #include <QComboBox>
@@ -20,8 +19,8 @@ const char* LookName(Back back);
 // Whether the field is entered: not so when a list or another window gives the focus back.
 bool IsEntered(Qt::FocusReason reason);
 
-// A line of text, or a masked box: the text is selected when the field is entered. A number that is longer than the
-// field shows its beginning and an ellipsis while nobody is in the field.
+// A line of text or a masked box. Its text is selected when the field is entered. A number too long for the field shows
+// its beginning and an ellipsis while the field does not have the focus.
 class LineField : public QLineEdit {
   Q_OBJECT
  public:
@@ -29,7 +28,7 @@ class LineField : public QLineEdit {
   void SetNumeric(bool numeric) { numeric_ = numeric; }
 
  signals:
-  // Cells behind the first one that was pasted.
+  // The cells after the first one of a pasted row.
   void PastedFurther(const QStringList& cells);
 
  protected:
@@ -48,8 +47,8 @@ class LineField : public QLineEdit {
 // A button in the line that clears it, with a name for assistive programs.
 void AddClearButton(QLineEdit& line);
 
-// A label that never asks for more room than there is: what does not fit is left out of its middle, and told
-// when it is pointed at.
+// A label that never asks for more room than there is: a text that does not fit is elided in the middle and shown in
+// full as a tool tip.
 class ElidedLabel : public QLabel {
   Q_OBJECT
  public:
@@ -111,7 +110,7 @@ class ListField : public QComboBox {
   QElapsedTimer typed_;
 };
 
-// Several lines of text, entered behind the last; Tab leaves it.
+// Several lines of text. The cursor is put after the last line when it is entered; Tab leaves it.
 class NotesField : public QPlainTextEdit {
   Q_OBJECT
  public:

@@ -10,9 +10,11 @@
 #include <utility>
 
 #include "desktop/about_window.h"
+#include "desktop/captions.h"
 #include "desktop/model_list.h"
 #include "desktop/results_list.h"
 #include "desktop/table_panel.h"
+#include "forms/dialog_buttons.h"
 #include "shell/help.h"
 
 namespace merlu {
@@ -59,7 +61,7 @@ DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
   accept->setShortcuts({QKeySequence("Ctrl+Return"), QKeySequence("Ctrl+Enter")});
   connect(accept, &QAction::triggered, this, [this] {
     Form& shown = binding_.form();
-    const std::string button = !shown.default_button.empty() ? shown.default_button : "cmdOK";
+    const std::string button = !shown.default_button.empty() ? shown.default_button : names::cmdOK;
     if (shown.Find(button) != nullptr) binding_.Press(button);
   });
   addAction(accept);

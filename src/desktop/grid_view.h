@@ -18,13 +18,13 @@ class GridView : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  // Tab goes through the open cells, and on to the next field where there is none.
+  // Tab moves through the open cells, and to the next field after the last one.
   bool focusNextPrevChild(bool next) override;
   void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
-  // The columns that stay hide what is behind them.
+  // The fixed columns cover the columns that scroll beneath them.
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  private:

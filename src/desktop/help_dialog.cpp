@@ -15,6 +15,7 @@
 
 #include "desktop/fields.h"
 #include "desktop/look.h"
+#include "shell/dialog_names.h"
 
 namespace merlu {
 namespace {
@@ -47,7 +48,7 @@ QString DocumentStyle(const QPalette& palette) {
 // ---- the text ----
 
 HelpView::HelpView(QWidget* parent) : QTextBrowser(parent) {
-  setObjectName("rtfHelp");
+  setObjectName(names::rtfHelp);
   setAccessibleName("Help");
   setOpenLinks(false);
   setUndoRedoEnabled(false);

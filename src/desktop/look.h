@@ -11,7 +11,7 @@
 namespace merlu {
 
 bool IsDark(const QPalette& palette);
-// Whether texts stand on their grounds as starkly as can be: then borders do, too.
+// Whether text and background have the greatest contrast (high-contrast themes): borders are drawn in it too then.
 bool IsHighContrast(const QPalette& palette);
 QColor Accent(const QPalette& palette);
 // The accent as a ground for white text: what is selected, the main act.
@@ -27,7 +27,7 @@ QColor RestingGround(const QPalette& palette);  // of what is selected where the
 QColor Dimmed(const QPalette& palette);         // texts of what is disabled
 QColor CopiedGround(const QPalette& palette);   // of a value taken over and not yet confirmed
 QColor CopiedFace(const QPalette& palette);     // the same in view
-// How far two colours stand apart, from 1 to 21.
+// The contrast ratio of two colours, 1 to 21.
 double Contrast(const QColor& a, const QColor& b);
 
 // The program's icon, in the sizes that are part of the program.

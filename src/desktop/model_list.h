@@ -1,4 +1,4 @@
-// A list of rows that are read from their model as they show, so that a hundred thousand cost no more than a few.
+// A list whose rows are read from their model as they are painted: 100,000 rows take no longer to show than a few.
 #pragma once
 
 #include <QAbstractTableModel>

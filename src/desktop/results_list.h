@@ -1,5 +1,5 @@
-// A list of rows: findings, surveys, structures. Rows alternate, texts wrap, a grey line says so when there
-// is nothing.
+// A list of rows: findings, surveys, structures. Rows alternate in colour and wrap; a grey line is shown when the list
+// is empty.
 #pragma once
 
 #include <QTreeWidget>

@@ -8,9 +8,11 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "desktop/captions.h"
 #include "desktop/look.h"
 #include "desktop/results_list.h"
 #include "qc/qc_list.h"
+#include "session/main_names.h"
 #include "shell/results.h"
 
 namespace merlu {
@@ -21,8 +23,8 @@ QString Q(const std::string& text) {
 }
 
 constexpr const char* kResultsCaption = "QC Results";
-constexpr const char* kSurveyResults = "lvwSURVEY_QCResults";
-constexpr const char* kStatusFrame = "Frame1";
+constexpr const char* kSurveyResults = names::lvwSURVEY_QCResults;
+constexpr const char* kStatusFrame = names::Frame1;
 constexpr std::size_t kCommentColumn = 2;
 
 bool IsField(Kind kind) {
@@ -186,7 +188,7 @@ void SheetView::MakeBand() {
     Bound& label = binding_.AddLabel(control, band);
     label.widget->setPalette(quiet);
     static_cast<QLabel*>(label.widget)->setWordWrap(false);
-    if (control.name == "lblNoEmissions")
+    if (control.name == names::lblNoEmissions)
       label.widget->setStyleSheet(QString("QLabel { border: 1px solid %1; border-radius: 9px; padding: 1px 10px; }")
                                       .arg(Line(palette()).name()));
     remarks->addWidget(label.widget);

@@ -26,7 +26,7 @@ class SheetView : public QWidget {
 
   Form& form() { return binding_.form(); }
   const std::string& frame() const { return frame_; }
-  // Draws what changed; `where` says where the record is.
+  // Draws what changed; `where` is the place of the record in words.
   void Sync(const QString& where);
   void TakeFocus() { binding_.TakeFocus(); }
   // Gives the focus to the first open field of the page; false when there is none.
@@ -35,12 +35,12 @@ class SheetView : public QWidget {
   // The sheet's part of a walk from part to part: the field that had the focus, or the first, or the pages.
   void FocusAnything();
   bool TakeBackField() { return binding_.TakeBackField(); }
-  // The fields as they stand are what a later change is compared with.
+  // Takes the present texts of the fields as those that a later change is compared with.
   void KeepTexts();
   bool HasTyped() const { return kept_ != Texts(); }
   // Called for Enter on the last open field of the sheet.
   std::function<void()> behind_last;
-  // What the line at the bottom says until something else is to be said.
+  // Shows the text in the line at the bottom until another one replaces it.
   void Say(const QString& text);
   // Shows the next available page, or the one before; round the ends.
   void StepPage(int step);
@@ -67,7 +67,7 @@ class SheetView : public QWidget {
   std::string results_;  // name of the list of findings
   int results_page_ = -1;
   QTabWidget* tabs_ = nullptr;
-  ElidedLabel* line_ = nullptr;       // what is to be said of a field
+  ElidedLabel* line_ = nullptr;       // hint, finding or unit of the field pointed at
   const Control* pointed_ = nullptr;  // the field that is pointed at
   QPointer<QWidget> last_focus_;
   std::vector<std::string> kept_;

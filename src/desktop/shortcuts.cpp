@@ -11,6 +11,8 @@
 #include <string_view>
 
 #include "desktop/results_list.h"
+#include "forms/dialog_buttons.h"
+#include "session/main_names.h"
 
 namespace merlu {
 namespace {
@@ -21,14 +23,14 @@ constexpr int kBetween = 24, kAround = 160, kAside = 64;
 
 const std::vector<Shortcut>& Shortcuts() {
   static const std::vector<Shortcut> shortcuts = {
-      {"cmdEdit", "Ctrl+E", "Edit the data of this sheet", "F2"},
-      {"cmdSaveEdits", "Ctrl+S", "Save and go on editing"},
-      {"cmdSaveExit", "Ctrl+Return", "Save, run QC and end the edit; in a dialog, OK"},
-      {"mnuNNext", "Ctrl+PgDown", "While editing: save and edit the next record"},
-      {"mnuNPrevious", "Ctrl+PgUp", "While editing: save and edit the record before"},
-      {"cmdCANCEL", "Escape", "Take back the field, then cancel the edit"},
-      {"cmdQC", "F5", "Run QC on this sheet and what is below it"},
-      {"cmdEditMode", "Ctrl+M", "Change between descriptions and monthly activity"},
+      {names::cmdEdit, "Ctrl+E", "Edit the data of this sheet", "F2"},
+      {names::cmdSaveEdits, "Ctrl+S", "Save and go on editing"},
+      {names::cmdSaveExit, "Ctrl+Return", "Save, run QC and end the edit; in a dialog, OK"},
+      {names::mnuNNext, "Ctrl+PgDown", "While editing: save and edit the next record"},
+      {names::mnuNPrevious, "Ctrl+PgUp", "While editing: save and edit the record before"},
+      {names::cmdCANCEL, "Escape", "Take back the field, then cancel the edit"},
+      {names::cmdQC, "F5", "Run QC on this sheet and what is below it"},
+      {names::cmdEditMode, "Ctrl+M", "Change between descriptions and monthly activity"},
       {shortcut::kNextNode, "Ctrl+PgDown", "Go to the next node of the tree"},
       {shortcut::kPreviousNode, "Ctrl+PgUp", "Go to the previous node of the tree"},
       {shortcut::kNextPage, "Ctrl+Tab", "Show the next page of the sheet"},
@@ -38,24 +40,24 @@ const std::vector<Shortcut>& Shortcuts() {
       {"", "Return", "Go to the next field; in the tree, to the sheet; in a list of findings, open the comment"},
       {"", "Tab", "Go to the next field or button"},
       {"", "Shift+Tab", "Go to the field or button before"},
-      {"mnuFileSelectDatabase", "Ctrl+O", "Open another inventory"},
-      {"mnuFileCreateNewDB", "Ctrl+N", "Make a new inventory"},
+      {names::mnuFileSelectDatabase, "Ctrl+O", "Open another inventory"},
+      {names::mnuFileCreateNewDB, "Ctrl+N", "Make a new inventory"},
       {"PrintScrn", "Ctrl+P", "Print this sheet"},
-      {"mnuFExit", "Ctrl+Q", "End the program"},
-      {"mnuEUndo", "Ctrl+Z", "Undo; in a field, what was typed there"},
-      {"mnuERedo", "Ctrl+Shift+Z", "Redo"},
-      {"mnuEDelete", "Delete", "In the tree: delete the structure or equipment"},
-      {"mnuRFindings", "Ctrl+Shift+F", "Show the findings"},
-      {"mnuRNext", "F8", "Go to the next finding"},
-      {"mnuRPrevious", "Shift+F8", "Go to the finding before"},
-      {"mnuRCompleteness", "Ctrl+Shift+M", "Show how complete the months are"},
-      {"mnuRStrip", "Ctrl+Shift+T", "Show the twelve months of a field"},
-      {"mnuRHistory", "Ctrl+H", "Show what was changed"},
-      {"mnuRFind", "Ctrl+K", "Go to a structure, a piece of equipment, a field or a command"},
-      {"mnuNGrid", "Ctrl+G", "Type a month as a grid"},
-      {"mnuNCopy", "Ctrl+D", "Copy the month before into blank fields"},
-      {"mnuNConfirm", "Ctrl+Shift+D", "Confirm copied values"},
-      {"mnuHCurrentScreen", "F1", "Help for this sheet, at the field in hand"},
+      {names::mnuFExit, "Ctrl+Q", "End the program"},
+      {names::mnuEUndo, "Ctrl+Z", "Undo; in a field, what was typed there"},
+      {names::mnuERedo, "Ctrl+Shift+Z", "Redo"},
+      {names::mnuEDelete, "Delete", "In the tree: delete the structure or equipment"},
+      {names::mnuRFindings, "Ctrl+Shift+F", "Show the findings"},
+      {names::mnuRNext, "F8", "Go to the next finding"},
+      {names::mnuRPrevious, "Shift+F8", "Go to the finding before"},
+      {names::mnuRCompleteness, "Ctrl+Shift+M", "Show how complete the months are"},
+      {names::mnuRStrip, "Ctrl+Shift+T", "Show the twelve months of a field"},
+      {names::mnuRHistory, "Ctrl+H", "Show what was changed"},
+      {names::mnuRFind, "Ctrl+K", "Go to a structure, a piece of equipment, a field or a command"},
+      {names::mnuNGrid, "Ctrl+G", "Type a month as a grid"},
+      {names::mnuNCopy, "Ctrl+D", "Copy the month before into blank fields"},
+      {names::mnuNConfirm, "Ctrl+Shift+D", "Confirm copied values"},
+      {names::mnuHCurrentScreen, "F1", "Help for this sheet, at the field in hand"},
       {shortcut::kSheet, "Ctrl+F1", "Show these keys"},
   };
   return shortcuts;
@@ -103,7 +105,7 @@ ShortcutSheet::ShortcutSheet(const Form& main, QWidget* parent) : QDialog(parent
   list->setMinimumSize(std::min(wide, screen()->availableSize().width() - kAside), std::min(tall, room));
   column->addWidget(list);
   auto* close = new QPushButton(tr("Close"), this);
-  close->setObjectName("cmdClose");
+  close->setObjectName(names::cmdClose);
   close->setDefault(true);
   close->setFocus();
   connect(close, &QPushButton::clicked, this, &QDialog::accept);

@@ -1,5 +1,5 @@
-// The strip's twelve months as bars: the month that shows is marked, the bounds of the field's rule are lines across,
-// a click on a bar, or Enter, goes to that month.
+// The twelve months of a field as bars: the present month is marked, the rule's bounds are lines across, and a click on
+// a bar, or Enter, opens that month.
 #pragma once
 
 #include <QWidget>
@@ -17,7 +17,7 @@ class StripBars : public QWidget {
   StripBars(Acts& acts, Form& form, QWidget* parent);
   // Draws what changed.
   void Sync();
-  // Where the bar of a month stands, counted from 0, with its label.
+  // The rectangle of a month's bar with its label; `month` counts from 0.
   QRect PlaceOf(int month) const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

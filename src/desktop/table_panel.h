@@ -6,7 +6,7 @@
 
 namespace merlu {
 
-// Whether the form is one: it has a grid, or stands beside the sheet.
+// Whether the form is shown as a panel of tables: it has a grid, or is a dock.
 bool IsTablePanel(const Form& form);
 // Lays the controls of the form out in the place, the cancel button last but for the main one.
 void FillTablePanel(QWidget& place, FormBinding& binding);

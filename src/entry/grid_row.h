@@ -17,7 +17,7 @@ struct MonthGrid::Row {
   RecordView view;  // with what is typed
   std::string comments;
   bool inactive = false;
-  std::shared_ptr<Contexts> contexts;  // what it is judged against
+  std::shared_ptr<Contexts> contexts;  // the contexts of its structures and months
   std::int64_t read_at = -1;           // the store's count of changes, when all of this was read
   std::vector<std::string> shown;      // by field: the stored text
   std::vector<std::string> before;     // by field: the month before
@@ -39,7 +39,7 @@ struct MonthGrid::Row {
   // Another program has changed the record: what is typed stays, on what is stored now.
   void Rebase(MonthRow now);
 
-  // By field; worked out when somebody asks.
+  // By field; computed on demand.
   const std::vector<bool>& Locked() const;
   const std::map<std::string, std::string, std::less<>>& Findings() const;
   void Unjudge() { judged_ = false; }

@@ -138,8 +138,8 @@ void MonthGrid::SaveRow(RecordSaver& saver, const Row& row, const MonthRow& now,
                         GridSaved& saved) {
   const SavedRecord done = saver.Save(row.Typed(), now, context);
   saved.findings += done.findings;
-  for (const std::string& told : done.told)
-    saved.told.push_back((row.stored.id.empty() ? row.stored.structure : row.stored.id) + ": " + told);
+  for (const std::string& message : done.messages)
+    saved.messages.push_back((row.stored.id.empty() ? row.stored.structure : row.stored.id) + ": " + message);
   if (Any(row.copied) || Any(row.kept))
     KeepCopied(s_.companion, MonthKindOf(row.sheet()).table, row.stored.key(),
                CopiedNow(row.fields(), row.copied, done.values));

@@ -1,4 +1,4 @@
-// The month workbook of an inventory: what it is filled with, and what one that comes back would change.
+// The month workbook of an inventory: filling one, and planning what a workbook that was filled in would change.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace merlu {
 
 MonthBook MakeMonthBook(Session& s, int month);
 
-// What becomes of one cell that comes back.
+// What happens to one cell of a workbook that is read back.
 struct BookChange {
   std::string place, field, control, old_text, new_text;
   std::string what;  // "set", "changed", "same", or why it is refused
@@ -19,7 +19,7 @@ struct BookChange {
   bool IsRefused() const { return !Applies() && what != "same"; }
 };
 
-// Puts the sheets into the grid, whose save stores them, and tells of every cell that holds something, in the order of
+// Puts the cells into the grid, whose save stores them, and returns every cell that holds something, in the order of
 // the sheets.
 std::vector<BookChange> PlanMonthBook(Session& s, const std::vector<ReadSheet>& sheets, MonthGrid& grid);
 

@@ -24,8 +24,8 @@ struct PastePlan {
 
 struct GridSaved {
   int records = 0, findings = 0;
-  std::vector<std::string> told;  // what the records' sheets would have shown in boxes, with the records' names
-  std::string refused;            // why nothing was saved; empty when it was
+  std::vector<std::string> messages;  // that the records' sheets would have shown in boxes, with the records' names
+  std::string refused;                // why nothing was saved; empty when it was
 };
 
 class MonthGrid : public GridModel {

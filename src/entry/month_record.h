@@ -1,4 +1,4 @@
-// Typing the figures of a month: what stands beside a field (the month before), and what is taken over from it.
+// Entering the figures of a month: the values of the month before beside the fields, and copying them.
 #pragma once
 
 #include <cstdint>
@@ -38,7 +38,7 @@ void ShowCopied(Session& s);
 void KeepCopiedOfShown(Session& s);
 void ForgetCopiedOfShown(Session& s);
 
-// Computes the sums that still stand in the fields of the form, as leaving the field does.
+// Computes the sums that are left in the fields of the form, as leaving the field does.
 void ComputeSums(Form& form);
 
 }  // namespace merlu

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "records/structure_fields.h"
+#include "records/structure_names.h"
 #include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/place.h"
@@ -13,7 +14,7 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kStructureComments = "txtSTRUCTURE_Comments";
+constexpr const char* kStructureComments = names::txtSTRUCTURE_Comments;
 
 std::vector<const FieldSpec*> FieldsOf(const std::vector<FieldSpec>& all) {
   std::vector<const FieldSpec*> fields;

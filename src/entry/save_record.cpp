@@ -14,8 +14,8 @@ namespace {
 constexpr const char* kSource = "MERLU entry";
 
 // A fault that a step has shown ends the save of all.
-void RequireNoFault(const Session& s, int told) {
-  if (s.faults_told == told && !s.save_failed) return;
+void RequireNoFault(const Session& s, int faults) {
+  if (s.faults_shown == faults && !s.save_failed) return;
   throw Fault(fault_number::kNoCurrentRow, kSource, "this record could not be saved");
 }
 
@@ -69,7 +69,7 @@ void RecordSaver::StandAt(const TypedRecord& record) {
 
 SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored, const Context& context) {
   StandAt(record);
-  const int told = s_.faults_told;
+  const int faults = s_.faults_shown;
   const bool inactive = record.no_emissions.value_or(stored.inactive);
   const MonthKind& kind = *stored.kind;
   if (context_ != &context) {
@@ -88,9 +88,9 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   typed.view.SetChecked(kind.status_place, inactive);
   SavedRecord saved;
   saved.findings = RunQCAmongMany(s_, record.sheet, record.at, typed);
-  saved.told = std::move(typed.told);
+  saved.messages = std::move(typed.messages);
   saved.values = Store(record, stored, typed, touched);
-  RequireNoFault(s_, told);
+  RequireNoFault(s_, faults);
   return saved;
 }
 

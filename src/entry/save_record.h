@@ -25,12 +25,12 @@ struct TypedRecord {
 
 struct SavedRecord {
   int findings = 0;
-  std::vector<std::string> told;  // what its sheet would have shown in boxes
-  Values values;                  // the month's fields as they are stored now
+  std::vector<std::string> messages;  // that its sheet would have shown in boxes
+  Values values;                      // the month's fields as they are stored now
 };
 
-// Saves many records in the caller's batch. The session stands where it stood when it goes. Faults are passed on: the
-// caller's batch takes back what was written.
+// Saves many records in the caller's batch. Its destructor puts the session's location back. Faults are passed on: the
+// caller's batch rolls back what was written.
 struct TypedView;
 class RecordSaver {
  public:
@@ -64,7 +64,7 @@ class RecordSaver {
   std::vector<std::pair<std::int64_t, bool>> statuses_;  // of structures' months that were saved
 };
 
-// One record, read anew: its findings. A record that is gone is a fault.
+// Reads one record again and returns its findings. A deleted record is a fault.
 int SaveTyped(Session& s, const TypedRecord& record);
 
 }  // namespace merlu

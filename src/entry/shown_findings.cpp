@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "records/judge_records.h"
+#include "records/structure_names.h"
 #include "session/messages.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
@@ -24,7 +25,7 @@ struct Shown {
 };
 
 Shown ShownRecord(Session& s) {
-  if (s.current.Is(level::kStructure)) return {s.main, nullptr, "tabSTRUCTURE"};
+  if (s.current.Is(level::kStructure)) return {s.main, nullptr, names::tabSTRUCTURE};
   const SheetSpec* sheet = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr;
   if (sheet == nullptr) return {};
   return {&SheetForm(s, *sheet), sheet, sheet->tab()};

@@ -5,8 +5,8 @@
 
 namespace merlu {
 
-// Sets `finding` of the sheet's fields and the counts of its pages: what the rules say against the stored values, and
-// what the log holds and no rule would raise now.
+// Sets `finding` of the sheet's fields and the counts of its pages: what the rules raise for the stored values, and
+// rows of the log that no rule would raise now.
 void ShowFindings(Session& s);
 
 // The same after a run. One during an edit has judged what is typed and not yet stored, and has logged what it found.

@@ -11,7 +11,7 @@ namespace merlu {
 
 struct Strip {
   std::string caption;
-  std::array<std::string, 12> months;  // the stored values; of the present month what stands in the field
+  std::array<std::string, 12> months;  // the stored values; for the present month the text of the field
   std::string advice;                  // what is unusual about the present month
   int present = 0;                     // the month that shows, 1 to 12; 0 without a field
   std::string least, most;             // the bounds that the field's rule has for it; blank without one

@@ -15,8 +15,8 @@ enum class Compaction {
   kNotReplaced,   // it could not take the file's place
 };
 
-// Rewrites a closed file as small as its rows, under a name of its own in the same folder until it is whole. After
-// anything but kDone the file is as it was.
+// Rewrites a closed file in its least size, in a temporary file of the same folder that then replaces it. After any
+// result but kDone the file is unchanged.
 Compaction CompactDatabaseFile(const OwnFiles& own, const std::string& file, std::uint64_t free_bytes);
 
 // The text of the message box; empty for kDone.

@@ -7,8 +7,8 @@
 
 namespace merlu {
 
-// The path that a typed name stands for: without blanks and quotes around it, with ".mdb" when it has no
-// such extension. Empty after a message: a name that is empty, or that is only a folder.
+// The path for a typed name: without blanks and quotes around it, and with ".mdb" when it has no such extension. Empty,
+// after a message, for an empty name or a folder.
 std::string DatabaseFileName(Session& s, const std::string& typed);
 
 // The same for a file that is to be written. For one that exists the user is asked; it stays until the new file takes

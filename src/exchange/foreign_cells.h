@@ -1,4 +1,5 @@
-// The cells of a workbook in the making, within bounds, and what every reader of workbooks says of one that it refuses.
+// The cells of a workbook while it is read, within bounds, and the faults with which every workbook reader refuses a
+// file.
 #pragma once
 
 #include <string>

@@ -38,8 +38,8 @@ struct ImportPlan {
   std::string refusal;      // why none is, in words
 };
 
-// The file is open as CheckImportFile wants it, and has been judged by it. kNoSuchItem for a structure that the file
-// does not have; the faults of the store.
+// The file must be open and accepted by CheckImportFile. kNoSuchItem for a structure that the file does not have; the
+// faults of the store.
 ImportPlan PlanImport(Database& working, Database& file, const std::vector<StructureName>& chosen);
 
 // "add", "refused: exists" ...

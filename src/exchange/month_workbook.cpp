@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "base/fault.h"
+#include "base/host.h"
 #include "base/numbers.h"
-#include "base/plain_numbers.h"
 #include "base/text.h"
 #include "exchange/foreign_cells.h"
 #include "exchange/workbook.h"
@@ -295,7 +295,7 @@ ReadSheet ReadOne(const ForeignSheet& sheet) {
 }  // namespace
 
 void WriteMonthBook(const MonthBook& book, const std::string& path) {
-  const PlainNumbers numbers;
+  const host::PlainNumbers numbers;
   XlsxBook file(path);
   const Formats formats = MakeFormats(file.get());
   const Choices choices(book);

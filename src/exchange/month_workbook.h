@@ -1,5 +1,5 @@
-// The workbook of one month that goes to the field and comes back: a sheet a type and one of the structures, a row a
-// record. As plain data, so that any front end can make and read it.
+// The workbook of one month that is filled in elsewhere and read back: a sheet per type and one of the structures, a
+// row per record. Plain data, so that any front end can write and read it.
 #pragma once
 
 #include <string>
@@ -38,16 +38,16 @@ struct MonthBook {
 };
 inline constexpr const char* kStructureSheet = "STRUCTURE";
 
-// Writes the workbook as .xlsx. Everything but the open monthly fields is locked; a text that a cell cannot hold as it
-// stands is left out, and its cell locked. The faults of FailFile.
+// Writes the workbook as .xlsx. All cells but the open monthly fields are locked; a text that a cell cannot hold
+// unchanged is left out, and its cell locked. The faults of FailFile.
 void WriteMonthBook(const MonthBook& book, const std::string& path);
 
-// What one sheet of a file says to one record.
+// The cells that one sheet of a file holds for one record.
 struct ReadField {
   std::string name;  // of the control
   std::string text;
   ForeignCell::Kind kind = ForeignCell::Kind::kText;
-  bool merged = false;  // it stands in cells that are drawn as one with others
+  bool merged = false;  // it is in merged cells
   std::string caption{};
 };
 struct ReadRecord {

@@ -8,7 +8,7 @@
 
 namespace merlu {
 
-// How far an import goes.
+// Which part of an import is done.
 enum class Import { kPlan, kDo };
 
 // Plans the import of the chosen structures. With Import::kDo, and when nothing in the plan is refused, their rows get

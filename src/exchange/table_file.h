@@ -6,8 +6,8 @@
 
 namespace merlu {
 
-// The first row is the head. The kind goes by the extension of `name`; the file is made at `path`. No text becomes a
-// formula.
+// The first row is the head. The extension of `name` decides the format; the file is written to `path`. No text is
+// written as a formula.
 void WriteTable(const std::vector<std::vector<std::string>>& rows, const std::string& sheet, const std::string& name,
                 const std::string& path);
 

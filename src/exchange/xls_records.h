@@ -1,5 +1,5 @@
-// The records of the .xls format (BIFF8): a workbook stream is a run of them, each with its type, its length and
-// at most 8224 bytes. What does not fit goes on in CONTINUE records.
+// The records of the .xls format (BIFF8): a workbook stream is a sequence of them, each with its type, its length and
+// at most 8224 bytes of data; longer data continues in CONTINUE records.
 #pragma once
 
 #include <cstddef>

@@ -1,17 +1,12 @@
 #include "exchange/xlsx_book.h"
 
-#include <fcntl.h>
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
 
 #include "base/fault.h"
-#include "base/plain_numbers.h"
+#include "base/host.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -22,30 +17,11 @@ constexpr const char* kSource = "MERLU spreadsheet";
 // What the parts of a workbook take that are not its rows.
 constexpr long kSmallParts = 1 << 20;
 
-// Whether the folder's disk takes so many bytes more: 0, or the system's number of the error.
+// Whether the folder's disk takes so many bytes more: 0, or the system's error number.
 int TryRoom(const std::string& folder, long bytes) {
-  std::string name = folder + "/.merluXXXXXX";
-  const int file = ::mkstemp(name.data());
-  if (file < 0) return errno;
-  ::unlink(name.c_str());
-  const int error = ::posix_fallocate(file, 0, bytes);
-  ::close(file);
-  return error;
+  host::File file = host::File::Unnamed(folder);
+  return file.IsOpen() ? file.Reserve(bytes) : file.error();
 }
-
-// A file of rows in the library's hands. A close that fails leaves open those that it did not come to.
-class OpenFile {
- public:
-  explicit OpenFile(int file) : file_(file) { ::fstat(file, &state_); }
-  void CloseIfLeft() const {
-    struct stat now {};
-    if (::fstat(file_, &now) == 0 && now.st_dev == state_.st_dev && now.st_ino == state_.st_ino) ::close(file_);
-  }
-
- private:
-  int file_;
-  struct stat state_ {};
-};
 
 // Whether the text begins with an escape as the format has them: _x0041_
 bool IsEscape(std::string_view text) {
@@ -99,16 +75,17 @@ lxw_worksheet* XlsxBook::AddSheet(const std::string& name) {
 }
 
 void XlsxBook::Close() {
-  const PlainNumbers numbers;
+  const host::PlainNumbers numbers;
   SeeRoom();
-  std::vector<OpenFile> rows;
-  for (const lxw_worksheet* sheet : sheets_) rows.emplace_back(::fileno(sheet->optimize_tmpfile));
+  // a close that fails leaves open the files that it did not come to
+  std::vector<host::ForeignFile> rows;
+  for (const lxw_worksheet* sheet : sheets_) rows.emplace_back(sheet->optimize_tmpfile);
   errno = 0;
   const lxw_error error = workbook_close(workbook_);
   const int system = errno;
   workbook_ = nullptr;  // closing frees it
   if (error == LXW_NO_ERROR) return;
-  for (const OpenFile& file : rows) file.CloseIfLeft();
+  for (const host::ForeignFile& file : rows) file.CloseIfLeft();
   if (system != 0) FailFile(path_, system);
   throw Fault(fault_number::kOther, kSource, lxw_strerror(error));
 }

@@ -1,4 +1,4 @@
-// An .xlsx file in the hands of libxlsxwriter, and what the library leaves to its caller.
+// An .xlsx file that libxlsxwriter writes, and the checks that the library leaves to its caller.
 #pragma once
 
 #include <xlsxwriter.h>
@@ -9,8 +9,7 @@
 
 namespace merlu {
 
-// The text as the format wants it: what only looks like an escape is escaped, and so are letters that XML does not
-// know.
+// The text as the format requires it: a text that looks like an escape is escaped, as are characters that XML forbids.
 std::string EscapedForXlsx(std::string_view text);
 
 // Throws for what the library answers.

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "base/plain_numbers.h"
+#include "base/host.h"
 #include "exchange/workbook.h"
 #include "exchange/xlsx_book.h"
 
@@ -52,7 +52,7 @@ class XlsxFile : public WorkbookFile {
   }
 
   void Add(const Sheet& sheet) override {
-    const PlainNumbers numbers;
+    const host::PlainNumbers numbers;
     CheckFits(sheet, kLimits);
     lxw_worksheet* out = book_.AddSheet(sheet.name);
     for (std::size_t column = 0; column < sheet.widths.size(); ++column) {

@@ -1,5 +1,5 @@
-// XML as the parts of workbooks are written in: elements and texts in their order. A document with a type of its own
-// (and so with entities) is refused.
+// Reads the XML of workbook parts: elements and texts in their order. A document with a document type (and so with
+// entities) is refused.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace merlu {
 
-// "urn:...:table:1.0|table-cell": the name without what stands before the bar.
+// "urn:...:table:1.0|table-cell": the name without what is before the bar.
 std::string_view LocalName(std::string_view name);
 
 class XmlAttributes {

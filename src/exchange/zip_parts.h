@@ -1,4 +1,4 @@
-// The parts of a zip archive, as workbooks are kept. Nothing that it says of itself is believed.
+// The parts of a zip archive, as workbooks are stored. Sizes and check sums in the archive are verified, never trusted.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@ namespace merlu {
 
 class ZipParts {
  public:
-  // kNotADatabase for bytes that are no archive, or one that is locked; kOverflow for one of more than 10,000 parts, or
-  // that says it holds more than 256 MB.
+  // kNotADatabase for bytes that are no archive, or an encrypted one; kOverflow for more than 10,000 parts, or a
+  // declared size of more than 256 MB.
   explicit ZipParts(std::string bytes);
 
   bool Has(std::string_view name) const { return parts_.find(name) != parts_.end(); }

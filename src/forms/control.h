@@ -31,7 +31,7 @@ enum class Kind {
 // Background of a field: editable, read-only, or flagged by a failed check.
 enum class Back { kWindow, kFace, kFlag };
 
-// What changes while a form is loaded: put back as a whole when it is loaded anew.
+// What changes while a form is loaded; loading the form anew resets all of it.
 struct ControlState {
   std::string caption;  // beside a field, on a button, of a frame, over a list
   std::string text;     // of a field; what a label or a masked box shows
@@ -47,8 +47,8 @@ struct ControlState {
   bool locked = false;  // shown and copied, not changed
   bool visible = true;
   Back back = Back::kWindow;
-  bool emphasis = false;  // of a frame: its title stands bold and dark red, as while editing
-  std::string tip;        // what the front end tells when the control is pointed at, e.g. its finding
+  bool emphasis = false;  // of a frame: its title is bold and dark red, as while editing
+  std::string tip;        // tool tip, e.g. the control's finding
 
   // Beside a field
   std::string hint;     // what a save will make of the text
@@ -61,7 +61,7 @@ struct ControlState {
   // List views and grids
   std::vector<std::vector<std::string>> rows;  // of a list view without a model
   std::vector<int> picked;                     // selected rows, counted from 0
-  int at_row = -1, at_column = -1;             // the cell in hand; of a list view only the row
+  int at_row = -1, at_column = -1;             // the current cell; of a list view only the row
   int sorted_by = -1;                          // column that a click on its head has sorted by
   bool descending = false;
 
@@ -70,7 +70,7 @@ struct ControlState {
   std::string bookmark;
 };
 
-// What it is and where it stands stays as it was built.
+// What the control is and its place on the form do not change after it was built.
 struct Control : ControlState {
   std::string name;
   Kind kind = Kind::kText;
@@ -91,13 +91,13 @@ struct Control : ControlState {
   bool numeric = false;  // holds a number: digits are set to the right
   bool lines = false;    // holds several lines of text
 
-  // Where it stands
+  // Place on the form
   std::string parent;  // frame, tab or menu that holds it; empty on the form itself
   int page = 0;        // page of the tab that holds it
-  std::string block;   // heading of the group that it stands in
+  std::string block;   // heading of its group
   std::string label;   // name of the label control that is this field's caption, when it has a name
-  std::string beside;  // of a dialog's button: name of the field that it stands behind
-  std::string note;    // name of a label control that stands behind the field
+  std::string beside;  // of a dialog's button: name of the field that it is placed after
+  std::string note;    // name of the label control that is placed after the field
 };
 
 // Rows of a list view or a grid, from its model where it has one.

@@ -20,7 +20,7 @@ struct Desk {
   // The form of that name, made or not shown included; null when there is none.
   Form* Find(std::string_view name) const;
   Form& Own(std::unique_ptr<Form> form);
-  // Puts a form on top of the showing ones; one beside the sheet stands below them all.
+  // Shows a form on top of the others; a dock is put below them all.
   void Show(Form& form);
   void Hide(Form& form);
   // The open dialog on top; null without one.
@@ -30,15 +30,15 @@ struct Desk {
   std::vector<Form*> LookUpOrder(Form* main) const;
 };
 
-// Why the user cannot act on the control ("is hidden", "is disabled", "is locked", "is not on the screen");
-// empty when he can. `changes` tells an act that changes the control from one that only uses it.
+// Why the user cannot act on the control ("is hidden", "is disabled", "is locked", "is not on the screen"); empty when
+// the act is allowed. `changes`: the act changes the control instead of only using it.
 std::string WhyNot(const Desk& desk, const Form& form, const Control& control, bool changes);
 
 // Own flag, and that of the frames around it. The three sheets of the main window lie on top of one
 // another and do not count.
 bool IsVisible(const Form& form, const Control& control);
 bool IsEnabled(const Form& form, const Control& control);
-// False for a control in a frame that lies behind another one, or in one that is out of sight.
+// False for a control in a frame that is covered by another one or not visible.
 bool IsInFront(const Form& form, const Control& control);
 
 // Acts of a user. Each returns why it was refused, or empty text when it was done.
@@ -58,7 +58,7 @@ std::string DoubleClick(Desk& desk, Form& form, std::string_view control, int ro
 std::string Pick(Desk& desk, Form& form, std::string_view control, const std::vector<int>& rows);
 // The head of a list's column: sorts by it, and the other way round at the next click.
 std::string Sort(Desk& desk, Form& form, std::string_view control, int column);
-// Takes a cell of a grid in hand.
+// Makes a cell of a grid the current one.
 std::string GoToCell(Desk& desk, Form& form, std::string_view control, int row, int column);
 // Types into a cell and leaves it.
 std::string TypeCell(Desk& desk, Form& form, std::string_view control, int row, int column, std::string_view text);

@@ -1,7 +1,7 @@
-// A logical screen: a list of controls, and what happens when the user acts on them.
+// A logical screen: a list of controls, and the handlers of the user's acts on them.
 //
-// A form that is loaded holds its controls' state; a form that shows is drawn by the front end. A hidden
-// form costs no window, so rules can run on it.
+// A loaded form holds its controls' state; a visible form is drawn by the front end. A hidden form needs no window, so
+// rules can run on it.
 #pragma once
 
 #include <functional>
@@ -17,12 +17,13 @@
 
 namespace merlu {
 
-// kMoved: another cell of a grid, or row of a list view, is in hand. kSorted: the head of a column was clicked.
+// kMoved: another cell of a grid, or row of a list view, became the current one. kSorted: the head of a column was
+// clicked.
 enum class Event { kClick, kDoubleClick, kGotFocus, kLostFocus, kMoved, kSorted };
 
 class Form {
  public:
-  Form(std::string name, std::string caption) : name_(std::move(name)), caption(std::move(caption)) {}
+  Form(std::string name, std::string title) : name_(std::move(name)), caption(std::move(title)) {}
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
@@ -45,7 +46,7 @@ class Form {
   void Raise(std::string_view control, Event event);
   bool Handles(std::string_view control, Event event) const;
 
-  // Design state: taken when the form is complete, put back when it is loaded anew.
+  // Design state: stored when the form is complete, restored when it is loaded anew.
   void KeepDesign() { design_.assign(controls_.begin(), controls_.end()); }
   void RestoreDesign();
 
@@ -64,7 +65,7 @@ class Form {
   bool modal = false;          // shown as a dialog: everything else is covered
   std::string dock;            // of a form beside the sheet: the menu command that shows and hides it
   std::string front;           // of frames that lie on top of one another: the one in front
-  std::string focus;           // control that asked for the focus; the front end takes the request
+  std::string focus;           // control to be focused; the front end clears it when it has done so
   std::string default_button;  // Enter presses it
   std::string cancel_button;   // Escape and the window's own close press it
 };
@@ -76,9 +77,8 @@ void SelectItem(Form& form, std::string_view list, int index);
 // text, the text is set as it is.
 void SelectText(Form& form, std::string_view list, std::string_view text);
 
-// The text of a masked box: the digits of `text` in the mask's places, "_" in the places left over. The 1 of
-// a country in front of a whole number is left out. Digits behind an "x" or a "#" are the extension's, where
-// the mask has one.
+// The text of a masked box: the digits of `text` in the mask's places, "_" in the places left over. The 1 of a country
+// code before a complete number is dropped. Digits after an "x" or a "#" go to the extension, where the mask has one.
 std::string Masked(std::string_view mask, std::string_view text);
 // True for a text that a masked box can hold: the mask with a digit or "_" in each place.
 bool FitsMask(std::string_view mask, std::string_view text);

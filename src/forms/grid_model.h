@@ -19,7 +19,7 @@ struct GridColumn {
   int limit = 0;                     // most characters that can be typed, 0 for no limit
 };
 
-// What a cell says at a glance beside its text; colours follow it.
+// The meaning of a cell beside its text; front ends derive colours from it.
 enum class Tone { kPlain, kGood, kLook, kStop, kQuiet };
 
 struct GridCell {
@@ -29,7 +29,7 @@ struct GridCell {
   std::string was{};      // the month before
   bool copied = false;    // taken over and not yet confirmed
   std::string hint{};     // what a save will make of the text
-  std::string finding{};  // what a rule says against it
+  std::string finding{};  // text of its finding
   Tone tone = Tone::kPlain;
 };
 
@@ -49,7 +49,7 @@ class GridModel {
   virtual std::uint64_t Shape() const = 0;
   // The text was typed into an open cell, which is left.
   virtual void SetCell(int row, int column, const std::string& text) = 0;
-  // A block pasted with its first cell at that place; the grid decides what becomes of each cell.
+  // Pastes a block with its first cell at that place; the model decides what happens to each cell.
   virtual void Paste(int row, int column, const GridBlock& block) = 0;
   // The row of that key, -1 without one.
   virtual int FindRow(std::string_view key) const;
@@ -67,8 +67,8 @@ struct GridPlace {
   int row = -1, column = -1;
 };
 
-// The next open cell from there: Enter goes down its column, Tab along its row and on to the next one. The same
-// place when there is none.
+// The next open cell from there: Enter moves down the column, Tab along the row and on to the next one. The same place
+// when there is none.
 GridPlace NextOpenCell(const GridModel& grid, GridPlace from, GridStep step);
 
 }  // namespace merlu

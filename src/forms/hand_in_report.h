@@ -8,7 +8,7 @@
 
 namespace merlu {
 
-// Whether a month, or the year, is ready to be handed in: what somebody signs.
+// The report that is signed when a month, or the year, is handed in.
 struct HandInReport {
   struct Check {
     std::string state, check, count, what_to_do;

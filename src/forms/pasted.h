@@ -7,8 +7,8 @@
 
 namespace merlu {
 
-// The number in a pasted text as one types it: without blanks, marks between thousands, a typographic minus and a unit
-// behind it. A text that holds no number stays as it is.
+// The number in a pasted text as it would be typed: without blanks, thousands separators, a typographic minus and a
+// unit after it. A text without a number is returned unchanged.
 std::string PastedNumber(std::string_view text);
 
 // The cells of a pasted row. Of numbers also those of a column.

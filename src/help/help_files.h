@@ -11,7 +11,7 @@ namespace merlu {
 
 // A document of docs/ as it lies beside the program.
 struct HelpDocumentFile {
-  std::vector<std::string> sources;  // "guide.md", one behind the other
+  std::vector<std::string> sources;  // "guide.md", in this order
   std::string file;                  // "User guide.html"
   std::string title;
 };

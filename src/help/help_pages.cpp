@@ -3,8 +3,10 @@
 #include "help/screen_pages.h"
 #include "records/operator_record.h"
 #include "records/structure_fields.h"
+#include "records/structure_names.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "session/main_names.h"
 #include "sheets/units.h"
 #include "shell/help.h"
 
@@ -26,7 +28,7 @@ void AddControls(HelpPage& page, const Form& form) {
 
 HelpPage OperatorPage() {
   HelpPage page{.title = "Operator", .file = HelpFile(level::kUser, ""), .prose = "User.md", .by_mode = false};
-  Form form("frmMain", "");
+  Form form(names::frmMain, "");
   PutOperatorSheet(form);
   for (const Control& control : form.controls()) {
     if (control.kind != Kind::kText && control.kind != Kind::kMasked) continue;
@@ -40,7 +42,7 @@ HelpPage OperatorPage() {
 
 HelpPage SurveyPage() {
   HelpPage page{.title = "Survey", .file = HelpFile(level::kSurvey, ""), .prose = "Survey.md", .by_mode = false};
-  Form form("frmMain", "");
+  Form form(names::frmMain, "");
   PutSurveySheet(form);
   AddControls(page, form);
   return page;
@@ -50,10 +52,10 @@ HelpPage StructurePage() {
   HelpPage page{.title = "Structure", .file = HelpFile(level::kStructure, ""), .prose = "Structure.md"};
   page.fields = StructureFields();
   AddRules(page, StructureRules());
-  page.controls = {{"chkSTRUCTURE_Status", "No Emissions to Report"},
-                   {"cmdSTRUCTURE_AddEquip", "New Equipment"},
-                   {"lvwSTRUCTURE_QCResults", "QC Results"},
-                   {"cmdSTRUCTURE_EditQCComment", "Edit QC Comment"}};
+  page.controls = {{names::chkSTRUCTURE_Status, "No Emissions to Report"},
+                   {names::cmdSTRUCTURE_AddEquip, "New Equipment"},
+                   {names::lvwSTRUCTURE_QCResults, "QC Results"},
+                   {names::cmdSTRUCTURE_EditQCComment, "Edit QC Comment"}};
   return page;
 }
 

@@ -1,4 +1,4 @@
-// The pages of the help, one for each screen: what the screen's tables say about it, and where its prose stands.
+// The pages of the help, one for each screen, made from the screen's tables and its prose.
 #pragma once
 
 #include <string>
@@ -28,7 +28,7 @@ struct HelpPage {
   bool by_mode = true;  // its fields belong to the description or to a month
 };
 
-// The operator, the survey, the structure, the sixteen types, and the dialogs and docks that have a page of their own.
+// The operator, the survey, the structure, the sixteen types, and the dialogs and docks that have their own page.
 const std::vector<HelpPage>& HelpPages();
 
 // The page as it is read. What has no prose is left without it; a test sees that all has.

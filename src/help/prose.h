@@ -1,11 +1,11 @@
-// The written part of the help: data/help/*.md. Besides headings, paragraphs and lists a file holds entries, one a
+// The written part of the help: data/help/*.md. Besides headings, paragraphs and lists a file holds entries, one per
 // paragraph:
 //
 //   txtFLA_VolFlared: what the field is, and where its figure is found
 //   txtFLA_VolFlared!: what to do about a finding
 //
-// In shared.md a name begins with "*" for the letters of any sheet (*_OtherControlDesc), "check" and the start of
-// a check's name say what to do about its finding, and "unit" spells a unit out.
+// In shared.md a name that begins with "*" applies to any sheet's letters (*_OtherControlDesc), "check" and the
+// beginning of a check's name give the advice on its finding, and "unit" spells a unit out.
 #pragma once
 
 #include <map>
@@ -21,8 +21,8 @@ struct Prose {
 
 Prose ReadProse(std::string_view text);
 
-// The entry of a control: its own, or the shared one of its name behind the sheet's letters; null without one.
-// `behind` is "" for what the field is, "!" for what to do about a finding.
+// The entry of a control: its own, or the shared one for its name after the sheet's letters; null without one. `suffix`
+// is "" for the description of the field, "!" for the advice on a finding.
 const std::string* FindEntry(const Prose& own, const Prose& shared, const std::string& control,
                              const std::string& behind);
 

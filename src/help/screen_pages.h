@@ -1,5 +1,5 @@
-// The help of the dialogs and docks beside the sheets. What stands on them is written down here, since no form is made
-// for its help; a test holds it against the forms.
+// The help of the dialogs and docks. Their controls are listed here, since no form is built to make the help; a test
+// compares the list with the forms.
 #pragma once
 
 #include <vector>

@@ -24,16 +24,16 @@ struct Backup {
   std::string path;
   DateTime when;
   std::string why;
-  std::int64_t written = 0;  // by the file's own time, which tells those of one second apart
-  int number = 1;            // behind the reason in the name
+  std::int64_t written = 0;  // the file's modification time, to order those of the same second
+  int number = 1;            // after the reason in the name
 };
 
 std::string BackupFolder(const std::string& inventory);
 // Newest first. Files with other names are no backups.
 std::vector<Backup> Backups(const std::string& inventory);
 
-// Copies what is committed, outside a batch, and lets go of the backups that the rule does not keep. A fault when it
-// cannot be made; `free_bytes` is what the disk has.
+// Copies what is committed, outside a batch, and deletes the backups that are outdated. A fault when the copy cannot be
+// made; `free_bytes` is the room on the disk.
 void MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, const std::string& why,
                 std::uint64_t free_bytes);
 
@@ -41,7 +41,7 @@ void MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, const st
 // the last 12 months.
 std::vector<Backup> Outdated(const std::vector<Backup>& backups, const DateTime& now);
 
-// Makes the rows of every table those of the backup, in one commit. Nothing can be undone behind it.
+// Replaces the rows of every table by those of the backup, in one commit. Older steps cannot be undone after that.
 struct StepTitle;
 class Companion;
 void RestoreBackup(Database& db, Companion& companion, const std::string& path, const StepTitle& title);

@@ -1,9 +1,9 @@
-// The file beside an inventory (merlu.mdb.history) that holds what the inventory's own layout has no room for: the
-// steps that can be undone, what was typed in an interrupted edit, what comments were written upon, copied values not
-// yet confirmed, what was handed in. It is attached to the inventory's connection, so that one commit covers both.
+// The file beside an inventory (merlu.mdb.history) for what the inventory's own layout has no room for: the steps that
+// can be undone, drafts of interrupted edits, the values that comments were written for, copied values not yet
+// confirmed, and hand-ins. It is attached to the inventory's connection, so that one commit covers both.
 //
-// A companion that is missing, locked, damaged, another inventory's or not writable costs its own comforts and never
-// a save: every procedure of this room then finds nothing and keeps nothing.
+// A companion that is missing, locked, damaged, read-only or of another inventory never makes a save fail: the
+// procedures of history/ then find nothing and store nothing.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,7 @@ inline constexpr const char* kCompanionExtension = ".history";
 // What a step is called and where it belongs; locations are the session's texts.
 struct StepTitle {
   std::string when, who, what, place;
-  std::string from, to;  // where the user stood before, and stands afterwards
+  std::string from, to;  // packed locations before and after the step
 };
 
 struct HistoryStep {
@@ -72,7 +72,7 @@ class Companion : public BatchPartner {
   void ContinueWith(std::int64_t step) { continued_ = step; }
   // The next batch that is committed forgets the draft.
   void ForgetDraftWithBatch(std::int64_t draft) { done_draft_ = draft; }
-  // The next batch is no step of its own (undo, redo); until Resume.
+  // The next batches are not steps (undo, redo), until Resume.
   void Pause() { paused_ = true; }
   void Resume() { paused_ = false; }
 
@@ -108,7 +108,7 @@ std::optional<HistoryStep> NextRedo(const Companion& companion);
 // The packed changes of a step, in the order in which they were written.
 std::vector<std::string> PartsOf(const Companion& companion, std::int64_t step);
 
-// A row that stands in the way of an undo or redo.
+// A row that was changed since and prevents an undo or redo.
 struct InTheWay {
   std::string table;
   std::int64_t rowid = 0;

@@ -7,8 +7,8 @@
 
 namespace merlu {
 
-// Of a step: done; undone; the mark of a restored backup, behind which nothing is undone; undone, and ended by a
-// newer step, so that it is not redone any more.
+// States of a step: done; undone; the mark of a restored backup, which ends undo; undone, and then superseded by a
+// newer step, so that it cannot be redone.
 namespace step_state {
 inline constexpr int kDone = 0, kUndone = 1, kEndsUndo = 2, kEnded = 3;
 }

@@ -49,7 +49,7 @@ struct HandIn {
   std::string when;
   std::int64_t step = 0;  // the newest step of then; what came later is newer than the hand-in
 };
-// In a commit of the companion alone. A failure costs no export.
+// Written in a commit of the companion alone. A failure does not make the export fail.
 void KeepHandIn(Companion& companion, int year, int month, const std::string& when);
 // The newest of each month, in the order of the months.
 std::vector<HandIn> HandIns(const Companion& companion);
@@ -65,7 +65,7 @@ struct Draft {
   std::string place;  // for the user
   std::string at;     // the location
   std::vector<DraftField> fields;
-  // While the edit goes on:
+  // While the edit is open:
   bool behind = false;       // something was typed that is not kept yet
   std::int64_t kept_at = 0;  // in milliseconds of the steady clock
 };

@@ -1,4 +1,4 @@
-// Paints the report on what is handed in as a PDF that somebody signs.
+// Paints the hand-in report as a PDF with a place for a signature.
 #pragma once
 
 #include <string>

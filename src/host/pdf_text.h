@@ -22,7 +22,7 @@ inline const QColor kInk(30, 30, 30), kQuiet(95, 95, 95), kRule(200, 200, 200), 
 
 // As one line: what would break it, or cannot be drawn, becomes a blank.
 QString Q(const std::string& text);
-// Of a text that stands on every page, or in the head, as much as anybody reads.
+// The beginning of a text, for heads and lines that repeat on every page.
 QString Head(const std::string& text);
 
 // A font and the lines that texts make in a width; equal texts are broken once.

@@ -10,8 +10,8 @@ struct ProgramFolders {
   bool installed = false;  // the share folder of an installation; otherwise the program's own folder
 };
 
-// Looks for the template beside the executable in that folder first, so that a build works where it stands,
-// then in the share folder of an installation. Without a template anywhere it is the executable's folder.
+// Looks for the template beside the executable in that folder first, so that a build can be run in place, then in the
+// share folder of an installation. Without a template anywhere it is the executable's folder.
 ProgramFolders FindProgramFiles(const std::string& executable_folder);
 
 // Those of this program.

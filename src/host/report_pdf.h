@@ -1,4 +1,4 @@
-// Paints the annual QA summary as a PDF, page by page, so that its cost goes with its lines.
+// Paints the annual QA summary as a PDF, page by page: time and memory are linear in the number of lines.
 #pragma once
 
 #include <functional>

@@ -20,7 +20,7 @@ enum class Applies {
   kWithoutModelInputs,  // MODELINPUTS_FLG is 0
   kWithModelInputs,     // MODELINPUTS_FLG is not 0, and not Null
   kWithoutPilotAnswer,  // CTRL_FLA_PILOT_FLG is Null
-  kTankHasHeight,       // a standing cylinder, or any rectangular tank
+  kTankHasHeight,       // an upright cylinder, or any rectangular tank
   kTankIsCylindrical,
   kTankIsRectangular,
   kTankStandsRectangular,

@@ -14,11 +14,11 @@ struct InventoryRun {
   bool had_records = true;          // false: no active month and no equipment to look at
 };
 
-// Empties QCInventory, runs every pass in order, drops what belongs to inactive structure months, and adds
-// the summary row. A fault in a pass is told and ends that pass; other faults are passed on.
+// Empties QCInventory, runs every pass in order, deletes the findings of inactive structure months, and adds the
+// summary row. A fault in a pass is shown and ends that pass; other faults are passed on.
 InventoryRun RunInventoryPasses(Session& s);
 
-// What QCInventory says after that run, ready to be printed: the summary, the operator, and the findings by level,
+// The contents of QCInventory after that run, ready for printing: the summary, the operator, and the findings by level,
 // location and item.
 InventoryReport ReadInventoryReport(Session& s, const InventoryRun& run = {});
 

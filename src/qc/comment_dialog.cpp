@@ -2,8 +2,10 @@
 
 #include "base/text.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "history/notes.h"
 #include "qc/comment_key.h"
+#include "qc/comment_names.h"
 #include "qc/qc_list.h"
 #include "qc/qc_log.h"
 #include "session/act.h"
@@ -16,24 +18,24 @@ constexpr std::size_t kFieldColumn = 0, kCommentColumn = 2;
 constexpr const char* kNotFound = "QC Error record was not found";
 
 Form& MakeDialog(Session& s) {
-  Form& form = s.desk.Own(std::make_unique<Form>("frmQCComment", "Edit QC Comments"));
-  AddText(form, "txtFieldName", "Field Name:").locked = true;
-  AddText(form, "txtErrorDesc", "Error Description:").locked = true;
-  AddText(form, "txtComments", "Comments:").lines = true;
-  for (const char* name : {"txtFieldName", "txtErrorDesc"}) form.At(name).back = Back::kFace;
-  AddDialogButtons(form, "cmdOK", "cmdCancel");
-  form.focus = "txtComments";
+  Form& form = s.desk.Own(std::make_unique<Form>(names::frmQCComment, "Edit QC Comments"));
+  AddText(form, names::txtFieldName, "Field Name:").locked = true;
+  AddText(form, names::txtErrorDesc, "Error Description:").locked = true;
+  AddText(form, names::txtComments, "Comments:").lines = true;
+  for (const char* name : {names::txtFieldName, names::txtErrorDesc}) form.At(name).back = Back::kFace;
+  AddDialogButtons(form, names::cmdOK, "cmdCancel");
+  form.focus = names::txtComments;
   form.KeepDesign();
   form.On("cmdCancel", Event::kClick, [&s, &form] { s.desk.Hide(form); });
   return form;
 }
 
 void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
-  dialog.At("txtFieldName").text = field_id;
+  dialog.At(names::txtFieldName).text = field_id;
   QCLocation location = s.current;
   if (!FindQCRecord(s, location, field_id)) return Tell(s, kNotFound);
-  dialog.At("txtComments").text = NullToEmpty(s.At("QC").Field("Comments"));
-  dialog.At("txtErrorDesc").text = NullToEmpty(s.At("QC").Field("Desc"));
+  dialog.At(names::txtComments).text = NullToEmpty(s.At("QC").Field("Comments"));
+  dialog.At(names::txtErrorDesc).text = NullToEmpty(s.At("QC").Field("Desc"));
 }
 
 // Finds the row again: another program may have taken it meanwhile.
@@ -75,8 +77,8 @@ std::string ValueOf(const Form& form, const std::string& tag) {
 }
 
 void Keep(Session& s, Form& dialog, const Form& form, Control& list) {
-  const std::string& field_id = dialog.At("txtFieldName").text;
-  const std::string& comment = dialog.At("txtComments").text;
+  const std::string& field_id = dialog.At(names::txtFieldName).text;
+  const std::string& comment = dialog.At(names::txtComments).text;
   if (!StoreComment(s, field_id, comment, ValueOf(form, field_id))) return;
   if (IsQCRowSelected(list)) {
     std::vector<std::string>& row = list.rows[static_cast<std::size_t>(list.picked.front())];
@@ -88,10 +90,10 @@ void Keep(Session& s, Form& dialog, const Form& form, Control& list) {
 }  // namespace
 
 Form& CommentDialog(Session& s) {
-  Form* found = s.desk.Find("frmQCComment");
+  Form* found = s.desk.Find(names::frmQCComment);
   Form& dialog = found != nullptr ? *found : MakeDialog(s);
   dialog.RestoreDesign();
-  dialog.focus = "txtComments";
+  dialog.focus = names::txtComments;
   return dialog;
 }
 
@@ -107,10 +109,10 @@ void EditQCComment(Session& s, Form& form, const std::string& name) {
   const std::string field_id = list.rows[static_cast<std::size_t>(list.picked.front())][kFieldColumn];
   Form& dialog = CommentDialog(s);
   // the form of the list outlives the dialog, its rows need not
-  dialog.On("cmdOK", Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form, form.At(name)); });
+  dialog.On(names::cmdOK, Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form, form.At(name)); });
   FillDialog(s, dialog, field_id);
   ShowDialog(s.desk, s.platform, dialog);
-  dialog.On("cmdOK", Event::kClick, nullptr);
+  dialog.On(names::cmdOK, Event::kClick, nullptr);
 }
 
 }  // namespace merlu

@@ -25,7 +25,7 @@ FindingQuery FindingsOfSurvey(const QCLocation& location);
 // Replaces the list's rows by the findings: field, description, comment. Findings of both modes show.
 void FillWithFindings(Session& s, Control& list, const FindingQuery& query);
 
-// A row that counts the findings of a record, and where that stands in the location's month.
+// A row with the number of findings of a record, and that record's place in the location's month.
 struct SummaryRow {
   std::string text;
   std::int64_t count = 0;

@@ -1,6 +1,6 @@
 // The log of findings: one row of QC per open finding. Runs write it by their verdicts (qc/apply.h).
 //
-// Every operation traps its own faults: it tells number and description, and the run goes on.
+// Every operation handles its own faults: number and description are shown in a box, and the run continues.
 #pragma once
 
 #include <cstdint>

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "base/text.h"
-#include "forms/review_ports.h"
 #include "qc_run/run_record.h"
 #include "session/act.h"
 #include "session/messages.h"
@@ -69,11 +68,10 @@ CheckedRecords CheckUnchecked(Session& s, int month) {
   AllOrNothing whole(s.db);
   const std::vector<Unchecked> unchecked = UncheckedOf(s, month);
   checked.of = static_cast<int>(unchecked.size());
-  auto* stopper = dynamic_cast<WorkStopper*>(&s.platform);
   for (const Unchecked& each : unchecked) {
     Progress(s, "Checking " + Trim(each.location.CmplxID) + "/" + Trim(each.location.StructID), checked.done,
              checked.of);
-    if (stopper != nullptr && stopper->IsStopWanted()) {
+    if (s.platform.IsStopWanted()) {
       checked.stopped = true;
       break;
     }

@@ -1,5 +1,5 @@
-// The own rules of records that were never checked, or changed since: those included that no run over a structure
-// reaches. What is below a record is a record of its own.
+// Checks the records that were never checked, or changed since their last check, also those that no run over a
+// structure reaches. Each is judged alone, without the records below it.
 #pragma once
 
 #include "session/session.h"
@@ -11,8 +11,8 @@ struct CheckedRecords {
   bool stopped = false;  // by the user; what was done until then stays
 };
 
-// Of the month and the descriptions, or of all months (0), as one step. The wait screen that shows tells how far it is,
-// and can stop it. Faults are passed on; then nothing was checked.
+// Checks those of the month and the descriptions, or of all months (month 0), as one step. The wait screen shows the
+// progress and can stop it. Faults are passed on; nothing has been checked then.
 CheckedRecords CheckUnchecked(Session& s, int month);
 
 }  // namespace merlu

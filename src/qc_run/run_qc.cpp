@@ -18,13 +18,13 @@ const SheetSpec* SheetAt(const QCLocation& location) {
   return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
 }
 
-void Run(Session& s, QCLocation& location, std::vector<std::string>* told) {
+void Run(Session& s, QCLocation& location, std::vector<std::string>* messages) {
   if (location.Is(level::kSurvey))
     RunSurveyQC(s, location);
   else if (location.Is(level::kStructure))
     RunStructureQC(s, location);
   else if (const SheetSpec* sheet = SheetAt(location))
-    RunSheetQC(s, *sheet, location, told);
+    RunSheetQC(s, *sheet, location, messages);
 }
 
 // The list of the sheet that the run was started on.
@@ -71,7 +71,7 @@ namespace {
 
 enum class Boxes { kAll, kOfFindings, kNone };
 
-std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes, std::vector<std::string>* told = nullptr) {
+std::int16_t RunAndShow(Session& s, QCLocation location, Boxes boxes, std::vector<std::string>* messages = nullptr) {
   const QCLocation saved = location;
   int count = 0;
   try {
@@ -87,7 +87,7 @@ std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes, std::vecto
     if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No inventory is open.");
     {
       WriteBatch batch(s.db);
-      Run(s, location, told);
+      Run(s, location, messages);
       s.current = saved;
       LoadList(s, saved);
       count = CountQCErrors(s, Counted(s, saved));
@@ -107,11 +107,11 @@ std::int16_t RunAndTell(Session& s, QCLocation location, Boxes boxes, std::vecto
 }  // namespace
 
 std::int16_t RunQC(Session& s, QCLocation location, bool silent) {
-  return RunAndTell(s, std::move(location), silent ? Boxes::kOfFindings : Boxes::kAll);
+  return RunAndShow(s, std::move(location), silent ? Boxes::kOfFindings : Boxes::kAll);
 }
 
-std::int16_t RunQCWithoutBox(Session& s, QCLocation location, std::vector<std::string>& told) {
-  return RunAndTell(s, std::move(location), Boxes::kNone, &told);
+std::int16_t RunQCWithoutBox(Session& s, QCLocation location, std::vector<std::string>& messages) {
+  return RunAndShow(s, std::move(location), Boxes::kNone, &messages);
 }
 
 int RunQCAmongMany(Session& s, const SheetSpec* sheet, const QCLocation& at, TypedView& typed) {

@@ -11,12 +11,12 @@
 
 namespace merlu {
 
-// Runs QC at the location behind a wait screen, tells the result and refills the list of the current
-// sheet. A silent run keeps back the messages of a clean run only. Returns the number of findings at the
-// location and below it; 0 after a fault, which is told.
+// Runs QC at the location behind a wait screen, shows the result in a box and refills the list of the current sheet. A
+// silent run suppresses only the message of a clean run. Returns the number of findings at the location and below it; 0
+// after a fault, which is shown in a box.
 std::int16_t RunQC(Session& s, QCLocation location, bool silent);
-// The same without any box but that of a fault; `told` takes what the record's sheet would show in one.
-std::int16_t RunQCWithoutBox(Session& s, QCLocation location, std::vector<std::string>& told);
+// The same without boxes except for faults; messages of the record's sheet are appended to `messages` instead.
+std::int16_t RunQCWithoutBox(Session& s, QCLocation location, std::vector<std::string>& messages);
 // The same for a month's record that is typed elsewhere than on its sheet and saved among many (no sheet: a
 // structure's): nothing is shown. Faults are passed on.
 struct TypedView;

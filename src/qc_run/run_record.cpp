@@ -36,7 +36,7 @@ void NoteDescription(Session& s, std::int64_t ED_ID_AK) {
   if (s.InDesc() && s.record_checked) s.checked_descriptions.insert(ED_ID_AK);
 }
 
-void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told) {
+void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages) {
   Form& form = SheetForm(s, sheet);
   if (sheet.has_activity && form.At(sheet.status_box()).checked) return PassOver(s, sheet, location);
   if (sheet.before_rules) sheet.before_rules(s, location);
@@ -45,7 +45,7 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::v
   const RuleSet& rules = RulesOf(sheet);
   const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), form), context);
   ApplyVerdicts(s, location, verdicts);
-  PaintVerdicts(s, form, rules.fields(), verdicts, told);
+  PaintVerdicts(s, form, rules.fields(), verdicts, messages);
   const Value date = DateOf(s, verdicts);
   NoteDescription(s, s.ED_ID_AK);
   if (!FindRecord(s, sheet, location) || !s.InActv() || !sheet.has_activity) return;
@@ -57,9 +57,9 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::v
 
 }  // namespace
 
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told) {
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages) {
   s.current = location;
-  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location, told);
+  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location, messages);
   // what could not be read is not judged
   OnSheet(s, [&] {
     const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
@@ -106,9 +106,9 @@ void RequireNoFaults(const Verdicts& verdicts) {
   if (!verdicts.faults.empty()) throw Fault(verdicts.faults.front().fault);
 }
 
-void TakeMessages(const Verdicts& verdicts, std::vector<std::string>& told) {
+void TakeMessages(const Verdicts& verdicts, std::vector<std::string>& messages) {
   for (const Verdict& verdict : verdicts.all)
-    if (!verdict.message.empty()) told.push_back(verdict.message);
+    if (!verdict.message.empty()) messages.push_back(verdict.message);
 }
 
 // Brings the log to what was judged; false, with StructureInactive, for a structure that reports nothing.
@@ -133,7 +133,7 @@ void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, 
   Verdicts verdicts;
   Judge(RulesOf(sheet), s.mode, typed.view, *typed.context, verdicts);
   RequireNoFaults(verdicts);
-  TakeMessages(verdicts, typed.told);
+  TakeMessages(verdicts, typed.messages);
   s.record_checked = true;
   const bool raises = std::any_of(verdicts.all.begin(), verdicts.all.end(),
                                   [](const Verdict& verdict) { return verdict.log == Verdict::Log::kRaise; });

@@ -1,5 +1,6 @@
-// The run over one record: judged, its findings brought to the log, the sheet painted where it shows, and the record
-// dated. A run in which a group of rules met a fault leaves the date empty, since the record still needs one.
+// The run over one record: judges it, updates its findings in the log, paints its sheet if it is shown, and stamps the
+// date of last QC. A run in which a group of rules ended with a fault leaves the date empty: the record still needs
+// one.
 #pragma once
 
 #include <string>
@@ -13,19 +14,19 @@ namespace merlu {
 
 // A month's record that is typed elsewhere than on its sheet, before it is stored.
 struct TypedView {
-  RecordView view;                // what its sheet would show; takes what the rules change
-  bool inactive = false;          // its box "No Emissions to Report"
-  const Context* context;         // of its month, as while saving; a structure's is read by the run
-  std::vector<std::string> told;  // what its sheet would show in boxes
+  RecordView view;                    // what its sheet would show; takes what the rules change
+  bool inactive = false;              // its box "No Emissions to Report"
+  const Context* context;             // of its month, as while saving; a structure's is read by the run
+  std::vector<std::string> messages;  // that its sheet would show in boxes
   // That the log knows: a record that raises nothing and is not among them has nothing to be withdrawn. Null: look.
   EquipmentWithFindings* known = nullptr;
   bool untouched = false;  // nothing in the log was its, and nothing came to it
 };
 
-// The equipment at the location in the session's mode: on the sheet that shows, with what the user has typed there,
-// or else from its rows. Sets EquipmentInactive and judges nothing when it reports nothing. Faults are passed on.
-// `told` takes what would be shown in a box, null shows it.
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* told = nullptr);
+// The equipment at the location in the session's mode: from its sheet if that is shown, with what the user has typed,
+// or else from its rows. Sets EquipmentInactive and judges nothing when its structure reports nothing. Faults are
+// passed on. Messages are appended to `messages`; null shows them in boxes.
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages = nullptr);
 // The same for a record that was judged from its rows; `known` as for ApplyVerdicts.
 void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record, PiecesWithFindings* known = nullptr);
 

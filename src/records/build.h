@@ -9,7 +9,7 @@
 
 namespace merlu {
 
-// Where the next controls stand.
+// Where the next controls are placed.
 struct Place {
   std::string parent;
   int page = 0;
@@ -23,7 +23,7 @@ void PutField(Form& form, const FieldSpec& spec, const Place& place);
 void PutResults(Form& form, const std::string& list, const std::string& button, const std::string& first_column,
                 const Place& place);
 
-// Read-only, or editable, with the background that goes with it.
+// Read-only or editable, with the matching background.
 void SetLocked(Control& field, bool locked);
 // The title of a sheet's frame, dark red while editing.
 void SetFrameTitle(Form& form, const std::string& frame, const std::string& title, bool editing);

@@ -1,5 +1,5 @@
-// Judges stored records from their rows: nothing is written, shown or moved, and no form is made. One thread uses a
-// connection; others may judge at the same time over connections of their own.
+// Judges stored records from their rows: nothing is written, shown or moved, and no form is built. A connection is used
+// by one thread; several threads can judge at the same time, each over its own connection.
 #pragma once
 
 #include <cstdint>
@@ -65,7 +65,7 @@ class Contexts {
 // equipment.
 Context ContextOf(Database& db, Mode mode, const RecordKeys& keys);
 
-// A judged record. What it points to is good during the call that hands it out.
+// A judged record. Its pointers are valid only during the callback that receives it.
 struct JudgedRecord {
   const RuleSet* rules = nullptr;
   const SheetSpec* sheet = nullptr;  // null for a structure

@@ -6,7 +6,9 @@
 
 #include "base/text.h"
 #include "records/build.h"
+#include "records/operator_names.h"
 #include "rules/checks.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "sheets/conversions.h"
@@ -65,7 +67,7 @@ std::string ShownText(const OperatorField& field, const std::string& stored) {
 
 // The inventory year: four digits, since node keys hold four. 0 for any other text.
 int YearOf(const Form& form) {
-  const std::string text = Trim(form.At("txtUSER_InvYr").text);
+  const std::string text = Trim(form.At(names::txtUSER_InvYr).text);
   int year = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), year);
   const bool whole = error == std::errc() && end == text.data() + text.size();
@@ -106,13 +108,13 @@ void PutOperatorFields(Form& form, const std::string& parent) {
 }
 
 void PutOperatorSheet(Form& main) {
-  Put(main, Kind::kFrame, "fraUserInfo", "Operator", {});
-  Put(main, Kind::kTab, "tabUSER", "", {"fraUserInfo"}).items = {"General Information"};
+  Put(main, Kind::kFrame, names::fraUserInfo, "Operator", {});
+  Put(main, Kind::kTab, "tabUSER", "", {names::fraUserInfo}).items = {"General Information"};
   main.At("tabUSER").page_available = {true};
   PutLabel(main, "lblUSER_Heading", "MERLU-2017 Registered User", {"tabUSER"});
   PutOperatorFields(main, "tabUSER");
-  Put(main, Kind::kButton, "cmdUSER_AddStructure", "New Structure", {"tabUSER"});
-  Put(main, Kind::kButton, "cmdUSER_AddSurvey", "Add Next Monthly Survey", {"tabUSER"});
+  Put(main, Kind::kButton, names::cmdUSER_AddStructure, "New Structure", {"tabUSER"});
+  Put(main, Kind::kButton, names::cmdUSER_AddSurvey, "Add Next Monthly Survey", {"tabUSER"});
 }
 
 void ClearOperator(Session& s) {
@@ -120,7 +122,7 @@ void ClearOperator(Session& s) {
     if (!FindOperatorRecord(s)) Tell(s, "User record not found");
   });
   for (const OperatorField& field : kFields) s.main->At(field.control).text = field.mask ? Masked(field.mask, "") : "";
-  s.main->At("cmdUSER_AddSurvey").visible = s.InActv();
+  s.main->At(names::cmdUSER_AddSurvey).visible = s.InActv();
 }
 
 bool LoadOperator(Session& s) {
@@ -135,12 +137,12 @@ bool LoadOperator(Session& s) {
 }
 
 void LockOperator(Session& s) {
-  SetFrameTitle(*s.main, "fraUserInfo", "Operator", false);
+  SetFrameTitle(*s.main, names::fraUserInfo, "Operator", false);
   for (const OperatorField& field : kFields) SetLocked(s.main->At(field.control), true);
 }
 
 void UnlockOperator(Session& s) {
-  SetFrameTitle(*s.main, "fraUserInfo", "Operator - EDIT DATA", true);
+  SetFrameTitle(*s.main, names::fraUserInfo, "Operator - EDIT DATA", true);
   for (const OperatorField& field : kFields) SetLocked(s.main->At(field.control), false);
   s.main->focus = kFields.front().control;
 }
@@ -176,7 +178,7 @@ bool ValidateOperator(Session& s) {
 bool ValidateNewOperator(Session& s, Form& dialog) {
   const auto not_whole = [](const char* field) { return [field](const Form& form) { return NotWhole(form, field); }; };
   const bool met = MeetsAll(s, dialog,
-                            {Filled("txtUserID", "Please enter your User ID"),
+                            {Filled(names::txtUserID, "Please enter your User ID"),
                              Filled("txtUSER_Contact", "Please enter your Contact Name"),
                              {NoWayToReach, "Please enter your Phone, Fax, or Email", "txtUSER_Phone"},
                              {not_whole("txtUSER_Phone"), "Not a valid phone number", "txtUSER_Phone"},
@@ -188,7 +190,7 @@ bool ValidateNewOperator(Session& s, Form& dialog) {
                              Filled("txtUSER_State", "Please enter your State"),
                              Filled("txtUSER_Zip", "Please enter your Zip Code"),
                              {[](const Form& form) { return YearOf(form) == 0; },
-                              "Please enter the Inventory Year with four digits", "txtUSER_InvYr"}});
+                              "Please enter the Inventory Year with four digits", names::txtUSER_InvYr}});
   if (met) return true;
   // a number that is not whole is cleared, so that it can be typed again
   if (NotWhole(dialog, "txtUSER_Phone") && dialog.focus == "txtUSER_Phone")
@@ -202,7 +204,7 @@ void NewOperatorRow(Session& s, const Form& dialog) {
   WriteBatch batch(s.db);
   Cursor& company = s.At("CO_COMPANY");
   company.AddNew();
-  company.SetField("RIMA_CO_NUM", FieldText(Trim(dialog.At("txtUserID").text)));
+  company.SetField("RIMA_CO_NUM", FieldText(Trim(dialog.At(names::txtUserID).text)));
   for (const OperatorField& field : kFields) company.SetField(field.column, FieldText(dialog.At(field.control).text));
   company.Update();
   company.MoveFirst();

@@ -1,4 +1,5 @@
 #include "records/structure_fields.h"
+#include "records/structure_names.h"
 
 namespace merlu {
 namespace {
@@ -13,7 +14,7 @@ FieldSpec Id(const char* control, const char* caption, const char* column) {
 }
 
 FieldSpec Gas(const char* control, const char* name, const char* column) {
-  return Number(DESC, std::string("txtSTRUCTURE_SalesGas") + control + "Content",
+  return Number(DESC, std::string(names::txtSTRUCTURE_SalesGas) + control + "Content",
                 std::string(name) + " (%):", std::string("Sales Gas ") + name + " Content",
                 std::string("SalesGas") + column + "Content");
 }
@@ -39,28 +40,28 @@ std::vector<FieldSpec> Description() {
   SheetSpec sheet;
   sheet.fields =
       Under("Identification", {
-                                  Id("txtSTRUCTURE_CmplxID", "RIMA Complex ID:", "CMPLX_ID_NUM"),
-                                  Id("txtSTRUCTURE_StructID", "RIMA Structure ID:", "STRUCT_NUM"),
-                                  Text(DESC, "txtSTRUCTURE_Area", "Area:", "Area", "Area"),
-                                  Text(DESC, "txtSTRUCTURE_Block", "Block:", "Block", "Block"),
-                                  Text(DESC, "txtSTRUCTURE_Name", "Name:", "Name", "Name"),
-                                  Text(DESC, "txtSTRUCTURE_LeaseNo", "Lease Number:", "Lease Number", "LEASE_NUM"),
+                                  Id(names::txtSTRUCTURE_CmplxID, "RIMA Complex ID:", "CMPLX_ID_NUM"),
+                                  Id(names::txtSTRUCTURE_StructID, "RIMA Structure ID:", "STRUCT_NUM"),
+                                  Text(DESC, names::txtSTRUCTURE_Area, "Area:", "Area", "Area"),
+                                  Text(DESC, names::txtSTRUCTURE_Block, "Block:", "Block", "Block"),
+                                  Text(DESC, names::txtSTRUCTURE_Name, "Name:", "Name", "Name"),
+                                  Text(DESC, names::txtSTRUCTURE_LeaseNo, "Lease Number:", "Lease Number", "LEASE_NUM"),
                               });
   sheet.Add(0, "Location",
             {
-                Number(DESC, "txtSTRUCTURE_Lon", "Longitude (degrees, west negative):", "Longitude", "LONGITUDE"),
-                Number(DESC, "txtSTRUCTURE_Lat", "Latitude (degrees):", "Latitude", "LATITUDE"),
-                Number(DESC, "txtSTRUCTURE_DistShore", "Distance to Shore:", "Distance to Shore", "DIST_TO_SHORE"),
-                Number(DESC, "txtSTRUCTURE_WaterDepth", "Water Depth (ft):", "Water Depth", "WATER_DEPTH_FT"),
+                Number(DESC, names::txtSTRUCTURE_Lon, "Longitude (degrees, west negative):", "Longitude", "LONGITUDE"),
+                Number(DESC, names::txtSTRUCTURE_Lat, "Latitude (degrees):", "Latitude", "LATITUDE"),
+                Number(DESC, names::txtSTRUCTURE_DistShore, "Distance to Shore:", "Distance to Shore", "DIST_TO_SHORE"),
+                Number(DESC, names::txtSTRUCTURE_WaterDepth, "Water Depth (ft):", "Water Depth", "WATER_DEPTH_FT"),
             });
-  sheet.Add(
-      0, "Minor source",
-      {
-          Exempt("cmbMinorSourceExempt", "Minor Source Exempt from Reporting:", "Minor Source Exempt",
-                 "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
-          Exempt("cmbMinorSourceExemptWhat", "What is exempt:", "Minor Source Exempt What", "MINOR_SOURCE_EXEMPT_WHAT",
-                 {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
-      });
+  sheet.Add(0, "Minor source",
+            {
+                Exempt(names::cmbMinorSourceExempt, "Minor Source Exempt from Reporting:", "Minor Source Exempt",
+                       "MINOR_SOURCE_EXEMPT", {"Yes", "No"}),
+                Exempt(names::cmbMinorSourceExemptWhat, "What is exempt:", "Minor Source Exempt What",
+                       "MINOR_SOURCE_EXEMPT_WHAT",
+                       {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
+            });
   sheet.Add(
       0, "Sales gas composition",
       {
@@ -78,37 +79,37 @@ std::vector<FieldSpec> Description() {
           Gas("H2S", "H2S", "H2S"),
           Gas("N2", "N2", "N2"),
           Gas("O2", "O2", "O2"),
-          Computed(Number(DESC, "txtSTRUCTURE_SalesGasTotal", "Total (%):", "Sales Gas Total", "SALES_GAS_TOTAL")),
+          Computed(Number(DESC, names::txtSTRUCTURE_SalesGasTotal, "Total (%):", "Sales Gas Total", "SALES_GAS_TOTAL")),
       });
   return sheet.fields;
 }
 
 std::vector<FieldSpec> Month() {
   SheetSpec sheet;
-  sheet.Add(
-      0, "Production",
-      {
-          Number(ACTV, "txtSTRUCTURE_ProdOil", "Oil Production (bbl):", "Oil Production", "PROD_OIL"),
-          Number(ACTV, "txtSTRUCTURE_ProdNG", "Natural Gas Production (MMscf):", "Natural Gas Production", "PROD_NG"),
-      });
-  sheet.Add(
-      0, "Throughput",
-      {
-          Number(ACTV, "txtSTRUCTURE_ThruOil", "Oil Throughput (bbl):", "Oil Throughput", "THRU_OIL"),
-          Number(ACTV, "txtSTRUCTURE_ThruNG", "Natural Gas Throughput (MMscf):", "Natural Gas Throughput", "THRU_NG"),
-      });
+  sheet.Add(0, "Production",
+            {
+                Number(ACTV, names::txtSTRUCTURE_ProdOil, "Oil Production (bbl):", "Oil Production", "PROD_OIL"),
+                Number(ACTV, names::txtSTRUCTURE_ProdNG, "Natural Gas Production (MMscf):", "Natural Gas Production",
+                       "PROD_NG"),
+            });
+  sheet.Add(0, "Throughput",
+            {
+                Number(ACTV, names::txtSTRUCTURE_ThruOil, "Oil Throughput (bbl):", "Oil Throughput", "THRU_OIL"),
+                Number(ACTV, names::txtSTRUCTURE_ThruNG, "Natural Gas Throughput (MMscf):", "Natural Gas Throughput",
+                       "THRU_NG"),
+            });
   sheet.Add(0, "Total fuel usage",
             {
-                Number(ACTV, "txtSTRUCTURE_TotalFuelUsageNG", "Natural Gas (Mscf):", "Total Fuel Usage, Natural Gas",
-                       "TOT_FUEL_USE_NG"),
-                Number(ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", "Gasoline (gal):", "Total Fuel Usage, Gasoline",
-                       "TOT_FUEL_USE_GAS"),
-                Number(ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", "Diesel (gal):", "Total Fuel Usage, Diesel",
+                Number(ACTV, names::txtSTRUCTURE_TotalFuelUsageNG,
+                       "Natural Gas (Mscf):", "Total Fuel Usage, Natural Gas", "TOT_FUEL_USE_NG"),
+                Number(ACTV, names::txtSTRUCTURE_TotalFuelUsageGasoline,
+                       "Gasoline (gal):", "Total Fuel Usage, Gasoline", "TOT_FUEL_USE_GAS"),
+                Number(ACTV, names::txtSTRUCTURE_TotalFuelUsageDiesel, "Diesel (gal):", "Total Fuel Usage, Diesel",
                        "TOT_FUEL_USE_DIE"),
             });
   sheet.Add(0, "Comments",
             {
-                Text(ACTV, "txtSTRUCTURE_Comments", "Comments:", "Comments", "COMNT_TXT"),
+                Text(ACTV, names::txtSTRUCTURE_Comments, "Comments:", "Comments", "COMNT_TXT"),
             });
   return sheet.fields;
 }

@@ -4,6 +4,8 @@
 #include "qc/qc_list.h"
 #include "records/build.h"
 #include "records/structure_fields.h"
+#include "records/structure_names.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "sheets/contract.h"
@@ -14,8 +16,8 @@ namespace {
 
 constexpr const char* kNoDate = "Date of Last QC:          ";
 constexpr const char* kStatus = kStructureStatus;
-constexpr const char* kList = "lvwSTRUCTURE_QCResults";
-constexpr const char* kComments = "txtSTRUCTURE_Comments";
+constexpr const char* kList = names::lvwSTRUCTURE_QCResults;
+constexpr const char* kComments = names::txtSTRUCTURE_Comments;
 
 bool InMode(const Session& s, const FieldSpec& field) {
   return (field.mode == In::kActv) == s.InActv();
@@ -38,11 +40,11 @@ void ShowId(Session& s, const char* control, const char* column) {
 }  // namespace
 
 void PutStructureSheet(Session& s, Form& main) {
-  Put(main, Kind::kFrame, "fraStructure", "Structure", {});
-  Put(main, Kind::kTab, "tabSTRUCTURE", "", {"fraStructure"}).items = {"General Information", "QC Results"};
-  main.At("tabSTRUCTURE").page_available = {true, true};
-  Put(main, Kind::kFrame, "fraStructureDescriptive", "", {"tabSTRUCTURE"});
-  Put(main, Kind::kFrame, "fraStructureActivity", "", {"tabSTRUCTURE"});
+  Put(main, Kind::kFrame, names::fraStructure, "Structure", {});
+  Put(main, Kind::kTab, names::tabSTRUCTURE, "", {names::fraStructure}).items = {"General Information", "QC Results"};
+  main.At(names::tabSTRUCTURE).page_available = {true, true};
+  Put(main, Kind::kFrame, "fraStructureDescriptive", "", {names::tabSTRUCTURE});
+  Put(main, Kind::kFrame, "fraStructureActivity", "", {names::tabSTRUCTURE});
   for (const FieldSpec& field : StructureFields())
     PutField(main, field,
              {field.mode == In::kActv ? "fraStructureActivity" : "fraStructureDescriptive", 0, field.block});
@@ -51,14 +53,15 @@ void PutStructureSheet(Session& s, Form& main) {
         {"fraStructureDescriptive"})
         .visible = false;
   main.At(kComments).lines = true;
-  Put(main, Kind::kFrame, "Frame1", "", {"fraStructureActivity"});
-  Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {"Frame1", 0, "Comments"});
-  PutLabel(main, "lblNoEmissions", "No Emissions to Report", {"fraStructure"}).visible = false;
-  PutLabel(main, "lblSTRUCTURE_QCDate", kNoDate, {"fraStructure"});
-  Put(main, Kind::kButton, "cmdSTRUCTURE_AddEquip", "New Equipment", {"tabSTRUCTURE"});
-  PutResults(main, kList, "cmdSTRUCTURE_EditQCComment", "Error Source", {"tabSTRUCTURE", 1});
-  main.On("cmbMinorSourceExempt", Event::kClick, [&s, &main] {
-    if (s.editing && main.At("cmbMinorSourceExempt").text == "No") SelectItem(main, "cmbMinorSourceExemptWhat", -1);
+  Put(main, Kind::kFrame, names::Frame1, "", {"fraStructureActivity"});
+  Put(main, Kind::kCheck, kStatus, "No Emissions to Report", {names::Frame1, 0, "Comments"});
+  PutLabel(main, names::lblNoEmissions, "No Emissions to Report", {names::fraStructure}).visible = false;
+  PutLabel(main, "lblSTRUCTURE_QCDate", kNoDate, {names::fraStructure});
+  Put(main, Kind::kButton, names::cmdSTRUCTURE_AddEquip, "New Equipment", {names::tabSTRUCTURE});
+  PutResults(main, kList, names::cmdSTRUCTURE_EditQCComment, "Error Source", {names::tabSTRUCTURE, 1});
+  main.On(names::cmbMinorSourceExempt, Event::kClick, [&s, &main] {
+    if (s.editing && main.At(names::cmbMinorSourceExempt).text == "No")
+      SelectItem(main, names::cmbMinorSourceExemptWhat, -1);
   });
 }
 
@@ -74,7 +77,7 @@ void ClearStructure(Session& s) {
     control.was.clear();
   }
   main.At(kStatus).checked = false;
-  main.At("lblNoEmissions").visible = false;
+  main.At(names::lblNoEmissions).visible = false;
   main.At("fraStructureDescriptive").visible = !s.InActv();
   main.At("fraStructureActivity").visible = s.InActv();
   SetCaption(main, "lblSTRUCTURE_QCDate", kNoDate);
@@ -86,15 +89,15 @@ bool LoadStructure(Session& s) {
   const bool read = Plainly(s, [&] {
     found = FindStructureRecord(s);
     if (!found) return Tell(s, "Structure record not found");
-    ShowId(s, "txtSTRUCTURE_CmplxID", "CMPLX_ID_NUM");
-    ShowId(s, "txtSTRUCTURE_StructID", "STRUCT_NUM");
+    ShowId(s, names::txtSTRUCTURE_CmplxID, "CMPLX_ID_NUM");
+    ShowId(s, names::txtSTRUCTURE_StructID, "STRUCT_NUM");
     ShowColumns(s, In::kDesc, s.At("PD_PLATFORM_DESC"));
     if (s.InActv()) {
       Cursor& month = s.At("PA_PLATFORM_ACTV");
       ShowColumns(s, In::kActv, month);
       const bool inactive = NullToEmpty(month.Field("status")) == "I";
       s.main->At(kStatus).checked = inactive;
-      s.main->At("lblNoEmissions").visible = inactive;
+      s.main->At(names::lblNoEmissions).visible = inactive;
     }
   });
   if (read && found) LoadStructureQCList(s);
@@ -103,26 +106,26 @@ bool LoadStructure(Session& s) {
 
 void LockStructure(Session& s) {
   Form& main = *s.main;
-  SetFrameTitle(main, "fraStructure", "Structure", false);
+  SetFrameTitle(main, names::fraStructure, "Structure", false);
   for (const FieldSpec& field : StructureFields()) SetLocked(main.At(field.control), true);
-  main.At("Frame1").visible = false;
-  main.At("lblNoEmissions").visible = s.InActv() && main.At(kStatus).checked;
+  main.At(names::Frame1).visible = false;
+  main.At(names::lblNoEmissions).visible = s.InActv() && main.At(kStatus).checked;
   main.At(kList).back = Back::kFace;
-  main.At("cmdSTRUCTURE_EditQCComment").enabled = false;
+  main.At(names::cmdSTRUCTURE_EditQCComment).enabled = false;
 }
 
 void UnlockStructure(Session& s) {
   Form& main = *s.main;
-  SetFrameTitle(main, "fraStructure", "Structure - EDIT DATA", true);
+  SetFrameTitle(main, names::fraStructure, "Structure - EDIT DATA", true);
   for (const FieldSpec& field : StructureFields()) SetLocked(main.At(field.control), true);
   for (const FieldSpec& field : StructureFields())
     if (InMode(s, field) && field.stored != Stored::kNone && field.stored != Stored::kComputed)
       SetLocked(main.At(field.control), false);
-  main.At("Frame1").visible = s.InActv();
-  main.At("lblNoEmissions").visible = false;
+  main.At(names::Frame1).visible = s.InActv();
+  main.At(names::lblNoEmissions).visible = false;
   main.At(kList).back = Back::kWindow;
-  main.At("cmdSTRUCTURE_EditQCComment").enabled = true;
-  main.focus = s.InActv() ? "txtSTRUCTURE_ProdOil" : "txtSTRUCTURE_Area";
+  main.At(names::cmdSTRUCTURE_EditQCComment).enabled = true;
+  main.focus = s.InActv() ? names::txtSTRUCTURE_ProdOil : names::txtSTRUCTURE_Area;
 }
 
 void SaveStructure(Session& s) {

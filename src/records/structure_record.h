@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "records/structure_names.h"
 #include "session/session.h"
 #include "sheets/spec.h"
 
@@ -24,7 +25,7 @@ void LoadStructureQCList(Session& s);
 const std::vector<RuleGroup>& StructureRules();
 // The same with the fields of the sheet looked up.
 const RuleSet& StructureRuleSet();
-inline constexpr const char* kStructureStatus = "chkSTRUCTURE_Status";
+inline constexpr const char* kStructureStatus = names::chkSTRUCTURE_Status;
 
 struct NewStructure {
   std::string complex, structure, area, block, name;

@@ -1,6 +1,7 @@
 // What the structure's sheet is held to.
 #include "base/numbers.h"
 #include "records/structure_fields.h"
+#include "records/structure_names.h"
 #include "records/structure_record.h"
 #include "rules/checks.h"
 
@@ -31,7 +32,7 @@ CheckSpec EquipmentPresence() {
 // A structure may report no composition at all; the total is computed, and is no input.
 CheckSpec SalesGasTotal() {
   std::vector<std::string> parts;
-  for (const char* gas : kGases) parts.push_back(std::string("txtSTRUCTURE_SalesGas") + gas + "Content");
+  for (const char* gas : kGases) parts.push_back(std::string(names::txtSTRUCTURE_SalesGas) + gas + "Content");
   const std::string text = RangeText(kLeastTotal, kMostTotal);
   CheckSpec check = Own("SalesGasTotal", text, parts, [text](Judging& j) {
     double sum = 0;
@@ -57,29 +58,29 @@ CheckSpec WithdrawRetired() {
 
 // A field that need not be filled looks passed, and an older finding stays until it is filled.
 CheckSpec ExemptWhat() {
-  CheckSpec check = PassedUnless(Reads("cmbMinorSourceExempt", {"Yes"}), RequiredMarked());
+  CheckSpec check = PassedUnless(Reads(names::cmbMinorSourceExempt, {"Yes"}), RequiredMarked());
   check.text = finding::kBlank;
   return check;
 }
 
 std::vector<Rule> FieldRules() {
   return {
-      {1, DESC, "txtSTRUCTURE_Area", RequiredMarked()},
-      {2, DESC, "txtSTRUCTURE_Block", RequiredMarked()},
-      {3, DESC, "txtSTRUCTURE_Name", RequiredMarked()},
-      {4, DESC, "txtSTRUCTURE_LeaseNo", RequiredMarked()},
-      {5, DESC, "txtSTRUCTURE_Lon", RequiredRange(-98, -81)},
-      {6, DESC, "txtSTRUCTURE_Lat", RequiredRange(23, 31)},
-      {7, DESC, "txtSTRUCTURE_DistShore", RequiredRange(0, 500)},
-      {8, DESC, "txtSTRUCTURE_WaterDepth", RequiredMarked()},
-      {9, DESC, "cmbMinorSourceExemptWhat", ExemptWhat()},
-      {1, ACTV, "txtSTRUCTURE_ProdOil", RequiredRange(0, 5000000)},
-      {2, ACTV, "txtSTRUCTURE_ProdNG", RequiredRange(0, 20000)},
-      {3, ACTV, "txtSTRUCTURE_ThruOil", RequiredRange(0, 5000000)},
-      {4, ACTV, "txtSTRUCTURE_ThruNG", RequiredRange(0, 20000)},
-      {5, ACTV, "txtSTRUCTURE_TotalFuelUsageNG", RequiredRange(0, 1000000000000)},
-      {6, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", RequiredRange(0, 10000)},
-      {7, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", RequiredRange(0, 10000000)},
+      {1, DESC, names::txtSTRUCTURE_Area, RequiredMarked()},
+      {2, DESC, names::txtSTRUCTURE_Block, RequiredMarked()},
+      {3, DESC, names::txtSTRUCTURE_Name, RequiredMarked()},
+      {4, DESC, names::txtSTRUCTURE_LeaseNo, RequiredMarked()},
+      {5, DESC, names::txtSTRUCTURE_Lon, RequiredRange(-98, -81)},
+      {6, DESC, names::txtSTRUCTURE_Lat, RequiredRange(23, 31)},
+      {7, DESC, names::txtSTRUCTURE_DistShore, RequiredRange(0, 500)},
+      {8, DESC, names::txtSTRUCTURE_WaterDepth, RequiredMarked()},
+      {9, DESC, names::cmbMinorSourceExemptWhat, ExemptWhat()},
+      {1, ACTV, names::txtSTRUCTURE_ProdOil, RequiredRange(0, 5000000)},
+      {2, ACTV, names::txtSTRUCTURE_ProdNG, RequiredRange(0, 20000)},
+      {3, ACTV, names::txtSTRUCTURE_ThruOil, RequiredRange(0, 5000000)},
+      {4, ACTV, names::txtSTRUCTURE_ThruNG, RequiredRange(0, 20000)},
+      {5, ACTV, names::txtSTRUCTURE_TotalFuelUsageNG, RequiredRange(0, 1000000000000)},
+      {6, ACTV, names::txtSTRUCTURE_TotalFuelUsageGasoline, RequiredRange(0, 10000)},
+      {7, ACTV, names::txtSTRUCTURE_TotalFuelUsageDiesel, RequiredRange(0, 10000000)},
       {8, ACTV, kStructureStatus, EquipmentPresence()},
   };
 }
@@ -89,11 +90,11 @@ std::vector<Rule> FieldRules() {
 const std::vector<RuleGroup>& StructureRules() {
   static const std::vector<RuleGroup> groups = {
       {"CheckStructureFields", FieldRules()},
-      {"CheckSalesGasComposition", {{1, DESC, "txtSTRUCTURE_SalesGasTotal", SalesGasTotal()}}},
+      {"CheckSalesGasComposition", {{1, DESC, names::txtSTRUCTURE_SalesGasTotal, SalesGasTotal()}}},
       {"WithdrawRetiredFindings",
-       {{1, ACTV, "txtSTRUCTURE_TotalFuelUsageDiesel", WithdrawRetired()},
-        {2, ACTV, "txtSTRUCTURE_TotalFuelUsageGasoline", WithdrawRetired()},
-        {3, ACTV, "txtSTRUCTURE_TotalFuelUsageNG", WithdrawRetired()}}},
+       {{1, ACTV, names::txtSTRUCTURE_TotalFuelUsageDiesel, WithdrawRetired()},
+        {2, ACTV, names::txtSTRUCTURE_TotalFuelUsageGasoline, WithdrawRetired()},
+        {3, ACTV, names::txtSTRUCTURE_TotalFuelUsageNG, WithdrawRetired()}}},
   };
   return groups;
 }

@@ -2,6 +2,7 @@
 
 #include "qc/qc_list.h"
 #include "records/build.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "session/types.h"
@@ -9,7 +10,7 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kList = "lvwSURVEY_QCResults";
+constexpr const char* kList = names::lvwSURVEY_QCResults;
 constexpr const char* kRelationships = "lvwSURVEY_Relationships";
 constexpr const char* kButton = "cmdSURVEY_EditQCComment";
 
@@ -57,8 +58,8 @@ void AddEquipmentMonths(Session& s, int month) {
 }  // namespace
 
 void PutSurveySheet(Form& main) {
-  Put(main, Kind::kFrame, "fraSurvey", "Survey", {});
-  Put(main, Kind::kTab, "tabSURVEY", "", {"fraSurvey"}).items = {"QC Results"};
+  Put(main, Kind::kFrame, names::fraSurvey, "Survey", {});
+  Put(main, Kind::kTab, "tabSURVEY", "", {names::fraSurvey}).items = {"QC Results"};
   main.At("tabSURVEY").page_available = {true};
   PutResults(main, kList, kButton, "Field Name", {"tabSURVEY"});
   // relations between structures are not edited in this version
@@ -77,13 +78,13 @@ bool LoadSurvey(Session& s) {
 }
 
 void LockSurvey(Session& s) {
-  SetFrameTitle(*s.main, "fraSurvey", "Survey", false);
+  SetFrameTitle(*s.main, names::fraSurvey, "Survey", false);
   SetListsEnabled(*s.main, false);
 }
 
 void UnlockSurvey(Session& s) {
   Form& main = *s.main;
-  SetFrameTitle(main, "fraSurvey", "Survey - EDIT DATA", true);
+  SetFrameTitle(main, names::fraSurvey, "Survey - EDIT DATA", true);
   SetListsEnabled(main, true);
   const auto& rows = main.At(kRelationships).rows;
   main.At("cmdEditRelationship").enabled = rows.empty() || rows.front().front() != "No structures yet";

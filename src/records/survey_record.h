@@ -1,5 +1,5 @@
-// A survey: one month of the inventory year. It has no row of its own; it exists as SYS_MAX_MO and as the
-// activity rows of the month. Months are added one at a time, in order, for everything at once.
+// A survey: one month of the inventory year. It has no row; it exists as SYS_MAX_MO and as the activity rows of the
+// month. Months are added one at a time, in order, for all structures and equipment at once.
 #pragma once
 
 #include "session/session.h"
@@ -8,7 +8,7 @@ namespace merlu {
 
 void PutSurveySheet(Form& main);
 void ClearSurvey(Session& s);
-// Always true: a survey has no record of its own.
+// Always true: a survey has no row to look for.
 bool LoadSurvey(Session& s);
 void LockSurvey(Session& s);
 void UnlockSurvey(Session& s);

@@ -17,8 +17,9 @@ struct FindingToExplain {
   std::string comment;   // that it has
 };
 
-// One comment for all of them, as one step: a finding that the log lacks is first written as a run would write it.
-// A row that the log holds under the tag takes the text. False after a fault, which is told; then none has the comment.
+// Writes one comment to all of them, as one step: a finding that the log lacks is first written as a run would write
+// it. If the log already has a row under the tag, that row gets the comment. False after a fault, which is shown; then
+// none has the comment.
 bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment);
 
 }  // namespace merlu

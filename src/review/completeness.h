@@ -16,11 +16,11 @@ enum class RecordState { kOpen, kStale, kEmpty, kUnchecked, kExplained, kClean, 
 
 struct RecordProgress {
   RecordState state = RecordState::kMissing;
-  int count = 0;    // findings behind "open", "stale", "explained"
+  int count = 0;    // findings in the states "open", "stale", "explained"
   int record = -1;  // the first of the review's records in that state
 };
 
-// Of a month's record by itself.
+// The state of a single month record.
 RecordState StateOf(const ReviewedRecord& record);
 // "open 3", "clean", "-"
 std::string ProgressText(const RecordProgress& progress);

@@ -1,4 +1,4 @@
-// The findings that show: filtered, in the order asked for, never older than what the store holds.
+// The findings of the open inventory, filtered and sorted. It is brought up to date with the store before it is read.
 #pragma once
 
 #include <functional>
@@ -28,7 +28,7 @@ struct FindingPlace {
   bool operator==(const FindingPlace&) const = default;
 };
 
-// By what it is known again when the review has changed.
+// Identifies the finding when the review has changed.
 struct FindingName {
   RecordKind kind = RecordKind::kGone;
   std::int64_t key = 0;
@@ -46,7 +46,7 @@ struct Walk {
 
 class FindingsModel : public ListModel {
  public:
-  // `store` gives the open inventory, or null; `filter` what is asked for now.
+  // `store` returns the open inventory, or null; `filter` the filter in force.
   struct Source {
     std::function<Database*()> store;
     std::function<const Companion&()> companion;

@@ -124,20 +124,20 @@ std::vector<const ReviewedRecord*> CopiedValues(Database& db, const Companion& c
   return found;
 }
 
-std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, std::int64_t draft_in_hand) {
+std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, std::int64_t present_draft) {
   std::vector<QCLocation> found;
   for (const Draft& draft : Drafts(companion)) {
     QCLocation at;
     Mode mode = Mode::kNone;
     const bool known = UnpackLocation(draft.at, at, mode);
     const int of_month = known && mode == Mode::kActv ? at.Month : 0;
-    if (draft.id != draft_in_hand && (month == 0 || of_month == 0 || of_month == month)) found.push_back(at);
+    if (draft.id != present_draft && (month == 0 || of_month == 0 || of_month == month)) found.push_back(at);
   }
   return found;
 }
 
 std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
-                                    std::int64_t draft_in_hand) {
+                                    std::int64_t present_draft) {
   const auto months = static_cast<std::int64_t>(MonthNumbers(review).size());
   const std::int64_t unfinished = Sum(review, month, [](const ReviewedRecord& record) {
     return IsUnchecked(record) || (!record.gone && record.month != 0 && !record.has_values);
@@ -152,7 +152,7 @@ std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, co
       Row("Explanations older than their values", Sum(review, month, [](const auto& record) { return record.stale; }),
           "Read the comments again."),
       Row("Copied values not confirmed", Size(CopiedValues(db, companion, review, month)), "Confirm them."),
-      Row("Entries kept from an interrupted edit", Size(InterruptedEdits(companion, month, draft_in_hand)),
+      Row("Entries kept from an interrupted edit", Size(InterruptedEdits(companion, month, present_draft)),
           "Go on with the edit, or discard it.", false),
       Row("Pages of the file that are damaged, rows without their parent", Damage(db), "Restore a backup."),
       Row("Values changed since the hand-in", ValuesChangedSinceHandIn(companion, review, month), "Hand in again.",

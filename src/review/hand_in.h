@@ -28,14 +28,14 @@ struct HandInRow {
   std::string what_to_do;
 };
 
-// In the order of HandInCheck, of the month, or of the whole year (0). A month counts its records and the descriptions.
-// An edit that still goes on is no interrupted one: the number of what is kept of it.
+// In the order of HandInCheck, for the month, or for the whole year (month 0). A month covers its own records and the
+// descriptions. `present_draft` is the number of the draft of the edit in progress, which is no interrupted edit.
 std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
-                                    std::int64_t draft_in_hand = 0);
-// Of each copied value that is still as it came its record; of each interrupted edit where it was.
+                                    std::int64_t present_draft = 0);
+// The records of the copied values that are not confirmed or changed; the places of the interrupted edits.
 std::vector<const ReviewedRecord*> CopiedValues(Database& db, const Companion& companion, const Review& review,
                                                 int month);
-std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, std::int64_t draft_in_hand);
+std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, std::int64_t present_draft);
 // "Ready to hand in." or "Not ready: 2 things to settle."
 std::string HandInVerdict(const std::vector<HandInRow>& rows);
 bool IsReady(const std::vector<HandInRow>& rows);

@@ -9,7 +9,7 @@
 
 namespace merlu {
 
-// What the report of the month, or of the whole year (0), tells of, in the order of the review.
+// The findings in the report of the month, or of the whole year (month 0), in the order of the review.
 struct HandInFinding {
   const ReviewedRecord* record;
   const ReviewedFinding* finding;

@@ -1,7 +1,7 @@
 #include "review/live_review.h"
 
 #include "base/fault.h"
-#include "review/told_changes.h"
+#include "review/changed_records.h"
 
 namespace merlu {
 namespace {
@@ -23,14 +23,14 @@ std::int64_t StructureOfMonth(Database& db, std::int64_t month) {
 
 }  // namespace
 
-LiveReview::LiveReview() : told_(std::make_shared<ToldChanges>()) {}
+LiveReview::LiveReview() : changed_(std::make_shared<ChangedRecords>()) {}
 LiveReview::~LiveReview() = default;
 
 // The connection goes on telling for as long as it lives, also when this is gone.
 void LiveReview::Attend(Database& db) {
   if (attended_ == &db) return;
   attended_ = &db;
-  db.Listen([told = told_](const Changes& changes) { told->Note(changes); });
+  db.Listen([changed = changed_](const Changes& changes) { changed->Note(changes); });
 }
 
 bool LiveReview::IsOther(const Database& db) const {
@@ -49,14 +49,14 @@ bool LiveReview::Refresh(Database* db, const Companion& companion) {
   }
   Attend(*db);
   const bool other = IsOther(*db) || !unreadable_.empty() || (had_companion_ && !companion.IsAttached());
-  if (!other && (told_->IsEmpty() || db->InBatch())) return false;
-  if (other) told_->all = true;
+  if (!other && (changed_->IsEmpty() || db->InBatch())) return false;
+  if (other) changed_->all = true;
   path_ = db->path();
   tables_ = db->recorder().tables();
   changes_ = db->ChangeCount();
   had_companion_ = companion.IsAttached();
   Update(*db, companion);
-  told_->Forget();
+  changed_->Forget();
   ++revision_;
   return true;
 }
@@ -66,8 +66,8 @@ void LiveReview::Update(Database& db, const Companion& companion) {
   renewed_ = 0;
   made_anew_ = false;
   try {
-    if (!told_->all) UpdateParts(db, companion);
-    if (told_->all) {
+    if (!changed_->all) UpdateParts(db, companion);
+    if (changed_->all) {
       keeper_.Build(db, companion);
       made_anew_ = true;
     }
@@ -79,9 +79,9 @@ void LiveReview::Update(Database& db, const Companion& companion) {
 
 // Sets `all` where the parts are not known well enough.
 void LiveReview::UpdateParts(Database& db, const Companion& companion) {
-  ToldChanges& told = *told_;
+  ChangedRecords& changed = *changed_;
   const Review& review = keeper_.review();
-  std::set<std::int64_t> structures = told.structures;
+  std::set<std::int64_t> structures = changed.structures;
   const auto add = [&structures](std::int64_t structure) {
     if (structure != 0) structures.insert(structure);
   };
@@ -91,16 +91,16 @@ void LiveReview::UpdateParts(Database& db, const Companion& companion) {
     add(review.structures[static_cast<std::size_t>(structure)].PD_ID_AK);
   };
   // where rows came or went: the structure that has them now, and the one that had them
-  for (const std::int64_t month : told.of_months) {
+  for (const std::int64_t month : changed.of_months) {
     add(StructureOfMonth(db, month));
     add_of(keeper_.Find(RecordKind::kEquipmentMonth, month));
   }
-  for (const std::int64_t piece : told.of_pieces) {
+  for (const std::int64_t piece : changed.of_pieces) {
     add(StructureOfPiece(db, piece));
     add_of(keeper_.Find(RecordKind::kEquipment, piece));
   }
   if (structures.size() > 1 && structures.size() * kShareOfStructures > review.structures.size()) {
-    told.all = true;
+    changed.all = true;
     return;
   }
   if (!structures.empty()) keeper_.Replace(db, companion, structures);
@@ -109,25 +109,25 @@ void LiveReview::UpdateParts(Database& db, const Companion& companion) {
   const auto find = [&](RecordKind kind, std::int64_t key) {
     if (const int record = keeper_.Find(kind, key); record >= 0) records[record];
   };
-  for (const std::int64_t key : told.descriptions) find(RecordKind::kStructure, key);
-  for (const std::int64_t key : told.structure_months) find(RecordKind::kStructureMonth, key);
-  for (const std::int64_t key : told.months) find(RecordKind::kEquipmentMonth, key);
-  for (std::size_t i = 0; !told.pieces.empty() && i < review.records.size(); ++i)
+  for (const std::int64_t key : changed.descriptions) find(RecordKind::kStructure, key);
+  for (const std::int64_t key : changed.structure_months) find(RecordKind::kStructureMonth, key);
+  for (const std::int64_t key : changed.months) find(RecordKind::kEquipmentMonth, key);
+  for (std::size_t i = 0; !changed.pieces.empty() && i < review.records.size(); ++i)
     if (const int piece = review.records[i].piece;
-        piece >= 0 && told.pieces.contains(review.pieces[static_cast<std::size_t>(piece)].ED_ID_AK))
+        piece >= 0 && changed.pieces.contains(review.pieces[static_cast<std::size_t>(piece)].ED_ID_AK))
       records[static_cast<int>(i)];
-  for (const auto& [name, place] : told.places)
+  for (const auto& [name, place] : changed.places)
     if (const int record = keeper_.Find(place.at); record >= 0)
       records[record].insert(place.rows.begin(), place.rows.end());
   ReviewKeeper::ContextsOf contexts;
   for (const auto& [record, rows] : records) {
     if (!keeper_.Renew(db, companion, record, rows, contexts)) {
-      told.all = true;
+      changed.all = true;
       return;
     }
     ++renewed_;
   }
-  if (!told.rows.empty()) keeper_.RenewGone(db, companion, told.rows);
+  if (!changed.rows.empty()) keeper_.RenewGone(db, companion, changed.rows);
 }
 
 }  // namespace merlu

@@ -1,4 +1,4 @@
-// The review of the open inventory, kept true record by record by what the recorder of changes tells.
+// The review of the open inventory, updated record by record from the recorder of changes.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace merlu {
 
-class ToldChanges;
+class ChangedRecords;
 
 class LiveReview {
  public:
@@ -41,7 +41,7 @@ class LiveReview {
   void UpdateParts(Database& db, const Companion& companion);
 
   ReviewKeeper keeper_;
-  std::shared_ptr<ToldChanges> told_;
+  std::shared_ptr<ChangedRecords> changed_;
   Database* attended_ = nullptr;
   std::string path_;
   std::shared_ptr<const std::vector<RecordedTable>> tables_;  // of the connection

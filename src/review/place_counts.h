@@ -10,8 +10,8 @@ struct PlaceCounts {
   int findings = 0, unexplained = 0;
 };
 
-// Of the equipment, or of the structure and what stands on it, in the mode: what the rules say against the stored
-// values and what the log holds besides. Faults are passed on.
+// Counts for the equipment, or for the structure and its equipment, in the mode: what the rules raise for the stored
+// values, and further rows of the log. Faults are passed on.
 PlaceCounts CountFindingsAt(Database& db, const QCLocation& at, Mode mode, const RecordKeys& keys);
 
 }  // namespace merlu

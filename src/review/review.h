@@ -1,5 +1,5 @@
-// What an inventory says of itself before it is handed in: every record with what it raises now, and the comments that
-// explain it. Records are judged from their rows; nothing is run or written.
+// A review of an inventory before it is handed in: every record with the findings that its rules raise now, and the
+// comments that explain them. Records are judged from their rows; nothing is run or written.
 #pragma once
 
 #include <cstdint>
@@ -20,10 +20,10 @@ const char* StateText(FindingState state);
 struct ReviewedStructure {
   std::int64_t PD_ID_AK = 0;
   std::string user, complex, structure, text;  // the text as in the tree
-  int rank = 0;                                // by which it stands there
+  int rank = 0;                                // position in the tree, to sort by
 };
 
-// A piece of equipment; -1 as its structure once it is gone.
+// A piece of equipment; `structure` is -1 when its structure was deleted.
 struct ReviewedPiece {
   std::int64_t ED_ID_AK = 0;
   int structure = -1;
@@ -31,7 +31,7 @@ struct ReviewedPiece {
   int rank = 0;
 };
 
-// What a rule says, or a row of the log: kept once for all findings that say it.
+// The text of a rule's finding, or of a row of the log: stored once for all findings that share it.
 struct Said {
   std::string tag, control, expected, text;
   int field = 0;  // its place on the sheet
@@ -55,14 +55,14 @@ struct ReviewedRecord {
   bool inactive = false, structure_inactive = false, has_values = true, checked = false;
   int open = 0, explained = 0, stale = 0;
   std::vector<ReviewedFinding> findings;   // as on the sheet
-  std::shared_ptr<const QCLocation> gone;  // where the log's row sits whose record is gone, or is none
+  std::shared_ptr<const QCLocation> gone;  // location of a log row whose record was deleted or never existed
 
   bool IsEquipment() const { return kind == RecordKind::kEquipment || kind == RecordKind::kEquipmentMonth; }
   bool IsStructureMonth() const { return kind == RecordKind::kStructureMonth; }
   bool ReportsNothing() const { return inactive || structure_inactive; }
 };
 
-// Records stand by months, descriptions before them; then as in the tree.
+// Sorted by month, descriptions first; within a month as in the tree.
 struct Review {
   std::vector<ReviewedStructure> structures;
   std::vector<ReviewedPiece> pieces;

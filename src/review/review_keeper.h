@@ -79,7 +79,7 @@ class ReviewKeeper {
   void Build(Database& db, const Companion& companion);
   // The records of these structures, by PD_ID_AK, and the rows of the log without a record.
   void Replace(Database& db, const Companion& companion, const std::set<std::int64_t>& structures);
-  // One record with the rows of the log that it holds and those. False when its rows are gone.
+  // Judges one record together with its rows of the log. False when its rows are gone.
   using ContextsOf = std::map<std::int64_t, Contexts>;
   bool Renew(Database& db, const Companion& companion, int record, const std::set<std::int64_t>& rows,
              ContextsOf& contexts);

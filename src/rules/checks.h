@@ -1,5 +1,5 @@
-// The checks that rule tables are written with. A check judges its field's text as it stands on the sheet, raises
-// or withdraws the finding under the field's tag, and marks the field.
+// The checks that rule tables are written with. A check judges its field's text as the sheet shows it, raises or
+// withdraws the finding under the field's tag, and marks the field.
 #pragma once
 
 #include <string>
@@ -35,7 +35,7 @@ CheckSpec NotOver(const std::string& other, const std::string& text);
 // A check of the sheet's own, which looks at the fields of `reads` besides its own.
 CheckSpec Own(const std::string& name, const std::string& text, std::vector<std::string> reads,
               std::function<void(Judging&)> run);
-// The check while the condition holds; while it does not, nothing is said. It can ask about kTheField.
+// Makes the check only while the condition holds; otherwise it neither raises nor withdraws. Can refer to kTheField.
 CheckSpec LooksWhen(const Condition& condition, CheckSpec check);
 // The check, whose run asks Judging::MayFail: while the condition does not hold the value passes.
 CheckSpec FailsWhen(const Condition& condition, CheckSpec check);

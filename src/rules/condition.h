@@ -64,7 +64,7 @@ struct Condition {
   Test holds;
 };
 
-// In the tests that a check makes by itself: the rule's own field.
+// In the conditions of a check: the rule's own field.
 inline constexpr const char* kTheField = "the field";
 
 // The text of the list, or of any field, is one of the texts, or none of them.

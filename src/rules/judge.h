@@ -14,8 +14,8 @@ namespace merlu {
 // is never editable.
 enum class Mark { kUntouched, kFlag, kPlain, kFace };
 
-// One thing that a rule says. A rule that says several makes several verdicts, in its order. Texts live as long as
-// the rule set.
+// One result of a rule. A rule with several results makes several verdicts, in its order. The texts live as long as the
+// rule set.
 struct Verdict {
   enum class Log { kNothing, kRaise, kWithdraw, kWithdrawAny };
 
@@ -32,10 +32,10 @@ struct Verdict {
   int changed = -1;
   std::string becomes;  // its text
   int item = -1;        // of a list: select this item, as a user would; -1 sets the text alone
-  std::string message;  // that tells the user of it
+  std::string message;  // shown to the user
 };
 
-// A group that met a fault ended there; the verdicts before it stand, and the next group was judged.
+// A group of rules that ended with a fault; its earlier verdicts remain, and the next group was judged.
 struct GroupFault {
   std::size_t before = 0;  // the fault came before the verdict of this number
   Fault fault;
@@ -51,21 +51,23 @@ struct Verdicts {
   }
 };
 
-// What the rules of the mode say to the record. The view takes what they change, so a later rule reads it.
+// Judges the record by the rules of the mode. Changes that a rule makes are put into the view, so that later rules read
+// them.
 void Judge(const RuleSet& rules, Mode mode, RecordView& view, const Context& context, Verdicts& verdicts);
 Verdicts Judge(const RuleSet& rules, Mode mode, RecordView view, const Context& context);
 
 // Whether a verdict that withdraws takes a finding of that text away.
 bool Withdraws(const Verdict& verdict, std::string_view text);
 
-// A finding that stands after the verdicts, in a log that held none.
+// A finding that remains after the verdicts, for a log that held none.
 struct JudgedFinding {
   int field = -1;
   std::string_view tag, text, expected;
 };
 std::vector<JudgedFinding> StandingFindings(const Verdicts& verdicts);
 
-// What the rule wants that raises this text under this tag; empty when none does or it has no words for it.
+// What the rule expects ("0 to 744") that raises this text under this tag; empty when there is no such rule, or it has
+// no words for it.
 std::string_view ExpectedOf(const RuleSet& rules, std::string_view tag, std::string_view text);
 
 // Tags are equal without regard to case and to blanks at the end.
@@ -102,7 +104,7 @@ class Judging {
   void Mark(merlu::Mark mark);
   void MarkEither(bool failed) { Mark(failed ? merlu::Mark::kFlag : merlu::Mark::kPlain); }
   void Become(std::string text);
-  // A list takes its text, or that item; the user is told.
+  // Sets a list to the text, or to the item, and adds the message for the user.
   void FallBack(int list, std::string text, int item, std::string message);
 
   // The next ones are kept under another tag than the field's, and are no tip of it.

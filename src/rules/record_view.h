@@ -58,7 +58,7 @@ class RecordView {
   bool IsChecked(std::string_view control) const { return IsChecked(fields_->At(control)); }
 
   void SetText(int field, std::string_view text);
-  // The number's text is made when somebody asks for it.
+  // The text of a number is made on demand.
   void SetNumber(int field, double number);
   void SetChecked(int field, bool checked) { At(field).checked = checked; }
   // Empties all fields.
@@ -79,7 +79,7 @@ class RecordView {
   std::vector<Content> values_;
 };
 
-// The record as it stands on its form.
+// The record as its form shows it.
 RecordView ViewOfForm(const RecordFields& fields, const Form& form);
 
 }  // namespace merlu

@@ -34,16 +34,16 @@ struct CheckSpec {
   double low = 0, high = 0;  // both inclusive
   bool has_low = false, has_high = false;
   bool only_if_filled = false;     // a blank field is not looked at
-  Test looks_when;                 // while it does not hold the check says nothing
+  Test looks_when;                 // the check is skipped while it does not hold
   bool needs_month = false;        // nor does it when the structure's month is not found
   Test fails_when;                 // while it does not hold the value passes
   std::string text;                // of the finding, for a check that is no primitive
-  std::string expected;            // what the check wants of the value: "0 to 744", "at least 0", "required"
+  std::string expected;            // what the check expects of the value: "0 to 744", "at least 0", "required"
   std::vector<std::string> reads;  // the other fields that it looks at
   std::vector<int> places;         // of `reads`, in the rule's set
   Test passed_unless;              // while it does not hold the field only looks passed, and its finding stays
 
-  // What of all this the check tests by itself, in words.
+  // The part of the condition that the check itself tests, in words.
   std::string OwnConditions() const;
 };
 

@@ -8,6 +8,7 @@
 #include "forms/grid_model.h"
 #include "script/player.h"
 #include "script/words.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
@@ -122,7 +123,7 @@ std::pair<Form*, Control*> Player::Look(const std::string& name) {
 void Player::Start(const Words& words) {
   if (session_.desk.Dialog() != nullptr) Fail("a dialog is open");
   if (session_.editing) Fail("an edit is open");
-  if (words.size() > 1) Plainly(session_, [&] { settings_.Store(kSettingSection, kSettingPath, words[1]); });
+  if (words.size() > 1) Plainly(session_, [&] { StoreSetting(kSettingSection, kSettingPath, words[1]); });
   if (session_.main != nullptr && !session_.ended) CloseMainWindow(session_);
   Main(session_);
 }
@@ -147,8 +148,8 @@ void Player::ListTree(const Words&) {
 }
 
 void Player::Select(const Words& words) {
-  const auto [form, tree] = Look("tvwTree");
-  Done("tvwTree", WhyNot(session_.desk, *form, *tree, true));
+  const auto [form, tree] = Look(names::tvwTree);
+  Done(names::tvwTree, WhyNot(session_.desk, *form, *tree, true));
   const int node = session_.tree.Find(words[1]);
   if (node < 0) Fail("unknown node \"" + words[1] + "\"");
   ClickNode(session_, node);

@@ -43,11 +43,11 @@ bool IsSkipped(const std::string& line) {
 }  // namespace
 
 Player::Player(std::istream& in, std::ostream& out, const PlayOptions& options)
-    : in_(in),
+    : RealHost(options.settings_file),
+      in_(in),
       out_(out),
       stop_on_error_(options.stop_on_error),
       wait_(options.wait),
-      settings_(options.settings_file),
       clock_(options.clock) {}
 
 int Player::Run() {
@@ -178,38 +178,7 @@ void Player::RunModal(Form& form) {
 }
 
 DateTime Player::Now() {
-  if (clock_) return *clock_;
-  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm local{};
-  localtime_r(&now, &local);
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
-}
-
-std::string Player::Setting(const std::string& section, const std::string& key) {
-  return settings_.Value(section, key);
-}
-
-void Player::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
-  settings_.Store(section, key, value);
-}
-
-std::string Player::ProgramFolder() {
-  return ProgramFiles().folder;
-}
-bool Player::IsInstalled() {
-  return ProgramFiles().installed;
-}
-std::string Player::DataFolder() {
-  return UserDataFolder();
-}
-
-void Player::WriteReport(const InventoryReport& report, const std::string& path,
-                         const std::function<void(int done, int total)>& progress) {
-  WriteReportPdf(report, path, progress);
-}
-
-void Player::WriteHandInReport(const HandInReport& report, const std::string& path) {
-  WriteHandInPdf(report, path);
+  return clock_ ? *clock_ : RealHost::Now();
 }
 
 void Player::Print(const Form& form) {
@@ -218,10 +187,6 @@ void Player::Print(const Form& form) {
 
 void Player::OpenDocument(const std::string& path) {
   reply_.opened.push_back(path);
-}
-
-std::uint64_t Player::FreeBytes(const std::string& folder) {
-  return merlu::FreeBytes(folder);
 }
 
 }  // namespace merlu

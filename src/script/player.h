@@ -9,8 +9,7 @@
 #include <vector>
 
 #include "forms/platform.h"
-#include "forms/review_ports.h"
-#include "host/settings_store.h"
+#include "host/real_host.h"
 #include "script/json_views.h"
 #include "session/session.h"
 
@@ -26,7 +25,7 @@ struct PlayOptions {
 
 // The platform of a script: boxes and dialogs are answered from queues, nothing is painted. A dialog runs
 // the commands that follow until it closes.
-class Player : public Platform, public HandInPrinter {
+class Player : public Platform, public RealHost {
  public:
   Player(std::istream& in, std::ostream& out, const PlayOptions& options);
 
@@ -44,15 +43,6 @@ class Player : public Platform, public HandInPrinter {
   void SetBusy(bool) override {}
   void Beep() override {}
   DateTime Now() override;
-  std::string Setting(const std::string& section, const std::string& key) override;
-  void StoreSetting(const std::string& section, const std::string& key, const std::string& value) override;
-  std::string ProgramFolder() override;
-  bool IsInstalled() override;
-  std::string DataFolder() override;
-  std::uint64_t FreeBytes(const std::string& folder) override;
-  void WriteReport(const InventoryReport& report, const std::string& path,
-                   const std::function<void(int done, int total)>& progress) override;
-  void WriteHandInReport(const HandInReport& report, const std::string& path) override;
   void Print(const Form& form) override;
   void OpenDocument(const std::string& path) override;
 
@@ -68,7 +58,7 @@ class Player : public Platform, public HandInPrinter {
   void Dispatch(const Words& words);
   [[noreturn]] void Fail(const std::string& why);
   std::string NextFile();
-  // The command could not be done as it was meant; the first reason is told.
+  // Marks the command as failed; the first reason is reported.
   void Complain(const std::string& what);
 
   // Brings the screens that were never shown into being, so that their controls are known; they stay unloaded.
@@ -107,7 +97,6 @@ class Player : public Platform, public HandInPrinter {
   std::ostream& out_;
   bool stop_on_error_;
   std::function<bool(int)> wait_;
-  SettingsStore settings_;
   std::optional<DateTime> clock_;
   Session session_{*this};
   std::deque<Button> answers_;

@@ -1,10 +1,11 @@
 #include "session/act.h"
 
+#include "base/host.h"
 #include "history/backups.h"
 #include "session/folders.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/place.h"
-#include "store/file_note.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -13,7 +14,7 @@ namespace {
 StepTitle TitleOf(Session& s, const std::string& what) {
   StepTitle title;
   title.when = StoredDate(s.platform.Now());
-  title.who = UserName();
+  title.who = host::UserName();
   title.what = what;
   title.from = title.to = PackLocation(s.current, s.mode);
   return title;
@@ -75,8 +76,8 @@ void ShowUndoCommands(Session& s) {
   } catch (const Fault&) {
     // a companion that cannot be read now offers nothing
   }
-  ShowCommand(s, "mnuEUndo", "Undo", undo);
-  ShowCommand(s, "mnuERedo", "Redo", redo);
+  ShowCommand(s, names::mnuEUndo, "Undo", undo);
+  ShowCommand(s, names::mnuERedo, "Redo", redo);
 }
 
 void OpenCompanion(Session& s) {

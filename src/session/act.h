@@ -9,12 +9,13 @@ namespace merlu {
 
 class Act {
  public:
-  // `what` is what Undo calls it: "Save". It belongs to the place where the user stands.
+  // `what` is the caption of its undo: "Save". The step belongs to the user's present place.
   Act(Session& s, const std::string& what);
-  // To a place of its own, where redo leads to.
+  // The same at another place, where redo leads to.
   Act(Session& s, const std::string& what, const std::string& place, const QCLocation& to);
   ~Act();
-  // No: there was no backup to be had, and the user does not want to go on without. Nothing is to be written then.
+  // False when the backup before it failed and the user does not want to continue without. Nothing must be written
+  // then.
   bool MayWrite() const { return may_write_; }
   Act(const Act&) = delete;
   Act& operator=(const Act&) = delete;
@@ -29,9 +30,9 @@ void ShowUndoCommands(Session& s);
 
 // Makes a backup of the open file; faults are thrown.
 void BackUp(Session& s, const std::string& why);
-// The same before an act. One that cannot be made is told, and the user is asked whether to go on; false: no.
+// The same before an act. When it fails the user is asked whether to continue; false: no.
 bool BackUpOrAsk(Session& s, const std::string& why);
-// Before the first write of a day. A file that another program holds is no matter for a question: the write tells it.
+// Before the first write of a day. Asks nothing when another program holds the file, as the write itself reports that.
 bool BackUpOnceADay(Session& s);
 
 // Has the companion take part in what is written to the open file.

@@ -1,4 +1,4 @@
-// Where the user stands, and where a finding sits.
+// The user's place in the inventory, which is also the place of a finding.
 #pragma once
 
 #include <string>
@@ -28,8 +28,8 @@ struct QCLocation {
   bool Is(const char* wanted) const { return Level == wanted; }
 };
 
-// Descriptions hold for the whole year and are edited in DESC; a month's activity is edited in ACTV.
-// kNone stands before a database is open.
+// Descriptions are valid for the whole year and are edited in DESC; a month's activity is edited in ACTV. kNone until a
+// database is open.
 enum class Mode { kNone, kDesc, kActv };
 
 inline const char* ModeText(Mode mode) {

@@ -27,12 +27,12 @@ Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons,
 }
 
 void TellFault(Session& s, const Fault& fault) {
-  ++s.faults_told;
+  ++s.faults_shown;
   Tell(s, fault.description + " " + std::to_string(fault.number));
 }
 
 void TellFaultNumberFirst(Session& s, const Fault& fault) {
-  ++s.faults_told;
+  ++s.faults_shown;
   Tell(s, std::to_string(fault.number) + " " + fault.description);
 }
 

@@ -56,9 +56,8 @@ class Busy {
   Session& s_;
 };
 
-// The wait screen: shown, told of progress, gone when the record goes out of scope. It is painted at most
-// a few times a second, so telling it often costs nothing. On a small inventory work is done before a screen could be
-// read, so there it shows only when the work goes on.
+// The wait screen: shown, updated with progress, and hidden at the end. It is painted at most a few times a second, so
+// frequent calls of Progress are cheap. For work that ends before it could be read it is not shown at all.
 void ShowWait(Session& s, const std::string& title, const std::string& text);
 void Progress(Session& s, const std::string& text, int done, int total);
 void HideWait(Session& s);

@@ -1,5 +1,5 @@
-// The keys of tree nodes. Every field is right-justified with leading blanks to its width, and the length of
-// a key tells its level, so a location can be read back from the key alone.
+// The keys of tree nodes. Every field is right-justified with leading blanks to its width, and the length of a key
+// gives its level, so a location can be read back from the key alone.
 //
 //   activity:     K UUUUU MM YYYY CCCCCCC SS TTT EEEEEEEE
 //   description:  K UUUUU         CCCCCCC SS TTT EEEEEEEE

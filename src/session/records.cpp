@@ -6,6 +6,7 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "session/messages.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
@@ -71,7 +72,7 @@ std::int64_t KeyAfter(std::int64_t highest) {
 
 void RequireKeys(std::int64_t last_used, std::int64_t count) {
   if (last_used > kLastKey - count)
-    throw Fault(fault_number::kSubscript, "MERLU store", "There is no free key left in the database.");
+    throw Fault(fault_number::kSubscript, kStoreSource, "There is no free key left in the database.");
 }
 
 bool MoveToPDRecord(Session& s, std::int64_t id) {

@@ -1,5 +1,5 @@
-// Finding the rows of the hierarchy, and the keys of new ones. The session's current keys are kept in step
-// with the rows that the cursors stand on.
+// Finding the rows of the hierarchy, and the keys of new ones. The session's current keys always match the rows of the
+// cursors.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 
 namespace merlu {
 
-// Each moves its cursor to the row and sets the session's current key. When the cursor stands on the row
-// already nothing moves. Without the row: a message ("Platform Desc ID 7 not found!"), false, and no
-// current row. A fault goes to the plain handler, and the result is false.
+// Each moves its cursor to the row and sets the session's current key; nothing moves when the cursor is there already.
+// If the row is missing: a message ("Platform Desc ID 7 not found!"), false, and no current row. A fault is shown by
+// the plain handler, and the result is false.
 bool MoveToPDRecord(Session& s, std::int64_t PD_ID_AK);
 bool MoveToPARecord(Session& s, std::int64_t SA_ID_AK);
 bool MoveToPAActvRecordByMo(Session& s, std::int64_t PD_ID_AK, int month, int year);
@@ -22,19 +22,19 @@ bool MoveToEARecord(Session& s, std::int64_t EA_ID_AK);
 // `ea_table`; no ea_table for fugitives), the structure's row and, in activity mode, its month. False when
 // one is missing.
 bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed_table, std::string_view ea_table);
-// Whether the equipment has rows in the type's own tables; no ea_table when only the description is asked for.
-// Brings their cursors to the rows and leaves the current keys.
+// Whether the equipment has rows in the type's own tables; without ea_table only the description counts. Moves their
+// cursors to the rows and leaves the current keys.
 bool HasTypeRows(Session& s, std::string_view ed_table, std::int64_t ED_ID_AK, std::string_view ea_table,
                  std::int64_t EA_ID_AK);
 // The current structure's rows: the description and, in activity mode, the month by its key.
 bool FindStructureRecord(Session& s);
 bool FindOperatorRecord(Session& s);
 
-// A fault while another program holds the file: whether what was read before is still true cannot be told then.
+// A fault while another program holds the file: it is unknown then whether what was read before is still true.
 void RequireReadable(Session& s);
 
-// The keys of the current rows, as they were before work that makes new ones: put back when it ends in a fault,
-// so that the record that shows is still the one that a save goes to.
+// Keeps the keys of the current rows during work that makes new ones, and restores them when it ends with a fault, so
+// that a save still goes to the record that is shown.
 class CurrentKeys {
  public:
   explicit CurrentKeys(Session& s);
@@ -51,12 +51,12 @@ class CurrentKeys {
   bool done_ = false;
 };
 
-// The inventory year and the last month, brought to what the file says now: another program may have added one.
+// Reads the inventory year and the last month from the file: another program may have added a month.
 void ReadMonths(Session& s);
 
 // The key after the highest one in use. Keys are 32-bit: past the last one a Fault (kSubscript).
 std::int64_t KeyAfter(std::int64_t highest);
-// The same Fault when there are not so many keys behind that one.
+// The same Fault when fewer than `count` keys are left after `last_used`.
 void RequireKeys(std::int64_t last_used, std::int64_t count);
 
 // Keys are the highest in use plus 1. MaxEAId is the highest itself, for callers that add 1 before each row.

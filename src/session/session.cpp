@@ -1,12 +1,13 @@
 #include "session/session.h"
 
 #include "base/fault.h"
+#include "store/engine.h"
 
 namespace merlu {
 
 Cursor& Cursors::At(std::string_view table) {
   const auto found = by_table_.find(table);
-  if (found == by_table_.end()) throw Fault(fault_number::kNotSet, "MERLU store", "No inventory is open.");
+  if (found == by_table_.end()) throw Fault(fault_number::kNotSet, kStoreSource, "No inventory is open.");
   return *found->second;
 }
 

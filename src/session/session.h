@@ -41,7 +41,7 @@ inline constexpr std::size_t kPageMemorySize = 19;  // type numbers 0 to 18
 using PageMemory = std::array<std::uint8_t, kPageMemorySize>;
 
 struct Session {
-  explicit Session(Platform& platform) : platform(platform) {}
+  explicit Session(Platform& front_end) : platform(front_end) {}
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
@@ -64,32 +64,32 @@ struct Session {
   Database db;
   FileNote note;             // that this run has the file open
   Companion companion;       // what is kept beside the file
-  std::string unbacked_day;  // the user goes on without a backup on that day
+  std::string unbacked_day;  // date on which the user chose to continue without a backup
   Database exchange;         // a second file: what an export writes, or an import reads
   Cursors cursors;
   int year = 0;        // sys_yr
   int last_month = 0;  // SYS_MAX_MO
 
-  // Where the user stands
+  // The user's place
   QCLocation current, last_desc, last_actv;
   std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;  // rows of the hierarchy cursors
   std::string node_status;            // of the selected structure month: "A", "I" or empty
   std::string status_text;            // what the status bar shows: the path of the selected node
-  std::string message;                // what it last said of an act: "Saved", "Edit dropped"
+  std::string message;                // the status bar's message on the last act: "Saved", "Edit dropped"
   int findings = 0, unexplained = 0;  // of the place, as it shows them
   QCLocation status_of{};             // what these three were last counted for
   std::int64_t status_changes = -1;
   bool checked = true;  // false where no run has been since the last save
-  // Descriptions of equipment (ED_ID_AK) that a run has judged since their last save: they have no date that tells it.
+  // Descriptions of equipment (ED_ID_AK) that were judged since their last save: descriptions have no date of last QC.
   std::set<std::int64_t> checked_descriptions;
 
   // The edit
   bool editing = false;
   bool unreadable = false;     // the record that shows could not be read: no edit, no save, no run
-  int faults_told = 0;         // by messages: a load that told of one has not read its record
+  int faults_shown = 0;        // counted by messages: a load that showed one has not read its record
   Draft draft;                 // what is kept of the edit in case it is interrupted
-  std::int64_t edit_step = 0;  // a look-up list has grown in it: the save goes on with that step
-  bool save_failed = false;    // a save or the first-run dialog was not carried through
+  std::int64_t edit_step = 0;  // step in which this edit added to a look-up list: the save continues that step
+  bool save_failed = false;    // a save or the first-run dialog was not completed
   bool InSaveQC = false;       // the QC run is the one that the save began
   bool EquipmentInactive = false;
   bool StructureInactive = false;

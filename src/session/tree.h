@@ -1,5 +1,5 @@
-// The navigation tree and what stands next to it: the key lists and the tree records. All of it is rebuilt
-// from the tables and never stored.
+// The navigation tree and its companions: the key lists and the tree records. All of it is rebuilt from the tables and
+// never stored.
 #pragma once
 
 #include <cstdint>
@@ -72,9 +72,9 @@ class KeyList {
   TextIndex first_;
 };
 
-// One row per structure node of the activity tree: its row key, node key and status. Rebuilding the tree appends and
-// never empties. Rows stand in the order of TreeTag, older ones before newer ones of one tag, and a find takes the
-// first match, so a row's older copy wins.
+// One row per structure node of the activity tree: its row key, node key and status. Rebuilding the tree appends rows
+// and never clears them. Rows are ordered by TreeTag, older ones first among equal tags, and a find returns the first
+// match, so the older copy of a row wins.
 class TreeRecord {
  public:
   struct Row {

@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "qc/qc_list.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "sheets/blocks/blocks.h"
@@ -51,7 +52,7 @@ void LoadMonth(Session& s, Form& form, const SheetSpec& sheet) {
   Cursor& master = s.At("EA_EQUIP_ACTV");
   const std::string status = NullToEmpty(master.Field("EA_STATUS"));
   form.At(sheet.status_box()).checked = status == "I";
-  form.At("lblNoEmissions").visible = status == "I";
+  form.At(names::lblNoEmissions).visible = status == "I";
   form.At(sheet.comments()).text = NullToEmpty(master.Field("EA_COMNT_TXT"));
   Cursor& row = s.At(sheet.ea_table());
   for (const FieldSpec& field : sheet.fields)
@@ -73,7 +74,7 @@ void SaveMasterRow(Session& s, Form& form, const SheetSpec& sheet, bool after_qc
   master.SetField("EA_STATUS", std::string(inactive ? "I" : "A"));
   if (!after_qc) master.SetField("EA_QC_DT", Null{});
   master.Update();
-  form.At("lblNoEmissions").visible = inactive;
+  form.At(names::lblNoEmissions).visible = inactive;
 }
 
 // Null for a column that the record has no use for.
@@ -152,7 +153,7 @@ void ClearFrame(Session& s, const SheetSpec& sheet) {
     }
     control.checked = false;
   }
-  form.At("lblNoEmissions").visible = false;
+  form.At(names::lblNoEmissions).visible = false;
   SetLabel(form, sheet.date_label(), kNoDate);
   ShowMonthlyBlock(form, sheet, s.InActv());
   auto& available = form.At(sheet.tab()).page_available;
@@ -168,14 +169,14 @@ bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) 
 
 bool LoadFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
-  const int told = s.faults_told;
+  const int faults = s.faults_shown;
   bool found = false;
   OnSheet(s, [&] { found = ShowRecord(s, form, sheet); });
-  const bool read = s.faults_told == told;
+  const bool read = s.faults_shown == faults;
   if (!read || !found) return read;
   const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
   form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
-  if (s.node_status == "I" && s.InActv()) form.At("lblNoEmissions").visible = true;
+  if (s.node_status == "I" && s.InActv()) form.At(names::lblNoEmissions).visible = true;
   LoadQCList(s, sheet);
   return true;
 }
@@ -190,7 +191,7 @@ void LockFrame(Session& s, const SheetSpec& sheet) {
     control.locked = true;
     control.back = Back::kFace;
   }
-  if (sheet.has_activity) form.At("Frame1").visible = false;
+  if (sheet.has_activity) form.At(names::Frame1).visible = false;
   form.At(sheet.list()).back = Back::kFace;
 }
 
@@ -198,7 +199,7 @@ void UnlockFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
   form.At(sheet.comment_button()).enabled = true;
   form.At(sheet.list()).back = Back::kWindow;
-  if (s.InActv()) form.At("Frame1").visible = true;
+  if (s.InActv()) form.At(names::Frame1).visible = true;
   for (Control& control : form.controls())
     if (IsField(control)) LockField(control);
   if (s.InActv() || sheet.comments_unlock_in_desc || !sheet.has_activity) Unlock(form.At(sheet.comments()));

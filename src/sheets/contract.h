@@ -1,8 +1,8 @@
-// What every equipment sheet does, given its table. For a type <TYP> these are its Clear<TYP>Frame,
-// Load<TYP>Frame and so on; the type's own file says where it differs.
+// What every equipment sheet does, given its table. For a type <TYP> these are its Clear<TYP>Frame, Load<TYP>Frame and
+// so on; where a type deviates, its own file says so.
 //
-// The controls hold an edit until it is saved; there is no private copy and no mark of change. Each
-// operation begins by finding the record again, since the cursors are shared.
+// The controls hold an edit until it is saved; there is no private copy and no dirty flag. Each operation begins by
+// finding the record again, since the cursors are shared.
 #pragma once
 
 #include "sheets/spec.h"
@@ -33,8 +33,8 @@ bool LoadFrame(Session& s, const SheetSpec& sheet);
 void LockFrame(Session& s, const SheetSpec& sheet);
 // Makes the fields of the session's mode editable.
 void UnlockFrame(Session& s, const SheetSpec& sheet);
-// Writes the fields of the session's mode. Sets the session's save_failed when that could not be done. A
-// save without a QC run of its own empties the month's date of last QC, since the record then needs one.
+// Writes the fields of the session's mode. Sets the session's save_failed when that fails. A save that is not part of a
+// QC run empties the month's date of last QC, since the record then needs a new run.
 void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc);
 // Fills the list of findings and the date label.
 void LoadQCList(Session& s, const SheetSpec& sheet);

@@ -8,10 +8,9 @@
 
 namespace merlu {
 
-// The number of a numeric text, Null for any other. A thousands comma is numeric, and only what stands
-// before it is stored.
+// The number of a numeric text, Null for any other. With a thousands comma only the digits before it are stored.
 Value FieldNumber(std::string_view text);
-// The text as it stands, Null when empty.
+// The text unchanged, Null when empty.
 Value FieldText(std::string_view text);
 // Null for empty text, otherwise whether it is "YES" in any case.
 Value FieldYesNo(std::string_view text);
@@ -24,7 +23,7 @@ std::string DestinationItem(std::string_view stored);
 // the column of a number, or one that is no item of the list) shows as it is stored.
 std::string ShownText(const FieldSpec& spec, const Value& stored);
 
-// What stands in a field when it is saved.
+// The value of a field as it is saved.
 struct FieldContent {
   std::string_view text;
   bool checked = false;

@@ -6,12 +6,12 @@
 
 namespace merlu {
 
-// Marks the fields, sets their tips and the texts that rules changed, in the order of the verdicts, and tells on the
-// way what the user must know: a destination that fell back (in a box, or in `told`), a fault that ended a group of
-// rules.
+// Marks the fields, sets their tool tips and the texts that rules changed, in the order of the verdicts, and shows the
+// messages of the rules: a destination that fell back (in a box, or appended to `messages`), a fault that ended a group
+// of rules.
 void PaintVerdicts(Session& s, Form& form, const RecordFields& fields, const Verdicts& verdicts,
-                   std::vector<std::string>* told = nullptr);
-// Without a sheet: only what must be told.
+                   std::vector<std::string>* messages = nullptr);
+// Without a sheet: only the messages.
 void TellFaults(Session& s, const Verdicts& verdicts);
 
 }  // namespace merlu

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "qc/comment_dialog.h"
+#include "session/main_names.h"
 #include "sheets/blocks/blocks.h"
 
 namespace merlu {
@@ -59,11 +60,11 @@ std::string MonthlyBlock(const SheetSpec& sheet) {
 void AddStatusAndComments(Form& form, const SheetSpec& sheet) {
   const std::string block = MonthlyBlock(sheet);
   if (sheet.has_activity) {
-    form.Add(Make(Kind::kFrame, "Frame1", "", sheet.tab()));
-    Control status = Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", "Frame1");
+    form.Add(Make(Kind::kFrame, names::Frame1, "", sheet.tab()));
+    Control status = Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", names::Frame1);
     status.block = block;
     form.Add(std::move(status));
-    form.At("Frame1").visible = false;
+    form.At(names::Frame1).visible = false;
   }
   Control label = MakeLabel(sheet.comments_label(), sheet.comments_caption, sheet.tab());
   label.block = block;
@@ -124,10 +125,10 @@ Form& MakeForm(Session& s, const SheetSpec& sheet) {
   if (sheet.has_activity) AddStatusAndComments(form, sheet);
   add(false);
   if (!sheet.has_activity) AddStatusAndComments(form, sheet);
-  form.Add(MakeLabel("lblNoEmissions", "No Emissions to Report", sheet.frame()));
+  form.Add(MakeLabel(names::lblNoEmissions, "No Emissions to Report", sheet.frame()));
   form.Add(MakeLabel(sheet.date_label(), "Date of Last QC:  0/0/00", sheet.frame()));
   AddResultsPage(form, sheet);
-  form.At("lblNoEmissions").visible = false;
+  form.At(names::lblNoEmissions).visible = false;
   form.KeepDesign();
   ConnectEvents(s, form, sheet);
   return form;

@@ -16,7 +16,7 @@ namespace merlu {
 // How a field is kept in its column.
 enum class Stored {
   kNumber,       // the leading number of a numeric text, Null for any other text
-  kText,         // the text as it stands, Null when empty
+  kText,         // the text unchanged, Null when empty
   kYesNo,        // a list of "Yes" and "No" as a yes/no, Null without a choice
   kCode,         // a list's item as its code; without a choice the column stays as it was
   kItemText,     // a list's item as its text, Null without a choice
@@ -42,13 +42,13 @@ struct FieldSpec {
   std::string label;             // name of the caption's control, when it has one
   int page = 0;                  // kOffPage: on no page, so that the user never sees it
   std::string block;             // heading on the page
-  std::string frame;             // frame on the page that holds it, when it stands in one
-  std::string note_label, note;  // a label behind the field, and its text
+  std::string frame;             // frame on the page that holds it, if any
+  std::string note_label, note;  // a label after the field, and its text
   bool free_text = false;        // a list that takes texts that are no item
   bool shows_unlisted = false;   // a stored text that is no item of the list shows, and a save keeps it
   bool any_case = false;         // a stored text is an item of the list without regard to case
   bool loads = true;             // false: a load leaves the field as the clear did
-  bool loads_last = false;       // the sheet's after_load shows the column, behind all others
+  bool loads_last = false;       // the sheet's after_load shows the column, after all others
   int known_items = -1;          // items that a load knows, from the first on; -1 for all
   int fallback = -1;             // item that a load selects for any other value, Null included
   std::string destination;       // of a remote vent or flare: the list whose choice it belongs to
@@ -70,8 +70,8 @@ FieldSpec ItemText(In mode, std::string control, std::string caption, std::strin
 FieldSpec OpenItemText(In mode, std::string control, std::string caption, std::string tag, std::string column,
                        std::vector<std::string> items);
 
-// Fields that are on while a condition holds, and off otherwise. Off is disabled with the read-only
-// background, on is enabled with the editable one. Texts stay unless `empties` says so.
+// Fields that are on while a condition holds, and off otherwise. Off is disabled with the read-only background, on is
+// enabled with the editable one. Texts are kept unless `empties` is set.
 struct Enabling {
   enum class At { kUnlock, kClick, kBoth };
   enum class Does { kEnable, kLock, kEnableAndLock };
@@ -117,7 +117,7 @@ struct SheetSpec {
   // Deviations of the type, run at the end of the step that they are named after
   using Step = std::function<void(Session&, Form&)>;
   Step after_clear, after_load;
-  Step connect;  // events of its own
+  Step connect;  // additional event handlers
   std::function<void(Session&, QCLocation&)> before_rules;
 
   std::string form() const { return "frm" + letters; }

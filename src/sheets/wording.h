@@ -12,8 +12,8 @@ namespace merlu {
 // name when it is no field.
 std::string CaptionOf(const std::vector<FieldSpec>& fields, const std::string& control);
 
-// A condition speaks of fields by their control names; readers know them by their captions, which stand between
-// the two marks.
+// A condition refers to fields by their control names. For readers these become the captions, which are put between the
+// two marks.
 struct CaptionMarks {
   std::string open, close;
   bool typeset = false;  // bare captions, and quotes in pairs
@@ -23,7 +23,7 @@ std::string ConditionText(const std::vector<FieldSpec>& fields, std::string word
 // What a check demands: "required, 0 to 744".
 std::string DemandText(const CheckSpec& check);
 
-// Without blanks around it and the mark behind it.
+// Without blanks around it and the mark after it.
 std::string BareCaption(const std::string& caption);
 
 }  // namespace merlu

@@ -1,20 +1,22 @@
 #include "shell/backup_dialog.h"
 
+#include "base/host.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "history/backups.h"
 #include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
 #include "session/place.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/undo.h"
-#include "store/file_note.h"
 #include "store/files.h"
 
 namespace merlu {
 namespace {
 
-constexpr const char* kList = "lvwBAK_List";
+constexpr const char* kList = names::lvwBAK_List;
 
 std::string Count(Database& db, const char* sql) {
   return std::to_string(ToInteger(db.Single(sql)));
@@ -55,7 +57,7 @@ void Make(Session& s, Form& form) {
 StepTitle RestoreTitle(Session& s, const Backup& backup) {
   StepTitle title;
   title.when = StoredDate(s.platform.Now());
-  title.who = UserName();
+  title.who = host::UserName();
   title.what = "Backup restored";
   title.place = "Backup of " + StoredDate(backup.when);
   title.from = title.to = PackLocation(s.current, s.mode);
@@ -87,16 +89,16 @@ void Restore(Session& s, Form& form) {
 }  // namespace
 
 Form& BackupDialog(Session& s) {
-  return DialogForm(s, "frmBackups", "Backups", [&s](Form& form) {
+  return DialogForm(s, names::frmBackups, "Backups", [&s](Form& form) {
     AddListView(form, kList, "Backups", {"When", "Why", "Size", "Months", "Structures", "Equipment"},
                 std::make_shared<RowsModel>())
         .many = false;
-    AddButton(form, "cmdBAK_Make", "Back Up Now");
-    AddButton(form, "cmdBAK_Restore", "Restore...");
-    AddButton(form, "cmdClose", "Close");
-    form.cancel_button = "cmdClose";
-    form.On("cmdBAK_Make", Event::kClick, [&s, &form] { Make(s, form); });
-    form.On("cmdBAK_Restore", Event::kClick, [&s, &form] { Restore(s, form); });
+    AddButton(form, names::cmdBAK_Make, "Back Up Now");
+    AddButton(form, names::cmdBAK_Restore, "Restore...");
+    AddButton(form, names::cmdClose, "Close");
+    form.cancel_button = names::cmdClose;
+    form.On(names::cmdBAK_Make, Event::kClick, [&s, &form] { Make(s, form); });
+    form.On(names::cmdBAK_Restore, Event::kClick, [&s, &form] { Restore(s, form); });
   });
 }
 

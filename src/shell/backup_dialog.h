@@ -1,4 +1,4 @@
-// The list of backups, and what is made or brought back there.
+// The dialog with the list of backups: make one, restore one.
 #pragma once
 
 #include "session/session.h"

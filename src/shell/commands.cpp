@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "forms/dialog_buttons.h"
+#include "session/main_names.h"
 #include "shell/status.h"
 
 namespace merlu {
@@ -77,32 +79,32 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"mnuFile", Always, NotEditing},
-    {"mnuEdit", Always, NotEditing},
-    {"mnuRFind", nullptr, NotEditing},
-    {"mnuRHistory", nullptr, NotEditing},
-    {"tvwTree", Always, NotEditing},
-    {"cmdEditMode", Always, NotEditing},
-    {"cmdUSER_AddStructure", InDesc, NotEditing},
-    {"cmdUSER_AddSurvey", nullptr, NotEditing},
-    {"cmdSTRUCTURE_AddEquip", Always, NotEditing},
-    {"cmdEdit", CanBeginEdit, CanBeEdited},
-    {"cmdSaveExit", Editing, nullptr},
-    {"cmdSaveEdits", Editing, nullptr},
-    {"cmdCANCEL", Editing, nullptr},
-    {"cmdQC", CanBeJudged, nullptr},
-    {"mnuFQC", nullptr, CanBeJudged},
-    {"mnuENewSurvey", InActv, MayAddMonth},
-    {"mnuENewStructure", InDesc, MayAddStructure},
-    {"mnuENewEquipment", OffersEquipment, MayAddEquipment},
-    {"mnuEDelete", InDesc, CanBeDeleted},
-    {"mnuEditBar", InDesc, CanBeDeleted},
-    {"mnuFExport", HasWhatGoesOut, nullptr},
-    {"mnuFExportInventory", HasWhatGoesOut, nullptr},
-    {"frmInvQCPrint", HasWhatGoesOut, nullptr},
-    {"mnuFWorkbookMake", nullptr, InActv},
-    {"mnuFWorkbookRead", nullptr, InActv},
-    {"txtTREE_Filter", nullptr, NotEditing},
+    {names::mnuFile, Always, NotEditing},
+    {names::mnuEdit, Always, NotEditing},
+    {names::mnuRFind, nullptr, NotEditing},
+    {names::mnuRHistory, nullptr, NotEditing},
+    {names::tvwTree, Always, NotEditing},
+    {names::cmdEditMode, Always, NotEditing},
+    {names::cmdUSER_AddStructure, InDesc, NotEditing},
+    {names::cmdUSER_AddSurvey, nullptr, NotEditing},
+    {names::cmdSTRUCTURE_AddEquip, Always, NotEditing},
+    {names::cmdEdit, CanBeginEdit, CanBeEdited},
+    {names::cmdSaveExit, Editing, nullptr},
+    {names::cmdSaveEdits, Editing, nullptr},
+    {names::cmdCANCEL, Editing, nullptr},
+    {names::cmdQC, CanBeJudged, nullptr},
+    {names::mnuFQC, nullptr, CanBeJudged},
+    {names::mnuENewSurvey, InActv, MayAddMonth},
+    {names::mnuENewStructure, InDesc, MayAddStructure},
+    {names::mnuENewEquipment, OffersEquipment, MayAddEquipment},
+    {names::mnuEDelete, InDesc, CanBeDeleted},
+    {names::mnuEditBar, InDesc, CanBeDeleted},
+    {names::mnuFExport, HasWhatGoesOut, nullptr},
+    {names::mnuFExportInventory, HasWhatGoesOut, nullptr},
+    {names::frmInvQCPrint, HasWhatGoesOut, nullptr},
+    {names::mnuFWorkbookMake, nullptr, InActv},
+    {names::mnuFWorkbookRead, nullptr, InActv},
+    {names::txtTREE_Filter, nullptr, NotEditing},
 };
 
 void SetCaptions(Session& s) {
@@ -110,8 +112,8 @@ void SetCaptions(Session& s) {
   const bool desc = s.InDesc();
   main.caption = std::string("RIMA Pelagic Field Reporting Suite (MERLU-2017) - ") +
                  (desc ? "Description Edit Mode" : "Activity Edit Mode");
-  main.At("mnuSetEditMode").caption = desc ? "Change to Activity Edit Mode" : "Change to Description Edit Mode";
-  main.At("cmdEditMode").caption = desc ? "Edit Activity Data" : "Edit Description Data";
+  main.At(names::mnuSetEditMode).caption = desc ? "Change to Activity Edit Mode" : "Change to Description Edit Mode";
+  main.At(names::cmdEditMode).caption = desc ? "Edit Activity Data" : "Edit Description Data";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// What the commands of the main window are: shown, enabled, called. One function of where the user stands and what he
-// is doing; nothing else sets them.
+// The commands of the main window: whether each is shown, enabled and checked, as one function of the user's place and
+// of what is being done. Nothing else sets these flags.
 #pragma once
 
 #include "session/session.h"

@@ -6,6 +6,8 @@
 #include "base/text.h"
 #include "forms/dialog.h"
 #include "review/completeness.h"
+#include "session/main_names.h"
+#include "shell/dialog_names.h"
 #include "shell/docks.h"
 #include "shell/findings_dock.h"
 #include "shell/navigation.h"
@@ -13,9 +15,9 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kForm = "frmCompleteness";
-constexpr const char* kShow = "cmbCMP_Show";
-constexpr const char* kGrid = "grdCMP_Matrix";
+constexpr const char* kForm = names::frmCompleteness;
+constexpr const char* kShow = names::cmbCMP_Show;
+constexpr const char* kGrid = names::grdCMP_Matrix;
 constexpr const char* kCount = "lblCMP_Count";
 constexpr const char* kStructures = "Structures";
 
@@ -100,7 +102,7 @@ void PickCell(Form& dock, int row, int column) {
 
 Form& MakeDock(Session& s) {
   Form& dock = s.desk.Own(std::make_unique<Form>(kForm, "Completeness"));
-  dock.dock = "mnuRCompleteness";
+  dock.dock = names::mnuRCompleteness;
   AddList(dock, kShow, "Show:", {kStructures});
   AddGrid(dock, kGrid, "Completeness", std::make_shared<CompletenessModel>());
   AddLabel(dock, kCount, "");

@@ -8,8 +8,8 @@
 
 namespace merlu {
 
-// The dialog of that name with its design state. `make` puts its controls in at the first call, and says what
-// they do; its cancel button hides it.
+// The dialog of that name with its design state. At the first call `make` adds its controls and handlers; its cancel
+// button hides it.
 template <typename Make>
 Form& DialogForm(Session& s, const char* name, const char* caption, Make&& make) {
   Form* found = s.desk.Find(name);

@@ -5,8 +5,10 @@
 
 #include "base/text.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "history/backups.h"
 #include "records/equipment_record.h"
+#include "records/operator_names.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
@@ -17,6 +19,7 @@
 #include "session/records.h"
 #include "shell/backup_dialog.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/draft.h"
 #include "shell/file_life.h"
 #include "shell/history_dialog.h"
@@ -42,21 +45,21 @@ void Preset(Form& form, const char* name, const std::string& text) {
 // ---- the first run ----
 
 Form& NewUserDialog(Session& s) {
-  return DialogForm(s, "frmNewUser", "New User", [&s](Form& form) {
+  return DialogForm(s, names::frmNewUser, "New User", [&s](Form& form) {
     AddLabel(form, "lblHeading", "Please enter your User Information");
     AddLabel(form, "lblNote", "Only the owner/lessees can be listed as the Registered User");
-    AddText(form, "txtUserID", "RIMA Company No*:", kOperatorLimit).note = "lblUserIDNote";
+    AddText(form, names::txtUserID, "RIMA Company No*:", kOperatorLimit).note = "lblUserIDNote";
     AddLabel(form, "lblUserIDNote", "(5 characters or less)");
-    AddText(form, "txtUSER_InvYr", "Inventory Year*:").text = "2017";
+    AddText(form, names::txtUSER_InvYr, "Inventory Year*:").text = "2017";
     PutOperatorFields(form, "");
     AddLabel(form, "lblLegend", "* = Required Information");
     AddButton(form, "cmdOpenExisting", "Open Existing Inventory...");
-    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
+    AddDialogButtons(form, names::cmdOK, names::cmdCANCEL);
     form.On("cmdOpenExisting", Event::kClick, [&s, &form] {
       s.open_other = ChooseDatabase(s);
       if (s.open_other) s.desk.Hide(form);
     });
-    form.On("cmdOK", Event::kClick, [&s, &form] {
+    form.On(names::cmdOK, Event::kClick, [&s, &form] {
       if (!ValidateNewOperator(s, form)) return;
       if (!Plainly(s, [&] { NewOperatorRow(s, form); })) return;
       s.save_failed = false;
@@ -73,11 +76,11 @@ struct Needed {
 };
 
 constexpr std::array<Needed, 5> kStructureFields = {{
-    {"txtComplxID", "Please supply a valid RIMA Complex ID (7 chars)"},
-    {"txtStructID", "Please supply a valid RIMA Structure ID (2 chars)"},
-    {"txtArea", "Please supply a valid Area"},
-    {"txtBlock", "Please supply a valid Block"},
-    {"txtName", "Please supply a valid Name"},
+    {names::txtComplxID, "Please supply a valid RIMA Complex ID (7 chars)"},
+    {names::txtStructID, "Please supply a valid RIMA Structure ID (2 chars)"},
+    {names::txtArea, "Please supply a valid Area"},
+    {names::txtBlock, "Please supply a valid Block"},
+    {names::txtName, "Please supply a valid Name"},
 }};
 
 void Refuse(Session& s, Form& form, const char* control, const char* message) {
@@ -119,15 +122,16 @@ bool AddStructure(Session& s, const NewStructure& structure) {
 void MakeStructure(Session& s, Form& form) {
   for (const Needed& field : kStructureFields)
     if (Trim(form.At(field.control).text).empty()) return Refuse(s, form, field.control, field.message);
-  const NewStructure structure{Trim(form.At("txtComplxID").text), Trim(form.At("txtStructID").text),
-                               form.At("txtArea").text, form.At("txtBlock").text, form.At("txtName").text};
+  const NewStructure structure{Trim(form.At(names::txtComplxID).text), Trim(form.At(names::txtStructID).text),
+                               form.At(names::txtArea).text, form.At(names::txtBlock).text,
+                               form.At(names::txtName).text};
   if (!BackUpOnceADay(s)) return;
   Plainly(s, [&] {
     CurrentKeys keys(s);  // what shows keeps its record until the new node shows
     if (!AddStructure(s, structure)) {
-      Refuse(s, form, "txtStructID",
+      Refuse(s, form, names::txtStructID,
              "This Complex/Structure ID already exists. Please enter unique Complex/Structure ID.");
-      form.At("txtStructID").text.clear();
+      form.At(names::txtStructID).text.clear();
       return;
     }
     s.desk.Hide(form);
@@ -202,38 +206,38 @@ std::vector<std::string> TypeNames() {
 }
 
 Form& NewStructureDialog(Session& s) {
-  return DialogForm(s, "frmNewStructure", "New Structure", [&s](Form& form) {
-    AddText(form, "txtUserID", "RIMA Company No:");
-    AddText(form, "txtComplxID", "RIMA Complex ID (5 chars):", kComplexLimit);
-    AddText(form, "txtStructID", "RIMA Structure ID (2 chars):", kStructureLimit);
-    AddText(form, "txtArea", "Area:");
-    AddText(form, "txtBlock", "Block:");
-    AddText(form, "txtName", "Name:");
-    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
-    form.On("cmdOK", Event::kClick, [&s, &form] { MakeStructure(s, form); });
+  return DialogForm(s, names::frmNewStructure, "New Structure", [&s](Form& form) {
+    AddText(form, names::txtUserID, "RIMA Company No:");
+    AddText(form, names::txtComplxID, "RIMA Complex ID (5 chars):", kComplexLimit);
+    AddText(form, names::txtStructID, "RIMA Structure ID (2 chars):", kStructureLimit);
+    AddText(form, names::txtArea, "Area:");
+    AddText(form, names::txtBlock, "Block:");
+    AddText(form, names::txtName, "Name:");
+    AddDialogButtons(form, names::cmdOK, names::cmdCANCEL);
+    form.On(names::cmdOK, Event::kClick, [&s, &form] { MakeStructure(s, form); });
   });
 }
 
 Form& NewEquipmentDialog(Session& s) {
-  return DialogForm(s, "frmNewEquipment", "New Equipment", [&s](Form& form) {
-    AddText(form, "txtUserID", "RIMA Company No:");
-    AddText(form, "txtComplxID", "RIMA Complex ID:");
-    AddText(form, "txtStructID", "RIMA Structure ID:");
+  return DialogForm(s, names::frmNewEquipment, "New Equipment", [&s](Form& form) {
+    AddText(form, names::txtUserID, "RIMA Company No:");
+    AddText(form, names::txtComplxID, "RIMA Complex ID:");
+    AddText(form, names::txtStructID, "RIMA Structure ID:");
     AddText(form, "txtEquipID", "Equipment ID (8 chars max):", kEquipmentLimit);
     AddList(form, "cmbEquipType", "Equipment Type:", TypeNames());
-    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
-    form.On("cmdOK", Event::kClick, [&s, &form] { MakeEquipment(s, form); });
+    AddDialogButtons(form, names::cmdOK, names::cmdCANCEL);
+    form.On(names::cmdOK, Event::kClick, [&s, &form] { MakeEquipment(s, form); });
   });
 }
 
 Form& AboutForm(Session& s) {
-  Form& form = DialogForm(s, "frmAbout", "About MERLU-2017", [&s](Form& about) {
-    AddLabel(about, "lblTitle", s.title);
+  Form& form = DialogForm(s, names::frmAbout, "About MERLU-2017", [&s](Form& about) {
+    AddLabel(about, names::lblTitle, s.title);
     AddLabel(about, "lblDescription", "RIMA Pelagic Field Reporting Suite");
     AddLabel(about, "lblVersion", "Version 1.0.5 November 2016 Update");
     AddLabel(about, "Label1", "Windows XP/Vista/7/8/10");
-    AddButton(about, "cmdOK", "OK");
-    about.default_button = about.cancel_button = "cmdOK";
+    AddButton(about, names::cmdOK, "OK");
+    about.default_button = about.cancel_button = names::cmdOK;
   });
   return form;
 }
@@ -283,7 +287,7 @@ std::vector<std::int64_t> MonthsOf(Session& s, std::int64_t PD_ID_AK) {
 
 bool ShowNewOperator(Session& s, const char* farewell) {
   Form& form = NewUserDialog(s);
-  form.focus = "txtUserID";
+  form.focus = names::txtUserID;
   s.save_failed = true;  // until OK has written the operator
   ShowDialog(s.desk, s.platform, form);
   if (s.save_failed) {
@@ -301,17 +305,17 @@ bool ShowNewOperator(Session& s, const char* farewell) {
 
 void OpenNewStructure(Session& s) {
   Form& form = NewStructureDialog(s);
-  Preset(form, "txtUserID", s.current.UserID);
-  form.focus = "txtComplxID";
+  Preset(form, names::txtUserID, s.current.UserID);
+  form.focus = names::txtComplxID;
   ShowDialog(s.desk, s.platform, form);
 }
 
 void OpenNewEquipment(Session& s) {
   if (!CanUseRecord(s)) return;
   Form& form = NewEquipmentDialog(s);
-  Preset(form, "txtUserID", s.current.UserID);
-  Preset(form, "txtComplxID", s.current.CmplxID);
-  Preset(form, "txtStructID", s.current.StructID);
+  Preset(form, names::txtUserID, s.current.UserID);
+  Preset(form, names::txtComplxID, s.current.CmplxID);
+  Preset(form, names::txtStructID, s.current.StructID);
   form.focus = "txtEquipID";
   ShowDialog(s.desk, s.platform, form);
 }
@@ -369,7 +373,7 @@ void ShowSplash(Session& s) {
 }
 
 void CloseSplash(Session& s) {
-  Form* splash = s.desk.Find("frmAbout");
+  Form* splash = s.desk.Find(names::frmAbout);
   if (splash != nullptr && splash->visible && !splash->modal) s.desk.Hide(*splash);
 }
 

@@ -9,8 +9,8 @@ namespace merlu {
 void ShowDock(Session& s, Form& dock, bool show);
 // What its menu command does.
 void ToggleDock(Session& s, Form& dock);
-// What a dock shows beside its rows (a count, the choices of a list) is brought up to date by this event of a label of
-// its own, which every front end raises after each act.
+// What a dock shows besides its rows (a count, the items of a list) is brought up to date by this event of its own
+// label, which every front end raises after each act.
 inline constexpr Event kRefreshDock = Event::kMoved;
 void RefreshDocks(Session& s);
 // Checks the menu commands of the docks that show and of no others.

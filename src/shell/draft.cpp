@@ -1,12 +1,10 @@
 #include "shell/draft.h"
 
-#include <signal.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <charconv>
 #include <chrono>
 
+#include "base/host.h"
 #include "base/text.h"
 #include "forms/dialog.h"
 #include "history/notes.h"
@@ -16,9 +14,9 @@
 #include "session/place.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/edit_cycle.h"
 #include "shell/navigation.h"
-#include "store/file_note.h"
 
 namespace merlu {
 namespace {
@@ -34,16 +32,16 @@ std::int64_t Milliseconds() {
 }
 
 std::string OwnName() {
-  return MachineName() + " " + std::to_string(::getpid());
+  return host::MachineName() + " " + std::to_string(host::ProcessNumber());
 }
 
 // A program on this machine that still runs keeps its own draft.
 bool IsAnothersAlive(const std::string& owner) {
-  const std::string machine = MachineName() + " ";
+  const std::string machine = host::MachineName() + " ";
   if (!owner.starts_with(machine) || owner == OwnName()) return false;
-  int process = 0;
+  std::int64_t process = 0;
   const auto [end, error] = std::from_chars(owner.data() + machine.size(), owner.data() + owner.size(), process);
-  return error == std::errc() && end == owner.data() + owner.size() && process > 0 && ::kill(process, 0) == 0;
+  return error == std::errc() && end == owner.data() + owner.size() && host::IsRunning(process);
 }
 
 bool TakesText(const Control& control) {
@@ -179,7 +177,7 @@ Answer Ask(Session& s, Draft draft) {
   form.At("lblDRF_Place").caption = form.At("lblDRF_Place").text = draft.place;
   std::vector<RowsModel::Row> rows;
   for (const DraftField& field : draft.fields) rows.push_back({field.caption, field.stored, field.entered});
-  static_cast<RowsModel&>(*form.At("lvwDRF_Fields").model).Set(std::move(rows));
+  static_cast<RowsModel&>(*form.At(names::lvwDRF_Fields).model).Set(std::move(rows));
   Answer answer = Answer::kLater;
   const auto answering = [&](const char* button, Answer meant) {
     form.On(button, Event::kClick, [&s, &form, &answer, meant] {
@@ -187,25 +185,26 @@ Answer Ask(Session& s, Draft draft) {
       s.desk.Hide(form);
     });
   };
-  answering("cmdDRF_Continue", Answer::kContinue);
-  answering("cmdDRF_Discard", Answer::kDiscard);
+  answering(names::cmdDRF_Continue, Answer::kContinue);
+  answering(names::cmdDRF_Discard, Answer::kDiscard);
   ShowDialog(s.desk, s.platform, form);
-  for (const char* button : {"cmdDRF_Continue", "cmdDRF_Discard"}) form.On(button, Event::kClick, nullptr);
+  for (const char* button : {names::cmdDRF_Continue, names::cmdDRF_Discard}) form.On(button, Event::kClick, nullptr);
   return answer;
 }
 
 }  // namespace
 
 Form& DraftDialog(Session& s) {
-  return DialogForm(s, "frmDraft", "Interrupted Edit", [](Form& form) {
+  return DialogForm(s, names::frmDraft, "Interrupted Edit", [](Form& form) {
     AddLabel(form, "lblDRF_Note", kInterrupted);
     AddLabel(form, "lblDRF_Place", "");
-    AddListView(form, "lvwDRF_Fields", "What was typed", {"Field", "Stored", "Entered"}, std::make_shared<RowsModel>());
-    AddButton(form, "cmdDRF_Continue", "Continue");
-    AddButton(form, "cmdDRF_Later", "Later");
-    AddButton(form, "cmdDRF_Discard", "Discard");
-    form.default_button = "cmdDRF_Continue";
-    form.cancel_button = "cmdDRF_Later";
+    AddListView(form, names::lvwDRF_Fields, "What was typed", {"Field", "Stored", "Entered"},
+                std::make_shared<RowsModel>());
+    AddButton(form, names::cmdDRF_Continue, "Continue");
+    AddButton(form, names::cmdDRF_Later, "Later");
+    AddButton(form, names::cmdDRF_Discard, "Discard");
+    form.default_button = names::cmdDRF_Continue;
+    form.cancel_button = names::cmdDRF_Later;
   });
 }
 

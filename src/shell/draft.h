@@ -1,5 +1,5 @@
-// What was typed in an edit that was interrupted: kept while the edit goes on, at most two seconds behind, and offered
-// at the next start.
+// The drafts of interrupted edits: what was typed is written to the companion at most two seconds later, and offered at
+// the next start.
 #pragma once
 
 #include "session/session.h"

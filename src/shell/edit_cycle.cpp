@@ -115,9 +115,9 @@ void SaveExit(Session& s) {
 }
 
 std::vector<std::string> SaveExitWithoutBox(Session& s) {
-  std::vector<std::string> told;
-  SaveAndEnd(s, [&](Session& at, QCLocation location) { RunQCWithoutBox(at, std::move(location), told); });
-  return told;
+  std::vector<std::string> messages;
+  SaveAndEnd(s, [&](Session& at, QCLocation location) { RunQCWithoutBox(at, std::move(location), messages); });
+  return messages;
 }
 
 void CancelEdit(Session& s) {

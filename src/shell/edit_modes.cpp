@@ -1,5 +1,6 @@
 #include "shell/edit_modes.h"
 
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/records.h"
 #include "shell/commands.h"
@@ -48,7 +49,7 @@ void ChangeEditMode(Session& s) {
 }
 
 void PressEditMode(Session& s) {
-  if (s.main->At("cmdEditMode").caption != kUnset) ChangeEditMode(s);
+  if (s.main->At(names::cmdEditMode).caption != kUnset) ChangeEditMode(s);
 }
 
 }  // namespace merlu

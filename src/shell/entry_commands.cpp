@@ -6,6 +6,7 @@
 #include "entry/month_record.h"
 #include "entry/shown_findings.h"
 #include "session/act.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
@@ -63,11 +64,11 @@ void SaveAndGo(Session& s, int step) {
   const bool record = s.current.Is(level::kStructure) || s.current.Is(level::kEquipment);
   if (!s.editing || !record) return;
   const std::string name = NameOfRecord(s);
-  const std::vector<std::string> told = SaveExitWithoutBox(s);
+  const std::vector<std::string> messages = SaveExitWithoutBox(s);
   if (s.save_failed) return;
   UpdateStatus(s);  // by what is stored: a text that was no number has become a blank
   std::string saved = name + " saved, " + Count(s.findings, "finding");
-  for (const std::string& text : told) saved += ". " + text;
+  for (const std::string& text : messages) saved += ". " + text;
   const int next = NextRecord(s, s.tree.selected, step);
   if (next < 0) {
     s.message = saved + (step > 0 ? ". It is the last record." : ". It is the first record.");
@@ -116,10 +117,10 @@ void ShowEntryMarks(Session& s) {
 
 void ShowEntryCommands(Session& s) {
   const bool record = s.current.Is(level::kStructure) || s.current.Is(level::kEquipment);
-  s.main->At("mnuNGrid").enabled = s.InActv() && !s.editing;
-  s.main->At("mnuNCopy").enabled = s.editing && ShownMonth(s).has_value();
-  s.main->At("mnuNConfirm").enabled = !CopiedFields(s).empty();
-  for (const char* name : {"mnuNNext", "mnuNPrevious"}) s.main->At(name).enabled = s.editing && record;
+  s.main->At(names::mnuNGrid).enabled = s.InActv() && !s.editing;
+  s.main->At(names::mnuNCopy).enabled = s.editing && ShownMonth(s).has_value();
+  s.main->At(names::mnuNConfirm).enabled = !CopiedFields(s).empty();
+  for (const char* name : {names::mnuNNext, names::mnuNPrevious}) s.main->At(name).enabled = s.editing && record;
 }
 
 }  // namespace merlu

@@ -12,6 +12,7 @@
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "history/backups.h"
 #include "history/notes.h"
 #include "session/act.h"
@@ -19,6 +20,7 @@
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/edit_modes.h"
 #include "shell/import_plan_dialog.h"
 #include "shell/open_database.h"
@@ -73,9 +75,9 @@ void AddFileName(Form& form, const char* name, const char* caption, const char* 
 
 void AddCloseButton(Form& form, const char* main, const char* caption) {
   AddButton(form, main, caption);
-  AddButton(form, "cmdCANCEL", "Close");
+  AddButton(form, names::cmdCANCEL, "Close");
   form.default_button = main;
-  form.cancel_button = "cmdCANCEL";
+  form.cancel_button = names::cmdCANCEL;
 }
 
 void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, const char* title,
@@ -236,22 +238,22 @@ std::string SurveyName(Session& s, Form& form) {
 }
 
 Form& SurveyDialog(Session& s) {
-  return DialogForm(s, "frmExportSurvey", "Export Survey", [&s](Form& form) {
+  return DialogForm(s, names::frmExportSurvey, "Export Survey", [&s](Form& form) {
     AddSurveyList(form);
     AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
-    AddCloseButton(form, "cmdOK", "OK");
+    AddCloseButton(form, names::cmdOK, "OK");
     ConnectExportBrowse(s, form, SurveyName);
-    form.On("cmdOK", Event::kClick, [&s, &form] { ExportPickedSurveys(s, form); });
+    form.On(names::cmdOK, Event::kClick, [&s, &form] { ExportPickedSurveys(s, form); });
   });
 }
 
 Form& InventoryDialog(Session& s) {
-  return DialogForm(s, "frmExportInventory", "Export Inventory", [&s](Form& form) {
+  return DialogForm(s, names::frmExportInventory, "Export Inventory", [&s](Form& form) {
     AddSurveyList(form);
     AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
-    AddCloseButton(form, "cmdOK", "OK");
+    AddCloseButton(form, names::cmdOK, "OK");
     ConnectExportBrowse(s, form, [](Session& at, Form&) { return ProposedName(at, 0, "Inventory"); });
-    form.On("cmdOK", Event::kClick, [&s, &form] { ExportWholeInventory(s, form); });
+    form.On(names::cmdOK, Event::kClick, [&s, &form] { ExportWholeInventory(s, form); });
   });
 }
 
@@ -288,7 +290,7 @@ void ExportPickedStructures(Session& s, Form& form) {
 }
 
 Form& StructureExportDialog(Session& s) {
-  return DialogForm(s, "frmExportStructure", "Export MERLU-2017 Structure Data", [&s](Form& form) {
+  return DialogForm(s, names::frmExportStructure, "Export MERLU-2017 Structure Data", [&s](Form& form) {
     AddStructureList(form);
     AddFileName(form, kExportName, "Export File Path and Filename:", "Browse...");
     AddCloseButton(form, "cmdExport", "Export");
@@ -386,7 +388,7 @@ void ImportPickedStructures(Session& s, Form& form) {
 }
 
 Form& StructureImportDialog(Session& s) {
-  return DialogForm(s, "frmImportStructure", "Import MERLU-2017 Structure Data", [&s](Form& form) {
+  return DialogForm(s, names::frmImportStructure, "Import MERLU-2017 Structure Data", [&s](Form& form) {
     AddFileName(form, kImportName, "Import File Path and Filename:", "Select File");
     AddButton(form, kLoad, "Load List").beside = kImportName;
     AddStructureList(form);

@@ -7,7 +7,8 @@
 
 namespace merlu {
 
-// Makes the file the one that starts lead to. False, told, and nothing changed, for one of the earlier version.
+// Makes the file the one that later starts open. False, after a message and without any change, for a file of the
+// earlier version.
 bool TakeDatabase(Session& s, const std::string& path);
 
 // Asks for a database file and restarts the program on it. A file of the earlier version is refused, and

@@ -6,9 +6,11 @@
 #include <utility>
 
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "session/node_keys.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/help.h"
 #include "shell/navigation.h"
 #include "shell/things.h"
@@ -16,7 +18,7 @@
 namespace merlu {
 namespace {
 
-constexpr const char *kText = "txtGOT_Text", *kList = "lvwGOT_List";
+constexpr const char *kText = names::txtGOT_Text, *kList = names::lvwGOT_List;
 constexpr const char *kSection = "GoTo", *kRecent = "Recent";
 constexpr std::size_t kMostShown = 200, kMostRecent = 20;
 constexpr char kBetween = '\n';
@@ -160,11 +162,11 @@ void Do(Session& s, const Thing& thing) {
 }
 
 Form& MakeForm(Session& s) {
-  return DialogForm(s, "frmFind", "Go To", [&s](Form& form) {
+  return DialogForm(s, names::frmFind, "Go To", [&s](Form& form) {
     const auto found = std::make_shared<Found>();
     AddText(form, kText, "Go to:");
     AddListView(form, kList, "Found:", {"Kind", "What", "Where"}, found).many = false;
-    AddDialogButtons(form, "cmdOK", "cmdCANCEL");
+    AddDialogButtons(form, names::cmdOK, names::cmdCANCEL);
     form.On(kText, Event::kClick, [&form, found] { Fill(form, *found); });
     const auto choose = [&s, &form, found] {
       const std::vector<int>& picked = form.At(kList).picked;
@@ -173,7 +175,7 @@ Form& MakeForm(Session& s) {
       found->chosen = found->At(row);
       s.desk.Hide(form);
     };
-    form.On("cmdOK", Event::kClick, choose);
+    form.On(names::cmdOK, Event::kClick, choose);
     form.On(kList, Event::kDoubleClick, choose);
   });
 }

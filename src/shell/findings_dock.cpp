@@ -5,15 +5,19 @@
 #include "base/text.h"
 #include "exchange/list_file.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "history/notes.h"
 #include "qc/comment_dialog.h"
 #include "qc/comment_key.h"
+#include "qc/comment_names.h"
 #include "records/structure_record.h"
 #include "review/comments.h"
 #include "session/folders.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "sheets/contract.h"
 #include "sheets/units.h"
+#include "shell/dialog_names.h"
 #include "shell/docks.h"
 #include "shell/navigation.h"
 #include "shell/proposed_name.h"
@@ -23,11 +27,11 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kForm = "frmFindings";
-constexpr const char* kFilter = "txtFND_Filter";
-constexpr const char* kState = "cmbFND_State";
-constexpr const char* kWhen = "cmbFND_When";
-constexpr const char* kList = "lvwFND_List";
+constexpr const char* kForm = names::frmFindings;
+constexpr const char* kFilter = names::txtFND_Filter;
+constexpr const char* kState = names::cmbFND_State;
+constexpr const char* kWhen = names::cmbFND_When;
+constexpr const char* kList = names::lvwFND_List;
 constexpr const char* kCount = "lblFND_Count";
 
 FindingsModel& ModelOf(Form& dock) {
@@ -192,17 +196,17 @@ void EditComment(Session& s, Form& dock) {
   if (picked.empty()) return Tell(s, "Please select an error record to edit.");
   Form& dialog = CommentDialog(s);
   const bool one = picked.size() == 1;
-  dialog.At("txtFieldName").text =
+  dialog.At(names::txtFieldName).text =
       one ? picked.front().tag : std::to_string(picked.size()) + " findings take this comment";
-  dialog.At("txtErrorDesc").text = one ? picked.front().text : "";
-  dialog.At("txtComments").text = OfferedComment(s, picked);
-  dialog.On("cmdOK", Event::kClick, [&s, &dialog, &picked] {
-    if (!ExplainFindings(s, picked, dialog.At("txtComments").text)) return;
+  dialog.At(names::txtErrorDesc).text = one ? picked.front().text : "";
+  dialog.At(names::txtComments).text = OfferedComment(s, picked);
+  dialog.On(names::cmdOK, Event::kClick, [&s, &dialog, &picked] {
+    if (!ExplainFindings(s, picked, dialog.At(names::txtComments).text)) return;
     s.desk.Hide(dialog);
     ShowCommentsOfSheet(s);
   });
   ShowDialog(s.desk, s.platform, dialog);
-  dialog.On("cmdOK", Event::kClick, nullptr);
+  dialog.On(names::cmdOK, Event::kClick, nullptr);
   Refresh(dock);
 }
 
@@ -231,7 +235,7 @@ void Export(Session& s, Form& dock) {
 
 Form& MakeDock(Session& s) {
   Form& dock = s.desk.Own(std::make_unique<Form>(kForm, "Findings"));
-  dock.dock = "mnuRFindings";
+  dock.dock = names::mnuRFindings;
   AddText(dock, kFilter, "Filter:");
   AddList(dock, kState, "State:", {"All", "Open", "Explained", "Stale"});
   AddList(dock, kWhen, "When:", {"All", "Descriptions"});
@@ -245,16 +249,16 @@ Form& MakeDock(Session& s) {
                                         }}));
   dock.At(kList).many = true;
   AddLabel(dock, kCount, "");
-  AddButton(dock, "cmdFND_Comment", "Edit QC Comment");
-  AddButton(dock, "cmdFND_Export", "Export...");
+  AddButton(dock, names::cmdFND_Comment, "Edit QC Comment");
+  AddButton(dock, names::cmdFND_Export, "Export...");
   for (const char* list : {kState, kWhen}) {
     dock.At(list).index = 0;
     dock.At(list).text = "All";
   }
   dock.KeepDesign();
   dock.On(kCount, kRefreshDock, [&dock] { Refresh(dock); });
-  dock.On("cmdFND_Comment", Event::kClick, [&s, &dock] { EditComment(s, dock); });
-  dock.On("cmdFND_Export", Event::kClick, [&s, &dock] { Export(s, dock); });
+  dock.On(names::cmdFND_Comment, Event::kClick, [&s, &dock] { EditComment(s, dock); });
+  dock.On(names::cmdFND_Export, Event::kClick, [&s, &dock] { Export(s, dock); });
   dock.On(kList, Event::kMoved, [&s, &dock] {
     FindingsModel& model = ModelOf(dock);
     const std::vector<int>& picked = dock.At(kList).picked;

@@ -8,7 +8,7 @@ namespace merlu {
 
 // The dock, made at the first call.
 Form& FindingsDock(Session& s);
-// Its rows, brought up to date.
+// Its rows, up to date.
 FindingsModel& Findings(Session& s);
 
 // What the menu does.

@@ -8,11 +8,13 @@
 #include "base/text.h"
 #include "entry/month_grid.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/entry_commands.h"
 #include "shell/routing.h"
 
@@ -59,27 +61,27 @@ std::string CountOf(const std::vector<PastePlan>& plan) {
 
 bool Approve(Session& s, const std::vector<PastePlan>& plan) {
   bool approved = false;
-  Form& form = DialogForm(s, "frmPaste", "Paste", [](Form& made) {
-    AddListView(made, "lvwPST_Plan", "What the paste would do:", {"Row", "Field", "Old", "New", "What happens"},
+  Form& form = DialogForm(s, names::frmPaste, "Paste", [](Form& made) {
+    AddListView(made, names::lvwPST_Plan, "What the paste would do:", {"Row", "Field", "Old", "New", "What happens"},
                 std::make_shared<RowsModel>());
     AddLabel(made, "lblPST_Count", "");
-    AddButton(made, "cmdOK", "Paste");
-    AddButton(made, "cmdCANCEL", "Cancel");
-    made.default_button = "cmdOK";
-    made.cancel_button = "cmdCANCEL";
+    AddButton(made, names::cmdOK, "Paste");
+    AddButton(made, names::cmdCANCEL, "Cancel");
+    made.default_button = names::cmdOK;
+    made.cancel_button = names::cmdCANCEL;
   });
   std::vector<RowsModel::Row> rows;
   for (const PastePlan& cell : plan) rows.push_back({cell.place, cell.field, cell.old_text, cell.new_text, cell.what});
   auto model = std::make_shared<RowsModel>();
   model->Set(std::move(rows));
-  form.At("lvwPST_Plan").model = model;
+  form.At(names::lvwPST_Plan).model = model;
   form.At("lblPST_Count").text = form.At("lblPST_Count").caption = CountOf(plan);
-  form.On("cmdOK", Event::kClick, [&] {
+  form.On(names::cmdOK, Event::kClick, [&] {
     approved = true;
     s.desk.Hide(form);
   });
   ShowDialog(s.desk, s.platform, form);
-  form.On("cmdOK", Event::kClick, [] {});
+  form.On(names::cmdOK, Event::kClick, [] {});
   return approved;
 }
 
@@ -130,7 +132,7 @@ void FillPieces(Open& open) {
   const std::vector<Piece> pieces = ReadPieces(open.s.db);
   std::map<std::string, std::set<std::string>> numbers;
   for (const Piece& piece : pieces) numbers[piece.structure].insert(piece.number);
-  std::vector<std::string>& items = open.form.At("cmbGRD_Equipment").items;
+  std::vector<std::string>& items = open.form.At(names::cmbGRD_Equipment).items;
   items.clear();
   for (const Piece& piece : pieces) {
     open.pieces.emplace_back(piece.sheet, piece.key);
@@ -141,10 +143,10 @@ void FillPieces(Open& open) {
 void FillLists(Open& open) {
   Session& s = open.s;
   Form& form = open.form;
-  Control& months = form.At("cmbGRD_Month");
+  Control& months = form.At(names::cmbGRD_Month);
   months.items.clear();
   for (int month = 1; month <= s.last_month; ++month) months.items.push_back(MonthItem(s, month));
-  Control& types = form.At("cmbGRD_Type");
+  Control& types = form.At(names::cmbGRD_Type);
   types.items = {kStructures};
   open.types = {nullptr};
   for (const SheetSpec* sheet : AllSheets()) {
@@ -158,21 +160,21 @@ void FillLists(Open& open) {
 
 void ShowView(Open& open) {
   Form& form = open.form;
-  const bool by_record = form.At("cmbGRD_View").text == kByRecord;
-  for (const char* name : {"cmbGRD_Month", "cmbGRD_Type"}) form.At(name).visible = !by_record;
-  form.At("cmbGRD_Equipment").visible = by_record;
+  const bool by_record = form.At(names::cmbGRD_View).text == kByRecord;
+  for (const char* name : {names::cmbGRD_Month, names::cmbGRD_Type}) form.At(name).visible = !by_record;
+  form.At(names::cmbGRD_Equipment).visible = by_record;
   OnSheet(open.s, [&] {
     if (by_record) {
-      const int at = form.At("cmbGRD_Equipment").index;
+      const int at = form.At(names::cmbGRD_Equipment).index;
       if (at < 0) return;
       open.grid->ShowRecord(open.pieces[static_cast<std::size_t>(at)].first,
                             open.pieces[static_cast<std::size_t>(at)].second);
     } else {
-      const int type = form.At("cmbGRD_Type").index;
-      if (type < 0 || form.At("cmbGRD_Month").index < 0) return;
-      open.grid->ShowMonth(open.types[static_cast<std::size_t>(type)], form.At("cmbGRD_Month").index + 1);
+      const int type = form.At(names::cmbGRD_Type).index;
+      if (type < 0 || form.At(names::cmbGRD_Month).index < 0) return;
+      open.grid->ShowMonth(open.types[static_cast<std::size_t>(type)], form.At(names::cmbGRD_Month).index + 1);
     }
-    form.At("grdGRD").picked.clear();
+    form.At(names::grdGRD).picked.clear();
   });
 }
 
@@ -186,8 +188,8 @@ void ChooseWhatShows(Open& open) {
     control.index = std::clamp(index, 0, static_cast<int>(control.items.size()) - 1);
     control.text = control.items[static_cast<std::size_t>(control.index)];
   };
-  choose("cmbGRD_View", 0);
-  choose("cmbGRD_Month", at.Month > 0 ? at.Month - 1 : open.s.last_month - 1);
+  choose(names::cmbGRD_View, 0);
+  choose(names::cmbGRD_Month, at.Month > 0 ? at.Month - 1 : open.s.last_month - 1);
   int type = at.Is(level::kStructure) ? 0 : 1;
   int piece = 0;
   for (std::size_t i = 0; i < open.types.size(); ++i)
@@ -199,12 +201,12 @@ void ChooseWhatShows(Open& open) {
                                                 : sheet == nullptr && key == open.s.PD_ID_AK;
     if (shown) piece = static_cast<int>(i);
   }
-  choose("cmbGRD_Type", type);
-  choose("cmbGRD_Equipment", piece);
+  choose(names::cmbGRD_Type, type);
+  choose(names::cmbGRD_Equipment, piece);
 }
 
 void ShowCellMessage(Open& open) {
-  const Control& grid = open.form.At("grdGRD");
+  const Control& grid = open.form.At(names::grdGRD);
   if (grid.at_row < 0 || grid.at_column < 0 || grid.at_row >= open.grid->RowCount()) return;
   const GridCell cell = open.grid->Cell(grid.at_row, grid.at_column);
   Say(open.form, !cell.finding.empty() ? cell.finding : cell.hint);
@@ -212,11 +214,11 @@ void ShowCellMessage(Open& open) {
 
 // The first open cell of the record that the tree shows, or of the first row.
 void StandOnRecord(Open& open) {
-  Control& cells = open.form.At("grdGRD");
+  Control& cells = open.form.At(names::grdGRD);
   const int shown = open.grid->FindRow(KeyOf(open.s.current, Mode::kActv));
   const GridPlace first =
       NextOpenCell(*open.grid, {std::max(shown, 0), open.grid->FixedColumns() - 1}, GridStep::kRight);
-  open.form.focus = "grdGRD";
+  open.form.focus = names::grdGRD;
   if (first.row < 0 || first.row >= open.grid->RowCount() || first.column < open.grid->FixedColumns()) return;
   cells.at_row = first.row;
   cells.at_column = first.column;
@@ -232,7 +234,7 @@ bool Save(Open& open) {
     return false;
   }
   std::string text = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
-  for (const std::string& told : saved.told) text += ". " + told;
+  for (const std::string& message : saved.messages) text += ". " + message;
   open.s.message = text;
   ShowView(open);
   Say(open.form, text);
@@ -251,33 +253,34 @@ void Close(Open& open) {
 
 void Connect(Open& open) {
   Form& form = open.form;
-  for (const char* list : {"cmbGRD_View", "cmbGRD_Month", "cmbGRD_Type", "cmbGRD_Equipment"})
+  for (const char* list : {names::cmbGRD_View, names::cmbGRD_Month, names::cmbGRD_Type, names::cmbGRD_Equipment})
     form.On(list, Event::kClick, [&open] { ShowView(open); });
-  form.On("grdGRD", Event::kMoved, [&open] { ShowCellMessage(open); });
-  form.On("cmdGRD_Copy", Event::kClick, [&open] {
-    Say(open.form, Count(open.grid->CopyBefore(open.form.At("grdGRD").picked), "value") + " copied");
+  form.On(names::grdGRD, Event::kMoved, [&open] { ShowCellMessage(open); });
+  form.On(names::cmdGRD_Copy, Event::kClick, [&open] {
+    Say(open.form, Count(open.grid->CopyBefore(open.form.At(names::grdGRD).picked), "value") + " copied");
   });
-  form.On("cmdGRD_Confirm", Event::kClick, [&open] {
-    OnSheet(open.s,
-            [&] { Say(open.form, Count(open.grid->Confirm(open.form.At("grdGRD").picked), "value") + " confirmed"); });
+  form.On(names::cmdGRD_Confirm, Event::kClick, [&open] {
+    OnSheet(open.s, [&] {
+      Say(open.form, Count(open.grid->Confirm(open.form.At(names::grdGRD).picked), "value") + " confirmed");
+    });
   });
-  form.On("cmdGRD_Save", Event::kClick, [&open] { Save(open); });
-  form.On("cmdCANCEL", Event::kClick, [&open] { Close(open); });
+  form.On(names::cmdGRD_Save, Event::kClick, [&open] { Save(open); });
+  form.On(names::cmdCANCEL, Event::kClick, [&open] { Close(open); });
 }
 
 Form& GridForm(Session& s) {
-  return DialogForm(s, "frmGrid", "Month Grid", [](Form& form) {
-    AddList(form, "cmbGRD_View", "Show:", {kByMonth, kByRecord});
-    AddList(form, "cmbGRD_Month", "Month:", {});
-    AddList(form, "cmbGRD_Type", "Type:", {});
-    AddList(form, "cmbGRD_Equipment", "Equipment:", {});
-    AddGrid(form, "grdGRD", "Month", nullptr).many = true;
+  return DialogForm(s, names::frmGrid, "Month Grid", [](Form& form) {
+    AddList(form, names::cmbGRD_View, "Show:", {kByMonth, kByRecord});
+    AddList(form, names::cmbGRD_Month, "Month:", {});
+    AddList(form, names::cmbGRD_Type, "Type:", {});
+    AddList(form, names::cmbGRD_Equipment, "Equipment:", {});
+    AddGrid(form, names::grdGRD, "Month", nullptr).many = true;
     AddLabel(form, "lblGRD_Message", "");
-    AddButton(form, "cmdGRD_Copy", "Copy Previous Month");
-    AddButton(form, "cmdGRD_Confirm", "Confirm Copied");
-    AddButton(form, "cmdGRD_Save", "Save");
-    AddButton(form, "cmdCANCEL", "Close");
-    form.cancel_button = "cmdCANCEL";
+    AddButton(form, names::cmdGRD_Copy, "Copy Previous Month");
+    AddButton(form, names::cmdGRD_Confirm, "Confirm Copied");
+    AddButton(form, names::cmdGRD_Save, "Save");
+    AddButton(form, names::cmdCANCEL, "Close");
+    form.cancel_button = names::cmdCANCEL;
   });
 }
 
@@ -290,7 +293,7 @@ void MakeGridDialogs(Session& s) {
 void OpenMonthGrid(Session& s) {
   if (s.editing || !s.InActv()) return;
   Open open{s, GridForm(s), std::make_shared<MonthGrid>(s), {}, {}};
-  open.form.At("grdGRD").grid = open.grid;
+  open.form.At(names::grdGRD).grid = open.grid;
   open.grid->approve = [&s](const std::vector<PastePlan>& plan) { return Approve(s, plan); };
   open.grid->on_typed = [&open] { ShowCellMessage(open); };
   FillLists(open);
@@ -299,11 +302,11 @@ void OpenMonthGrid(Session& s) {
   StandOnRecord(open);
   Connect(open);
   ShowDialog(s.desk, s.platform, open.form);
-  for (const char* name : {"cmbGRD_View", "cmbGRD_Month", "cmbGRD_Type", "cmbGRD_Equipment", "cmdGRD_Copy",
-                           "cmdGRD_Confirm", "cmdGRD_Save", "cmdCANCEL"})
+  for (const char* name : {names::cmbGRD_View, names::cmbGRD_Month, names::cmbGRD_Type, names::cmbGRD_Equipment,
+                           names::cmdGRD_Copy, names::cmdGRD_Confirm, names::cmdGRD_Save, names::cmdCANCEL})
     open.form.On(name, Event::kClick, [] {});
-  open.form.On("grdGRD", Event::kMoved, [] {});
-  open.form.At("grdGRD").grid = nullptr;
+  open.form.On(names::grdGRD, Event::kMoved, [] {});
+  open.form.At(names::grdGRD).grid = nullptr;
   // the record that shows may have been saved in the grid
   ClearSheet(s);
   LoadSheet(s);

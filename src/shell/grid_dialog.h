@@ -7,7 +7,7 @@ namespace merlu {
 
 // mnuNGrid. Returns when the dialog is closed.
 void OpenMonthGrid(Session& s);
-// Makes its form and that of the paste plan, so that their controls can be asked for before they were open.
+// Creates its form and that of the paste plan, so that their controls exist before they are first shown.
 void MakeGridDialogs(Session& s);
 
 }  // namespace merlu

@@ -4,12 +4,13 @@
 
 #include "base/text.h"
 #include "forms/dialog.h"
-#include "forms/review_ports.h"
+#include "forms/dialog_buttons.h"
 #include "qc_run/check_unchecked.h"
 #include "review/hand_in.h"
 #include "session/messages.h"
 #include "shell/completeness_dock.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/findings_dock.h"
 #include "shell/hand_in_files.h"
@@ -22,9 +23,9 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kForm = "frmHandIn";
-constexpr const char* kMonth = "cmbHND_Month";
-constexpr const char* kList = "lvwHND_Checks";
+constexpr const char* kForm = names::frmHandIn;
+constexpr const char* kMonth = names::cmbHND_Month;
+constexpr const char* kList = names::lvwHND_Checks;
 constexpr const char* kVerdict = "lblHND_Verdict";
 constexpr const char* kWholeYear = "Whole year";
 
@@ -68,7 +69,7 @@ void CheckAll(Session& s, Form& dialog) {
   CheckedRecords checked;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
-    if (auto* stopper = dynamic_cast<WorkStopper*>(&s.platform)) stopper->AllowStop();
+    s.platform.AllowStop();
     ShowWait(s, "Check What Was Not", "Checking ...");
     try {
       checked = CheckUnchecked(s, MonthOf(dialog));
@@ -158,16 +159,16 @@ Form& MakeDialog(Session& s) {
     AddList(dialog, kMonth, "Month:", {kWholeYear});
     AddListView(dialog, kList, "Checks", {"State", "Check", "Count", "What to do"}, std::make_shared<RowsModel>());
     AddLabel(dialog, kVerdict, "");
-    AddButton(dialog, "cmdHND_CheckAll", "Check What Was Not");
-    AddButton(dialog, "cmdHND_Report", "Report...");
-    AddButton(dialog, "cmdHND_Export", "Export...");
-    AddButton(dialog, "cmdClose", "Close");
-    dialog.cancel_button = "cmdClose";
+    AddButton(dialog, names::cmdHND_CheckAll, "Check What Was Not");
+    AddButton(dialog, names::cmdHND_Report, "Report...");
+    AddButton(dialog, names::cmdHND_Export, "Export...");
+    AddButton(dialog, names::cmdClose, "Close");
+    dialog.cancel_button = names::cmdClose;
     dialog.On(kMonth, Event::kClick, [&s, &dialog] { Fill(s, dialog); });
     dialog.On(kList, Event::kDoubleClick, [&s, &dialog] { ShowRecords(s, dialog); });
-    dialog.On("cmdHND_CheckAll", Event::kClick, [&s, &dialog] { CheckAll(s, dialog); });
-    dialog.On("cmdHND_Report", Event::kClick, [&s, &dialog] { Report(s, dialog); });
-    dialog.On("cmdHND_Export", Event::kClick, [&s, &dialog] { Export(s, dialog); });
+    dialog.On(names::cmdHND_CheckAll, Event::kClick, [&s, &dialog] { CheckAll(s, dialog); });
+    dialog.On(names::cmdHND_Report, Event::kClick, [&s, &dialog] { Report(s, dialog); });
+    dialog.On(names::cmdHND_Export, Event::kClick, [&s, &dialog] { Export(s, dialog); });
   });
 }
 

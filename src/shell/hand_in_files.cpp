@@ -3,7 +3,6 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "exchange/list_file.h"
-#include "forms/review_ports.h"
 #include "review/findings_model.h"
 #include "review/hand_in_report.h"
 #include "session/folders.h"
@@ -44,10 +43,8 @@ void WriteHandIn(Session& s, const Review& review, const std::vector<HandInRow>&
   HandInReport report = MakeHandInReport(s.db, review, checks, month);
   report.printed = s.platform.Now();
   report.program = ProgramName();
-  auto* printer = dynamic_cast<HandInPrinter*>(&s.platform);
-  if (printer == nullptr) throw Fault(fault_number::kOther, "MERLU report", "A report cannot be printed here.");
   WriteNewFile(OwnFilesOf(s), path,
-               [&](const std::string& unfinished) { printer->WriteHandInReport(report, unfinished); });
+               [&](const std::string& unfinished) { s.platform.WriteHandInReport(report, unfinished); });
 }
 
 }  // namespace merlu

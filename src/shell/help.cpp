@@ -6,8 +6,13 @@
 
 #include "base/rtf_reader.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
+#include "qc/comment_names.h"
+#include "records/structure_names.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/types.h"
+#include "shell/dialog_names.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -22,31 +27,31 @@ struct DialogHelp {
 };
 
 constexpr DialogHelp kDialogHelp[] = {
-    {"frmNewUser", "", kUserPage, "The_operator_s_screen"},
-    {"frmNewStructure", "", kStructurePage, ""},
-    {"frmNewStructure", "txtComplxID", kStructurePage, "txtSTRUCTURE_CmplxID"},
-    {"frmNewStructure", "txtStructID", kStructurePage, "txtSTRUCTURE_StructID"},
-    {"frmNewStructure", "txtArea", kStructurePage, "txtSTRUCTURE_Area"},
-    {"frmNewStructure", "txtBlock", kStructurePage, "txtSTRUCTURE_Block"},
-    {"frmNewStructure", "txtName", kStructurePage, "txtSTRUCTURE_Name"},
-    {"frmNewEquipment", "", kStructurePage, "cmdSTRUCTURE_AddEquip"},
-    {"frmQCComment", "", kUserPage, "Quality_rules"},
-    {"frmExportSurvey", "", kUserPage, "Handing_in"},
-    {"frmExportInventory", "", kUserPage, "Handing_in"},
-    {"frmExportStructure", "", kUserPage, "Moving_structures"},
-    {"frmImportStructure", "", kUserPage, "Moving_structures"},
-    {"frmFindings", "", "Findings help.rtf", ""},
-    {"frmCompleteness", "", "Completeness help.rtf", ""},
-    {"frmHandIn", "", "Hand-in help.rtf", ""},
-    {"frmGrid", "", "Month grid help.rtf", ""},
-    {"frmPaste", "", "Month grid help.rtf", "Pasting"},
-    {"frmStrip", "", "Twelve months help.rtf", ""},
-    {"frmReadPlan", "", "Month workbook help.rtf", ""},
-    {"frmImportPlan", "", "Import preview help.rtf", ""},
-    {"frmHistory", "", "History help.rtf", ""},
-    {"frmDraft", "", "Interrupted edit help.rtf", ""},
-    {"frmBackups", "", "Backups help.rtf", ""},
-    {"frmFind", "", "Go To help.rtf", ""},
+    {names::frmNewUser, "", kUserPage, "The_operator_s_screen"},
+    {names::frmNewStructure, "", kStructurePage, ""},
+    {names::frmNewStructure, names::txtComplxID, kStructurePage, names::txtSTRUCTURE_CmplxID},
+    {names::frmNewStructure, names::txtStructID, kStructurePage, names::txtSTRUCTURE_StructID},
+    {names::frmNewStructure, names::txtArea, kStructurePage, names::txtSTRUCTURE_Area},
+    {names::frmNewStructure, names::txtBlock, kStructurePage, names::txtSTRUCTURE_Block},
+    {names::frmNewStructure, names::txtName, kStructurePage, names::txtSTRUCTURE_Name},
+    {names::frmNewEquipment, "", kStructurePage, names::cmdSTRUCTURE_AddEquip},
+    {names::frmQCComment, "", kUserPage, "Quality_rules"},
+    {names::frmExportSurvey, "", kUserPage, "Handing_in"},
+    {names::frmExportInventory, "", kUserPage, "Handing_in"},
+    {names::frmExportStructure, "", kUserPage, "Moving_structures"},
+    {names::frmImportStructure, "", kUserPage, "Moving_structures"},
+    {names::frmFindings, "", "Findings help.rtf", ""},
+    {names::frmCompleteness, "", "Completeness help.rtf", ""},
+    {names::frmHandIn, "", "Hand-in help.rtf", ""},
+    {names::frmGrid, "", "Month grid help.rtf", ""},
+    {names::frmPaste, "", "Month grid help.rtf", "Pasting"},
+    {names::frmStrip, "", "Twelve months help.rtf", ""},
+    {names::frmReadPlan, "", "Month workbook help.rtf", ""},
+    {names::frmImportPlan, "", "Import preview help.rtf", ""},
+    {names::frmHistory, "", "History help.rtf", ""},
+    {names::frmDraft, "", "Interrupted edit help.rtf", ""},
+    {names::frmBackups, "", "Backups help.rtf", ""},
+    {names::frmFind, "", "Go To help.rtf", ""},
 };
 
 // No more of it than is read as help.
@@ -64,11 +69,11 @@ Form& HelpForm(Session& s) {
   if (found == nullptr) {
     found = &s.desk.Own(std::make_unique<Form>("frmHelp", "MERLU Help"));
     Form& form = *found;
-    Control& text = AddText(form, "rtfHelp", "");
+    Control& text = AddText(form, names::rtfHelp, "");
     text.lines = text.locked = true;
-    AddButton(form, "cmdClose", "Close");
-    form.default_button = form.cancel_button = "cmdClose";
-    form.On("cmdClose", Event::kClick, [&s, &form] { s.desk.Hide(form); });
+    AddButton(form, names::cmdClose, "Close");
+    form.default_button = form.cancel_button = names::cmdClose;
+    form.On(names::cmdClose, Event::kClick, [&s, &form] { s.desk.Hide(form); });
     form.KeepDesign();
   }
   found->RestoreDesign();
@@ -102,7 +107,7 @@ void ShowHelp(Session& s, const std::string& file, const std::string& bookmark) 
     return TellMissing(s, path);
   }
   Form& form = HelpForm(s);
-  Control& text = form.At("rtfHelp");
+  Control& text = form.At(names::rtfHelp);
   text.text = PlainText(*document);
   text.document = std::move(document);
   text.bookmark = bookmark;

@@ -13,18 +13,18 @@ namespace merlu {
 // which no record uses any more.
 std::string HelpFile(std::string_view level, std::string_view type);
 
-// Shows the file of the program's folder as a dialog, from the bookmark on when it has it. A file that cannot be
-// read is told.
+// Shows a file of the program's folder in the help dialog, scrolled to the bookmark if it has it. A message says when
+// it cannot be read.
 void ShowHelp(Session& s, const std::string& file, const std::string& bookmark = "");
 
 // Help for the screen of the current location, at the control of that name.
 void ShowCurrentHelp(Session& s, const std::string& control);
 
-// The files of the dialogs and docks that have a page of their own.
+// The files of the dialogs and docks that have their own help page.
 std::vector<std::string> ScreenHelpFiles();
 
-// Help for an open dialog, or a dock, at the control of that name: its own page, or what the screens say about its
-// fields.
+// Shows the help for an open dialog, or a dock, at the control of that name: its own page, or one made from the labels
+// of its fields.
 void ShowDialogHelp(Session& s, const std::string& dialog, const std::string& control);
 
 // Hands a document that lies beside the program to the system to open.

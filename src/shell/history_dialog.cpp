@@ -6,10 +6,12 @@
 #include "base/text.h"
 #include "exchange/table_file.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "history/notes.h"
 #include "session/folders.h"
 #include "session/messages.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/history_values.h"
 #include "shell/proposed_name.h"
 #include "shell/undo.h"
@@ -17,8 +19,8 @@
 namespace merlu {
 namespace {
 
-constexpr const char *kFilter = "txtHIS_Filter", *kShow = "cmbHIS_Show", *kSteps = "lvwHIS_Steps";
-constexpr const char *kValues = "lvwHIS_Values", *kUndo = "cmdHIS_Undo", *kExport = "cmdHIS_Export";
+constexpr const char *kFilter = names::txtHIS_Filter, *kShow = names::cmbHIS_Show, *kSteps = names::lvwHIS_Steps;
+constexpr const char *kValues = names::lvwHIS_Values, *kUndo = names::cmdHIS_Undo, *kExport = names::cmdHIS_Export;
 constexpr const char *kAll = "All", *kThisRecord = "This record";
 
 using Row = RowsModel::Row;
@@ -165,7 +167,7 @@ void ExportShown(Session& s, Form& form) {
 }  // namespace
 
 Form& HistoryDialog(Session& s) {
-  return DialogForm(s, "frmHistory", "Change History", [&s](Form& form) {
+  return DialogForm(s, names::frmHistory, "Change History", [&s](Form& form) {
     AddText(form, kFilter, "Filter:");
     AddList(form, kShow, "Show:", {kAll, kThisRecord});
     AddListView(form, kSteps, "Steps", {"When", "Who", "What", "Place", "Values", "State"},
@@ -174,8 +176,8 @@ Form& HistoryDialog(Session& s) {
     AddListView(form, kValues, "Values of the step", {"Place", "Field", "Old", "New"}, std::make_shared<StepValues>(s));
     AddButton(form, kUndo, "Undo Back to Here");
     AddButton(form, kExport, "Export...");
-    AddButton(form, "cmdClose", "Close");
-    form.cancel_button = "cmdClose";
+    AddButton(form, names::cmdClose, "Close");
+    form.cancel_button = names::cmdClose;
     form.On(kFilter, Event::kLostFocus, [&s, &form] { FillSteps(s, form); });
     form.On(kShow, Event::kClick, [&s, &form] { FillSteps(s, form); });
     form.On(kSteps, Event::kMoved, [&s, &form] { FillValues(s, form); });

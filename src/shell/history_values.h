@@ -15,8 +15,8 @@ struct ShownChange {
   std::string place, field, before, after;
 };
 
-// The values of one step, in the order in which the step wrote them. A step can have hundreds of thousands: the texts
-// are made as they are asked for.
+// The values of one step, in the order in which the step wrote them. A step can have hundreds of thousands, so the
+// texts are made on demand.
 class StepValues : public ListModel {
  public:
   explicit StepValues(Session& s) : s_(s) {}
@@ -41,7 +41,7 @@ class StepValues : public ListModel {
   std::vector<int> ends_;           // number of values up to the end of each row
   std::vector<int> order_;          // of the values, once they were sorted
   std::uint64_t revision_ = 0;
-  // what was asked for last, since cells are asked for one by one
+  // the row that was made last, since its cells are read one by one
   mutable std::optional<RowFinder> finder_;
   mutable std::size_t made_ = 0;
   mutable std::vector<ShownChange> changes_;

@@ -1,23 +1,25 @@
 #include "shell/import_plan_dialog.h"
 
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "session/types.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 
 namespace merlu {
 namespace {
 
-constexpr const char* kStructures = "lvwPLN_Structures";
-constexpr const char* kDetails = "lvwPLN_Details";
+constexpr const char* kStructures = names::lvwPLN_Structures;
+constexpr const char* kDetails = names::lvwPLN_Details;
 
 Form& Dialog(Session& s) {
-  return DialogForm(s, "frmImportPlan", "Import, Seen Before", [](Form& form) {
+  return DialogForm(s, names::frmImportPlan, "Import, Seen Before", [](Form& form) {
     AddListView(form, kStructures,
                 "Structures:", {"Structure", "What happens", "Equipment", "Months added here", "Months added there"});
     AddListView(form, kDetails, "Details of the structure:", {});
-    AddButton(form, "cmdClose", "Close");
-    form.default_button = "cmdClose";
-    form.cancel_button = "cmdClose";
+    AddButton(form, names::cmdClose, "Close");
+    form.default_button = names::cmdClose;
+    form.cancel_button = names::cmdClose;
   });
 }
 

@@ -1,4 +1,4 @@
-// What stands around every act of the user.
+// The last-resort handler around every act of the user.
 #pragma once
 
 #include <functional>
@@ -8,8 +8,8 @@
 
 namespace merlu {
 
-// Does what the user asked for. A fault that nobody has shown is shown by the plain handler, an error of the program
-// in a box with what was being done. What shows stays, an edit stays open. False after either.
+// Runs the act. A fault that nothing has shown yet is shown by the plain handler, an error of the program in a box that
+// names the act. The screen and an edit in progress stay as they are. False after either.
 bool Guarded(Session& s, const std::string& what, const std::function<void()>& act);
 
 }  // namespace merlu

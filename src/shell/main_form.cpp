@@ -2,11 +2,13 @@
 
 #include <string_view>
 
+#include "forms/dialog_buttons.h"
 #include "qc/comment_dialog.h"
 #include "records/build.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "session/main_names.h"
 #include "shell/annual_summary.h"
 #include "shell/backup_dialog.h"
 #include "shell/completeness_dock.h"
@@ -52,86 +54,86 @@ void HelpHere(Session& s) {
 }
 
 constexpr MenuCommand kMenus[] = {
-    {"mnuFile", "&File", "", nullptr},
-    {"mnuFileSelectDatabase", "Open a different MERLU database", "mnuFile", LocateDatabase},
-    {"mnuFileCreateNewDB", "Create New MERLU Database", "mnuFile", CreateNewDatabase},
-    {"mnuFBar1", "-", "mnuFile", nullptr},
-    {"mnuFExport", "Export MERLU-2017 &Monthly Survey", "mnuFile", ExportSurvey},
-    {"mnuFExportInventory", "Export MERLU-2017 &Inventory Database", "mnuFile", ExportInventory},
-    {"mnuSExport", "Export Struct/Equip Desc to &Spreadsheet", "mnuFile", ExportSpreadsheet},
-    {"frmInvQCPrint", "&Export Annual Inventory QA Summary Form", "mnuFile", ExportAnnualSummary},
-    {"mnuFBar2", "-", "mnuFile", nullptr},
-    {"mnuEStructB", "Import MERLU-2017 Structure Data", "mnuFile", ImportStructuresFrom},
-    {"mnuEStructS", "Export MERLU-2017 Structure Data", "mnuFile", ExportStructures},
-    {"mnuFBar3", "-", "mnuFile", nullptr},
-    {"PrintScrn", "Print Screen", "mnuFile", PrintScreen},
-    {"mnuFBar4", "-", "mnuFile", nullptr},
-    {"mnuFRecent1", "", "mnuFile", nullptr},
-    {"mnuFRecent2", "", "mnuFile", nullptr},
-    {"mnuFRecent3", "", "mnuFile", nullptr},
-    {"mnuFRecent4", "", "mnuFile", nullptr},
-    {"mnuFRecent5", "", "mnuFile", nullptr},
-    {"mnuFRecentBar", "-", "mnuFile", nullptr},
-    {"mnuFExit", "E&xit", "mnuFile", ExitProgram},
-    {"mnuFBackups", "&Backups...", "mnuFile", OpenBackups},
-    {"mnuFWorkbookMake", "Make Month &Workbook...", "mnuFile", MakeWorkbookOfMonth},
-    {"mnuFWorkbookRead", "Read Month W&orkbook...", "mnuFile", ReadWorkbookOfMonth},
-    {"mnuEdit", "&Edit", "", nullptr},
-    {"mnuSetEditMode", "Change to Activity Edit Mode", "mnuEdit", ChangeEditMode},
-    {"mnuEBar1", "-", "mnuEdit", nullptr},
-    {"mnuENewSurvey", "Add Next Monthly Survey", "mnuEdit", AddNextMonth},
-    {"mnuENewStructure", "New Structure", "mnuEdit", OpenNewStructure},
-    {"mnuENewEquipment", "New Equipment", "mnuEdit", OpenNewEquipment},
-    {"mnuEditBar", "-", "mnuEdit", nullptr},
-    {"mnuEDelete", "Delete", "mnuEdit", DeleteCurrent},
-    {"mnuEUndo", "Undo", "mnuEdit", UndoLast},
-    {"mnuERedo", "Redo", "mnuEdit", RedoLast},
+    {names::mnuFile, "&File", "", nullptr},
+    {names::mnuFileSelectDatabase, "Open a different MERLU database", names::mnuFile, LocateDatabase},
+    {names::mnuFileCreateNewDB, "Create New MERLU Database", names::mnuFile, CreateNewDatabase},
+    {"mnuFBar1", "-", names::mnuFile, nullptr},
+    {names::mnuFExport, "Export MERLU-2017 &Monthly Survey", names::mnuFile, ExportSurvey},
+    {names::mnuFExportInventory, "Export MERLU-2017 &Inventory Database", names::mnuFile, ExportInventory},
+    {"mnuSExport", "Export Struct/Equip Desc to &Spreadsheet", names::mnuFile, ExportSpreadsheet},
+    {names::frmInvQCPrint, "&Export Annual Inventory QA Summary Form", names::mnuFile, ExportAnnualSummary},
+    {"mnuFBar2", "-", names::mnuFile, nullptr},
+    {"mnuEStructB", "Import MERLU-2017 Structure Data", names::mnuFile, ImportStructuresFrom},
+    {"mnuEStructS", "Export MERLU-2017 Structure Data", names::mnuFile, ExportStructures},
+    {"mnuFBar3", "-", names::mnuFile, nullptr},
+    {"PrintScrn", "Print Screen", names::mnuFile, PrintScreen},
+    {"mnuFBar4", "-", names::mnuFile, nullptr},
+    {"mnuFRecent1", "", names::mnuFile, nullptr},
+    {"mnuFRecent2", "", names::mnuFile, nullptr},
+    {"mnuFRecent3", "", names::mnuFile, nullptr},
+    {"mnuFRecent4", "", names::mnuFile, nullptr},
+    {"mnuFRecent5", "", names::mnuFile, nullptr},
+    {names::mnuFRecentBar, "-", names::mnuFile, nullptr},
+    {names::mnuFExit, "E&xit", names::mnuFile, ExitProgram},
+    {"mnuFBackups", "&Backups...", names::mnuFile, OpenBackups},
+    {names::mnuFWorkbookMake, "Make Month &Workbook...", names::mnuFile, MakeWorkbookOfMonth},
+    {names::mnuFWorkbookRead, "Read Month W&orkbook...", names::mnuFile, ReadWorkbookOfMonth},
+    {names::mnuEdit, "&Edit", "", nullptr},
+    {names::mnuSetEditMode, "Change to Activity Edit Mode", names::mnuEdit, ChangeEditMode},
+    {"mnuEBar1", "-", names::mnuEdit, nullptr},
+    {names::mnuENewSurvey, "Add Next Monthly Survey", names::mnuEdit, AddNextMonth},
+    {names::mnuENewStructure, "New Structure", names::mnuEdit, OpenNewStructure},
+    {names::mnuENewEquipment, "New Equipment", names::mnuEdit, OpenNewEquipment},
+    {names::mnuEditBar, "-", names::mnuEdit, nullptr},
+    {names::mnuEDelete, "Delete", names::mnuEdit, DeleteCurrent},
+    {names::mnuEUndo, "Undo", names::mnuEdit, UndoLast},
+    {names::mnuERedo, "Redo", names::mnuEdit, RedoLast},
     {"mnuQC", "&QC", "", nullptr},
-    {"mnuFQC", "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
-    {"mnuReview", "&Review", "", nullptr},
-    {"mnuRFindings", "&Findings", "mnuReview", ToggleFindings, nullptr, true},
-    {"mnuRNext", "Next Finding", "mnuReview", NextFinding},
-    {"mnuRPrevious", "Previous Finding", "mnuReview", PreviousFinding},
-    {"mnuRCompleteness", "&Completeness", "mnuReview", ToggleCompleteness, nullptr, true},
-    {"mnuRStrip", "&Twelve Months", "mnuReview", ToggleStrip, nullptr, true},
-    {"mnuRHandIn", "Ready to &Hand In...", "mnuReview", OpenHandIn},
-    {"mnuRHistory", "Change &History...", "mnuReview", OpenHistory},
-    {"mnuRFind", "&Go To...", "mnuReview", OpenGoTo},
+    {names::mnuFQC, "&QC MERLU-2017 Monthly Survey", "mnuQC", RunQCHere},
+    {names::mnuReview, "&Review", "", nullptr},
+    {names::mnuRFindings, "&Findings", names::mnuReview, ToggleFindings, nullptr, true},
+    {names::mnuRNext, "Next Finding", names::mnuReview, NextFinding},
+    {names::mnuRPrevious, "Previous Finding", names::mnuReview, PreviousFinding},
+    {names::mnuRCompleteness, "&Completeness", names::mnuReview, ToggleCompleteness, nullptr, true},
+    {names::mnuRStrip, "&Twelve Months", names::mnuReview, ToggleStrip, nullptr, true},
+    {"mnuRHandIn", "Ready to &Hand In...", names::mnuReview, OpenHandIn},
+    {names::mnuRHistory, "Change &History...", names::mnuReview, OpenHistory},
+    {names::mnuRFind, "&Go To...", names::mnuReview, OpenGoTo},
     {"mnuEntry", "E&ntry", "", nullptr},
-    {"mnuNGrid", "Month &Grid...", "mnuEntry", OpenMonthGrid},
-    {"mnuNCopy", "&Copy Previous Month", "mnuEntry", CopyPreviousMonth},
-    {"mnuNConfirm", "C&onfirm Copied Values", "mnuEntry", ConfirmCopiedValues},
-    {"mnuNNext", "Save and &Next", "mnuEntry", SaveAndNext},
-    {"mnuNPrevious", "Save and &Previous", "mnuEntry", SaveAndPrevious},
-    {"mnuHelp", "&Help", "", nullptr},
-    {"mnuHCurrentScreen", "Current &Screen", "mnuHelp", HelpHere},
-    {"mnuHOther", "&Other Screens", "mnuHelp", nullptr},
-    {"mnuHOUser", "&Operator", "mnuHOther", nullptr, "User help.rtf"},
-    {"mnuHOSurvey", "&Survey", "mnuHOther", nullptr, "Survey help.rtf"},
-    {"mnuHOStructure", "S&tructure", "mnuHOther", nullptr, "Structure help.rtf"},
-    {"mnuHOBar1", "-", "mnuHOther", nullptr},
-    {"mnuHOAMI", "&Amine Unit", "mnuHOther", nullptr, "AMI help.rtf"},
-    {"mnuHOBOI", "&Boiler/Heater/Burner", "mnuHOther", nullptr, "BOI help.rtf"},
-    {"mnuHOVEN", "Cold &Vent", "mnuHOther", nullptr, "VEN help.rtf"},
-    {"mnuHOFLA", "Combustion &Flare", "mnuHOther", nullptr, "FLA help.rtf"},
-    {"mnuHODIE", "&Diesel or Gasoline Engine", "mnuHOther", nullptr, "DIE help.rtf"},
-    {"mnuHOJAC", "D&rilling Equipment", "mnuHOther", nullptr, "DRI help.rtf"},
-    {"mnuHOFUG", "Fu&gitives", "mnuHOther", nullptr, "FUG help.rtf"},
-    {"mnuHOGLY", "Gl&ycol Dehydrator", "mnuHOther", nullptr, "GLY help.rtf"},
-    {"mnuHOLOA", "&Loading Operations", "mnuHOther", nullptr, "LOA help.rtf"},
-    {"mnuHOLOS", "Losses from Flas&hing", "mnuHOther", nullptr, "LOS help.rtf"},
-    {"mnuHOMUD", "&Mud Degassing", "mnuHOther", nullptr, "MUD help.rtf"},
-    {"mnuHONGE", "&Natural Gas Engine", "mnuHOther", nullptr, "NGE help.rtf"},
-    {"mnuHONGT", "Natural Gas, Diesel, or Dual-Fuel T&urbine", "mnuHOther", nullptr, "NGT help.rtf"},
-    {"mnuHOPRE", "Pneumatic &Controllers", "mnuHOther", nullptr, "PRE help.rtf"},
-    {"mnuHOPNE", "&Pneumatic Pumps", "mnuHOther", nullptr, "PNE help.rtf"},
-    {"mnuHOSTO", "Storage Tan&k", "mnuHOther", nullptr, "STO help.rtf"},
-    {"mnuHBar1", "-", "mnuHelp", nullptr},
-    {"mnuHLINK1", "User &Guide", "mnuHelp", nullptr, "User guide.html"},
-    {"mnuHLINK2", "Quality &Rules", "mnuHelp", nullptr, "Quality rules.html"},
-    {"mnuHLink3", "S&cripting", "mnuHelp", nullptr, "Scripting.html"},
-    {"mnuHBar2", "-", "mnuHelp", nullptr},
-    {"mnuHAbout", "About MERLU-2017", "mnuHelp", OpenAbout},
+    {names::mnuNGrid, "Month &Grid...", "mnuEntry", OpenMonthGrid},
+    {names::mnuNCopy, "&Copy Previous Month", "mnuEntry", CopyPreviousMonth},
+    {names::mnuNConfirm, "C&onfirm Copied Values", "mnuEntry", ConfirmCopiedValues},
+    {names::mnuNNext, "Save and &Next", "mnuEntry", SaveAndNext},
+    {names::mnuNPrevious, "Save and &Previous", "mnuEntry", SaveAndPrevious},
+    {names::mnuHelp, "&Help", "", nullptr},
+    {names::mnuHCurrentScreen, "Current &Screen", names::mnuHelp, HelpHere},
+    {names::mnuHOther, "&Other Screens", names::mnuHelp, nullptr},
+    {"mnuHOUser", "&Operator", names::mnuHOther, nullptr, "User help.rtf"},
+    {"mnuHOSurvey", "&Survey", names::mnuHOther, nullptr, "Survey help.rtf"},
+    {"mnuHOStructure", "S&tructure", names::mnuHOther, nullptr, "Structure help.rtf"},
+    {"mnuHOBar1", "-", names::mnuHOther, nullptr},
+    {"mnuHOAMI", "&Amine Unit", names::mnuHOther, nullptr, "AMI help.rtf"},
+    {"mnuHOBOI", "&Boiler/Heater/Burner", names::mnuHOther, nullptr, "BOI help.rtf"},
+    {"mnuHOVEN", "Cold &Vent", names::mnuHOther, nullptr, "VEN help.rtf"},
+    {"mnuHOFLA", "Combustion &Flare", names::mnuHOther, nullptr, "FLA help.rtf"},
+    {"mnuHODIE", "&Diesel or Gasoline Engine", names::mnuHOther, nullptr, "DIE help.rtf"},
+    {"mnuHOJAC", "D&rilling Equipment", names::mnuHOther, nullptr, "DRI help.rtf"},
+    {"mnuHOFUG", "Fu&gitives", names::mnuHOther, nullptr, "FUG help.rtf"},
+    {"mnuHOGLY", "Gl&ycol Dehydrator", names::mnuHOther, nullptr, "GLY help.rtf"},
+    {"mnuHOLOA", "&Loading Operations", names::mnuHOther, nullptr, "LOA help.rtf"},
+    {"mnuHOLOS", "Losses from Flas&hing", names::mnuHOther, nullptr, "LOS help.rtf"},
+    {"mnuHOMUD", "&Mud Degassing", names::mnuHOther, nullptr, "MUD help.rtf"},
+    {"mnuHONGE", "&Natural Gas Engine", names::mnuHOther, nullptr, "NGE help.rtf"},
+    {"mnuHONGT", "Natural Gas, Diesel, or Dual-Fuel T&urbine", names::mnuHOther, nullptr, "NGT help.rtf"},
+    {"mnuHOPRE", "Pneumatic &Controllers", names::mnuHOther, nullptr, "PRE help.rtf"},
+    {"mnuHOPNE", "&Pneumatic Pumps", names::mnuHOther, nullptr, "PNE help.rtf"},
+    {"mnuHOSTO", "Storage Tan&k", names::mnuHOther, nullptr, "STO help.rtf"},
+    {"mnuHBar1", "-", names::mnuHelp, nullptr},
+    {"mnuHLINK1", "User &Guide", names::mnuHelp, nullptr, "User guide.html"},
+    {"mnuHLINK2", "Quality &Rules", names::mnuHelp, nullptr, "Quality rules.html"},
+    {"mnuHLink3", "S&cripting", names::mnuHelp, nullptr, "Scripting.html"},
+    {"mnuHBar2", "-", names::mnuHelp, nullptr},
+    {names::mnuHAbout, "About MERLU-2017", names::mnuHelp, OpenAbout},
 };
 
 struct ButtonCommand {
@@ -146,9 +148,9 @@ void PressQC(Session& s) {
 }
 
 constexpr ButtonCommand kButtons[] = {
-    {"cmdEditMode", "Program Mode", true, PressEditMode}, {"cmdQC", "Run QC", false, PressQC},
-    {"cmdCANCEL", "Cancel", false, CancelEdit},           {"cmdSaveEdits", "Save", false, SaveEdits},
-    {"cmdSaveExit", "End Edit && Save", false, SaveExit}, {"cmdEdit", "Edit Data", false, BeginEdit},
+    {names::cmdEditMode, "Program Mode", true, PressEditMode}, {names::cmdQC, "Run QC", false, PressQC},
+    {names::cmdCANCEL, "Cancel", false, CancelEdit},           {names::cmdSaveEdits, "Save", false, SaveEdits},
+    {names::cmdSaveExit, "End Edit && Save", false, SaveExit}, {names::cmdEdit, "Edit Data", false, BeginEdit},
 };
 
 struct SheetCommand {
@@ -157,9 +159,9 @@ struct SheetCommand {
 };
 
 constexpr SheetCommand kSheetButtons[] = {
-    {"cmdUSER_AddStructure", OpenNewStructure},
-    {"cmdUSER_AddSurvey", AddNextMonth},
-    {"cmdSTRUCTURE_AddEquip", OpenNewEquipment},
+    {names::cmdUSER_AddStructure, OpenNewStructure},
+    {names::cmdUSER_AddSurvey, AddNextMonth},
+    {names::cmdSTRUCTURE_AddEquip, OpenNewEquipment},
 };
 
 // A page of help shows in the program, any other document in what the system has for it.
@@ -183,12 +185,12 @@ void PutRecentFiles(Session& s, Form& main) {
     main.At(RecentCommand(number)).visible = false;
     main.On(RecentCommand(number), Event::kClick, [&s, number] { OpenRecentFile(s, number); });
   }
-  main.At("mnuFRecentBar").visible = false;
+  main.At(names::mnuFRecentBar).visible = false;
 }
 
 void PutFindLine(Session& s, Form& main) {
-  Put(main, Kind::kText, "txtTREE_Filter", "Find:", {});
-  main.On("txtTREE_Filter", Event::kLostFocus, [&s] { FilterTree(s); });
+  Put(main, Kind::kText, names::txtTREE_Filter, "Find:", {});
+  main.On(names::txtTREE_Filter, Event::kLostFocus, [&s] { FilterTree(s); });
 }
 
 void PutButtons(Session& s, Form& main) {
@@ -213,18 +215,19 @@ void ConnectSheets(Session& s, Form& main) {
 
 void MakeMainForm(Session& s) {
   if (s.main == nullptr) {
-    Form& main = s.desk.Own(std::make_unique<Form>("frmMain", "RIMA Pelagic Field Reporting Suite (MERLU-2017)"));
+    Form& main = s.desk.Own(std::make_unique<Form>(names::frmMain, "RIMA Pelagic Field Reporting Suite (MERLU-2017)"));
     s.main = &main;
     PutMenus(s, main);
     PutRecentFiles(s, main);
     PutFindLine(s, main);
-    Put(main, Kind::kTree, "tvwTree", "", {});
+    Put(main, Kind::kTree, names::tvwTree, "", {});
     PutOperatorSheet(main);
     PutSurveySheet(main);
     PutStructureSheet(s, main);
     PutButtons(s, main);
     ConnectSheets(s, main);
-    for (const char* frame : {"fraUserInfo", "fraSurvey", "fraStructure"}) main.At(frame).visible = false;
+    for (const char* frame : {names::fraUserInfo, names::fraSurvey, names::fraStructure})
+      main.At(frame).visible = false;
     main.KeepDesign();
   }
   s.main->RestoreDesign();

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "session/act.h"
 #include "session/folders.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "shell/commands.h"
 #include "shell/dialogs.h"
@@ -118,7 +119,7 @@ void Main(Session& s) {
   for (Form* form : std::vector<Form*>(s.desk.showing))
     if (form != s.main) s.desk.Show(*form);  // a sheet lies over the main window
   ReopenDocks(s);
-  s.main->focus = "tvwTree";
+  s.main->focus = names::tvwTree;
   ShowUndoCommands(s);
   ShowSplash(s);
   OfferDrafts(s);

@@ -5,17 +5,19 @@
 #include "base/text.h"
 #include "entry/month_book.h"
 #include "forms/dialog.h"
+#include "forms/dialog_buttons.h"
 #include "session/act.h"
 #include "session/folders.h"
 #include "session/messages.h"
 #include "shell/dialog_form.h"
+#include "shell/dialog_names.h"
 #include "shell/proposed_name.h"
 #include "shell/routing.h"
 
 namespace merlu {
 namespace {
 
-constexpr const char* kPlan = "lvwRDP_Plan";
+constexpr const char* kPlan = names::lvwRDP_Plan;
 constexpr const char* kCount = "lblRDP_Count";
 
 std::string Count(std::ptrdiff_t count, const std::string& what) {
@@ -23,14 +25,14 @@ std::string Count(std::ptrdiff_t count, const std::string& what) {
 }
 
 Form& Dialog(Session& s) {
-  return DialogForm(s, "frmReadPlan", "Read Month Workbook", [](Form& form) {
+  return DialogForm(s, names::frmReadPlan, "Read Month Workbook", [](Form& form) {
     AddListView(form, kPlan, "What the workbook changes:", {"Place", "Field", "Old", "New", "What happens"},
                 std::make_shared<RowsModel>());
     AddLabel(form, kCount, "");
-    AddButton(form, "cmdOK", "Apply");
-    AddButton(form, "cmdCANCEL", "Cancel");
-    form.default_button = "cmdOK";
-    form.cancel_button = "cmdCANCEL";
+    AddButton(form, names::cmdOK, "Apply");
+    AddButton(form, names::cmdCANCEL, "Cancel");
+    form.default_button = names::cmdOK;
+    form.cancel_button = names::cmdCANCEL;
   });
 }
 
@@ -52,7 +54,7 @@ bool Apply(Session& s, MonthGrid& grid) {
   if (!saved.refused.empty()) Tell(s, saved.refused, Icon::kWarning);
   if (!done || saved.records == 0) return false;
   s.message = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
-  for (const std::string& told : saved.told) s.message += ". " + told;
+  for (const std::string& message : saved.messages) s.message += ". " + message;
   return true;
 }
 
@@ -63,12 +65,12 @@ void ShowPlan(Session& s, MonthGrid& grid, const std::vector<BookChange>& change
     rows.push_back({change.place, change.field, change.old_text, change.new_text, change.what});
   static_cast<RowsModel&>(*form.At(kPlan).model).Set(std::move(rows));
   form.At(kCount).caption = form.At(kCount).text = CountText(changes);
-  form.At("cmdOK").enabled = grid.ChangedRecords() > 0;
-  form.On("cmdOK", Event::kClick, [&s, &form, &grid] {
+  form.At(names::cmdOK).enabled = grid.ChangedRecords() > 0;
+  form.On(names::cmdOK, Event::kClick, [&s, &form, &grid] {
     if (Apply(s, grid)) s.desk.Hide(form);
   });
   ShowDialog(s.desk, s.platform, form);
-  form.On("cmdOK", Event::kClick, [] {});
+  form.On(names::cmdOK, Event::kClick, [] {});
   static_cast<RowsModel&>(*form.At(kPlan).model).Set({});
   // the record that shows may have been saved
   ClearSheet(s);

@@ -3,12 +3,14 @@
 #include <filesystem>
 
 #include "base/dates.h"
+#include "base/host.h"
 #include "base/text.h"
 #include "history/layout.h"
 #include "session/act.h"
 #include "session/messages.h"
 #include "session/types.h"
 #include "shell/program_end.h"
+#include "store/engine.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -32,7 +34,7 @@ std::vector<std::string> OtherTables() {
 void RequireTables(Session& s, const std::vector<std::string>& tables) {
   for (const std::string& table : tables)
     if (!s.db.HasTable(table))
-      throw Fault(fault_number::kNoSuchTable, "MERLU store",
+      throw Fault(fault_number::kNoSuchTable, kStoreSource,
                   "The database engine cannot find the input table '" + table + "'.");
 }
 
@@ -40,7 +42,7 @@ void RequireTables(Session& s, const std::vector<std::string>& tables) {
 int Within(Cursor& config, const char* column, int highest) {
   const std::int64_t number = ToInteger(config.Field(column));
   if (number >= 0 && number <= highest) return static_cast<int>(number);
-  throw Fault(fault_number::kDamaged, "MERLU store",
+  throw Fault(fault_number::kDamaged, kStoreSource,
               std::string("The database file is damaged (") + column + " is " + std::to_string(number) + ").");
 }
 
@@ -92,9 +94,9 @@ void TakeNote(Session& s, std::string& holder) {
   const DateTime now = s.platform.Now();
   std::string found;
   holder.clear();
-  if (s.note.Take(s.path, UserName() + "\t" + MachineName() + "\t" + StoredDate(now), found)) return;
+  if (s.note.Take(s.path, host::UserName() + "\t" + host::MachineName() + "\t" + StoredDate(now), found)) return;
   holder = Sentence(found, now);
-  throw Fault(fault_number::kInUse, "MERLU store", "The database is open in another run of this program.");
+  throw Fault(fault_number::kInUse, kStoreSource, "The database is open in another run of this program.");
 }
 
 // A journal cannot be made in such a folder, so that every save would fail.

@@ -11,8 +11,8 @@ void EndProgram(Session& s);
 // Drops the cursors and closes the database; never fails.
 void CloseDatabase(Session& s);
 
-// Closes the database, opens it again, builds the tree of the mode and goes back to the node that was selected, without
-// clicking it. False when that was given up: then the window shows what it shows after a cancelled start.
+// Closes the database, opens it again, builds the tree of the mode and selects the node that was selected, without
+// clicking it. False when the user gave up: the window is then as after a cancelled start.
 bool ReopenDatabase(Session& s);
 
 // The first-run dialog. True unless the user cancelled; then the farewell is shown and the program ends.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "shell/file_life.h"
 #include "store/files.h"
@@ -63,7 +64,7 @@ void ShowRecentFiles(Session& s) {
     command.caption =
         command.visible ? WithoutAccessKeys(path.filename().string() + " - " + path.parent_path().string()) : "";
   }
-  s.main->At("mnuFRecentBar").visible = !paths.empty();
+  s.main->At(names::mnuFRecentBar).visible = !paths.empty();
 }
 
 void OpenRecentFile(Session& s, int number) {

@@ -7,8 +7,8 @@
 
 namespace merlu {
 
-// While the record is edited: the comment of the finding that is picked. In view: the way to what the row speaks of, as
-// OpenResult goes it.
+// While the record is edited: opens the comment of the selected finding. In view: goes to the row's record, by
+// OpenResult.
 void DoubleClickResult(Session& s, Form& form, const std::string& list);
 
 // From a finding to its field, from a summary to the record whose findings it counts. Also where the list itself cannot

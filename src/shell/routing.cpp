@@ -3,8 +3,10 @@
 #include "base/text.h"
 #include "entry/month_record.h"
 #include "records/operator_record.h"
+#include "records/structure_names.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/records.h"
@@ -12,6 +14,7 @@
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/commands.h"
+#include "shell/dialog_names.h"
 #include "shell/entry_commands.h"
 #include "shell/results.h"
 
@@ -34,9 +37,9 @@ struct LevelSheet {
 };
 
 constexpr LevelSheet kLevels[] = {
-    {level::kUser, "fraUserInfo", ClearOperator, LoadOperator, LockOperator, UnlockOperator},
-    {level::kSurvey, "fraSurvey", ClearSurvey, LoadSurvey, LockSurvey, UnlockSurvey},
-    {level::kStructure, "fraStructure", ClearStructure, LoadStructure, LockStructure, UnlockStructure},
+    {level::kUser, names::fraUserInfo, ClearOperator, LoadOperator, LockOperator, UnlockOperator},
+    {level::kSurvey, names::fraSurvey, ClearSurvey, LoadSurvey, LockSurvey, UnlockSurvey},
+    {level::kStructure, names::fraStructure, ClearStructure, LoadStructure, LockStructure, UnlockStructure},
 };
 
 const LevelSheet* LevelAt(const QCLocation& location) {
@@ -162,7 +165,7 @@ void SaveSheet(Session& s, bool after_qc) {
   if (s.current.Is(level::kStructure)) {
     // the tree record tells the truth before the structure is saved
     TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;
-    if (row != nullptr) row->Status = s.main->At("chkSTRUCTURE_Status").checked ? "I" : "A";
+    if (row != nullptr) row->Status = s.main->At(names::chkSTRUCTURE_Status).checked ? "I" : "A";
     SaveStructure(s);
   }
   if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
@@ -171,7 +174,7 @@ void SaveSheet(Session& s, bool after_qc) {
 
 void ShowSheet(Session& s) {
   if (const SheetSpec* sheet = SheetAt(s.current)) {
-    if (Form* dialog = s.desk.Find("frmNewEquipment")) s.desk.Hide(*dialog);
+    if (Form* dialog = s.desk.Find(names::frmNewEquipment)) s.desk.Hide(*dialog);
     Form& form = SheetForm(s, *sheet);
     form.On(sheet->list(), Event::kDoubleClick,
             [&s, &form, list = sheet->list()] { DoubleClickResult(s, form, list); });

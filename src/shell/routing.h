@@ -7,7 +7,7 @@
 namespace merlu {
 
 void ClearSheet(Session& s);
-// Marks the record as unreadable, and says so, when a fault came in the way.
+// Marks the record as unreadable, and shows so, when loading it ended with a fault.
 void LoadSheet(Session& s);
 // Whether the record that shows could be read; one that could not is read again. False, after the message, when it
 // still cannot be.

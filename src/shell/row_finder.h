@@ -1,4 +1,4 @@
-// Which record a row of a step belongs to, also when the row is gone by now.
+// Finds the record that a row of a step belongs to, also when the row has been deleted since.
 #pragma once
 
 #include <cstdint>
@@ -50,7 +50,7 @@ class RowFinder {
 // Whether the step changed the record or its findings.
 bool StepTouches(Session& s, std::int64_t step, const QCLocation& record, Mode mode);
 
-// A table of the equipment's type behind the prefix, as "EA_".
+// The name of a table of the equipment's type, by its prefix ("EA_").
 bool IsTypeTable(const std::string& table, const char* prefix);
 // The recorded table of that name and its number; null without one.
 const RecordedTable* RecordedTableNamed(Database& db, const std::string& name, std::uint16_t* number = nullptr);

@@ -5,8 +5,8 @@
 
 namespace merlu {
 
-// Says what comes, asks for the file and writes it: .xlsx when its name ends so, otherwise .xls. Nothing of the
-// inventory changes. After a fault, which is told, an older file of that name is as it was.
+// Announces the export, asks for the file and writes it: .xlsx when its name ends in that, otherwise .xls. The
+// inventory is not changed. A fault is shown, and an older file of that name stays as it was.
 void ExportSpreadsheet(Session& s);
 
 }  // namespace merlu

@@ -1,4 +1,4 @@
-// What the status bar says: of the record that shows, and of the last act.
+// The texts of the status bar: on the record that is shown, and on the last act.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace merlu {
 
-// The last thing said of an act.
+// Sets the message of the last act.
 void Say(Session& s, const std::string& message);
 
 // How many findings there are at the place and below it, how many of them without a comment, and whether it was checked

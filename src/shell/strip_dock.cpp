@@ -5,6 +5,7 @@
 #include "entry/month_record.h"
 #include "entry/strip.h"
 #include "forms/dialog.h"
+#include "session/main_names.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "shell/docks.h"
@@ -63,7 +64,7 @@ void GoToBar(Session& s, Form& form) {
 Form& StripForm(Session& s) {
   if (Form* found = s.desk.Find(kForm)) return *found;
   Form& form = s.desk.Own(std::make_unique<Form>(kForm, "Twelve Months"));
-  form.dock = "mnuRStrip";
+  form.dock = names::mnuRStrip;
   AddLabel(form, kField, "");
   AddListView(form, kMonths, "Twelve Months", {"01", "02", "03", "04", "05", "06", "07", "08", "09", "10", "11", "12"});
   AddLabel(form, kAdvice, "");

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "session/session.h"
+#include "shell/dialog_names.h"
 
 namespace merlu {
 
 namespace strip_dock {
-inline constexpr const char* kForm = "frmStrip";
+inline constexpr const char* kForm = names::frmStrip;
 inline constexpr const char* kField = "lblSTR_Field";
-inline constexpr const char* kMonths = "lvwSTR_Months";  // a double click on a month goes there
+inline constexpr const char* kMonths = names::lvwSTR_Months;  // a double click opens the month
 inline constexpr const char* kAdvice = "lblSTR_Advice";
 inline constexpr const char* kLeast = "lblSTR_Least";  // the bounds of the field's rule
 inline constexpr const char* kMost = "lblSTR_Most";

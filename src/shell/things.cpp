@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "records/structure_fields.h"
 #include "records/structure_record.h"
+#include "session/main_names.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
@@ -108,12 +109,12 @@ std::string Plain(const std::string& caption) {
 void AddCommands(const Session& s, std::vector<Thing>& things) {
   const Form& main = *s.main;
   for (const Control& control : main.controls()) {
-    if (control.kind != Kind::kMenu || !main.Handles(control.name, Event::kClick) || control.name == "mnuRFind")
+    if (control.kind != Kind::kMenu || !main.Handles(control.name, Event::kClick) || control.name == names::mnuRFind)
       continue;
     if (!IsVisible(main, control) || !IsEnabled(main, control)) continue;
     const Control* menu = main.Find(control.parent);
-    const bool help =
-        control.parent == "mnuHOther" || control.name.starts_with("mnuHL") || control.name.starts_with("mnuHCurrent");
+    const bool help = control.parent == names::mnuHOther || control.name.starts_with("mnuHL") ||
+                      control.name.starts_with("mnuHCurrent");
     Add(things, {help ? ThingKind::kHelp : ThingKind::kCommand, Plain(control.caption),
                  menu == nullptr ? "" : Plain(menu->caption), -1, "", control.name});
   }

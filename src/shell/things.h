@@ -25,7 +25,7 @@ struct Thing {
   FuzzyText name, place;
 };
 
-// All of them, as they are now, in the order in which equals stand.
+// All of them as they are now, in the order in which equal matches are listed.
 std::vector<Thing> CollectThings(Session& s);
 
 // The best matches first, no more than so many. Without words those that were chosen last, and then the first ones.

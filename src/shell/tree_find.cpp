@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "session/main_names.h"
 
 namespace merlu {
 namespace {
@@ -50,7 +51,7 @@ bool IsInSight(const Tree& tree, int node) {
 }  // namespace
 
 void FilterTree(Session& s) {
-  const std::vector<std::string> words = WordsOf(s.main->At("txtTREE_Filter").text);
+  const std::vector<std::string> words = WordsOf(s.main->At(names::txtTREE_Filter).text);
   std::vector<TreeNode>& nodes = s.tree.nodes;
   for (TreeNode& node : nodes) node.hidden = !words.empty();
   // a parent stands before its children in the order of adding

@@ -1,4 +1,4 @@
-// Finding a node by what it says, and stepping from node to node.
+// Finding nodes of the tree by their text, and the nodes before and after one.
 #pragma once
 
 #include <string_view>
@@ -11,11 +11,11 @@ namespace merlu {
 // empty line shows all.
 void FilterTree(Session& s);
 
-// The next node behind `from`, in the order of the tree and from its end on from its beginning, whose text begins with
-// what was typed, or whose ID does: "F1" as well as "combustion". -1 without one; nodes out of sight do not count.
+// The next node after `from` in the order of the tree, wrapping around at the end, whose text or ID begins with what
+// was typed: "F1" as well as "combustion". -1 without one; hidden nodes do not count.
 int FindByTyping(const Tree& tree, int from, std::string_view typed);
 
-// The node before or behind one in the order of the tree, also below a collapsed one; -1 at the ends.
+// The node before or after one in the order of the tree, collapsed ones included; -1 at the ends.
 int Neighbour(const Tree& tree, int node, int step);
 
 }  // namespace merlu

@@ -7,12 +7,12 @@
 
 namespace merlu {
 
-// Rebuild the tree of activity, or of descriptions, from the tables and select a node: the root, or, after
-// a change of mode, the node where the user stood. A fault in the first shows under "Error"; the second
-// ends silently, unless it has no room for all nodes: it tells that, and stops there.
+// Rebuild the tree of activity, or of descriptions, from the tables and select a node: the root, or, after a change of
+// mode, the node that was selected. A fault in the first is shown under the title "Error"; the second ends silently,
+// unless it has no room for all nodes: this is shown, and the build ends there.
 void RefreshTree(Session& s);
 void RefreshDescTree(Session& s);
-// Rebuilds the tree of the mode and goes back to the node that was selected, without clicking it.
+// Rebuilds the tree of the mode and selects the node that was selected, without clicking it.
 void RebuildTree(Session& s);
 
 // Whether the trees have room for one more structure and its months; otherwise a Fault (kSubscript).

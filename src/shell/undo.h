@@ -10,10 +10,10 @@ namespace merlu {
 
 void UndoLast(Session& s);
 void RedoLast(Session& s);
-// Takes this step and all newer ones back. False, after a message, when a row stands in the way.
+// Undoes this step and all newer ones. False, after a message, when a row has been changed since.
 bool UndoBackTo(Session& s, const HistoryStep& step);
 
-// The tree anew, and the place with what shows there; the operator when the place is gone.
+// Rebuilds the tree and shows the present place again; the operator when that place no longer exists.
 void ShowPlaceAgain(Session& s, const std::string& packed_location);
 
 }  // namespace merlu

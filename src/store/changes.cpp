@@ -10,11 +10,10 @@
 #include <limits>
 
 #include "base/fault.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
-
-constexpr const char* kSource = "MERLU store";
 
 std::uint64_t ZigZag(std::int64_t number) {
   return (static_cast<std::uint64_t>(number) << 1U) ^ static_cast<std::uint64_t>(number >> 63U);
@@ -140,7 +139,7 @@ std::vector<StoredValue> RowValues(std::string_view row) {
   std::vector<StoredValue> values;
   while (!row.empty()) {
     StoredValue value;
-    if (!TakeValue(row, value)) throw Fault(fault_number::kDamaged, kSource, "A recorded row is damaged.");
+    if (!TakeValue(row, value)) throw Fault(fault_number::kDamaged, kStoreSource, "A recorded row is damaged.");
     values.push_back(value);
   }
   return values;

@@ -1,5 +1,4 @@
-// Rows that a batch changed, as bytes: what a row was before and what it is after. Two rows are equal when their
-// bytes are.
+// Rows that a batch changed, as bytes before and after. Two rows are equal when their bytes are.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +27,7 @@ struct StoredValue {
   bool operator==(const StoredValue&) const = default;
 };
 
-// A whole number that a real column holds is written as such: the column's type brings it back.
+// A real that is a whole number is written as an integer; the column's type converts it back.
 void AppendValue(std::string& row, const StoredValue& value);
 void AppendValue(std::string& row, sqlite3_value* value);
 // Takes the next value off the front; false at the end, or where the bytes are no row.
@@ -62,7 +61,7 @@ struct RowChange {
   bool Removed() const { return after.empty(); }
 };
 
-// What a batch came to: a row stands once, as it was first and last, and not at all when nothing became of it.
+// The net changes of a batch: each row once, with its first and last state, and not at all when these are equal.
 struct Changes {
   std::shared_ptr<const std::vector<RecordedTable>> tables;
   std::vector<RowChange> rows;
@@ -88,7 +87,7 @@ class ChangeRecorder {
   bool IsOn() const { return db_ != nullptr; }
   const std::shared_ptr<const std::vector<RecordedTable>>& tables() const { return tables_; }
 
-  // Where the record stands, and back to there when what came since was taken back.
+  // A position in the record, and back to it after a rollback.
   std::size_t Mark() const { return entries_.size(); }
   void BackTo(std::size_t mark);
   bool IsEmpty() const { return entries_.empty(); }

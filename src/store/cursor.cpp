@@ -4,13 +4,10 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "store/engine.h"
 
 namespace merlu {
-namespace {
-
-constexpr const char* kSource = "MERLU store";
-
-}  // namespace
+namespace {}  // namespace
 
 Cursor::Cursor(Database& db, std::string table) : db_(db), changes_(db.ChangesOf(table)), table_(std::move(table)) {
   const std::string none = "SELECT * FROM [" + table_ + "] LIMIT 0";
@@ -92,7 +89,7 @@ std::size_t Cursor::ColumnIndex(std::string_view column) const {
   if (const auto found = places_.find(column); found != places_.end()) return found->second;
   for (std::size_t i = 0; i < columns_.size(); ++i)
     if (EqualsIgnoringCase(columns_[i], column)) return i;
-  throw Fault(fault_number::kNoSuchItem, kSource,
+  throw Fault(fault_number::kNoSuchItem, kStoreSource,
               "Item not found in this collection: " + table_ + "." + std::string(column) + ".");
 }
 
@@ -105,18 +102,18 @@ void Cursor::Refresh() {
 }
 
 const Value& Cursor::Field(std::string_view column) {
-  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kStoreSource, "No current record.");
   Refresh();
   return row_[ColumnIndex(column)];
 }
 
 const Value& Cursor::LastRead(std::string_view column) const {
-  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kStoreSource, "No current record.");
   return row_[ColumnIndex(column)];
 }
 
 void Cursor::Edit() {
-  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kStoreSource, "No current record.");
   change_ = Change::kEdit;
   pending_.clear();
 }
@@ -127,7 +124,7 @@ void Cursor::AddNew() {
 }
 
 void Cursor::SetField(std::string_view column, Value value) {
-  if (change_ == Change::kNone) throw Fault(fault_number::kNoChange, kSource, "Update without AddNew or Edit.");
+  if (change_ == Change::kNone) throw Fault(fault_number::kNoChange, kStoreSource, "Update without AddNew or Edit.");
   pending_.emplace_back(ColumnIndex(column), std::move(value));
 }
 
@@ -135,7 +132,7 @@ void Cursor::Update() {
   const Change change = std::exchange(change_, Change::kNone);
   std::vector<std::pair<std::size_t, Value>> pending = std::move(pending_);
   pending_.clear();
-  if (change == Change::kNone) throw Fault(fault_number::kNoChange, kSource, "Update without AddNew or Edit.");
+  if (change == Change::kNone) throw Fault(fault_number::kNoChange, kStoreSource, "Update without AddNew or Edit.");
   std::string names, marks;
   Values values;
   for (auto& [column, value] : pending) {
@@ -155,12 +152,12 @@ void Cursor::Update() {
   } else if (!names.empty()) {
     values.emplace_back(row_id_);
     if (db_.ExecuteOn(changes_, "UPDATE [" + table_ + "] SET " + names + " WHERE rowid=?", values) == 0)
-      throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
+      throw Fault(fault_number::kRecordDeleted, kStoreSource, "Record is deleted.");
   }
 }
 
 void Cursor::Delete() {
-  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kSource, "No current record.");
+  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kStoreSource, "No current record.");
   db_.Execute("DELETE FROM [" + table_ + "] WHERE rowid=?", {row_id_});
 }
 

@@ -1,8 +1,8 @@
 // The current-row record set over one table: an updatable view of all its rows in their natural order.
 //
-// The current row is shared state: whoever reads a field reads the row that the last move left there, so
-// every operation first finds its record again. A find by key is one indexed look-up with bound values.
-// The cursor may stand on a row that a statement has deleted since: its fields then read as they were.
+// The current row is shared state: a field is read from the row that the last move found, so every operation first
+// finds its record again. A find by key is one indexed look-up with bound values. If the current row is deleted by
+// another statement, its fields still read as before.
 #pragma once
 
 #include <cstdint>
@@ -40,8 +40,8 @@ class Cursor {
   // Leaves the row: there is no current one until the next move or find.
   void Leave();
 
-  // Move to the first row that meets the criteria; NoMatch tells the result, and after a failed find there is no
-  // current row. Return true on a match.
+  // Move to the first row that meets the criteria, and return true on a match. Without one NoMatch is true and there is
+  // no current row.
   bool FindFirst(const Criteria& criteria);
   // The same with a condition of the caller's own; values are bound to its question marks.
   bool FindFirstWhere(const std::string& condition, const Values& values);
@@ -55,7 +55,7 @@ class Cursor {
   void Update();
   void Delete();
 
-  // Reads the table again: the cursor stands on its first row then.
+  // Reads the table again and moves to its first row.
   void Requery() { MoveFirst(); }
 
   // Value of a column of the current row. kNoSuchItem for an unknown column, kNoCurrentRow without a row.

@@ -22,7 +22,7 @@ struct sqlite3_stmt;
 
 namespace merlu {
 
-// The row that a running query stands on; valid during the call that hands it out.
+// The current row of a running query; valid only during the callback that receives it.
 class RowView {
  public:
   explicit RowView(sqlite3_stmt* statement) : statement_(statement) {}
@@ -72,10 +72,10 @@ class Database {
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
 
-  // Opens an existing file for reading and writing, with foreign keys on. The file must be a database,
-  // not read-only, and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse).
-  // Triggers that the file holds do not run. Nothing is written, but a file with a write-ahead log goes back to the
-  // rollback journal; one that another program keeps so is refused (kInUse).
+  // Opens an existing file for reading and writing, with foreign keys on. The file must be a database, not read-only,
+  // and not locked by another process (kPathNotFound, kNotADatabase, kReadOnly, kInUse). Triggers in the file do not
+  // run. Nothing is written, except that a file with a write-ahead log is switched back to the rollback journal; kInUse
+  // when another program prevents that.
   void Open(const std::string& path);
   // Opens a file of unknown origin for reading only, under the engine's defensive settings: its schema may
   // run nothing, and values over a million bytes are faults. The same faults as Open.
@@ -83,8 +83,8 @@ class Database {
   // The same for a private copy of the file, made through the engine: what happens to the file, or to its name, after
   // that does not matter.
   void OpenPrivateCopy(const std::string& path);
-  // Opens a file that was taken into memory, with the same distrust as OpenReadOnly. What is written to a private copy
-  // is gone with it.
+  // Opens a file that was read into memory, with the restrictions of OpenReadOnly. Writes to a private copy are
+  // discarded with it.
   enum class Use { kRead, kPrivateCopy };
   void OpenImage(const Image& image, Use use);
   // Never fails. A batch that is still open is committed.
@@ -98,7 +98,7 @@ class Database {
   int ExecuteStored(std::string_view sql, const std::vector<StoredValue>& values);
   // Runs a query and keeps all rows.
   Rows Query(std::string_view sql, const Values& values = {});
-  // Runs a query and hands each row to `each`; returns the number of rows.
+  // Runs a query and calls `each` with every row; returns the number of rows.
   int ForEach(std::string_view sql, const Values& values, const std::function<void(const RowView&)>& each);
   // First column of the first row, Null without rows.
   Value Single(std::string_view sql, const Values& values = {});
@@ -159,8 +159,8 @@ class Database {
   // Grows with every commit of any program; -1 when it cannot be read.
   std::int64_t FileChangeCounter() const;
 
-  // What another connection has open, as a schema of this one: its pages are copied into a private file, which goes
-  // with this. No batch may be open.
+  // Attaches another connection's database to this one as a schema: its pages are copied into a private file, which is
+  // removed with this object. No batch may be open.
   class Attached {
    public:
     Attached(Database& db, Database& other, std::string schema);
@@ -193,7 +193,7 @@ class Database {
   const Statement& Prepare(std::string_view sql);
   [[noreturn]] void Fail(int code) const;
 
-  // A query that its owner runs again and again. It is forgotten with the connection, or for want of room.
+  // A query that its owner runs repeatedly. Its statement is dropped with the connection, or when the cache is full.
   struct KeptQuery {
     std::string sql;
     std::weak_ptr<sqlite3_stmt> statement;
@@ -225,8 +225,8 @@ class Database {
   int last_listener_ = 0;
 };
 
-// Many writes, one commit. The outermost batch begins and commits; it commits when it goes out of scope
-// also after a fault, so that work half done stays and a power cut leaves the file whole.
+// Many writes, one commit. The outermost batch begins and commits. It also commits when its scope is left by a fault,
+// so that completed parts of the work stay; a power cut leaves the file consistent.
 class WriteBatch {
  public:
   // kInUseTable when another process holds the file.
@@ -235,7 +235,7 @@ class WriteBatch {
   WriteBatch(const WriteBatch&) = delete;
   WriteBatch& operator=(const WriteBatch&) = delete;
 
-  // Commits now, so that a failing commit can be told. Without a call the destructor commits silently.
+  // Commits now, so that a failure can be reported. Without a call the destructor commits and ignores failures.
   void Commit();
 
  private:
@@ -243,7 +243,7 @@ class WriteBatch {
   bool open_ = true;
 };
 
-// Writes of a batch that stand or fall together: rows of which a part alone would leave the file without sense.
+// Writes of a batch that are kept or rolled back together: rows of which a part alone would be inconsistent.
 class AllOrNothing {
  public:
   explicit AllOrNothing(Database& db);
@@ -260,8 +260,8 @@ class AllOrNothing {
   bool open_ = true;
 };
 
-// Makes the rows what the changes say they are after, or, backwards, what they were before: rows that go first, then
-// those that change, then those that come. Runs in a batch with foreign keys off.
+// Brings the rows to their state after the changes, or, backwards, to that before: deletions first, then updates, then
+// insertions. Runs in a batch with foreign keys off.
 enum class Direction { kForward, kBackward };
 void ApplyChanges(Database& db, const Changes& changes, Direction direction);
 

@@ -10,15 +10,15 @@ namespace merlu {
 
 inline constexpr const char* kStoreSource = "MERLU store";
 
-// The fault that an extended result code stands for, with the engine's own message where there is nothing better.
+// The fault for an extended result code of the engine; the engine's own message is used where there is none better.
 int FaultNumber(int extended);
 [[noreturn]] void FailWith(int code, const std::string& message);
-// A failure of the disk in the system's own words; nothing for another one, or where the system said none.
+// Throws for a failure of the disk, with the system's own words; returns for any other, or without a system error.
 void ThrowFailedDisk(int code, int system);
 // A statement that the engine does not understand: a table that it names may be missing.
 [[noreturn]] void ThrowMisunderstood(sqlite3* db, std::string_view sql, const std::string& message);
 
-// Inventories hold no triggers: one that somebody has put into a file is not run.
+// Inventories have no triggers: any that a file contains are not run.
 void RunNothingOfTheFile(sqlite3* db);
 // Beyond that, for a file of unknown origin.
 void Distrust(sqlite3* db);

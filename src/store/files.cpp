@@ -1,13 +1,10 @@
 #include "store/files.h"
 
-#include <fcntl.h>
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <filesystem>
 
 #include "base/fault.h"
+#include "base/host.h"
 #include "store/database.h"
 #include "store/new_file.h"
 
@@ -17,12 +14,9 @@ namespace {
 
 constexpr const char* kSource = "MERLU files";
 
-std::error_code SeeOnDisk(const std::string& path) {
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  std::error_code error;
-  if (file < 0 || ::fsync(file) != 0) error = std::error_code(errno, std::generic_category());
-  if (file >= 0) ::close(file);
-  return error;
+int SyncFile(const std::string& path) {
+  host::File file(path, host::File::Mode::kRead);
+  return file.IsOpen() ? file.Sync() : file.error();
 }
 
 }  // namespace
@@ -33,13 +27,8 @@ bool FileExists(const std::string& path) {
 }
 
 bool CanWriteFolder(const std::string& folder) {
-  // permissions alone do not tell: a file system may refuse whoever asks
-  std::string probe = WithSeparator(folder) + ".merluXXXXXX";
-  const int file = ::mkstemp(probe.data());
-  if (file < 0) return false;
-  ::close(file);
-  ::unlink(probe.c_str());
-  return true;
+  // permissions alone are not enough: a file system can be mounted read-only
+  return host::File::Unnamed(folder).IsOpen();
 }
 
 void MakeFolder(const std::string& folder) {
@@ -76,17 +65,12 @@ void FailFile(const std::string& path, int error) {
 }
 
 void WriteBytes(const std::string& path, const std::vector<std::string_view>& parts) {
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file < 0) FailFile(path, errno);
-  int error = 0;
-  for (std::string_view part : parts)
-    while (!part.empty() && error == 0) {
-      const ssize_t written = ::write(file, part.data(), part.size());
-      if (written > 0) part.remove_prefix(static_cast<std::size_t>(written));
-      if (written < 0 && errno != EINTR) error = errno;
-    }
-  // some file systems tell only now
-  if (::close(file) != 0 && error == 0) error = errno;
+  host::File file(path, host::File::Mode::kOverwrite);
+  int error = file.error();
+  for (const std::string_view part : parts)
+    if (error == 0) error = file.Write(part);
+  // some file systems report a full disk only when the file is closed
+  if (const int at_close = file.Close(); error == 0) error = at_close;
   if (error != 0) FailFile(path, error);
 }
 
@@ -108,12 +92,12 @@ bool IsMarkedReadOnly(const std::string& path) {
 }
 
 void BringToDisk(const std::string& path) {
-  if (const std::error_code error = SeeOnDisk(path)) FailFile(path, error.value());
+  if (const int error = SyncFile(path)) FailFile(path, error);
 }
 
 void BringFolderToDisk(const std::string& path) {
   std::error_code error;
-  SeeOnDisk(fs::absolute(path, error).parent_path().string());
+  SyncFile(fs::absolute(path, error).parent_path().string());
 }
 
 std::uint64_t FileSize(const std::string& path) {

@@ -21,8 +21,8 @@ std::string WithSeparator(const std::string& folder);
 // The folder of a file, "." for a name alone.
 std::string FolderOf(const std::string& path);
 
-// Copies a file to a path that does not exist yet; no half file is left behind. kFileNotFound and the faults of
-// MakeFile.
+// Copies a file to a path that does not exist yet; no partial file is left after a fault. kFileNotFound and the faults
+// of MakeFile.
 void CopyDatabase(const std::string& from, const std::string& to);
 
 // Writes the parts one after the other, over what the file held. The faults of FailFile.
@@ -31,11 +31,11 @@ void WriteBytes(const std::string& path, const std::vector<std::string_view>& pa
 [[noreturn]] void FailFile(const std::string& path, int error);
 // fsyncs a file. The faults of FailFile.
 void BringToDisk(const std::string& path);
-// fsyncs the folder of a file, so that the file keeps its name through a power cut. Not every file system can: what
-// fails is let be.
+// fsyncs the folder of a file, so that the file keeps its name after a power cut. Failures are ignored, as not every
+// file system supports it.
 void BringFolderToDisk(const std::string& path);
 
-// No write permission for anybody marks a file as read-only, also for the superuser.
+// A file without any write permission bit counts as read-only, also for the superuser.
 bool IsMarkedReadOnly(const std::string& path);
 
 // Size in bytes; 0 for a file that is not there.

@@ -1,7 +1,6 @@
 #include "store/image.h"
 
 #include <sqlite3.h>
-#include <stdlib.h>
 
 #include <array>
 #include <chrono>
@@ -12,13 +11,14 @@
 #include <vector>
 
 #include "base/fault.h"
+#include "base/host.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kSource = "MERLU store";
 constexpr std::array<char, 16> kMagic = {'S', 'Q', 'L', 'i', 't', 'e', ' ', 'f', 'o', 'r', 'm', 'a', 't', ' ', '3', 0};
 constexpr std::size_t kHeader = 100, kWriteVersion = 18;
 constexpr unsigned char kWriteAhead = 2;
@@ -27,11 +27,11 @@ constexpr int kTries = 20;
 constexpr std::size_t kChunk = std::size_t{1} << 26U;
 
 [[noreturn]] void CannotRead(const std::string& path, const std::string& why) {
-  throw Fault(fault_number::kFileAccess, kSource, "Cannot read the file " + path + ": " + why + ".");
+  throw Fault(fault_number::kFileAccess, kStoreSource, "Cannot read the file " + path + ": " + why + ".");
 }
 
 [[noreturn]] void IsInUse(const std::string& path) {
-  throw Fault(fault_number::kInUse, kSource, "The file " + path + " is being written by another program.");
+  throw Fault(fault_number::kInUse, kStoreSource, "The file " + path + " is being written by another program.");
 }
 
 Image NewImage(std::size_t size) {
@@ -48,7 +48,7 @@ class Hold {
   explicit Hold(const std::string& path) : path_(path) {
     std::error_code error;
     if (!fs::is_regular_file(path, error))
-      throw Fault(fault_number::kPathNotFound, kSource, "Could not find file '" + path + "'.");
+      throw Fault(fault_number::kPathNotFound, kStoreSource, "Could not find file '" + path + "'.");
     const std::string full = fs::absolute(path, error).string();
     const int code = sqlite3_open_v2(full.c_str(), &db_, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code == SQLITE_OK) sqlite3_file_control(db_, "main", SQLITE_FCNTL_FILE_POINTER, &file_);
@@ -113,11 +113,8 @@ class Hold {
 class PrivateFolder {
  public:
   PrivateFolder() {
-    std::string name = (fs::temp_directory_path() / "merlu-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr)
-      throw Fault(fault_number::kFileAccess, kSource,
-                  "Cannot make a folder in " + fs::temp_directory_path().string() + ".");
-    path_ = name;
+    path_ = host::MakeTemporaryFolder();
+    if (path_.empty()) throw Fault(fault_number::kFileAccess, kStoreSource, "Cannot make a temporary folder.");
   }
   ~PrivateFolder() {
     std::error_code error;
@@ -135,7 +132,8 @@ void WriteBytes(const std::string& path, const unsigned char* bytes, std::size_t
   std::ofstream out(path, std::ios::binary);
   out.write(reinterpret_cast<const char*>(bytes), static_cast<std::streamsize>(size));
   out.close();
-  if (!out) throw Fault(fault_number::kDiskFull, kSource, "There is no room for a copy of the file in " + path + ".");
+  if (!out)
+    throw Fault(fault_number::kDiskFull, kStoreSource, "There is no room for a copy of the file in " + path + ".");
 }
 
 std::vector<char> ReadBytes(const std::string& path) {
@@ -157,7 +155,8 @@ Image Recovered(const PrivateFolder& folder) {
   if (code == SQLITE_OK) code = sqlite3_exec(db, "SELECT COUNT(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
   const std::string why = code == SQLITE_OK ? "" : sqlite3_errmsg(db);
   sqlite3_close_v2(db);
-  if (code != SQLITE_OK) throw Fault(fault_number::kDamaged, kSource, "The database file is damaged (" + why + ").");
+  if (code != SQLITE_OK)
+    throw Fault(fault_number::kDamaged, kStoreSource, "The database file is damaged (" + why + ").");
   return Hold(path).Read();
 }
 
@@ -203,7 +202,7 @@ Image ReadImage(const std::string& path) {
   const Hold hold(path);
   Image image = hold.Read();
   if (image.size < kHeader || std::memcmp(image.bytes.get(), kMagic.data(), kMagic.size()) != 0)
-    throw Fault(fault_number::kNotADatabase, kSource, "Unrecognized database format '" + path + "'.");
+    throw Fault(fault_number::kNotADatabase, kStoreSource, "Unrecognized database format '" + path + "'.");
   if (image.bytes.get()[kWriteVersion] == kWriteAhead) return ReadWithLog(path, hold);
   if (!IsHot(hold)) return image;
   const PrivateFolder folder;

@@ -13,8 +13,8 @@ struct Image {
   std::size_t size = 0;
 };
 
-// The file as its last commit left it. A journal that was left by a cut is rolled back in a private copy of both; a
-// write-ahead log is taken in there too. kPathNotFound, kInUse while another program goes on writing, kNotADatabase,
+// The file as its last commit left it. A journal of an interrupted write is rolled back in a private copy of both; a
+// write-ahead log is read in there too. kPathNotFound, kInUse while another program keeps writing, kNotADatabase,
 // kFileAccess.
 Image ReadImage(const std::string& path);
 

@@ -14,7 +14,7 @@ struct NamedTable {
   std::string name;
 };
 
-// What stands behind FROM, JOIN, INTO and UPDATE, functions and inner queries left out.
+// The names after FROM, JOIN, INTO and UPDATE, without functions and inner queries.
 std::vector<NamedTable> NamedTables(std::string_view sql);
 
 // Whether one of them is missing from the open file.

@@ -1,19 +1,14 @@
 #include "store/new_file.h"
 
-#include <fcntl.h>
-#include <stdio.h>
-#include <sys/file.h>
-#include <sys/random.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
-#include <climits>
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "base/fault.h"
+#include "base/host.h"
 #include "base/text.h"
 #include "store/files.h"
 
@@ -40,8 +35,9 @@ constexpr const char* kNoteSuffix = ".note";
 }
 
 std::string RandomName() {
-  unsigned long long number = 0;
-  if (::getrandom(&number, sizeof number, 0) != sizeof number) FailFile("/dev/urandom", errno);
+  const std::optional<std::uint64_t> random = host::RandomNumber();
+  if (!random) throw Fault(fault_number::kDeviceError, kSource, "The system has no random numbers.");
+  std::uint64_t number = *random;
   std::string digits(kDigits, '0');
   for (char& digit : digits) {
     digit = "0123456789abcdef"[number & 15U];
@@ -59,8 +55,8 @@ bool IsUnfinishedName(std::string_view name) {
 }
 
 void RemoveWithJournals(const std::string& path) {
-  ::unlink(path.c_str());
-  for (const char* journal : kJournals) ::unlink((path + journal).c_str());
+  host::Remove(path);
+  for (const char* journal : kJournals) host::Remove(path + journal);
 }
 
 // ---- what a name stands for ----
@@ -124,38 +120,33 @@ class Note {
  public:
   explicit Note(const std::string& folder) : folder_(folder) {
     constexpr int kTries = 3;
-    for (int i = 0; i < kTries && file_ < 0 && !folder_.empty(); ++i) Make();
+    for (int i = 0; i < kTries && !file_.IsOpen() && !folder_.empty(); ++i) Make();
   }
   ~Note() {
-    if (file_ < 0) return;
-    ::unlink(path_.c_str());
-    ::close(file_);
-    ::rmdir(folder_.c_str());  // goes with its last note
+    if (!file_.IsOpen()) return;
+    host::Remove(path_);
+    file_.Close();
+    host::RemoveEmptyFolder(folder_);
   }
   Note(const Note&) = delete;
   Note& operator=(const Note&) = delete;
 
-  // A note that cannot be kept costs no more than the clearing up after a kill.
+  // A failure is ignored: without the note only the clean-up after a kill is missing.
   void Put(const std::string& unfinished) {
-    if (file_ < 0 || ::ftruncate(file_, 0) != 0) return;
-    if (::pwrite(file_, unfinished.data(), unfinished.size(), 0) == static_cast<ssize_t>(unfinished.size()))
-      ::fsync(file_);
+    if (file_.IsOpen()) file_.Replace(unfinished);
   }
 
  private:
   void Make() {
     MakeFolder(folder_);
     path_ = WithSeparator(folder_) + RandomName() + kNoteSuffix;
-    file_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-    if (file_ < 0) return;
-    struct stat state {};
-    // a program that starts may take a note away before it is locked
-    if (::flock(file_, LOCK_EX | LOCK_NB) == 0 && ::fstat(file_, &state) == 0 && state.st_nlink == 1) return;
-    ::close(std::exchange(file_, -1));
+    host::File file(path_, host::File::Mode::kNewPrivate);
+    // another program that starts may remove the note before it is locked
+    if (file.IsOpen() && file.LockAll() && file.HasOneName()) file_ = std::move(file);
   }
 
   std::string folder_, path_;
-  int file_ = -1;
+  host::File file_;
 };
 
 class UnfinishedFile {
@@ -163,16 +154,14 @@ class UnfinishedFile {
   UnfinishedFile(const OwnFiles& own, const std::string& target) : note_(own.notes), target_(target) {
     std::error_code error;
     const std::string folder = fs::absolute(target, error).parent_path().string();
-    int file = -1;
-    while (file < 0) {
+    host::File file;
+    while (!file.IsOpen()) {
       path_ = WithSeparator(folder) + std::string(kPrefix) + RandomName() + std::string(kSuffix);
       note_.Put(path_);
-      file = ::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-      if (file < 0 && errno != EEXIST) FailFile(target, errno);
+      file = host::File(path_, host::File::Mode::kNew);
+      if (!file.IsOpen() && file.error() != EEXIST) FailFile(target, file.error());
     }
-    struct stat state {};
-    if (::stat(target.c_str(), &state) == 0) ::fchmod(file, state.st_mode & 0777U);
-    ::close(file);
+    file.TakePermissionsOf(target);
   }
   ~UnfinishedFile() {
     if (!path_.empty()) RemoveWithJournals(path_);
@@ -184,42 +173,29 @@ class UnfinishedFile {
 
   void Finish(bool over_existing) {
     BringToDisk(path_);
-    if (over_existing ? ::rename(path_.c_str(), target_.c_str()) != 0 : !TakeFreeName()) FailFile(target_, errno);
+    const int error = over_existing ? host::Rename(path_, target_) : host::RenameToFreeName(path_, target_);
+    if (error != 0) FailFile(target_, error);
     path_.clear();
     BringFolderToDisk(target_);
   }
 
  private:
-  bool TakeFreeName() {
-    if (::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE) == 0) return true;
-    if (errno != EINVAL && errno != ENOSYS) return false;
-    // a file system that cannot rename so
-    if (::link(path_.c_str(), target_.c_str()) != 0) return false;
-    ::unlink(path_.c_str());
-    return true;
-  }
-
   Note note_;
   std::string target_, path_;
 };
 
 void RemoveNoted(const fs::path& note) {
-  const int file = ::open(note.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC);
-  if (file < 0) return;
-  if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
-    std::string path(PATH_MAX, '\0');
-    const ssize_t size = ::pread(file, path.data(), path.size(), 0);
-    path.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-    std::error_code error;
-    const fs::path noted(path);
-    const bool known = noted.is_absolute() && IsUnfinishedName(noted.filename().string());
-    // the folder may come back with its disk
-    if (!known || fs::is_directory(noted.parent_path(), error)) {
-      if (known) RemoveWithJournals(path);
-      ::unlink(note.c_str());
-    }
-  }
-  ::close(file);
+  constexpr std::size_t kLongestPath = 4096;
+  host::File file(note.string(), host::File::Mode::kExisting);
+  if (!file.IsOpen() || !file.LockAll()) return;
+  const std::string path = file.Read(kLongestPath);
+  std::error_code error;
+  const fs::path noted(path);
+  const bool known = noted.is_absolute() && IsUnfinishedName(noted.filename().string());
+  // without its folder the note is kept: the disk may be mounted again later
+  if (known && !fs::is_directory(noted.parent_path(), error)) return;
+  if (known) RemoveWithJournals(path);
+  host::Remove(note.string());
 }
 
 }  // namespace
@@ -236,7 +212,7 @@ std::string TargetPath(const OwnFiles& own, const std::string& name) {
     return path.string();
   }
   if (!fs::is_regular_file(status)) RefuseName("Cannot write the file " + name + ": it is a device.");
-  if (IsMarkedReadOnly(path.string()) || ::access(path.c_str(), W_OK) != 0) FailFile(name, EACCES);
+  if (IsMarkedReadOnly(path.string()) || !host::MayWrite(path.string())) FailFile(name, EACCES);
   return path.string();
 }
 
@@ -265,7 +241,7 @@ void RemoveUnfinishedFiles(const std::string& notes) {
   for (fs::directory_iterator at(notes, error), end; !error && at != end; at.increment(error))
     if (at->path().extension() == kNoteSuffix) found.push_back(at->path());
   for (const fs::path& note : found) RemoveNoted(note);
-  if (!found.empty()) ::rmdir(notes.c_str());
+  if (!found.empty()) host::RemoveEmptyFolder(notes);
 }
 
 }  // namespace merlu

@@ -1,4 +1,4 @@
-// Writing a file that somebody has named: it is whole under its name, or what was there stays.
+// Writing files under names that the user chose: the file is complete under its name, or the old one stays.
 #pragma once
 
 #include <functional>
@@ -6,21 +6,21 @@
 
 namespace merlu {
 
-// What a writer has to keep clear of, and where it notes what it has begun.
+// The files that a writer must not touch, and the folder for its notes of unfinished files.
 struct OwnFiles {
   std::string inventory;  // in use; empty when there is none
   std::string notes;      // a folder, made when missing; empty: nothing is noted
 };
 
-// The file that a name stands for, links followed. kBadFileName for the inventory in use and for what belongs to it
-// (journal, companion, temporary files), under any name or link, for a folder and for a device; kFileAccess for a
-// file without write permission; kNoSuchFolder. Whether an existing file may go is for the caller to ask.
+// The real path of a name, with links followed. kBadFileName for the inventory in use and for its journal, companion
+// and temporary files, under any name or link, for a folder and for a device; kFileAccess for a file without write
+// permission; kNoSuchFolder. Asking before an overwrite is the caller's task.
 std::string TargetPath(const OwnFiles& own, const std::string& name);
 
-// The one way to write a file under a name that a user gave. `write` makes the file at the path that it gets, a new,
-// empty file of its own in the target's folder; then the file is fsynced and renamed to the target. After a fault,
-// also one of `write`, what was there stays and nothing else is left. The faults of TargetPath, kFileAccess,
-// kDiskFull, kNoSuchFolder, kDeviceError and those of `write`.
+// The one way to write a file under a name that a user gave. `write` fills a new, empty temporary file in the target's
+// folder, whose path it gets; this is then fsynced and renamed to the target. After a fault, also one of `write`, the
+// old file is unchanged and no other is left. The faults of TargetPath, kFileAccess, kDiskFull, kNoSuchFolder,
+// kDeviceError and those of `write`.
 void WriteNewFile(const OwnFiles& own, const std::string& name,
                   const std::function<void(const std::string& path)>& write);
 

@@ -7,11 +7,10 @@
 
 #include "base/fault.h"
 #include "store/database.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
-
-constexpr const char* kSource = "MERLU store";
 
 // What a row needs to be written by its number: the key column that is the row number is left out.
 struct RowStatements {
@@ -67,14 +66,14 @@ class RowWriter {
     const std::vector<StoredValue> stored = RowValues(bytes);
     const RowStatements& statements = Of(row);
     if (stored.size() != changes_.TableOf(row).columns.size())
-      throw Fault(fault_number::kDamaged, kSource, "A recorded row has another layout.");
+      throw Fault(fault_number::kDamaged, kStoreSource, "A recorded row has another layout.");
     std::vector<StoredValue> values;
     values.reserve(statements.columns.size() + 1);
     for (const std::size_t column : statements.columns) values.push_back(stored[column]);
     return values;
   }
   static void Expect(int changed) {
-    if (changed != 1) throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
+    if (changed != 1) throw Fault(fault_number::kRecordDeleted, kStoreSource, "Record is deleted.");
   }
 
   Database& db_;

@@ -6,6 +6,7 @@
 
 #include <set>
 
+#include "desktop/captions.h"
 #include "desktop/shortcuts.h"
 #include "driver.h"
 #include "examples.h"

@@ -7,6 +7,7 @@
 
 #include "dark.h"
 #include "desktop/binding.h"
+#include "desktop/captions.h"
 #include "desktop/look.h"
 #include "desktop/navigation_tree.h"
 #include "desktop/results_list.h"

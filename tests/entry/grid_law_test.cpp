@@ -287,7 +287,7 @@ TEST(GridLaw, a_save_leaves_what_the_sheets_would_leave_record_by_record) {
     EXPECT_EQ(saved.refused, "");
     EXPECT_EQ(saved.records, records);
     all += records;
-    told += saved.told.size();
+    told += saved.messages.size();
     EXPECT_EQ(by_grid.TakeBoxes(), Texts());
     SaveOneByOne(by_record, typed);
     const Texts a = Dump(by_grid), b = Dump(by_record);

@@ -47,6 +47,7 @@ class Walker : public Platform {
   bool IsInstalled() override { return false; }
   std::string DataFolder() override { return folder_; }
   void WriteReport(const InventoryReport&, const std::string& path, const std::function<void(int, int)>&) override;
+  void WriteHandInReport(const HandInReport&, const std::string&) override {}
   void Print(const Form&) override {}
   void OpenDocument(const std::string&) override {}
   std::uint64_t FreeBytes(const std::string&) override { return std::uint64_t{1} << 40; }

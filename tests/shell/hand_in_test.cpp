@@ -4,7 +4,6 @@
 
 #include "forms/grid_model.h"
 #include "forms/list_model.h"
-#include "forms/review_ports.h"
 #include "history/notes.h"
 #include "host/hand_in_pdf.h"
 #include "review/hand_in.h"
@@ -19,13 +18,12 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// A run that prints reports, and whose user may end a piece of work.
-class RunWithPorts : public TestRun, public HandInPrinter, public WorkStopper {
+// A run whose user may stop a piece of work.
+class RunWithPorts : public TestRun {
  public:
   int stops_after = -1;  // so many looks; -1: never
   bool allowed = false;
 
-  void WriteHandInReport(const HandInReport& report, const std::string& path) override { WriteHandInPdf(report, path); }
   void AllowStop() override { allowed = true; }
   bool IsStopWanted() override { return stops_after >= 0 && looks_++ >= stops_after; }
 

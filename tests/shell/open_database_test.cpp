@@ -10,6 +10,7 @@
 #include <functional>
 #include <sstream>
 
+#include "base/host.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
 #include "shell/program_end.h"
@@ -333,8 +334,8 @@ TEST_F(OpenedTwice, is_refused_as_in_use_and_says_who_has_it_and_since_when) {
   EXPECT_NE(box.text.find("Error # 3356 "), std::string::npos) << box.text;
   EXPECT_EQ(box.buttons, (std::vector<Button>{Button::kRetry, Button::kCancel}));
   std::string who = "Opened";
-  if (!UserName().empty()) who += " by " + UserName();
-  EXPECT_EQ(box.detail, who + " on " + MachineName() + " since 14:02.");
+  if (!host::UserName().empty()) who += " by " + host::UserName();
+  EXPECT_EQ(box.detail, who + " on " + host::MachineName() + " since 14:02.");
 }
 
 TEST_F(OpenedTwice, says_the_day_too_when_it_is_another_one) {

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "forms/desk.h"
+#include "host/hand_in_pdf.h"
 #include "host/report_pdf.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
@@ -299,6 +300,10 @@ void TestRun::RunModal(Form& form) {
 void TestRun::WriteReport(const InventoryReport& report, const std::string& path,
                           const std::function<void(int done, int total)>& progress) {
   WriteReportPdf(report, path, progress);
+}
+
+void TestRun::WriteHandInReport(const HandInReport& report, const std::string& path) {
+  WriteHandInPdf(report, path);
 }
 
 void TestRun::PaintWait(const WaitScreen& wait) {

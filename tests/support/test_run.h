@@ -133,6 +133,7 @@ class TestRun : public Platform {
   std::uint64_t FreeBytes(const std::string&) override { return free_bytes; }
   void WriteReport(const InventoryReport& report, const std::string& path,
                    const std::function<void(int done, int total)>& progress) override;
+  void WriteHandInReport(const HandInReport& report, const std::string& path) override;
   void Print(const Form& form) override { printed.push_back(form.name()); }
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
   std::vector<std::string> opened, printed;

@@ -1,5 +1,5 @@
-// The groups of fields that several sheets share. Each is told once; what differs by sheet (captions, tags,
-// columns, bounds) is data of the sheet. All are fields of the description.
+// The groups of fields that several sheets share, each defined once; what differs by sheet (captions, tags, columns,
+// bounds) is data of the sheet. All are fields of the description.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace merlu {
 
-// Another control device: whether there is one, what it is, and its efficiencies in percent.
+// Another control device: whether there is one, its description, and its efficiencies in percent.
 struct OtherControl {
   std::string letters;
   int page = 1;
@@ -18,7 +18,7 @@ struct OtherControl {
   std::string description_tag = "Other Control Device Descript.";
   std::string description_label;  // name of the description's caption, when it has one
   std::vector<std::string> efficiencies = {"SOx", "NOx", "CO", "VOC", "PM10"};
-  std::string efficiency_tag = " Control Efficiency";  // behind the pollutant's name
+  std::string efficiency_tag = " Control Efficiency";  // after the pollutant's name
   In mode = In::kBoth;                                 // in which the device's list turns the other fields on and off
   int first_order = 1;                                 // of its rules in the group
   bool marks_passes = false;                           // an efficiency that passes is marked too
@@ -84,7 +84,7 @@ struct Routing {
   std::string temperature_control;         // txt<letters>_ExhaustOutletExitT when empty
   std::string temperature_column = "EXH_OUT_EXIT_TEMP";
   std::vector<std::string> flare_tags = {"Flare Feed Rate", "Flare Combustion Temperature", "Combustion Efficiency"};
-  std::string note_label, note;  // behind the remote vent or flare
+  std::string note_label, note;  // after the remote vent or flare
   // A destination that is not remote clears the choice of the remote vent or flare and is itself enabled.
   bool drops_remote = false;
   bool unlocks_remote = false;  // a remote destination also unlocks that list

@@ -5,6 +5,7 @@
 #include "base/fault.h"
 #include "session/act.h"
 #include "session/messages.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
@@ -13,7 +14,7 @@ std::string Where(const LookupCriteria& criteria, Values& values) {
   std::string where;
   for (const auto& [column, text] : criteria) {
     if (text.find('\'') != std::string::npos)
-      throw Fault(fault_number::kSyntax, "MERLU store",
+      throw Fault(fault_number::kSyntax, kStoreSource,
                   "Syntax error (missing operator) in query expression '[" + column + "] = '" + text + "''.");
     where.append(where.empty() ? " WHERE [" : " AND [").append(column).append("]=?");
     values.emplace_back(text);

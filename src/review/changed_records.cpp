@@ -1,4 +1,4 @@
-#include "review/told_changes.h"
+#include "review/changed_records.h"
 
 #include <algorithm>
 #include <array>
@@ -48,12 +48,12 @@ std::vector<std::int64_t> Numbers(const RecordedTable& table, const RowChange& r
 
 }  // namespace
 
-bool ToldChanges::IsEmpty() const {
+bool ChangedRecords::IsEmpty() const {
   return !all && structures.empty() && pieces.empty() && of_pieces.empty() && descriptions.empty() &&
          structure_months.empty() && months.empty() && of_months.empty() && rows.empty() && places.empty();
 }
 
-void ToldChanges::Learn(const Changes& changes) {
+void ChangedRecords::Learn(const Changes& changes) {
   if (known_ == changes.tables) return;
   known_ = changes.tables;
   kinds_.clear();
@@ -73,7 +73,7 @@ void ToldChanges::Learn(const Changes& changes) {
   }
 }
 
-void ToldChanges::Note(const Changes& changes) {
+void ChangedRecords::Note(const Changes& changes) {
   if (all) return;
   all = changes.all || changes.rows.size() + rows.size() + months.size() > kMostRows;
   if (all) return;
@@ -81,7 +81,7 @@ void ToldChanges::Note(const Changes& changes) {
   for (const RowChange& row : changes.rows) NoteRow(changes, row);
 }
 
-void ToldChanges::NoteRow(const Changes& changes, const RowChange& row) {
+void ChangedRecords::NoteRow(const Changes& changes, const RowChange& row) {
   const RecordedTable& table = changes.TableOf(row);
   const bool came_or_went = row.Added() || row.Removed();
   switch (kinds_[row.table]) {
@@ -113,7 +113,7 @@ void ToldChanges::NoteRow(const Changes& changes, const RowChange& row) {
   }
 }
 
-void ToldChanges::NoteLog(const RecordedTable& table, const RowChange& row) {
+void ChangedRecords::NoteLog(const RecordedTable& table, const RowChange& row) {
   rows.insert(row.rowid);
   for (const std::string_view bytes : {row.before, row.after}) {
     if (bytes.empty()) continue;
@@ -127,7 +127,7 @@ void ToldChanges::NoteLog(const RecordedTable& table, const RowChange& row) {
 }
 
 // Its name holds the place of its finding.
-void ToldChanges::NoteComment(const RecordedTable& table, const RowChange& row) {
+void ChangedRecords::NoteComment(const RecordedTable& table, const RowChange& row) {
   for (const std::string_view bytes : {row.before, row.after}) {
     if (bytes.empty()) continue;
     const std::string name = TextAt(RowValues(bytes), ColumnOf(table, "finding"));
@@ -142,7 +142,7 @@ void ToldChanges::NoteComment(const RecordedTable& table, const RowChange& row) 
   }
 }
 
-ToldChanges::Place& ToldChanges::At(QCLocation at) {
+ChangedRecords::Place& ChangedRecords::At(QCLocation at) {
   std::string name = Lower(at.Level) + kBetween + std::to_string(at.Month);
   for (const std::string* part : {&at.UserID, &at.CmplxID, &at.StructID, &at.EquipType, &at.EquipID})
     name += kBetween + *part;

@@ -1,4 +1,4 @@
-// A platform without anybody before it: dialogs close at once, nothing is painted, asked for or kept.
+// A front end without a user: dialogs close at once, nothing is painted or asked.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace merlu {
 
-class SilentPlatform : public Platform {
+class SilentUi : public virtual Ui {
  public:
   std::string AskFile(const FileQuestion&) override { return ""; }
   std::string AskFolder(const std::string&) override { return ""; }
@@ -16,8 +16,6 @@ class SilentPlatform : public Platform {
   void PaintWait(const WaitScreen&) override {}
   void SetBusy(bool) override {}
   void Beep() override {}
-  std::string Setting(const std::string&, const std::string&) override { return ""; }
-  void StoreSetting(const std::string&, const std::string&, const std::string&) override {}
   void Print(const Form&) override {}
   void OpenDocument(const std::string&) override {}
 };

@@ -1,4 +1,4 @@
-// What the recorder of changes has told since the last look, in terms of records.
+// The changes that the recorder has reported since the last look, as records.
 #pragma once
 
 #include <cstdint>
@@ -13,11 +13,11 @@
 
 namespace merlu {
 
-class ToldChanges {
+class ChangedRecords {
  public:
   void Note(const Changes& changes);
   bool IsEmpty() const;
-  void Forget() { *this = ToldChanges(); }
+  void Forget() { *this = ChangedRecords(); }
 
   bool all = false;                     // anything may have changed
   std::set<std::int64_t> structures;    // by PD_ID_AK: all their records
@@ -27,7 +27,7 @@ class ToldChanges {
   std::set<std::int64_t> structure_months;
   std::set<std::int64_t> months;     // by EA_ID_AK
   std::set<std::int64_t> of_months;  // by EA_ID_AK: rows came or went
-  // Rows of the log, and the places where they stood or stand.
+  // Rows of the log, with their old and new places.
   std::set<std::int64_t> rows;
   struct Place {
     QCLocation at;

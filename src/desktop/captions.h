@@ -1,0 +1,17 @@
+// The captions of controls as windows show them and as screen readers speak them.
+#pragma once
+
+#include <QString>
+
+#include "forms/control.h"
+
+namespace merlu {
+
+// The control's caption as a label shows it ('&&' is one '&'); the tag and a colon for a field without a caption.
+QString CaptionOf(const Control& control);
+// The unit of a number, from the brackets of its caption; empty without them.
+QString UnitOf(const Control& control);
+// The caption as it is read aloud, without the marks of access keys.
+QString SpokenCaption(const Control& control);
+
+}  // namespace merlu
