@@ -261,7 +261,7 @@ CheckedFile ListInventory(const std::string& path, int month) {
       finding.value = found.value;
       finding.expected = found.said->expected;
       finding.text = found.said->text;
-      finding.comment = Trim(found.comment).empty() ? "" : found.comment;
+      finding.comment = Explains(found.comment) ? found.comment : "";
       finding.state = StateText(found.state);
       ++(found.state == FindingState::kOpen    ? file.open
          : found.state == FindingState::kStale ? file.stale

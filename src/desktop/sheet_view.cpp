@@ -11,6 +11,7 @@
 #include "desktop/captions.h"
 #include "desktop/look.h"
 #include "desktop/results_list.h"
+#include "qc/comment_key.h"
 #include "qc/qc_list.h"
 #include "session/main_names.h"
 #include "shell/results.h"
@@ -295,7 +296,7 @@ void SheetView::ShowCount() {
       std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row.back() != kSummaryMark; });
   const QString caption = Q(binding_.form().At(tab_).items[static_cast<std::size_t>(results_page_)]);
   const auto open = std::count_if(rows.begin(), rows.end(), [](const auto& row) {
-    return row.back() != kSummaryMark && row.size() > kCommentColumn && Trim(row[kCommentColumn]).empty();
+    return row.back() != kSummaryMark && row.size() > kCommentColumn && !Explains(row[kCommentColumn]);
   });
   const QString text = count == 0  ? caption
                        : open == 0 ? caption + QString(" (%1)").arg(count)

@@ -15,6 +15,10 @@ std::string CommentKey(const QCLocation& l, std::string_view tag, std::string_vi
   return (key += kBetween).append(text);
 }
 
+bool Explains(std::string_view comment) {
+  return comment.find_first_not_of(" \t\r\n\v\f") != std::string_view::npos;
+}
+
 bool IsSameValue(const std::string& upon, const std::string& stored) {
   if (upon == stored) return true;
   const std::string text = Trim(upon);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "qc/comment_key.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -43,7 +44,7 @@ Log ReadLog(Database& db, const QCLocation& at, Mode mode) {
   db.ForEach(sql, values, [&log](const RowView& row) {
     const bool of_equipment = EqualsIgnoringCase(row.Text(3), level::kEquipment);
     log[of_equipment ? PieceName(row.Text(4), row.Text(5)) : ""].push_back(
-        {std::string(row.Text(0)), std::string(row.Text(1)), !Trim(row.Text(2)).empty(), false});
+        {std::string(row.Text(0)), std::string(row.Text(1)), Explains(row.Text(2)), false});
   });
   return log;
 }

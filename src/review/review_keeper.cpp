@@ -256,7 +256,7 @@ const Said& ReviewKeeper::Saying(const RuleSet* rules, std::string_view tag, std
 
 template <typename WhereOf>
 void ReviewKeeper::Explain(ReviewedFinding& finding, KnownComments& known, WhereOf where) {
-  if (Trim(finding.comment).empty()) return;
+  if (!Explains(finding.comment)) return;
   finding.state = FindingState::kExplained;
   if (known.IsEmpty()) return;
   const auto upon = known.Of(CommentKey(where(), finding.said->tag, finding.said->text));

@@ -174,7 +174,7 @@ std::vector<FindingToExplain> Picked(Form& dock) {
 std::string OfferedComment(Session& s, const std::vector<FindingToExplain>& picked) {
   if (picked.size() > 1) return "";
   const FindingToExplain& one = picked.front();
-  if (!Trim(one.comment).empty()) return one.comment;
+  if (Explains(one.comment)) return one.comment;
   const auto known = CommentOf(s.companion, CommentKey(one.location, one.tag, one.text));
   return known ? known->comment : "";
 }

@@ -2,6 +2,7 @@
 
 #include "base/fault.h"
 #include "base/text.h"
+#include "qc/comment_key.h"
 #include "review/place_counts.h"
 #include "shell/findings_dock.h"
 
@@ -32,9 +33,7 @@ PlaceCounts FindingsAt(Session& s) {
 // What a run in the middle of an edit has found: it has judged what is typed, and not what is stored.
 PlaceCounts LoggedAt(Session& s) {
   const QCLocation& at = s.current;
-  std::string sql =
-      "SELECT COUNT(*),COUNT(CASE WHEN trim(coalesce(Comments,''))='' THEN 1 END) FROM QC WHERE UserID=? AND [Month]=? "
-      "AND [Year]=? AND CmplxID=? AND StructID=?";
+  std::string sql = "SELECT Comments FROM QC WHERE UserID=? AND [Month]=? AND [Year]=? AND CmplxID=? AND StructID=?";
   Values values = {Trim(at.UserID), std::int64_t{at.Month}, std::int64_t{at.Year}};
   values.emplace_back(Trim(at.CmplxID));
   values.emplace_back(Trim(at.StructID));
@@ -45,7 +44,8 @@ PlaceCounts LoggedAt(Session& s) {
   }
   PlaceCounts counts;
   s.db.ForEach(sql, values, [&counts](const RowView& row) {
-    counts = {static_cast<int>(row.Integer(0)), static_cast<int>(row.Integer(1))};
+    ++counts.findings;
+    if (!Explains(row.Text(0))) ++counts.unexplained;
   });
   return counts;
 }

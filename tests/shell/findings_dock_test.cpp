@@ -73,6 +73,15 @@ TEST_F(FindingsDockOf, says_nothing_of_an_inactive_record_but_what_the_log_holds
   EXPECT_EQ(Column(1), Texts{});
 }
 
+TEST_F(FindingsDockOf, takes_a_comment_of_blanks_and_lines_for_none) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.s.db.Execute("UPDATE QC SET Comments=' '||char(9)||char(10)||char(13)");
+  EXPECT_EQ(Column(6), (Texts{"open", "open"}));
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.unexplained, 2);
+}
+
 TEST_F(FindingsDockOf, is_walked_through_from_the_row_that_is_picked) {
   Rows();
   run.SelectRoot();
