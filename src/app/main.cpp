@@ -21,7 +21,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kWrongUsage = 2;
+constexpr int kWrongUsage = 2, kCannotWrite = 3;
 
 constexpr const char* kUsage =
     "usage: merlu [--settings FILE] [INVENTORY]\n"
@@ -184,7 +184,9 @@ int main(int argc, char** argv) {
   if (command == "catalogue") {
     if (argc > 2) return merlu::Usage();
     std::cout << merlu::Catalogue().dump(1) << "\n";
-    return 0;
+    if (std::cout.flush()) return 0;
+    std::cerr << "merlu: the catalogue cannot be written\n";
+    return merlu::kCannotWrite;
   }
   return merlu::RunDesktopProgram(argc, argv);
 }

@@ -80,6 +80,21 @@ TEST_F(OnScreen, a_save_with_its_run_is_one_step) {
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "745");
 }
 
+TEST_F(OnScreen, a_look_up_list_that_grows_belongs_to_the_save) {
+  run.StartWith("PNE", "P1");
+  run.GoTo("PNE", "P1", Mode::kDesc);
+  run.Keep({{"cmbPNE_Mfr", "Generic"}, {"cmbPNE_Model", "Piston pump"}});
+  const std::string before = Everything();
+  run.Keep({{"cmbPNE_Mfr", "Own make"}, {"cmbPNE_Model", "Own model"}});  // grows by "Own make, Piston pump" too
+  run.TakeBoxes();
+  const std::string after = Everything();
+  EXPECT_EQ(ToInteger(run.Sql("SELECT COUNT(*) FROM listPNE WHERE Mfr='Own make'")), 2);
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Everything(), before);
+  run.Click("mnuERedo");
+  EXPECT_EQ(Everything(), after);
+}
+
 TEST_F(OnScreen, an_added_month_goes_again) {
   run.StartWithStructure();
   run.ChangeTo(Mode::kActv);

@@ -46,6 +46,7 @@ void AddToLookup(Session& s, const std::string& table, const LookupCriteria& row
     Values values;
     const std::string where = Where(row, values);
     if (!IsNull(s.db.Single("SELECT 1 FROM [" + table + "]" + where, values))) return;
+    s.companion.ContinueWith(s.edit_step);  // one that grows twice in an edit
     const Act act(s, "Look-up List");
     if (!act.MayWrite()) return;
     Tell(s, "Adding new Make-Model to lookup.");
