@@ -127,10 +127,8 @@ void CancelEdit(Session& s) {
   ClearSheet(s);
   LoadSheet(s);
   EndEdit(s);
-  if (typed)
-    Say(s, "Edit dropped");
-  else if (s.message != kSaved)
-    Say(s, "");
+  // nothing of what was saved is lost
+  if (typed || s.message != kSaved) Say(s, "Edit dropped");
 }
 
 void RunQCHere(Session& s) {

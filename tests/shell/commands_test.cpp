@@ -140,7 +140,7 @@ TEST_F(AtTheDesk, says_what_became_of_the_edit) {
   EXPECT_EQ(run.s.message, "Edit dropped");
   run.Click("cmdEdit");
   run.Click("cmdCANCEL");
-  EXPECT_EQ(run.s.message, "");
+  EXPECT_EQ(run.s.message, "Edit dropped");
 }
 
 TEST_F(AtTheDesk, hides_the_nodes_that_lack_a_word_and_keeps_it_so_when_the_tree_is_built_anew) {
