@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/dates.h"
+#include "base/text.h"
 #include "qc_run/run_qc.h"
 #include "qc_run/run_record.h"
 #include "records/structure_record.h"
@@ -17,6 +18,15 @@ constexpr const char* kSource = "MERLU entry";
 void RequireNoFault(const Session& s, int faults) {
   if (s.faults_shown == faults && !s.save_failed) return;
   throw Fault(fault_number::kNoCurrentRow, kSource, "this record could not be saved");
+}
+
+// The run of a structure counts those of its equipment too, which are other records'.
+int OwnFindings(Session& s, const QCLocation& at) {
+  return static_cast<int>(
+      ToInteger(s.db.Single("SELECT COUNT(*) FROM QC WHERE [UserID]=? AND [Month]=? AND [Year]=? AND [CmplxID]=? AND "
+                            "[StructID]=? AND [Level]=?",
+                            {Trim(at.UserID), std::int64_t{at.Month}, std::int64_t{at.Year}, Trim(at.CmplxID),
+                             Trim(at.StructID), std::string(level::kStructure)})));
 }
 
 const std::string* TextTyped(const TypedRecord& record, const std::string& control) {
@@ -88,6 +98,7 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   typed.view.SetChecked(kind.status_place, inactive);
   SavedRecord saved;
   saved.findings = RunQCAmongMany(s_, record.sheet, record.at, typed);
+  if (record.sheet == nullptr && saved.findings > 0) saved.findings = OwnFindings(s_, record.at);
   saved.messages = std::move(typed.messages);
   saved.values = Store(record, stored, typed, touched);
   RequireNoFault(s_, faults);

@@ -197,8 +197,9 @@ void ChooseWhatShows(Open& open) {
       type = static_cast<int>(i);
   for (std::size_t i = 0; i < open.pieces.size(); ++i) {
     const auto& [sheet, key] = open.pieces[i];
-    const bool shown = at.Is(level::kEquipment) ? sheet != nullptr && key == open.s.ED_ID_AK
-                                                : sheet == nullptr && key == open.s.PD_ID_AK;
+    const bool shown = at.Is(level::kEquipment)
+                           ? sheet != nullptr && key == open.s.ED_ID_AK
+                           : at.Is(level::kStructure) && sheet == nullptr && key == open.s.PD_ID_AK;
     if (shown) piece = static_cast<int>(i);
   }
   choose(names::cmbGRD_Type, type);

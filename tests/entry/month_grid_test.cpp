@@ -138,6 +138,15 @@ TEST_F(Grid, copies_the_month_before_into_blank_cells_and_confirms) {
   EXPECT_FALSE(grid.Cell(0, hours).copied);
 }
 
+TEST_F(Grid, counts_the_findings_of_the_records_that_it_saves_and_of_no_other) {
+  grid.ShowMonth(nullptr, 2);
+  grid.SetCell(0, ColumnOf(grid, "txtSTRUCTURE_ProdOil"), "6000000");
+  const std::int64_t own = 7;  // one out of range, six blank
+  EXPECT_EQ(grid.Save().findings, own);
+  EXPECT_EQ(ToInteger(run.Sql("SELECT COUNT(*) FROM QC WHERE Level='STRUCTURE'")), own);
+  EXPECT_GT(ToInteger(run.Sql("SELECT COUNT(*) FROM QC WHERE Level='EQUIPMENT'")), 0) << "the run reached them";
+}
+
 TEST_F(Grid, saves_nothing_when_another_program_has_changed_a_record) {
   grid.SetCell(0, hours, "700");
   grid.SetCell(1, hours, "701");
