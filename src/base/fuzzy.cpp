@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "base/case_folding.h"
 
 namespace merlu {
 namespace {
@@ -59,7 +59,7 @@ int FitOf(const FuzzyText& text, const FuzzyText& word) {
 
 }  // namespace
 
-FuzzyText::FuzzyText(std::string_view text) : lower(Lower(text)), letters(LettersOf(lower)) {}
+FuzzyText::FuzzyText(std::string_view text) : lower(FoldedText(text)), letters(LettersOf(lower)) {}
 
 FuzzyWords::FuzzyWords(std::string_view typed) {
   for (std::size_t at = 0; at < typed.size();) {

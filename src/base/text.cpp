@@ -42,6 +42,25 @@ Character FirstCharacter(std::string_view text) {
   return {code, bytes, true};
 }
 
+void AppendUtf8(std::string& to, char32_t code) {
+  const auto rest = [&to](char32_t bits) { to += static_cast<char>(0x80 | (bits & 0x3F)); };
+  if (code < 0x80) {
+    to += static_cast<char>(code);
+  } else if (code < 0x800) {
+    to += static_cast<char>(0xC0 | (code >> 6));
+    rest(code);
+  } else if (code < 0x10000) {
+    to += static_cast<char>(0xE0 | (code >> 12));
+    rest(code >> 6);
+    rest(code);
+  } else {
+    to += static_cast<char>(0xF0 | (code >> 18));
+    rest(code >> 12);
+    rest(code >> 6);
+    rest(code);
+  }
+}
+
 }  // namespace
 
 std::string TrimRight(std::string_view text) {
@@ -134,6 +153,22 @@ std::string Lower(std::string_view text) {
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](char x, char y) { return LowerChar(x) == LowerChar(y); });
+}
+
+std::string FoldedText(std::string_view text) {
+  const auto is_ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  if (std::all_of(text.begin(), text.end(), is_ascii)) return Lower(text);
+  std::string folded;
+  folded.reserve(text.size());
+  while (!text.empty()) {
+    const Character first = FirstCharacter(text);
+    if (!first.valid || first.code < 0x80)
+      folded += LowerChar(text[0]);
+    else
+      AppendUtf8(folded, FoldedCase(first.code));
+    text.remove_prefix(first.bytes);
+  }
+  return folded;
 }
 
 int CompareIds(std::string_view a, std::string_view b) {

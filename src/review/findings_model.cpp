@@ -5,6 +5,7 @@
 #include <sstream>
 #include <unordered_map>
 
+#include "base/case_folding.h"
 #include "base/text.h"
 
 namespace merlu {
@@ -13,7 +14,7 @@ namespace {
 enum Column { kPlace, kField, kValue, kExpected, kError, kComment, kState };
 
 std::vector<std::string> WordsOf(const std::string& text) {
-  std::istringstream in(Lower(text));
+  std::istringstream in(FoldedText(text));
   std::vector<std::string> words;
   for (std::string word; in >> word;) words.push_back(word);
   return words;
@@ -54,10 +55,10 @@ class Sieve {
   static constexpr std::size_t kMostWords = 60;
 
   Mask WordsIn(std::string_view text) {
-    lower_ = Lower(text);
+    folded_ = FoldedText(text);
     Mask found = 0;
     for (std::size_t i = 0; i < words_.size(); ++i)
-      if (lower_.find(words_[i]) != std::string::npos) found |= Mask{1} << i;
+      if (folded_.find(words_[i]) != std::string::npos) found |= Mask{1} << i;
     return found;
   }
   Mask InSaid(const Said& said) {
@@ -71,7 +72,7 @@ class Sieve {
   std::vector<std::string> words_;
   Mask all_ = 0, in_place_ = 0;
   std::unordered_map<const Said*, Mask> in_said_;
-  std::string lower_;
+  std::string folded_;
 };
 
 }  // namespace

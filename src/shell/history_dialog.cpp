@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "base/case_folding.h"
 #include "base/text.h"
 #include "exchange/table_file.h"
 #include "forms/dialog.h"
@@ -38,9 +39,9 @@ std::string SinceText(const HandIn& hand_in) {
 // Each word must occur in some column, without regard to case.
 bool Passes(const Row& row, const std::string& filter) {
   std::string all;
-  for (const std::string& cell : row) all += Lower(cell) + "\n";
+  for (const std::string& cell : row) all += FoldedText(cell) + "\n";
   std::string word;
-  for (const char c : Lower(filter) + " ") {
+  for (const char c : FoldedText(filter) + " ") {
     if (c != ' ') {
       word += c;
       continue;

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/case_folding.h"
 #include "base/text.h"
 #include "session/main_names.h"
 
@@ -13,7 +14,7 @@ namespace {
 std::vector<std::string> WordsOf(std::string_view text) {
   std::vector<std::string> words;
   std::string word;
-  for (const char c : Lower(text) + " ") {
+  for (const char c : FoldedText(text) + " ") {
     if (c != ' ') {
       word += c;
     } else if (!word.empty()) {
@@ -25,7 +26,7 @@ std::vector<std::string> WordsOf(std::string_view text) {
 }
 
 bool HoldsAll(const std::string& text, const std::vector<std::string>& words) {
-  const std::string lower = Lower(text);
+  const std::string lower = FoldedText(text);
   return std::all_of(words.begin(), words.end(),
                      [&](const std::string& word) { return lower.find(word) != std::string::npos; });
 }

@@ -73,6 +73,18 @@ TEST_F(FindingsDockOf, says_nothing_of_an_inactive_record_but_what_the_log_holds
   EXPECT_EQ(Column(1), Texts{});
 }
 
+TEST_F(FindingsDockOf, filters_without_regard_to_the_case_of_any_letter) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.s.db.Execute("UPDATE QC SET Comments='\u00C9cole Stra\u00DFe \u03A9' WHERE FieldID LIKE 'Hours%'");
+  for (const char* words : {"\u00E9cole", "\u00C9COLE stra\u00DFe", "\u03C9", "hours"}) {
+    run.Set("txtFND_Filter", words);
+    EXPECT_EQ(Column(1), (Texts{kHours})) << words;
+  }
+  run.Set("txtFND_Filter", "e\u0301cole");
+  EXPECT_EQ(Column(1), Texts{}) << "other characters";
+}
+
 TEST_F(FindingsDockOf, takes_a_comment_of_blanks_and_lines_for_none) {
   run.Click("cmdQC");
   run.TakeBoxes();
