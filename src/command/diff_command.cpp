@@ -25,8 +25,9 @@ std::string InWords(const Value& value) {
 
 std::string TextOf(const Difference& one, const Request& request) {
   if (one.column.empty())
-    return one.place + ": " + one.table + ": only in " + request.words[IsNull(one.a) || one.a == Value(false) ? 1 : 0];
-  return one.place + ": " + one.table + "." + one.column + ": " + InWords(one.a) + " -> " + InWords(one.b);
+    return Printable(one.place + ": " + one.table) + ": only in " +
+           request.words[IsNull(one.a) || one.a == Value(false) ? 1 : 0];
+  return Printable(one.place + ": " + one.table + "." + one.column + ": " + InWords(one.a) + " -> " + InWords(one.b));
 }
 
 bool Open(Database& db, const std::string& file, Console& console) {

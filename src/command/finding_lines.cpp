@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "command/lines.h"
 #include "exchange/csv.h"
 
@@ -29,7 +30,7 @@ void WriteFindings(Console& console, const std::string& format, const std::strin
   for (const CheckedFinding& f : file.findings) {
     if (format == "csv") {
       std::vector<std::string> fields;
-      for (const auto& [name, text] : MembersOf(path, f)) fields.push_back(text);
+      for (const auto& [name, text] : MembersOf(path, f)) fields.push_back(fields.empty() ? text : ValidUtf8(text));
       console.out << CsvLine(fields);
     } else if (format == "json") {
       Json line;
@@ -37,8 +38,9 @@ void WriteFindings(Console& console, const std::string& format, const std::strin
       line["month"] = f.month;
       console.out << JsonLine(line);
     } else {
-      console.out << OneLine(path + ": " + f.place + ": " + f.field + ": " + f.value + ": " + f.text +
-                             (f.expected.empty() ? "" : " (expected " + f.expected + ")"))
+      console.out << OneLine(path) << ": "
+                  << Printable(f.place + ": " + f.field + ": " + f.value + ": " + f.text +
+                               (f.expected.empty() ? "" : " (expected " + f.expected + ")"))
                   << "\n";
     }
   }

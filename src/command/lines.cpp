@@ -1,5 +1,7 @@
 #include "command/lines.h"
 
+#include "base/text.h"
+
 namespace merlu {
 
 std::string JsonLine(const Json& json) {
@@ -10,6 +12,13 @@ std::string OneLine(std::string text) {
   for (char& c : text)
     if (c == '\n' || c == '\r') c = ' ';
   return text;
+}
+
+std::string Printable(std::string_view text) {
+  std::string printable = ValidUtf8(text);
+  for (char& c : printable)
+    if ((c >= 0 && c < ' ') || c == '\x7f') c = ' ';
+  return printable;
 }
 
 std::string Thousands(std::int64_t number) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "command/console.h"
 
@@ -16,6 +17,8 @@ using Json = nlohmann::ordered_json;
 std::string JsonLine(const Json& json);
 // One line, whatever a value holds.
 std::string OneLine(std::string text);
+// A text of a file for a terminal: valid UTF-8, with a blank for each control character.
+std::string Printable(std::string_view text);
 // "3,333".
 std::string Thousands(std::int64_t number);
 

@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "base/text.h"
 #include "command/commands.h"
 #include "store/image.h"
 #include "support/test_run.h"
@@ -171,6 +172,20 @@ TEST_F(Check, writes_text_json_and_csv) {
   EXPECT_EQ(Play({run.s.path, "--month", "1", "--format", "csv"}), Status::kSomething);
   EXPECT_EQ(out.substr(0, out.find("\r\n")),
             "file,place,month,complex,structure,type,id,field,control,value,expected,text,comment,state");
+}
+
+TEST_F(Check, writes_a_text_of_any_bytes_as_a_printable_line) {
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET Area='G'||char(27)||'I', Name=CAST(x'ff41' AS TEXT)");
+  for (const char* format : {"text", "csv", "json"}) {
+    EXPECT_EQ(Play({run.s.path, "--format", format}), Status::kSomething);
+    EXPECT_TRUE(IsUtf8(out)) << format;
+  }
+  Play({run.s.path});
+  EXPECT_EQ(out.find('\x1b'), std::string::npos);
+  EXPECT_NE(out.find("G I, 43, \xEF\xBF\xBD"
+                     "A"),
+            std::string::npos)
+      << out;
 }
 
 TEST_F(Check, goes_on_behind_a_file_that_cannot_be_read_and_keeps_the_order) {
