@@ -22,8 +22,15 @@ PlaceCounts FindingsAt(Session& s) {
   if (!at.Is(level::kSurvey))
     return CountFindingsAt(s.db, at, s.mode, {s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK});
   PlaceCounts counts;
-  for (const ReviewedRecord& record : Findings(s).review().records) {
+  const Review& review = Findings(s).review();
+  const auto is_own = [&at](const std::string& user) { return EqualsIgnoringCase(Trim(user), Trim(at.UserID)); };
+  std::vector<bool> own;  // of the structures
+  for (const ReviewedStructure& structure : review.structures) own.push_back(is_own(structure.user));
+  for (const ReviewedRecord& record : review.records) {
     if (record.month != at.Month) continue;
+    const bool counts_here = record.gone ? is_own(record.gone->UserID)
+                                         : record.structure >= 0 && own[static_cast<std::size_t>(record.structure)];
+    if (!counts_here) continue;
     counts.findings += static_cast<int>(record.findings.size());
     counts.unexplained += record.open;
   }
@@ -54,11 +61,14 @@ PlaceCounts LoggedAt(Session& s) {
 // structure counts.
 Question Unchecked(const Session& s) {
   const QCLocation& at = s.current;
-  if (at.Is(level::kSurvey))
-    return {
-        "SELECT EXISTS(SELECT 1 FROM PA_PLATFORM_ACTV WHERE PA_MO=? AND PA_YR=? AND PA_QC_DT IS NULL AND status "
-        "IS NOT 'I')",
+  if (at.Is(level::kSurvey)) {
+    Question question{
+        "SELECT EXISTS(SELECT 1 FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK WHERE "
+        "a.PA_MO=? AND a.PA_YR=? AND a.PA_QC_DT IS NULL AND a.status IS NOT 'I' AND p.RIMA_CO_NUM=?)",
         {std::int64_t{at.Month}, std::int64_t{at.Year}}};
+    question.values.emplace_back(Trim(at.UserID));
+    return question;
+  }
   if (at.Is(level::kStructure) && s.InActv())
     return {"SELECT PA_QC_DT IS NULL FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {s.SA_ID_AK}};
   if (at.Is(level::kStructure)) return {"SELECT PD_QC_DT IS NULL FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {s.PD_ID_AK}};

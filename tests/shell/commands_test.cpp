@@ -87,6 +87,25 @@ TEST_F(AtTheDesk, counts_what_the_rules_say_of_stored_values_also_where_no_run_h
   EXPECT_EQ(run.s.findings, 0);
 }
 
+TEST_F(AtTheDesk, counts_the_month_of_its_operator) {
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_OIL=1,PA_QC_DT='2017-01-01 00:00:00'");
+  run.s.db.Execute("INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('99')");
+  run.s.db.Execute(
+      "INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM,Area,Block,Name) "
+      "VALUES (500,'99','55','5','AA','1','Q')");
+  run.s.db.Execute("INSERT INTO PA_PLATFORM_ACTV (PD_ID_AK,SA_ID_AK,PA_YR,PA_MO,status) VALUES (500,900,2017,1,'A')");
+  run.ChangeTo(Mode::kDesc);
+  run.ChangeTo(Mode::kActv);
+  run.Select("K12345 12017");
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.findings, 6) << "the other figures of its structure";
+  EXPECT_TRUE(run.s.checked);
+  run.Select("K   99 12017");
+  UpdateStatus(run.s);
+  EXPECT_EQ(run.s.findings, 0);
+  EXPECT_FALSE(run.s.checked);
+}
+
 TEST_F(AtTheDesk, counts_the_structure_that_shows_and_not_the_one_before) {
   run.ChangeTo(Mode::kDesc);
   run.AddStructure("77");
