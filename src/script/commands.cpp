@@ -169,20 +169,22 @@ void Player::DoubleClick(const Words& words) {
   Done(control->name, act::DoubleClick(session_.desk, *form, control->name, row, column));
 }
 
+// A name that looks like a number is the name: the months of the matrix are "01" to "12".
 int Player::RowOf(const Control& control, const std::string& word) {
-  const std::optional<int> number = WholeNumber(word);
-  if (number && *number >= 0 && *number < RowCount(control)) return *number;
   const int row = control.grid != nullptr ? control.grid->FindRow(word) : -1;
-  if (row < 0) Fail(control.name + " has no row " + word);
-  return row;
+  if (row >= 0) return row;
+  const std::optional<int> number = WholeNumber(word);
+  if (!number || *number < 0 || *number >= RowCount(control)) Fail(control.name + " has no row " + word);
+  return *number;
 }
 
 int Player::ColumnOf(const Control& control, const std::string& word) {
-  const std::optional<int> number = WholeNumber(word);
-  if (number && *number >= 0 && *number < static_cast<int>(control.grid->Columns().size())) return *number;
   const int column = control.grid->FindColumn(word);
-  if (column < 0) Fail(control.name + " has no column " + word);
-  return column;
+  if (column >= 0) return column;
+  const std::optional<int> number = WholeNumber(word);
+  if (!number || *number < 0 || *number >= static_cast<int>(control.grid->Columns().size()))
+    Fail(control.name + " has no column " + word);
+  return *number;
 }
 
 void Player::Sort(const Words& words) {

@@ -97,6 +97,14 @@ TEST_F(ScriptTables, type_into_a_cell_by_number_key_or_name) {
   EXPECT_EQ(replies[5]["error"], "lvwRows is not a grid");
 }
 
+TEST_F(ScriptTables, a_column_whose_name_is_a_number_goes_by_its_name) {
+  grid->columns[1].name = "02";
+  Play("cell grdCells 0 02 5\ncell grdCells 0 2 on\ncell grdCells 0 3 5\n");
+  EXPECT_EQ(grid->Cell(0, 1).text, "5");
+  EXPECT_EQ(grid->Cell(0, 2).text, "on");
+  EXPECT_EQ(replies[2]["error"], "grdCells has no column 3");
+}
+
 TEST_F(ScriptTables, paste_a_block_with_its_escapes) {
   // in quotes a backslash may stand doubled, as in every word: the escapes are those of the word
   Play(R"(paste grdCells 1001/1 txtHours "1\ton\n2\\t3"
