@@ -99,7 +99,7 @@ TEST_F(ScriptTables, type_into_a_cell_by_number_key_or_name) {
 
 TEST_F(ScriptTables, a_column_whose_name_is_a_number_goes_by_its_name) {
   grid->columns[1].name = "02";
-  Play("cell grdCells 0 02 5\ncell grdCells 0 2 on\ncell grdCells 0 3 5\n");
+  const auto replies = Play("cell grdCells 0 02 5\ncell grdCells 0 2 on\ncell grdCells 0 3 5\n");
   EXPECT_EQ(grid->Cell(0, 1).text, "5");
   EXPECT_EQ(grid->Cell(0, 2).text, "on");
   EXPECT_EQ(replies[2]["error"], "grdCells has no column 3");
