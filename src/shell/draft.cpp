@@ -158,6 +158,10 @@ void Continue(Session& s, const Draft& draft) {
   QCLocation at;
   Mode mode = s.mode;
   if (!UnpackLocation(draft.at, at, mode) || !GoTo(s, at, mode)) return;
+  if (const Control& edit = s.main->At("cmdEdit"); !edit.visible || !edit.enabled) {
+    Tell(s, "This record cannot be edited while its structure reports no emissions for the month.");
+    return;
+  }
   BeginEdit(s);
   const ShowingSheet sheet = SheetThatShows(s);
   if (!s.editing || sheet.form == nullptr) return;

@@ -325,6 +325,22 @@ TEST_F(OnScreen, what_was_typed_comes_back_into_fields_that_a_later_choice_disab
   EXPECT_FALSE(run.At("txtFLA_OtherControlEffSOx").enabled);
 }
 
+TEST_F(OnScreen, a_draft_of_what_cannot_be_edited_any_more_waits) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "100");
+  KeepDraftOfEdit(run.s, When::kAtOnce);
+  EndProgram(run.s);
+  Raw(run.s.path, {"UPDATE PA_PLATFORM_ACTV SET status='I'"});
+  run.dialogs.push_back([&](Form&) { run.Click("cmdDRF_Continue"); });
+  Main(run.s);
+  EXPECT_FALSE(run.s.editing);
+  EXPECT_EQ(run.TakeBoxes().back(),
+            "This record cannot be edited while its structure reports no emissions for the month.");
+  EXPECT_EQ(Drafts(run.s.companion).size(), 1u);
+}
+
 TEST_F(OnScreen, a_cancelled_edit_leaves_no_draft) {
   run.StartWith("FLA", "F1");
   run.GoTo("FLA", "F1", Mode::kActv);
