@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""What a screen reader gets: starts the program in a real window under Xvfb, goes to a finding by its menu, and reads
-the sheet back over the accessibility bus. Usage: read_aloud.py MERLU TEMPLATE. Ends with 77 where the machine has no
-Xvfb or no accessibility bus."""
+"""What a screen reader gets: starts the program in a real window under Xvfb, goes to a finding, shows the docks and opens
+the dialogs by the menus, and reads all of it back over the accessibility bus. Usage: read_aloud.py MERLU TEMPLATE. Ends
+with 77 where the machine has no Xvfb or no accessibility bus."""
 import os
 import re
 import shutil
@@ -10,14 +10,29 @@ import sys
 import tempfile
 import time
 
+try:
+    import dbus
+    import dbus.bus
+except ImportError:
+    dbus = None
+
 SKIPPED, NO_DISPLAY = 77, 2
 BUS_STARTERS = ["/usr/libexec/at-spi-bus-launcher", "/usr/lib/at-spi2-core/at-spi-bus-launcher"]
 ROOT = "/org/a11y/atspi/accessible/root"
 ACCESSIBLE = "org.a11y.atspi.Accessible"
-# what a user acts on: each has a name
-NAMED = {"text", "push button", "combo box", "check box", "page tab", "page tab list", "tree", "tree table", "menu item"}
-BELOW_IS_ITS_OWN = {"tree", "table", "tree table", "combo box", "menu bar"}
-WAIT = 60  # seconds
+PROPERTIES = "org.freedesktop.DBus.Properties"
+# what a user acts on or reads by itself: each has a name
+NAMED = {"text", "push button", "combo box", "check box", "radio button", "page tab", "page tab list", "tree",
+         "tree table", "table", "menu item", "check menu item", "dialog"}
+NO_ROLE = {"", "invalid", "unknown"}
+BELOW_IS_ITS_OWN = {"tree", "table", "tree table", "combo box", "menu bar", "list"}
+WAIT = 120  # seconds, for a machine that does much else
+# by its menu entry, with the button that closes it and a control that it has
+DIALOGS = [("Ready to Hand In...", "Close", "Checks"), ("Change History...", "Close", "Steps"),
+           ("Go To...", "Cancel", "Found:"), ("Backups...", "Close", "Backups"), ("Month Grid...", "Close", "Month"),
+           ("Export MERLU-2017 Monthly Survey", "Close", "Surveys:"), ("Keyboard Shortcuts", "Close", "Keyboard Shortcuts")]
+DOCKS = [("Findings", ["Filter:", "State:", "When:", "Edit QC Comment"]), ("Completeness", ["Show:"]),
+         ("Twelve Months", [])]
 
 FLARE = """
 start {inventory}
@@ -51,45 +66,52 @@ click cmdSaveExit
 """
 
 
-def call(address, dest, path, method, *arguments):
-    bus = ["--address", address] if address else ["--session"]
-    command = ["gdbus", "call", *bus, "--timeout", "10", "--dest", dest, "--object-path", path, "--method", method]
-    return subprocess.run([*command, *arguments], capture_output=True, text=True, timeout=30).stdout
+class Screen:
+    """The program's windows as the accessibility bus tells them."""
 
+    def __init__(self, address):
+        self.bus = dbus.bus.BusConnection(address)
 
-def children(address, dest, path):
-    return re.findall(r"\('([^']+)', (?:objectpath )?'([^']+)'\)", call(address, dest, path, ACCESSIBLE + ".GetChildren"))
+    def call(self, at, interface, method, signature="", arguments=()):
+        return self.bus.call_blocking(at[0], at[1], interface, method, signature, arguments, timeout=30)
 
+    def children(self, at):
+        return [(str(one[0]), str(one[1])) for one in self.call(at, ACCESSIBLE, "GetChildren")]
 
-def plain(quoted):
-    return quoted.replace("\\n", "\n").replace("\\'", "'").replace('\\"', '"')
+    def described(self, at):
+        # one by one: the toolkit's side of the bus cannot tell all properties at once
+        words = [str(self.call(at, PROPERTIES, "Get", "ss", (ACCESSIBLE, key))) for key in ("Name", "Description")]
+        return (str(self.call(at, ACCESSIBLE, "GetRoleName")), *words)
 
+    def is_visible(self, at):
+        return bool(int(self.call(at, ACCESSIBLE, "GetState")[0]) & 1 << 30)
 
-def described(address, dest, path):
-    # one by one: the toolkit's side of the bus cannot tell all properties at once
-    words = []
-    for key in ("Name", "Description"):
-        answer = call(address, dest, path, "org.freedesktop.DBus.Properties.Get", ACCESSIBLE, key)
-        found = re.search(r"<(?:'((?:[^'\\]|\\.)*)'|\"((?:[^\"\\]|\\.)*)\")>", answer)
-        words.append(plain(found.group(1) or found.group(2) or "") if found else "")
-    role = re.search(r"\('(.*)',\)", call(address, dest, path, ACCESSIBLE + ".GetRoleName"))
-    return (role.group(1) if role else "", *words)
+    def walk(self, at, seen, into):
+        role, name, description = self.described(at)
+        if role not in NAMED or name or self.is_visible(at):
+            seen.append((role, name, description, at))
+        if role in BELOW_IS_ITS_OWN and role not in into:
+            return
+        for child in self.children(at):
+            self.walk(child, seen, into)
 
+    def read(self, into=()):
+        """Everything on the screen; nothing while it is being changed."""
+        seen = []
+        try:
+            for program in self.children(("org.a11y.atspi.Registry", ROOT)):
+                self.walk(program, seen, into)
+        except dbus.exceptions.DBusException:
+            return []
+        return seen
 
-def walk(address, dest, path, seen, into):
-    role, name, description = described(address, dest, path)
-    seen.append((role, name, description, dest, path))
-    if role in BELOW_IS_ITS_OWN and role not in into:
-        return
-    for child_dest, child in children(address, dest, path):
-        walk(address, child_dest, child, seen, into)
-
-
-def read(address, into=()):
-    seen = []
-    for dest, path in children(address, "org.a11y.atspi.Registry", ROOT):
-        walk(address, dest, path, seen, into)
-    return seen
+    def act(self, at):
+        # a dialog answers only when it is closed again
+        message = dbus.lowlevel.MethodCallMessage(at[0], at[1], "org.a11y.atspi.Action", "DoAction")
+        message.append(0, signature="i")
+        message.set_no_reply(True)
+        self.bus.send_message(message)
+        self.bus.flush()
 
 
 def until(look):
@@ -98,59 +120,130 @@ def until(look):
         found = look()
         if found or time.time() > end:
             return found
-        time.sleep(0.3)
+        time.sleep(0.1)
 
 
-def hours(address):
-    seen = read(address)
-    return seen if any(role == "text" and name.startswith("Hours Operated") for role, name, *_ in seen) else None
+def first(seen, name, roles):
+    return next((one[3] for one in seen if one[1] == name and one[0] in roles), None)
 
 
-def errors_of(seen):
-    errors = [f"a {role} has no name: {path}" for role, name, _, _, path in seen if role in NAMED and not name]
-    controls = [one for one in seen if one[0] in NAMED]
-    if len(controls) < 25:
-        errors.append(f"only {len(controls)} controls were read")
-    found = [description for role, name, description, _, _ in seen if role == "text" and name.startswith("Hours Operated")]
-    if found != ["hrs\nValue not in expected range (0 to 744)"]:
-        errors.append(f"the hours are described by {found}")
-    volumes = [description for role, name, description, _, _ in seen if role == "text" and name.startswith("Volume Flared")]
-    if volumes != ["Mscf"]:
-        errors.append(f"the volume is described by {volumes}")
+def unit_of(name):
+    found = re.search(r"\(([^()]{1,22})\)[^()]*$", name)
+    return found.group(1) if found else ""
+
+
+def errors_of(where, seen):
+    errors = [f"{where}: a {role} has no name: {at[1]}" for role, name, _, at in seen if role in NAMED and not name]
+    errors += [f"{where}: \"{name}\" has the role \"{role}\"" for role, name, _, _ in seen if name and role in NO_ROLE]
+    return errors
+
+
+def errors_of_sheet(seen):
+    errors = []
+    fields = [(name, description) for role, name, description, _ in seen if role == "text" and name.endswith(":")]
+    if len(fields) < 8:
+        errors.append(f"only {len(fields)} fields were read")
+    for name, description in fields:
+        if unit_of(name) and not description.startswith(unit_of(name)):
+            errors.append(f"\"{name}\" is described by \"{description}\", without its unit")
+    told = dict(fields)
+    for caption, wanted in (("Hours Operated", "hrs\nValue not in expected range (0 to 744)"), ("Volume Flared", "Mscf")):
+        found = [description for name, description in told.items() if name.startswith(caption)]
+        if found != [wanted]:
+            errors.append(f"{caption}: described by {found}")
     return errors
 
 
 def started(merlu, inventory):
     """The program, on a screen that may take a moment to answer: without one the program ends with 2."""
     environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-    for _ in range(20):
+    end = time.time() + WAIT
+    while True:
         program = subprocess.Popen([merlu, inventory], env=environment, stderr=subprocess.DEVNULL)
         time.sleep(1)
-        if program.poll() != NO_DISPLAY:
+        if program.poll() != NO_DISPLAY or time.time() > end:
             return program
-    return program
+
+
+MENU_ROLES = ("menu item", "check menu item")
+
+
+def give(screen, command):
+    entry = until(lambda: first(screen.read(("menu bar",)), command, MENU_ROLES))
+    if entry is not None:
+        screen.act(entry)
+    return entry is not None
+
+
+def showing(screen, names):
+    """What is on the screen, once all these names are; the last look when they do not come."""
+    last = []
+
+    def look():
+        last[:] = screen.read()
+        return {one[1] for one in last}.issuperset(names)
+
+    until(look)
+    missing = set(names) - {one[1] for one in last}
+    return last, [f"\"{name}\" did not come" for name in sorted(missing)]
+
+
+def read_dialog(screen, command, close, control):
+    if not give(screen, command):
+        return [f"no menu holds {command}"]
+    seen, errors = showing(screen, [control])
+    if errors:
+        return errors
+    errors = errors_of(command, seen)
+    # the dialog's own button is the last of that name
+    buttons = [at for role, name, _, at in seen if role == "push button" and name == close]
+    if not buttons:
+        return errors + [f"{command}: no {close}"]
+    dialogs = sum(role == "dialog" for role, *_ in seen)
+    screen.act(buttons[-1])
+    if not until(lambda: sum(one[0] == "dialog" for one in screen.read() or seen) < dialogs):
+        errors.append(f"{command}: it did not close")
+    return errors
+
+
+def read_all(screen):
+    if not give(screen, "Previous Finding"):
+        return ["no menu holds Previous Finding"]
+    hours = "Hours Operated (hrs), including upsets:"
+    seen, errors = showing(screen, [hours])
+    if errors:
+        return errors
+    errors = errors_of("sheet", screen.read(("menu bar",))) + errors_of_sheet(seen)
+    for command, controls in DOCKS:
+        if not give(screen, command):
+            errors.append(f"no menu holds {command}")
+            continue
+        seen, missing = showing(screen, controls)
+        errors += missing + errors_of(command, seen)
+        give(screen, command)
+    for dialog in DIALOGS:
+        errors += read_dialog(screen, *dialog)
+    return errors
 
 
 def read_aloud(merlu, inventory):
-    answer = call("", "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
-    address = re.search(r"'(.*)'", answer).group(1)
+    bus = dbus.SessionBus()
+    address = str(bus.call_blocking("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", (), timeout=WAIT))
     program = started(merlu, inventory)
     try:
-        menus = until(lambda: [one for one in read(address, ("menu bar",)) if one[:2] == ("menu item", "Previous Finding")])
-        if not menus:
-            return ["no menu holds Previous Finding"]
-        call(address, menus[0][3], menus[0][4], "org.a11y.atspi.Action.DoAction", "0")
-        seen = until(lambda: hours(address))
-        return errors_of(seen) if seen else ["the finding's sheet did not come"]
+        errors = read_all(Screen(address))
+        if program.poll() is not None:
+            errors.append(f"the program ended with {program.returncode}")
+        return errors
     finally:
         program.kill()
         program.wait()
 
 
 def main(merlu, template):
-    tools = all(shutil.which(tool) for tool in ("Xvfb", "dbus-run-session", "gdbus"))
-    if not tools or not any(os.path.exists(starter) for starter in BUS_STARTERS):
-        print("Xvfb or the accessibility bus is missing")
+    tools = all(shutil.which(tool) for tool in ("Xvfb", "dbus-run-session"))
+    if dbus is None or not tools or not any(os.path.exists(starter) for starter in BUS_STARTERS):
+        print("Xvfb, the accessibility bus or Python's way to it is missing")
         return SKIPPED
     with tempfile.TemporaryDirectory() as folder:
         inventory = os.path.join(folder, "inventory.mdb")
