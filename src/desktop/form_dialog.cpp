@@ -11,6 +11,7 @@
 
 #include "desktop/about_window.h"
 #include "desktop/captions.h"
+#include "desktop/grid_view.h"
 #include "desktop/model_list.h"
 #include "desktop/results_list.h"
 #include "desktop/table_panel.h"
@@ -59,12 +60,19 @@ DialogWindow::DialogWindow(Acts& acts, Form& form, QWidget* parent)
   addAction(help);
   auto* accept = new QAction(this);
   accept->setShortcuts({QKeySequence("Ctrl+Return"), QKeySequence("Ctrl+Enter")});
-  connect(accept, &QAction::triggered, this, [this] {
-    Form& shown = binding_.form();
-    const std::string button = !shown.default_button.empty() ? shown.default_button : names::cmdOK;
-    if (shown.Find(button) != nullptr) binding_.Press(button);
-  });
+  if (IsTablePanel(form)) accept->setShortcuts(accept->shortcuts() << QKeySequence("Ctrl+S"));
+  connect(accept, &QAction::triggered, this, &DialogWindow::PressMainAct);
   addAction(accept);
+}
+
+void DialogWindow::PressMainAct() {
+  // a cell that is being typed in hands over its text first
+  if (auto* grid = findChild<GridView*>()) grid->setFocus();
+  const Form& shown = binding_.form();
+  std::string button = !shown.default_button.empty() ? shown.default_button : names::cmdOK;
+  for (const auto* each : findChildren<QPushButton*>())
+    if (shown.default_button.empty() && each->property("main").toBool()) button = each->objectName().toStdString();
+  if (shown.Find(button) != nullptr) binding_.Press(button);
 }
 
 void DialogWindow::ShowHelpHere() {

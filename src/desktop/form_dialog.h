@@ -30,6 +30,8 @@ class DialogWindow : public QDialog {
  private:
   // Help for the dialog, at the field that has the focus.
   void ShowHelpHere();
+  // Ctrl+Return, and in a table Ctrl+S.
+  void PressMainAct();
 };
 
 class FormDialog : public DialogWindow {

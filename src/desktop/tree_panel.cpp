@@ -1,6 +1,7 @@
 #include "desktop/tree_panel.h"
 
 #include <QMouseEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -50,10 +51,33 @@ void TreePanel::MakeFilter(FormBinding& fields) {
   line->setPlaceholderText(tr("Find in the tree"));
   line->setAccessibleName(tr("Find in the tree"));
   AddClearButton(*line);
+  // a large tree is searched when the typing pauses
+  constexpr int kPause = 150;  // milliseconds
+  auto* pause = new QTimer(line);
+  pause->setSingleShot(true);
+  pause->setInterval(kPause);
+  connect(line, &QLineEdit::textChanged, pause, [this, pause] {
+    if (!acts_.IsDrawing()) pause->start();
+  });
+  connect(pause, &QTimer::timeout, this,
+          [this] { acts_.Do([&] { return act::LostFocus(s_.desk, *s_.main, names::txtTREE_Filter); }); });
   fields.enter = [this](QWidget*) {
     tree_->setFocus(Qt::TabFocusReason);
+    GoToFirstFound();
     return true;
   };
+}
+
+// When the filter hides the selected node, the first one that it leaves is selected.
+void TreePanel::GoToFirstFound() {
+  const auto& nodes = s_.tree.nodes;
+  const auto is_hidden = [&](int node) { return nodes[static_cast<std::size_t>(node)].hidden; };
+  if (s_.tree.selected < 0 || !is_hidden(s_.tree.selected)) return;
+  for (const int node : s_.tree.InOrder()) {
+    const std::vector<int>& below = nodes[static_cast<std::size_t>(node)].children;
+    if (is_hidden(node) || !std::all_of(below.begin(), below.end(), is_hidden)) continue;
+    return tree_->setCurrentIndex(model_->IndexOf(node));
+  }
 }
 
 // ---- acts ----
@@ -119,11 +143,15 @@ void TreePanel::SyncExpansion() {
     }
     filtered_ = filtered;
   }
+  // what was found is expanded, unless it is too much to look through
+  constexpr std::ptrdiff_t kFew = 500;
+  const bool expands = filtered && std::count_if(s_.tree.nodes.begin(), s_.tree.nodes.end(),
+                                                 [](const TreeNode& n) { return !n.hidden; }) <= kFew;
   for (std::size_t node = 0; node < s_.tree.nodes.size(); ++node) {
     if (s_.tree.nodes[node].children.empty()) continue;
     const QModelIndex index = model_->IndexOf(static_cast<int>(node));
-    if (tree_->isExpanded(index) != s_.tree.nodes[node].expanded)
-      tree_->setExpanded(index, s_.tree.nodes[node].expanded);
+    const bool expanded = s_.tree.nodes[node].expanded || (expands && !s_.tree.nodes[node].hidden);
+    if (tree_->isExpanded(index) != expanded) tree_->setExpanded(index, expanded);
   }
 }
 

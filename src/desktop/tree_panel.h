@@ -35,6 +35,7 @@ class TreePanel : public QWidget {
 
  private:
   void MakeFilter(FormBinding& fields);
+  void GoToFirstFound();
   void Click(const QModelIndex& index);
   void AskForMenu(const QPoint& at);
   void SyncExpansion();
