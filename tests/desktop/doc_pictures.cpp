@@ -12,6 +12,7 @@
 
 #include "driver.h"
 #include "examples.h"
+#include "shell/draft.h"
 
 namespace merlu::test {
 namespace {
@@ -176,9 +177,62 @@ class DocPictures {
         [&] { driver.Choose("cmbHND_Month", "2017/03"); });
     SaveDialog(
         driver, "pictures/history", [&] { driver.Command("mnuRHistory"); }, [] {});
+    driver.Select("K12345 32017   1002 1FLA      F1");
+    driver.Command("mnuRStrip");
+    driver.Widget("txtFLA_HrsOperated")->setFocus();
+    Save(window, "pictures/strip");
+    driver.Command("mnuRStrip");
+    SaveDialog(
+        driver, "pictures/go-to", [&] { driver.Command("mnuRFind"); },
+        [&] { driver.Type("txtGOT_Text", "flare hrs"); });
+    SaveDialog(
+        driver, "pictures/backups", [&] { driver.Command("mnuFBackups"); }, [] {});
+    Workbook(driver, folder);
+    Interrupted(driver, folder);
   }
 
  private:
+  // The dialog of files that comes next takes this name.
+  void OnNextFile(Driver& driver, const std::string& path) {
+    driver.OnNextModal([path](QWidget* dialog) {
+      auto* line = dialog->findChild<QLineEdit*>("fileNameEdit");
+      line->setText(QString::fromStdString(path));
+      QTest::keyClick(line, Qt::Key_Return);
+    });
+  }
+
+  // A workbook that comes back with some of its figures filled in.
+  void Workbook(Driver& driver, const TemporaryFolder& folder) {
+    const std::string book = folder.path("2017-05.xlsx");
+    const char* april = "(SELECT EA_ID_AK FROM EA_EQUIP_ACTV WHERE EA_MO=4)";
+    driver.Select("K12345 42017   1001 1FLA      F1");
+    OnNextFile(driver, book);
+    driver.OnNextBox();
+    driver.Command("mnuFWorkbookMake");
+    Raw(folder.path("inventory.mdb"), {std::string("UPDATE EA_FLA SET VOL_FLARED=NULL WHERE EA_ID_AK IN ") + april,
+                                       std::string("UPDATE EA_FLA SET OP_HR=OP_HR-12 WHERE EA_ID_AK IN ") + april});
+    OnNextFile(driver, book);
+    SaveDialog(
+        driver, "pictures/read-plan", [&] { driver.Command("mnuFWorkbookRead"); }, [] {});
+  }
+
+  // What is typed when the machine stops, as the next start offers it.
+  void Interrupted(Driver& driver, const TemporaryFolder& folder) {
+    driver.Select("K12345 52017   1003 1FLA      F2");
+    driver.Click("cmdEdit");
+    driver.Type("txtFLA_HrsOperated", "712");
+    driver.Type("txtFLA_VolFlared", "1175");
+    driver.Widget("txtFLA_HrsOperated")->setFocus();
+    KeepDraftOfEdit(driver.app->session(), When::kAtOnce);
+    driver.LeaveDialogsToTheTest();
+    TemporaryFolder copy;
+    for (const char* name : {"inventory.mdb", "inventory.mdb.history"})
+      fs::copy_file(folder.path(name), copy.path(name));
+    Driver next(copy.path("inventory.mdb"));
+    SaveDialog(
+        next, "pictures/draft", [&] { next.Start(); }, [] {});
+  }
+
   void Grid(Driver& driver) {
     SaveDialog(
         driver, "pictures/grid", [&] { driver.Command("mnuNGrid"); },
@@ -255,6 +309,16 @@ class DocPictures {
           driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
           driver.Type("txtImportFilename", "/home/me/moved/gi-43-a.mdb");
         });
+    Raw(other.toStdString(), {"UPDATE EA_DIE SET OP_HR=OP_HR+12"});
+    driver.OnNextModal([&](QWidget* dialog) {
+      driver.Type("txtImportFilename", other);
+      driver.Click("cmdLoad");
+      driver.Find<QTreeWidget>("lvwStructures")->topLevelItem(0)->setSelected(true);
+      SaveDialog(
+          driver, "pictures/import-plan", [&] { driver.Click("cmdPlan"); }, [] {});
+      dialog->close();
+    });
+    driver.Command("mnuEStructB");
   }
 
   QString folder_;
