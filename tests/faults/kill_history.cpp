@@ -4,7 +4,7 @@
 #include <set>
 #include <sstream>
 
-#include "faults/kill_operations.h"
+#include "faults/kill_steps.h"
 #include "history/backups.h"
 #include "history/companion.h"
 #include "history/layout.h"
@@ -15,7 +15,7 @@
 namespace merlu::test {
 namespace {
 
-constexpr const char* kUser = "01234";
+constexpr const char* kUser = kKillUser;
 constexpr int kReplays = 9, kSaves = 8;
 
 void MakeSmall(const KillFiles& files) {
@@ -26,16 +26,8 @@ void MakeSmall(const KillFiles& files) {
   MakeInventory(TemplatePath(), files.work(), plan);
 }
 
-KillStep Start(const KillFiles& files) {
-  return {"start \"" + files.work() + "\""};
-}
-
 std::string RowsBefore(const KillFiles&, Database& db) {
   return AllRows(db);
-}
-
-std::string Told(const std::string& what, std::int64_t found, int done) {
-  return what + ": " + std::to_string(found) + " with " + std::to_string(done) + " answered";
 }
 
 // The last structure is selected and deleted.

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "faults/kill_steps.h"
 #include "inventory.h"
 #include "session/node_keys.h"
 #include "session/types.h"
@@ -12,33 +13,9 @@
 namespace merlu::test {
 namespace {
 
-constexpr const char* kUser = "01234";
+constexpr const char* kUser = kKillUser;
 constexpr int kYear = 2017;
 constexpr int kSaves = 8;
-
-std::int64_t Count(Database& db, const std::string& what) {
-  return ToInteger(db.Single("SELECT COUNT(*) FROM " + what));
-}
-
-std::string Quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
-
-std::string SelectNode(const std::string& key) {
-  return "select " + Quoted(key);
-}
-
-std::string Start(const KillFiles& files) {
-  return "start " + Quoted(files.work());
-}
-
-bool IsOneOf(std::int64_t value, int done) {
-  return value == done || value == done + 1;
-}
-
-std::string Told(const std::string& what, std::int64_t found, int done) {
-  return what + ": " + std::to_string(found) + " with " + std::to_string(done) + " answered";
-}
 
 std::string Text(const std::string& path) {
   std::ostringstream text;
@@ -70,37 +47,14 @@ void MakeYear(const KillFiles& files) {
   MakeInventory(TemplatePath(), files.work(), plan);
 }
 
-void MakeTwo(const KillFiles& files) {
-  MakeSmall(files);
-  MakeInventory(TemplatePath(), files.other(), Plan(3, 48, 5));
-  Raw(files.other(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='2'||CMPLX_ID_NUM"});
-}
-
-// As large as the tree lets it be, with an older export under the name that the next one is to take.
-void MakeLarge(const KillFiles& files) {
-  MakeInventory(TemplatePath(), files.work(), Plan(300, 3300, 12));
-  MakeInventory(TemplatePath(), files.target(), Plan(2, 32, 1));
-  std::filesystem::copy_file(files.target(), files.older());
-}
-
-void MakeTwoLarge(const KillFiles& files) {
-  MakeSmall(files);
-  MakeInventory(TemplatePath(), files.other(), Plan(300, 4800, 5));  // 16 pieces on each, as the check counts
-  Raw(files.other(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='2'||CMPLX_ID_NUM"});
-}
-
 std::string NothingBefore(const KillFiles&, Database&) {
   return "";
-}
-
-std::string BytesBefore(const KillFiles& files, Database&) {
-  return Text(files.work());
 }
 
 // ---- the first open of a file, which repairs it ----
 
 KillScript FirstOpenScript(const KillFiles& files, Database&) {
-  return {{}, {{Start(files), 1}}};
+  return {{}, {{Start(files).line, 1}}};
 }
 
 std::string CheckFirstOpen(const KillFiles&, Database& db, const std::string&, int done) {
@@ -137,7 +91,7 @@ std::string FlareValues(const KillFiles&, Database& db) {
 
 KillScript Saves(const KillFiles& files, Database& db, bool ends_the_edit) {
   KillScript script;
-  script.opening = {{Start(files)}, {SelectNode(FlareKey(db))}};
+  script.opening = {Start(files), {SelectNode(FlareKey(db))}};
   if (!ends_the_edit) script.opening.push_back({"click cmdEdit"});
   for (int i = 1; i <= kSaves; ++i) {
     const std::string number = std::to_string(i);
@@ -172,7 +126,7 @@ std::int64_t Months(Database& db) {
 
 KillScript MonthScript(const KillFiles& files, Database& db) {
   KillScript script;
-  script.opening = {{Start(files)}};
+  script.opening = {Start(files)};
   const int left = 12 - static_cast<int>(Months(db));
   for (int i = 1; i <= left; ++i) script.body.push_back({"click cmdUSER_AddSurvey", i});
   return script;
@@ -190,7 +144,7 @@ std::string CheckMonths(const KillFiles&, Database& db, const std::string& befor
 // ---- QC ----
 
 KillScript SurveyQCScript(const KillFiles& files, Database&) {
-  return {{{Start(files)}, {SelectNode(SurveyKey(kUser, 1, kYear))}}, {{"click cmdQC", 1}, {"click cmdQC", 2}}};
+  return {{Start(files), {SelectNode(SurveyKey(kUser, 1, kYear))}}, {{"click cmdQC", 1}, {"click cmdQC", 2}}};
 }
 
 std::string CheckSurveyQC(const KillFiles&, Database& db, const std::string&, int done) {
@@ -205,7 +159,7 @@ std::string CheckSurveyQC(const KillFiles&, Database& db, const std::string&, in
 
 KillScript StatusScript(const KillFiles& files, Database&) {
   KillScript script;
-  script.opening = {{Start(files)}, {SelectNode(StructureMonthKey(kUser, 2, kYear, "10001", "1"))}, {"click cmdEdit"}};
+  script.opening = {Start(files), {SelectNode(StructureMonthKey(kUser, 2, kYear, "10001", "1"))}, {"click cmdEdit"}};
   for (int i = 1; i <= kSaves; ++i) {
     script.body.push_back({i % 2 == 1 ? "set chkSTRUCTURE_Status on" : "set chkSTRUCTURE_Status off"});
     script.body.push_back({"click cmdSaveEdits", i});
@@ -228,7 +182,7 @@ std::string CheckStatus(const KillFiles&, Database& db, const std::string&, int 
 
 KillScript Deletions(const KillFiles& files, Database& db, const std::string& sql, int most) {
   KillScript script;
-  script.opening = {{Start(files)}, {"click mnuSetEditMode"}};
+  script.opening = {Start(files), {"click mnuSetEditMode"}};
   const Rows rows = db.Query(sql);
   for (std::size_t i = 0; i < rows.rows.size() && static_cast<int>(i) < most; ++i) {
     const Values& row = rows.rows[i];
@@ -270,75 +224,10 @@ std::string CheckDeletedEquipment(const KillFiles&, Database& db, const std::str
   return CheckDeletions(db, "ED_EQUIP_DESC", std::stoi(before.substr(before.find(' '))), done);
 }
 
-// ---- import ----
-
-KillScript ImportScript(const KillFiles& files, Database& db) {
-  KillScript script;
-  script.opening = {
-      {Start(files)}, {"click mnuEStructB"}, {"set txtImportFilename " + Quoted(files.other())}, {"click cmdLoad"}};
-  if (Count(db, "PD_PLATFORM_DESC") == 4) {
-    script.body.push_back({"pick lvwStructures 0 2"});
-    script.body.push_back({"click cmdImport", 1});
-  }
-  script.body.push_back({"click cmdCANCEL"});
-  return script;
-}
-
-std::string CheckImport(const KillFiles&, Database& db, const std::string& before, int done) {
-  const std::int64_t structures = Count(db, "PD_PLATFORM_DESC") - std::stoi(before);
-  const std::int64_t equipment = Count(db, "ED_EQUIP_DESC") - std::stoi(before.substr(before.find(' ')));
-  if (structures == 2 && equipment == 32 && Months(db) == 5) return "";
-  if (done == 0 && structures == 0 && equipment == 0) return "";
-  return "an import of " + std::to_string(structures) + " structures and " + std::to_string(equipment) + " equipment";
-}
-
-// ---- exports ----
-
-KillScript ExportScript(const KillFiles& files, const char* menu, const char* list, const char* button) {
-  KillScript script;
-  script.opening = {{Start(files)}};
-  script.body = {{std::string("click ") + menu},
-                 {std::string("pick ") + list + " 1"},
-                 {"set txtExportFilename " + Quoted(files.target())}};
-  if (std::filesystem::exists(files.target())) script.body.push_back({"answer Yes"});
-  script.body.push_back({std::string("click ") + button, 1});
-  script.body.push_back({"click cmdCANCEL"});
-  return script;
-}
-
-KillScript SurveyExportScript(const KillFiles& files, Database&) {
-  return ExportScript(files, "mnuFExport", "lvwSurveys", "cmdOK");
-}
-
-KillScript StructureExportScript(const KillFiles& files, Database&) {
-  return ExportScript(files, "mnuEStructS", "lvwStructures", "cmdExport");
-}
-
-// An export leaves the working database alone, to the byte. What was answered is there; what is there is whole.
-std::string CheckExport(const KillFiles& files, const std::string& before, int done, const char* other_rows) {
-  if (Text(files.work()) != before) return "the export changed the working database";
-  const bool had_older = std::filesystem::exists(files.older());
-  if (done == 0 && !had_older && !std::filesystem::exists(files.target())) return "";
-  if (done == 0 && had_older && Text(files.target()) == Text(files.older())) return "";
-  Database exported;
-  exported.Open(files.target());
-  if (NullToEmpty(exported.Single("PRAGMA integrity_check")) != "ok") return "the exported file is damaged";
-  if (Count(exported, other_rows) != 0) return "the exported file holds other rows";
-  return Count(exported, "PD_PLATFORM_DESC") > 0 ? "" : "the exported file is empty";
-}
-
-std::string CheckSurveyExport(const KillFiles& files, Database&, const std::string& before, int done) {
-  return CheckExport(files, before, done, "PA_PLATFORM_ACTV WHERE PA_MO<>2");
-}
-
-std::string CheckStructureExport(const KillFiles& files, Database&, const std::string& before, int done) {
-  return CheckExport(files, before, done, "PD_PLATFORM_DESC WHERE PD_ID_AK<>2");
-}
-
 // ---- the annual pass ----
 
 KillScript AnnualScript(const KillFiles& files, Database&) {
-  return {{{Start(files)}, {"file " + Quoted(files.report())}}, {{"click frmInvQCPrint", 1}}};
+  return {{Start(files), {"file " + Quoted(files.report())}}, {{"click frmInvQCPrint", 1}}};
 }
 
 std::string CheckAnnual(const KillFiles& files, Database& db, const std::string&, int done) {
@@ -366,52 +255,13 @@ const std::vector<KillOperation>& KillOperations() {
         {"status", MakeSmall, StatusScript, NothingBefore, CheckStatus},
         {"delete-structure", MakeSmall, DeleteStructureScript, CountsBefore, CheckDeletedStructures},
         {"delete-equipment", MakeSmall, DeleteEquipmentScript, CountsBefore, CheckDeletedEquipment},
-        {"import", MakeTwo, ImportScript, CountsBefore, CheckImport},
-        {"export-survey", MakeSmall, SurveyExportScript, BytesBefore, CheckSurveyExport},
-        {"export-structure", MakeSmall, StructureExportScript, BytesBefore, CheckStructureExport},
         {"annual", MakeYear, AnnualScript, NothingBefore, CheckAnnual},
-        {"import-large", MakeTwoLarge, ImportScript, CountsBefore, CheckImport, false, true},
-        {"export-survey-large", MakeLarge, SurveyExportScript, BytesBefore, CheckSurveyExport, false, true},
-        {"export-structure-large", MakeLarge, StructureExportScript, BytesBefore, CheckStructureExport, false, true},
     };
-    const std::vector<KillOperation> history = HistoryKillOperations();
-    all.insert(all.end(), history.begin(), history.end());
+    for (const auto& others : {ExchangeKillOperations(), HistoryKillOperations()})
+      all.insert(all.end(), others.begin(), others.end());
     return all;
   }();
   return operations;
-}
-
-std::string AllRows(Database& db) {
-  std::string all;
-  const Rows tables = db.Query(
-      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'H\\_%' ESCAPE '\\' AND name<>'QC_XREF' "
-      "ORDER BY name");
-  for (const Values& table : tables.rows) {
-    const std::string name = NullToEmpty(table[0]);
-    std::string columns;
-    db.ForEach("SELECT name FROM pragma_table_info(?)", {name},
-               [&](const RowView& row) { columns += "||','||quote([" + std::string(row.Text(0)) + "])"; });
-    db.ForEach("SELECT rowid" + columns + " FROM [" + name + "] ORDER BY rowid", {},
-               [&](const RowView& row) { all += name + ": " + std::string(row.Text(0)) + "\n"; });
-  }
-  return all;
-}
-
-std::string WhatIsUnsound(Database& db) {
-  if (const std::string state = NullToEmpty(db.Single("PRAGMA integrity_check")); state != "ok") return state;
-  if (!db.Query("PRAGMA foreign_key_check").rows.empty()) return "a reference has no row";
-  const std::int64_t months = Months(db);
-  if (Count(db, "PA_PLATFORM_ACTV") != months * Count(db, "PD_PLATFORM_DESC")) return "a structure lacks a month";
-  for (const EquipmentType& type : EquipmentTypes()) {
-    const std::string code(type.code);
-    const std::int64_t equipment = Count(db, "ED_EQUIP_DESC WHERE ED_EQUIP_TYP='" + code + "'");
-    if (Count(db, "ED_" + code) != equipment) return "equipment without a row in ED_" + code;
-    if (!type.has_activity) continue;
-    if (Count(db, "EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='" + code + "'") != months * equipment)
-      return "equipment of type " + code + " lacks a month";
-    if (Count(db, "EA_" + code) != months * equipment) return "a month lacks its row in EA_" + code;
-  }
-  return "";
 }
 
 }  // namespace merlu::test

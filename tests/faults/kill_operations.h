@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "faults/inventory_checks.h"
 #include "store/database.h"
 
 namespace merlu::test {
@@ -43,14 +44,9 @@ struct KillOperation {
 };
 
 const std::vector<KillOperation>& KillOperations();
+// Those of them that read or write another file: exports and imports, also of 16 MB.
+std::vector<KillOperation> ExchangeKillOperations();
 // Those of them that take both files along: undo and redo, the grid, a restored backup.
 std::vector<KillOperation> HistoryKillOperations();
-
-// What must hold of every inventory: sound pages, no reference without its row, every month of every structure and
-// equipment. Empty when it does.
-std::string WhatIsUnsound(Database& db);
-
-// Every row of the inventory with its number.
-std::string AllRows(Database& db);
 
 }  // namespace merlu::test

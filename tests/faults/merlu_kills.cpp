@@ -260,6 +260,14 @@ class Harness {
     ++tally.problems;
   }
 
+  void PrintProgress(int of) const {
+    int kills = 0, problems = 0;
+    for (const auto& [name, tally] : tallies_) kills += tally.kills, problems += tally.problems;
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - began_);
+    std::fprintf(stderr, "%d of %d kills, %d problems, %lld s\n", kills, of, problems,
+                 static_cast<long long>(seconds.count()));
+  }
+
   // True when nothing was lost.
   bool PrintTable() const {
     std::printf("%-22s %6s %9s %10s %9s\n", "operation", "kills", "journals", "leftovers", "problems");
@@ -317,6 +325,7 @@ class Harness {
     std::fflush(stdout);
   }
 
+  const std::chrono::steady_clock::time_point began_ = std::chrono::steady_clock::now();
   std::mt19937 random_;
   const long change_;
   const bool power_;
@@ -379,7 +388,10 @@ int main(int count, char** words) {
   try {
     Harness harness(options.seed, options.change, options.power);
     const auto chosen = Chosen(options.only);
-    for (int i = 0; i < options.kills; ++i) harness.Kill(*chosen[static_cast<std::size_t>(i) % chosen.size()]);
+    for (int i = 0; i < options.kills; ++i) {
+      harness.Kill(*chosen[static_cast<std::size_t>(i) % chosen.size()]);
+      if ((i + 1) % 50 == 0) harness.PrintProgress(options.kills);
+    }
     return harness.PrintTable() ? 0 : 1;
   } catch (const std::exception& failure) {
     std::cerr << failure.what() << "\n";

@@ -1,0 +1,49 @@
+#include "faults/inventory_checks.h"
+
+#include <cstdint>
+
+#include "session/types.h"
+
+namespace merlu::test {
+namespace {
+
+std::int64_t Count(Database& db, const std::string& what) {
+  return ToInteger(db.Single("SELECT COUNT(*) FROM " + what));
+}
+
+}  // namespace
+
+std::string AllRows(Database& db) {
+  std::string all;
+  const Rows tables = db.Query(
+      "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'H\\_%' ESCAPE '\\' AND name<>'QC_XREF' "
+      "ORDER BY name");
+  for (const Values& table : tables.rows) {
+    const std::string name = NullToEmpty(table[0]);
+    std::string columns;
+    db.ForEach("SELECT name FROM pragma_table_info(?)", {name},
+               [&](const RowView& row) { columns += "||','||quote([" + std::string(row.Text(0)) + "])"; });
+    db.ForEach("SELECT rowid" + columns + " FROM [" + name + "] ORDER BY rowid", {},
+               [&](const RowView& row) { all += name + ": " + std::string(row.Text(0)) + "\n"; });
+  }
+  return all;
+}
+
+std::string WhatIsUnsound(Database& db) {
+  if (const std::string state = NullToEmpty(db.Single("PRAGMA integrity_check")); state != "ok") return state;
+  if (!db.Query("PRAGMA foreign_key_check").rows.empty()) return "a reference has no row";
+  const std::int64_t months = ToInteger(db.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG"));
+  if (Count(db, "PA_PLATFORM_ACTV") != months * Count(db, "PD_PLATFORM_DESC")) return "a structure lacks a month";
+  for (const EquipmentType& type : EquipmentTypes()) {
+    const std::string code(type.code);
+    const std::int64_t equipment = Count(db, "ED_EQUIP_DESC WHERE ED_EQUIP_TYP='" + code + "'");
+    if (Count(db, "ED_" + code) != equipment) return "equipment without a row in ED_" + code;
+    if (!type.has_activity) continue;
+    if (Count(db, "EA_EQUIP_ACTV WHERE EA_EQUIP_TYP='" + code + "'") != months * equipment)
+      return "equipment of type " + code + " lacks a month";
+    if (Count(db, "EA_" + code) != months * equipment) return "a month lacks its row in EA_" + code;
+  }
+  return "";
+}
+
+}  // namespace merlu::test
