@@ -14,7 +14,7 @@ using Parts = std::map<std::string, std::string>;
 inline std::string Zip(const Parts& parts) {
   const auto number = [](std::uint64_t value, int size) {
     std::string bytes;
-    for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
+    for (int i = 0; i < size; ++i, value >>= 8) bytes += static_cast<char>(value & 0xFFU);
     return bytes;
   };
   std::string files, directory;
