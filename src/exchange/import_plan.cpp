@@ -9,6 +9,7 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "exchange/import_differences.h"
+#include "session/limits.h"
 #include "session/types.h"
 
 namespace merlu {
@@ -208,8 +209,21 @@ void PlanMonths(const FileContent& content, const Named& there, ImportPlan& plan
   }
 }
 
+// What there would be too much of with all of them; empty when there is room.
+std::string NoRoom(Database& working, const ImportPlan& plan) {
+  InventorySize size = SizeOf(working, plan.last_month);
+  for (const PlannedStructure& planned : plan.structures) {
+    ++size.structures;
+    for (const PlannedEquipment& equipment : planned.equipment) {
+      ++size.equipment;
+      if (FindType(equipment.type)->has_activity) ++size.equipment_with_months;
+    }
+  }
+  return WhyTooLarge(size);
+}
+
 // One structure that cannot come in keeps all out.
-void Refuse(ImportPlan& plan) {
+void Refuse(Database& working, ImportPlan& plan) {
   const auto has = [&](ImportAction action) {
     return std::find_if(plan.structures.begin(), plan.structures.end(),
                         [action](const PlannedStructure& planned) { return planned.action == action; });
@@ -223,6 +237,9 @@ void Refuse(ImportPlan& plan) {
   } else if (const auto bad = has(ImportAction::kNotSound); bad != plan.structures.end()) {
     plan.refusal =
         "The structure " + InWords(bad->name) + " cannot be imported. " + bad->why + " Nothing was imported.";
+  } else if (const std::string why = NoRoom(working, plan); !why.empty()) {
+    plan.refusal = why + " Nothing was imported.";
+    for (PlannedStructure& planned : plan.structures) planned.action = ImportAction::kNotSound, planned.why = why;
   }
   plan.adds = plan.refusal.empty();
   if (plan.adds) return;
@@ -250,7 +267,7 @@ ImportPlan PlanImport(Database& working, Database& file, const std::vector<Struc
     PlanOne(sides, content, plan.structures.back());
   }
   PlanMonths(content, sides.there, plan);
-  Refuse(plan);
+  Refuse(working, plan);
   return plan;
 }
 

@@ -2,6 +2,7 @@
 
 #include "qc/qc_list.h"
 #include "records/build.h"
+#include "session/limits.h"
 #include "session/main_names.h"
 #include "session/messages.h"
 #include "session/records.h"
@@ -103,6 +104,7 @@ bool AddMonthRows(Session& s) {
   WriteBatch batch(s.db);
   ReadMonths(s);
   if (s.last_month >= 12) return false;
+  RequireRoom(SizeOf(s.db, s.last_month + 1));
   CurrentKeys keys(s);
   AllOrNothing whole(s.db);  // the tree cannot be built over a part of a month
   const int month = s.last_month + 1;

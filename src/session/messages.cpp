@@ -1,5 +1,6 @@
 #include "session/messages.h"
 
+#include "session/limits.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -28,7 +29,13 @@ Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons,
 
 void TellFault(Session& s, const Fault& fault) {
   ++s.faults_shown;
-  Tell(s, fault.description + " " + std::to_string(fault.number));
+  const bool is_full = fault.number == fault_number::kSubscript && fault.source == kTreeSource;
+  s.platform.Ask({fault.description + " " + std::to_string(fault.number),
+                  s.title,
+                  Icon::kNone,
+                  {Button::kOK},
+                  0,
+                  is_full ? kLimitsInWords : ""});
 }
 
 void TellFaultNumberFirst(Session& s, const Fault& fault) {

@@ -13,6 +13,7 @@
 #include "records/structure_record.h"
 #include "records/survey_record.h"
 #include "session/act.h"
+#include "session/limits.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/place.h"
@@ -174,6 +175,10 @@ bool AddEquipment(Session& s, const EquipmentType& type, const std::string& id) 
   const Act act(s, "New Equipment", EquipmentPlace(s, type, id), EquipmentAt(s, type, id));
   WriteBatch batch(s.db);
   if (EquipmentExists(s, type, id)) return false;
+  InventorySize size = SizeOf(s.db, s.last_month);
+  ++size.equipment;
+  if (type.has_activity) ++size.equipment_with_months;
+  RequireRoom(size);
   NewEquipRows(s, type, id);
   batch.Commit();
   return true;

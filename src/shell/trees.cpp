@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "session/equipment_index.h"
+#include "session/limits.h"
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
@@ -86,9 +87,12 @@ void AddStructures(Session& s) {
 
 void EndAtTheLimit(Session& s) {
   s.platform.Beep();
-  TellUnder(s, "Program shutting down",
-            "An internal array is not large enough for your structures. Please contact Technical Support.",
-            Icon::kStop);
+  s.platform.Ask({"An internal array is not large enough for your structures. Please contact Technical Support.",
+                  "Program shutting down",
+                  Icon::kStop,
+                  {Button::kOK},
+                  0,
+                  kLimitsInWords});
   EndProgram(s);
 }
 
@@ -238,6 +242,11 @@ bool BuildDescriptionTree(Session& s) {
   return whole;
 }
 
+void TellOfTree(Session& s, const Fault& fault) {
+  const bool is_full = fault.number == fault_number::kSubscript;
+  s.platform.Ask({fault.description, "Error", Icon::kNone, {Button::kOK}, 0, is_full ? kLimitsInWords : ""});
+}
+
 // Selects nothing, so that what shows stays in front.
 void Build(Session& s) {
   try {
@@ -246,7 +255,7 @@ void Build(Session& s) {
     else
       BuildDescriptionTree(s);
   } catch (const Fault& fault) {
-    if (s.InActv()) TellUnder(s, "Error", fault.description, Icon::kNone);
+    if (s.InActv()) TellOfTree(s, fault);
   }
 }
 
@@ -266,7 +275,7 @@ void RefreshTree(Session& s) {
       SelectRoot(s);
     s.mode_changed_to_actv = false;
   } catch (const Fault& fault) {
-    TellUnder(s, "Error", fault.description, Icon::kNone);
+    TellOfTree(s, fault);
   }
 }
 

@@ -44,6 +44,18 @@ class ImportPlanned : public testing::Test {
   TemporaryFolder folder;
 };
 
+TEST_F(ImportPlanned, refuses_what_the_trees_could_not_show) {
+  Make(2, 2);
+  Raw(Here(),
+      {"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000) INSERT INTO "
+       "PD_PLATFORM_DESC (PD_ID_AK,RIMA_CO_NUM,CMPLX_ID_NUM,STRUCT_NUM) SELECT i+100,'01234','M'||i,'1' FROM n"});
+  const ImportPlan plan = MakePlan();
+  EXPECT_FALSE(plan.adds);
+  EXPECT_EQ(plan.refusal,
+            "The inventory would have 1,003 structures, the program has room for 1,001. Nothing was imported.");
+  for (const PlannedStructure& planned : plan.structures) EXPECT_EQ(ActionText(planned.action), "refused: not sound");
+}
+
 TEST_F(ImportPlanned, adds_sound_structures_with_their_equipment_and_months) {
   Make(2, 2);
   const ImportPlan plan = MakePlan();

@@ -408,6 +408,31 @@ TEST_F(LargeTree, ends_the_program_at_40_000_equipment_months) {
   EXPECT_FALSE(run.s.db.IsOpen());
 }
 
+TEST_F(LargeTree, says_what_it_has_room_for_and_what_to_do) {
+  Lay(40000);
+  EXPECT_NE(run.boxes.at(0).detail.find("39,999 equipment months"), std::string::npos);
+  EXPECT_NE(run.boxes.at(0).detail.find("merlu export"), std::string::npos);
+}
+
+TEST_F(LargeTree, refuses_a_month_and_a_piece_that_it_could_not_show) {
+  Lay(20000);
+  run.Click("cmdUSER_AddSurvey");
+  ASSERT_EQ(run.boxes.size(), 1u);
+  EXPECT_EQ(run.boxes[0].text, "The inventory would have 40,000 equipment months, the program has room for 39,999. 9");
+  EXPECT_NE(run.boxes[0].detail, "");
+  EXPECT_EQ(run.Count("EA_FLA"), 20000);
+  EXPECT_EQ(run.s.last_month, 1);
+  run.s.db.Execute("UPDATE SYS_CONFIG SET SYS_MAX_MO=2");  // as if each had two of them
+  run.s.last_month = 2;
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.TakeBoxes();
+  run.AddEquipment("FLA", "new");
+  EXPECT_EQ(run.TakeBoxes(),
+            Texts{"The inventory would have 40,002 equipment months, the program has room for 39,999. 9"});
+  EXPECT_EQ(run.Count("ED_EQUIP_DESC"), 20000);
+}
+
 TEST_F(LargeTree, ends_the_program_at_the_40_000th_although_more_would_follow) {
   Lay(40002);
   EXPECT_EQ(run.boxes.size(), 1u);
@@ -474,12 +499,22 @@ TEST(ListOfStructures, of_more_than_1_001_is_told_and_ends_the_tree_of_descripti
   EXPECT_EQ(run.s.tree.selected, 0);
 }
 
+TEST(ListOfStructures, refuses_a_month_that_it_could_not_show) {
+  TestRun run;
+  StartWithStructures(run, 1001, 11);
+  run.Click("cmdUSER_AddSurvey");
+  EXPECT_EQ(run.TakeBoxes(),
+            Texts{"The inventory would have 12,012 structure months, the program has room for 12,001. 9"});
+  EXPECT_EQ(run.Count("PA_PLATFORM_ACTV"), 11011);
+}
+
 TEST(ListOfStructures, of_more_than_12_001_months_is_an_error_of_the_tree_of_activity) {
   TestRun run;
   StartWithStructures(run, 1001, 12);
   ASSERT_EQ(run.boxes.size(), 1u);
   EXPECT_EQ(run.boxes[0].title, "Error");
   EXPECT_EQ(run.boxes[0].text, "Subscript out of range");
+  EXPECT_NE(run.boxes[0].detail.find("12,001 structure months"), std::string::npos);
   EXPECT_EQ(run.s.structure_month_list.size(), 12001u);
 }
 
