@@ -1,5 +1,10 @@
 #include "history/notes.h"
 
+#include <cstdlib>
+#include <sstream>
+
+#include "history/layout.h"
+
 namespace merlu {
 
 void KeepCopied(Companion& companion, const std::string& table, std::int64_t key,
@@ -52,6 +57,22 @@ std::optional<KnownComment> CommentOf(const Companion& companion, const std::str
   return known;
 }
 
+namespace {
+
+// The name of what is kept of the steps that were undone when the month was handed in.
+std::string UndoneAtHandIn(int year, int month) {
+  return "undone at the hand-in of " + std::to_string(year) + "/" + std::to_string(month);
+}
+
+std::vector<std::int64_t> Numbers(const std::string& text) {
+  std::vector<std::int64_t> numbers;
+  std::istringstream in(text);
+  for (std::string number; std::getline(in, number, ',');) numbers.push_back(std::atoll(number.c_str()));
+  return numbers;
+}
+
+}  // namespace
+
 void KeepHandIn(Companion& companion, int year, int month, const std::string& when) {
   if (!companion.Want()) return;
   Database& db = *companion.db();
@@ -61,6 +82,10 @@ void KeepHandIn(Companion& companion, int year, int month, const std::string& wh
           "INSERT INTO history.hand_in (year,month,made_at,step) VALUES (?,?,?,(SELECT COALESCE(MAX(id),0) FROM "
           "history.step))",
           {std::int64_t{year}, std::int64_t{month}, when});
+      db.Execute(
+          "INSERT INTO history.about (what,value) SELECT ?,COALESCE(group_concat(id),'') FROM history.step WHERE state "
+          "IN (?,?) ON CONFLICT (what) DO UPDATE SET value=excluded.value",
+          {UndoneAtHandIn(year, month), std::int64_t{step_state::kUndone}, std::int64_t{step_state::kEnded}});
     });
   } catch (const Fault&) {
     // the export is whole without it
@@ -77,6 +102,11 @@ std::vector<HandIn> HandIns(const Companion& companion) {
         all.push_back({static_cast<int>(row.Integer(0)), static_cast<int>(row.Integer(1)), std::string(row.Text(2)),
                        row.Integer(3)});
       });
+  for (HandIn& hand_in : all) {
+    const Value undone = companion.db()->Single("SELECT value FROM history.about WHERE what=?",
+                                                {UndoneAtHandIn(hand_in.year, hand_in.month)});
+    if (!IsNull(undone)) hand_in.undone = Numbers(NullToEmpty(undone));
+  }
   return all;
 }
 

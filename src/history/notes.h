@@ -48,6 +48,8 @@ struct HandIn {
   int year = 0, month = 0;
   std::string when;
   std::int64_t step = 0;  // the newest step of then; what came later is newer than the hand-in
+  // Steps up to it that were undone then; none when it is not known.
+  std::optional<std::vector<std::int64_t>> undone{};
 };
 // Written in a commit of the companion alone. A failure does not make the export fail.
 void KeepHandIn(Companion& companion, int year, int month, const std::string& when);
@@ -66,8 +68,9 @@ struct Draft {
   std::string at;     // the location
   std::vector<DraftField> fields;
   // While the edit is open:
-  bool behind = false;       // something was typed that is not kept yet
-  std::int64_t kept_at = 0;  // in milliseconds of the steady clock
+  bool behind = false;            // something was typed that is not kept yet
+  std::int64_t kept_at = 0;       // in milliseconds of the steady clock
+  std::int64_t file_version = 0;  // as the edit began; the commits of other programs change it
 };
 // Written at once, in a commit of the companion alone. The first time gives the draft its number; without fields it is
 // forgotten. False when it could not be kept.

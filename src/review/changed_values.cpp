@@ -44,41 +44,65 @@ std::string BytesOf(const StoredValue& value) {
   return bytes;
 }
 
-// The newest step at the hand-in of each month.
-using Since = std::map<int, std::int64_t>;
+// The newest hand-in of each month.
+using Since = std::map<int, HandIn>;
 
 Since SinceOf(const Companion& companion, int month) {
   Since since;
-  for (const HandIn& hand_in : HandIns(companion))
-    if (month == 0 || hand_in.month == month) since[hand_in.month] = std::max(since[hand_in.month], hand_in.step);
+  for (const HandIn& hand_in : HandIns(companion)) {
+    if (month != 0 && hand_in.month != month) continue;
+    const auto [newest, first] = since.try_emplace(hand_in.month, hand_in);
+    if (!first && hand_in.step >= newest->second.step) newest->second = hand_in;
+  }
   return since;
+}
+
+// What the act of a step came to since the hand-in.
+enum class Came { kToNothing, kDone, kUndone };
+
+Came WhatCameOf(const HistoryStep& step, const HandIn& hand_in) {
+  bool was_done = false;
+  if (step.id <= hand_in.step)
+    was_done = hand_in.undone
+                   ? std::find(hand_in.undone->begin(), hand_in.undone->end(), step.id) == hand_in.undone->end()
+                   : !step.undone;
+  if (was_done == !step.undone) return Came::kToNothing;
+  return was_done ? Came::kUndone : Came::kDone;
 }
 
 class Changed {
  public:
-  Changed(const Companion& companion, const Review& review, Since since) : companion_(companion), since_(since) {
+  Changed(const Companion& companion, const Review& review, Since since)
+      : companion_(companion), since_(std::move(since)) {
     for (const ReviewedRecord& record : review.records) {
       if (record.kind == RecordKind::kStructureMonth) structure_months_[record.key] = record.month;
       if (record.kind == RecordKind::kEquipmentMonth) months_[record.key] = record.month;
     }
-    for (const auto& [month, step] : since_) first_ = first_ ? std::min(*first_, step) : step;
+    for (const auto& [month, hand_in] : since_)
+      if (first_ == nullptr || hand_in.step < first_->step) first_ = &hand_in;
   }
 
   std::int64_t Count() {
     if (since_.empty()) return 0;
-    std::vector<HistoryStep> steps = Steps(companion_);
-    std::reverse(steps.begin(), steps.end());
+    const std::vector<HistoryStep> newest_first = Steps(companion_);
+    const std::vector<HistoryStep> oldest_first(newest_first.rbegin(), newest_first.rend());
     // months of rows that are gone stand in the steps
-    for (const HistoryStep& step : steps)
+    for (const HistoryStep& step : oldest_first)
       if (Counts(step)) Walk(step, [this](const KeptRow& row) { Learn(row); });
-    for (const HistoryStep& step : steps)
-      if (Counts(step)) Walk(step, [&](const KeptRow& row) { Add(row, step.id); });
+    // as undo and redo go: first what was taken back, then what was done
+    for (const HistoryStep& step : newest_first)
+      if (Counts(step)) Walk(step, [&](const KeptRow& row) { Add(row, step, Came::kUndone); });
+    for (const HistoryStep& step : oldest_first)
+      if (Counts(step)) Walk(step, [&](const KeptRow& row) { Add(row, step, Came::kDone); });
     return std::count_if(courses_.begin(), courses_.end(),
                          [](const auto& course) { return course.second.before != course.second.after; });
   }
 
  private:
-  bool Counts(const HistoryStep& step) const { return step.id > *first_ && !step.undone; }
+  bool Counts(const HistoryStep& step) const {
+    return std::any_of(since_.begin(), since_.end(),
+                       [&](const auto& since) { return WhatCameOf(step, since.second) != Came::kToNothing; });
+  }
 
   template <typename Each>
   void Walk(const HistoryStep& step, Each each) {
@@ -115,11 +139,19 @@ class Changed {
     return found == months.end() ? std::nullopt : std::optional(found->second);
   }
 
-  void Add(const KeptRow& row, std::int64_t step) {
+  // The hand-in that the row's values went with; null when none did. Descriptions went with the first.
+  const HandIn* HandInOf(const KeptRow& row) const {
     const std::optional<int> month = MonthOf(row);
-    if (!month) return;
-    const auto handed_in = since_.find(*month);
-    if (*month != 0 && (handed_in == since_.end() || step <= handed_in->second)) return;
+    if (!month) return nullptr;
+    if (*month == 0) return first_;
+    const auto found = since_.find(*month);
+    return found == since_.end() ? nullptr : &found->second;
+  }
+
+  // Goes on with the values of a row of a step that has come to that.
+  void Add(const KeptRow& row, const HistoryStep& step, Came came) {
+    const HandIn* hand_in = HandInOf(row);
+    if (hand_in == nullptr || WhatCameOf(step, *hand_in) != came) return;
     const RecordedTable* table = TableOf(row.table);
     if (table == nullptr) return;
     const auto add = [&](std::size_t column, const StoredValue& before, const StoredValue& after) {
@@ -127,22 +159,22 @@ class Changed {
       if (IsDateOfRun(table->columns[column])) return;
       const auto [course, fresh] = courses_.try_emplace({row.table, row.rowid, column});
       const std::string& name = table->columns[column];
-      if (fresh) course->second.before = BytesOf(AsCounted(name, before));
-      course->second.after = BytesOf(AsCounted(name, after));
+      if (fresh) course->second.before = BytesOf(AsCounted(name, came == Came::kDone ? before : after));
+      course->second.after = BytesOf(AsCounted(name, came == Came::kDone ? after : before));
     };
     if (row.kind == KeptRow::Kind::kChanged) {
       for (const KeptValue& value : row.values) add(value.column, value.before, value.after);
       return;
     }
-    const bool came = row.kind == KeptRow::Kind::kAdded;
+    const bool added = row.kind == KeptRow::Kind::kAdded;
     const std::vector<StoredValue> values = RowValues(row.row);
     for (std::size_t column = 0; column < values.size(); ++column)
-      add(column, came ? StoredValue() : values[column], came ? values[column] : StoredValue());
+      add(column, added ? StoredValue() : values[column], added ? values[column] : StoredValue());
   }
 
   const Companion& companion_;
   const Since since_;
-  std::optional<std::int64_t> first_;
+  const HandIn* first_ = nullptr;
   std::unordered_map<std::int64_t, int> months_, structure_months_;
   std::map<std::tuple<std::string, std::int64_t, std::size_t>, Course> courses_;
 };

@@ -17,6 +17,7 @@
 #include "shell/dialog_names.h"
 #include "shell/edit_cycle.h"
 #include "shell/navigation.h"
+#include "shell/routing.h"
 
 namespace merlu {
 namespace {
@@ -129,6 +130,13 @@ Draft Changed(const Draft& draft) {
   return changed;
 }
 
+// Other programs' commits change it.
+std::int64_t FileVersion(Session& s) {
+  std::int64_t version = 0;
+  Plainly(s, [&] { version = ToInteger(s.db.Single("PRAGMA main.data_version")); });
+  return version;
+}
+
 void PutIn(Session& s, Form& form, const DraftField& field) {
   Control* control = form.Find(field.control);
   if (control == nullptr) return;
@@ -220,6 +228,7 @@ void BeginDraft(Session& s) {
   if (sheet.form == nullptr || !s.db.IsOpen()) return;
   s.draft.owner = OwnName();
   s.draft.at = PackLocation(s.current, s.mode);
+  s.draft.file_version = FileVersion(s);
   Plainly(s, [&] { s.draft.place = PlaceText(s.db, s.current); });
   for (const Control& control : sheet.form->controls())
     if (TakesText(control) && IsOnSheet(*sheet.form, control, sheet.frame))
@@ -259,6 +268,59 @@ bool HasTyped(Session& s) {
 void EndDraft(Session& s) {
   ForgetDraft(s.companion, s.draft.id);
   s.draft = Draft();
+}
+
+namespace {
+
+// What the fields would be if the record were loaded now; empty when it cannot be. The sheet stays as it is.
+std::vector<std::string> LoadedNow(Session& s, Form& form) {
+  const std::vector<ControlState> typed(form.controls().begin(), form.controls().end());
+  const std::string focus = form.focus;
+  ClearSheet(s);
+  LoadSheet(s);
+  std::vector<std::string> texts;
+  if (!s.unreadable) {
+    UnlockSheet(s);
+    for (const DraftField& field : s.draft.fields) texts.push_back(TextOf(form.At(field.control)));
+  }
+  s.unreadable = false;
+  for (std::size_t i = 0; i < typed.size(); ++i) static_cast<ControlState&>(form.controls()[i]) = typed[i];
+  form.focus = focus;
+  return texts;
+}
+
+std::string Shown(const std::string& text) {
+  return text.empty() ? "blank" : text;
+}
+
+}  // namespace
+
+bool MindOthers(Session& s) {
+  const ShowingSheet sheet = SheetThatShows(s);
+  if (sheet.form == nullptr || s.draft.fields.empty() || s.draft.file_version == FileVersion(s)) return true;
+  const std::vector<std::string> now = LoadedNow(s, *sheet.form);
+  if (now.empty()) return false;
+  std::string kept, both;
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    const DraftField& field = s.draft.fields[i];
+    const std::string typed = TextOf(sheet.form->At(field.control));
+    if (now[i] == field.stored || now[i] == typed) continue;
+    if (typed == field.stored) {
+      PutIn(s, *sheet.form, {field.control, field.caption, field.stored, now[i]});
+      kept += "\n" + field.caption + ": " + Shown(now[i]);
+    } else {
+      both += "\n" + field.caption + ": " + Shown(now[i]) + " there, " + Shown(typed) + " here";
+    }
+  }
+  if (!both.empty() &&
+      AskUser(
+          s, "Another program has changed this record since the edit began:\n" + both + "\n\nSave what was typed here?",
+          {Button::kYes, Button::kNo}) != Button::kYes)
+    return false;
+  if (!kept.empty())
+    Tell(s, "Another program has changed this record since the edit began. What it stored was kept:\n" + kept,
+         Icon::kInfo);
+  return true;
 }
 
 void OfferDrafts(Session& s) {

@@ -68,6 +68,7 @@ void BeginEdit(Session& s) {
 void SaveEdits(Session& s) {
   const SavingAct act(s);
   LeaveFields(s);
+  if (!s.save_failed) s.save_failed = !MindOthers(s);
   if (s.save_failed) return;
   SaveForGood(s, false);
   if (s.save_failed) return;
@@ -84,10 +85,8 @@ void SaveAndEnd(Session& s, const std::function<void(Session&, QCLocation)>& run
   const SavingAct act(s);
   if (s.save_failed) return;
   LeaveFields(s);
-  if (s.current.Is(level::kUser) && !ValidateOperator(s)) {
-    s.save_failed = true;
-    return;
-  }
+  s.save_failed = !MindOthers(s) || (s.current.Is(level::kUser) && !ValidateOperator(s));
+  if (s.save_failed) return;
   const QCLocation here = s.current;
   s.InSaveQC = true;
   run(s, here);

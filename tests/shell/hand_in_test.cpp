@@ -213,6 +213,29 @@ TEST_F(HandIn, counts_the_values_that_changed_since_the_month_was_handed_in) {
   EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "a status that was never set was active before, too";
 }
 
+TEST_F(HandIn, counts_what_was_undone_and_done_again_since_the_hand_in) {
+  run.GoTo("MUD", "M1", Mode::kActv, 1);
+  for (const char* days : {"4", "5", "6"}) run.Keep({{"txtMUD_DaysPerMonth", days}});
+  HandInMonth(1);
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "older than the hand-in, and taken back";
+  run.Click("mnuEUndo");
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1");
+  EXPECT_EQ(Count(HandInCheck::kChanged, "Whole year"), "1");
+  run.Click("mnuERedo");
+  run.Click("mnuERedo");
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0") << "as it was handed in";
+  run.Click("mnuEUndo");
+  HandInMonth(1);
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0");
+  run.Click("mnuERedo");
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "1") << "undone at the hand-in, and done again";
+  run.Click("mnuEUndo");
+  run.Click("mnuEUndo");
+  run.Keep({{"txtMUD_DaysPerMonth", "5"}});
+  EXPECT_EQ(Count(HandInCheck::kChanged, "2017/01"), "0") << "otherwise, and the same again";
+}
+
 TEST_F(HandIn, counts_nothing_of_what_reports_nothing) {
   run.Keep({{"txtMUD_DaysPerMonth", "40"}});
   run.Click("cmdQC");
