@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace merlu::pdf {
 namespace {
 
@@ -19,9 +21,9 @@ QString Q(const std::string& text) {
 }
 
 QString Head(const std::string& text) {
-  QString line = Q(text);
-  if (line.size() > kMostInHead) line = line.left(kMostInHead) + QChar(0x2026);
-  return line;
+  // of a long text no more is looked at than is shown: heads are made anew for every page
+  const QString line = Q(FirstCharacters(text, kMostInHead + 1));
+  return line.size() > kMostInHead ? line.left(kMostInHead) + QChar(0x2026) : line;
 }
 
 Style::Style(qreal points, bool bold, const QPdfWriter& device) {

@@ -14,7 +14,7 @@ namespace merlu {
 namespace {
 
 constexpr const char* kSource = kStoreSource;
-constexpr int kLongestForeignValue = 1'000'000;
+constexpr int kLongestForeignValue = 64'000'000;  // also of a row that is sorted
 
 std::string Described(int number, const std::string& message) {
   switch (number) {
@@ -23,6 +23,7 @@ std::string Described(int number, const std::string& message) {
     case fault_number::kDamaged: return "The database file is damaged (" + message + ").";
     case fault_number::kDiskFullStore: return "There is not enough room on the disk for the database.";
     case fault_number::kReadOnly: return "The database file is read-only.";
+    case fault_number::kOverflow: return "A record of the file is too large to be read.";
     default: return message;
   }
 }
@@ -50,6 +51,7 @@ int FaultNumber(int extended) {
     case SQLITE_FULL: return fault_number::kDiskFullStore;
     case SQLITE_READONLY: return fault_number::kReadOnly;
     case SQLITE_CANTOPEN: return fault_number::kPathNotFound;
+    case SQLITE_TOOBIG: return fault_number::kOverflow;
     default: break;
   }
   return fault_number::kOther;
