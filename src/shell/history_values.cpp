@@ -122,20 +122,25 @@ int CountShown(const RecordedTable& table, const KeptRow& row) {
   return count;
 }
 
-// A finding that came or went by its text, one that was explained by its comment.
+// A finding that came or went by its text, one that was explained by its comment. The field says which of them it is,
+// as its own values stand in the same list.
 void TellFinding(const RecordedTable& table, const KeptRow& row, ShownChange& change) {
   const auto column = [&table](const char* name) {
     return static_cast<std::size_t>(std::find(table.columns.begin(), table.columns.end(), name) -
                                     table.columns.begin());
   };
+  const char* what = " (finding)";
   if (row.kind == KeptRow::Kind::kChanged) {
     for (const KeptValue& value : row.values)
       if (value.column == column("Comments") || (value.column == column("Desc") && change.after.empty())) {
         change.before = TextOf(value.before);
         change.after = TextOf(value.after);
+        if (value.column == column("Comments")) what = " (comment)";
       }
+    change.field += what;
     return;
   }
+  change.field += what;
   const std::vector<StoredValue> values = RowValues(row.row);
   const std::string text = values.size() > column("Desc") ? TextOf(values[column("Desc")]) : "";
   (row.kind == KeptRow::Kind::kAdded ? change.after : change.before) = text;

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <set>
@@ -55,8 +56,14 @@ int ReadersOnly(void*, int action, const char* first, const char* second, const 
   }
 }
 
+// By its first word; what follows a WITH may change rows too.
 bool ChangesRows(std::string_view sql) {
-  return sql.starts_with("INSERT") || sql.starts_with("UPDATE") || sql.starts_with("DELETE");
+  constexpr std::string_view kBlanks = " \t\r\n(";
+  sql.remove_prefix(std::min(sql.find_first_not_of(kBlanks), sql.size()));
+  const std::string_view word = sql.substr(0, sql.find_first_of(kBlanks));
+  for (const std::string_view changing : {"INSERT", "UPDATE", "DELETE", "REPLACE", "WITH"})
+    if (EqualsIgnoringCase(word, changing)) return true;
+  return false;
 }
 
 }  // namespace

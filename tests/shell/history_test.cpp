@@ -191,6 +191,34 @@ TEST_F(OnScreen, the_record_s_own_steps_are_those_that_wrote_its_findings_too) {
   EXPECT_EQ(shown(), (std::vector<std::string>{"New Equipment"}));
 }
 
+TEST_F(OnScreen, a_finding_and_its_comment_are_told_from_the_values_of_their_field) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Put({{"txtFLA_HrsOperated", "745"}});
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  run.Click("cmdQC");
+  const std::string tag = run.Findings("[Desc] LIKE 'Value%'").at(0).first;
+  run.s.db.Execute("UPDATE QC SET Comments='because' WHERE FieldID=?", {tag});
+  const auto values = [&] {
+    std::vector<std::string> all;
+    run.dialogs.push_back([&](Form& form) {
+      for (const int step : {0, 1, 2}) {
+        run.Pick("lvwHIS_Steps", step);
+        const Control& list = form.At("lvwHIS_Values");
+        for (int row = 0; row < list.model->RowCount(); ++row)
+          if (Cell(list, row, 1).starts_with(tag))
+            all.push_back(Cell(list, row, 1) + ": " + Cell(list, row, 2) + " > " + Cell(list, row, 3));
+      }
+    });
+    run.Click("mnuRHistory");
+    return all;
+  }();
+  EXPECT_EQ(values, (std::vector<std::string>{tag + " (comment):  > because",
+                                              tag + " (finding):  > " + run.Finding(tag), tag + ":  > 745"}));
+}
+
 TEST_F(OnScreen, the_values_of_a_large_step_are_made_as_they_are_asked_for) {
   run.StartWithStructure();
   run.s.companion.BeginStep({"2017-03-05 14:02:00", "anna", "Import", "", "", ""});
@@ -205,10 +233,10 @@ TEST_F(OnScreen, the_values_of_a_large_step_are_made_as_they_are_asked_for) {
     Control& values = form.At("lvwHIS_Values");
     ASSERT_EQ(values.model->RowCount(), 20000);
     EXPECT_EQ(Cell(values, 12344, 0), "2017/01 · GI, 43, A");
-    EXPECT_EQ(Cell(values, 12344, 1), "Field 12345");
+    EXPECT_EQ(Cell(values, 12344, 1), "Field 12345 (finding)");
     EXPECT_EQ(Cell(values, 12344, 3), "Error 12345");
     values.model->Sort(1, true);
-    EXPECT_EQ(Cell(values, 0, 1), "Field 9999");
+    EXPECT_EQ(Cell(values, 0, 1), "Field 9999 (finding)");
     EXPECT_EQ(Cell(values, 0, 3), "Error 9999");
     EXPECT_EQ(Cell(values, 20000, 3), "");  // beyond the end
     run.Pick("lvwHIS_Steps", 1);

@@ -104,6 +104,17 @@ TEST_F(Recording, writes_a_single_statement_in_a_batch_of_its_own) {
   EXPECT_FALSE(db.InBatch());
 }
 
+TEST_F(Recording, sees_a_change_however_its_statement_begins) {
+  db.Execute("WITH numbers(n) AS (VALUES (1),(2)) INSERT INTO QC (Month) SELECT n FROM numbers");
+  EXPECT_EQ(Sorted(), (Lines{"QC 1 added", "QC 2 added"}));
+  db.Execute("\n  update QC SET FieldID='a' WHERE Month=2");
+  EXPECT_EQ(last, Lines{"QC 2 changed"});
+  db.Execute("REPLACE INTO QC (rowid,FieldID) VALUES (1,'b')");
+  EXPECT_EQ(last, Lines{"QC 1 changed"});
+  EXPECT_EQ(told, 3);
+  EXPECT_FALSE(db.InBatch());
+}
+
 TEST_F(Recording, forgets_what_was_taken_back) {
   WriteBatch batch(db);
   db.Execute("INSERT INTO QC (FieldID) VALUES ('kept')");
