@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "base/fault.h"
 
@@ -93,20 +94,26 @@ bool IsFinding(std::string_view table) {
   return table == "QC";
 }
 
-std::int64_t CountFilled(const RecordedTable& table, std::string_view row) {
+// Which columns of a table hold what the user knows as values.
+std::vector<bool> ShownColumns(const RecordedTable& table) {
+  std::vector<bool> shown;
+  for (const std::string& column : table.columns) shown.push_back(IsShownColumn(table.name, column));
+  return shown;
+}
+
+std::int64_t CountFilled(const std::vector<bool>& shown, std::string_view row) {
   std::int64_t count = 0;
   StoredValue value;
-  for (std::size_t column = 0; TakeValue(row, value) && column < table.columns.size(); ++column)
-    if (value.kind != StoredValue::Kind::kNull && IsShownColumn(table.name, table.columns[column])) ++count;
+  for (std::size_t column = 0; TakeValue(row, value) && column < shown.size(); ++column)
+    if (value.kind != StoredValue::Kind::kNull && shown[column]) ++count;
   return count;
 }
 
-std::int64_t CountChanged(const RecordedTable& table, std::string_view before, std::string_view after) {
+std::int64_t CountChanged(const std::vector<bool>& shown, std::string_view before, std::string_view after) {
   std::int64_t count = 0;
   StoredValue old_value, new_value;
   for (std::size_t column = 0; TakeValue(before, old_value) && TakeValue(after, new_value); ++column)
-    if (old_value != new_value && column < table.columns.size() && IsShownColumn(table.name, table.columns[column]))
-      ++count;
+    if (column < shown.size() && shown[column] && old_value != new_value) ++count;
   return count;
 }
 
@@ -114,6 +121,7 @@ std::int64_t CountChanged(const RecordedTable& table, std::string_view before, s
 
 std::string PackChanges(const Changes& changes) {
   std::string bytes(kMark);
+  if (changes.bytes) bytes.reserve(changes.bytes->size());
   // the tables that occur, by their number in here
   std::vector<std::uint64_t> numbers(changes.tables->size());
   std::vector<const RecordedTable*> tables;
@@ -176,15 +184,18 @@ bool IsShownColumn(std::string_view table, std::string_view column) {
 }
 
 std::int64_t CountShownValues(const Changes& changes) {
+  std::vector<std::optional<std::vector<bool>>> tables(changes.tables->size());
   std::int64_t count = 0;
   for (const RowChange& row : changes.rows) {
     const RecordedTable& table = changes.TableOf(row);
+    std::optional<std::vector<bool>>& shown = tables[row.table];
+    if (!shown) shown = ShownColumns(table);
     if (IsFinding(table.name))
       ++count;  // a finding counts once
     else if (row.Added() || row.Removed())
-      count += CountFilled(table, row.Added() ? row.after : row.before);
+      count += CountFilled(*shown, row.Added() ? row.after : row.before);
     else
-      count += CountChanged(table, row.before, row.after);
+      count += CountChanged(*shown, row.before, row.after);
   }
   return count;
 }

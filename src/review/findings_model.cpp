@@ -24,35 +24,44 @@ std::vector<std::string> WordsOf(const std::string& text) {
 class Sieve {
  public:
   Sieve(const Review& review, const FindingFilter& filter)
-      : review_(review), filter_(filter), words_(WordsOf(filter.words)) {
+      : review_(review), filter_(filter), words_(WordsOf(filter.words)), of_record_(review.records.size()) {
     if (words_.size() > kMostWords) words_.resize(kMostWords);
     all_ = (Mask{1} << words_.size()) - 1;
   }
 
-  bool PassesRecord(const ReviewedRecord& record) {
-    if (filter_.when == "Descriptions" && record.month != 0) return false;
-    if (filter_.when.find('/') != std::string::npos &&
-        (record.month == 0 || MonthText(record.year, record.month) != filter_.when))
-      return false;
-    in_place_ = words_.empty() ? 0 : WordsIn(PlaceOf(review_, record));
-    return true;
+  bool Passes(const FindingPlace& place) {
+    const ReviewedRecord& record = review_.records[static_cast<std::size_t>(place.record)];
+    OfRecord& known = of_record_[static_cast<std::size_t>(place.record)];
+    if (!known.is_known) known = Look(record);
+    return known.passes && Passes(record.findings[static_cast<std::size_t>(place.number)], known.found);
   }
 
-  bool Passes(const ReviewedFinding& finding) {
+ private:
+  using Mask = std::uint64_t;
+  static constexpr std::size_t kMostWords = 60;
+  struct OfRecord {
+    bool is_known = false, passes = false;
+    Mask found = 0;  // words that its place holds
+  };
+
+  OfRecord Look(const ReviewedRecord& record) {
+    if (filter_.when == "Descriptions" && record.month != 0) return {true, false, 0};
+    if (filter_.when.find('/') != std::string::npos &&
+        (record.month == 0 || MonthText(record.year, record.month) != filter_.when))
+      return {true, false, 0};
+    return {true, true, words_.empty() ? 0 : WordsIn(PlaceOf(review_, record))};
+  }
+
+  bool Passes(const ReviewedFinding& finding, Mask found) {
     if (filter_.state == "Open" && finding.state != FindingState::kOpen) return false;
     if (filter_.state == "Explained" && finding.state != FindingState::kExplained) return false;
     if (filter_.state == "Stale" && finding.state != FindingState::kStale) return false;
-    Mask found = in_place_;
     if (found != all_) found |= InSaid(*finding.said);
     if (found != all_) found |= WordsIn(StateText(finding.state));
     if (found != all_ && !finding.value.empty()) found |= WordsIn(finding.value);
     if (found != all_ && !finding.comment.empty()) found |= WordsIn(finding.comment);
     return found == all_;
   }
-
- private:
-  using Mask = std::uint64_t;
-  static constexpr std::size_t kMostWords = 60;
 
   Mask WordsIn(std::string_view text) {
     folded_ = FoldedText(text);
@@ -70,7 +79,8 @@ class Sieve {
   const Review& review_;
   const FindingFilter& filter_;
   std::vector<std::string> words_;
-  Mask all_ = 0, in_place_ = 0;
+  Mask all_ = 0;
+  std::vector<OfRecord> of_record_;
   std::unordered_map<const Said*, Mask> in_said_;
   std::string folded_;
 };
@@ -96,6 +106,7 @@ bool FindingsModel::Refresh() {
   const bool changed = live_.Refresh(source_.store(), source_.companion());
   if (!changed && filter == filter_) return false;
   filter_ = filter;
+  if (changed) Arrange();
   Choose();
   return true;
 }
@@ -133,37 +144,40 @@ std::string FindingsModel::Text(int row, int column) const {
   return FindingText(review(), RecordAt(row), At(row), column);
 }
 
-void FindingsModel::Choose() {
-  Sieve sieve(review(), filter_);
-  shown_.clear();
-  for (std::size_t i = 0; i < review().records.size(); ++i) {
-    const ReviewedRecord& record = review().records[i];
-    if (record.findings.empty() || !sieve.PassesRecord(record)) continue;
-    for (std::size_t number = 0; number < record.findings.size(); ++number)
-      if (sieve.Passes(record.findings[number])) shown_.push_back({static_cast<int>(i), static_cast<int>(number)});
-  }
-  Order();
-}
-
 void FindingsModel::Sort(int column, bool descending) {
   sorted_by_ = column;
   descending_ = descending;
-  std::sort(shown_.begin(), shown_.end(), [](const FindingPlace& a, const FindingPlace& b) {
-    return a.record != b.record ? a.record < b.record : a.number < b.number;
-  });
-  Order();
+  Arrange();
+  Choose();
+}
+
+// All findings in the order asked for: what a filter lets through of them needs no ordering.
+void FindingsModel::Arrange() {
+  all_.clear();
+  for (std::size_t record = 0; record < review().records.size(); ++record)
+    for (std::size_t number = 0; number < review().records[record].findings.size(); ++number)
+      all_.push_back({static_cast<int>(record), static_cast<int>(number)});
+  if (sorted_by_ >= 0) Order();
+}
+
+void FindingsModel::Choose() {
+  ++revision_;
+  Sieve sieve(review(), filter_);
+  shown_.clear();
+  for (const FindingPlace& place : all_)
+    if (sieve.Passes(place)) shown_.push_back(place);
 }
 
 // Equal texts are few beside the findings: they are ordered, and the findings after them.
 void FindingsModel::Order() {
-  ++revision_;
-  if (sorted_by_ < 0) return;
   std::unordered_map<std::string, int> places;
   std::vector<int> text_of;
-  text_of.reserve(shown_.size());
+  text_of.reserve(all_.size());
   std::vector<std::pair<SortKey, int>> keys;
-  for (int row = 0; row < RowCount(); ++row) {
-    std::string text = Text(row, sorted_by_);
+  for (const FindingPlace& place : all_) {
+    const ReviewedRecord& record = review().records[static_cast<std::size_t>(place.record)];
+    std::string text =
+        FindingText(review(), record, record.findings[static_cast<std::size_t>(place.number)], sorted_by_);
     const auto [known, fresh] = places.try_emplace(std::move(text), static_cast<int>(keys.size()));
     if (fresh) keys.emplace_back(SortKey(known->first), known->second);
     text_of.push_back(known->second);
@@ -176,13 +190,13 @@ void FindingsModel::Order() {
     rank[static_cast<std::size_t>(keys[i].second)] = last;
   }
   std::vector<std::pair<int, FindingPlace>> rows;
-  rows.reserve(shown_.size());
-  for (std::size_t row = 0; row < shown_.size(); ++row) {
+  rows.reserve(all_.size());
+  for (std::size_t row = 0; row < all_.size(); ++row) {
     const int at = rank[static_cast<std::size_t>(text_of[row])];
-    rows.emplace_back(descending_ ? -at : at, shown_[row]);
+    rows.emplace_back(descending_ ? -at : at, all_[row]);
   }
   std::stable_sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (std::size_t row = 0; row < rows.size(); ++row) shown_[row] = rows[row].second;
+  for (std::size_t row = 0; row < rows.size(); ++row) all_[row] = rows[row].second;
 }
 
 std::string FindingsModel::CountText() const {

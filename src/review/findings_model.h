@@ -77,13 +77,14 @@ class FindingsModel : public ListModel {
   void Sort(int column, bool descending) override;
 
  private:
+  void Arrange();
   void Choose();
   void Order();
 
   Source source_;
   LiveReview live_;
   FindingFilter filter_;
-  std::vector<FindingPlace> shown_;
+  std::vector<FindingPlace> all_, shown_;  // in the order asked for
   int sorted_by_ = -1;
   bool descending_ = false;
   std::uint64_t revision_ = 0;

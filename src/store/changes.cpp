@@ -6,14 +6,19 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
+#include <numeric>
+#include <utility>
 
 #include "base/fault.h"
 #include "store/engine.h"
 
 namespace merlu {
 namespace {
+
+constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
 
 std::uint64_t ZigZag(std::int64_t number) {
   return (static_cast<std::uint64_t>(number) << 1U) ^ static_cast<std::uint64_t>(number >> 63U);
@@ -228,22 +233,24 @@ Changes ChangeRecorder::Take() {
   changes.bytes = std::make_unique<const std::string>(std::move(bytes_));
   bytes_ = {};
   const std::string_view bytes = *changes.bytes;
-  struct RowHash {
-    std::size_t operator()(const std::pair<std::uint16_t, std::int64_t>& row) const {
-      return std::hash<std::int64_t>{}(row.second * 1031 + row.first);
-    }
-  };
-  std::unordered_map<std::pair<std::uint16_t, std::int64_t>, std::size_t, RowHash> known;
-  known.reserve(entries_.size());
+  // what was recorded of one row stands together then, in its order
+  std::vector<std::uint32_t> order(entries_.size());
+  std::iota(order.begin(), order.end(), 0U);
+  const auto name = [this](std::uint32_t entry) { return std::pair(entries_[entry].table, entries_[entry].rowid); };
+  const auto before = [&name](std::uint32_t a, std::uint32_t b) { return name(a) < name(b); };
+  if (!std::is_sorted(order.begin(), order.end(), before)) std::stable_sort(order.begin(), order.end(), before);
+  std::vector<std::uint32_t> last(entries_.size(), kNone);  // by the first entry of each row
+  for (std::size_t i = 0, end = 0; i < order.size(); i = end) {
+    for (end = i + 1; end < order.size() && name(order[end]) == name(order[i]);) ++end;
+    last[order[i]] = order[end - 1];
+  }
   changes.rows.reserve(entries_.size());
-  for (const Entry& entry : entries_) {
-    const std::string_view before = bytes.substr(entry.at, entry.before);
-    const std::string_view after = bytes.substr(entry.at + entry.before, entry.after);
-    const auto [at, fresh] = known.try_emplace({entry.table, entry.rowid}, changes.rows.size());
-    if (fresh)
-      changes.rows.push_back({entry.table, entry.rowid, before, after});
-    else
-      changes.rows[at->second].after = after;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (last[i] == kNone) continue;
+    const Entry& first = entries_[i];
+    const Entry& end = entries_[last[i]];
+    changes.rows.push_back(
+        {first.table, first.rowid, bytes.substr(first.at, first.before), bytes.substr(end.at + end.before, end.after)});
   }
   std::erase_if(changes.rows, [](const RowChange& row) { return row.before == row.after; });
   entries_.clear();
