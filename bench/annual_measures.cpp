@@ -117,8 +117,10 @@ std::vector<Measure> AnnualMeasures(const Workshop& shop) {
       RunOurs(judged);
       findings = ReadFindings(judged);
     }
-    return turn([&] { return RunOurs(shop.FreshCopy(shop.full, "annual-ours")); },
-                [&] { return RunPlain(shop.FreshCopy(shop.full, "annual-plain"), findings); });
+    const Pair pair = turn([&] { return RunOurs(shop.FreshCopy(shop.full, "annual-ours")); },
+                           [&] { return RunPlain(shop.FreshCopy(shop.full, "annual-plain"), findings); });
+    RequireSameTables(shop.Path("annual-ours"), shop.Path("annual-plain"));
+    return pair;
   };
   return {{"annual pass over 39,996 equipment months", 1.5, 9, run},
           {"PDF of 10,000 findings", 0, 5, [&shop] {

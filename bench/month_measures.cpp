@@ -61,7 +61,9 @@ double AddPlain(const Workshop& shop) {
 
 std::vector<Measure> MonthMeasures(const Workshop& shop) {
   return {{"a month of 3,333 equipment, with its commit", 1.2, 15, [&shop, turn = InTurn()]() mutable {
-             return turn([&] { return AddOurs(shop); }, [&] { return AddPlain(shop); });
+             const Pair pair = turn([&] { return AddOurs(shop); }, [&] { return AddPlain(shop); });
+             RequireSameTables(shop.Path("month-ours"), shop.Path("month-plain"));
+             return pair;
            }}};
 }
 

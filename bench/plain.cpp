@@ -57,6 +57,11 @@ PlainStatement& PlainStatement::Bind(int at, std::int64_t value) {
   return *this;
 }
 
+PlainStatement& PlainStatement::BindNumber(int at, double value) {
+  sqlite3_bind_double(statement_, at, value);
+  return *this;
+}
+
 PlainStatement& PlainStatement::Bind(int at, const std::string& value) {
   sqlite3_bind_text(statement_, at, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
   return *this;
@@ -95,9 +100,37 @@ std::int64_t PlainStatement::Integer(int column) const {
   return sqlite3_column_int64(statement_, column);
 }
 
+// The row that it stands on, byte for byte.
+std::string PlainStatement::Row() const {
+  std::string row;
+  const int width = sqlite3_column_count(statement_);
+  for (int i = 0; i < width; ++i) {
+    row += static_cast<char>('0' + sqlite3_column_type(statement_, i));
+    row += Text(i);
+    row += '\n';
+  }
+  return row;
+}
+
 std::string PlainStatement::Text(int column) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
   return text == nullptr ? std::string() : std::string(text);
+}
+
+void RequireSameTables(const std::string& ours, const std::string& plain) {
+  PlainFile left(ours), right(plain);
+  // the program's start makes a table of its own
+  PlainStatement tables(right, "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite%'");
+  while (tables.Step()) {
+    const std::string query = "SELECT * FROM [" + tables.Text(0) + "] ORDER BY rowid";
+    PlainStatement mine(left, query), other(right, query);
+    bool more = true;
+    while (more) {
+      more = mine.Step();
+      if (more != other.Step() || (more && mine.Row() != other.Row()))
+        throw std::runtime_error("the two sides do not leave the same rows in " + tables.Text(0));
+    }
+  }
 }
 
 }  // namespace merlu::bench

@@ -36,6 +36,7 @@ class PlainStatement {
 
   // Values of the question marks, counted from 1. A text must outlive the step.
   PlainStatement& Bind(int at, std::int64_t value);
+  PlainStatement& BindNumber(int at, double value);
   PlainStatement& Bind(int at, const std::string& value);
 
   bool Step();
@@ -48,9 +49,13 @@ class PlainStatement {
   std::size_t ReadRow() const;
   std::int64_t Integer(int column) const;
   std::string Text(int column) const;
+  std::string Row() const;
 
  private:
   sqlite3_stmt* statement_ = nullptr;
 };
+
+// Both files hold the same rows in the same order in every table: what is compared has led to the same end.
+void RequireSameTables(const std::string& ours, const std::string& plain);
 
 }  // namespace merlu::bench

@@ -1,17 +1,22 @@
-// A survey's QC run beside the plain reads and writes of its rows.
+// A survey's QC run beside the plain reads and writes of its rows; and the judging alone beside the reading.
 //
-// The plain side judges nothing. In one transaction it reads the month's structures joined with their
-// descriptions, the equipment of each by the types that a walk takes, with all its rows in one join, and the
-// findings of every place in one look-up; then it writes the findings that the program found, the date of last
-// QC of each equipment and of each structure. It does not count the findings, and does not ask whether a
-// structure has equipment.
+// The plain side judges nothing. In one transaction it reads the month's structures joined with their descriptions, the
+// equipment of each by the types that a walk takes in one join each, of all of them the columns that a rule of theirs
+// reads, and the findings of every place in one look-up; then it writes the findings that the program found, the date
+// of last QC of each equipment and of each structure. It does not count the findings, and does not ask whether a
+// structure has equipment. Both sides end with the same rows in every table.
+#include <memory>
 #include <stdexcept>
 
 #include "measures.h"
 #include "plain.h"
 #include "qc_run/run_qc.h"
+#include "records/judge_records.h"
+#include "records/structure_fields.h"
+#include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/types.h"
+#include "sheets/units.h"
 #include "shell/routing.h"
 
 namespace merlu::bench {
@@ -20,10 +25,20 @@ namespace {
 constexpr int kMonth = 6;
 constexpr int kFindingColumns = 12;
 
-constexpr const char* kStructures = R"(
-    SELECT a.SA_ID_AK,p.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,a.*,p.*
-    FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK
-    WHERE a.PA_MO=? AND a.PA_YR=? ORDER BY a.SA_ID_AK)";
+// The columns that rules read, of the rows that are called so.
+std::string JudgedOf(const SheetSpec* sheet, const char* description, const char* month) {
+  const RuleSet& rules = sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
+  return RowReader(sheet == nullptr ? StructureFields() : sheet->fields, rules, Mode::kActv, Wanted::kWhatRulesRead)
+      .Columns(description, month);
+}
+
+std::string Structures() {
+  return "SELECT a.SA_ID_AK,p.PD_ID_AK,p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,a.status" +
+         JudgedOf(nullptr, "p", "a") +
+         " FROM PA_PLATFORM_ACTV a JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK WHERE a.PA_MO=? AND a.PA_YR=? "
+         "ORDER BY a.SA_ID_AK";
+}
+
 constexpr const char* kFindings = R"(
     SELECT * FROM QC WHERE UserID=? AND CmplxID=? AND StructID=? AND EquipType=? AND EquipID=?
     AND [Month]=? AND [Year]=? AND [Level]=?)";
@@ -36,9 +51,9 @@ std::vector<std::string> Walked() {
 }
 
 std::string EquipmentOf(const std::string& type) {
-  return "SELECT t.EA_ID_AK,d.ED_MERLU_EQUIP_ID,t.*,a.*,d.*,e.* "
-         "FROM ED_EQUIP_DESC d JOIN EA_EQUIP_ACTV a ON a.ED_ID_AK=d.ED_ID_AK JOIN EA_" +
-         type + " t ON t.EA_ID_AK=a.EA_ID_AK JOIN ED_" + type +
+  return "SELECT t.EA_ID_AK,d.ED_MERLU_EQUIP_ID,a.EA_STATUS,a.EA_QC_DT" + JudgedOf(FindSheet(type), "e", "t") +
+         " FROM ED_EQUIP_DESC d JOIN EA_EQUIP_ACTV a ON a.ED_ID_AK=d.ED_ID_AK JOIN EA_" + type +
+         " t ON t.EA_ID_AK=a.EA_ID_AK JOIN ED_" + type +
          " e ON e.ED_ID_AK=d.ED_ID_AK WHERE d.PD_ID_AK=? AND d.ED_EQUIP_TYP='" + type + "' AND a.EA_MO=? AND a.EA_YR=?";
 }
 
@@ -59,13 +74,16 @@ std::vector<Finding> ReadFindings(PlainFile& file) {
   return findings;
 }
 
-Outcome RunOurs(const Workshop& shop, const std::string& inventory) {
+enum class History { kKept, kNone };
+
+Outcome RunOurs(const Workshop& shop, const std::string& inventory, History history) {
   const std::string path = shop.FreshCopy(inventory, "qc-ours");
   Outcome outcome;
   {
     Opened opened(path);
     Session& s = opened.s;
     opened.ExpectSilence();
+    if (history == History::kNone) CloseHistory(s);
     ClickNode(s, s.tree.Find(SurveyKey(s.current.UserID, kMonth, s.year)));
     outcome.seconds = Seconds([&] { RunQC(s, s.current, true); });
     if (opened.platform.boxes() != 1) throw std::runtime_error("the program told: " + opened.platform.last_box());
@@ -88,7 +106,7 @@ struct PlainRun {
 
   PlainFile& file;
   std::vector<Type> types;
-  PlainStatement structures{file, kStructures};
+  PlainStatement structures{file, Structures()};
   PlainStatement findings{file, kFindings};
   PlainStatement new_finding{file, "INSERT INTO QC VALUES (?,?,?,?,?,?,?,?,?,?,?,?)"};
   PlainStatement stamp_equipment{file, "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK=?"};
@@ -148,23 +166,73 @@ double RunPlain(const Workshop& shop, const std::string& inventory, const std::v
     file.Run("COMMIT");
   });
   benchmark::DoNotOptimize(run.sum);
-  if (ReadFindings(file) != findings) throw std::runtime_error("the two sides do not write the same findings");
   return seconds;
 }
+
+// ---- judging without writing ----
+
+double JudgeOurs(Database& db) {
+  std::size_t raised = 0;
+  int records = 0;
+  const RecordScope all{.mode = Mode::kActv, .asks_values = false};
+  const double seconds = Seconds([&] {
+    Contexts contexts(db);
+    for (const SheetSpec* sheet : AllSheets())
+      JudgeEquipment(db, contexts, *sheet, all, [&](const JudgedRecord& record) {
+        ++records;
+        raised += record.verdicts->all.size();
+      });
+  });
+  benchmark::DoNotOptimize(raised);
+  if (records == 0) throw std::runtime_error("nothing was judged");
+  return seconds;
+}
+
+// The same columns of the same rows in the same joins.
+double ReadPlain(PlainFile& file) {
+  std::size_t sum = 0;
+  const double seconds = Seconds([&] {
+    for (const std::string& type : MonthlyTypes())
+      sum += PlainStatement(file,
+                            "SELECT d.PD_ID_AK,d.ED_ID_AK,d.ED_MERLU_EQUIP_ID,a.EA_ID_AK,a.EA_YR,a.EA_MO,"
+                            "a.EA_STATUS,a.EA_QC_DT" +
+                                JudgedOf(FindSheet(type), "e", "t") + " FROM EA_" + type +
+                                " t CROSS JOIN EA_EQUIP_ACTV a ON a.EA_ID_AK=t.EA_ID_AK CROSS JOIN ED_EQUIP_DESC "
+                                "d ON d.ED_ID_AK=a.ED_ID_AK CROSS JOIN ED_" +
+                                type + " e ON e.ED_ID_AK=d.ED_ID_AK WHERE d.ED_EQUIP_TYP='" + type + "'")
+                 .ReadAll();
+  });
+  benchmark::DoNotOptimize(sum);
+  return seconds;
+}
+
+struct BothOpen {
+  explicit BothOpen(const std::string& path) : plain(path) { ours.OpenReadOnly(path); }
+  Database ours;
+  PlainFile plain;
+};
 
 }  // namespace
 
 std::vector<Measure> QCMeasures(const Workshop& shop) {
-  const auto run = [&shop](const std::string& inventory, const std::vector<std::string>& types) {
+  const auto run = [&shop](const std::string& inventory, const std::vector<std::string>& types, History history) {
     // what the plain side writes is known from a run that is not measured
-    return [&shop, inventory, types, turn = InTurn(), findings = std::vector<Finding>()]() mutable {
-      if (findings.empty()) findings = RunOurs(shop, inventory).findings;
-      return turn([&] { return RunOurs(shop, inventory).seconds; },
-                  [&] { return RunPlain(shop, inventory, types, findings); });
+    return [&shop, inventory, types, history, turn = InTurn(), findings = std::vector<Finding>()]() mutable {
+      if (findings.empty()) findings = RunOurs(shop, inventory, history).findings;
+      const Pair pair = turn([&] { return RunOurs(shop, inventory, history).seconds; },
+                             [&] { return RunPlain(shop, inventory, types, findings); });
+      RequireSameTables(shop.Path("qc-ours"), shop.Path("qc-plain"));
+      return pair;
     };
   };
-  return {{"QC of a month of flares, a tenth faulty", 5, 9, run(shop.flares, {"FLA"})},
-          {"QC of a month of mixed types", 1.8, 9, run(shop.mixed, Walked())}};
+  const auto judge = [&shop, turn = InTurn(), both = std::shared_ptr<BothOpen>()]() mutable {
+    if (!both) both = std::make_shared<BothOpen>(shop.full);
+    return turn([&] { return JudgeOurs(both->ours); }, [&] { return ReadPlain(both->plain); });
+  };
+  return {{"QC of a month of flares, a tenth faulty", 5, 9, run(shop.flares, {"FLA"}, History::kKept)},
+          {"QC of a month of mixed types", 1.8, 9, run(shop.mixed, Walked(), History::kNone)},
+          {"the same with its history", 2.3, 9, run(shop.mixed, Walked(), History::kKept)},
+          {"39,996 records judged from their rows", 1.5, 9, judge}};
 }
 
 }  // namespace merlu::bench

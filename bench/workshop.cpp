@@ -9,6 +9,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "history/companion.h"
 #include "shell/main_program.h"
 
 namespace merlu::bench {
@@ -107,6 +108,7 @@ std::string Workshop::NewPath(const std::string& name) const {
 std::string Workshop::FreshCopy(const std::string& of, const std::string& name) const {
   const std::string path = Path(name);
   fs::copy_file(of, path, fs::copy_options::overwrite_existing);
+  fs::remove(path + kCompanionExtension);
   BringToDisk(path);
   return path;
 }

@@ -28,14 +28,15 @@ class Workshop {
   const std::string mixed;     // the full inventory of the types that a QC run walks
   const std::string flares;    // the full inventory of flares alone, a tenth of the rows faulty
 
-  // A copy of a file that is on the disk already, so that a commit has its own pages to write and no others.
   // A path at which there is no file.
   std::string NewPath(const std::string& name) const;
+  // A copy of a file that is on the disk already, so that a commit has its own pages to write and no others; without
+  // the history that an older one of the name had.
   std::string FreshCopy(const std::string& of, const std::string& name) const;
+  std::string Path(const std::string& name) const { return folder_ + "/" + name + ".mdb"; }
 
  private:
   std::string Make(const std::string& name, const InventoryPlan& plan) const;
-  std::string Path(const std::string& name) const { return folder_ + "/" + name + ".mdb"; }
 };
 
 // The program started on a file, as far as its main window with the tree.
