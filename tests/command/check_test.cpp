@@ -73,6 +73,12 @@ TEST_F(Check, finds_what_a_run_over_the_record_finds) {
   EXPECT_EQ(judged, logged);
 }
 
+TEST_F(Check, reads_texts_of_a_megabyte) {
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET LEASE_NUM=hex(zeroblob(600000)),Area=hex(zeroblob(600000))");
+  EXPECT_EQ(Play({run.s.path}), Status::kSomething) << err;
+  EXPECT_EQ(err, "");
+}
+
 TEST_F(Check, tells_place_value_and_expectation) {
   const CheckedFile file = Judge();
   const CheckedFinding* finding = Find(file, "txtFLA_HrsOperated");
