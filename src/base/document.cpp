@@ -85,7 +85,7 @@ std::string TableHtml(const std::vector<TableRow>& rows) {
   return html + "</table>\n";
 }
 
-// Opens and closes lists, so that each item stands at its depth.
+// Opens and closes lists, so that each item is at its depth.
 class Lists {
  public:
   void Go(std::string& html, int depth, bool numbered) {

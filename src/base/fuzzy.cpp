@@ -34,7 +34,7 @@ int TogetherAt(const std::string& text, std::size_t at, std::size_t length) {
   return fit;
 }
 
-// The letters in their order: the fewer stand between them the better.
+// The letters in order: the fewer characters between them the better.
 int Scattered(const std::string& text, const std::string& word) {
   std::size_t at = 0, found = 0;
   for (; at < text.size() && found < word.size(); ++at) found += text[at] == word[found] ? 1U : 0U;

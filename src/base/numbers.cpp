@@ -49,8 +49,8 @@ std::size_t UnsignedLength(std::string_view text) {
   return SkipExponent(text, end);
 }
 
-// Whether an unsigned number, beyond what can be told, is too small rather than too large: by the place of its first
-// digit that counts.
+// Whether an unsigned number that no double holds is too small rather than too large, by the place of its first
+// significant digit.
 bool IsBelowOne(std::string_view text) {
   const std::size_t exponent_at = std::min(text.find_first_of("eE"), text.size());
   const std::string_view digits = text.substr(0, exponent_at);

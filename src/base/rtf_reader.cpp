@@ -19,7 +19,7 @@ namespace {
 constexpr int kDeepestList = 9, kLowestHeading = 6, kUtf8Page = 65001, kMostCells = 64;
 constexpr std::size_t kLongestName = 200;
 
-// Where the text of a group goes.
+// The destination of a group's text.
 enum class Goes { kText, kNowhere, kFonts, kStyles, kListMark, kBookmark };
 
 struct Looks {
@@ -39,7 +39,7 @@ struct GroupState {
   Goes goes = Goes::kText;
   Looks looks;
   ParagraphState paragraph;
-  int fallback = 1;  // characters that stand in for one of Unicode
+  int fallback = 1;  // characters that replace one of Unicode
   bool starts = true;
   bool ignorable = false;
 };
@@ -262,7 +262,7 @@ class Reader {
     if (Now().goes == Goes::kText) TakeTable(token);
   }
 
-  // A word that says what the group is; an ignorable group of an unknown kind is passed over.
+  // A destination word; an ignorable group with an unknown one is skipped.
   bool StartsGroup(const RtfToken& token) {
     const std::string_view word = token.word;
     GroupState& now = Now();
@@ -344,7 +344,7 @@ class Reader {
     ParagraphState& state = Now().paragraph;
     if (word == "pard") {
       state = ParagraphState();
-      has_mark_ = has_mark_ && !mark_.empty();  // a mark may stand in front of the paragraph's settings
+      has_mark_ = has_mark_ && !mark_.empty();  // the mark may come before the paragraph's settings
     } else if (word == "s") {
       state.style = token.number;
     } else if (word == "outlinelevel") {
@@ -426,7 +426,7 @@ class Reader {
     row_ = TableRow();
   }
 
-  // What stands in cells without the end of a row is kept as paragraphs.
+  // Cells without the end of a row are kept as paragraphs.
   void EndTable() {
     if (!table_.empty()) document_.blocks.push_back({Paragraph(), std::move(table_)});
     table_.clear();

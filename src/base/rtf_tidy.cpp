@@ -102,7 +102,7 @@ bool IsEmpty(const Paragraph& paragraph) {
                      [](const TextRun& run) { return run.text.find_first_not_of(" \t\n") == std::string::npos; });
 }
 
-// Empty paragraphs go; their bookmarks stand at the next one that is kept.
+// Removes empty paragraphs; their bookmarks move to the next one that is kept.
 void DropEmptyParagraphs(Document& document) {
   std::vector<Block> kept;
   std::vector<std::string> bookmarks;

@@ -132,12 +132,6 @@ void AppendPadded(std::string& to, std::string_view text, std::size_t width) {
   to += text;
 }
 
-std::string PadLeft(std::string_view text, std::size_t width) {
-  std::string padded;
-  AppendPadded(padded, text, width);
-  return padded;
-}
-
 std::string Upper(std::string_view text) {
   std::string result(text);
   std::transform(result.begin(), result.end(), result.begin(), UpperChar);
@@ -174,7 +168,7 @@ std::string FoldedText(std::string_view text) {
 int CompareIds(std::string_view a, std::string_view b) {
   while (!a.empty() && !b.empty()) {
     const Character left = FirstCharacter(a), right = FirstCharacter(b);
-    // a byte that is no character stands behind all characters, and for itself
+    // an invalid byte is ordered after all characters, by its value
     const auto place = [](const Character& at, std::string_view text) {
       return at.valid ? FoldedCase(at.code) : 0x110000 + static_cast<unsigned char>(text[0]);
     };

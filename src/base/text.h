@@ -12,8 +12,7 @@ namespace merlu {
 std::string Trim(std::string_view text);
 std::string TrimRight(std::string_view text);
 
-// Right-justified: blanks in front up to `width`; a longer text stays as it is.
-std::string PadLeft(std::string_view text, std::size_t width);
+// Appends the text right-justified: blanks in front up to `width` characters; a longer text is not cut.
 void AppendPadded(std::string& to, std::string_view text, std::size_t width);
 
 std::string Upper(std::string_view text);

@@ -80,7 +80,7 @@ Comments ReadComments(const std::string& path, const Image& image, Database& db)
   return comments;
 }
 
-// Findings stand by month, structure, equipment and then the number in the record.
+// Findings are ordered by month, structure, equipment and then the number in the record.
 std::string OrderOf(const CheckedFinding& f, const std::string& structure, const std::string& equipment, int number) {
   std::array<char, 32> month{}, place{};
   std::snprintf(month.data(), month.size(), "%06d%02d\n", f.year, f.month);

@@ -85,7 +85,7 @@ class Row {
   std::condition_variable come_;
 };
 
-// "12 of 400 files" for who looks on, gone before anything else is written there.
+// A progress line "12 of 400 files", erased before anything else is written there.
 class FilesDone {
  public:
   FilesDone(Console& console, std::size_t files) : console_(console), files_(files) {}

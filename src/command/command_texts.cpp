@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kWidth = 100;
 
-// Words in lines no longer than the width, each behind the margin.
+// Wraps the words to the width, each line after the margin.
 std::string Wrapped(const std::string& text, std::size_t margin) {
   std::string wrapped, line;
   const auto end_line = [&] {
@@ -37,7 +37,7 @@ std::string Roff(const std::string& text) {
   return roff.starts_with('.') || roff.starts_with('\'') ? "\\&" + roff : roff;
 }
 
-// Words of a synopsis: what is typed as it stands is bold, what stands for something else is slanted.
+// Words of a synopsis: literals are bold, placeholders italic.
 std::string RoffSynopsis(const CommandSpec& command) {
   std::string line = ".B merlu " + std::string(command.name) + "\n";
   return line + Roff(Synopsis(command).substr(7 + std::string(command.name).size())) + "\n";

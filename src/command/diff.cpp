@@ -13,12 +13,12 @@
 namespace merlu {
 namespace {
 
-// What a family of records is, and where its place stands: complex, structure, type, ID, year, month and the three
-// texts of the structure come first in its query, then what tells records of one place apart, then the columns.
+// A family of records. Its query begins with the place: complex, structure, type, ID, year, month and the three texts
+// of the structure; then come the columns that distinguish records of one place, then the compared columns.
 struct Family {
   std::string table;
   std::string query;
-  int detail = 0;     // so many columns behind the place that belong to it
+  int detail = 0;     // number of columns after the place that belong to it
   std::string named;  // of a list: what its rows are called
 };
 
@@ -75,7 +75,7 @@ struct Record {
   std::string complex, structure, type, id;
   int year = 0, month = 0;
   std::string text;    // of the structure
-  std::string detail;  // that tells it apart from others of its place
+  std::string detail;  // distinguishes it from others of its place
   const Values* values = nullptr;
 
   std::string StructureKey() const { return Lower(Trim(complex)) + "/" + Lower(Trim(structure)); }
@@ -125,7 +125,7 @@ class Comparison {
   }
 
  private:
-  // Files first, then descriptions, then the months; structures stand in their order, first those of the first file.
+  // Files first, then descriptions, then the months; structures in their order, first those of the first file.
   using Order = std::tuple<bool, int, int, std::size_t, std::string>;
   struct Found {
     Order order;

@@ -18,7 +18,7 @@ std::string NameOf(const StructureName& name) {
   return name.complex + "/" + name.structure;
 }
 
-// The structures that are asked for, as the other file names them; one that it lacks is complained of.
+// The requested structures by the other file's names; reports those that it lacks.
 std::vector<StructureName> Chosen(const Request& request, Database& file, Console& console, bool& all_there) {
   std::vector<StructureName> chosen;
   const std::vector<ListedStructure> listed = ListStructures(file);

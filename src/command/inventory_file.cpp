@@ -39,9 +39,4 @@ void OpenUntouched(Database& db, const Image& image, Database::Use use) {
   RequireLayout(db);
 }
 
-bool IsSameFile(const std::string& one, const std::string& other) {
-  std::error_code error;
-  return std::filesystem::equivalent(one, other, error) && !error;
-}
-
 }  // namespace merlu

@@ -11,7 +11,4 @@ namespace merlu {
 void OpenUntouched(Database& db, const std::string& path, Database::Use use = Database::Use::kRead);
 void OpenUntouched(Database& db, const Image& image, Database::Use use = Database::Use::kRead);
 
-// Whether both are one file, under any name or link.
-bool IsSameFile(const std::string& one, const std::string& other);
-
 }  // namespace merlu

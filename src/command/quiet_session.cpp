@@ -29,7 +29,7 @@ void QuietSession::OpenFile(const std::string& path) {
     s.current.UserID = NullToEmpty(s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY"));
     return;
   }
-  // the box says what to press first, and then why
+  // the first lines of the box are about its buttons, the reason comes after them
   std::string why = quiet.said.empty() ? "The inventory could not be opened." : quiet.said.back();
   if (const auto last = why.rfind("\n\n"); last != std::string::npos) why.erase(0, last + 2);
   throw Fault(fault_number::kInUse, kStoreSource, OneLine(why));

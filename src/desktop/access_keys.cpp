@@ -3,7 +3,7 @@
 namespace merlu {
 namespace {
 
-// Where the mark goes: -1 when no letter is free.
+// The place for the mark: -1 when no letter is free.
 qsizetype PlaceFor(const QString& caption, const QString& taken) {
   const auto is_free = [&](qsizetype at) { return caption[at].isLetter() && !taken.contains(caption[at].toUpper()); };
   for (qsizetype at = 0; at < caption.size(); ++at)
@@ -13,7 +13,7 @@ qsizetype PlaceFor(const QString& caption, const QString& taken) {
   return -1;
 }
 
-// Where the mark of the key stands, -1 without one.
+// The place of the mark, -1 without one.
 qsizetype MarkOf(const QString& caption) {
   for (qsizetype at = 0; at + 1 < caption.size(); ++at) {
     if (caption[at] != '&') continue;

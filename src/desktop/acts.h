@@ -21,6 +21,9 @@ class Acts : public QObject {
   void Run(const std::function<void()>& act);
   // True while widgets are being changed to show the state: their signals are no acts then.
   bool IsDrawing() const { return drawing_ > 0; }
+  // Brings the docks up to date and redraws.
+  void Refresh();
+  // Draws what changed. Asks the store nothing: everything that is shown was read before.
   void Redraw();
 
   Session& s;

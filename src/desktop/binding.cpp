@@ -90,7 +90,7 @@ void FormBinding::TypeInto(const std::string& name, QLineEdit& line) {
   const int digits_before = static_cast<int>(typed.left(line.cursorPosition()).count(QRegularExpression("[0-9]")));
   acts_.Do([&] { return act::Type(acts_.s.desk, form_, name, typed.toStdString()); });
   if (control.kind != Kind::kMasked) return;
-  // the caret stands behind the digit that was typed
+  // the cursor is put after the digit that was typed
   const QString shown = line.text();
   int at = 0;
   for (int digits = 0; at < shown.size() && digits < digits_before; ++at) digits += shown[at].isDigit() ? 1 : 0;
@@ -359,7 +359,7 @@ void FormBinding::EnterField(const Control& control, QWidget* named, QWidget* wi
     entered_text_ = control.text;
   }
   if (form_.Handles(name, Event::kGotFocus)) acts_.Do([&] { return act::GotFocus(acts_.s.desk, form_, name); });
-  // behind the focus itself, which puts the caret
+  // after the focus event itself, which sets the cursor
   auto* line = qobject_cast<QLineEdit*>(widget);
   if (line == nullptr || line == named || !IsEntered(reason)) return;
   QTimer::singleShot(0, line, [line] {
@@ -376,10 +376,10 @@ bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
       button->click();
       return true;
     }
-    // a double click presses a button once: another one may stand in its place by then
+    // a double click presses a button once: another one may be in its place by then
     return event->type() == QEvent::MouseButtonDblClick;
   }
-  // a command of the window goes before what a line of text would do with its keys
+  // a command of the window takes precedence over the line edit's own use of the key
   if (event->type() == QEvent::ShortcutOverride && IsShortcut(*static_cast<QKeyEvent*>(event))) {
     event->ignore();
     return true;
@@ -395,7 +395,7 @@ bool FormBinding::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Enter: emit Pointed(control); break;
     case QEvent::Leave: emit Pointed(nullptr); break;
     case QEvent::ToolTip:
-      // a sheet tells it in a line of its own, which covers no field
+      // a sheet shows it in its bottom line, which covers no field
       if (!form_.modal && !(control->finding.empty() && control->back != Back::kFlag)) return true;
       break;
     case QEvent::FocusIn:

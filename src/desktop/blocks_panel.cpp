@@ -78,7 +78,7 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   if (row.bound->control->lines && caption != nullptr && room < kNarrowestNotes)
     return PlaceBelowCaption(*row.bound, QRect(x, y, width, 0), move);
   const int field_height = field->sizeHint().height();
-  // behind the field when both fit, otherwise below it
+  // after the field when both fit, otherwise below it
   const bool below = row.note != nullptr && field->sizeHint().width() + kToField + NoteWidth(*row.note) > room;
   const int note_width = row.note == nullptr || below ? 0 : NoteWidth(*row.note) + kToField;
   int height = field_height;

@@ -86,7 +86,7 @@ void ShowState(const Form& form, Bound& bound, const Control& now) {
   const Back back = now.locked && now.back == Back::kWindow ? Back::kFace : now.back;
   SetLook(*bound.widget, "look", LookName(back));
   SetLook(*bound.widget, "copied", now.copied);
-  // behind it, as a new look resets the colours of a list's text
+  // after SetLook, which resets the colours of a list's text
   if (auto* list = qobject_cast<ListField*>(bound.widget)) list->SetState(now.locked, back, now.copied);
   ShowFinding(bound, now);
 }

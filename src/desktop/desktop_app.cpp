@@ -31,7 +31,6 @@
 #include "shell/draft.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
-#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -90,12 +89,12 @@ void OfferTypes(QFileDialog& dialog, const FileQuestion& question) {
   types.insert(types.end(), question.others.begin(), question.others.end());
   QStringList filters;
   for (const FileQuestion::Type& type : types) filters << Filter(type);
-  // a name that tells its pattern need not be told it again
+  // the pattern is not repeated when the name contains it
   dialog.setOption(QFileDialog::HideNameFilterDetails, question.filter_name.find('*') != std::string::npos);
   dialog.setNameFilters(filters);
   dialog.setDefaultSuffix(Q(question.extension));
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, types](const QString& filter) {
-    // with or without the pattern behind the name
+    // with or without the pattern after the name
     for (const FileQuestion::Type& type : types)
       if (filter.startsWith(Q(type.filter_name).trimmed())) dialog.setDefaultSuffix(Q(type.extension));
   });
@@ -194,7 +193,7 @@ QAction* DesktopApp::CommandFor(const HeldKey& key) const {
   return nullptr;
 }
 
-// Once the box is gone and the window has the keyboard again.
+// When the box has closed and the window has the keyboard again.
 void DesktopApp::GiveKeys(int tries) {
   if (QApplication::activeModalWidget() != nullptr || QApplication::focusWidget() == nullptr) {
     if (tries > 0) QTimer::singleShot(20, this, [this, tries] { GiveKeys(tries - 1); });
@@ -214,7 +213,7 @@ void DesktopApp::GiveKeys(int tries) {
 }
 
 void DesktopApp::Paint() {
-  acts_.Redraw();
+  acts_.Refresh();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
@@ -254,7 +253,7 @@ void DesktopApp::Beep() {
 
 Button DesktopApp::Ask(const Box& box) {
   if (!box.setting.empty() && Setting(kUnwanted, box.setting) == kSet) return box.buttons.front();
-  acts_.Redraw();  // what the box speaks of shows behind it
+  acts_.Refresh();  // the window behind the box shows the state that the box is about
   QMessageBox message(Parent());
   message.setWindowTitle(Q(box.title));
   message.setTextFormat(Qt::PlainText);
@@ -271,7 +270,7 @@ Button DesktopApp::Ask(const Box& box) {
     again->setChecked(true);
     message.setCheckBox(again);
   }
-  // a busy pointer would tell the user to wait for a box that waits for him
+  // the busy pointer must not be shown while the box waits for the user
   const bool busy = QApplication::overrideCursor() != nullptr;
   HoldKeys();
   if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
@@ -289,7 +288,7 @@ void DesktopApp::Keep(const std::string& section, const std::string& key, const 
   try {
     StoreSetting(section, key, value);
   } catch (const Fault&) {
-    // a choice that something depends on is told
+    // failing to store such a choice is reported
   }
 }
 
@@ -325,7 +324,7 @@ DialogWindow* DesktopApp::MakeDialog(Form& form) {
 void DesktopApp::RunModal(Form& form) {
   QPointer<DialogWindow> dialog = MakeDialog(form);
   dialogs_.push_back(dialog);
-  acts_.Redraw();
+  acts_.Refresh();
   dialog->Sync();
   dialog->show();
   // focus is taken once the window is there
@@ -337,7 +336,7 @@ void DesktopApp::RunModal(Form& form) {
   connect(qApp, &QCoreApplication::aboutToQuit, &loop, &QEventLoop::quit);
   if (form.visible) loop.exec();
   std::erase(dialogs_, dialog);
-  // its form can be gone by the time that a later deletion comes
+  // not deleteLater: its form may be destroyed before that
   delete dialog;
 }
 

@@ -26,7 +26,7 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value) {
 
 namespace {
 
-// What the style sheet paints behind the text of the field.
+// The background that the style sheet paints for the field.
 QColor GroundOf(const QWidget& field) {
   const QPalette palette = QApplication::palette();
   const bool copied = field.property("copied").toBool();
@@ -156,14 +156,14 @@ ListField::ListField(QWidget* parent) : QComboBox(parent) {
 }
 
 void ListField::SetState(bool locked, Back back, bool copied) {
-  constexpr int kAside = 6;  // texts stand as far from the border as in a field
+  constexpr int kAside = 6;  // the same distance from the border as in a field
   locked_ = locked;
   back_ = back;
   copied_ = copied;
   if (lineEdit() != nullptr) {
     lineEdit()->setReadOnly(locked);
     lineEdit()->setTextMargins(std::max(0, kAside - lineEdit()->x()), 0, 0, 0);
-    // the list paints the ground, so that all lists tell their state in the same way
+    // the list paints its background itself, so that the state looks the same in all lists
     QPalette colours = lineEdit()->palette();
     colours.setColor(QPalette::Base, Qt::transparent);
     colours.setColor(QPalette::Text, InkOfText());
@@ -227,7 +227,7 @@ bool ListField::Seek(const QKeyEvent& key) {
   typed_.start();
   const bool same_letter = goes_on && sought_.compare(text, Qt::CaseInsensitive) == 0;
   sought_ = goes_on && !same_letter ? sought_ + text : text;
-  // the same letter again goes on to the next item that begins with it
+  // the same letter again moves on to the next item that begins with it
   const int now = view()->isVisible() ? view()->currentIndex().row() : currentIndex();
   const int from = std::max(0, now + (same_letter || !goes_on ? 1 : 0));
   for (int step = 0; step < count(); ++step) {

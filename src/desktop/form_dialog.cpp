@@ -126,7 +126,7 @@ void FormDialog::FillGrid() {
   // a dialog that is only closed has its Close last
   const bool has_main = main_ != nullptr && main_->objectName().toStdString() == binding_.form().default_button;
   if (!has_main && main_ != nullptr) buttons_->insertWidget(1, main_);
-  // where the first act stands beside its field, the last one of the row is what it leads to
+  // where the first button is beside its field, the last one of the row is the main button
   const Control* first = binding_.form().Find(binding_.form().default_button);
   QWidget* leads_to = has_main ? main_ : first != nullptr && !first->beside.empty() ? last_ : nullptr;
   if (cancel_ != nullptr) buttons_->addWidget(cancel_);
@@ -138,7 +138,7 @@ void FormDialog::FillGrid() {
   column->addLayout(buttons_);
 }
 
-// As large as what stands in it, as far as the screen goes.
+// As large as its contents, up to the size of the screen.
 void FormDialog::showEvent(QShowEvent* event) {
   const QSize room = screen()->availableSize() - QSize(16, 48);  // with the frame of the window
   if (grid_ != nullptr && !event->spontaneous()) resize(sizeHint().boundedTo(room));
@@ -191,7 +191,7 @@ void FormDialog::AddButton(const Control& control) {
   else if (!binding_.form().default_button.empty() &&
            (main_ == nullptr || control.name == binding_.form().default_button))
     main_ = std::exchange(button, main_);
-  // what is neither the main act nor the way out stands before both
+  // buttons that neither accept nor cancel come before those that do
   if (!control.beside.empty() || button == nullptr || button == cancel_) return;
   buttons_->addWidget(button);
   last_ = button;

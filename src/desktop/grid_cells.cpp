@@ -177,7 +177,7 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
   const QColor ink = InkOf(option.palette, cell, selected);
   painter->save();
   painter->fillRect(place, GroundOf(option.palette, cell, selected));
-  // where all grounds are one colour a hatch tells the cells that take nothing
+  // where all backgrounds have the same colour, a hatch marks the locked cells
   if (cell.locked && cell.text.empty() && IsHighContrast(option.palette))
     painter->fillRect(place, QBrush(Line(option.palette), Qt::BDiagPattern));
   painter->setPen(ink);

@@ -100,7 +100,7 @@ void GridView::MakeFixed() {
   fixed_ = new QTableView(this);
   fixed_->setModel(adapter_);
   fixed_->setItemDelegate(
-      new GridCells(*adapter_, fixed_));  // of its own: a delegate ends the edits of each view that has it
+      new GridCells(*adapter_, fixed_));  // not shared: a delegate ends the edits of every view that uses it
   fixed_->setSelectionModel(selectionModel());
   fixed_->setEditTriggers(NoEditTriggers);
   fixed_->setFocusPolicy(Qt::NoFocus);

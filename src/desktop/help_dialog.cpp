@@ -188,7 +188,7 @@ void HelpDialog::Print() {
   if (dialog.exec() == QDialog::Accepted) view_->print(&printer);
 }
 
-// The place that was asked for, its heading marked.
+// Scrolls to the bookmark and highlights its heading.
 void HelpDialog::GoToBookmark() {
   const QString bookmark = QString::fromStdString(text_->bookmark);
   QList<QTextEdit::ExtraSelection> marks;

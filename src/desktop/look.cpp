@@ -102,7 +102,7 @@ QIcon ProgramIcon() {
 
 LookStyle::LookStyle() : QProxyStyle("Fusion") {}
 
-// Boxes show their buttons as the dialogs do: what goes on stands last, none has an icon.
+// Boxes order their buttons as the dialogs do: the accepting one last, none with an icon.
 int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* data) const {
   if (hint == SH_DialogButtonLayout) return QDialogButtonBox::GnomeLayout;
@@ -113,14 +113,14 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
   if (element == PE_FrameFocusRect && qobject_cast<const QTabBar*>(widget) != nullptr) {
-    // a frame would run through the text, which stands close to the edges of its tab
+    // a focus frame would cross the text, which is close to the edges of its tab
     const QRect line(option->rect.left(), option->rect.bottom() + 1, option->rect.width(), 2);
     return painter->fillRect(line, Accent(option->palette));
   }
   // rows come without their list
   if (element == PE_FrameFocusRect &&
       (widget == nullptr || qobject_cast<const QAbstractItemView*>(widget) != nullptr)) {
-    // a frame of one colour around the row; on the ground of a picked row it stands out by the base
+    // a frame of one colour around the row; on a picked row's background it is drawn in the base colour
     painter->setPen(option->state & State_Selected ? option->palette.color(QPalette::Base) : Accent(option->palette));
     painter->setBrush(Qt::NoBrush);
     return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
@@ -201,7 +201,7 @@ QString StyleSheet(const QPalette& palette) {
     QStatusBar QLabel { padding: 2px 10px; }
     QScrollArea { border: none; background: transparent; }
   )");
-  // where the grounds are all one colour the border tells what can be typed in
+  // where all backgrounds have the same colour the border shows which fields are open
   const QString stark = QStringLiteral(R"(
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { border-style: dashed; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { border-width: 2px; padding: 2px 5px; }

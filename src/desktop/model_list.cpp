@@ -233,6 +233,22 @@ void ModelList::KeepWidths() {
   acts_.s.platform.StoreSetting(kWidthsSection, control_.name, widths.join(' ').toStdString());
 }
 
+void ModelList::Prepare() {
+  const QModelIndex top = indexAt(QPoint(0, 0));
+  const int height = top.isValid() ? rowHeight(top) : 0;
+  if (height > 0) control_.model->Prepare(top.row(), viewport()->height() / height + 2);
+}
+
+void ModelList::resizeEvent(QResizeEvent* event) {
+  QTreeView::resizeEvent(event);
+  Prepare();
+}
+
+void ModelList::scrollContentsBy(int dx, int dy) {
+  QTreeView::scrollContentsBy(dx, dy);
+  if (dy != 0) Prepare();
+}
+
 void ModelList::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   if (adapter_->rowCount() > 0) return;

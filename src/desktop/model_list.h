@@ -46,9 +46,13 @@ class ModelList : public QTreeView {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
+  // Has the model read ahead the rows in sight.
+  void Prepare();
   void Open();
   void CopyRows() const;
   void ShowPicked();

@@ -69,7 +69,7 @@ void NavigationTree::keyboardSearch(const QString& typed) {
   const QModelIndex first = model()->index(0, 0);
   QModelIndex at = currentIndex().isValid() ? currentIndex() : first;
   const QModelIndex from = at;
-  // what is typed first, and the same letter again, goes on to the next node
+  // the first letter, and the same letter again, moves on to the next node
   if (!goes_on || same_letter) at = indexBelow(at).isValid() ? indexBelow(at) : first;
   for (bool round = false; at.isValid(); at = indexBelow(at).isValid() ? indexBelow(at) : first) {
     if (Begins(at.data().toString(), sought_)) return setCurrentIndex(at);

@@ -29,7 +29,7 @@ QScrollArea* ScrolledPage(const QWidget& widget, int& hidden) {
   return found;
 }
 
-// The whole form: a page that scrolls is as long as what stands on it.
+// The whole form: a page that scrolls is as long as its contents.
 QPixmap Picture(QWidget& widget) {
   int hidden = 0;
   QScrollArea* area = ScrolledPage(widget, hidden);
@@ -65,7 +65,7 @@ void PrintWidget(QWidget& widget, QPrinter& printer) {
   const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
   const double height = picture.height() / kSharpness;
   const bool fits = height == widget.height();
-  // what is longer than a page goes on over as many as it takes, each as wide as the paper
+  // longer contents continue on further pages, at the width of the paper
   const double scale =
       fits ? std::min(page.width() / widget.width(), page.height() / height) : page.width() / widget.width();
   const double width = widget.width() * scale, slice = page.height() / scale;

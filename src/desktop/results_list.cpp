@@ -20,7 +20,7 @@ constexpr int kWidestColumn = 2000;
 constexpr const char* kLastOfFindings = "Operator Comment";
 constexpr QSize kSmallest(160, 76);
 
-// Rows as high as their texts are when they wrap in their columns; a tree by itself keeps rows of one line.
+// Rows as high as their wrapped texts; a plain QTreeWidget has rows of one line.
 class WrappingRows : public QStyledItemDelegate {
  public:
   explicit WrappingRows(QTreeView* list) : QStyledItemDelegate(list), list_(list) {}
@@ -129,7 +129,7 @@ QList<int> ResultsList::Picked() const {
   return rows;
 }
 
-// Short texts stand in columns of their own width, findings in shares of the list's; the last takes the rest.
+// Columns of short texts are as wide as these, findings get a share of the list's width, the last column the rest.
 void ResultsList::FitColumns() {
   fitting_ = true;
   const int width = viewport()->width();

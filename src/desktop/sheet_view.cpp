@@ -97,8 +97,7 @@ void SheetView::FocusAnything() {
   if (!FocusFirstOpen()) tabs_->tabBar()->setFocus(Qt::TabFocusReason);
 }
 
-// The open field behind which there is nothing left to type but the status and the comments, which Tab leads to: in
-// comments Enter is a new line.
+// The last open field before the status and the comments, which are reached with Tab: in comments Enter is a new line.
 const QWidget* SheetView::LastField() const {
   const QWidget* last = nullptr;
   for (const QWidget* field : binding_.OpenFields())
@@ -107,7 +106,7 @@ const QWidget* SheetView::LastField() const {
   return last;
 }
 
-// From the last open field of a page Enter goes on to the next page that has one.
+// In the last open field of a page Enter moves on to the next page that has one.
 bool SheetView::EnterFrom(QWidget* field) {
   const Control* control = binding_.ControlOf(field);
   const QWidget* last = LastField();

@@ -88,7 +88,7 @@ ShortcutSheet::ShortcutSheet(const Form& main, QWidget* parent) : QDialog(parent
   list->setObjectName("lvwShortcuts");
   list->setAccessibleName(windowTitle());
   list->ShowRows(rows);
-  // all of it shows, a line each, as far as the screen goes
+  // all of it is shown, one line each, up to the height of the screen
   int keys = 0, what = 0;
   for (const auto& row : rows.rows) {
     keys = std::max(keys, list->fontMetrics().horizontalAdvance(QString::fromStdString(row[0])));

@@ -68,7 +68,7 @@ QSize StripBars::sizeHint() const {
   return {minimumSizeHint().width() * 2, kBarsHeight + 2 * fontMetrics().height()};
 }
 
-// ---- where things stand ----
+// ---- layout ----
 
 // The bars, between the values above and the months below.
 QRect StripBars::Room() const {

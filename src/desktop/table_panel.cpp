@@ -24,7 +24,7 @@ bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList || kind == Kind::kCheck;
 }
 
-// A field behind its caption. The field's own visibility is that of both.
+// A field after its caption; both are visible when the field is.
 void AddField(const Control& control, QWidget& place, FormBinding& binding, FlowRow& row) {
   Bound& bound = binding.AddField(control, &place, control.kind != Kind::kCheck);
   if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) AddClearButton(*line);
@@ -80,7 +80,7 @@ void FillTablePanel(QWidget& place, FormBinding& binding) {
     table->setMinimumSize(kTableWidth, kTableLines * table->fontMetrics().height());
     column->addWidget(table, 1);
   }
-  // as in every dialog the way out stands before the main act, which is the last
+  // as in every dialog Cancel comes before the main button, which is the last
   for (QWidget* button : buttons) {
     if (way_out != nullptr && button == buttons.back()) {
       below->addWidget(way_out);

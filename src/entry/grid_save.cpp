@@ -29,7 +29,7 @@ class MonthGrid::Saving {
 
   const std::vector<RowPtr>& rows() const { return rows_; }
   bool IsOfStructures() const { return rows_.front()->sheet() == nullptr; }
-  // Null for one that is gone.
+  // Null for a deleted one.
   const MonthRow* Now(const Row& row) const {
     if (!contexts_) return &row.stored;
     const auto found = now_.find(row.stored.key());
@@ -159,7 +159,7 @@ GridSaved MonthGrid::Save() {
   try {
     WriteBatch batch(s_.db);
     AllOrNothing whole(s_.db);
-    s_.db.NoticeOthers();  // nobody else writes from here on
+    s_.db.NoticeOthers();  // other programs cannot write from here on
     std::vector<Saving> types = ReadChanged();
     RefuseChanged(types, saved);
     if (!saved.refused.empty()) return saved;

@@ -21,7 +21,7 @@ const RuleSet& RulesOfMonth(const SheetSpec* sheet) {
   return sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
 }
 
-// What the rules want of a field in a month: "0 to 744".
+// What the rules expect of a field in a month: "0 to 744".
 std::string HintOf(const RuleSet& rules, const std::string& control) {
   std::vector<std::string> wants;
   for (const RuleGroup& group : rules.groups())
@@ -162,14 +162,14 @@ class Planner {
       columns.push_back(column);
       changes.push_back(std::move(change));
     }
-    // the status decides whether there are values, and a cell that opens another one stands before it
+    // the status decides whether there are values, and a cell that unlocks another one comes before it
     for (const bool of_status : {true, false})
       for (std::size_t i = 0; i < columns.size(); ++i)
         if (changes[first + i].what.empty() && (columns[i] == status) == of_status)
           PlanCell(row, columns[i], changes[first + i]);
   }
 
-  // Whether values say nothing there: the record's status is I and stays so, or its structure's is.
+  // Whether values are ignored there: the record's status is I and stays so, or its structure's is.
   bool IsInactive(int row, int column) const {
     const int status = static_cast<int>(grid_.Columns().size()) - 2, comments = status + 1;
     const GridCell cell = grid_.Cell(row, status);
@@ -185,7 +185,7 @@ class Planner {
     change.what = plan.what;
     change.new_text = plan.new_text;
     const bool numeric = grid_.Columns()[static_cast<std::size_t>(column)].numeric;
-    // nobody sees here what a save would make of it: 12,5 is not 12
+    // no hint warns here that a save would make 12 of 12,5
     if (plan.Applies() && numeric && !NumberHint(plan.new_text).empty()) change.what = "not a number";
     if (change.Applies()) grid_.SetCell(row, column, plan.new_text);
   }

@@ -19,7 +19,7 @@ std::string Bare(std::string caption) {
   return Trim(caption);
 }
 
-// Of two sets of fields under headings of their own the second one is named by what its heading adds: "diesel" of
+// Of two sets of fields under separate headings the second one is named by the words that its heading adds: "diesel" of
 // "Monthly activity, diesel".
 std::string SetOf(const FieldSpec& field, const std::string& first_block) {
   const std::string start = first_block + ", ";
@@ -162,12 +162,6 @@ std::string MonthGrid::TextOf(const Row& row, int column) const {
   if (column == StatusColumn()) return row.inactive ? "on" : "off";
   if (column == CommentsColumn()) return row.comments;
   return row.view.Text(places_[static_cast<std::size_t>(FieldAt(column))]);
-}
-
-std::string MonthGrid::StoredTextOf(const Row& row, int column) const {
-  if (column == StatusColumn()) return row.stored.inactive ? "on" : "off";
-  if (column == CommentsColumn()) return row.stored.Comments();
-  return row.shown[static_cast<std::size_t>(FieldAt(column))];
 }
 
 bool MonthGrid::IsLocked(const Row& row, int column) const {

@@ -78,7 +78,6 @@ class MonthGrid : public GridModel {
   std::vector<int> Picked(const std::vector<int>& rows) const;
   bool IsLocked(const Row& row, int column) const;
   std::string TextOf(const Row& row, int column) const;
-  std::string StoredTextOf(const Row& row, int column) const;
   std::string Before(const Row& row, int field) const;
   void Set(Row& row, int column, const std::string& text, bool copied);
   void Note(const RowPtr& row);

@@ -55,7 +55,7 @@ bool IsOpen(const Control& control) {
   return control.enabled && control.visible && !control.locked;
 }
 
-// The value stands in the field as if the user had typed it. False for a list that lacks it.
+// Sets the field as if the user had typed the value. False for a list that lacks it.
 bool TakeOver(Form& form, Control& control) {
   if (control.kind == Kind::kList) {
     SelectText(form, control.name, control.was);

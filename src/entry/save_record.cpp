@@ -149,17 +149,4 @@ void RecordSaver::Committed() {
     if (TreeRecord::Row* row = s_.activity_record.FindUid(key)) row->Status = inactive ? "I" : "A";
 }
 
-int SaveTyped(Session& s, const TypedRecord& record) {
-  Contexts contexts(s.db, record.keys.PD_ID_AK);
-  RecordSaver saver(s);
-  std::optional<SavedRecord> saved;
-  std::optional<MonthRow> stored;
-  const std::int64_t key = record.sheet == nullptr ? record.keys.SA_ID_AK : record.keys.EA_ID_AK;
-  ReadMonthRows(s.db, contexts, record.sheet, {.key = key}, [&](MonthRow row) { stored.emplace(std::move(row)); });
-  if (!stored) throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
-  saved = saver.Save(record, *stored, contexts.Of(stored->keys.PD_ID_AK, stored->at.Year, stored->at.Month));
-  saver.Committed();
-  return saved->findings;
-}
-
 }  // namespace merlu

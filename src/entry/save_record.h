@@ -64,7 +64,4 @@ class RecordSaver {
   std::vector<std::pair<std::int64_t, bool>> statuses_;  // of structures' months that were saved
 };
 
-// Reads one record again and returns its findings. A deleted record is a fault.
-int SaveTyped(Session& s, const TypedRecord& record);
-
 }  // namespace merlu

@@ -71,7 +71,7 @@ void AddLogged(Session& s, const Shown& shown, Findings& findings) {
                [&](const RowView& row) { Add(findings, row.Text(0), row.Text(1)); });
 }
 
-// The page that the control stands on; -1 for none of the tab.
+// The page that holds the control; -1 for none of the tab.
 int PageOf(const Form& form, const Control& control, const std::string& tab) {
   for (const Control* at = &control; !at->parent.empty();) {
     if (at->parent == tab) return at->page;

@@ -29,7 +29,7 @@ const FieldSpec* FieldOf(const MonthRecord& record, const Control& control) {
   return nullptr;
 }
 
-// The bounds of the rule that the field is held to on the form as it stands.
+// The bounds of the rule that applies to the field with the form's present values.
 void ReadBounds(const MonthRecord& record, const FieldSpec& field, Strip& strip) {
   const SheetSpec* sheet = record.sheet;
   for (const RuleGroup& group : MonthKindOf(sheet).rules->groups())

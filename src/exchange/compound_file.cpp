@@ -11,7 +11,7 @@ constexpr const char* kSource = "MERLU spreadsheet";
 constexpr std::size_t kSector = 512;
 constexpr std::size_t kEntriesPerSector = kSector / 4;
 constexpr std::size_t kHeaderEntries = 109;   // sectors of the allocation table that the header can list
-constexpr std::size_t kSmallStream = 4096;    // shorter streams would belong into a stream of their own
+constexpr std::size_t kSmallStream = 4096;    // shorter streams would have to be in the mini stream
 constexpr std::size_t kLargest = 0x7FFFFFFF;  // what every reader of the format takes
 
 // Marks in the allocation table.
@@ -20,8 +20,8 @@ constexpr std::uint32_t kEndOfChain = 0xFFFFFFFE;
 constexpr std::uint32_t kTableSector = 0xFFFFFFFD;
 constexpr std::uint32_t kListSector = 0xFFFFFFFC;
 
-// Where everything lies, in sectors behind the header: the stream, the allocation table, the sectors that list
-// the table's sectors beyond those in the header, the directory.
+// The layout in sectors after the header: the stream, the allocation table, the sectors that list the table's sectors
+// beyond those in the header, the directory.
 struct Plan {
   std::size_t stream_size = 0;
   std::size_t stream = 0, table = 0, list = 0;
@@ -49,7 +49,7 @@ std::uint32_t Number(std::size_t sector) {
   return static_cast<std::uint32_t>(sector);
 }
 
-// The sector of the allocation table at a position, or a free mark behind the last.
+// The sector of the allocation table at a position, or a free mark after the last.
 std::uint32_t TableSector(const Plan& plan, std::size_t index) {
   return index < plan.table ? Number(plan.stream + index) : kFree;
 }

@@ -24,7 +24,7 @@ std::string_view Digits(std::string_view& text) {
   return digits;
 }
 
-// The digits before and behind the mark of a number; nothing for another text.
+// The digits before and after the separator of a number; nothing for another text.
 std::optional<std::pair<std::size_t, std::size_t>> PartsAround(char mark, std::string_view field) {
   if (field.starts_with('-') || field.starts_with('+')) field.remove_prefix(1);
   const std::size_t before = Digits(field).size();

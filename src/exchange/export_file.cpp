@@ -7,8 +7,8 @@
 namespace merlu {
 namespace {
 
-// The copy is worth nothing until it is whole, so nothing is kept for a way back; and what depends on a row
-// goes with one statement by table, which is far less work than row by row through the relations.
+// The copy is of no use until it is complete, so it is cut without a journal; and rows that depend on others are
+// deleted by one statement per table, which is far less work than row by row through the relations.
 void PrepareForCutting(Database& copy) {
   copy.Query("PRAGMA journal_mode=MEMORY");
   copy.Execute("PRAGMA synchronous=OFF");
@@ -16,7 +16,7 @@ void PrepareForCutting(Database& copy) {
   copy.Query("PRAGMA temp_store=MEMORY");
 }
 
-// Of a year, a month's rows are few: they are set aside and put back, which is less work than deleting the others.
+// A month's rows are few of a year's: they are saved and inserted again, which is less work than deleting the others.
 void KeepRows(Database& copy, const std::string& table, const std::string& condition, const Values& values = {}) {
   AllOrNothing whole(copy);
   copy.Execute("CREATE TEMP TABLE kept_rows AS SELECT * FROM main." + table + " WHERE " + condition + " ORDER BY rowid",

@@ -16,9 +16,9 @@ namespace {
 struct Compared {
   std::string table;
   std::string month, equipment;  // SQL of the two parts of the place
-  std::string from;   // SQL behind FROM, in which the table is called t, with the structure's key as parameter
+  std::string from;   // SQL after FROM, in which the table is called t, with the structure's key as parameter
   std::string type;   // of equipment, else empty
-  bool first = true;  // of its record's tables: tells when the record is missing
+  bool first = true;  // of its record's tables: reports when the record is missing
 };
 
 // A record within its structure: its month, 0 for a description, and its equipment in words.
@@ -75,7 +75,7 @@ PlacedRows Read(Database& db, const Compared& table, std::int64_t key) {
   return placed;
 }
 
-// Keys, and what an import takes from the inventory that it goes to.
+// Keys, and columns that an import takes from the target inventory.
 bool IsCompared(const std::string& column) {
   const std::string name = Upper(column);
   return !name.ends_with("_ID_AK") && name != "RIMA_CO_NUM" && name != "PLACE";

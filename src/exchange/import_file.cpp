@@ -50,7 +50,7 @@ Columns CheckColumns(Database& file, const std::string& table, const Columns& wa
   return found;
 }
 
-// Nothing that could run when the file is read. Views are never read: a table that is asked for is looked up as one.
+// Refuses anything that could run when the file is read. Views are never read: tables are looked up as tables.
 void CheckSchema(Database& file) {
   file.ForEach("SELECT name FROM sqlite_schema WHERE type='trigger'", {},
                [](const RowView& row) { Refuse("The file holds the trigger " + std::string(row.Text(0)) + "."); });

@@ -17,7 +17,7 @@
 namespace merlu {
 namespace {
 
-// Where everything stands: a line that names the workbook, the names of the fields, their captions, then the records.
+// The layout: a line that names the workbook, the names of the fields, their captions, then the records.
 // The key of a record and the line of names are hidden.
 constexpr const char* kMark = "MERLU-2017 month workbook";
 constexpr int kNames = 1, kCaptions = 2, kRecords = 3;
@@ -76,7 +76,7 @@ Formats MakeFormats(lxw_workbook* book) {
   return formats;
 }
 
-// Whether a cell gives the text back as it stands.
+// Whether a cell returns the text unchanged.
 bool FitsCell(const std::string& text) {
   return IsUtf8(text) && CountCharacters(text) <= kMostCharacters;
 }
@@ -181,7 +181,7 @@ class SheetWriter {
   const Formats& formats_;
 };
 
-// The lists that cells choose from, on a sheet of their own: their items may hold commas, and be long.
+// The lists that cells choose from, on a separate sheet: items may contain commas, and be long.
 class Choices {
  public:
   explicit Choices(const MonthBook& book) {
@@ -246,7 +246,7 @@ void Validate(lxw_worksheet* out, const BookSheet& sheet, const Choices& choices
 
 // ---- reading ----
 
-// Merged cells of more than one value say nothing to any of them.
+// Merged cells that cover more than one value set none of them.
 class Merged {
  public:
   explicit Merged(const ForeignSheet& sheet) {

@@ -117,7 +117,7 @@ void TakeRows(Session& s, const std::string& table, const Identity& identity) {
 
 // ---- months ----
 
-// Whether a structure or a piece of equipment is without one of the months. Fugitives have none of their own.
+// Whether a structure or a piece of equipment is without one of the months. Fugitives have no months.
 bool LacksMonths(const ImportPlan& plan, int last) {
   const auto lacks = [last](const PlannedEquipment& piece) {
     return piece.months < last && !EqualsIgnoringCase(piece.type, "FUG");
@@ -129,7 +129,7 @@ bool LacksMonths(const ImportPlan& plan, int last) {
          });
 }
 
-// Empty rows for the months that the file lacks, behind its own: structure by structure, then equipment by equipment.
+// Empty rows for the months that the file lacks, after its own: structure by structure, then equipment by equipment.
 // Fugitives get rows only behind the file's last month.
 void FillMonths(Database& db, const Value& year, std::int64_t last) {
   const std::string months =

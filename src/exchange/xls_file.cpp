@@ -103,7 +103,7 @@ void PutPalette(Bytes& out) {
   PutRecord(out, Type::kPalette, body);
 }
 
-// What stands before the list of sheets.
+// The records before the list of sheets.
 Bytes WorkbookHead(std::size_t sheets) {
   Bytes out, numbers, date;
   PutBegin(out, Part::kWorkbook);
@@ -269,7 +269,7 @@ class XlsFile : public WorkbookFile {
   }
 
  private:
-  // The records of the workbook. The list of sheets tells where in the stream each begins.
+  // The records of the workbook. The list of sheets holds the offset of each in the stream.
   Bytes Globals() const {
     Bytes out = WorkbookHead(parts_.size()), tail;
     PutRecord(tail, Type::kCountry, Words({1, 1}));

@@ -7,7 +7,7 @@
 namespace merlu::xls {
 namespace {
 
-// A record that goes on in CONTINUE records when its body is full.
+// A record that continues in CONTINUE records when its body is full.
 class LongRecord {
  public:
   LongRecord(Bytes& out, Type type) : out_(out), type_(type) {}
@@ -41,7 +41,7 @@ void PutText(LongRecord& record, std::u16string_view text) {
   constexpr std::size_t kHead = 3;
   const bool wide = std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 0xFF; });
   const std::size_t each = wide ? 2 : 1;
-  // the head must not be torn, and stands with at least one character
+  // the head must not be split, and at least one character must follow it
   if (record.Room() < kHead + 2 * each) record.Break();
   record.body().U16(static_cast<unsigned>(text.size())).U8(wide);
   while (true) {
@@ -50,7 +50,7 @@ void PutText(LongRecord& record, std::u16string_view text) {
     text.remove_prefix(count);
     if (text.empty()) return;
     record.Break();
-    record.body().U8(wide);  // a text that goes on says again how it is kept
+    record.body().U8(wide);  // a continued text repeats its encoding flag
   }
 }
 

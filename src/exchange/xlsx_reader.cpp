@@ -24,7 +24,7 @@ std::string FolderOfPart(std::string_view part) {
   return std::string(part.substr(0, part.rfind('/') + 1));
 }
 
-// A target stands from the top of the archive, or from the folder of the part that names it.
+// A target is relative to the top of the archive, or to the folder of the part that names it.
 std::string PartOf(const std::string& folder, std::string_view target) {
   if (target.starts_with('/')) return std::string(target.substr(1));
   std::string part = folder;
@@ -76,7 +76,7 @@ std::optional<std::pair<int, int>> PlaceOf(std::string_view name) {
 
 // ---- texts ----
 
-// _xHHHH_ stands for a letter that XML does not know.
+// _xHHHH_ escapes a character that XML forbids.
 std::string Unescaped(const std::string& text) {
   constexpr std::size_t kLength = 7;
   if (text.find("_x") == std::string::npos) return text;
@@ -94,7 +94,7 @@ std::string Unescaped(const std::string& text) {
   return result;
 }
 
-// The texts within <t>, without those that say how others are spoken.
+// The texts within <t>, without phonetic ones.
 class RichText {
  public:
   void Start(std::string_view name) {
@@ -278,7 +278,7 @@ std::vector<ForeignSheet> ReadXlsx(std::string bytes) {
     if (relation.type == "styles" && parts.Has(relation.part)) ReadXml(parts.Read(relation.part), formats);
   }
   ForeignCells cells;
-  std::set<std::string> read;  // a part stands for one sheet
+  std::set<std::string> read;  // a part is one sheet
   for (const auto& [name, id] : names.sheets) {
     const auto found = relations.find(id);
     if (found == relations.end() || found->second.type != "worksheet") continue;

@@ -30,7 +30,7 @@ std::size_t FindEnd(std::string_view bytes) {
   NoWorkbook();
 }
 
-// No byte more than the directory says.
+// No more bytes than the directory declares.
 std::string Inflate(std::string_view packed, std::size_t size) {
   std::string text(size, '\0');
   z_stream stream{};

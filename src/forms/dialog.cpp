@@ -19,13 +19,6 @@ Control& AddText(Form& form, const std::string& name, const std::string& caption
   return control;
 }
 
-Control& AddMasked(Form& form, const std::string& name, const std::string& caption, const std::string& mask) {
-  Control& control = Add(form, Kind::kMasked, name, caption);
-  control.mask = mask;
-  control.text = Masked(mask, "");
-  return control;
-}
-
 Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items) {
   Control& control = Add(form, Kind::kList, name, caption);
   control.items = std::move(items);

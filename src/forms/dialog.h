@@ -13,7 +13,6 @@
 namespace merlu {
 
 Control& AddText(Form& form, const std::string& name, const std::string& caption, int limit = 0);
-Control& AddMasked(Form& form, const std::string& name, const std::string& caption, const std::string& mask);
 Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items);
 // A list of rows; several can be picked.
 Control& AddListView(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> columns);

@@ -119,7 +119,7 @@ std::string Masked(std::string_view mask, std::string_view text) {
   if (!has_extension) return FillPlaces(mask, WithoutCountry(text));
   const std::string number = WithoutCountry(text.substr(0, mark));
   if (extension == std::string_view::npos) return FillPlaces(mask, number);
-  // a digit typed behind a whole number is the extension's first
+  // a digit typed after a complete number is the first of the extension
   const auto places =
       static_cast<std::size_t>(std::count(mask.begin(), mask.begin() + static_cast<std::ptrdiff_t>(extension), '#'));
   const std::string over = number.size() > places ? number.substr(places) : "";

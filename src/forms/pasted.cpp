@@ -24,7 +24,7 @@ std::string Trimmed(const std::string& text) {
   return first == std::string::npos ? "" : text.substr(first, last - first + 1);
 }
 
-// Whether three digits, and no fourth, stand behind a mark that stands behind one to three.
+// Whether exactly three digits follow a separator that follows one to three digits.
 bool IsThousandsMark(const std::string& text, std::size_t at) {
   std::size_t before = 0, digits = 0;
   while (before < at && IsDigit(text[at - before - 1])) ++before;
@@ -64,7 +64,7 @@ std::string PastedNumber(std::string_view pasted) {
     number += text.substr(at, 1 + sign);
     for (at += 1 + sign; at < text.size() && IsDigit(text[at]); ++at) number += text[at];
   }
-  // only a unit may stand behind it: anything with a digit or another mark is none
+  // only a unit may follow: anything with a digit or another separator is none
   const std::string rest = Trimmed(text.substr(at));
   if (!rest.empty() && (rest.find_first_of("0123456789") == 0 || rest.front() == ',' || rest.front() == '.' ||
                         rest.front() == '-' || rest.front() == '+' || rest.front() == '/'))

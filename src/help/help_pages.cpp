@@ -13,7 +13,7 @@
 namespace merlu {
 namespace {
 
-// A rule that raises no finding of its own is none to a reader.
+// Rules that raise no finding are not listed.
 void AddRules(HelpPage& page, const std::vector<RuleGroup>& groups) {
   for (const RuleGroup& group : groups)
     for (const Rule& rule : group.rules)

@@ -1,4 +1,4 @@
-// A page of help put together: the prose, and behind it what the tables say about each field and rule.
+// Composes a help page: the prose, and then the facts of the tables about each field and rule.
 #include <algorithm>
 #include <cctype>
 #include <map>
@@ -14,7 +14,7 @@ namespace {
 
 const CaptionMarks kQuotes{"“", "”", true};
 
-// What stands in front of the unit in parentheses.
+// The text before the unit in parentheses.
 std::string WithoutUnit(const std::string& caption) {
   return Trim(caption.substr(0, caption.find('(')));
 }
@@ -120,7 +120,7 @@ class Composer {
     if (!line.empty()) Add({{.text = line + ".", .italic = true}});
   }
 
-  // The words behind the last unit in parentheses that the captions of the sheet use.
+  // The explanations of the units that the captions of the sheet use.
   const std::string* UnitOf(const std::string& caption) const {
     const std::size_t open = caption.rfind('('), close = caption.rfind(')');
     if (open == std::string::npos || close == std::string::npos || close < open) return nullptr;

@@ -106,7 +106,7 @@ bool IsRule(const std::string& line) {
   return line.find_first_not_of("|-: ") == std::string::npos;
 }
 
-// "- " or "1. " behind the indent: where the item's text begins; 0 for no item.
+// "- " or "1. " after the indent: where the item's text begins; 0 for no item.
 std::size_t ItemText(const std::string& line) {
   const std::size_t start = line.find_first_not_of(' ');
   if (start == std::string::npos) return 0;

@@ -15,7 +15,7 @@ std::string Number(int number) {
   return std::to_string(number);
 }
 
-// The character at the place of a valid UTF-8 text; moves the place behind it.
+// The character at the place of a valid UTF-8 text; advances the place.
 char32_t NextCharacter(const std::string& text, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(text[at++]);
   if (lead < 0x80) return lead;

@@ -76,7 +76,7 @@ void Companion::Close() {
   if (!open_) return;
   db_->SetPartner(nullptr);
   Detach();
-  // a step that is open goes on with what is opened next
+  // an open step continues with the next file
   db_ = nullptr;
   open_ = refused_ = false;
   why_not_.clear();
@@ -103,14 +103,14 @@ void Companion::Attach(bool make) {
     db_->Attach(path_, kSchema);
     attached_ = true;
     if (db_->IsReadOnly(kSchema)) throw Fault(fault_number::kReadOnly, kSource, "");
-    // a step is on the disk together with the rows that it tells of
+    // a step and the rows that it records are committed together
     db_->Execute("PRAGMA history.synchronous=EXTRA");
     // one super-journal covers both files in this mode alone
     db_->Query("PRAGMA history.journal_mode=DELETE");
     db_->Query("PRAGMA history.secure_delete=FAST");
     if (ToInteger(db_->Single("SELECT COUNT(*) FROM history.sqlite_schema")) == 0) {
       if (!make) return Detach();
-      // a layout without the inventory that it goes with would be nobody's
+      // a layout without its inventory's identity would belong to no inventory
       WriteBatch batch(*db_);
       MakeLayout(*db_);
       SetAbout(*db_, "inventory", InventoryName(*db_));
@@ -129,7 +129,7 @@ bool Companion::IsAnothers() {
   return NullToEmpty(About(*db_, "inventory")) != InventoryName(*db_) ||
          // the inventory has never been as young as this since the companion went with it
          known > present ||
-         // nobody has written since, and yet the rows are others
+         // the change counter is unchanged, but the rows differ
          (known == present && !IsAsNewestStepLeftIt(*this));
 }
 

@@ -15,7 +15,7 @@ struct Part {
 constexpr std::int64_t kApplication = 1296388680;
 
 constexpr std::array<Part, 9> kLayout = {{
-    // which inventory it goes with, and the inventory's change counter at the last common commit
+    // the inventory it belongs to, and that inventory's change counter at the last common commit
     {"about", "CREATE TABLE about (what TEXT PRIMARY KEY, value)"},
     {"step",
      "CREATE TABLE step (id INTEGER PRIMARY KEY, made_at TEXT, who TEXT, what TEXT, place TEXT, stood_at TEXT, "
@@ -27,7 +27,7 @@ constexpr std::array<Part, 9> kLayout = {{
     {"draft_field", "CREATE TABLE draft_field (draft INTEGER, control TEXT, field TEXT, stored TEXT, entered TEXT)"},
     // comments by finding, and the value of the field when the comment was written
     {"comment", "CREATE TABLE comment (id INTEGER PRIMARY KEY, finding TEXT, comment TEXT, value TEXT)"},
-    // values taken over from the month before that nobody has confirmed, as they were stored
+    // copied values that were not confirmed yet, as they were stored
     {"copied", "CREATE TABLE copied (id INTEGER PRIMARY KEY, record TEXT, record_key INTEGER, field TEXT, value TEXT)"},
     // exports of a month to the agency, with the newest step of then
     {"hand_in",

@@ -177,7 +177,7 @@ std::vector<KeptRow> UnpackChanges(std::string_view bytes) {
 bool IsShownColumn(std::string_view table, std::string_view column) {
   static constexpr std::array<std::string_view, 8> kKeys = {"PD_ID_AK", "SA_ID_AK", "ED_ID_AK", "EA_ID_AK",
                                                             "PA_MO",    "PA_YR",    "EA_MO",    "EA_YR"};
-  // what the companion itself keeps goes with the step and is no value of the inventory
+  // the companion's own rows belong to the step but are no values of the inventory
   if (table.starts_with("history.")) return false;
   if (column == "EA_EQUIP_TYP" || column == "ED_EQUIP_TYP") return false;
   return std::find(kKeys.begin(), kKeys.end(), column) == kKeys.end();

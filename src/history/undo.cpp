@@ -76,7 +76,7 @@ class Replay {
     }
   }
 
-  // Compares the rows of a packed part, and brings them to the other side.
+  // Compares the rows of a packed part, and changes them to their other state.
   std::optional<InTheWay> Part(std::string_view packed) {
     const std::vector<KeptRow> kept = UnpackChanges(packed);
     std::deque<std::string> bytes;

@@ -53,7 +53,7 @@ class HandInPages {
     painter_->drawText(QPointF(x, y + style.Ascent()), text);
   }
 
-  // Into a width at the present height; goes on below it.
+  // Draws into a width at the present height, and moves below it.
   void Write(Style& style, const QString& text, qreal x, qreal width, const QColor& color = kInk) {
     for (const QString& line : style.Lines(text, width)) {
       Text(style, line, x, y_, color);
@@ -133,7 +133,7 @@ class HandInPages {
   }
 
   void Structure(const HandInReport::Structure& structure) {
-    // a heading never stands alone at the end of a page
+    // a heading is never the last line of a page
     if (!HasRoom(7 * strong_.LineHeight())) NextPage();
     structure_ = &structure;
     StructureHead(false);

@@ -9,7 +9,7 @@
 namespace merlu::pdf {
 namespace {
 
-constexpr qsizetype kMostInHead = 300;  // of what stands on every page
+constexpr qsizetype kMostInHead = 300;  // of texts that repeat on every page
 
 }  // namespace
 

@@ -94,7 +94,7 @@ class Pages {
   }
 
   void SectionHead(bool continued) {
-    // a heading never stands alone at the end of a page
+    // a heading is never the last line of a page
     if (!continued && y_ + 6 * strong_.LineHeight() > FootTop()) NextPage();
     QString heading = Head(section_->heading);
     if (!section_->place.empty()) heading = Head(section_->place) + " – " + heading;
@@ -104,7 +104,7 @@ class Pages {
     ColumnHeads();
   }
 
-  // A row that a page does not take goes on over the next ones.
+  // A row that does not fit on a page continues on the next ones.
   void Row(const ReportLine& line) {
     const std::array<QString, 3> cells = {Q(line.where), Q(line.item), Q(line.finding)};
     std::array<QStringList, 3> lines;

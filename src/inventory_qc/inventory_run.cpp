@@ -45,7 +45,7 @@ struct Place {
   std::string complex = "NA", structure = "NA", type = "NA", equipment = "NA";
 };
 
-// The rows on which the pass's own cursors stand.
+// The current rows of the pass's own cursors.
 struct Standing {
   bool has_activity = false, has_equipment = false, has_structure = false;
   int month = 0, year = 0;
@@ -196,7 +196,7 @@ void StructurePass(Pass& pass) {
       "SELECT p.*,a.PD_ID_AK AS structure_key,a.PA_MO,a.PA_YR,a.PROD_NG,a.PROD_OIL FROM PA_PLATFORM_ACTV a LEFT JOIN "
       "PD_PLATFORM_DESC p ON p.PD_ID_AK=a.PD_ID_AK "
       "WHERE a.status IS NOT NULL AND a.status<>'I' ORDER BY a.SA_ID_AK");
-  // the description on which the pass stands: the first one, then that of the month
+  // the current description: the first one, then that of the month
   Rows standing = pass.s.db.Query("SELECT * FROM PD_PLATFORM_DESC ORDER BY PD_ID_AK LIMIT 1");
   for (Values& values : rows.rows) {
     const NamedRow row(rows.columns, values);
@@ -234,8 +234,8 @@ std::map<const InventoryRow*, std::string> DescriptionFindings(Session& s, const
   return findings;
 }
 
-// Moves the pass to one month of equipment. What is missing is told, and the pass stays where it stood: the
-// status that counts then is that of the standing month.
+// Moves the pass to one month of equipment. Anything missing is shown, and the pass stays where it was: the status that
+// counts then is that of the previous month.
 bool MoveToActivity(Pass& pass, const RowView& row) {
   if (row.IsNull(kMaster)) {
     TellMissing(pass.s, "Equip Activity", row.Integer(kTypeKey));
@@ -256,7 +256,7 @@ void StandOn(Standing& at, const IndexedStructure& structure) {
   at.structure = structure.structure;
 }
 
-// To the description that the standing month names, and to the structure that the standing description names.
+// Moves to the description of the current month, and to the structure of the current description.
 void FindDescription(Pass& pass) {
   const Rows found = pass.s.db.Query("SELECT ED_ID_AK,ED_MERLU_EQUIP_ID,PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?",
                                      {pass.at.equipment_key});
@@ -374,7 +374,7 @@ void FugitivesPass(Pass& pass) {
   }
 }
 
-// The pass's cursors stand on the first rows of their tables.
+// The pass's cursors start on the first rows of their tables.
 Standing FirstRows(Session& s) {
   Standing at;
   const Rows activity =
@@ -403,7 +403,7 @@ Standing FirstRows(Session& s) {
 }
 
 void PurgeInactiveStructures(Session& s) {
-  // an ID that is Null stands in the findings as an empty text, or as Null
+  // an ID that is Null is an empty text, or Null, in the findings
   s.db.Execute(
       "DELETE FROM QCInventory WHERE (ifnull(UserID,'') COLLATE NOCASE,ifnull(CmplxID,'') COLLATE NOCASE,"
       "ifnull(StructID,'') COLLATE NOCASE,[Month],[Year]) IN (SELECT ifnull(p.RIMA_CO_NUM,''),"
@@ -439,7 +439,7 @@ InventoryRun RunInventoryPasses(Session& s) {
   int done = 0;
   const auto run = [&](const std::string& what, auto&& work) {
     Progress(s, what, done++, total);
-    if (!OnSheet(s, work)) result.broken.push_back(what);  // a fault is told and ends this pass
+    if (!OnSheet(s, work)) result.broken.push_back(what);  // a fault is shown and ends this pass
   };
   run("Operator", [&] { OperatorPass(pass); });
   run("Structures", [&] { StructurePass(pass); });

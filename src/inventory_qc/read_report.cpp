@@ -28,8 +28,8 @@ std::vector<std::string> OperatorLines(Session& s) {
   return lines;
 }
 
-// "GI, 43, A (complex 1001, structure 1)", with a question mark for a part that is blank; the ids alone for a
-// structure that is gone.
+// "GI, 43, A (complex 1001, structure 1)", with a question mark for a blank part; the IDs alone for a deleted
+// structure.
 std::string StructureInWords(const RowView& row) {
   const std::string ids = "complex " + std::string(row.Text(1)) + ", structure " + std::string(row.Text(2));
   if (row.IsNull(12)) return ids;
@@ -60,8 +60,7 @@ void AddLine(InventoryReport& report, const RowView& row, bool several_operators
   ++report.findings;
 }
 
-// The summary as it is stored, unless the run saw less than the whole: then that is said, and never that nothing is
-// missing.
+// The stored summary, unless the run was incomplete: then it says so, and never that nothing is missing.
 std::string SummaryOf(const std::string& stored, const InventoryRun& run, int findings) {
   std::string reservation, names;
   if (!run.had_records) reservation = "There was nothing to look at: no active month and no equipment.";

@@ -17,7 +17,7 @@ struct Unchecked {
   QCLocation location;
 };
 
-// Where the user stands, put back at the end.
+// Restores the user's place at the end.
 class Standing {
  public:
   explicit Standing(Session& s)

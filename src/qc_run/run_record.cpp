@@ -31,7 +31,7 @@ Value DateOf(Session& s, const Verdicts& verdicts) {
   return s.record_checked ? Value(StoredDate(s.platform.Now())) : Value(Null{});
 }
 
-// A description of equipment has no date of its own that a run writes.
+// A description of equipment has no date of last QC.
 void NoteDescription(Session& s, std::int64_t ED_ID_AK) {
   if (s.InDesc() && s.record_checked) s.checked_descriptions.insert(ED_ID_AK);
 }

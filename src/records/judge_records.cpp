@@ -10,7 +10,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kMonthsOfYear = 16;  // room for a month behind a year
+constexpr int kMonthsOfYear = 16;  // room for a month after a year
 
 int YearAndMonth(int year, int month) {
   return year * kMonthsOfYear + month;
@@ -154,7 +154,7 @@ std::string SelectStructures(const RecordScope& scope, const RowReader& reader) 
          " ORDER BY a.SA_ID_AK";
 }
 
-// The tables of a type's records with the one in front that leads straight to those asked for.
+// The tables of a type's records, first the one by which the wanted records are found directly.
 std::string EquipmentTables(const SheetSpec& sheet, const RecordScope& scope) {
   const std::string type_desc = " CROSS JOIN " + sheet.ed_table() + " e ON e.ED_ID_AK=d.ED_ID_AK";
   if (scope.mode != Mode::kActv) {

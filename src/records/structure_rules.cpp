@@ -18,7 +18,7 @@ constexpr double kLeastTotal = 99.8, kMostTotal = 100;
 constexpr const char* kGases[] = {"H2S", "O2",  "CO2", "N2",  "C1", "C2", "C3",
                                   "iC4", "nC4", "iC5", "nC5", "C6", "C7", "C8"};
 
-// Kept under a name of its own, which no field carries.
+// Stored under a separate name that no field has.
 CheckSpec EquipmentPresence() {
   return Own("EquipmentPresence", kNoEquipment, {kStructureStatus}, [](Judging& j) {
     j.Under(kPlatform);

@@ -10,7 +10,7 @@
 namespace merlu {
 namespace {
 
-// With more than these the review is made anew at no greater cost.
+// With more than these it is no slower to make the whole review again.
 constexpr std::size_t kMostRows = 4000;
 constexpr char kBetween = '\x1f';  // of the parts of a comment's name
 

@@ -86,7 +86,7 @@ class Changed {
     if (since_.empty()) return 0;
     const std::vector<HistoryStep> newest_first = Steps(companion_);
     const std::vector<HistoryStep> oldest_first(newest_first.rbegin(), newest_first.rend());
-    // months of rows that are gone stand in the steps
+    // the months of deleted rows are in the steps
     for (const HistoryStep& step : oldest_first)
       if (Counts(step)) Walk(step, [this](const KeptRow& row) { Learn(row); });
     // as undo and redo go: first what was taken back, then what was done

@@ -23,7 +23,7 @@ Values KeptAt(const QCLocation& l) {
           equipment ? Trim(l.EquipID) : "NA"};
 }
 
-// The row that a run would find there under the tag; one that says the same text before others. 0 without one.
+// The row that a run would find there under the tag; one with the same text before others. 0 without one.
 std::int64_t FindRow(Session& s, const FindingToExplain& at) {
   std::int64_t first = 0, same = 0;
   s.db.ForEach(

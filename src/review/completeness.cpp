@@ -115,7 +115,7 @@ std::vector<CompletenessRow> CompletenessOf(const Review& review, int structure)
     const auto month = static_cast<std::size_t>(record.month);
     const RecordState state = month == 0 ? DescriptionState(record) : StateOf(record);
     RecordProgress& cell = rows[static_cast<std::size_t>(at)].cells[month];
-    // a structure stands before its equipment: without its own row the month is not there
+    // a structure comes before its equipment: without its row the month does not exist
     if (!of_equipment && record.IsEquipment() && cell.state == RecordState::kMissing) continue;
     TakeWorst(cell, record, static_cast<int>(i), state);
   }

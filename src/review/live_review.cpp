@@ -9,7 +9,7 @@ namespace {
 // With more than one in so many structures the whole is made anew.
 constexpr std::size_t kShareOfStructures = 8;
 
-// The structure of a piece of equipment, or of one of its months, as it is stored now; 0 when it is gone.
+// The stored structure of a piece of equipment, or of one of its months; 0 when it was deleted.
 std::int64_t StructureOfPiece(Database& db, std::int64_t piece) {
   return ToInteger(db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {piece}));
 }
@@ -26,7 +26,7 @@ std::int64_t StructureOfMonth(Database& db, std::int64_t month) {
 LiveReview::LiveReview() : changed_(std::make_shared<ChangedRecords>()) {}
 LiveReview::~LiveReview() = default;
 
-// The connection goes on telling for as long as it lives, also when this is gone.
+// The connection keeps notifying as long as it is open, also after this is destroyed.
 void LiveReview::Attend(Database& db) {
   if (attended_ == &db) return;
   attended_ = &db;

@@ -30,7 +30,7 @@ std::string PieceName(int structure, std::string_view type, std::string_view id)
   return std::to_string(structure) + '\n' + Lower(Trim(type)) + '\n' + Lower(Trim(id));
 }
 
-// Ranks by text without regard to case, as siblings stand in the tree; equal ones in the order that they have.
+// Ranks by text without regard to case, as siblings are sorted in the tree; equal ones keep their order.
 template <typename Of, typename TextOf>
 void Rank(std::vector<Of>& all, TextOf text_of) {
   std::vector<std::string> texts;
@@ -43,7 +43,7 @@ void Rank(std::vector<Of>& all, TextOf text_of) {
   for (std::size_t rank = 0; rank < order.size(); ++rank) all[At(order[rank])].rank = static_cast<int>(rank);
 }
 
-// The tree has a root for each operator: each one's structures stand together.
+// The tree has a root for each operator: the structures of each are adjacent.
 void RankByOperators(Database& db, std::vector<ReviewedStructure>& structures) {
   std::unordered_map<std::string, int> roots;
   db.ForEach("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid", {},
@@ -131,7 +131,7 @@ void ReviewKeeper::ReadNames(Database& db) {
         const int index = static_cast<int>(structures.size());
         structure_of_key_[row.Integer(0)] = index;
         structure_of_name_.try_emplace(StructureName(row.Text(1), row.Text(2), row.Text(3)), index);
-        // where nobody says whose it is
+        // when it is unknown whose it is
         structure_of_name_.try_emplace(StructureName("", row.Text(2), row.Text(3)), index);
         structures.push_back({row.Integer(0), text(1), text(2), text(3), text(4) + ", " + text(5) + ", " + text(6), 0});
       });
@@ -161,7 +161,7 @@ std::int64_t ReviewKeeper::PlaceKey(int structure, int piece, int month) {
   return of + (month & ((1 << kMonthBits) - 1));
 }
 
-// Mostly the one that was asked for last.
+// Usually the one of the last call.
 int ReviewKeeper::StructureNamed(std::string_view user, std::string_view complex, std::string_view structure) const {
   LastStructure& last = last_structure_;
   if (last.known && last.user == user && last.complex == complex && last.structure == structure) return last.index;
@@ -209,7 +209,7 @@ LogRow ReviewKeeper::RowOfLog(const RowView& row, std::int64_t place) {
   return {place, row.Integer(0), texts_.Of(row.Text(1)), texts_.Of(row.Text(2)), std::string(row.Text(3)), false};
 }
 
-// Of all structures, or of those, with the rows that have no record. Rows of one place mostly stand together, and so do
+// For all structures, or for those, with the rows that have no record. Rows of one place are usually adjacent, as are
 // those of one structure.
 LoggedRows ReviewKeeper::ReadLog(Database& db, const std::set<int>* structures) {
   LoggedRows log;
@@ -264,8 +264,8 @@ void ReviewKeeper::Explain(ReviewedFinding& finding, KnownComments& known, Where
   finding.state = stale ? FindingState::kStale : FindingState::kExplained;
 }
 
-// What a rule says, with the comment of the row that says the same. Of several rows under its tag one that says the
-// same counts, else the first.
+// A rule's finding, with the comment of the row with the same text. Of several rows under its tag one with the same
+// text counts, else the first.
 ReviewedFinding ReviewKeeper::Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
                                      const ReviewedRecord& record, KnownComments& known) {
   ReviewedFinding made;
@@ -353,7 +353,7 @@ void ReviewKeeper::Judge(Database& db, const RecordScope& scope, LoggedRows& log
   });
 }
 
-// A row of a survey, or of a record that is gone.
+// A row of a survey, or of a deleted record.
 ReviewedRecord ReviewKeeper::Gone(Database& db, const LogRow& row, KnownComments& known) {
   QCLocation at;
   db.ForEach("SELECT [Level],UserID,[Month],[Year],CmplxID,StructID,EquipType,EquipID FROM QC WHERE rowid=?", {row.row},

@@ -9,7 +9,7 @@
 namespace merlu {
 namespace {
 
-// Whether the number is what its text of 15 digits says again: a number of few digits is.
+// Whether the number is exactly its text of 15 digits, as numbers with few digits are.
 bool SurvivesItsText(double number) {
   constexpr double kThousandths = 1000, kMost = 1e12;
   const double scaled = number * kThousandths;

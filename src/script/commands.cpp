@@ -33,7 +33,7 @@ std::optional<int> WholeNumber(const std::string& text) {
   return number;
 }
 
-// The text of a pasted block, whose tabs and line ends stand as \t and \n.
+// The text of a pasted block, in which tabs and line ends are written as \t and \n.
 std::string Unescaped(const std::string& text) {
   std::string plain;
   for (std::size_t at = 0; at < text.size(); ++at) {
@@ -49,7 +49,7 @@ std::string Unescaped(const std::string& text) {
 
 struct Player::Command {
   const char* name;
-  std::size_t least, most;  // words behind the name
+  std::size_t least, most;  // words after the name
   void (Player::*run)(const Words&);
 };
 

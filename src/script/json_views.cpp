@@ -51,7 +51,7 @@ Json LocationJson(const QCLocation& l) {
           {"CmplxID", l.CmplxID}, {"StructID", l.StructID}, {"EquipType", l.EquipType}, {"EquipID", l.EquipID}};
 }
 
-// A member that says something: one at its default is left out.
+// Adds a member unless it has its default value.
 void AddSome(Json& json, const char* name, const std::string& text) {
   if (!text.empty()) json[name] = text;
 }
@@ -107,7 +107,7 @@ void AddRows(Json& json, const Control& c) {
   json["picked"] = c.picked;
 }
 
-// The control that has the focus, or asked for it, on the screen that has it.
+// The control that has, or requested, the focus, on the form that contains it.
 std::string FocusOf(const Session& s) {
   for (const Form* form : s.desk.LookUpOrder(s.main))
     if (!form->focus.empty()) return form->focus;

@@ -22,7 +22,7 @@
 namespace merlu {
 namespace {
 
-// A command that could not be done; its text says why.
+// Thrown by a command that fails; its text is the reason.
 struct Refused {
   std::string why;
 };
@@ -61,9 +61,9 @@ int Player::Run() {
 }
 
 bool Player::Next() {
-  // what nobody can read the answers of is not done
+  // no command is run when its answer cannot be written
   if (at_end_ || !out_ || (stop_on_error_ && failed_)) return false;
-  // whoever types slowly loses no more in a cut than one who types into the windows
+  // drafts are kept while waiting for input, as in the windows
   if (session_.draft.behind && wait_ && !wait_(kDraftMilliseconds)) KeepDraftOfEdit(session_, When::kAtOnce);
   std::string line;
   do {

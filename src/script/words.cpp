@@ -7,7 +7,7 @@ bool IsBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r';
 }
 
-// Reads the quoted word that begins behind `at`; false when it is not closed.
+// Reads the quoted word that begins after `at`; false when it is not closed.
 bool ReadQuoted(std::string_view line, std::size_t& at, std::string& word) {
   for (++at; at < line.size(); ++at) {
     if (line[at] == '"') {

@@ -102,7 +102,7 @@ namespace {
 bool GoesOnWithout(Session& s, const Fault& fault) {
   Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
   if (AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) != Button::kYes) return false;
-  s.unbacked_day = Today(s);  // nor is one wanted before the first write of the day
+  s.unbacked_day = Today(s);  // nor is a backup needed before the first write of the day
   return true;
 }
 
@@ -131,7 +131,7 @@ bool BackUpOnceADay(Session& s) {
   try {
     BackUp(s, backup_reason::kDay);
   } catch (const Fault& fault) {
-    // the write meets the lock too and shows it; once it goes through, the backup is made before it
+    // the write will fail on the same lock and report it; the backup is then made before the next write
     if (IsLocked(fault)) return true;
     if (!GoesOnWithout(s, fault)) return false;
   }

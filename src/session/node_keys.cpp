@@ -24,7 +24,7 @@ class Cutter {
     return field;
   }
   const std::string& key_;
-  std::size_t at_ = 1;  // behind the letter
+  std::size_t at_ = 1;  // after the letter
 };
 
 void CutStructure(Cutter& cut, QCLocation& location) {

@@ -15,7 +15,7 @@ bool StandsOn(Cursor& cursor, std::string_view column, std::int64_t id) {
   return cursor.HasRow() && ToInteger(cursor.LastRead(column)) == id;
 }
 
-// Brings the cursor to the row with that key, without a find when it stands there.
+// Moves the cursor to the row with that key, unless it is there already.
 bool Bring(Session& s, std::string_view table, std::string_view column, std::int64_t id) {
   Cursor& cursor = s.At(table);
   return StandsOn(cursor, column, id) || cursor.FindFirst({{column, id}});
@@ -120,12 +120,6 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
   if (!MoveToPDRecord(s, structure)) return false;
   if (s.InActv() && !ea_table.empty()) return MoveToPAActvRecordByMo(s, structure, location.Month, location.Year);
   return true;
-}
-
-bool HasTypeRows(Session& s, std::string_view ed_table, std::int64_t ED_ID_AK, std::string_view ea_table,
-                 std::int64_t EA_ID_AK) {
-  return s.At(ed_table).FindFirst({{"ED_ID_AK", ED_ID_AK}}) &&
-         (ea_table.empty() || s.At(ea_table).FindFirst({{"EA_ID_AK", EA_ID_AK}}));
 }
 
 bool FindStructureRecord(Session& s) {

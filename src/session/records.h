@@ -22,10 +22,6 @@ bool MoveToEARecord(Session& s, std::int64_t EA_ID_AK);
 // `ea_table`; no ea_table for fugitives), the structure's row and, in activity mode, its month. False when
 // one is missing.
 bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed_table, std::string_view ea_table);
-// Whether the equipment has rows in the type's own tables; without ea_table only the description counts. Moves their
-// cursors to the rows and leaves the current keys.
-bool HasTypeRows(Session& s, std::string_view ed_table, std::int64_t ED_ID_AK, std::string_view ea_table,
-                 std::int64_t EA_ID_AK);
 // The current structure's rows: the description and, in activity mode, the month by its key.
 bool FindStructureRecord(Session& s);
 bool FindOperatorRecord(Session& s);

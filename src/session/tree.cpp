@@ -118,7 +118,7 @@ const std::int64_t* KeyList::Find(std::string_view node_key) const {
 }
 
 void TreeRecord::Append(std::int64_t uid, const std::string& tag, const std::string& status) {
-  // a row that no find would come to need not be kept
+  // a row that no find would return need not be kept
   const auto known = by_uid_.find(uid);
   if (known != by_uid_.end() && !LessIgnoringCase(tag, rows_[known->second].TreeTag) && by_tag_.Find(tag) != nullptr)
     return;

@@ -1,5 +1,5 @@
-// Amine unit: the composition of the unprocessed gas with its total, the inputs of the emissions model, and
-// where the vented gas goes.
+// Amine unit: the composition of the unprocessed gas with its total, the inputs of the emissions model, and the
+// destination of the vented gas.
 #include "base/numbers.h"
 #include "qc/qc_log.h"
 #include "sheets/blocks/blocks.h"

@@ -155,7 +155,7 @@ SheetSpec Fugitives() {
   sheet.has_activity = false;
   AddFields(sheet);
   AddUnseenFields(sheet);
-  // a load that selects an item applies this too, before it comes to the two fields
+  // a load that selects an item applies this too, before it loads the two fields
   sheet.Add({{.lists = {kInspected},
               .when = Reads(kInspected, {"Yes"}),
               .fields = {kMonths, kMethod},

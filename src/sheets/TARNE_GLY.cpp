@@ -57,7 +57,7 @@ void AddFields(SheetSpec& sheet) {
   });
 }
 
-// A load frees the fields or locks them by itself; in view the lock that follows it overrides that.
+// A load unlocks or locks the fields; in view the lock after it overrides that.
 void LockFlashTank(Session&, Form& form) {
   const bool has_tank = form.At(kFlashTank).text == "Yes";
   for (const char* name : kFlashTankFields) {

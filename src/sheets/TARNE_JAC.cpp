@@ -1,4 +1,4 @@
-// Drilling equipment: the type is DRI, the form and its controls say JAC.
+// Drilling equipment: the type is DRI, but its form and controls are named JAC.
 #include "sheets/blocks/blocks.h"
 #include "sheets/units.h"
 

@@ -60,7 +60,7 @@ std::vector<Rule> FieldRules() {
   };
 }
 
-// The destination is not required by itself, and a missing remote one changes nothing.
+// The destination itself is not required, and a missing remote one changes nothing.
 std::vector<Rule> VentilationRules() {
   const Condition local = Local(kDestination), flared = FlaredLocally(kDestination);
   const Condition condenser = Reads(kTechnology, {kCondenser});

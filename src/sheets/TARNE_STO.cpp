@@ -1,5 +1,5 @@
-// Storage tank. Shape and orientation decide which of the five dimensions exist, on the screen, in the
-// rules and in the stored row, each by conditions of its own.
+// Storage tank. Shape and orientation decide which of the five dimensions exist: on the screen, in the rules and in the
+// stored row, each with its own conditions.
 #include "sheets/blocks/blocks.h"
 #include "sheets/units.h"
 
@@ -125,7 +125,7 @@ void AddEnablings(SheetSpec& sheet) {
   });
 }
 
-// The liquid cannot stand higher than the tank: its diameter when it lies, its height when it stands.
+// The liquid cannot be higher than the tank: the diameter of a horizontal tank, the height of an upright one.
 CheckSpec LiquidHeight() {
   const auto check = [lying = Both(Cylindrical(), Horizontal()).holds](Judging& j) {
     j.WithoutTip();

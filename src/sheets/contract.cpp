@@ -107,7 +107,7 @@ void SaveDescription(Session& s, Form& form, const SheetSpec& sheet) {
   row.Update();
 }
 
-// Read-only with nothing marked, and nothing disabled: what an earlier edit or run left goes.
+// Read-only, with nothing marked or disabled: resets what an earlier edit or run left.
 void LockField(Control& field) {
   field.enabled = field.kind != Kind::kOption;
   field.locked = true;

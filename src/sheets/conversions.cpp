@@ -32,7 +32,7 @@ Value FieldYesNo(std::string_view text) {
 }
 
 Value StoredDestination(std::string_view item) {
-  // a vent is told by its word and colon, a flare by its word alone
+  // a vent is recognised by "Vent:", a flare by "Flare" alone
   if (item.starts_with("Vent:")) return std::string("VEN").append(item.substr(std::min<std::size_t>(6, item.size())));
   if (item.starts_with("Flare")) return std::string("FLA").append(item.substr(std::min<std::size_t>(7, item.size())));
   return Null{};
@@ -82,8 +82,8 @@ bool Fits(const FieldSpec& spec, const Value& stored) {
   }
 }
 
-// A save of one field must not change what another file brought into the others: neither a text that the field
-// has no form for, nor the last digits of a number, nor the case of an item.
+// Saving one field must not change imported values of the others: neither a text that the field has no form for, nor
+// the last digits of a number, nor the case of an item.
 bool StaysAsStored(const FieldSpec& spec, const Value& stored, const FieldContent& field) {
   const bool by_text = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed ||
                        (spec.stored == Stored::kYesNo && spec.kind == Kind::kList) || KeepsUnlisted(spec);

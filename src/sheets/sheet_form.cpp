@@ -49,7 +49,7 @@ void AddField(Form& form, const SheetSpec& sheet, const FieldSpec& spec) {
   add_label(spec.note_label, spec.note);
 }
 
-// They stand behind the last fields of the month.
+// They come after the last fields of the month.
 std::string MonthlyBlock(const SheetSpec& sheet) {
   std::string block = "Comments";
   for (const FieldSpec& field : sheet.fields)
@@ -120,7 +120,7 @@ Form& MakeForm(Session& s, const SheetSpec& sheet) {
     for (const FieldSpec& field : sheet.fields)
       if ((field.mode == In::kActv) == monthly) AddField(form, sheet, field);
   };
-  // the month stands first; comments without a month come last
+  // the month comes first, comments without a month last
   add(true);
   if (sheet.has_activity) AddStatusAndComments(form, sheet);
   add(false);

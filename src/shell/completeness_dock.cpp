@@ -31,7 +31,7 @@ CompletenessModel& ModelOf(Form& dock) {
   return static_cast<CompletenessModel&>(*dock.At(kGrid).grid);
 }
 
-// The structures as they stand in the tree.
+// The structures in the order of the tree.
 std::vector<int> InOrder(const Review& review) {
   std::vector<int> order(review.structures.size());
   for (std::size_t i = 0; i < order.size(); ++i)
@@ -44,7 +44,7 @@ int StructureAt(const Review& review, int place) {
   return place < 0 ? -1 : InOrder(review)[static_cast<std::size_t>(place)];
 }
 
-// The structures to choose from: those that read the same are told apart by their keys.
+// The structures to choose from: equal texts are distinguished by their keys.
 void OfferStructures(Form& dock, const Review& review) {
   Control& show = dock.At(kShow);
   std::vector<std::string> items = {kStructures};
@@ -136,7 +136,7 @@ void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& sta
   for (int row = 0; row < model.RowCount(); ++row)
     for (int column = 1; model.At(row, column) != nullptr; ++column) {
       const RecordState state = model.At(row, column)->state;
-      // the descriptions stand in front of the months
+      // the descriptions come before the months
       if (month != 0 && column > 1 && column != month + 1) continue;
       if (std::find(states.begin(), states.end(), state) == states.end()) continue;
       return PickCell(dock, row, column);

@@ -261,7 +261,7 @@ std::string Counted(std::int64_t count, const char* one, const char* many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-// The node that is to be deleted, and how much goes with it.
+// The node to be deleted, and the number of records that are deleted with it.
 std::string WhatGoes(Session& s) {
   std::string text = s.tree.FullPath(s.tree.selected);
   Plainly(s, [&] {

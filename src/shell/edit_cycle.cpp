@@ -31,7 +31,7 @@ void EndEdit(Session& s) {
   ShowEntryCommands(s);
 }
 
-// What stands in a field counts as if the field had been left.
+// The focused field's text counts as if the field had been left.
 void LeaveFields(Session& s) {
   for (Form* form : s.desk.showing) ComputeSums(*form);
 }
@@ -47,7 +47,7 @@ class SavingAct {
   Act act_;
 };
 
-// What was kept of the edit goes in the commit that stores it.
+// The draft of the edit is removed in the commit that stores it.
 void SaveForGood(Session& s, bool after_qc) {
   s.companion.ForgetDraftWithBatch(s.draft.id);
   SaveSheet(s, after_qc);
@@ -91,7 +91,7 @@ void SaveAndEnd(Session& s, const std::function<void(Session&, QCLocation)>& run
   s.InSaveQC = true;
   run(s, here);
   s.InSaveQC = false;
-  s.current = here;  // a run that a fault ended stands elsewhere; the save belongs to this record
+  s.current = here;  // a run that ended with a fault has moved the location; the save belongs to this record
   SaveForGood(s, s.record_checked);
   if (s.save_failed) return;
   SaveTreeExpansion(s);
@@ -138,7 +138,8 @@ void RunQCHere(Session& s) {
   const QCLocation here = s.current;
   RunQC(s, here, false);
   Say(s, "QC was run");
-  s.current = here;  // a run that a fault ended stands elsewhere; what is edited next is the sheet that shows
+  // a run that ended with a fault has moved the location; the next edit is of the sheet that is shown
+  s.current = here;
   ShowFindingsOfRun(s);
 }
 

@@ -34,7 +34,7 @@ std::string Count(int count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// Whether the record behind the node can be worked on: it and its structure report for the month.
+// Whether the node's record can be edited: it and its structure report for the month.
 bool IsActive(Session& s, const std::string& key) {
   if (!s.InActv()) return true;
   const TreeRecord::Row* structure = s.activity_record.FindTag(FirstCharacters(key, kStructureMonthKeyLength));
@@ -89,7 +89,7 @@ void CopyPreviousMonth(Session& s) {
 
 void ConfirmCopiedValues(Session& s) {
   const std::vector<Control*> copied = CopiedFields(s);
-  // while the record is edited its save tells what is confirmed
+  // while the record is edited its save decides which values are confirmed
   if (!s.editing && !copied.empty()) {
     const Act act(s, "Confirm Copied Values");
     if (!act.MayWrite() || !Plainly(s, [&] { ForgetCopiedOfShown(s); })) return;

@@ -43,7 +43,7 @@ constexpr const char* kImportName = "txtImportFilename";
 
 using Cut = std::function<void(Database& copy)>;
 
-// The wait screen and the busy pointer, gone at the end of the work.
+// The wait screen and the busy pointer, for as long as this lives.
 class Working {
  public:
   Working(Session& s, const std::string& title, const std::string& text) : s_(s), busy_(s) { ShowWait(s, title, text); }
@@ -338,7 +338,7 @@ std::vector<StructureName> StructuresToImport(Session& s, Form& form) {
   return names;
 }
 
-// A fault of the working file says nothing about the other one.
+// A fault of the working file is no fault of the other one.
 void TellImportFault(Session& s, const Fault& fault) {
   TellFaultNumberFirst(s, fault);
   if (fault.number != fault_number::kInUseTable) Tell(s, "Specified Import file may be wrong format.");
@@ -363,7 +363,7 @@ void ImportPickedStructures(Session& s, Form& form) {
       const Working working(s, "Import", "Checking the file");
       plan = ImportStructures(s, s.exchange, names, Import::kPlan);
     }
-    // what is refused costs no backup and is no step
+    // a refused import makes no backup and no step
     std::optional<Act> act;
     if (plan.adds) {
       if (!BackUpOrAsk(s, backup_reason::kImport)) return;

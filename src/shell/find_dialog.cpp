@@ -69,7 +69,7 @@ void Fill(Form& form, Found& found) {
   list.at_row = -1;
 }
 
-// The first piece of equipment of the type in the mode, from where the user stands on.
+// The first piece of equipment of the type in the mode, from the user's place on.
 QCLocation FirstOf(Session& s, const std::string& type, Mode mode) {
   const bool months = mode == Mode::kActv;
   const std::string sql =
@@ -135,7 +135,7 @@ std::string HelpOf(const Thing& thing) {
 void GoToFieldOf(Session& s, const Thing& thing) {
   if (s.current.EquipType == thing.sheet && s.mode == thing.mode && GoToField(s, thing.control)) return;
   const QCLocation place = thing.sheet.empty() ? FirstStructure(s, thing.mode) : FirstOf(s, thing.sheet, thing.mode);
-  // without such equipment its help says what the field is
+  // without such equipment the field's help is shown
   if (place.Level.empty()) return ShowHelp(s, HelpOf(thing), thing.control);
   GoTo(s, place, thing.mode, thing.control);
 }

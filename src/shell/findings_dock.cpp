@@ -38,7 +38,7 @@ FindingsModel& ModelOf(Form& dock) {
   return static_cast<FindingsModel&>(*dock.At(kList).model);
 }
 
-// The months that the inventory has, behind "All" and "Descriptions".
+// The months of the inventory, after "All" and "Descriptions".
 void OfferMonths(Form& dock, const Review& review) {
   Control& when = dock.At(kWhen);
   std::vector<std::string> items = {"All", "Descriptions"};
@@ -92,7 +92,7 @@ std::vector<FindingPlace> OrderOf(const FindingsModel& model, bool shown) {
   return order;
 }
 
-// Place in the order of the finding that the user stands on; where he stands on none, between which two.
+// Place in the order of the finding at the user's place; without one, between which two it would be.
 struct Standing {
   int on = -1;
   int next = 0;

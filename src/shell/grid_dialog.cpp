@@ -25,7 +25,7 @@ constexpr const char* kByMonth = "One month, all equipment of a type";
 constexpr const char* kByRecord = "One piece of equipment, all months";
 constexpr const char* kStructures = "Structure";
 
-// What the lists of the dialog stand for, and the grid that they choose for.
+// The values behind the items of the dialog's lists, and the grid that these select.
 struct Open {
   Session& s;
   Form& form;
@@ -48,7 +48,7 @@ std::string MonthItem(const Session& s, int month) {
 
 // ---- the plan of a paste ----
 
-// What the paste comes to: "5 cells: 3 set, 1 changed, 1 not a number".
+// A summary of the paste: "5 cells: 3 set, 1 changed, 1 not a number".
 std::string CountOf(const std::vector<PastePlan>& plan) {
   std::string text = Count(static_cast<int>(plan.size()), "cell");
   for (const char* what : {"set", "changed", "same", "not a number", "no such choice", "locked", "outside the grid"}) {
@@ -92,7 +92,7 @@ struct Piece {
   std::string structure, number, type, id;  // number: complex and structure
   const SheetSpec* sheet = nullptr;         // null for a structure
   std::int64_t key = 0;
-  // As the tree, which goes by texts.
+  // As in the tree, which is sorted by text.
   bool operator<(const Piece& other) const {
     return std::tuple(Lower(structure), number, sheet != nullptr, Lower(type), Lower(id)) <
            std::tuple(Lower(other.structure), other.number, other.sheet != nullptr, Lower(other.type), Lower(other.id));
@@ -120,7 +120,7 @@ std::vector<Piece> ReadPieces(Database& db) {
   return pieces;
 }
 
-// Two structures of one name are told apart by their numbers.
+// Structures of the same name are distinguished by their numbers.
 std::string ItemOf(const Piece& piece, const std::map<std::string, std::set<std::string>>& numbers) {
   std::string text = piece.structure;
   if (numbers.at(piece.structure).size() > 1) text += " (" + piece.number + ")";

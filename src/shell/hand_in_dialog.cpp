@@ -82,12 +82,12 @@ void CheckAll(Session& s, Form& dialog) {
   if (done)
     s.message = std::to_string(checked.done) + (checked.done == 1 ? " record checked" : " records checked") +
                 (checked.stopped ? " of " + std::to_string(checked.of) + ", stopped" : "");
-  // the sheet behind shows dates and findings
+  // the sheet behind the dialog shows dates and findings
   if (checked.done > 0 && s.tree.selected >= 0) ClickNode(s, s.tree.selected);
   Fill(s, dialog);
 }
 
-// ---- the records behind a row ----
+// ---- the records of a row ----
 
 bool HasFindings(const Review& review, int month, FindingState state) {
   return std::any_of(review.records.begin(), review.records.end(), [&](const ReviewedRecord& record) {

@@ -122,7 +122,7 @@ void FillChoices(Session& s, Form& form) {
   show.index = 0;
 }
 
-// Whether a restored backup stands between the step and now.
+// Whether a backup was restored since the step.
 bool IsBehindRestore(Session& s, const HistoryStep& step) {
   for (const HistoryStep& newer : Steps(s.companion))
     if (newer.id >= step.id && newer.ends_undo) return true;

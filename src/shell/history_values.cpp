@@ -14,6 +14,8 @@
 namespace merlu {
 namespace {
 
+constexpr int kPreparedAtOnce = 1000;  // rows that a view may measure for its columns
+
 std::string TextOf(const StoredValue& value) {
   return NullToEmpty(ToValue(value));
 }
@@ -167,6 +169,16 @@ void StepValues::Show(std::optional<std::int64_t> step) {
       ends_.push_back(RowCount() + count);
       rows_.push_back(std::move(row));
     }
+  Prepare(0, kPreparedAtOnce);
+}
+
+void StepValues::Prepare(int first, int count) {
+  const int end = std::min(RowCount(), first + count);
+  try {
+    for (int row = std::max(0, first); row < end; ++row) At(row);  // the finder keeps what it has found
+  } catch (const Fault&) {
+    // the rows are shown blank
+  }
 }
 
 std::vector<ShownChange> StepValues::ChangesOf(const KeptRow& row) const {

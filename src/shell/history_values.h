@@ -27,6 +27,7 @@ class StepValues : public ListModel {
 
   int RowCount() const override { return ends_.empty() ? 0 : ends_.back(); }
   std::string Text(int row, int column) const override;
+  void Prepare(int first, int count) override;
   std::uint64_t Revision() const override { return revision_; }
   bool CanSort() const override { return true; }
   void Sort(int column, bool descending) override;

@@ -45,7 +45,7 @@ struct MenuCommand {
   const char* caption;  // "-" is a separator
   const char* parent;
   Command run;                 // null for a menu or a separator
-  const char* file = nullptr;  // beside the program, that the command shows as help or hands to the system
+  const char* file = nullptr;  // beside the program; the command shows it as help or opens it
   bool checkable = false;      // checked while what it shows is there
 };
 

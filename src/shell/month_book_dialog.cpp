@@ -43,7 +43,7 @@ std::string CountText(const std::vector<BookChange>& changes) {
          std::to_string(static_cast<std::ptrdiff_t>(changes.size()) - applied - refused) + " as stored";
 }
 
-// False when nothing was stored; it was said why.
+// False, after a message, when nothing was stored.
 bool Apply(Session& s, MonthGrid& grid) {
   GridSaved saved;
   const bool done = OnSheet(s, [&] {

@@ -38,7 +38,7 @@ void RequireTables(Session& s, const std::vector<std::string>& tables) {
                   "The database engine cannot find the input table '" + table + "'.");
 }
 
-// A number from 0, which stands for Null, to the highest that there can be: it is counted up to.
+// A number from 0, which means Null, to the highest possible one, as loops count up to it.
 int Within(Cursor& config, const char* column, int highest) {
   const std::int64_t number = ToInteger(config.Field(column));
   if (number >= 0 && number <= highest) return static_cast<int>(number);
@@ -73,7 +73,7 @@ void OpenAll(Session& s) {
   if (!s.At("CO_COMPANY").EOF_()) OpenCompanion(s);
 }
 
-// "Opened by anna on quay-7 since 14:02.", as far as the other program's note tells it.
+// "Opened by anna on quay-7 since 14:02.", as far as the other program's note can be read.
 std::string Sentence(const std::string& note, const DateTime& now) {
   const auto first = note.find('\t'), second = note.find('\t', first + 1);
   if (second == std::string::npos) return "";
@@ -89,7 +89,7 @@ std::string Sentence(const std::string& note, const DateTime& now) {
   return text + ".";
 }
 
-// Puts this run's note on the file. When another run's is on it, a Fault, and `holder` says whose.
+// Puts this run's note on the file. A Fault when another run's is on it; `holder` gets whose.
 void TakeNote(Session& s, std::string& holder) {
   const DateTime now = s.platform.Now();
   std::string found;
@@ -109,7 +109,7 @@ void TellReadOnlyFolder(Session& s) {
        Icon::kWarning);
 }
 
-// True when the user wants to try again.
+// True when the user chooses to try again.
 bool TellOpenFault(Session& s, const Fault& fault, const std::string& holder) {
   const bool in_use = fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable;
   const std::string text = std::string(in_use ? kInUse : kCannotOpen) + "\n\nError # " + std::to_string(fault.number) +
@@ -167,7 +167,7 @@ void RepairOnFirstOpen(Session& s) {
              "QC_XREF.EquipID = QC.EquipID)");
     Ignoring(db, "DELETE FROM QC WHERE [Desc]='Value exceeded by equipment sum'");
   } catch (const Fault&) {
-    // the open that follows tells what is wrong with the file
+    // the open that follows reports the failure
   }
 }
 

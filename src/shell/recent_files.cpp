@@ -49,7 +49,7 @@ void RememberFile(Session& s) {
     for (std::size_t i = 0; i < paths.size() && i < kRecentFiles; ++i)
       s.platform.StoreSetting(kSection, std::to_string(i + 1), paths[i]);
   } catch (const Fault&) {
-    // a list of comforts: settings that cannot be written are told where a choice depends on them
+    // the list is not essential: unwritable settings are reported only where a choice depends on them
   }
 }
 
@@ -68,7 +68,7 @@ void ShowRecentFiles(Session& s) {
 }
 
 void OpenRecentFile(Session& s, int number) {
-  // the one that the command shows, whatever has gone since
+  // the one that the command shows, even if others have been removed from the list since
   const std::string path = s.main->At(RecentCommand(number)).bookmark;
   if (FileExists(path)) return OpenDatabaseFile(s, path);
   ShowRecentFiles(s);

@@ -163,7 +163,7 @@ void SaveSheet(Session& s, bool after_qc) {
   s.db.NoticeOthers();
   if (s.current.Is(level::kUser)) SaveOperator(s);
   if (s.current.Is(level::kStructure)) {
-    // the tree record tells the truth before the structure is saved
+    // the tree record is updated before the structure is saved
     TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;
     if (row != nullptr) row->Status = s.main->At(names::chkSTRUCTURE_Status).checked ? "I" : "A";
     SaveStructure(s);

@@ -20,7 +20,7 @@ int NumberOf(const std::map<std::string, std::string>& row, const char* column) 
 
 constexpr std::size_t kMostOfStructure = 300;
 
-// Of a place, which stands in every row: more than anybody has typed there is cut off.
+// The texts of a place are repeated in every row, so unreasonably long ones are cut.
 std::string Part(const std::map<std::string, std::string>& row, const char* column) {
   constexpr std::size_t kMost = 100;
   const std::string text = TextAt(row, column);
@@ -44,7 +44,7 @@ const RecordedTable* RecordedTableNamed(Database& db, const std::string& name, s
   return nullptr;
 }
 
-// What a step says of whole rows; the first word counts, and the step itself speaks first.
+// The verb for whole rows; the first match counts, the step's own title first.
 void RowFinder::Learn(std::int64_t step) {
   for (std::string& read : PartsOf(s_.companion, step)) {
     const std::string& part = parts_.emplace_back(std::move(read));

@@ -20,7 +20,7 @@ bool IsXlsx(const std::string& path) {
   return Lower(path).ends_with(".xlsx");
 }
 
-// Empty when the user gives no name, or wants to keep the file that bears it.
+// Empty when the user cancels, or does not want to overwrite the file.
 std::string AskPath(Session& s) {
   std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
                                          "Save to Excel File",

@@ -26,7 +26,7 @@ const Control* FieldInHand(Form& form, const MonthRecord& record) {
     return std::any_of(record.fields.begin(), record.fields.end(),
                        [&](const FieldSpec* field) { return field->control == name; });
   };
-  // the labels remember which field it was, and which one asked for the focus last
+  // the labels hold the field that is shown, and the one that requested the focus last
   std::string &name = form.At(kField).bookmark, &asked = form.At(kAdvice).bookmark;
   if (asked != record.form->focus) {
     asked = record.form->focus;

@@ -38,7 +38,7 @@ ThingKind KindOfNode(const std::string& key) {
   }
 }
 
-// Nodes of the month where the user stands come first.
+// Nodes of the user's present month come first.
 void AddNodes(const Session& s, std::vector<Thing>& things) {
   std::vector<int> order = s.tree.InOrder();
   const int here = s.current.Month;

@@ -289,7 +289,7 @@ void RefreshDescTree(Session& s) {
       SelectRoot(s);
     s.mode_changed_to_desc = false;
   } catch (const Fault&) {
-    // a description tree that cannot be built, or a node that is gone, ends here without a word
+    // a description tree that cannot be built, or a node that no longer exists, is ignored here
   }
 }
 

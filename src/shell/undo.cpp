@@ -26,7 +26,7 @@ void ReadConfiguration(Session& s) {
 
 using Replay = std::optional<InTheWay> (*)(Companion&, std::int64_t);
 
-// The step to go to decides the place: where the user stood before it, or stands behind it.
+// The target step decides the place: the user's place before it, or after it.
 bool Run(Session& s, const HistoryStep& step, Replay replay, const char* what, const std::string& place) {
   bool done = false;
   if (!BackUpOnceADay(s)) return false;

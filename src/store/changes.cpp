@@ -1,4 +1,4 @@
-// The declarations of the engine's pre-update hook are asked for by name.
+// The engine declares its pre-update hook only with this definition.
 #ifndef SQLITE_ENABLE_PREUPDATE_HOOK
 #define SQLITE_ENABLE_PREUPDATE_HOOK 1
 #endif
@@ -30,7 +30,7 @@ std::int64_t UnZigZag(std::uint64_t number) {
 
 // Whether the number is stored as well by its whole number; the negative zero is not.
 bool IsWhole(double number) {
-  constexpr double kMost = 9007199254740992.0;  // every whole number up to here has a double of its own
+  constexpr double kMost = 9007199254740992.0;  // every whole number up to this one is exactly a double
   if (!(number > -kMost && number < kMost)) return false;
   const auto whole = static_cast<double>(static_cast<std::int64_t>(number));
   return std::memcmp(&whole, &number, sizeof number) == 0;
@@ -199,7 +199,7 @@ void ChangeRecorder::Changing(void* self, sqlite3*, int act, const char* schema,
   const auto found = own ? recorder.by_name_.find(std::string_view(table))
                          : recorder.by_name_.find(std::string(schema).append(".").append(table));
   if (found == recorder.by_name_.end()) return;
-  if (act == SQLITE_UPDATE && from != to) {  // another row number: one row goes, another one comes
+  if (act == SQLITE_UPDATE && from != to) {  // a new row number: recorded as a deletion and an insertion
     recorder.Add(SQLITE_DELETE, found->second, from, from);
     recorder.Add(SQLITE_INSERT, found->second, to, to);
   } else {

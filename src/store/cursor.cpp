@@ -95,7 +95,7 @@ std::size_t Cursor::ColumnIndex(std::string_view column) const {
 
 void Cursor::Refresh() {
   if (seen_changes_ == changes_.Count()) return;
-  // a row that a statement deleted is not found, and the cursor still stands on what it read
+  // a row that a statement deleted is not found, and the cursor keeps what it read
   const Value row_id = row_id_;
   Fetch(refresh_, {&row_id});
   seen_changes_ = changes_.Count();

@@ -177,7 +177,7 @@ class Database::Running {
       return sqlite3_bind_text64(statement_, at, s->data(), s->size(), SQLITE_STATIC, SQLITE_UTF8);
     return sqlite3_bind_null(statement_, at);
   }
-  // A constructor that fails has no destructor: the statement goes back into the cache as it came.
+  // The destructor does not run when the constructor fails, so the statement is reset here.
   [[noreturn]] void FailBinding() {
     const int code = sqlite3_extended_errcode(db_.db_);
     sqlite3_clear_bindings(statement_);
@@ -241,7 +241,7 @@ void Database::OpenWith(const std::string& path, int flags) {
     };
     sqlite3_rollback_hook(db_, taken_back, this);
     Execute("PRAGMA foreign_keys=ON");
-    // a journal that a power cut brought back would take back what had been told as saved
+    // a journal that reappears after a power cut would roll back what was reported as saved
     Execute("PRAGMA synchronous=EXTRA");
     Query("SELECT COUNT(*) FROM sqlite_master");  // reads the header: a foreign or a locked file shows here
     if (writes) LeaveWriteAheadLog();
@@ -298,7 +298,7 @@ void Database::CopyTo(const std::string& path) {
   if (code != SQLITE_OK) FailWith(code, sqlite3_errstr(code));
   sqlite3_exec(copy, "PRAGMA synchronous=OFF; PRAGMA journal_mode=OFF", nullptr, nullptr, nullptr);
   CopyPages(copy, "main");
-  // whatever journal this file keeps, the copy stands alone
+  // whatever journal mode the file has, the copy is a single file
   code = sqlite3_exec(copy, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) FailWith(code, sqlite3_errmsg(copy));
 }
@@ -382,7 +382,7 @@ void Database::Close() {
   try {
     if (!sqlite3_get_autocommit(db_)) EndBatch();
   } catch (const Fault&) {
-    // nobody is left to hear of it
+    // there is nobody to report it to
   }
   cache_.clear();  // last: a statement that is left keeps the connection, and its lock, alive
   recorder_.Stop();
@@ -524,7 +524,7 @@ void Database::NoticeOthers() {
     ++unseen_changes_;
     TellAllChanged();
   } catch (const Fault&) {
-    // what follows meets the same failure and tells it
+    // the next statement meets the same failure and reports it
   }
 }
 
@@ -569,7 +569,7 @@ void AllOrNothing::Keep() {
 }
 
 AllOrNothing::~AllOrNothing() {
-  // the engine has taken everything back by itself when it ended the batch
+  // the engine has rolled everything back when it ended the batch itself
   if (!open_ || !db_.IsOpen() || sqlite3_get_autocommit(db_.db_)) return;
   sqlite3_exec(db_.db_, "ROLLBACK TO all_or_nothing; RELEASE all_or_nothing", nullptr, nullptr, nullptr);
   db_.recorder_.BackTo(mark_);

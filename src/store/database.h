@@ -138,12 +138,11 @@ class Database {
   // Ends with the connection.
   void RecordChanges(std::vector<RecordedTable> more = {});
   const ChangeRecorder& recorder() const { return recorder_; }
-  // Called with the rows of every batch that was committed, in the order in which the listeners came. A number to
-  // forget the listener by.
+  // Called with the rows of every batch that was committed, in the order in which the listeners came, until the
+  // connection is destroyed.
   using Listener = std::function<void(const Changes&)>;
-  int Listen(Listener listener);
-  void Forget(int listener);
-  // Tells the listeners that any row may be another one.
+  void Listen(Listener listener);
+  // Reports to the listeners that any row may have changed.
   void TellAllChanged();
   // The partner outlives the connection; null for none.
   void SetPartner(BatchPartner* partner) { partner_ = partner; }
@@ -221,8 +220,7 @@ class Database {
   std::unordered_map<std::string, TableChanges> tables_;
   ChangeRecorder recorder_;
   BatchPartner* partner_ = nullptr;
-  std::vector<std::pair<int, Listener>> listeners_;
-  int last_listener_ = 0;
+  std::vector<Listener> listeners_;
 };
 
 // Many writes, one commit. The outermost batch begins and commits. It also commits when its scope is left by a fault,

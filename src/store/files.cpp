@@ -130,7 +130,7 @@ void CheckPages(const std::string& path) {
 
 void RemoveFile(const std::string& path) {
   std::error_code error;
-  // an empty folder would go without a word
+  // remove() would delete an empty folder
   if (fs::is_directory(path, error))
     throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": it is a folder.");
   if (fs::remove(path, error)) return;
@@ -156,7 +156,7 @@ bool TableExists(const std::string& path, std::string_view table) {
 bool IsCurrentDatabase(const std::string& path) {
   try {
     Database db;
-    db.OpenReadOnly(path);  // a file that cannot be written tells its version, too
+    db.OpenReadOnly(path);  // the version of a read-only file can be read too
     return db.HasTable("EA_LOA");
   } catch (const Fault&) {
     return true;  // its failure shows when it is opened

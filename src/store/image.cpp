@@ -109,7 +109,7 @@ class Hold {
   sqlite3_file* file_ = nullptr;
 };
 
-// A folder of this run's own, gone with it.
+// A temporary folder, removed by its destructor.
 class PrivateFolder {
  public:
   PrivateFolder() {

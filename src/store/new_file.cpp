@@ -59,7 +59,7 @@ void RemoveWithJournals(const std::string& path) {
   for (const char* journal : kJournals) host::Remove(path + journal);
 }
 
-// ---- what a name stands for ----
+// ---- the real path of a name ----
 
 // Follows links one by one, as the last one may lead to a file that is not there yet.
 fs::path WithoutLinks(const std::string& name) {
@@ -75,7 +75,7 @@ fs::path WithoutLinks(const std::string& name) {
   return error ? path.lexically_normal() : folder / path.filename();
 }
 
-// Whether the rest of a file name behind the inventory's makes it a file that belongs to the inventory.
+// Whether the rest of a file name after the inventory's makes it a file that belongs to the inventory.
 bool IsOwnSuffix(std::string rest) {
   rest = Lower(rest);
   if (rest.starts_with(kCompanion)) rest.erase(0, std::string_view(kCompanion).size());
@@ -85,7 +85,7 @@ bool IsOwnSuffix(std::string rest) {
   return false;
 }
 
-// Names are compared without regard to case, since some file systems do not tell them apart.
+// Names are compared without regard to case, as some file systems do.
 bool IsNamedAsOwn(const fs::path& inventory, const fs::path& path) {
   std::error_code error;
   if (!fs::equivalent(inventory.parent_path(), path.parent_path(), error)) return false;
@@ -114,8 +114,8 @@ void KeepClearOfInventory(const std::string& inventory, const fs::path& path) {
 
 // ---- a file in the making ----
 
-// A note of an unfinished file. It is locked as long as its program lives, so that a start tells the notes of killed
-// programs from those of running ones.
+// A note of an unfinished file. It is locked while its program runs, so that a later start can distinguish the notes of
+// killed programs from those of running ones.
 class Note {
  public:
   explicit Note(const std::string& folder) : folder_(folder) {

@@ -1,4 +1,4 @@
-// The parts of a connection that records: batches with a partner, what listeners are told, rows put back.
+// The recording part of a connection: batches with a partner, notification of listeners, restoring of rows.
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -109,7 +109,7 @@ WithoutRelations::~WithoutRelations() {
   try {
     if (db_.IsOpen()) db_.Execute("PRAGMA foreign_keys=ON");
   } catch (const Fault&) {
-    // the connection is of no use any more; what follows meets the same failure
+    // the connection cannot be used any more; the next statement meets the same failure
   }
 }
 
@@ -130,18 +130,13 @@ void Database::RecordChanges(std::vector<RecordedTable> more) {
   recorder_.Start(db_, std::move(tables));
 }
 
-int Database::Listen(Listener listener) {
-  listeners_.emplace_back(++last_listener_, std::move(listener));
-  return last_listener_;
-}
-
-void Database::Forget(int listener) {
-  std::erase_if(listeners_, [listener](const auto& known) { return known.first == listener; });
+void Database::Listen(Listener listener) {
+  listeners_.push_back(std::move(listener));
 }
 
 void Database::Tell(const Changes& changes) {
   if (changes.empty()) return;
-  for (const auto& [number, listener] : std::vector(listeners_)) listener(changes);
+  for (const Listener& listener : std::vector(listeners_)) listener(changes);
 }
 
 void Database::TellAllChanged() {
@@ -198,7 +193,7 @@ void Database::BeginBatch() {
 
 void Database::EndBatch() {
   Changes changes = recorder_.Take();
-  // the engine ends a batch by itself when the disk fails; nothing is left to commit then
+  // the engine itself ends a batch when the disk fails; nothing is left to commit then
   if (sqlite3_get_autocommit(db_)) return;
   try {
     if (partner_ != nullptr) partner_->Write(changes);

@@ -24,18 +24,24 @@ TEST(TrimRight, leaves_the_blanks_in_front) {
   EXPECT_EQ(TrimRight("   "), "");
 }
 
-TEST(PadLeft, puts_blanks_in_front_up_to_the_width) {
-  EXPECT_EQ(PadLeft("1", 2), " 1");
-  EXPECT_EQ(PadLeft("", 3), "   ");
-  EXPECT_EQ(PadLeft("12", 2), "12");
+std::string Padded(std::string_view text, std::size_t width) {
+  std::string padded = "|";
+  AppendPadded(padded, text, width);
+  return padded.substr(1);
 }
 
-TEST(PadLeft, leaves_a_text_that_is_longer_than_the_width) {
-  EXPECT_EQ(PadLeft("12345", 2), "12345");
+TEST(AppendPadded, puts_blanks_in_front_up_to_the_width) {
+  EXPECT_EQ(Padded("1", 2), " 1");
+  EXPECT_EQ(Padded("", 3), "   ");
+  EXPECT_EQ(Padded("12", 2), "12");
 }
 
-TEST(PadLeft, counts_characters_and_not_bytes) {
-  EXPECT_EQ(PadLeft("Ä1", 4), "  Ä1");
+TEST(AppendPadded, leaves_a_text_that_is_longer_than_the_width) {
+  EXPECT_EQ(Padded("12345", 2), "12345");
+}
+
+TEST(AppendPadded, counts_characters_and_not_bytes) {
+  EXPECT_EQ(Padded("Ä1", 4), "  Ä1");
 }
 
 TEST(Upper, folds_ascii_letters_only) {

@@ -173,21 +173,6 @@ TEST_F(AtTheDesk, hides_the_nodes_that_lack_a_word_and_keeps_it_so_when_the_tree
   EXPECT_FALSE(Hidden(run.Key("FLA", "F1")));
 }
 
-TEST_F(AtTheDesk, finds_a_node_by_its_id_as_well_as_by_its_type) {
-  for (TreeNode& node : run.s.tree.nodes) node.expanded = true;
-  EXPECT_EQ(FindByTyping(run.s.tree, 0, "f2"), Node(run.Key("FLA", "F2", 1)));
-  EXPECT_EQ(FindByTyping(run.s.tree, 0, "comb"), Node(run.Key("FLA", "F1", 1)));
-  EXPECT_EQ(FindByTyping(run.s.tree, Node(run.Key("FLA", "F1", 1)), "comb"), Node(run.Key("FLA", "F2", 1)));
-  EXPECT_EQ(FindByTyping(run.s.tree, 0, "zz"), -1);
-}
-
-TEST_F(AtTheDesk, steps_into_collapsed_nodes) {
-  for (TreeNode& node : run.s.tree.nodes) node.expanded = false;
-  EXPECT_EQ(Neighbour(run.s.tree, Node(run.Key("", "", 1)), 1), Node(run.Key("FLA", "F1", 1)));
-  EXPECT_EQ(Neighbour(run.s.tree, Node(run.Key("FLA", "F1", 1)), -1), Node(run.Key("", "", 1)));
-  EXPECT_EQ(Neighbour(run.s.tree, 0, -1), -1);
-}
-
 TEST_F(AtTheDesk, says_what_a_deletion_takes_along_and_has_cancel_under_enter) {
   run.ChangeTo(Mode::kDesc);
   run.Select(run.Key());

@@ -144,15 +144,6 @@ TEST_F(Recording, tells_that_anything_may_have_changed_when_another_program_wrot
   EXPECT_TRUE(all);
 }
 
-TEST_F(Recording, does_not_tell_a_listener_that_was_forgotten) {
-  int others = 0;
-  const int number = db.Listen([&](const Changes&) { ++others; });
-  db.Forget(number);
-  Batch({"INSERT INTO QC (FieldID) VALUES ('a')"});
-  EXPECT_EQ(others, 0);
-  EXPECT_EQ(told, 1);
-}
-
 // Values of every kind, in rows that are added, changed and removed, there and back.
 TEST_F(Recording, brings_rows_back_and_forth_value_by_value) {
   Batch({"INSERT INTO PD_PLATFORM_DESC (PD_ID_AK,Name,LONGITUDE,LATITUDE) VALUES (1,'',5,-0.0)",
