@@ -13,8 +13,8 @@ class ListModel {
   virtual ~ListModel() = default;
   virtual int RowCount() const = 0;
   virtual std::string Text(int row, int column) const = 0;
-  // Reads ahead what the texts of these rows need from the store. A view calls it before rows scroll into sight, so that
-  // painting them reads nothing.
+  // Reads ahead what the texts of these rows need from the store. A view calls it before rows scroll into sight, so
+  // that painting them reads nothing.
   virtual void Prepare(int /*first*/, int /*count*/) {}
   // Grows with every change of the rows or of their order.
   virtual std::uint64_t Revision() const = 0;
