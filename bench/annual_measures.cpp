@@ -27,7 +27,7 @@ std::string JudgedColumns(std::string_view pass, std::string_view table, const s
   return columns;
 }
 
-// Every row that the pass looks at, by one join a type, and of it what is judged and where it stands.
+// The rows that the pass reads, by one join per type: the judged columns and the place.
 std::size_t ReadTables(PlainFile& file, const std::vector<std::string>& codes) {
   constexpr const char* kPlace = "p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM";
   std::size_t sum =

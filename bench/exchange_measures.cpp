@@ -78,7 +78,7 @@ double ExportPlain(const Workshop& shop) {
 
 // ---- import ----
 
-// An inventory of twelve months with one structure that the imported ones do not meet.
+// An inventory of twelve months with one structure, other than the imported ones.
 std::string Target(const Workshop& shop, const std::string& name) {
   const std::string path = shop.FreshCopy(shop.single, name);
   PlainFile(path).Run("UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='Z' || CMPLX_ID_NUM");

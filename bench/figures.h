@@ -18,7 +18,7 @@ struct Pair {
 
 struct Measure {
   std::string name;
-  double aim = 0;  // the most that ours may cost, in times of the plain side; 0 for no aim
+  double aim = 0;  // the most that ours may take, in multiples of the plain side; 0 for no aim
   int repetitions = 5;
   std::function<Pair()> once;
 };

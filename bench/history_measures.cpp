@@ -1,6 +1,6 @@
-// What the history costs: the same acts with the recorder and the companion, and on a connection that records nothing.
-// Saves, runs and imports are counted in the processor's time, since waiting for the disk would hide the difference;
-// a commit is all waiting, and is counted by the clock.
+// The cost of the history: the same acts with the recorder and the companion, and on a connection that records nothing.
+// Saves, runs and imports are measured in processor time, since waiting for the disk would hide the difference; a
+// commit is mostly waiting, and is measured by the clock.
 #include <ctime>
 #include <stdexcept>
 

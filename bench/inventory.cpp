@@ -228,6 +228,14 @@ InventoryPlan FullInventory() {
   return plan;
 }
 
+InventoryPlan OneOfEachType(int structures, int months) {
+  InventoryPlan plan;
+  plan.structures = structures;
+  plan.equipment = structures * 16;
+  plan.months = months;
+  return plan;
+}
+
 std::vector<std::string> MonthlyTypes() {
   std::vector<std::string> codes;
   for (const EquipmentType& type : EquipmentTypes())

@@ -26,6 +26,8 @@ struct InventoryPlan {
 // twelve months make 39,996 equipment months, when all are of types with activity.
 InventoryPlan EverydayInventory();
 InventoryPlan FullInventory();
+// Sound structures with a piece of equipment of each type.
+InventoryPlan OneOfEachType(int structures, int months);
 
 // The fifteen types with activity. With fugitives in the mix a file holds fewer equipment months.
 std::vector<std::string> MonthlyTypes();

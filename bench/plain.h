@@ -45,7 +45,7 @@ class PlainStatement {
   void Execute();
   // Every row with every column; the result depends on all of them, so that none is left unread.
   std::size_t ReadAll();
-  // The columns of the row that it stands on.
+  // The columns of the current row.
   std::size_t ReadRow() const;
   std::int64_t Integer(int column) const;
   std::string Text(int column) const;

@@ -1,5 +1,5 @@
-// The outside world of a run that nobody watches: every box is answered with its first button, dialogs close
-// at once, nothing is painted, and the settings name one database file.
+// The platform of an unattended run: every box is answered with its first button, dialogs close at once, nothing is
+// painted, and the settings name one database file.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ class QuietPlatform : public Platform, public SilentUi {
 
   std::uint64_t free_bytes = 0;
 
-  // Boxes so far, and the text of the last one: a run that should say nothing can be held to it.
+  // Boxes so far, and the text of the last one, to check runs that must show none.
   int boxes() const { return boxes_; }
   const std::string& last_box() const { return last_box_; }
 

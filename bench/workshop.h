@@ -45,7 +45,7 @@ struct Opened {
   QuietPlatform platform;
   Session s;
 
-  // Throws std::runtime_error when the program has told anything: figures of a failed run mean nothing.
+  // Throws std::runtime_error when the program has shown a box: figures of a failed run mean nothing.
   void ExpectSilence() const;
 };
 

@@ -5,7 +5,6 @@
 #include "qc/comment_key.h"
 #include "rules/judge.h"
 #include "session/act.h"
-#include "session/messages.h"
 
 namespace merlu {
 namespace {
@@ -54,21 +53,20 @@ std::int64_t WriteRow(Session& s, const FindingToExplain& at) {
 bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment) {
   const Act act(s, "Comment");
   if (!act.MayWrite()) return false;
-  return OnSheet(s, [&] {
-    WriteBatch batch(s.db);
-    AllOrNothing whole(s.db);
-    for (const FindingToExplain& each : findings) {
-      std::int64_t row = each.row;
-      // another program may have taken it, or put another one there
-      if (row == 0 || IsNull(s.db.Single("SELECT 1 FROM QC WHERE rowid=? AND trim(FieldID)=trim(?)", {row, each.tag})))
-        row = FindRow(s, each);
-      if (row == 0) row = WriteRow(s, each);
-      s.db.Execute("UPDATE QC SET [Desc]=?,Comments=? WHERE rowid=?", {each.text, comment, row});
-      KeepComment(s.companion, CommentKey(each.location, each.tag, each.text), {comment, each.value});
-    }
-    whole.Keep();
-    batch.Commit();
-  });
+  WriteBatch batch(s.db);
+  AllOrNothing whole(s.db);
+  for (const FindingToExplain& each : findings) {
+    std::int64_t row = each.row;
+    // another program may have taken it, or put another one there
+    if (row == 0 || IsNull(s.db.Single("SELECT 1 FROM QC WHERE rowid=? AND trim(FieldID)=trim(?)", {row, each.tag})))
+      row = FindRow(s, each);
+    if (row == 0) row = WriteRow(s, each);
+    s.db.Execute("UPDATE QC SET [Desc]=?,Comments=? WHERE rowid=?", {each.text, comment, row});
+    KeepComment(s.companion, CommentKey(each.location, each.tag, each.text), {comment, each.value});
+  }
+  whole.Keep();
+  batch.Commit();
+  return true;
 }
 
 }  // namespace merlu

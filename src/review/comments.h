@@ -18,8 +18,8 @@ struct FindingToExplain {
 };
 
 // Writes one comment to all of them, as one step: a finding that the log lacks is first written as a run would write
-// it. If the log already has a row under the tag, that row gets the comment. False after a fault, which is shown; then
-// none has the comment.
+// it. If the log already has a row under the tag, that row gets the comment. False when the user gave up for want of a
+// backup. Faults are passed on; then none has the comment.
 bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment);
 
 }  // namespace merlu

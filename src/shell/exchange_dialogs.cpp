@@ -8,7 +8,6 @@
 
 #include "base/text.h"
 #include "exchange/export_file.h"
-#include "exchange/filename_rule.h"
 #include "exchange/import_file.h"
 #include "exchange/structure_import.h"
 #include "forms/dialog.h"
@@ -22,6 +21,7 @@
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/edit_modes.h"
+#include "shell/filename_rule.h"
 #include "shell/import_plan_dialog.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"

@@ -201,7 +201,9 @@ void EditComment(Session& s, Form& dock) {
   dialog.At(names::txtErrorDesc).text = one ? picked.front().text : "";
   dialog.At(names::txtComments).text = OfferedComment(s, picked);
   dialog.On(names::cmdOK, Event::kClick, [&s, &dialog, &picked] {
-    if (!ExplainFindings(s, picked, dialog.At(names::txtComments).text)) return;
+    bool done = false;
+    OnSheet(s, [&] { done = ExplainFindings(s, picked, dialog.At(names::txtComments).text); });
+    if (!done) return;
     s.desk.Hide(dialog);
     ShowCommentsOfSheet(s);
   });

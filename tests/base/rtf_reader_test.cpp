@@ -201,7 +201,7 @@ TEST(RtfReader, reads_the_other_desktops_dialect) {
   EXPECT_EQ(At(document, 3).list, 1);
 }
 
-// ---- files that nobody wrote ----
+// ---- malformed files ----
 
 // A small generator whose numbers are the same on every machine.
 struct Dice {

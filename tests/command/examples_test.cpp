@@ -30,7 +30,7 @@ class CommandExample : public testing::Test {
                            "UPDATE PA_PLATFORM_ACTV SET status='I'", "UPDATE PD_PLATFORM_DESC SET status='I'"});
   }
   std::string File(const std::string& name) const { return run.folder.path("inventories/" + name); }
-  // The exit status; what was said stands in `said`.
+  // The exit status; the output is in `said`.
   int Play(const std::string& line) {
     const std::string command = "MERLU='" MERLU_BUILD_FOLDER "/merlu' '" MERLU_SOURCE_FOLDER "/examples/'" + line +
                                 " > '" + run.folder.path("said") + "' 2>&1";

@@ -1,4 +1,4 @@
-// The commands over files that somebody has tampered with, on a disk that is full, and killed at any moment.
+// The commands on tampered files, on a full disk, and killed at any moment.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -17,12 +17,6 @@
 
 namespace merlu::test {
 namespace {
-
-std::string Bytes(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 InventoryPlan Plan() {
   InventoryPlan plan;
@@ -106,7 +100,7 @@ class Robust : public testing::Test {
   }
   // A whole file of its kind.
   static bool IsWhole(const std::string& path) {
-    const std::string bytes = Bytes(path);
+    const std::string bytes = FileBytes(path);
     if (path.ends_with(".pdf")) return bytes.starts_with("%PDF-") && bytes.find("%%EOF") != std::string::npos;
     if (path.ends_with(".xlsx")) return bytes.starts_with("PK") && bytes.find("PK\x05\x06") != std::string::npos;
     return NullToEmpty(RawValue(path, "PRAGMA integrity_check")) == "ok";
@@ -127,15 +121,15 @@ class Robust : public testing::Test {
   std::string said;
 };
 
-// Each file meets a third of the commands in turn, each command a third of the files.
+// Each file is used with a third of the commands in turn, each command with a third of the files.
 TEST_F(Robust, every_command_lives_with_files_that_were_tampered_with) {
-  const std::string sound = Bytes(Path("FILE"));
+  const std::string sound = FileBytes(Path("FILE"));
   std::size_t turn = 0;
   for (const auto* tamperings : {&Tamperings(), &ForeignTamperings()})
     for (const Tampering& tampering : *tamperings) {
       PutFile(sound);
       Raw(Path("FILE"), tampering.statements);
-      const std::string tampered = Bytes(Path("FILE"));
+      const std::string tampered = FileBytes(Path("FILE"));
       for (const Line& line : Lines()) {
         if (line.twice || turn++ % 3 != 0) continue;
         const std::string out = Out(line);
@@ -144,7 +138,7 @@ TEST_F(Robust, every_command_lives_with_files_that_were_tampered_with) {
         const Status status = Play(line);
         EXPECT_NE(status, Status::kWrongUsage);
         EXPECT_TRUE(status != Status::kFile || said != "");
-        EXPECT_TRUE(line.writes || Bytes(Path("FILE")) == tampered);
+        EXPECT_TRUE(line.writes || FileBytes(Path("FILE")) == tampered);
         EXPECT_TRUE(out.empty() || !fs::exists(out) || IsWhole(out));
         const bool something = status == Status::kSomething;  // it may lack the month or the structure
         EXPECT_TRUE(out.empty() || something || fs::exists(out) == (status == Status::kWell)) << said;
@@ -190,7 +184,7 @@ int RunProgram(const std::string& command, const std::vector<std::string>& words
 }
 
 TEST_F(Robust, a_full_disk_leaves_no_half_file_and_the_inventory_as_it_was) {
-  const std::string sound = Bytes(Path("FILE")), state = State();
+  const std::string sound = FileBytes(Path("FILE")), state = State();
   int failed = 0;
   for (const Line& line : Lines()) {
     const std::string out = Out(line);
@@ -205,7 +199,7 @@ TEST_F(Robust, a_full_disk_leaves_no_half_file_and_the_inventory_as_it_was) {
       if (status == 3) {
         ++failed;
         EXPECT_EQ(State(), state);
-        EXPECT_TRUE(line.writes || Bytes(Path("FILE")) == sound);
+        EXPECT_TRUE(line.writes || FileBytes(Path("FILE")) == sound);
         for (const auto& entry : fs::directory_iterator(elsewhere.path()))
           EXPECT_FALSE(entry.path().filename().string().starts_with(".")) << entry.path() << " is left";
       }
@@ -215,7 +209,7 @@ TEST_F(Robust, a_full_disk_leaves_no_half_file_and_the_inventory_as_it_was) {
 }
 
 TEST_F(Robust, a_kill_leaves_no_half_file_and_the_inventory_as_before_or_after) {
-  const std::string sound = Bytes(Path("FILE"));
+  const std::string sound = FileBytes(Path("FILE"));
   for (const Line& line : Lines()) {
     const std::string out = Out(line);
     if (out.empty() && !line.writes) continue;
@@ -235,7 +229,7 @@ TEST_F(Robust, a_kill_leaves_no_half_file_and_the_inventory_as_before_or_after) 
       EXPECT_TRUE(out.empty() || !fs::exists(out) || IsWhole(out));
       const std::string state = State();
       EXPECT_TRUE(state == before || state == after) << state << " is neither " << before << " nor " << after;
-      EXPECT_TRUE(line.writes || Bytes(Path("FILE")) == sound);
+      EXPECT_TRUE(line.writes || FileBytes(Path("FILE")) == sound);
     }
   }
 }

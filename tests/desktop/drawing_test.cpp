@@ -1,4 +1,4 @@
-// What drawing costs: the store is asked after acts, not while the window is drawn.
+// Drawing runs no SQL: the store is read after acts, not while the window is drawn.
 #include <sqlite3.h>
 
 #include "desktop/acts.h"

@@ -32,7 +32,7 @@ class Driver {
     app->StoreSetting("Options", "DBloc", path_);
     Watch();
   }
-  // For a test that meets all dialogs by itself.
+  // For a test that handles all dialogs itself.
   void LeaveDialogsToTheTest() { watches_ = false; }
 
   // Runs the steps, each when the dialog or box before it is open; then starts the program.
@@ -159,7 +159,7 @@ class Driver {
   const TemporaryFolder& folder() const { return folder_; }
 
  private:
-  // Looks whenever the event loop is idle for a dialog that nobody has in hand.
+  // Looks for an unhandled dialog whenever the event loop is idle.
   void Watch() {
     QTimer::singleShot(1, &guard_, [this] {
       Watch();

@@ -1,4 +1,4 @@
-// A month typed in the windows by real keys: the grid, the strip, and what stands beside the fields of a sheet.
+// A month typed in the windows by real keys: the grid, the strip, and the texts beside the fields of a sheet.
 #include <QClipboard>
 #include <QHeaderView>
 #include <QScrollBar>
@@ -96,7 +96,7 @@ TEST_F(EntryWindows, a_column_is_typed_a_column_is_pasted_an_error_is_put_right_
     EXPECT_EQ(Text(0, kVolume), "1200");
     EXPECT_EQ(Text(19, kVolume), "1219");
     EXPECT_EQ(Text(20, kVolume), "");
-    // the error is told where one stands, and put right
+    // the error is shown at the current cell, and corrected
     GoTo(19, kHours);
     driver->Settle();
     EXPECT_EQ(driver->Text("lblGRD_Message"), "Value not in expected range (0 to 744)");

@@ -1,5 +1,5 @@
-// What hands do to a window that no table foresees: keys in odd places, double clicks, pasted cells, assistive
-// programs, and a database that fails while the window is drawn.
+// Unusual input: keys in odd places, double clicks, pasted cells, assistive programs, and a database that fails while
+// the window is drawn.
 #include <QClipboard>
 #include <QTabBar>
 #include <QToolTip>

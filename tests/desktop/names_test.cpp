@@ -1,4 +1,4 @@
-// What a screen reader is told: every control has a name, and every caption leads to its field.
+// Names for screen readers: every control has a name, and every caption is the label of its field.
 #include <QAccessible>
 #include <QAction>
 #include <QHeaderView>

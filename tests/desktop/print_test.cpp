@@ -79,7 +79,7 @@ TEST_F(Paper, takes_as_many_pages_as_the_whole_form_needs) {
   const QString facts = Read("pdfinfo", {file});
   const auto pages = QRegularExpression("Pages: +([0-9]+)\n").match(facts).captured(1).toInt();
   EXPECT_GT(pages, 2);
-  // what the scroll hides is there: not all of the page it would stand on is one colour
+  // the part that is scrolled out of sight is printed: its page is not blank
   const QString page = QString::fromStdString(driver.folder().path("page"));
   Read("pdftoppm",
        {"-r", "50", "-png", "-f", QString::number(pages), "-l", QString::number(pages), "-singlefile", file, page});

@@ -1,4 +1,4 @@
-// What stands around the sheets: the splash, the keys, the status bar, the wait screen.
+// The shell around the sheets: splash, keys, status bar, wait screen.
 #include <sys/wait.h>
 
 #include <QAction>
@@ -212,7 +212,7 @@ TEST_F(Around, every_key_is_there_once_and_every_button_of_all_sheets_tells_its_
   OnFirstFlare();
   std::set<QString> seen;
   for (const Shortcut& row : Shortcuts()) {
-    // what goes from node to node goes from record to record while one is edited
+    // the keys for the next node go to the next record during an edit
     const bool while_editing = std::string(row.id) == "mnuNNext" || std::string(row.id) == "mnuNPrevious";
     EXPECT_TRUE(while_editing || seen.insert(KeysText(row)).second) << row.keys;
     EXPECT_FALSE(std::string(row.what).empty()) << row.keys;

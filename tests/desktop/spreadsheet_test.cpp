@@ -81,7 +81,7 @@ TEST_F(SpreadsheetWindow, says_what_it_does_until_it_is_not_to_be_shown_again) {
 TEST_F(SpreadsheetWindow, writes_an_xlsx_workbook_when_that_type_is_chosen_or_typed) {
   Export("chosen", 1);
   ExpectWhole("chosen.xlsx");
-  greets = false;  // it was said once
+  greets = false;  // it was shown once
   Export("typed.xlsx", 0);
   ExpectWhole("typed.xlsx");
 }

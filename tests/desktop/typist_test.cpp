@@ -383,7 +383,7 @@ TEST(MonthOfTen, takes_at_most_twenty_strokes_beside_the_digits) {
 TEST_F(Typist, types_on_while_a_run_is_at_work_and_finds_it_in_the_field_and_not_in_the_box) {
   Key(Qt::Key_E, Qt::ControlModifier);
   auto* window = driver_->app->window()->windowHandle();
-  // behind the run and before its box: the wait screen is gone, and the findings are there
+  // after the run and before its box: the wait screen is hidden, and the findings are shown
   bool typed = false;
   QObject::connect(&driver_->app->acts(), &Acts::Changed, window, [&] {
     if (typed || S().wait.showing || ToInteger(driver_->Sql("SELECT COUNT(*) FROM QC")) == 0) return;

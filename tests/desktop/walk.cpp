@@ -62,7 +62,7 @@ void ExpectListWhole(const ListField& list) {
   EXPECT_GE(list.width() - kFrameAndArrow, WidthOf(list, list.currentText())) << Named(list, list.currentText());
 }
 
-// The text of a list that takes free text stands on the ground of the list, which tells its state.
+// The text of a list that takes free text has the background of the list, which shows its state.
 void ExpectOneGround(ListField& list) {
   if (!list.isEditable()) return;
   const QImage picture = list.grab().toImage();

@@ -145,7 +145,7 @@ class Walk : public testing::Test {
     Tabs()->setCurrentIndex(0);
     driver_->Click("cmdCANCEL");
   }
-  // One node of each type below the first structure, by the length of its key and where its type stands in it.
+  // One node of each type below the first structure, by the length of its key and the place of the type in it.
   std::map<std::string, std::string> NodeOfEachType(std::size_t length, std::size_t type_at) {
     std::map<std::string, std::string> nodes;
     for (const TreeNode& node : S().tree.nodes)

@@ -1,4 +1,4 @@
-// What the windows let a user do, and how they tell their states apart.
+// What the windows let a user do, and how they show their states.
 #include <QAction>
 #include <QMenu>
 #include <QTreeWidget>

@@ -9,7 +9,7 @@
 
 namespace merlu::test {
 
-// What tells a chapter its next act, and takes what it left.
+// Gives a chapter its next act, and receives the result.
 class Teller {
  public:
   virtual ~Teller() = default;

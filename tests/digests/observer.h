@@ -17,7 +17,7 @@ namespace merlu::test {
 
 using Items = std::map<std::string, std::string>;  // name of the item, its text
 
-// The items whose texts changed, and the names of those that are gone.
+// The items whose texts changed, and the names of those that were removed.
 struct Changes {
   Items changed;
   std::set<std::string> gone;

@@ -242,7 +242,7 @@ void Act(TestRun& run, MonthGrid& grid, Random& random, const SheetSpec* sheet, 
 void SaveOneByOne(TestRun& run, const Typed& records) {
   for (const auto& [at, cells] : records) {
     run.Select(at.key);
-    // what came to stand as it was stored is no change
+    // a value that is again as stored is no change
     std::map<std::string, std::string> changes;
     for (const auto& [control, text] : cells) {
       const Control& field = run.At(control);

@@ -206,7 +206,7 @@ TEST_F(MonthWorkbook, comes_back_as_one_sheet_of_text_too) {
   std::ofstream(run.folder.path("m.csv"), std::ios::binary) << text;
   EXPECT_EQ(Told(PlanMonthBook(run.s, ReadMonthBook(run.folder.path("m.csv")), grid)),
             Texts{"txtFLA_HrsOperated 720>721 changed"});
-  // as a spreadsheet saves it where decimals stand behind a comma
+  // as a spreadsheet saves it in a locale with a decimal comma
   run.Keep({{"txtFLA_HrsOperated", "287.002"}});
   MonthGrid fresh(run.s);
   const auto replace = [&](const std::string& from, const std::string& to) {

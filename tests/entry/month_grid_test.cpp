@@ -1,4 +1,4 @@
-// The month grid: what its cells take and say, what is pasted and copied, and how a save is refused.
+// The month grid: what its cells accept and show, paste and copy, and refused saves.
 #include "entry/month_grid.h"
 
 #include <gtest/gtest.h>

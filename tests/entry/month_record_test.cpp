@@ -190,7 +190,7 @@ TEST_F(MonthEntry, saves_and_goes_on_to_the_next_record_that_is_active) {
   run.TakeBoxes();
   run.Click("mnuNPrevious");
   EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{}) << "its findings stand in the message";
-  // the vent stands before the flare
+  // the vent comes before the flare
   EXPECT_EQ(run.s.current.EquipID, "V1");
   EXPECT_TRUE(run.s.editing);
   EXPECT_EQ(run.s.message, "Flare F1 saved, 1 finding");

@@ -29,7 +29,7 @@ class ForeignFile : public testing::Test {
     MakeInventory(TemplatePath(), path(), plan);
   }
   std::string path() { return run.folder.path("foreign.mdb"); }
-  // What loading the list says, and that nothing else happened.
+  // The box that loading the list shows, and that nothing else happened.
   Texts Loaded() {
     Texts boxes;
     const auto changes = run.s.db.ChangeCount();

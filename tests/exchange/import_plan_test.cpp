@@ -11,20 +11,12 @@
 namespace merlu::test {
 namespace {
 
-InventoryPlan Plan(int structures, int months) {
-  InventoryPlan plan;
-  plan.structures = structures;
-  plan.equipment = structures * 16;
-  plan.months = months;
-  return plan;
-}
-
 class ImportPlanned : public testing::Test {
  protected:
   void Make(int months_here, int months_there) {
     for (const std::string& path : {Here(), There()}) fs::remove(path);
-    MakeInventory(TemplatePath(), Here(), Plan(1, months_here));
-    MakeInventory(TemplatePath(), There(), Plan(2, months_there));
+    MakeInventory(TemplatePath(), Here(), OneOfEachType(1, months_here));
+    MakeInventory(TemplatePath(), There(), OneOfEachType(2, months_there));
     for (const std::string& path : {Here(), There()})
       Raw(path, {"UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID=ED_EQUIP_TYP||1"});
     Raw(There(), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='X'||CMPLX_ID_NUM"});

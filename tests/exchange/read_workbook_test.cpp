@@ -48,7 +48,7 @@ class ReadsWorkbook : public testing::Test {
   std::vector<ForeignSheet> ReadXlsxOf(const std::string& rows, const std::string& behind = "") {
     return Read("a.xlsx", Zip(Xlsx("<sheetData>" + rows + "</sheetData>" + behind)));
   }
-  // The fault's number and what it says.
+  // The fault's number and description.
   std::pair<int, std::string> Refused(const std::string& name, const std::string& bytes) {
     try {
       Read(name, bytes);

@@ -12,20 +12,6 @@
 namespace merlu::test {
 namespace {
 
-InventoryPlan Plan(int structures, int months) {
-  InventoryPlan plan;
-  plan.structures = structures;
-  plan.equipment = structures * 16;
-  plan.months = months;
-  return plan;
-}
-
-std::string Bytes(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
-}
-
 bool Holds(const std::string& path, const std::string& condition) {
   return ToInteger(RawValue(path, "SELECT " + condition)) == 1;
 }
@@ -38,7 +24,7 @@ bool IsNotThere(const std::string& path) {
 
 void MakeOther(TestRun& run) {
   const std::string other = run.folder.path("other.mdb");
-  MakeInventory(TemplatePath(), other, Plan(2, 4));
+  MakeInventory(TemplatePath(), other, OneOfEachType(2, 4));
   Raw(other, {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='X'||CMPLX_ID_NUM"});
 }
 
@@ -56,7 +42,7 @@ void Import(TestRun& run) {
 
 TEST(FaultyDisk, AnImportIsThereWholeOrNotAtAll) {
   ExpectToSurviveFaults({.name = "import",
-                         .plan = Plan(2, 2),
+                         .plan = OneOfEachType(2, 2),
                          .prepare = MakeOther,
                          .act = Import,
                          .is_done =
@@ -105,19 +91,19 @@ void StartAgainWithoutDatabase(TestRun& run) {
 void ExpectToSurviveAsExport(const char* name, const ExportDialog& dialog, const std::string& rows_that_must_be) {
   static std::string before;
   ExpectToSurviveFaults({.name = name,
-                         .plan = Plan(2, 2),
-                         .prepare = [](TestRun& run) { before = Bytes(run.folder.path("inventory.mdb")); },
+                         .plan = OneOfEachType(2, 2),
+                         .prepare = [](TestRun& run) { before = FileBytes(run.folder.path("inventory.mdb")); },
                          .act = [dialog](TestRun& run) { Export(run, dialog); },
                          .is_done =
                              [rows_that_must_be](TestRun& run, const std::string& path) {
-                               EXPECT_TRUE(Bytes(path) == before) << "an export changed the working database";
+                               EXPECT_TRUE(FileBytes(path) == before) << "an export changed the working database";
                                const std::string target = run.folder.path("target.mdb");
                                if (IsNotThere(target)) return false;
                                try {
                                  return NullToEmpty(RawValue(target, "PRAGMA integrity_check")) == "ok" &&
                                         Holds(target, rows_that_must_be);
                                } catch (const Fault&) {
-                                 return false;  // half a file, which must have been told
+                                 return false;  // half a file, which must have been reported
                                }
                              },
                          .again = StartAgainWithoutDatabase});
@@ -141,7 +127,7 @@ TEST(FaultyDisk, AnInventoryExportThatFailsTells) {
 // ---- the annual pass ----
 
 TEST(FaultyDisk, AnAnnualPassThatFailsTells) {
-  InventoryPlan plan = Plan(1, 12);
+  InventoryPlan plan = OneOfEachType(1, 12);
   plan.fault_share = 0.5;
   const auto name = [](TestRun& run) { run.files = {run.folder.path("summary.pdf")}; };
   ExpectToSurviveFaults({.name = "annual pass",
@@ -166,7 +152,7 @@ TEST(FaultyDisk, AnAnnualPassThatFailsTells) {
 
 TEST(FaultyDisk, AStartThatFailsTells) {
   ExpectToSurviveFaults({.name = "start",
-                         .plan = Plan(2, 2),
+                         .plan = OneOfEachType(2, 2),
                          .prepare = [](TestRun& run) { CloseMainWindow(run.s); },
                          .act = [](TestRun& run) { run.Start(run.folder.path("inventory.mdb")); },
                          .is_done =

@@ -1,4 +1,4 @@
-// Every operation survives a disk that fails under it: it tells, leaves the file sound, and works afterwards.
+// Every operation survives a failing disk: it reports the failure, leaves the file sound, and works afterwards.
 #include <gtest/gtest.h>
 
 #include "faults/injection.h"

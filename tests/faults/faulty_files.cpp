@@ -18,7 +18,7 @@ struct Armed {
   int calls = 0;
 };
 
-// The engine calls its file layer without a word of ours, so what is armed lies here.
+// The engine calls its file layer without a context pointer, so the state is global.
 Armed armed;
 long changes = 0, kill_before = 0;
 sqlite3_vfs* real_layer = nullptr;

@@ -22,23 +22,8 @@ namespace {
 constexpr std::size_t kChangeSize = 8, kPageSize = 4096;
 constexpr int kMostRows = 40;
 
-std::string Bytes(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
-
 void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
-}
-
-template <typename Work>
-void Telling(Session& s, Work&& work) {
-  try {
-    work();
-  } catch (const Fault& fault) {
-    TellFault(s, fault);
-  }
 }
 
 // Looks at everything that a dialog shows, and presses what does something.
@@ -53,7 +38,7 @@ class Curious : public QuietPlatform {
   void RunModal(Form& form) override {
     for (const char* list : {"lvwDRF_Fields", "lvwHIS_Steps", "lvwHIS_Values"}) Look(form, list);
     for (const char* button : {"cmdDRF_Continue", "cmdHIS_Undo"})
-      if (form.Find(button) != nullptr) Telling(*s, [&] { act::Click(s->desk, form, button); });
+      if (form.Find(button) != nullptr) Plainly(*s, [&] { act::Click(s->desk, form, button); });
     if (form.visible) form.Raise(form.cancel_button, Event::kClick);
   }
 
@@ -63,23 +48,23 @@ class Curious : public QuietPlatform {
     if (list == nullptr || list->model == nullptr) return;
     if (std::string(name) == "lvwHIS_Steps")
       for (const char* show : {"This record", "All"})
-        Telling(*s, [&] { act::Choose(s->desk, form, "cmbHIS_Show", show); });
+        Plainly(*s, [&] { act::Choose(s->desk, form, "cmbHIS_Show", show); });
     const int rows = std::min(kMostRows, list->model->RowCount());
     for (int row = 0; row < rows; ++row) {
       for (int column = 0; column < 6; ++column) list->model->Text(row, column);
       if (std::string(name) != "lvwHIS_Steps") continue;
-      Telling(*s, [&] { act::Pick(s->desk, form, name, {row}); });
+      Plainly(*s, [&] { act::Pick(s->desk, form, name, {row}); });
       Look(form, "lvwHIS_Values");
     }
   }
 };
 
 void Press(Session& s, const char* name) {
-  if (s.main != nullptr && !s.ended) Telling(s, [&] { act::Click(s.desk, *s.main, name); });
+  if (s.main != nullptr && !s.ended) Plainly(s, [&] { act::Click(s.desk, *s.main, name); });
 }
 
 void Use(Session& s) {
-  Telling(s, [&] { Main(s); });
+  Plainly(s, [&] { Main(s); });
   if (s.ended || s.main == nullptr) return;
   if (s.editing) Press(s, "cmdSaveEdits"), Press(s, "cmdCANCEL");
   Press(s, "mnuRHistory");
@@ -87,7 +72,7 @@ void Use(Session& s) {
     Press(s, command);
   for (const TreeNode& node : s.tree.nodes)
     if (node.key.find("FLA") != std::string::npos) {
-      Telling(s, [&] { ClickNode(s, s.tree.Find(node.key)); });
+      Plainly(s, [&] { ClickNode(s, s.tree.Find(node.key)); });
       break;
     }
   for (const char* command : {"cmdEdit", "cmdSaveExit", "mnuEUndo"}) Press(s, command);
@@ -108,12 +93,12 @@ HostileCompanion::HostileCompanion() : path_(folder_.path("inventory.mdb")) {
     Session s(platform);
     Main(s);
     for (const char* command : {"cmdUSER_AddSurvey", "mnuSetEditMode"}) Press(s, command);
-    Telling(s, [&] { ClickNode(s, s.tree.Find(s.tree.nodes.at(1).key)); });
+    Plainly(s, [&] { ClickNode(s, s.tree.Find(s.tree.nodes.at(1).key)); });
     for (const char* command : {"mnuEDelete", "mnuEUndo", "cmdEdit", "cmdSaveExit"}) Press(s, command);
     EndProgram(s);
   }
-  inventory_ = Bytes(path_);
-  companion_ = Bytes(path_ + ".history");
+  inventory_ = FileBytes(path_);
+  companion_ = FileBytes(path_ + ".history");
 }
 
 void HostileCompanion::Fresh() {
@@ -190,10 +175,7 @@ bool HostileCompanion::UseLeavesASoundFile() {
     Use(s);
     CloseDatabase(s);
   }
-  Database after;
-  after.Open(path_);
-  return NullToEmpty(after.Single("PRAGMA integrity_check")) == "ok" &&
-         after.Query("PRAGMA foreign_key_check").rows.empty();
+  return IsSound(path_);
 }
 
 }  // namespace merlu::test

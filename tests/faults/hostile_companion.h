@@ -1,5 +1,4 @@
-// The history file beside an inventory as somebody may have made it: bytes changed anywhere, or steps and drafts that
-// no program has written.
+// A tampered history file beside an inventory: bytes changed anywhere, or steps and drafts that no program has written.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +17,7 @@ class HostileCompanion {
   void ChangeBytes(const std::vector<std::uint8_t>& changes);
   // The same of the newest step's rows (place in two bytes, count, values), its mark aside.
   void ChangeStep(const std::vector<std::uint8_t>& changes);
-  // What a draft says that it is of, and what was typed.
+  // A draft with this location, and this text typed into the control.
   void PutDraft(const std::string& at, const std::string& control, const std::string& text);
 
   // Starts the program, takes up the draft, looks through the history, undoes and redoes, saves. False when the

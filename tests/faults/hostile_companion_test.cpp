@@ -1,4 +1,4 @@
-// A history that somebody has tampered with: it may cost its comforts, and never the inventory.
+// A tampered history: it may be refused, but never damages the inventory.
 #include "faults/hostile_companion.h"
 
 #include <gtest/gtest.h>

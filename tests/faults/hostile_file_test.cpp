@@ -1,5 +1,4 @@
-// Database files that somebody has tampered with, opened as the working file: each is refused with a message, or the
-// program lives with it.
+// Tampered database files, opened as the working file: each is refused with a message, or the program copes with it.
 #include <gtest/gtest.h>
 
 #include "base/fault.h"
@@ -35,7 +34,7 @@ class Visitor {
  private:
   static constexpr int kMostNodes = 60;
 
-  // As the front ends do: a fault that an act passes on is told.
+  // As the front ends do: a fault that an act passes on is shown.
   template <typename Work>
   void Do(Work&& work) {
     try {

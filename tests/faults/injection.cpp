@@ -16,7 +16,7 @@
 namespace merlu::test {
 namespace {
 
-constexpr int kMostBoxes = 60;  // a failing disk is told, not repeated for every row
+constexpr int kMostBoxes = 60;  // a failing disk is reported once, not for every row
 
 struct Kind {
   FileAct act;
@@ -96,7 +96,7 @@ void GoOn(const FaultyOperation& operation, TestRun& run, const std::string& pat
   EXPECT_EQ(Unsound(path), "") << "after going on";
 }
 
-// Where no backup can be made the user goes on without one: it is the act itself that is to meet the fault.
+// When no backup can be made the user continues without one: the fault is meant for the act itself.
 class GoingOnRun : public TestRun {
  public:
   Button Ask(const Box& box) override {
@@ -112,7 +112,7 @@ class Injection {
     MakeInventory(TemplatePath(), made_.path("inventory.mdb"), operation.plan);
   }
 
-  // False when the operation no longer meets the fault.
+  // False when the operation no longer reaches the fault.
   bool RunWith(const Kind& kind, int nth) {
     SCOPED_TRACE(Described(operation_, kind, nth));
     GoingOnRun run;
@@ -158,7 +158,7 @@ void ExpectToSurviveFaults(const FaultyOperation& operation) {
     int nth = 1;
     for (; injection.RunWith(kind, nth); nth = NextCall(nth)) {
       ++runs;
-      if (testing::Test::HasFailure()) return;  // the first one tells enough
+      if (testing::Test::HasFailure()) return;  // the first one is enough
     }
   }
   testing::Test::RecordProperty("runs", runs);

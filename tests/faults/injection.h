@@ -1,5 +1,5 @@
-// Plays one operation again and again on fresh files, each time with another call of the file layer failing, until
-// the operation no longer meets the fault; and looks at what was told and what is on the disk.
+// Plays one operation repeatedly on fresh files, each time with another call of the file layer failing, until the
+// operation no longer reaches the fault; and checks the messages and the files.
 #pragma once
 
 #include <functional>
@@ -29,7 +29,7 @@ struct FaultyOperation {
 // Runs it through every kind of fault; fails the running test with what does not hold.
 void ExpectToSurviveFaults(const FaultyOperation& operation);
 
-// What is told of a fault has its number in it; other boxes tell of results.
+// The box of a fault contains its number; other boxes show results.
 bool TellsOfAFault(const std::string& text);
 
 }  // namespace merlu::test

@@ -67,7 +67,7 @@ KillScript UndoScript(const KillFiles& files, Database& db) {
   return script;
 }
 
-// The step that was told is there, and taking it back gives what was before.
+// The reported step is there, and undoing it restores the rows.
 std::string CheckUndo(const KillFiles& files, Database& db, const std::string& before, int done) {
   const bool gone = AllRows(db) != before;
   const auto is_gone_after = [](int act) { return act % 2 == 1; };

@@ -32,7 +32,7 @@ struct KillScript {
 struct KillOperation {
   const char* name;
   void (*make)(const KillFiles& files);  // the files before the play
-  // The script for the working database as it stands.
+  // The script for the working database in its present state.
   KillScript (*script)(const KillFiles& files, Database& db);
   // What is to be kept for the check, read before the play.
   std::string (*before)(const KillFiles& files, Database& db);

@@ -165,7 +165,7 @@ Outcome Play(const KillFiles& files, const KillScript& script, const Moment& mom
   return outcome;
 }
 
-// The script for the file as it stands, and what its check needs.
+// The script for the file in its present state, and the data for its check.
 struct Prepared {
   KillScript script;
   std::string before;

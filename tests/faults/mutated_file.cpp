@@ -22,37 +22,18 @@ namespace {
 constexpr std::size_t kChangeSize = 8, kPageSize = 4096;
 constexpr int kMostNodes = 12;
 
-InventoryPlan Plan(int structures) {
-  InventoryPlan plan;
-  plan.structures = structures;
-  plan.equipment = structures * 16;
-  plan.months = 1;
-  return plan;
-}
-
-template <typename Work>
-void Telling(Session& s, Work&& work) {
-  try {
-    work();
-  } catch (const Fault& fault) {
-    TellFault(s, fault);
-  }
-}
-
 void Press(Session& s, const char* name) {
-  Telling(s, [&] { act::Click(s.desk, *s.main, name); });
+  Plainly(s, [&] { act::Click(s.desk, *s.main, name); });
 }
 
 }  // namespace
 
 MutatedFile::MutatedFile() : sound_(folder_.path("sound.mdb")), path_(folder_.path("inventory.mdb")) {
-  MakeInventory(TemplatePath(), path_, Plan(1));
+  MakeInventory(TemplatePath(), path_, OneOfEachType(1, 1));
   Raw(path_, {"CREATE TABLE QC_XREF (StructID TEXT, EquipID TEXT)",
               "UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='X'||CMPLX_ID_NUM"});
-  MakeInventory(TemplatePath(), sound_, Plan(1));
-  std::ostringstream bytes;
-  bytes << std::ifstream(path_, std::ios::binary).rdbuf();
-  base_ = bytes.str();
+  MakeInventory(TemplatePath(), sound_, OneOfEachType(1, 1));
+  base_ = FileBytes(path_);
 }
 
 void MutatedFile::Mutate(const std::vector<std::uint8_t>& changes) {
@@ -76,10 +57,10 @@ void MutatedFile::UseAsWorkingFile() {
     Button Ask(const Box& box) override { return LeastChange(box); }
   } giving(path_);
   Session s(giving);
-  Telling(s, [&] { Main(s); });
+  Plainly(s, [&] { Main(s); });
   for (int mode = 0; mode < 2 && !s.ended && s.main != nullptr; ++mode) {
     for (int node = 0; node < kMostNodes && node < static_cast<int>(s.tree.nodes.size()); ++node) {
-      Telling(s, [&] { ClickNode(s, node); });
+      Plainly(s, [&] { ClickNode(s, node); });
       for (const char* command : {"cmdQC", "cmdEdit", "cmdSaveEdits", "cmdCANCEL"}) Press(s, command);
     }
     Press(s, "mnuSetEditMode");
@@ -105,10 +86,7 @@ bool MutatedFile::ImportLeavesASoundFile() {
     // a refusal
   }
   CloseDatabase(s);
-  Database after;
-  after.Open(working);
-  return NullToEmpty(after.Single("PRAGMA integrity_check")) == "ok" &&
-         after.Query("PRAGMA foreign_key_check").rows.empty();
+  return IsSound(working);
 }
 
 }  // namespace merlu::test

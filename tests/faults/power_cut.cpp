@@ -31,7 +31,7 @@ std::vector<Op> unsynced;
 std::string database;
 std::mt19937 dice;
 
-// The database, its journals, what stands beside it and the journal of that, and the journal over both.
+// The database, its journals, the companion and its journal, and the super-journal.
 bool IsWatched(const std::string& path) {
   return !database.empty() &&
          (path == database || path.starts_with(database + "-") || path.starts_with(database + ".history"));
@@ -126,7 +126,7 @@ void HasSynced(const std::string& path) {
   const auto made = std::find_if(unsynced.rbegin(), unsynced.rend(),
                                  [&](const Op& op) { return op.what == Op::kCreate && op.path == path; });
   const auto folder_until = made == unsynced.rend() ? unsynced.begin() : made.base();
-  // what was written to a file that is gone for certain matters no more
+  // writes to a file that was deleted for certain do not matter any more
   std::vector<Op> left;
   for (auto op = unsynced.begin(); op != unsynced.end(); ++op) {
     const bool certain = op->path == path || (op < folder_until && IsOfFolder(*op));

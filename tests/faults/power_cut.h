@@ -15,7 +15,7 @@ namespace merlu::test {
 // From now on the files of that database are watched.
 void WatchForPowerCut(const std::string& database, std::uint32_t seed);
 
-// What the file layer tells, before it passes the call on.
+// Notified by the file layer before it passes the call on.
 void WillOpen(const char* path, bool creates);
 void WillWrite(const std::string& path, sqlite3_file* real, const void* bytes, int count, std::int64_t at);
 void WillTruncate(const std::string& path, sqlite3_file* real, std::int64_t size);

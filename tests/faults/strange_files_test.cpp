@@ -180,7 +180,7 @@ TEST_F(StrangeFile, that_is_made_immutable_meanwhile_loses_nothing_that_was_type
     if (!file.IsFrozen()) GTEST_SKIP() << "no file can be protected here";
     run.Click("cmdSaveEdits");
   }
-  // a file that is open already can still be written; either way nothing is lost without a word
+  // a file that is open already can still be written; either way nothing is lost silently
   const Texts boxes = run.TakeBoxes();
   if (Hours(path) != 300) {
     ASSERT_EQ(boxes.size(), 1U);

@@ -16,7 +16,7 @@ constexpr std::size_t kLogged = 40;
 constexpr int kMostStructures = 8, kMostEquipment = 60;
 constexpr int kMostActsInDialog = 25;
 
-// Commands that cost a copy of the whole file, or end the program, are pressed more seldom.
+// Commands that copy the whole file, or end the program, are pressed less often.
 const std::vector<std::string> kRare = {"mnuFExit",   "mnuFileCreateNewDB",  "mnuFileSelectDatabase", "mnuEStructB",
                                         "mnuFExport", "mnuFExportInventory", "frmInvQCPrint",         "mnuEStructS",
                                         "mnuEDelete", "cmdUSER_AddSurvey",   "mnuENewSurvey"};

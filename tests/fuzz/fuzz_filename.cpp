@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "base/text.h"
-#include "exchange/filename_rule.h"
 #include "quiet_platform.h"
+#include "shell/filename_rule.h"
 #include "workplace.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -23,7 +23,7 @@ class Workplace {
 
   std::string path(const std::string& name = "") const { return folder_.path(name); }
 
-  // Everything but the template goes.
+  // Removes everything but the template.
   void Clear() const {
     for (const auto& entry : fs::directory_iterator(folder_.path()))
       if (entry.path().filename() != "mr.dbt" && entry.path().filename() != "base.mdb") fs::remove_all(entry.path());

@@ -1,4 +1,4 @@
-// The help says something about every field and every rule, and speaks of nothing that is not there.
+// The help covers every field and every rule, and nothing that does not exist.
 #include "help/help_pages.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The pages of the dialogs and docks speak of what stands on them, and of all of it.
+// The pages of the dialogs and docks cover all of their controls, and no others.
 #include "help/screen_pages.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Steps in the companion, undone and redone, and what a companion that is of no use costs.
+// Steps in the companion, undone and redone, and unusable companions.
 #include <gtest/gtest.h>
 
 #include <fstream>

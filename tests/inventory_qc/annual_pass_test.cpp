@@ -21,15 +21,10 @@ constexpr const char* kNothing = "There are no missing data, outliers, or incons
 constexpr const char* kFewer =
     "You have completed fewer than 12 surveys\nAre you sure you want to run the QA Summary now?";
 
-std::string Bytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 class AnnualPass : public testing::Test {
  protected:
   void Run(const std::string& sql) { run.s.db.Execute(sql); }
-  // A structure to which the pass has nothing to say, in the months of the inventory.
+  // A structure without findings in the pass, in the months of the inventory.
   void StartClean() {
     run.StartWithStructure();
     Clean();
@@ -414,7 +409,7 @@ TEST_F(AnnualPass, shows_the_wait_screen_writes_the_document_and_opens_it) {
   EXPECT_EQ(run.s.wait.title, "Preparing QA Summary");
   EXPECT_FALSE(run.s.wait.showing);
   EXPECT_EQ(run.opened, Texts{pdf});
-  EXPECT_TRUE(Bytes(pdf).starts_with("%PDF-"));
+  EXPECT_TRUE(FileBytes(pdf).starts_with("%PDF-"));
   EXPECT_FALSE(fs::exists(run.folder.path("summary.rpt")));
 }
 
@@ -425,8 +420,8 @@ TEST_F(AnnualPass, overwrites_a_document_of_that_name_and_touches_no_other_file)
   std::ofstream(run.folder.path("summary.rpt")) << "another's";
   Export();
   EXPECT_EQ(run.TakeBoxes(), Texts{kFewer});
-  EXPECT_TRUE(Bytes(pdf).starts_with("%PDF-"));
-  EXPECT_EQ(Bytes(run.folder.path("summary.rpt")), "another's");
+  EXPECT_TRUE(FileBytes(pdf).starts_with("%PDF-"));
+  EXPECT_EQ(FileBytes(run.folder.path("summary.rpt")), "another's");
 }
 
 TEST_F(AnnualPass, tells_three_lines_where_it_may_not_write_and_leaves_what_was_there) {
@@ -441,7 +436,7 @@ TEST_F(AnnualPass, tells_three_lines_where_it_may_not_write_and_leaves_what_was_
             "Make sure you have permission to create files in the selected directory.\n"
             "You must select another location in order to save the report.");
   EXPECT_EQ(run.boxes[1].icon, Icon::kStop);
-  EXPECT_EQ(Bytes(pdf), "old");
+  EXPECT_EQ(FileBytes(pdf), "old");
   EXPECT_TRUE(run.opened.empty());
   EXPECT_FALSE(run.s.wait.showing);
 }
@@ -475,7 +470,7 @@ TEST_F(AnnualPass, never_writes_over_the_inventory) {
     ASSERT_EQ(run.boxes.size(), 2u);
     EXPECT_TRUE(run.TakeBoxes()[1].starts_with("52 This is the database that you are working with."));
   }
-  EXPECT_TRUE(Bytes(run.s.path).starts_with("SQLite format 3"));
+  EXPECT_TRUE(FileBytes(run.s.path).starts_with("SQLite format 3"));
 }
 
 TEST_F(AnnualPass, goes_through_a_link_to_the_file_that_it_leads_to) {
@@ -485,7 +480,7 @@ TEST_F(AnnualPass, goes_through_a_link_to_the_file_that_it_leads_to) {
   fs::create_symlink("real.pdf", pdf);
   Export();
   EXPECT_TRUE(fs::is_symlink(pdf));
-  EXPECT_TRUE(Bytes(run.folder.path("real.pdf")).starts_with("%PDF-"));
+  EXPECT_TRUE(FileBytes(run.folder.path("real.pdf")).starts_with("%PDF-"));
 }
 
 // ---- what is printed ----

@@ -16,7 +16,7 @@
 namespace merlu::test {
 namespace {
 
-// Everything that a verdict says, as text.
+// All of a verdict as text.
 std::string Said(const Verdicts& verdicts) {
   std::string said;
   for (const Verdict& v : verdicts.all) {

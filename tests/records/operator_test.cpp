@@ -22,7 +22,7 @@ class OperatorSheet : public testing::Test {
   std::string Stored(const std::string& column) {
     return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY"));
   }
-  // Ends the edit and tells what was said and where the focus went.
+  // Ends the edit and returns the message and the focused control.
   std::pair<Texts, std::string> End() {
     run.s.main->focus.clear();
     run.Click("cmdSaveExit");

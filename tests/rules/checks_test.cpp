@@ -8,7 +8,7 @@ namespace {
 constexpr const char* kBlank = "Required field left blank";
 using Texts = std::vector<std::pair<std::string, std::string>>;
 
-// A record of fields that are called by their tags, and what its rules say.
+// A record whose fields are named by their tags, and its rules.
 struct Record {
   explicit Record(std::vector<Rule> rules, const Texts& texts = {})
       : set({{"Field", "Field"}, {"Other", "Other"}, {"Box", ""}}, {{"Group", std::move(rules)}}), view(set.fields()) {

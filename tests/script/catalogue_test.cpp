@@ -1,4 +1,4 @@
-// What the catalogue tells of rules beyond their names and bounds.
+// The catalogue's words for rules beyond their names and bounds.
 #include "script/catalogue.h"
 
 #include <gtest/gtest.h>

@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(journeys, Script, testing::ValuesIn(Scripts()), [](cons
   return name;
 });
 
-// ---- what stands around the commands ----
+// ---- around the commands ----
 
 std::string PlayText(const std::string& text, const TemporaryFolder& folder, int& status) {
   std::istringstream in(text);

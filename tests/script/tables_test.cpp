@@ -106,7 +106,7 @@ TEST_F(ScriptTables, a_column_whose_name_is_a_number_goes_by_its_name) {
 }
 
 TEST_F(ScriptTables, paste_a_block_with_its_escapes) {
-  // in quotes a backslash may stand doubled, as in every word: the escapes are those of the word
+  // in quotes a backslash may be doubled, as in every word
   Play(R"(paste grdCells 1001/1 txtHours "1\ton\n2\\t3"
 paste grdCells 0 1 4\n\\n
 paste grdCells 0 1 "5\\t6\\n7\\\\n8"

@@ -1,4 +1,4 @@
-// Rule tables, written down a second time, against the sheets as a user meets them.
+// Bounds, written down a second time, against the rule tables of the sheets.
 #pragma once
 
 #include <string>
@@ -21,15 +21,15 @@ struct Bound {
 struct BoundCase {
   std::string type;
   Mode mode;
-  Values description;            // kept in description mode before
-  Values base;                   // set in the edit before the bounds are tried
+  Values description;            // of the description, which a month shows too
+  Values base;                   // set before the bounds are tried
   std::vector<Bound> required;   // blank fails
   std::vector<Bound> if_filled;  // blank passes
   double step = 0.01;            // how far outside a value is tried
 };
 
 // Tries every bound: the bound itself passes, a step outside fails with the range text, and a blank fails
-// where the field is required. Runs through cmdQC in one edit of a fresh record.
+// where the field is required. Judges a plain record by the sheet's rules: no file, no program start.
 void TryBounds(const BoundCase& bound_case);
 
 // "Value not in expected range (0 to 744)"

@@ -128,8 +128,8 @@ class EverySheet : public testing::TestWithParam<const SheetSpec*> {
 
 using Changed = std::map<std::string, std::string>;
 
-// What a save of a full description drops although nobody touched it: what the first choice of a list has no
-// use for, and what no page shows.
+// Columns that a save of a full description empties although the user did not change them: those that the first item of
+// a list does not use, and those that no page shows.
 const std::map<std::string, Changed> kDropped = {
     {"AMI",
      {{"ED_AMI.CONDENSER_PRES", "Null"}, {"ED_AMI.CONDENSER_TEMP", "Null"}, {"ED_AMI.SRU_RECOVERY_EFFIC", "Null"}}},
@@ -150,7 +150,7 @@ const std::map<std::string, Changed> kDropped = {
 const std::map<std::string, Changed> kDroppedOfMonth = {
     {"BOI", {{"EA_BOI.FUEL_USE_RATE_OIL", "Null"}, {"EA_BOI.TOT_FUEL_USE_OIL", "Null"}}}};
 
-// What a save of a blank description chooses by itself.
+// Values that a save of a blank description sets.
 const std::map<std::string, Changed> kChosen = {{"AMI", {{"ED_AMI.MODELINPUTS_FLG", "\"False\""}}},
                                                 {"MUD", {{"ED_MUD.Mud_Typ", "\"water-based\""}}},
                                                 {"PRE", {{"ED_PRE.SERVICE_TYP", "\"PC\""}}}};

@@ -1,111 +1,11 @@
 // Where emissions go, once for each sheet that asks: the destinations and their codes, the list of remote
 // vents and flares, what each destination turns on and off, and what a save does about a missing one.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <ostream>
-
-#include "bounds.h"
+#include "routing.h"
 
 namespace merlu::test {
 namespace {
 
-enum class TurnsOff { kByDisabling, kByLocking };
-enum class Falls { kNot, kText, kTextAndIndex };
-
-// What differs from sheet to sheet.
-struct Sheet {
-  std::string type;
-  bool to_system;
-  TurnsOff turns_off;
-  bool has_flare;
-  std::string temperature;
-  std::string destination_tag;
-  bool required;     // a blank destination is a finding
-  bool local_rules;  // a local destination asks for an outlet height
-  Falls falls;
-  bool in_walk;  // a run over the structure comes to it
-
-  std::string Box(const std::string& field) const { return "txt" + type + "_" + field; }
-  std::string destination() const { return "cmb" + type + "_GasesVentOrFlare"; }
-  std::string sent_to() const { return "cmb" + type + "_VentedToID"; }
-  std::vector<std::string> Outlets() const {
-    return {Box("ExhaustOutletHgt"), Box("ExhaustOutletInnerDiam"), Box("ExhaustOutletExitVel"),
-            Box("ExhaustOutletAngle")};
-  }
-  std::vector<std::string> Flares() const {
-    if (!has_flare) return {};
-    return {Box("FlareFeedRate"), Box("FlareCombustionT"), Box("FlareEfficiency")};
-  }
-  std::vector<std::string> Numbers() const {
-    std::vector<std::string> all = Outlets();
-    all.push_back(temperature);
-    for (const std::string& flare : Flares()) all.push_back(flare);
-    return all;
-  }
-};
-
-const Sheet kSheets[] = {
-    {"AMI", true, TurnsOff::kByDisabling, true, "txtAMI_ExhaustOutletT", "Emissions Destination", true, true,
-     Falls::kTextAndIndex, true},
-    {"GLY", false, TurnsOff::kByDisabling, true, "txtGLY_ExhaustOutletExitT", "Emissions Destination", true, true,
-     Falls::kTextAndIndex, true},
-    {"STO", false, TurnsOff::kByDisabling, true, "txtSTO_ExhaustOutletExitT", "Emissions Destination", true, true,
-     Falls::kText, true},
-    {"LOA", false, TurnsOff::kByDisabling, true, "txtLOA_ExhaustOutletExitT", "Gases Vented/Flared?", false, true,
-     Falls::kNot, true},
-    {"LOS", true, TurnsOff::kByLocking, false, "txtLOS_ExhaustOutletExitT", "Emissions Destination", true, true,
-     Falls::kTextAndIndex, false},
-    {"PNE", true, TurnsOff::kByLocking, false, "txtPNE_ExhaustOutletExitT", "Vents to Atm", false, false, Falls::kText,
-     false},
-};
-
-void PrintTo(const Sheet& sheet, std::ostream* out) {
-  *out << sheet.type;
-}
-
-constexpr const char* kRemoteTag = "Low Pressure Vent/Flare ID";
-constexpr const char* kNoVent = "No Vent ID given. Changing Ventilation to Vented Locally";
-constexpr const char* kNoFlare = "No Flare ID given. Changing Ventilation to Flared Locally";
-
-class Routing : public testing::TestWithParam<Sheet> {
- protected:
-  const Sheet& sheet() const { return GetParam(); }
-
-  void StartOnSheet() { run.StartWith(sheet().type, "X1"); }
-  // Vents V1 and V2 and flares F1 and F2 on the structure, V9 and F9 on another one; then the sheet.
-  void StartAmongVentsAndFlares() {
-    StartOnSheet();
-    for (const auto& [type, id] : Values{{"VEN", "V1"}, {"FLA", "F1"}, {"VEN", "V2"}, {"FLA", "F2"}}) {
-      run.Select(run.Key());
-      run.AddEquipment(type, id);
-    }
-    run.AddStructure("2002");
-    for (const auto& [type, id] : Values{{"VEN", "V9"}, {"FLA", "F9"}}) {
-      run.Select(run.Key("", "", 0, "2002"));
-      run.AddEquipment(type, id);
-    }
-    run.Select(run.Key(sheet().type, "X1"));
-  }
-  void Again() {
-    run.Select(run.Key());
-    run.Select(run.Key(sheet().type, "X1"));
-  }
-  void Go(const std::string& destination) { run.Set(sheet().destination(), destination); }
-  Control& Destination() { return run.At(sheet().destination()); }
-  Control& SentTo() { return run.At(sheet().sent_to()); }
-  std::string Stored(const std::string& column) {
-    return NullToEmpty(run.Sql("SELECT " + column + " FROM ED_" + sheet().type));
-  }
-  std::string RemoteFinding() { return run.Finding(kRemoteTag, "EquipID='X1'"); }
-
-  TestRun run;
-};
-
-class RoutingThatDisables : public Routing {};
-class RoutingThatLocks : public Routing {};
-
-using Texts = std::vector<std::string>;
+using namespace routing;
 
 // ---- destinations and their codes ----
 
@@ -406,142 +306,6 @@ TEST_P(Routing, is_read_only_in_view_whatever_the_destination) {
   }
 }
 
-// ---- the rules of destination and remote one ----
-
-TEST_P(Routing, asks_for_a_destination_where_its_sheet_does) {
-  StartOnSheet();
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(sheet().destination_tag), sheet().required ? kBlankFinding : "");
-  EXPECT_EQ(Destination().back, sheet().required ? Back::kFlag : Back::kFace);
-  run.Click("cmdEdit");
-  Go("Vented Locally");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(sheet().destination_tag), "");
-  EXPECT_EQ(Destination().back, Back::kWindow);
-}
-
-TEST_P(Routing, asks_for_the_remote_one_and_withdraws_that_for_any_other_destination) {
-  StartAmongVentsAndFlares();
-  run.Click("cmdEdit");
-  Texts others = {"Vented Locally", "Flared Locally"};
-  if (sheet().to_system) others.push_back("Routed to System");
-  for (const char* remote : {"Vented Remotely", "Flared Remotely"}) {
-    for (const std::string& other : others) {
-      Go(remote);
-      run.Click("cmdQC");
-      EXPECT_EQ(RemoteFinding(), kBlankFinding) << remote;
-      EXPECT_EQ(SentTo().back, Back::kFlag) << remote;
-      Go(other);
-      run.Click("cmdQC");
-      EXPECT_EQ(RemoteFinding(), "") << other;
-    }
-    Go(remote);
-    run.Click("cmdQC");
-    run.Set(sheet().sent_to(), SentTo().items.at(1));
-    run.Click("cmdQC");
-    EXPECT_EQ(RemoteFinding(), "") << remote;
-  }
-}
-
-TEST_P(Routing, looks_passed_again_once_the_remote_one_is_given) {
-  StartAmongVentsAndFlares();
-  run.Click("cmdEdit");
-  Go("Vented Remotely");
-  run.Click("cmdQC");
-  ASSERT_EQ(SentTo().back, Back::kFlag);
-  run.Set(sheet().sent_to(), "Vent: V1");
-  run.Click("cmdQC");
-  EXPECT_EQ(SentTo().back, Back::kWindow);
-}
-
-TEST_P(Routing, without_the_remote_one_changes_the_destination_in_the_save_s_own_run_only) {
-  struct {
-    const char *remote, *code, *box, *local, *local_code;
-  } const cases[] = {{"Vented Remotely", "VR", kNoVent, "Vented Locally", "VL"},
-                     {"Flared Remotely", "FR", kNoFlare, "Flared Locally", "FL"}};
-  for (const auto& one : cases) {
-    TestRun fresh;
-    fresh.StartWith(sheet().type, "X1");
-    fresh.Click("cmdEdit");
-    fresh.Set(sheet().destination(), one.remote);
-    fresh.TakeBoxes();
-    fresh.Click("cmdQC");
-    EXPECT_EQ(fresh.TakeBoxes().size(), 1U) << "the count alone";
-    EXPECT_EQ(fresh.Text(sheet().destination()), one.remote);
-    fresh.Click("cmdSaveEdits");
-    EXPECT_EQ(fresh.TakeBoxes(), Texts{});
-    EXPECT_EQ(NullToEmpty(fresh.Sql("SELECT EMIS_DEST FROM ED_" + sheet().type)), one.code);
-    fresh.Click("cmdSaveExit");
-    const Texts boxes = fresh.TakeBoxes();
-    const bool falls = sheet().falls != Falls::kNot;
-    ASSERT_EQ(boxes.size(), falls ? 2U : 1U);
-    EXPECT_EQ(boxes.front() == one.box, falls);
-    EXPECT_EQ(NullToEmpty(fresh.Sql("SELECT EMIS_DEST FROM ED_" + sheet().type)), falls ? one.local_code : one.code);
-    EXPECT_EQ(fresh.Text(sheet().destination()), falls ? one.local : one.remote);
-    // the finding stands until the next run, which sees the new destination
-    EXPECT_EQ(fresh.Finding(kRemoteTag), kBlankFinding);
-    EXPECT_EQ(fresh.Count("QC WHERE FieldID LIKE '%Outlet Height' AND [Desc]='Required field left blank'"),
-              falls && sheet().local_rules ? 1 : 0)
-        << "the rest of the rules run on the new destination";
-    fresh.Click("cmdQC");
-    EXPECT_EQ(fresh.Finding(kRemoteTag), falls ? "" : kBlankFinding);
-  }
-}
-
-TEST_P(Routing, given_its_remote_one_is_saved_without_a_box_of_its_own) {
-  StartAmongVentsAndFlares();
-  run.Click("cmdEdit");
-  run.Put({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: F1"}});
-  run.Click("cmdSaveExit");
-  for (const std::string& box : run.TakeBoxes()) EXPECT_EQ(box.substr(0, 17), "QC completed with");
-  EXPECT_EQ(Stored("EMIS_DEST"), "FR");
-  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAF1");
-}
-
-TEST_P(Routing, falls_back_in_its_text_and_where_its_sheet_does_so_in_its_index) {
-  StartOnSheet();
-  run.Click("cmdEdit");
-  struct {
-    const char *remote, *local;
-    int remote_index, local_index;
-  } const cases[] = {{"Vented Remotely", "Vented Locally", 2, 0}, {"Flared Remotely", "Flared Locally", 3, 1}};
-  run.s.InSaveQC = true;  // as during the save, with the sheet left standing
-  for (const auto& one : cases) {
-    Go(one.remote);
-    ASSERT_EQ(Destination().index, one.remote_index);
-    run.Click("cmdQC");
-    EXPECT_EQ(Destination().text, sheet().falls == Falls::kNot ? one.remote : one.local);
-    EXPECT_EQ(Destination().index, sheet().falls == Falls::kTextAndIndex ? one.local_index : one.remote_index);
-  }
-}
-
-TEST_P(Routing, is_left_alone_by_a_run_over_the_structure) {
-  StartOnSheet();
-  run.Keep({{sheet().destination(), "Vented Remotely"}});
-  run.Select(run.Key());
-  run.TakeBoxes();
-  run.Click("cmdQC");
-  EXPECT_EQ(run.TakeBoxes().size(), 1U) << "the count alone";
-  EXPECT_EQ(RemoteFinding(), sheet().in_walk ? kBlankFinding : "");
-  EXPECT_EQ(Stored("EMIS_DEST"), "VR");
-}
-
-TEST_P(Routing, in_a_month_never_stores_another_destination) {
-  StartOnSheet();
-  run.Keep({{sheet().destination(), "Vented Remotely"}});
-  run.GoTo(sheet().type, "X1", Mode::kActv);
-  run.Click("cmdEdit");
-  run.TakeBoxes();
-  run.Click("cmdSaveExit");
-  const Texts boxes = run.TakeBoxes();
-  // the pump's rule of the remote one runs in the month too
-  const bool pump = sheet().type == "PNE";
-  EXPECT_EQ(std::count(boxes.begin(), boxes.end(), kNoVent), pump ? 1 : 0);
-  EXPECT_EQ(run.Finding(kRemoteTag, "EditMode='ACTV'"), pump ? kBlankFinding : "");
-  EXPECT_EQ(Stored("EMIS_DEST"), "VR");
-  EXPECT_EQ(Destination().text, "Vented Remotely");
-}
-
 // ---- lists that one procedure serves ----
 
 TEST_P(RoutingThatDisables, repaints_what_control_equipment_and_the_other_device_turn_on) {
@@ -600,10 +364,9 @@ std::vector<Sheet> SheetsThat(TurnsOff how) {
   return found;
 }
 
-const auto kName = [](const auto& one) { return one.param.type; };
-INSTANTIATE_TEST_SUITE_P(Sheets, Routing, testing::ValuesIn(kSheets), kName);
-INSTANTIATE_TEST_SUITE_P(Sheets, RoutingThatDisables, testing::ValuesIn(SheetsThat(TurnsOff::kByDisabling)), kName);
-INSTANTIATE_TEST_SUITE_P(Sheets, RoutingThatLocks, testing::ValuesIn(SheetsThat(TurnsOff::kByLocking)), kName);
+INSTANTIATE_TEST_SUITE_P(Sheets, Routing, testing::ValuesIn(kSheets), NameOf);
+INSTANTIATE_TEST_SUITE_P(Sheets, RoutingThatDisables, testing::ValuesIn(SheetsThat(TurnsOff::kByDisabling)), NameOf);
+INSTANTIATE_TEST_SUITE_P(Sheets, RoutingThatLocks, testing::ValuesIn(SheetsThat(TurnsOff::kByLocking)), NameOf);
 
 }  // namespace
 }  // namespace merlu::test

@@ -13,13 +13,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-std::string Bytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
-}
-
 // ---- opening another database ----
 
 class OtherDatabase : public testing::Test {
@@ -76,7 +69,7 @@ TEST_F(OtherDatabase, restarts_the_program_on_it_and_is_remembered) {
 
 TEST_F(OtherDatabase, of_the_version_before_is_refused_and_not_remembered) {
   Raw(second, {"DROP TABLE EA_LOA"});
-  const std::string before = Bytes(second);
+  const std::string before = FileBytes(second);
   run.files = {second};
   run.Click("mnuFileSelectDatabase");
   ASSERT_EQ(run.boxes.size(), 1u);
@@ -90,7 +83,7 @@ TEST_F(OtherDatabase, of_the_version_before_is_refused_and_not_remembered) {
   EXPECT_EQ(run.boxes[0].icon, Icon::kWarning);
   EXPECT_EQ(run.boxes[0].buttons, std::vector<Button>{Button::kOK});
   ExpectFirst();
-  EXPECT_EQ(Bytes(second), before);
+  EXPECT_EQ(FileBytes(second), before);
 }
 
 TEST_F(OtherDatabase, of_the_version_before_is_refused_also_when_it_is_read_only) {
@@ -123,7 +116,7 @@ TEST_F(OtherDatabase, that_is_no_database_is_remembered_and_fails_at_the_start) 
   EXPECT_FALSE(run.s.db.IsOpen());
   EXPECT_TRUE(run.s.tree.nodes.empty());
   EXPECT_FALSE(run.s.desk.Find("frmFLA")->visible);
-  EXPECT_EQ(Bytes(second), text);
+  EXPECT_EQ(FileBytes(second), text);
 }
 
 TEST_F(OtherDatabase, of_an_operator_that_is_not_known_asks_for_it) {
@@ -168,7 +161,7 @@ TEST_F(EmptyDatabase, is_a_copy_of_the_template_in_the_folder_that_was_chosen) {
   EXPECT_EQ(run.boxes[0].text, "New database successfully created:\n" + target + "/MERLU.mdb");
   EXPECT_EQ(run.boxes[0].title, "MERLU-2017");
   EXPECT_EQ(run.boxes[0].icon, Icon::kInfo);
-  EXPECT_EQ(Bytes(target + "/MERLU.mdb"), Bytes(TemplatePath()));
+  EXPECT_EQ(FileBytes(target + "/MERLU.mdb"), FileBytes(TemplatePath()));
 }
 
 TEST_F(EmptyDatabase, leaves_the_open_one_open_and_the_setting_alone) {
@@ -184,14 +177,14 @@ TEST_F(EmptyDatabase, made_twice_in_one_folder_gets_a_number_and_overwrites_noth
   run.files = {target, target + "/", target};
   run.Click("mnuFileCreateNewDB");
   Raw(target + "/MERLU.mdb", {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
-  const std::string kept = Bytes(target + "/MERLU.mdb");
+  const std::string kept = FileBytes(target + "/MERLU.mdb");
   run.Click("mnuFileCreateNewDB");
   run.Click("mnuFileCreateNewDB");
   EXPECT_EQ(run.TakeBoxes(), (Texts{"New database successfully created:\n" + target + "/MERLU.mdb",
                                     "New database successfully created:\n" + target + "/MERLU1.mdb",
                                     "New database successfully created:\n" + target + "/MERLU2.mdb"}));
-  EXPECT_EQ(Bytes(target + "/MERLU.mdb"), kept);
-  EXPECT_EQ(Bytes(target + "/MERLU1.mdb"), Bytes(TemplatePath()));
+  EXPECT_EQ(FileBytes(target + "/MERLU.mdb"), kept);
+  EXPECT_EQ(FileBytes(target + "/MERLU1.mdb"), FileBytes(TemplatePath()));
 }
 
 TEST_F(EmptyDatabase, without_a_folder_is_not_made) {
@@ -215,7 +208,7 @@ TEST_F(EmptyDatabase, where_no_file_can_be_made_tells_why) {
   run.Click("mnuFileCreateNewDB");
   ASSERT_EQ(run.boxes.size(), 1u);
   EXPECT_EQ(run.boxes[0].text, "Cannot write the file " + target + "/file/MERLU.mdb: Not a directory. 76");
-  EXPECT_EQ(Bytes(target + "/file"), "x");
+  EXPECT_EQ(FileBytes(target + "/file"), "x");
 }
 
 TEST_F(EmptyDatabase, can_be_opened_and_asks_for_its_operator) {

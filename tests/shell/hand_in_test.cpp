@@ -64,7 +64,7 @@ class HandIn : public testing::Test {
     const std::string row = Checks(month)[static_cast<std::size_t>(check)];
     return row.substr(row.find(' ') + 1);
   }
-  // The survey of the month goes out by the hand-in's own button.
+  // Exports the survey of the month by the dialog's button.
   void HandInMonth(int month) {
     run.dialogs.push_back([&run = run, month](Form&) {
       run.Set("cmbHND_Month", "2017/0" + std::to_string(month));

@@ -1,4 +1,4 @@
-// The help as the shell shows it: which file, its texts, and what is said without it.
+// The help as the shell shows it: the file, its texts, and the message without it.
 #include "shell/help.h"
 
 #include <gtest/gtest.h>

@@ -319,7 +319,7 @@ TEST_F(OnScreen, what_was_typed_is_offered_after_a_cut) {
   run.Set("txtFLA_HrsOperated", "100");
   KeepDraftOfEdit(run.s, When::kAtOnce);
   ASSERT_EQ(Drafts(run.s.companion).size(), 1u);
-  EndProgram(run.s);  // without a word to the edit
+  EndProgram(run.s);  // without a message during the edit
   run.dialogs.push_back([&](Form& form) {
     EXPECT_EQ(form.name(), "frmDraft");
     EXPECT_EQ(form.At("lblDRF_Place").text, "2017/01 · GI, 43, A · Combustion Flare: F1");

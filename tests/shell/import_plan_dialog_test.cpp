@@ -1,4 +1,4 @@
-// The import, seen before: what the preview says is what the import does.
+// The preview of an import: it shows what the import does.
 #include <gtest/gtest.h>
 
 #include "history/backups.h"

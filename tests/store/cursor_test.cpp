@@ -11,7 +11,7 @@
 namespace merlu::test {
 namespace {
 
-// Three structures, 10, 20 and 30, on a cursor that stands on the first.
+// Three structures, 10, 20 and 30, on a cursor at the first.
 class Structures : public testing::Test {
  protected:
   Structures() {

@@ -42,9 +42,9 @@ class OtherProgram {
   OtherProgram(const OtherProgram&) = delete;
   OtherProgram& operator=(const OtherProgram&) = delete;
 
-  void HoldAll() { Do('X'); }     // nobody else may read
-  void HoldWrites() { Do('W'); }  // nobody else may write
-  void HoldRead() { Do('R'); }    // nobody else may commit
+  void HoldAll() { Do('X'); }     // no other may read
+  void HoldWrites() { Do('W'); }  // no other may write
+  void HoldRead() { Do('R'); }    // no other may commit
   void Release() { Do('C'); }
 
  private:
@@ -74,13 +74,6 @@ class OtherProgram {
   pid_t child_ = -1;
   int ask_ = -1, answer_ = -1;
 };
-
-std::string Bytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
-}
 
 void WriteBytes(const std::string& path, const std::string& bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
@@ -165,14 +158,14 @@ TEST_F(DatabaseFile, knows_a_missing_table_from_any_other_mistake) {
 // ---- opening ----
 
 TEST_F(DatabaseFile, opens_with_its_cascades_on_and_writes_nothing) {
-  const std::string before = Bytes(path);
+  const std::string before = FileBytes(path);
   EXPECT_EQ(Open(path), 0);
   EXPECT_TRUE(db.IsOpen());
   EXPECT_EQ(db.path(), path);
   EXPECT_EQ(ToInteger(db.Single("PRAGMA foreign_keys")), 1);
   db.Close();
   EXPECT_FALSE(db.IsOpen());
-  EXPECT_EQ(Bytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST_F(DatabaseFile, is_missing_under_a_path_that_leads_nowhere_or_to_a_folder) {
@@ -188,35 +181,35 @@ TEST_F(DatabaseFile, is_no_database_when_it_holds_something_else) {
   WriteBytes(path, text);
   EXPECT_EQ(Open(path), 3343);
   EXPECT_FALSE(db.IsOpen());
-  EXPECT_EQ(Bytes(path), text);
+  EXPECT_EQ(FileBytes(path), text);
 }
 
 TEST_F(DatabaseFile, is_damaged_when_its_first_page_is_broken_behind_the_header) {
-  std::string bytes = Bytes(path);
+  std::string bytes = FileBytes(path);
   bytes.replace(100, 3900, std::string(3900, '\x55'));
   WriteBytes(path, bytes);
   EXPECT_EQ(Open(path), 3428);
   EXPECT_FALSE(db.IsOpen());
-  EXPECT_EQ(Bytes(path), bytes);
+  EXPECT_EQ(FileBytes(path), bytes);
 }
 
 TEST_F(DatabaseFile, without_permission_to_write_for_anybody_is_read_only_even_for_the_superuser) {
-  const std::string before = Bytes(path);
+  const std::string before = FileBytes(path);
   fs::permissions(path, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
   EXPECT_EQ(Open(path), 3051);
   EXPECT_FALSE(db.IsOpen());
-  EXPECT_EQ(Bytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST_F(DatabaseFile, held_by_another_program_is_in_use_at_the_open) {
   OtherProgram other(path);
-  const std::string before = Bytes(path);
+  const std::string before = FileBytes(path);
   other.HoldAll();
   EXPECT_EQ(Open(path), 3356);
   EXPECT_FALSE(db.IsOpen());
   other.Release();
   EXPECT_EQ(Open(path), 0);
-  EXPECT_EQ(Bytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST_F(DatabaseFile, that_another_program_reads_opens_all_the_same) {
@@ -388,7 +381,7 @@ class ReadOnlyQuery : public DatabaseFile {
 };
 
 TEST_F(ReadOnlyQuery, refuses_every_statement_that_could_write) {
-  const std::string before = Bytes(path);
+  const std::string before = FileBytes(path);
   const std::string other = folder.path("other.mdb");
   for (const std::string& sql : std::vector<std::string>{"INSERT INTO SYS_CONFIG (sys_yr) VALUES (1)",
                                                          "UPDATE SYS_CONFIG SET sys_yr=1",
@@ -424,7 +417,7 @@ TEST_F(ReadOnlyQuery, refuses_every_statement_that_could_write) {
                                                          "EXPLAIN DELETE FROM SYS_CONFIG"})
     EXPECT_EQ(Refusal(sql), 3051) << sql;
   EXPECT_FALSE(fs::exists(other));
-  EXPECT_EQ(Bytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
   EXPECT_EQ(ToInteger(db.Single("PRAGMA foreign_keys")), 1);
 }
 

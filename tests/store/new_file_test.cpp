@@ -1,4 +1,4 @@
-// Files that somebody has named: written whole under their name, never over what the program needs.
+// Files under user-chosen names: written completely, never over the program's own.
 #include "store/new_file.h"
 
 #include <fcntl.h>

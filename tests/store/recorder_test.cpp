@@ -204,7 +204,7 @@ TEST(StoredRows, read_back_as_they_were_written) {
   EXPECT_THROW(RowValues("\7"), Fault);
 }
 
-// A partner that cannot write its part costs the batch nothing.
+// A partner that cannot write its part does not make the batch fail.
 class Unwilling : public BatchPartner {
  public:
   explicit Unwilling(Database& db) : db_(db) {}

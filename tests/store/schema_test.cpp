@@ -296,7 +296,7 @@ class Lookups : public testing::Test {
     }
     Listener::Take();
   }
-  // No cursor stands on the row already, so that every find looks its row up.
+  // No cursor is on the row already, so that every find looks its row up.
   void Wander() {
     for (const char* table :
          {"PD_PLATFORM_DESC", "PA_PLATFORM_ACTV", "ED_EQUIP_DESC", "EA_EQUIP_ACTV", "EA_FLA", "ED_FLA"})

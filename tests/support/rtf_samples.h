@@ -37,7 +37,7 @@ inline const std::string kWordProcessor =
 \trowd \cellx4000\cellx8000\pard\plain\intbl {Hours\cell 0 to 744\line at most\cell }\pard{\row }
 \pard\plain {\v hidden}{after}\par }})";
 
-// An office suite of another house: outline level at the paragraph, numbered style names, cell widths in front.
+// Another office suite: outline level at the paragraph, numbered style names, cell widths in front.
 inline const std::string kOfficeSuite =
     R"({\rtf1\ansi\deff3\adeflang1025
 {\fonttbl{\f0\froman\fprq2\fcharset0 Times New Roman;}{\f3\froman\fprq2\fcharset204 Liberation Serif;}}

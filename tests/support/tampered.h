@@ -1,4 +1,4 @@
-// What somebody may have done to an inventory file, as statements.
+// Ways to tamper with an inventory file, as statements.
 #pragma once
 
 #include <string>

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 
 #include "base/text.h"
@@ -50,6 +52,18 @@ Value RawValue(const std::string& path, const std::string& sql) {
   Database db;
   db.Open(path);
   return db.Single(sql);
+}
+
+std::string FileBytes(const std::string& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+bool IsSound(const std::string& path) {
+  Database db;
+  db.Open(path);
+  return NullToEmpty(db.Single("PRAGMA integrity_check")) == "ok" && db.Query("PRAGMA foreign_key_check").rows.empty();
 }
 
 TestRun::TestRun() : program_folder(MERLU_BUILD_FOLDER), data_folder(folder.path()) {}

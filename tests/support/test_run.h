@@ -18,7 +18,7 @@ namespace merlu::test {
 
 namespace fs = std::filesystem;
 
-// A temporary folder that goes with its owner.
+// A temporary folder, removed by its destructor.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -41,6 +41,10 @@ std::string CopyTemplate(const TemporaryFolder& folder, const std::string& name 
 // Runs statements on a database file beside the program.
 void Raw(const std::string& path, const std::vector<std::string>& statements);
 Value RawValue(const std::string& path, const std::string& sql);
+// The bytes of a file.
+std::string FileBytes(const std::string& path);
+// Whether the inventory passes the engine's check of all pages and every row has its parent.
+bool IsSound(const std::string& path);
 
 class TestRun : public Platform {
  public:

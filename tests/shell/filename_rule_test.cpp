@@ -1,4 +1,4 @@
-#include "exchange/filename_rule.h"
+#include "shell/filename_rule.h"
 
 #include <gtest/gtest.h>
 
