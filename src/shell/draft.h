@@ -13,8 +13,8 @@ enum class When { kInTime, kAtOnce };
 void KeepDraftOfEdit(Session& s, When when = When::kInTime);
 // Whether a field of the edit differs from what was loaded or saved last.
 bool HasTyped(Session& s);
-// Before a save: what another program has stored in the record meanwhile is kept where nothing was typed here, and named;
-// where both have changed a field the user is asked. False when the save is not to go on.
+// Before a save: what another program has stored in the record meanwhile is kept where nothing was typed here, and
+// named; where both have changed a field the user is asked. False when the save is not to go on.
 bool MindOthers(Session& s);
 // The edit has ended: by a save, whose batch forgets it too, or dropped.
 void EndDraft(Session& s);
