@@ -132,9 +132,7 @@ Draft Changed(const Draft& draft) {
 
 // Other programs' commits change it.
 std::int64_t FileVersion(Session& s) {
-  std::int64_t version = 0;
-  Plainly(s, [&] { version = ToInteger(s.db.Single("PRAGMA main.data_version")); });
-  return version;
+  return ToInteger(s.db.Single("PRAGMA main.data_version"));
 }
 
 void PutIn(Session& s, Form& form, const DraftField& field) {
@@ -228,8 +226,10 @@ void BeginDraft(Session& s) {
   if (sheet.form == nullptr || !s.db.IsOpen()) return;
   s.draft.owner = OwnName();
   s.draft.at = PackLocation(s.current, s.mode);
-  s.draft.file_version = FileVersion(s);
-  Plainly(s, [&] { s.draft.place = PlaceText(s.db, s.current); });
+  Plainly(s, [&] {
+    s.draft.file_version = FileVersion(s);
+    s.draft.place = PlaceText(s.db, s.current);
+  });
   for (const Control& control : sheet.form->controls())
     if (TakesText(control) && IsOnSheet(*sheet.form, control, sheet.frame))
       s.draft.fields.push_back({control.name, Caption(control), TextOf(control), TextOf(control)});
@@ -297,7 +297,10 @@ std::string Shown(const std::string& text) {
 
 bool MindOthers(Session& s) {
   const ShowingSheet sheet = SheetThatShows(s);
-  if (sheet.form == nullptr || s.draft.fields.empty() || s.draft.file_version == FileVersion(s)) return true;
+  if (sheet.form == nullptr || s.draft.fields.empty()) return true;
+  std::int64_t version = 0;
+  if (!Plainly(s, [&] { version = FileVersion(s); })) return false;
+  if (version == s.draft.file_version) return true;
   const std::vector<std::string> now = LoadedNow(s, *sheet.form);
   if (now.empty()) return false;
   std::string kept, both;

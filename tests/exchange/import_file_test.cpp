@@ -133,6 +133,11 @@ TEST_P(HostileDatabase, is_refused_before_anything_is_staged) {
   EXPECT_EQ(Loaded(), Texts{"Invalid Import file!"});
 }
 
+TEST_F(ForeignFile, with_a_value_larger_than_any_that_is_read_is_refused) {
+  Raw(path(), {"UPDATE PA_PLATFORM_ACTV SET COMNT_TXT=hex(zeroblob(32100000))"});
+  EXPECT_EQ(Loaded(), Texts{"Invalid Import file!"});
+}
+
 TEST_F(ForeignFile, is_taken_whatever_it_holds_beside_the_tables_that_are_read) {
   Raw(path(), {"DROP TABLE H_EA_FLA", "DROP TABLE listPRE", "CREATE TABLE listPRE (Model TEXT, Mfr TEXT)",
                "CREATE TABLE further (b TEXT, a TEXT AS (b))", "CREATE VIEW more AS SELECT 1", "DROP VIEW Structures"});

@@ -123,7 +123,6 @@ inline const std::vector<Tampering>& ForeignTamperings() {
       {"a_row_without_key", WithoutKeys("EA_EQUIP_ACTV", "UPDATE EA_EQUIP_ACTV SET EA_ID_AK=NULL WHERE EA_ID_AK=2")},
       {"bytes_that_are_no_text", {"UPDATE PD_PLATFORM_DESC SET Name=CAST(x'C0AF' AS TEXT)"}},
       {"half_a_character", {"UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID=CAST(x'41E2' AS TEXT)"}},
-      {"a_giant_value", {"UPDATE PA_PLATFORM_ACTV SET COMNT_TXT=hex(zeroblob(600000))"}},
   };
   return all;
 }
