@@ -148,6 +148,14 @@ void FormDialog::showEvent(QShowEvent* event) {
 void FormDialog::AddField(const Control& control) {
   Bound& bound = binding_.AddField(control, this, true);
   bound.caption->setWordWrap(false);
+  const auto& controls = binding_.form().controls();
+  if (std::any_of(controls.begin(), controls.end(), [&](const Control& c) { return c.beside == control.name; })) {
+    // with buttons beside the field its caption stands above: together they need the whole width
+    bound.caption->setAlignment(Qt::AlignLeft);
+    grid_->addWidget(bound.caption, row_++, 0, 1, columns_);
+    grid_->addWidget(bound.row, row_++, 0, 1, columns_);
+    return;
+  }
   grid_->addWidget(bound.caption, row_, 0,
                    control.lines ? Qt::AlignRight | Qt::AlignTop : Qt::AlignRight | Qt::AlignVCenter);
   grid_->addWidget(bound.row, row_, 1);

@@ -299,7 +299,10 @@ bool MindOthers(Session& s) {
   const ShowingSheet sheet = SheetThatShows(s);
   if (sheet.form == nullptr || s.draft.fields.empty()) return true;
   std::int64_t version = 0;
-  if (!Plainly(s, [&] { version = FileVersion(s); })) return false;
+  const auto read_version = [&] { version = FileVersion(s); };
+  // a file that is held is reported as the save of the record would report it
+  const bool is_equipment = s.current.Is(level::kEquipment);
+  if (!(is_equipment ? OnSheet(s, read_version) : Plainly(s, read_version))) return false;
   if (version == s.draft.file_version) return true;
   const std::vector<std::string> now = LoadedNow(s, *sheet.form);
   if (now.empty()) return false;
