@@ -3,6 +3,7 @@
 #include "base/fault.h"
 #include "command/command_texts.h"
 #include "command/commands.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
@@ -22,6 +23,7 @@ Status Run(const Request& request, Console& console) {
 }  // namespace
 
 Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console) {
+  CountNoMemory();
   try {
     const Request request = ReadRequest(command, words);
     if (request.help) console.out << CommandHelp(command);

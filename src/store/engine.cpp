@@ -82,6 +82,10 @@ void ThrowMisunderstood(sqlite3* db, std::string_view sql, const std::string& me
   throw Fault(no_column ? fault_number::kNoSuchItem : fault_number::kOther, kSource, message);
 }
 
+void CountNoMemory() {
+  sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
 void RunNothingOfTheFile(sqlite3* db) {
   for (int switched_off : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER})
     sqlite3_db_config(db, switched_off, 0, nullptr);
