@@ -1,4 +1,4 @@
-// The commands on tampered files, on a full disk, and killed at any moment.
+// The commands on tampered files, on a full disk, killed at any moment, and beside another program.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -7,10 +7,12 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <future>
 #include <map>
 #include <sstream>
 
 #include "command/commands.h"
+#include "faults/other_program.h"
 #include "inventory.h"
 #include "support/tampered.h"
 #include "support/test_run.h"
@@ -148,6 +150,32 @@ TEST_F(Robust, every_command_lives_with_files_that_were_tampered_with) {
     }
 }
 
+TEST_F(Robust, another_program_that_commits_all_the_time_loses_nothing_and_takes_nothing) {
+  const std::string sound = FileBytes(Path("FILE"));
+  for (const Line& line : Lines()) {
+    SCOPED_TRACE(line.command);
+    PutFile(sound);
+    const std::string out = Out(line);
+    if (!out.empty()) fs::remove(out);
+    Play(line);
+    const std::string alone = State();
+    PutFile(sound);
+    if (!out.empty()) fs::remove(out);
+    Raw(Path("FILE"), {"UPDATE PD_PLATFORM_DESC SET LEASE_NUM='0'"});
+    OtherProgram other(Path("FILE"));
+    other.KeepCommitting("UPDATE PD_PLATFORM_DESC SET LEASE_NUM=LEASE_NUM+1 WHERE CMPLX_ID_NUM='10001'");
+    const Status status = Play(line);
+    EXPECT_TRUE(other.LetGo()) << "the other program was turned away";
+    EXPECT_TRUE(status != Status::kFile || said.find("by another program") != std::string::npos) << said;
+    EXPECT_TRUE(status == Status::kFile || !line.writes || State() == alone) << State() << " is not " << alone;
+    EXPECT_TRUE(status == Status::kFile || out.empty() || IsWhole(out));
+    EXPECT_GT(ToInteger(RawValue(Path("FILE"), "SELECT LEASE_NUM FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM='10001'")),
+              0);
+    EXPECT_EQ(State().substr(0, 3), "ok/");
+    EXPECT_EQ(ToInteger(RawValue(Path("FILE"), "SELECT COUNT(*) FROM pragma_foreign_key_check")), 0);
+  }
+}
+
 // ---- the program itself ----
 
 struct Limits {
@@ -182,6 +210,24 @@ int RunProgram(const std::string& command, const std::vector<std::string>& words
   int status = 0;
   ::waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(Robust, a_file_that_another_program_holds_is_told_and_left_alone) {
+  const std::string sound = FileBytes(Path("FILE"));
+  OtherProgram other(Path("FILE"));
+  other.Hold();
+  // all at once, since each waits for some seconds
+  std::vector<std::pair<const char*, std::future<int>>> ends;
+  for (const Line& line : Lines())
+    ends.emplace_back(line.command, std::async(std::launch::async, [&, words = Words(line)] {
+                        return RunProgram(line.command, words, {});
+                      }));
+  EXPECT_EQ(Play(Lines().front()), Status::kFile);
+  EXPECT_NE(said.find("is being written by another program"), std::string::npos) << said;
+  for (auto& [command, end] : ends) EXPECT_EQ(end.get(), 3) << command;
+  EXPECT_TRUE(other.LetGo());
+  EXPECT_EQ(FileBytes(Path("FILE")), sound);
+  for (const Line& line : Lines()) EXPECT_TRUE(Out(line).empty() || !fs::exists(Out(line))) << line.command;
 }
 
 TEST_F(Robust, a_full_disk_leaves_no_half_file_and_the_inventory_as_it_was) {

@@ -1,14 +1,12 @@
 // Two programs on one inventory: each act of this one while another process changes, adds, deletes, or holds the file.
 #include <gtest/gtest.h>
-#include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 
 #include "entry/month_book.h"
 #include "faults/inventory_checks.h"
+#include "faults/other_program.h"
 #include "history/backups.h"
 #include "inventory.h"
 #include "session/node_keys.h"
@@ -18,65 +16,6 @@ namespace merlu::test {
 namespace {
 
 constexpr const char* kVolume = "EA_FLA SET VOL_FLARED=99 WHERE EA_ID_AK=1";
-
-// Another process, with a connection of its own.
-class OtherProgram {
- public:
-  explicit OtherProgram(std::string path) : path_(std::move(path)) {}
-  ~OtherProgram() { LetGo(); }
-  OtherProgram(const OtherProgram&) = delete;
-  OtherProgram& operator=(const OtherProgram&) = delete;
-
-  // In one commit; false when it could not.
-  bool Commit(const std::string& sql) const {
-    const pid_t child = ::fork();
-    if (child == 0) ::_exit(Run("PRAGMA foreign_keys=ON; BEGIN IMMEDIATE;" + sql + ";COMMIT", -1) ? 0 : 1);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-  }
-  // Begins to write, and goes on until LetGo.
-  void Hold() {
-    int begun[2], end[2];
-    if (::pipe(begun) != 0 || ::pipe(end) != 0) throw std::runtime_error("no pipe");
-    holder_ = ::fork();
-    if (holder_ == 0) {
-      ::close(end[1]);
-      sqlite3* db = nullptr;
-      sqlite3_open(path_.c_str(), &db);
-      sqlite3_busy_timeout(db, 5000);
-      sqlite3_exec(db, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
-      char byte = 0;
-      if (::write(begun[1], "x", 1) != 1 || ::read(end[0], &byte, 1) < 0) ::_exit(1);
-      ::_exit(0);
-    }
-    ::close(begun[1]), ::close(end[0]);
-    char byte = 0;
-    if (::read(begun[0], &byte, 1) != 1) throw std::runtime_error("the other program has not begun");
-    ::close(begun[0]);
-    hold_ = end[1];
-  }
-  void LetGo() {
-    if (holder_ <= 0) return;
-    ::close(hold_);
-    ::waitpid(holder_, nullptr, 0);
-    holder_ = 0;
-  }
-
- private:
-  bool Run(const std::string& sql, int) const {
-    sqlite3* db = nullptr;
-    if (sqlite3_open(path_.c_str(), &db) != SQLITE_OK) return false;
-    sqlite3_busy_timeout(db, 5000);
-    const bool done = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
-    sqlite3_close(db);
-    return done;
-  }
-
-  std::string path_;
-  pid_t holder_ = 0;
-  int hold_ = -1;
-};
 
 using Between = std::function<void()>;  // what the other program does in the middle of the act
 
