@@ -1,7 +1,9 @@
 #include "shell/commands.h"
 
+#include <iterator>
 #include <string_view>
 
+#include "entry/month_record.h"
 #include "forms/dialog_buttons.h"
 #include "session/main_names.h"
 #include "shell/status.h"
@@ -10,12 +12,12 @@ namespace merlu {
 namespace {
 
 struct State {
-  const Session& s;
+  Session& s;
   bool desc, actv, editing;
   bool user, survey, structure, equipment;
   bool inactive;  // equipment of a structure that reports nothing in the month
 
-  explicit State(const Session& session)
+  explicit State(Session& session)
       : s(session),
         desc(s.InDesc()),
         actv(s.InActv()),
@@ -73,16 +75,34 @@ bool OffersEquipment(const State& at) {
 bool HasWhatGoesOut(const State& at) {
   return !at.s.began_empty;
 }
+bool IsOpen(const State& at) {
+  return at.s.mode != Mode::kNone;
+}
+bool IsOpenAndNotEditing(const State& at) {
+  return IsOpen(at) && !at.editing;
+}
+bool OffersGrid(const State& at) {
+  return at.actv && !at.editing;
+}
+bool EditsRecord(const State& at) {
+  return at.editing && (at.structure || at.equipment);
+}
+bool EditsMonth(const State& at) {
+  return at.editing && ShownMonth(at.s).has_value();
+}
+bool ShowsCopied(const State& at) {
+  return IsOpen(at) && !CopiedFields(at.s).empty();
+}
+
 struct Command {
   const char* name;
   Test visible, enabled;  // null: neither set here
 };
 
+// Those that stay as they were made while no inventory is open.
 constexpr Command kCommands[] = {
     {names::mnuFile, Always, NotEditing},
     {names::mnuEdit, Always, NotEditing},
-    {names::mnuRFind, nullptr, NotEditing},
-    {names::mnuRHistory, nullptr, NotEditing},
     {names::tvwTree, Always, NotEditing},
     {names::cmdEditMode, Always, NotEditing},
     {names::cmdUSER_AddStructure, InDesc, NotEditing},
@@ -102,10 +122,33 @@ constexpr Command kCommands[] = {
     {names::mnuFExport, HasWhatGoesOut, nullptr},
     {names::mnuFExportInventory, HasWhatGoesOut, nullptr},
     {names::frmInvQCPrint, HasWhatGoesOut, nullptr},
-    {names::mnuFWorkbookMake, nullptr, InActv},
-    {names::mnuFWorkbookRead, nullptr, InActv},
     {names::txtTREE_Filter, nullptr, NotEditing},
 };
+
+// Those that nobody can give without an inventory.
+constexpr Command kCommandsOfInventory[] = {
+    {names::mnuFBackups, nullptr, IsOpen},
+    {names::mnuFWorkbookMake, nullptr, InActv},
+    {names::mnuFWorkbookRead, nullptr, InActv},
+    {names::mnuRNext, nullptr, IsOpen},
+    {names::mnuRPrevious, nullptr, IsOpen},
+    {names::mnuRHandIn, nullptr, IsOpen},
+    {names::mnuRHistory, nullptr, IsOpenAndNotEditing},
+    {names::mnuRFind, nullptr, IsOpenAndNotEditing},
+    {names::mnuNGrid, nullptr, OffersGrid},
+    {names::mnuNCopy, nullptr, EditsMonth},
+    {names::mnuNConfirm, nullptr, ShowsCopied},
+    {names::mnuNNext, nullptr, EditsRecord},
+    {names::mnuNPrevious, nullptr, EditsRecord},
+};
+
+void SetFlags(const State& state, const Command* commands, std::size_t count) {
+  for (const Command* command = commands; command != commands + count; ++command) {
+    Control& control = state.s.main->At(command->name);
+    if (command->visible != nullptr) control.visible = command->visible(state);
+    if (command->enabled != nullptr) control.enabled = command->enabled(state);
+  }
+}
 
 void SetCaptions(Session& s) {
   Form& main = *s.main;
@@ -119,13 +162,10 @@ void SetCaptions(Session& s) {
 }  // namespace
 
 void UpdateCommands(Session& s) {
-  if (s.mode == Mode::kNone) return;
   const State state(s);
-  for (const Command& command : kCommands) {
-    Control& control = s.main->At(command.name);
-    if (command.visible != nullptr) control.visible = command.visible(state);
-    if (command.enabled != nullptr) control.enabled = command.enabled(state);
-  }
+  SetFlags(state, kCommandsOfInventory, std::size(kCommandsOfInventory));
+  if (s.mode == Mode::kNone) return;
+  SetFlags(state, kCommands, std::size(kCommands));
   s.tree.enabled = !s.editing;
   SetCaptions(s);
   UpdateStatus(s);

@@ -6,7 +6,7 @@
 
 namespace merlu {
 
-// Brings all of them to what holds now. Nothing changes while no inventory is open.
+// Brings all of them to what holds now. Without an inventory those that need one are disabled, and the others stay.
 void UpdateCommands(Session& s);
 
 }  // namespace merlu

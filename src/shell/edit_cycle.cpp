@@ -28,7 +28,6 @@ void SetEditing(Session& s, bool editing) {
 void EndEdit(Session& s) {
   SetEditing(s, false);
   LockSheet(s);
-  ShowEntryCommands(s);
 }
 
 // The focused field's text counts as if the field had been left.
@@ -61,7 +60,6 @@ void BeginEdit(Session& s) {
   if (!CanUseRecord(s)) return;
   SetEditing(s, true);
   UnlockSheet(s);
-  ShowEntryCommands(s);
   BeginDraft(s);
 }
 

@@ -84,7 +84,6 @@ void SaveAndGo(Session& s, int step) {
 void CopyPreviousMonth(Session& s) {
   const int copied = CopyMonthBefore(s);
   s.message = copied == 0 ? "Nothing to copy" : Count(copied, "value") + " copied";
-  ShowEntryCommands(s);
 }
 
 void ConfirmCopiedValues(Session& s) {
@@ -96,7 +95,6 @@ void ConfirmCopiedValues(Session& s) {
   }
   for (Control* control : copied) control->copied = false;
   s.message = Count(static_cast<int>(copied.size()), "value") + " confirmed";
-  ShowEntryCommands(s);
 }
 
 void SaveAndNext(Session& s) {
@@ -112,15 +110,6 @@ void ShowEntryMarks(Session& s) {
   ShowCopied(s);
   ShowFindings(s);
   FollowFocus(s);
-  ShowEntryCommands(s);
-}
-
-void ShowEntryCommands(Session& s) {
-  const bool record = s.current.Is(level::kStructure) || s.current.Is(level::kEquipment);
-  s.main->At(names::mnuNGrid).enabled = s.InActv() && !s.editing;
-  s.main->At(names::mnuNCopy).enabled = s.editing && ShownMonth(s).has_value();
-  s.main->At(names::mnuNConfirm).enabled = !CopiedFields(s).empty();
-  for (const char* name : {names::mnuNNext, names::mnuNPrevious}) s.main->At(name).enabled = s.editing && record;
 }
 
 }  // namespace merlu

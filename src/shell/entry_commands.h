@@ -17,7 +17,5 @@ void SaveAndPrevious(Session& s);
 
 // Beside the fields: the month before, and what was copied and is not confirmed.
 void ShowEntryMarks(Session& s);
-// Enables the commands that can be given now.
-void ShowEntryCommands(Session& s);
 
 }  // namespace merlu

@@ -81,6 +81,7 @@ void ShowNoDatabase(Session& s) {
   UnloadForms(s, s.main);
   ResetRun(s);
   MakeMainForm(s);
+  UpdateCommands(s);
 }
 
 void LoadMainForm(Session& s) {

@@ -6,6 +6,7 @@
 
 #include "shell/last_resort.h"
 #include "shell/main_program.h"
+#include "shell/program_end.h"
 #include "shell/status.h"
 #include "shell/tree_find.h"
 #include "support/test_run.h"
@@ -40,6 +41,25 @@ TEST_F(AtTheDesk, has_the_commands_of_the_place_whatever_was_pushed_before) {
   EXPECT_TRUE(run.s.main->At("cmdEdit").visible);
   EXPECT_TRUE(run.s.main->At("mnuFile").enabled);
   EXPECT_FALSE(run.s.main->At("cmdSaveExit").visible);
+}
+
+TEST_F(AtTheDesk, without_an_inventory_offers_nothing_that_needs_one) {
+  const Texts needing = {"mnuFBackups", "mnuFWorkbookMake", "mnuFWorkbookRead", "mnuRNext", "mnuRPrevious",
+                         "mnuRHandIn",  "mnuRHistory",      "mnuRFind",         "mnuNGrid", "mnuNCopy",
+                         "mnuNConfirm", "mnuNNext",         "mnuNPrevious"};
+  EXPECT_TRUE(run.s.main->At("mnuRHandIn").enabled);
+  EXPECT_TRUE(run.s.main->At("mnuNGrid").enabled);
+  const std::string aside = run.s.path + ".aside";
+  CloseDatabase(run.s);
+  fs::rename(run.s.path, aside);
+  run.answers = {Button::kCancel};
+  EXPECT_FALSE(ReopenDatabase(run.s));
+  for (const std::string& name : needing) EXPECT_FALSE(run.s.main->At(name).enabled) << name;
+  EXPECT_TRUE(run.s.main->At("mnuFileSelectDatabase").enabled);
+  fs::rename(aside, run.s.path);
+  Main(run.s);
+  EXPECT_TRUE(run.s.main->At("mnuRHandIn").enabled);
+  EXPECT_TRUE(run.s.main->At("mnuNGrid").enabled);
 }
 
 TEST_F(AtTheDesk, tells_an_error_of_the_program_and_keeps_the_edit) {

@@ -14,6 +14,7 @@
 #include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
+#include "shell/commands.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
 #include "shell/routing.h"
@@ -178,6 +179,7 @@ std::string TestRun::WhyNotSet(const std::string& name) {
 void TestRun::Click(const std::string& name) {
   const auto [form, control] = Look(name);
   ASSERT_EQ(act::Click(s.desk, *form, name), "") << name;
+  if (!s.ended) UpdateCommands(s);  // as after every act
 }
 
 void TestRun::Set(const std::string& name, const std::string& value) {
