@@ -40,6 +40,9 @@ void MainMenus::MakeMenus() {
     if (control.parent.empty()) {
       menus_[name] = window_.menuBar()->addMenu(Q(control.caption));
       menus_[name]->setObjectName(Q(name));
+      if (s_.main->Handles(name, Event::kClick))
+        connect(menus_[name], &QMenu::aboutToShow, this,
+                [this, name] { acts_.Do([&] { return act::Click(s_.desk, *s_.main, name); }); });
       continue;
     }
     QMenu* menu = menus_.at(control.parent);

@@ -9,9 +9,27 @@
 #include "base/text.h"
 
 namespace merlu {
+namespace {
+
+// What a size is a multiple of, by the text behind its number; 0 for any other text.
+double UnitOf(std::string_view text) {
+  constexpr double kStep = 1024;
+  double unit = 1;
+  for (const char* name : {"", " KB", " MB", " GB"}) {
+    if (text == name) return unit;
+    unit *= kStep;
+  }
+  return 0;
+}
+
+}  // namespace
+
 SortKey::SortKey(const std::string& from) {
-  const auto [end, error] = std::from_chars(from.data(), from.data() + from.size(), number);
-  is_text = from.empty() || error != std::errc() || end != from.data() + from.size() || !std::isfinite(number);
+  const char* const last = from.data() + from.size();
+  const auto [end, error] = std::from_chars(from.data(), last, number);
+  const double unit = UnitOf({end, static_cast<std::size_t>(last - end)});
+  number *= unit;
+  is_text = from.empty() || error != std::errc() || unit == 0 || !std::isfinite(number);
   if (is_text) {
     number = 0;
     text = Lower(from);

@@ -46,7 +46,8 @@ class RowsModel : public ListModel {
   std::uint64_t revision_ = 0;
 };
 
-// By what a text is sorted: numbers by their value and before texts, texts without regard to case.
+// By what a text is sorted: numbers by their value and before texts, sizes ("1.5 MB") as numbers of bytes, texts
+// without regard to case.
 struct SortKey {
   explicit SortKey(const std::string& text);
   bool is_text = true;

@@ -53,10 +53,24 @@ std::string Words(const Fault& fault) {
   }
 }
 
+bool IsLock(const Fault& fault) {
+  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable;
+}
+
 // A lock passes; one that was moved or deleted is made anew.
 bool MayPass(const Fault& fault) {
-  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable ||
-         fault.number == fault_number::kPathNotFound;
+  return IsLock(fault) || fault.number == fault_number::kPathNotFound;
+}
+
+// Whether another program keeps the inventory itself from being written. The companion is not attached.
+bool IsInventoryLocked(Database& db) {
+  try {
+    db.Execute("BEGIN EXCLUSIVE");
+    db.Execute("ROLLBACK");
+    return false;
+  } catch (const Fault& fault) {
+    return IsLock(fault);
+  }
 }
 
 }  // namespace
@@ -98,7 +112,7 @@ void Companion::Attach(bool make) {
   if (!exists && (!make || !FileExists(db_->path()))) return;
   try {
     // what cannot be kept is not offered either
-    if (!CanWriteFolder(FolderOf(path_))) return Refuse("lies in a folder that cannot be written to", true);
+    if (!CanWriteFolder(FolderOf(path_))) return Refuse("lies in a folder that cannot be written to", true, path_);
     if (!exists) MakeBeside(db_->path(), path_);
     db_->Attach(path_, kSchema);
     attached_ = true;
@@ -116,10 +130,12 @@ void Companion::Attach(bool make) {
       SetAbout(*db_, "inventory", InventoryName(*db_));
       batch.Commit();
     }
-    if (IsAnothers()) return Refuse("belongs to another inventory", true);
+    if (IsAnothers()) return Refuse("belongs to another inventory", true, path_);
     why_not_.clear();
   } catch (const Fault& fault) {
-    Refuse(Words(fault), !MayPass(fault));
+    Detach();
+    const bool inventory = IsLock(fault) && IsInventoryLocked(*db_);
+    Refuse(Words(fault), !MayPass(fault), inventory ? db_->path() : path_);
   }
 }
 
@@ -142,10 +158,10 @@ void Companion::Detach() {
   }
 }
 
-void Companion::Refuse(const std::string& why, bool for_good) {
+void Companion::Refuse(const std::string& why, bool for_good, const std::string& file) {
   Detach();
   refused_ = for_good;
-  why_not_ = "No history is being kept: " + std::filesystem::path(path_).filename().string() + " " + why + ".";
+  why_not_ = "No history is being kept: " + std::filesystem::path(file).filename().string() + " " + why + ".";
 }
 
 std::string Companion::TakeNews() {
@@ -154,8 +170,11 @@ std::string Companion::TakeNews() {
 
 bool Companion::StepAside(const Fault& why) {
   if (!attached_) return false;
-  Refuse(Words(why), !MayPass(why));
   step_ = 0;
+  Detach();
+  // without the companion the batch would meet the same lock
+  if (IsLock(why) && IsInventoryLocked(*db_)) return false;
+  Refuse(Words(why), !MayPass(why), path_);
   return true;
 }
 

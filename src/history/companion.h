@@ -84,7 +84,7 @@ class Companion : public BatchPartner {
   void Attach(bool make);
   bool IsAnothers();
   void Detach();
-  void Refuse(const std::string& why, bool for_good);
+  void Refuse(const std::string& why, bool for_good, const std::string& file);
   void KeepStep(const Changes& changes);
   std::int64_t NewStep();
   void MakeRoom(std::int64_t bytes);

@@ -33,7 +33,7 @@ Value DateOf(Session& s, const Verdicts& verdicts) {
 
 // A description of equipment has no date of last QC.
 void NoteDescription(Session& s, std::int64_t ED_ID_AK) {
-  if (s.InDesc() && s.record_checked) s.checked_descriptions.insert(ED_ID_AK);
+  if (s.InDesc() && s.record_checked) s.checked_descriptions[ED_ID_AK] = true;
 }
 
 void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages) {

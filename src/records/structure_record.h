@@ -18,7 +18,8 @@ void ClearStructure(Session& s);
 bool LoadStructure(Session& s);
 void LockStructure(Session& s);
 void UnlockStructure(Session& s);
-void SaveStructure(Session& s);
+// Values that no run has judged leave the record without a date of last QC.
+void SaveStructure(Session& s, bool after_qc);
 void LoadStructureQCList(Session& s);
 
 // The rules of the sheet, by group: fields, sales gas composition, retired findings.

@@ -37,6 +37,12 @@ bool OnlyChanges(const RecordedTable& table, const RowChange& row, const char* c
   return before.size() == after.size();
 }
 
+// Whether the values of the column differ.
+bool Differs(const RecordedTable& table, const RowChange& row, const char* column) {
+  const std::size_t at = ColumnOf(table, column);
+  return TextAt(RowValues(row.before), at) != TextAt(RowValues(row.after), at);
+}
+
 // Of the row before and after.
 std::vector<std::int64_t> Numbers(const RecordedTable& table, const RowChange& row, const char* column) {
   std::vector<std::int64_t> numbers;
@@ -86,7 +92,10 @@ void ChangedRecords::NoteRow(const Changes& changes, const RowChange& row) {
   const bool came_or_went = row.Added() || row.Removed();
   switch (kinds_[row.table]) {
     case Table::kStructure:
-      if (came_or_went) all = true;
+      // another name makes other rows of the log its own
+      if (came_or_went || Differs(table, row, "RIMA_CO_NUM") || Differs(table, row, "CMPLX_ID_NUM") ||
+          Differs(table, row, "STRUCT_NUM"))
+        all = true;
       (OnlyChanges(table, row, "PD_QC_DT") ? descriptions : structures).insert(row.rowid);
       break;
     case Table::kStructureMonth:

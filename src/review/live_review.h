@@ -33,6 +33,7 @@ class LiveReview {
   // How the last change was followed: for those who count the work.
   int records_renewed() const { return renewed_; }
   bool made_anew() const { return made_anew_; }
+  std::size_t log_rows_read() const { return keeper_.log_rows_read(); }
 
  private:
   void Attend(Database& db);

@@ -22,12 +22,14 @@ std::size_t At(int index) {
   return static_cast<std::size_t>(index);
 }
 
+// Names are trimmed, as the log keeps them: a row of the log with other blanks belongs to no record, here as in the
+// queries of the sheets.
 std::string StructureName(std::string_view user, std::string_view complex, std::string_view structure) {
-  return Lower(Trim(user)) + '\n' + Lower(Trim(complex)) + '\n' + Lower(Trim(structure));
+  return Lower(user) + '\n' + Lower(complex) + '\n' + Lower(structure);
 }
 
 std::string PieceName(int structure, std::string_view type, std::string_view id) {
-  return std::to_string(structure) + '\n' + Lower(Trim(type)) + '\n' + Lower(Trim(id));
+  return std::to_string(structure) + '\n' + Lower(type) + '\n' + Lower(id);
 }
 
 // Ranks by text without regard to case, as siblings are sorted in the tree; equal ones keep their order.
@@ -130,9 +132,10 @@ void ReviewKeeper::ReadNames(Database& db) {
         const auto text = [&](int column) { return std::string(row.Text(column)); };
         const int index = static_cast<int>(structures.size());
         structure_of_key_[row.Integer(0)] = index;
-        structure_of_name_.try_emplace(StructureName(row.Text(1), row.Text(2), row.Text(3)), index);
+        const std::string complex = Trim(row.Text(2)), structure = Trim(row.Text(3));
+        structure_of_name_.try_emplace(StructureName(Trim(row.Text(1)), complex, structure), index);
         // when it is unknown whose it is
-        structure_of_name_.try_emplace(StructureName("", row.Text(2), row.Text(3)), index);
+        structure_of_name_.try_emplace(StructureName("", complex, structure), index);
         structures.push_back({row.Integer(0), text(1), text(2), text(3), text(4) + ", " + text(5) + ", " + text(6), 0});
       });
   Rank(structures, [](const ReviewedStructure& structure) { return structure.text; });
@@ -150,7 +153,7 @@ void ReviewKeeper::ReadNames(Database& db) {
         if (fresh) review_.pieces.emplace_back();
         ReviewedPiece& piece = review_.pieces[At(known->second)];
         piece = {row.Integer(0), at->second, std::string(row.Text(2)), std::string(row.Text(3)), 0};
-        piece_of_name_.try_emplace(PieceName(piece.structure, piece.type, piece.id), known->second);
+        piece_of_name_.try_emplace(PieceName(piece.structure, Trim(piece.type), Trim(piece.id)), known->second);
       });
   Rank(review_.pieces, [](const ReviewedPiece& piece) { return TreeTypeName(piece.type) + ": " + Trim(piece.id); });
 }
@@ -191,7 +194,8 @@ int ReviewKeeper::Find(RecordKind kind, std::int64_t key) const {
 }
 
 int ReviewKeeper::Find(const QCLocation& l) const {
-  const Named named = NameOf(l.Level, l.UserID, l.Month, l.CmplxID, l.StructID, l.EquipType, l.EquipID);
+  const Named named =
+      NameOf(l.Level, Trim(l.UserID), l.Month, Trim(l.CmplxID), Trim(l.StructID), Trim(l.EquipType), Trim(l.EquipID));
   const auto found = record_at_.find(named.place);
   return found == record_at_.end() ? -1 : found->second;
 }
@@ -209,29 +213,64 @@ LogRow ReviewKeeper::RowOfLog(const RowView& row, std::int64_t place) {
   return {place, row.Integer(0), texts_.Of(row.Text(1)), texts_.Of(row.Text(2)), std::string(row.Text(3)), false};
 }
 
-// For all structures, or for those, with the rows that have no record. Rows of one place are usually adjacent, as are
-// those of one structure.
-LoggedRows ReviewKeeper::ReadLog(Database& db, const std::set<int>* structures) {
+// A row is always somebody's.
+ReviewKeeper::Named ReviewKeeper::NameOfRow(const RowView& row) const {
+  constexpr int kLocation = 4;
+  const auto text = [&row](int column) { return row.Text(kLocation + column); };
+  const Named named =
+      NameOf(text(0), text(1), static_cast<int>(row.Integer(kLocation + 2)), text(3), text(4), text(5), text(6));
+  const bool owned =
+      named.structure < 0 || !text(1).empty() || Trim(review_.structures[At(named.structure)].user).empty();
+  return owned ? named : Named{};
+}
+
+// Rows of one place are usually adjacent.
+LoggedRows ReviewKeeper::ReadLog(Database& db) {
   LoggedRows log;
   std::array<std::string, kLocationColumns> last;
   Named named;
   bool first = true;
   db.ForEach(std::string(kLogColumns) + " ORDER BY rowid", {}, [&](const RowView& row) {
     constexpr int kLocation = 4;
-    const auto text = [&row](int column) { return row.Text(kLocation + column); };
     bool same = !first;
     for (int column = 0; same && column < static_cast<int>(kLocationColumns); ++column)
-      same = last[At(column)] == text(column);
+      same = last[At(column)] == row.Text(kLocation + column);
     if (!same) {
-      for (int column = 0; column < static_cast<int>(kLocationColumns); ++column) last[At(column)] = text(column);
-      const int month = static_cast<int>(row.Integer(kLocation + 2));
-      named = NameOf(text(0), text(1), month, text(3), text(4), text(5), text(6));
+      for (int column = 0; column < static_cast<int>(kLocationColumns); ++column)
+        last[At(column)] = row.Text(kLocation + column);
+      named = NameOfRow(row);
       first = false;
     }
-    const bool wanted =
-        structures == nullptr || structures->contains(named.structure) || !record_at_.contains(named.place);
-    if (wanted) log.Add(RowOfLog(row, named.place));
+    log.Add(RowOfLog(row, named.place));
   });
+  log_rows_read_ = log.rows().size();
+  log.Arrange();
+  return log;
+}
+
+// Those under the names of the structures, and those that the review knows of them or of no record.
+LoggedRows ReviewKeeper::ReadLogOf(Database& db, const std::set<int>& structures) {
+  std::map<std::int64_t, LogRow> rows;
+  const auto take = [&](const RowView& row) {
+    const Named named = NameOfRow(row);
+    // one that is another record's now
+    if (!structures.contains(named.structure) && record_at_.contains(named.place)) return;
+    rows.try_emplace(row.Integer(0), RowOfLog(row, named.place));
+  };
+  const std::string of_structure = std::string(kLogColumns) + " WHERE UserID=? AND CmplxID=? AND StructID=?";
+  for (const int structure : structures) {
+    const ReviewedStructure& named = review_.structures[At(structure)];
+    db.ForEach(of_structure, {Trim(named.user), Trim(named.complex), Trim(named.structure)}, take);
+  }
+  const std::string one = std::string(kLogColumns) + " WHERE rowid=?";
+  for (const ReviewedRecord& record : review_.records) {
+    if (record.gone == nullptr && !structures.contains(record.structure)) continue;
+    for (const ReviewedFinding& finding : record.findings)
+      if (finding.row != 0 && !rows.contains(finding.row)) db.ForEach(one, {finding.row}, take);
+  }
+  log_rows_read_ = rows.size();
+  LoggedRows log;
+  for (auto& [key, row] : rows) log.Add(std::move(row));
   log.Arrange();
   return log;
 }
@@ -417,7 +456,7 @@ void ReviewKeeper::Build(Database& db, const Companion& companion) {
   Clear();
   ReadMonths(db);
   ReadNames(db);
-  LoggedRows log = ReadLog(db, nullptr);
+  LoggedRows log = ReadLog(db);
   KnownComments known(companion, true);
   std::vector<ReviewedRecord> records;
   constexpr std::size_t kRecordsOfOne = 13;  // a description and a year of months
@@ -434,7 +473,7 @@ void ReviewKeeper::Replace(Database& db, const Companion& companion, const std::
   std::set<int> wanted;
   for (const std::int64_t key : structures)
     if (const auto found = structure_of_key_.find(key); found != structure_of_key_.end()) wanted.insert(found->second);
-  LoggedRows log = ReadLog(db, &wanted);
+  LoggedRows log = ReadLogOf(db, wanted);
   KnownComments known(companion, false);
   std::vector<ReviewedRecord> records;
   for (const int structure : wanted)
@@ -459,9 +498,7 @@ bool ReviewKeeper::Renew(Database& db, const Companion& companion, int number, c
   std::vector<LogRow> log;
   for (const std::int64_t rowid : rows)
     db.ForEach(std::string(kLogColumns) + " WHERE rowid=?", {rowid}, [&](const RowView& row) {
-      const Named named = NameOf(row.Text(4), row.Text(5), static_cast<int>(row.Integer(6)), row.Text(7), row.Text(8),
-                                 row.Text(9), row.Text(10));
-      if (named.place == place) log.push_back(RowOfLog(row, place));
+      if (NameOfRow(row).place == place) log.push_back(RowOfLog(row, place));
     });
   Logged logged;
   for (LogRow& row : log) logged.push_back(&row);
@@ -493,9 +530,7 @@ void ReviewKeeper::RenewGone(Database& db, const Companion& companion, const std
   std::vector<ReviewedRecord> records;
   for (const std::int64_t rowid : rows)
     db.ForEach(std::string(kLogColumns) + " WHERE rowid=?", {rowid}, [&](const RowView& row) {
-      const Named named = NameOf(row.Text(4), row.Text(5), static_cast<int>(row.Integer(6)), row.Text(7), row.Text(8),
-                                 row.Text(9), row.Text(10));
-      if (!record_at_.contains(named.place)) records.push_back(Gone(db, RowOfLog(row, -1), known));
+      if (!record_at_.contains(NameOfRow(row).place)) records.push_back(Gone(db, RowOfLog(row, -1), known));
     });
   if (!some && records.empty()) return;
   std::move(records.begin(), records.end(), std::back_inserter(review_.records));

@@ -77,7 +77,7 @@ class ReviewKeeper {
 
   // Faults of the store are passed on; the review is then empty, or as it was.
   void Build(Database& db, const Companion& companion);
-  // The records of these structures, by PD_ID_AK, and the rows of the log without a record.
+  // The records of these structures, by PD_ID_AK, which keep their names, and the rows of the log without a record.
   void Replace(Database& db, const Companion& companion, const std::set<std::int64_t>& structures);
   // Judges one record together with its rows of the log. False when its rows are gone.
   using ContextsOf = std::map<std::int64_t, Contexts>;
@@ -89,6 +89,9 @@ class ReviewKeeper {
   // The record of the review; -1 without one.
   int Find(RecordKind kind, std::int64_t key) const;
   int Find(const QCLocation& location) const;
+
+  // How many rows of the log were read for the last Build or Replace: for those who count the work.
+  std::size_t log_rows_read() const { return log_rows_read_; }
 
  private:
   struct Named {
@@ -109,7 +112,9 @@ class ReviewKeeper {
   Named NameOf(std::string_view level, std::string_view user, int month, std::string_view complex,
                std::string_view structure, std::string_view type, std::string_view id) const;
   static std::int64_t PlaceKey(int structure, int piece, int month);
-  LoggedRows ReadLog(Database& db, const std::set<int>* structures);
+  Named NameOfRow(const RowView& row) const;
+  LoggedRows ReadLog(Database& db);
+  LoggedRows ReadLogOf(Database& db, const std::set<int>& structures);
   LogRow RowOfLog(const RowView& row, std::int64_t place);
   void Judge(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
              std::vector<ReviewedRecord>& to);
@@ -134,6 +139,7 @@ class ReviewKeeper {
   std::unordered_map<std::int64_t, int> structure_of_key_, piece_of_key_;
   std::unordered_map<std::string, int, TextHash, std::equal_to<>> structure_of_name_, piece_of_name_;
   mutable LastStructure last_structure_;
+  std::size_t log_rows_read_ = 0;
   std::unordered_map<std::int64_t, int> record_at_;                 // by place
   std::array<std::unordered_map<std::int64_t, int>, 5> record_of_;  // by kind and key
 };

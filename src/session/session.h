@@ -4,8 +4,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -80,8 +80,9 @@ struct Session {
   QCLocation status_of{};             // what these three were last counted for
   std::int64_t status_changes = -1;
   bool checked = true;  // false where no run has been since the last save
-  // Descriptions of equipment (ED_ID_AK) that were judged since their last save: descriptions have no date of last QC.
-  std::set<std::int64_t> checked_descriptions;
+  // Whether a description of equipment (ED_ID_AK) was judged since its last save, for those that were judged or saved
+  // since the start: descriptions have no date of last QC.
+  std::map<std::int64_t, bool> checked_descriptions;
 
   // The edit
   bool editing = false;

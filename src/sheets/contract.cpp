@@ -224,7 +224,7 @@ void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
     else
       SaveDescription(s, form, sheet);
     batch.Commit();
-    if (s.InDesc() && !after_qc) s.checked_descriptions.erase(s.ED_ID_AK);
+    if (s.InDesc() && !after_qc) s.checked_descriptions[s.ED_ID_AK] = false;
   });
   if (!done) s.save_failed = true;
 }

@@ -1,6 +1,9 @@
 #include "shell/backup_dialog.h"
 
+#include <cmath>
+
 #include "base/host.h"
+#include "base/numbers.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
 #include "history/backups.h"
@@ -22,9 +25,23 @@ std::string Count(Database& db, const char* sql) {
   return std::to_string(ToInteger(db.Single(sql)));
 }
 
+// "12 KB", "1.5 MB": a file of any size has at least 1 KB.
+std::string SizeText(std::uint64_t bytes) {
+  constexpr double kStep = 1024, kTenth = 10;
+  double size = std::ceil(static_cast<double>(bytes) / kStep);
+  if (size < kStep) return GeneralNumber(size) + " KB";
+  const char* unit = " MB";
+  size = static_cast<double>(bytes) / kStep / kStep;
+  if (size >= kStep) {
+    unit = " GB";
+    size /= kStep;
+  }
+  return GeneralNumber(std::round(size * kTenth) / kTenth) + unit;
+}
+
 // What a backup holds; blanks where it cannot be read.
 RowsModel::Row RowOf(const Backup& backup) {
-  RowsModel::Row row = {StoredDate(backup.when), backup.why, std::to_string(FileSize(backup.path)), "", "", ""};
+  RowsModel::Row row = {StoredDate(backup.when), backup.why, SizeText(FileSize(backup.path)), "", "", ""};
   try {
     Database db;
     db.OpenReadOnly(backup.path);

@@ -44,7 +44,7 @@ struct MenuCommand {
   const char* name;
   const char* caption;  // "-" is a separator
   const char* parent;
-  Command run;                 // null for a menu or a separator
+  Command run;                 // as a menu opens, of a menu; null for most, and for a separator
   const char* file = nullptr;  // beside the program; the command shows it as help or opens it
   bool checkable = false;      // checked while what it shows is there
 };
@@ -54,7 +54,7 @@ void HelpHere(Session& s) {
 }
 
 constexpr MenuCommand kMenus[] = {
-    {names::mnuFile, "&File", "", nullptr},
+    {names::mnuFile, "&File", "", ShowRecentFiles},
     {names::mnuFileSelectDatabase, "Open a different MERLU database", names::mnuFile, LocateDatabase},
     {names::mnuFileCreateNewDB, "Create New MERLU Database", names::mnuFile, CreateNewDatabase},
     {"mnuFBar1", "-", names::mnuFile, nullptr},

@@ -166,7 +166,7 @@ void SaveSheet(Session& s, bool after_qc) {
     // the tree record is updated before the structure is saved
     TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;
     if (row != nullptr) row->Status = s.main->At(names::chkSTRUCTURE_Status).checked ? "I" : "A";
-    SaveStructure(s);
+    SaveStructure(s, after_qc);
   }
   if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
   if (!s.save_failed) Plainly(s, [&] { KeepCopiedOfShown(s); });

@@ -57,8 +57,8 @@ PlaceCounts LoggedAt(Session& s) {
   return counts;
 }
 
-// Rows of the place that have no date of last QC. A description of equipment gets none from a run: then that of its
-// structure counts.
+// Rows of the place that have no date of last QC. A description of equipment gets none from a run: that of its
+// structure counts while nothing else is known.
 Question Unchecked(const Session& s) {
   const QCLocation& at = s.current;
   if (at.Is(level::kSurvey)) {
@@ -97,8 +97,10 @@ void UpdateStatus(Session& s) {
   try {
     const bool description = s.InDesc() && at.Is(level::kEquipment);
     const Question unchecked = Unchecked(s);
-    s.checked = (description && s.checked_descriptions.contains(s.ED_ID_AK)) ||
-                ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
+    const auto known = s.checked_descriptions.find(s.ED_ID_AK);
+    s.checked = description && known != s.checked_descriptions.end()
+                    ? known->second
+                    : ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
     const PlaceCounts counts = s.editing && s.checked && !at.Is(level::kSurvey) ? LoggedAt(s) : FindingsAt(s);
     s.findings = counts.findings;
     s.unexplained = counts.unexplained;

@@ -272,6 +272,20 @@ TEST_F(Evening, opens_an_inventory_of_the_last_days_from_the_menu) {
   EXPECT_TRUE(driver_->Text("findings").endsWith("inventory.mdb")) << driver_->Text("findings").toStdString();
 }
 
+TEST_F(Evening, finds_no_inventory_in_the_menu_that_is_gone_when_it_opens) {
+  const std::string other = folder_.path("other.mdb");
+  fs::copy_file(folder_.path("inventory.mdb"), other);
+  OnNextFile(QString::fromStdString(other));
+  Key("Ctrl+O");
+  ASSERT_TRUE(driver_->AllModalsCame());
+  auto* recent = Main().findChild<QAction*>("mnuFRecent2");
+  ASSERT_TRUE(recent != nullptr && recent->isVisible());
+  fs::rename(folder_.path("inventory.mdb"), folder_.path("renamed.mdb"));
+  emit Main().findChild<QMenu*>("mnuFile")->aboutToShow();
+  EXPECT_FALSE(recent->isVisible());
+  fs::rename(folder_.path("renamed.mdb"), folder_.path("inventory.mdb"));
+}
+
 TEST_F(Evening, is_told_where_a_document_is_that_no_program_opens) {
   driver_->OnNextModal([&](QWidget* widget) {
     auto* box = qobject_cast<QMessageBox*>(widget);

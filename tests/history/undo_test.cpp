@@ -328,6 +328,37 @@ TEST_F(History, that_another_program_holds_costs_no_save) {
   EXPECT_EQ(NextUndo(companion)->title.what, "later");
 }
 
+TEST_F(History, is_not_blamed_for_a_lock_on_the_inventory) {
+  AddStructure();
+  Database holder;
+  holder.Open(path);
+  for (const bool writes : {true, false}) {
+    holder.Execute(writes ? "BEGIN IMMEDIATE" : "BEGIN");
+    if (!writes) holder.Query("SELECT COUNT(*) FROM EA_FLA");
+    companion.BeginStep({"2017-03-05 14:02:00", "anna", "refused", "there", "a", "b"});
+    EXPECT_THROW(db.Execute("UPDATE EA_FLA SET OP_HR=7"), Fault);
+    companion.EndStep();
+    EXPECT_EQ(companion.why_not(), "") << writes;
+    holder.Execute("ROLLBACK");
+    DoStep("kept", {"UPDATE EA_FLA SET OP_HR=" + std::to_string(writes ? 8 : 9)});
+    EXPECT_EQ(NextUndo(companion)->title.what, "kept");
+  }
+  EXPECT_EQ(Steps(companion).size(), 3U) << "each commit that went through is a step";
+}
+
+TEST_F(History, opened_while_the_inventory_is_locked_names_the_inventory) {
+  AddStructure();
+  companion.Close();
+  Database holder;
+  holder.Open(path);
+  WriteBatch lock(holder);
+  holder.Execute("UPDATE EA_FLA SET OP_HR=7");
+  fs::remove(File());
+  companion.Open(db, {});
+  EXPECT_FALSE(companion.Want());
+  EXPECT_EQ(companion.why_not(), "No history is being kept: inventory.mdb is locked by another program.");
+}
+
 TEST_F(History, that_is_deleted_meanwhile_costs_no_save_and_is_made_anew) {
   AddStructure();
   fs::remove(File());

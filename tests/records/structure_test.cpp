@@ -4,6 +4,7 @@
 
 #include "records/structure_fields.h"
 #include "session/records.h"
+#include "shell/status.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -17,6 +18,10 @@ class StructureSheet : public testing::Test {
   void GoToMonth(int month = 1) {
     run.ChangeTo(Mode::kActv);
     run.Select(run.Key("", "", month));
+  }
+  bool IsChecked() {
+    UpdateStatus(run.s);
+    return run.s.checked;
   }
   std::string Stored(const std::string& table, const std::string& column) {
     return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
@@ -218,6 +223,44 @@ TEST_F(StructureSheet, shows_the_date_of_its_last_run_by_mode) {
   EXPECT_EQ(run.Text("lblSTRUCTURE_QCDate"), "Date of Last QC: Feb 03, 2017 04:05");
   GoToMonth();
   EXPECT_EQ(run.Text("lblSTRUCTURE_QCDate"), "Date of Last QC:          ");
+}
+
+TEST_F(StructureSheet, saved_without_a_run_has_no_date_of_last_run_any_more) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  GoToMonth();
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  EXPECT_NE(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "");
+  EXPECT_TRUE(IsChecked());
+  run.Keep({{"txtSTRUCTURE_ProdOil", "8"}});
+  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "PA_QC_DT"), "");
+  EXPECT_EQ(run.Text("lblSTRUCTURE_QCDate"), "Date of Last QC:          ");
+  EXPECT_FALSE(IsChecked());
+  EXPECT_NE(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "") << "its description is as it was";
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  EXPECT_TRUE(IsChecked());
+  run.Keep({{"txtSTRUCTURE_Lat", "25"}});
+  EXPECT_EQ(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "");
+  EXPECT_FALSE(IsChecked());
+  run.Click("cmdEdit");
+  run.Click("cmdSaveExit");
+  run.TakeBoxes();
+  EXPECT_NE(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "");
+  EXPECT_TRUE(IsChecked());
+}
+
+TEST_F(StructureSheet, made_inactive_by_a_save_with_its_run_has_no_date_either) {
+  GoToMonth();
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.Click("cmdEdit");
+  run.Check("chkSTRUCTURE_Status", true);
+  run.Click("cmdSaveExit");
+  run.TakeBoxes();
+  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "status"), "I");
+  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "PA_QC_DT"), "");
 }
 
 TEST_F(StructureSheet, that_is_gone_cannot_be_loaded_or_saved) {

@@ -155,6 +155,19 @@ TEST_F(AtTheDesk, knows_whether_a_description_was_checked_since_its_last_save) {
   EXPECT_TRUE(run.s.checked) << "the save has run the rules";
 }
 
+TEST_F(AtTheDesk, counts_a_description_saved_behind_the_run_of_its_structure_as_unchecked) {
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.GoTo("FLA", "F1", Mode::kDesc);
+  UpdateStatus(run.s);
+  EXPECT_TRUE(run.s.checked);
+  run.Keep({{"txtFLA_ConcH2S", "5"}});
+  UpdateStatus(run.s);
+  EXPECT_FALSE(run.s.checked);
+}
+
 TEST_F(AtTheDesk, says_behind_a_save_what_is_found_in_the_values_as_they_are_stored) {
   run.Select(run.Key("FLA", "F1", 1));
   run.Click("cmdEdit");
@@ -221,6 +234,19 @@ TEST_F(AtTheDesk, offers_the_inventories_opened_last_that_are_still_there) {
   EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
   run.Start(first);
   EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
+}
+
+TEST_F(AtTheDesk, looks_which_of_the_inventories_opened_last_are_there_as_the_menu_opens) {
+  const std::string first = run.s.path, second = CopyTemplate(run.folder, "second.mdb");
+  Raw(second, {"INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('77')"});
+  run.Start(second);
+  fs::rename(first, run.folder.path("elsewhere.mdb"));
+  run.Click("mnuFile");
+  EXPECT_TRUE(run.s.main->At("mnuFRecent1").caption.starts_with("second.mdb - "));
+  EXPECT_FALSE(run.s.main->At("mnuFRecent2").visible);
+  fs::rename(run.folder.path("elsewhere.mdb"), first);
+  run.Click("mnuFile");
+  EXPECT_TRUE(run.s.main->At("mnuFRecent2").caption.starts_with("inventory.mdb - "));
 }
 
 TEST_F(AtTheDesk, shows_an_ampersand_of_a_name_among_the_inventories_opened_last) {

@@ -333,6 +333,28 @@ TEST_F(FindingsDockOf, passes_a_row_of_the_log_whose_record_is_gone) {
   EXPECT_EQ(seen, (Texts{kHours, kVolume, "Hours", kHours}));
 }
 
+TEST_F(FindingsDockOf, shows_a_row_of_the_log_with_other_blanks_in_its_key_as_no_record_s) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.s.db.Execute("UPDATE QC SET EquipID='F1  ',Comments='so' WHERE FieldID LIKE 'Hours%'");
+  run.GoTo("FLA", "F1", Mode::kActv, 2);
+  run.GoTo("FLA", "F1", Mode::kActv, 1);
+  EXPECT_EQ(run.At("lvwFLA_QCResults").rows.size(), 1U) << "the sheet and the next run do not find it";
+  EXPECT_EQ(run.s.findings, 2);
+  EXPECT_EQ(run.s.unexplained, 2);
+  const int hours = RowOf(kHours);
+  EXPECT_EQ(Rows().Text(hours, 6), "open") << "nor does its comment explain the record's own finding";
+  EXPECT_EQ(Rows().RowCount(), 3);
+  int of_none = 0;
+  for (int row = 0; row < Rows().RowCount(); ++row)
+    if (Rows().RecordAt(row).gone) {
+      ++of_none;
+      EXPECT_EQ(Rows().Text(row, 5), "so");
+      EXPECT_EQ(Rows().Text(row, 0), "2017/01 · 1001/1 · Combustion Flare: F1");
+    }
+  EXPECT_EQ(of_none, 1);
+}
+
 TEST_F(FindingsDockOf, tells_the_session_what_the_place_has) {
   EXPECT_EQ(run.s.findings, 2) << "judged, nothing was run";
   EXPECT_EQ(run.s.unexplained, 2);

@@ -403,6 +403,7 @@ TEST_F(OnScreen, a_restored_backup_is_what_it_was_and_ends_undo) {
     const Control& list = form.At("lvwBAK_List");
     ASSERT_EQ(list.model->RowCount(), 2);
     EXPECT_EQ(Cell(list, 0, 1), "by hand");
+    EXPECT_TRUE(Cell(list, 0, 2).ends_with(" KB")) << Cell(list, 0, 2);
     EXPECT_EQ(Cell(list, 0, 4), "1");
     EXPECT_EQ(Cell(list, 0, 5), "0");
     run.Pick("lvwBAK_List", 0);
