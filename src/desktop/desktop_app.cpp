@@ -49,7 +49,7 @@ bool IsInput(QEvent::Type type) {
   }
 }
 
-constexpr int kWaitPaintsEvery = 80, kShortWork = 150;  // milliseconds
+constexpr int kWaitPaintsEvery = 80, kShortWork = 150, kWindowComesWithin = 100;  // milliseconds
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -212,9 +212,16 @@ void DesktopApp::GiveKeys(int tries) {
   }
 }
 
+// Docks are as they were after the last act; at the start they are read behind the first painting.
 void DesktopApp::Paint() {
-  acts_.Refresh();
+  acts_.Redraw();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  if (window_ == nullptr || std::exchange(was_painted_, true)) return;
+  // the window system may take a moment to have the window
+  QElapsedTimer waiting;
+  waiting.start();
+  while (!window_->windowHandle()->isExposed() && waiting.elapsed() < kWindowComesWithin)
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kWindowComesWithin / 10);
 }
 
 void DesktopApp::PaintWait(const WaitScreen& wait) {

@@ -67,6 +67,7 @@ class DesktopApp : public QObject, public Platform, public RealHost {
   std::unique_ptr<QWidget> wait_;
   std::vector<QPointer<DialogWindow>> dialogs_;
   QElapsedTimer painted_, waiting_;
+  bool was_painted_ = false;
   bool holding_ = false;
   bool can_stop_ = false;      // the work of the wait screen
   std::vector<HeldKey> held_;  // typed while the program was at work

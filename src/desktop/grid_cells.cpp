@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -70,6 +71,33 @@ void DrawSign(QPainter& painter, const QRect& room, Tone tone, const QColor& ink
   }
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(ink);
+}
+
+// One line of text, laid out once to be measured and drawn.
+class LaidOut {
+ public:
+  LaidOut(const QString& text, const QFont& font) : layout_(text, font) {
+    layout_.setCacheEnabled(true);
+    layout_.beginLayout();
+    line_ = layout_.createLine();
+    layout_.endLayout();
+  }
+  qreal Width() const { return line_.isValid() ? line_.naturalTextWidth() : 0; }
+  void Draw(QPainter& painter, const QRect& room, bool right) const {
+    if (!line_.isValid()) return;
+    const qreal left = right ? room.left() + room.width() - Width() : room.left();
+    layout_.draw(&painter, QPointF(left, room.top() + (room.height() - line_.height()) / 2));
+  }
+
+ private:
+  QTextLayout layout_;
+  QTextLine line_;
+};
+
+void DrawText(QPainter& painter, const QRect& room, const LaidOut& text, const QString& whole, const QFont& font,
+              bool right) {
+  if (text.Width() <= room.width()) return text.Draw(painter, room, right);
+  LaidOut(QFontMetrics(font).elidedText(whole, Qt::ElideRight, room.width()), font).Draw(painter, room, right);
 }
 
 }  // namespace
@@ -169,11 +197,20 @@ Qt::ItemFlags GridAdapter::flags(const QModelIndex& index) const {
 
 // ---- how they look ----
 
+const GridCells::Fonts& GridCells::FontsOf(const QFont& font) const {
+  if (fonts_.is_known && fonts_.plain == font) return fonts_;
+  fonts_ = {true, font, font, font};
+  fonts_.bold.setBold(true);
+  fonts_.small.setPointSizeF(font.pointSizeF() * 0.85);
+  return fonts_;
+}
+
 void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const GridCell& cell = adapter_.At(index);
   const bool numeric = adapter_.Head(index.column()).numeric;
   const bool selected = option.state & QStyle::State_Selected;
   const QRect place = option.rect;
+  const Fonts& fonts = FontsOf(option.font);
   const QColor ink = InkOf(option.palette, cell, selected);
   painter->save();
   painter->fillRect(place, GroundOf(option.palette, cell, selected));
@@ -183,28 +220,21 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
   painter->setPen(ink);
   QRect room = place.adjusted(kAside, 0, -kAside, 0);
   if (cell.back == Back::kFlag || !cell.finding.empty()) {
-    QFont bold = option.font;
-    bold.setBold(true);
-    painter->setFont(bold);
+    painter->setFont(fonts.bold);
     painter->drawText(QRect(place.left() + 3, place.top(), kMarkWidth, place.height()), Qt::AlignVCenter, "!");
     room.setLeft(room.left() + kMarkWidth);
   }
-  painter->setFont(option.font);
   if (HasSign(cell)) {
     DrawSign(*painter, QRect(room.left(), room.top(), kSignWidth, room.height()), cell.tone, ink);
     room.setLeft(room.left() + kSignWidth);
   }
-  const QString text = option.fontMetrics.elidedText(OneLine(cell.text), Qt::ElideRight, room.width());
-  painter->drawText(room, Qt::AlignVCenter | (numeric ? Qt::AlignRight : Qt::AlignLeft), text);
+  const QString whole = OneLine(cell.text);
+  const LaidOut text(whole, fonts.plain);
+  DrawText(*painter, room, text, whole, fonts.plain, numeric);
   if (!cell.was.empty() && numeric) {
-    const int free = room.width() - option.fontMetrics.horizontalAdvance(text) - kAside;
-    QFont small = option.font;
-    small.setPointSizeF(option.font.pointSizeF() * 0.85);
-    painter->setFont(small);
     painter->setPen(selected || cell.back == Back::kFlag ? ink : Quiet(option.palette));
-    const QString was = Q(cell.was);
-    if (QFontMetrics(small).horizontalAdvance(was) <= free)
-      painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeft, was);
+    const LaidOut was(Q(cell.was), fonts.small);
+    if (was.Width() <= room.width() - text.Width() - kAside) was.Draw(*painter, room, false);
   }
   if (!cell.hint.empty() || cell.copied) {
     const QPoint corner = place.bottomRight() + QPoint(1, 1);

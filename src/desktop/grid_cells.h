@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QFont>
 #include <QStyledItemDelegate>
 
 #include <cstdint>
@@ -59,7 +60,14 @@ class GridCells : public QStyledItemDelegate {
   void Left(GridStep step);
 
  private:
+  struct Fonts {
+    bool is_known = false;
+    QFont plain, bold, small;
+  };
+  const Fonts& FontsOf(const QFont& font) const;
+
   const GridAdapter& adapter_;
+  mutable Fonts fonts_;
 };
 
 }  // namespace merlu

@@ -254,7 +254,8 @@ void ModelList::paintEvent(QPaintEvent* event) {
   if (adapter_->rowCount() > 0) return;
   QPainter painter(viewport());
   painter.setPen(Quiet(palette()));
-  painter.drawText(viewport()->rect(), Qt::AlignCenter, empty_text_);
+  const bool is_read = control_.model->Revision() > 0;
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, is_read ? empty_text_ : tr("Reading..."));
 }
 
 }  // namespace merlu

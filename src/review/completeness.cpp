@@ -4,7 +4,6 @@
 #include <array>
 
 #include "base/text.h"
-#include "session/types.h"
 
 namespace merlu {
 namespace {
@@ -66,8 +65,7 @@ std::string KeyOfRow(const Review& review, const ReviewedRecord& record, bool of
 
 std::string TextOfRow(const Review& review, const ReviewedRecord& record, bool of_equipment) {
   if (!of_equipment) return review.structures[static_cast<std::size_t>(record.structure)].text;
-  const ReviewedPiece& piece = review.pieces[static_cast<std::size_t>(record.piece)];
-  return TreeTypeName(piece.type) + ": " + Trim(piece.id);
+  return PieceText(review.pieces[static_cast<std::size_t>(record.piece)]);
 }
 
 }  // namespace

@@ -2,16 +2,20 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <sstream>
 #include <unordered_map>
 
 #include "base/case_folding.h"
 #include "base/text.h"
+#include "session/place.h"
 
 namespace merlu {
 namespace {
 
 enum Column { kPlace, kField, kValue, kExpected, kError, kComment, kState };
+
+const std::string kBetweenParts = " · ";  // of a place
 
 std::vector<std::string> WordsOf(const std::string& text) {
   std::istringstream in(FoldedText(text));
@@ -24,9 +28,17 @@ std::vector<std::string> WordsOf(const std::string& text) {
 class Sieve {
  public:
   Sieve(const Review& review, const FindingFilter& filter)
-      : review_(review), filter_(filter), words_(WordsOf(filter.words)), of_record_(review.records.size()) {
+      : review_(review),
+        filter_(filter),
+        words_(WordsOf(filter.words)),
+        of_record_(review.records.size()),
+        in_structure_(review.structures.size()),
+        in_piece_(review.pieces.size()),
+        in_said_(review.said.size()) {
     if (words_.size() > kMostWords) words_.resize(kMostWords);
     all_ = (Mask{1} << words_.size()) - 1;
+    for (const FindingState state : {FindingState::kOpen, FindingState::kExplained, FindingState::kStale})
+      in_state_[static_cast<std::size_t>(state)] = WordsIn(StateText(state));
   }
 
   bool Passes(const FindingPlace& place) {
@@ -39,6 +51,10 @@ class Sieve {
  private:
   using Mask = std::uint64_t;
   static constexpr std::size_t kMostWords = 60;
+  struct Part {
+    bool is_known = false;
+    Mask found = 0;  // words that it holds
+  };
   struct OfRecord {
     bool is_known = false, passes = false;
     Mask found = 0;  // words that its place holds
@@ -49,15 +65,30 @@ class Sieve {
     if (filter_.when.find('/') != std::string::npos &&
         (record.month == 0 || MonthText(record.year, record.month) != filter_.when))
       return {true, false, 0};
-    return {true, true, words_.empty() ? 0 : WordsIn(PlaceOf(review_, record))};
+    return {true, true, words_.empty() ? 0 : InPlace(record)};
+  }
+
+  // No word is in two parts of a place, as there are blanks between them.
+  Mask InPlace(const ReviewedRecord& record) {
+    if (record.gone) return WordsIn(PlaceOf(review_, record));
+    Part& month = in_month_[{record.year, record.month}];
+    if (!month.is_known) month = {true, WordsIn(JoinPlace(record.month, record.year, "", "") + kBetweenParts)};
+    Part& structure = in_structure_[static_cast<std::size_t>(record.structure)];
+    if (!structure.is_known)
+      structure = {true, WordsIn(review_.structures[static_cast<std::size_t>(record.structure)].text)};
+    Mask found = structure.found | (record.month == 0 ? 0 : month.found);
+    if (!record.IsEquipment()) return found;
+    Part& piece = in_piece_[static_cast<std::size_t>(record.piece)];
+    if (!piece.is_known)
+      piece = {true, WordsIn(kBetweenParts + PieceText(review_.pieces[static_cast<std::size_t>(record.piece)]))};
+    return found | piece.found;
   }
 
   bool Passes(const ReviewedFinding& finding, Mask found) {
     if (filter_.state == "Open" && finding.state != FindingState::kOpen) return false;
     if (filter_.state == "Explained" && finding.state != FindingState::kExplained) return false;
     if (filter_.state == "Stale" && finding.state != FindingState::kStale) return false;
-    if (found != all_) found |= InSaid(*finding.said);
-    if (found != all_) found |= WordsIn(StateText(finding.state));
+    if (found != all_) found |= in_state_[static_cast<std::size_t>(finding.state)] | InSaid(*finding.said);
     if (found != all_ && !finding.value.empty()) found |= WordsIn(finding.value);
     if (found != all_ && !finding.comment.empty()) found |= WordsIn(finding.comment);
     return found == all_;
@@ -71,9 +102,9 @@ class Sieve {
     return found;
   }
   Mask InSaid(const Said& said) {
-    const auto [known, fresh] = in_said_.try_emplace(&said, 0);
-    if (fresh) known->second = WordsIn(said.tag) | WordsIn(said.expected) | WordsIn(said.text);
-    return known->second;
+    Part& known = in_said_[said.number];
+    if (!known.is_known) known = {true, WordsIn(said.tag) | WordsIn(said.expected) | WordsIn(said.text)};
+    return known.found;
   }
 
   const Review& review_;
@@ -81,7 +112,9 @@ class Sieve {
   std::vector<std::string> words_;
   Mask all_ = 0;
   std::vector<OfRecord> of_record_;
-  std::unordered_map<const Said*, Mask> in_said_;
+  std::map<std::pair<int, int>, Part> in_month_;
+  std::vector<Part> in_structure_, in_piece_, in_said_;
+  std::array<Mask, 3> in_state_{};
   std::string folded_;
 };
 

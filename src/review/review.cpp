@@ -55,20 +55,21 @@ Mode ModeOf(const ReviewedRecord& record) {
   return record.month == 0 ? Mode::kDesc : Mode::kActv;
 }
 
+std::string PieceText(const ReviewedPiece& piece) {
+  return TreeTypeName(piece.type) + ": " + Trim(piece.id);
+}
+
 std::string PlaceOf(const Review& review, const ReviewedRecord& record) {
-  const auto equipment_text = [](const std::string& type, const std::string& id) {
-    return TreeTypeName(type) + ": " + Trim(id);
-  };
   if (record.gone) {
     const QCLocation& l = *record.gone;
     const bool equipment = l.Is(level::kEquipment);
     const std::string structure = l.Is(level::kSurvey) ? "" : Trim(l.CmplxID) + "/" + Trim(l.StructID);
-    return JoinPlace(l.Month, l.Year, structure, equipment ? equipment_text(l.EquipType, l.EquipID) : "");
+    return JoinPlace(l.Month, l.Year, structure, equipment ? TreeTypeName(l.EquipType) + ": " + Trim(l.EquipID) : "");
   }
   const std::string& structure = review.structures[static_cast<std::size_t>(record.structure)].text;
   if (!record.IsEquipment()) return JoinPlace(record.month, record.year, structure, "");
-  const ReviewedPiece& piece = review.pieces[static_cast<std::size_t>(record.piece)];
-  return JoinPlace(record.month, record.year, structure, equipment_text(piece.type, piece.id));
+  return JoinPlace(record.month, record.year, structure,
+                   PieceText(review.pieces[static_cast<std::size_t>(record.piece)]));
 }
 
 Review MakeReview(Database& db, const Companion& companion) {

@@ -34,7 +34,8 @@ struct ReviewedPiece {
 // The text of a rule's finding, or of a row of the log: stored once for all findings that share it.
 struct Said {
   std::string tag, control, expected, text;
-  int field = 0;  // its place on the sheet
+  int field = 0;           // its place on the sheet
+  std::size_t number = 0;  // among those of the review
 };
 
 struct ReviewedFinding {
@@ -87,6 +88,8 @@ std::vector<YearMonth> MonthsOf(const Review& review);
 
 QCLocation LocationOf(const Review& review, const ReviewedRecord& record);
 Mode ModeOf(const ReviewedRecord& record);
+// "Combustion Flare: F1"
+std::string PieceText(const ReviewedPiece& piece);
 // "2017/03 · GI, 43, A · Combustion Flare: F1"
 std::string PlaceOf(const Review& review, const ReviewedRecord& record);
 

@@ -6,7 +6,6 @@
 
 #include "history/all_comments.h"
 #include "qc/comment_key.h"
-#include "session/types.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -155,7 +154,7 @@ void ReviewKeeper::ReadNames(Database& db) {
         piece = {row.Integer(0), at->second, std::string(row.Text(2)), std::string(row.Text(3)), 0};
         piece_of_name_.try_emplace(PieceName(piece.structure, Trim(piece.type), Trim(piece.id)), known->second);
       });
-  Rank(review_.pieces, [](const ReviewedPiece& piece) { return TreeTypeName(piece.type) + ": " + Trim(piece.id); });
+  Rank(review_.pieces, PieceText);
 }
 
 std::int64_t ReviewKeeper::PlaceKey(int structure, int piece, int month) {
@@ -284,6 +283,7 @@ const Said& ReviewKeeper::Saying(const RuleSet* rules, std::string_view tag, std
   const auto found = said_.find(key);
   if (found != said_.end()) return *found->second;
   Said& said = review_.said.emplace_back();
+  said.number = review_.said.size() - 1;
   said.tag = tag;
   said.text = text;
   said.expected = expected;

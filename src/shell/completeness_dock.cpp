@@ -105,7 +105,7 @@ Form& MakeDock(Session& s) {
   dock.dock = names::mnuRCompleteness;
   AddList(dock, kShow, "Show:", {kStructures});
   AddGrid(dock, kGrid, "Completeness", std::make_shared<CompletenessModel>());
-  AddLabel(dock, kCount, "");
+  AddLabel(dock, kCount, kNotReadYet);
   dock.At(kShow).index = 0;
   dock.At(kShow).text = kStructures;
   dock.KeepDesign();
@@ -125,9 +125,7 @@ Form& CompletenessDock(Session& s) {
 }
 
 void ToggleCompleteness(Session& s) {
-  Form& dock = CompletenessDock(s);
-  ToggleDock(s, dock);
-  if (dock.visible) dock.Raise(kCount, kRefreshDock);
+  ToggleDock(s, CompletenessDock(s));
 }
 
 void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states) {

@@ -10,8 +10,10 @@ void ShowDock(Session& s, Form& dock, bool show);
 // What its menu command does.
 void ToggleDock(Session& s, Form& dock);
 // What a dock shows besides its rows (a count, the items of a list) is brought up to date by this event of its own
-// label, which every front end raises after each act.
+// label, which every front end raises after each act. A dock that was shown in the act is read then, and its label says
+// so until it is.
 inline constexpr Event kRefreshDock = Event::kMoved;
+inline constexpr const char* kNotReadYet = "Reading...";
 void RefreshDocks(Session& s);
 // Checks the menu commands of the docks that show and of no others.
 void CheckDockCommands(Session& s);

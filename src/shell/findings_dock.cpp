@@ -250,7 +250,7 @@ Form& MakeDock(Session& s) {
                                           return FindingFilter{text(kFilter), text(kState), text(kWhen)};
                                         }}));
   dock.At(kList).many = true;
-  AddLabel(dock, kCount, "");
+  AddLabel(dock, kCount, kNotReadYet);
   AddButton(dock, names::cmdFND_Comment, "Edit QC Comment");
   AddButton(dock, names::cmdFND_Export, "Export...");
   for (const char* list : {kState, kWhen}) {
@@ -294,9 +294,7 @@ FindingsModel& Findings(Session& s) {
 }
 
 void ToggleFindings(Session& s) {
-  Form& dock = FindingsDock(s);
-  ToggleDock(s, dock);
-  if (dock.visible) Refresh(dock);
+  ToggleDock(s, FindingsDock(s));
 }
 
 void ShowFindings(Session& s, const FindingFilter& filter) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 #include <set>
-#include <tuple>
 
 #include "base/text.h"
 #include "entry/month_grid.h"
@@ -92,12 +91,18 @@ struct Piece {
   std::string structure, number, type, id;  // number: complex and structure
   const SheetSpec* sheet = nullptr;         // null for a structure
   std::int64_t key = 0;
-  // As in the tree, which is sorted by text.
-  bool operator<(const Piece& other) const {
-    return std::tuple(Lower(structure), number, sheet != nullptr, Lower(type), Lower(id)) <
-           std::tuple(Lower(other.structure), other.number, other.sheet != nullptr, Lower(other.type), Lower(other.id));
-  }
+  std::string order{};  // as in the tree, which is sorted by text
 };
+
+// A structure comes before its equipment.
+std::string OrderOf(const Piece& piece) {
+  std::string order;
+  for (const std::string& part : {Lower(piece.structure), piece.number, Lower(piece.type), Lower(piece.id)}) {
+    order += part;
+    order += '\0';
+  }
+  return order;
+}
 
 std::vector<Piece> ReadPieces(Database& db) {
   std::vector<Piece> pieces;
@@ -116,7 +121,8 @@ std::vector<Piece> ReadPieces(Database& db) {
                pieces.push_back({std::string(row.Text(1)), std::string(row.Text(2)), TreeTypeName(sheet->type),
                                  std::string(row.Text(4)), sheet, row.Integer(0)});
              });
-  std::sort(pieces.begin(), pieces.end());
+  for (Piece& piece : pieces) piece.order = OrderOf(piece);
+  std::sort(pieces.begin(), pieces.end(), [](const Piece& a, const Piece& b) { return a.order < b.order; });
   return pieces;
 }
 

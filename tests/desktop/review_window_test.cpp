@@ -158,5 +158,37 @@ TEST_F(WindowReview, its_run_is_stopped_with_a_click) {
   EXPECT_TRUE(driver.AllModalsCame());
 }
 
+// The program as it is painted first.
+class FirstPainting : public DesktopApp {
+ public:
+  using DesktopApp::DesktopApp;
+  void Paint() override {
+    DesktopApp::Paint();
+    if (std::exchange(painted, true)) return;
+    window_shows = window() != nullptr && window()->isVisible();
+    for (const char* label : {"lblFND_Count", "lblCMP_Count"})
+      if (const auto* found = window()->findChild<QLabel*>(label)) labels << found->text();
+    if (const auto* list = window()->findChild<ModelList*>("lvwFND_List")) rows = list->model()->rowCount();
+  }
+  bool painted = false, window_shows = false;
+  int rows = -1;
+  QStringList labels;
+};
+
+TEST(StartWithDocks, paints_the_window_before_they_are_read) {
+  TemporaryFolder folder;
+  const std::string path = FaultyInventory(folder);
+  FirstPainting app(folder.path("settings.ini"));
+  app.StoreSetting("Options", "DBloc", path);
+  for (const char* dock : {"mnuRFindings", "mnuRCompleteness"}) app.StoreSetting("Docks", dock, "1");
+  ASSERT_TRUE(app.Start());
+  EXPECT_TRUE(app.window_shows);
+  EXPECT_EQ(app.rows, 0);
+  EXPECT_EQ(app.labels, QStringList({"Reading...", "Reading..."}));
+  EXPECT_GT(app.window()->findChild<ModelList*>("lvwFND_List")->model()->rowCount(), 3);
+  EXPECT_TRUE(app.window()->findChild<QLabel*>("lblFND_Count")->text().contains(" findings"));
+  EXPECT_FALSE(app.window()->findChild<QLabel*>("lblCMP_Count")->text().contains("Reading"));
+}
+
 }  // namespace
 }  // namespace merlu::test
