@@ -3,6 +3,7 @@
 #include "command/finding_lines.h"
 #include "command/out_file.h"
 #include "exchange/workbook.h"
+#include "exchange/xlsx_book.h"
 
 namespace merlu {
 namespace {
@@ -16,7 +17,7 @@ void KeepState(CheckedFile& file, const std::string& state) {
 }
 
 Cell TextCell(const std::string& text) {
-  return text.empty() ? Cell(EmptyCell()) : Cell(text);
+  return text.empty() ? Cell(EmptyCell()) : Cell(TextForCell(text));
 }
 
 // The columns of the list of findings.

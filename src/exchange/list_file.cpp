@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "exchange/csv.h"
 #include "exchange/workbook.h"
+#include "exchange/xlsx_book.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -43,9 +44,9 @@ Sheet SheetOf(const ListToWrite& list) {
   for (int row = 0; row < list.rows; ++row) {
     SheetRow cells;
     for (std::size_t column = 0; column < list.columns.size(); ++column) {
-      std::string text = list.text(row, static_cast<int>(column));
+      const std::string text = list.text(row, static_cast<int>(column));
       widen(column, text);
-      cells.cells.push_back(text.empty() ? Cell() : Cell(std::move(text)));
+      cells.cells.push_back(text.empty() ? Cell() : Cell(TextForCell(text)));
     }
     sheet.rows.push_back(std::move(cells));
   }

@@ -16,8 +16,8 @@ struct ListToWrite {
   std::function<std::string(int row, int column)> text;
 };
 
-// By the extension of the path: .csv, anything else as .xlsx. Texts stay texts: nothing in them becomes a formula.
-// The faults of WriteNewFile.
+// By the extension of the path: .csv, anything else as .xlsx. Texts stay texts: nothing in them becomes a formula. One
+// that is longer than a cell of a workbook takes is cut and says so; .csv holds it whole. The faults of WriteNewFile.
 void WriteList(const OwnFiles& own, const std::string& path, const ListToWrite& list);
 // Several lists as the sheets of one workbook.
 void WriteLists(const OwnFiles& own, const std::string& path, const std::vector<ListToWrite>& lists);

@@ -23,7 +23,7 @@ constexpr const char* kMark = "MERLU-2017 month workbook";
 constexpr int kNames = 1, kCaptions = 2, kRecords = 3;
 constexpr int kStructure = 0, kEquipment = 1, kKey = 2, kFields = 3;
 constexpr int kEach = 2;  // columns of a field: its value, and the month before
-constexpr std::size_t kMostHint = 255, kMostTitle = 32, kMostCharacters = 32'767;
+constexpr std::size_t kMostHint = 255, kMostTitle = 32;
 constexpr double kWidest = 40, kMargin = 2;
 constexpr const char* kChoices = "Choices";
 
@@ -74,11 +74,6 @@ Formats MakeFormats(lxw_workbook* book) {
   }
   format_set_num_format(formats.place, "@");
   return formats;
-}
-
-// Whether a cell returns the text unchanged.
-bool FitsCell(const std::string& text) {
-  return IsUtf8(text) && CountCharacters(text) <= kMostCharacters;
 }
 
 class SheetWriter {
@@ -135,8 +130,8 @@ class SheetWriter {
   }
 
   void PutRow(int at, const BookSheet& sheet, const BookRow& row) {
-    Put(at, kStructure, ValidUtf8(row.structure), formats_.place);
-    Put(at, kEquipment, ValidUtf8(row.equipment), formats_.place);
+    Put(at, kStructure, TextForCell(row.structure), formats_.place);
+    Put(at, kEquipment, TextForCell(row.equipment), formats_.place);
     Put(at, kKey, row.key, formats_.place);
     for (std::size_t i = 0; i < sheet.columns.size() && i < row.cells.size(); ++i) {
       const bool numeric = sheet.columns[i].numeric, fits = FitsCell(row.cells[i].text);

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "exchange/csv.h"
 #include "exchange/workbook.h"
+#include "exchange/xlsx_book.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -24,7 +25,7 @@ void WriteWorkbook(const std::vector<std::vector<std::string>>& rows, const std:
       if (row[i].empty())
         written.cells.emplace_back(EmptyCell{});
       else
-        written.cells.emplace_back(row[i]);
+        written.cells.emplace_back(TextForCell(row[i]));
       if (sheet.widths.size() <= i) sheet.widths.push_back(8);
       sheet.widths[i] = std::max(sheet.widths[i], std::min(kWidest, static_cast<int>(TextWidth(row[i])) + 2));
     }

@@ -7,12 +7,15 @@
 
 #include "base/fault.h"
 #include "base/host.h"
+#include "base/text.h"
 #include "store/files.h"
 
 namespace merlu {
 namespace {
 
 constexpr const char* kSource = "MERLU spreadsheet";
+
+constexpr std::size_t kMostOfCell = 32767;  // characters as the file counts them, and as the library does
 
 // What the parts of a workbook take that are not its rows.
 constexpr long kSmallParts = 1 << 20;
@@ -46,6 +49,20 @@ std::string EscapedForXlsx(std::string_view text) {
       result += text[0];
   }
   return result;
+}
+
+bool FitsCell(const std::string& text) {
+  return IsUtf8(text) && ToUtf16(text).size() <= kMostOfCell && CountCharacters(EscapedForXlsx(text)) <= kMostOfCell;
+}
+
+std::string TextForCell(std::string_view text) {
+  std::string whole = ValidUtf8(text);
+  if (FitsCell(whole)) return whole;
+  const std::string words = " ... (cut here, of " + std::to_string(CountCharacters(whole)) + " characters)";
+  std::size_t characters = kMostOfCell - words.size();
+  std::string part = FirstCharacters(whole, characters) + words;
+  while (!FitsCell(part)) part = FirstCharacters(whole, characters /= 2) + words;
+  return part;
 }
 
 void CheckXlsx(lxw_error error) {

@@ -12,6 +12,12 @@ namespace merlu {
 // The text as the format requires it: a text that looks like an escape is escaped, as are characters that XML forbids.
 std::string EscapedForXlsx(std::string_view text);
 
+// Whether a cell returns the text unchanged: it is a text, and short enough.
+bool FitsCell(const std::string& text);
+// The text as a cell of a list takes it: bytes that are no text are replaced, and one that is too long is cut and says
+// so in its last words. For what is only read: a file that is read back must not hold a shortened text.
+std::string TextForCell(std::string_view text);
+
 // Throws for what the library answers.
 void CheckXlsx(lxw_error error);
 

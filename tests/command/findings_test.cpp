@@ -5,6 +5,7 @@
 
 #include "command/check.h"
 #include "command/commands.h"
+#include "exchange/read_workbook.h"
 #include "store/image.h"
 #include "support/test_run.h"
 
@@ -108,6 +109,17 @@ TEST_F(ListedFindings, are_listed_by_state_and_written_to_a_workbook) {
   EXPECT_EQ(out, "");
   EXPECT_GT(fs::file_size(elsewhere.path("findings.xlsx")), 1000U);
   EXPECT_EQ(Play({"-o", elsewhere.path("findings.xlsx")}), Status::kFile);
+}
+
+TEST_F(ListedFindings, are_written_with_a_comment_that_no_cell_takes) {
+  run.s.db.Execute("UPDATE QC SET Comments=? WHERE FieldID LIKE 'Hours%'", {std::string(40000, 'x')});
+  const TemporaryFolder elsewhere;
+  const std::string book = elsewhere.path("findings.xlsx");
+  EXPECT_EQ(Play({"--state", "explained", "-o", book}), Status::kWell) << out;
+  const ForeignSheet sheet = ReadForeignWorkbook(book).at(0);
+  EXPECT_EQ(sheet.Text(1, 1), hours);
+  EXPECT_TRUE(sheet.Text(1, 5).ends_with("x ... (cut here, of 40000 characters)"));
+  EXPECT_EQ(sheet.Text(1, 6), "explained");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "exchange/read_workbook.h"
 #include "forms/dialog.h"
 #include "shell/docks.h"
 #include "shell/status.h"
@@ -353,6 +354,32 @@ TEST_F(FindingsDockOf, shows_a_row_of_the_log_with_other_blanks_in_its_key_as_no
       EXPECT_EQ(Rows().Text(row, 0), "2017/01 · 1001/1 · Combustion Flare: F1");
     }
   EXPECT_EQ(of_none, 1);
+}
+
+TEST_F(FindingsDockOf, exports_a_workbook_that_reads_back_as_the_list) {
+  run.Click("cmdQC");
+  run.TakeBoxes();
+  run.s.db.Execute("UPDATE QC SET Comments='=1+1, \"so\"' WHERE FieldID LIKE 'Hours%'");
+  run.Set("cmbFND_When", "All");
+  FindingsModel& rows = Rows();
+  ASSERT_GT(rows.RowCount(), 5);
+  for (const char* name : {"findings.xlsx", "findings.csv"}) {
+    run.files = {run.folder.path(name)};
+    run.Click("cmdFND_Export");
+    EXPECT_EQ(run.TakeBoxes(), Texts{"Done."});
+    const ForeignSheet sheet = ReadForeignWorkbook(run.folder.path(name)).at(0);
+    const bool csv = std::string(name).ends_with(".csv");
+    // what begins like a formula is none there
+    const auto written = [csv](const std::string& text) {
+      return csv && text.find_first_of("=+-@") == 0 ? "'" + text : text;
+    };
+    for (int column = 0; column < static_cast<int>(kFindingColumns.size()); ++column) {
+      EXPECT_EQ(sheet.Text(0, column), kFindingColumns[static_cast<std::size_t>(column)]);
+      for (int row = 0; row < rows.RowCount(); ++row)
+        EXPECT_EQ(sheet.Text(row + 1, column), written(rows.Text(row, column))) << name << " " << row;
+    }
+    EXPECT_TRUE(sheet.cells.empty() || sheet.cells.back().row == rows.RowCount());
+  }
 }
 
 TEST_F(FindingsDockOf, tells_the_session_what_the_place_has) {
