@@ -124,7 +124,7 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
   const Value comments = FieldText(typed_comments != nullptr ? *typed_comments : stored.Comments());
   const Value status = std::string(typed.inactive ? "I" : "A");
   if (kind.sheet == nullptr) {
-    sets += s_.record_checked ? ",COMNT_TXT=?,status=?" : ",PA_QC_DT=NULL,COMNT_TXT=?,status=?";
+    sets += ",COMNT_TXT=?,status=?";
     written.push_back(comments);
     written.push_back(status);
     Update(s_, kind.table, sets, "SA_ID_AK", std::move(written), record.keys.SA_ID_AK);

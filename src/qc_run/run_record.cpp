@@ -75,6 +75,7 @@ void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedReco
   ApplyVerdicts(s, location, *record.verdicts);
   TellFaults(s, *record.verdicts);
   const Value date = DateOf(s, *record.verdicts);
+  s.unjudged_structures.erase({s.mode, s.InActv() ? record.keys.SA_ID_AK : record.keys.PD_ID_AK});
   if (s.InActv())
     s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PA_QC_DT=? WHERE SA_ID_AK=?", {date, record.keys.SA_ID_AK});
   else
@@ -179,6 +180,7 @@ void StampStructure(Session& s, bool checked) {
   row.Edit();
   row.SetField(s.InActv() ? "PA_QC_DT" : "PD_QC_DT", checked ? Value(StoredDate(s.platform.Now())) : Value(Null{}));
   row.Update();
+  s.unjudged_structures.erase({s.mode, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK});
 }
 
 }  // namespace merlu

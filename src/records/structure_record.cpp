@@ -128,7 +128,7 @@ void UnlockStructure(Session& s) {
   main.focus = s.InActv() ? names::txtSTRUCTURE_ProdOil : names::txtSTRUCTURE_Area;
 }
 
-void SaveStructure(Session& s, bool after_qc) {
+void SaveStructure(Session& s) {
   const bool saved = Plainly(s, [&] {
     WriteBatch batch(s.db);
     if (!FindStructureRecord(s)) {
@@ -140,7 +140,6 @@ void SaveStructure(Session& s, bool after_qc) {
     row.Edit();
     StoreColumns(s, row);
     if (s.InActv()) row.SetField("status", std::string(s.main->At(kStatus).checked ? "I" : "A"));
-    if (!after_qc) row.SetField(s.InActv() ? "PA_QC_DT" : "PD_QC_DT", Null{});
     row.Update();
     if (s.InActv()) PropagateStatus(s);
     batch.Commit();

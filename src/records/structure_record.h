@@ -18,8 +18,7 @@ void ClearStructure(Session& s);
 bool LoadStructure(Session& s);
 void LockStructure(Session& s);
 void UnlockStructure(Session& s);
-// Values that no run has judged leave the record without a date of last QC.
-void SaveStructure(Session& s, bool after_qc);
+void SaveStructure(Session& s);
 void LoadStructureQCList(Session& s);
 
 // The rules of the sheet, by group: fields, sales gas composition, retired findings.

@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -83,6 +85,9 @@ struct Session {
   // Whether a description of equipment (ED_ID_AK) was judged since its last save, for those that were judged or saved
   // since the start: descriptions have no date of last QC.
   std::map<std::int64_t, bool> checked_descriptions;
+  // Structures (PD_ID_AK) and their months (SA_ID_AK) that no run has judged since their last save: a save leaves them
+  // the date of last QC.
+  std::set<std::pair<Mode, std::int64_t>> unjudged_structures;
 
   // The edit
   bool editing = false;

@@ -50,6 +50,7 @@ void ResetRun(Session& s) {
   s.may_add_month = true;
   s.status_changes = -1;
   s.checked_descriptions.clear();
+  s.unjudged_structures.clear();
   s.ended = s.editing = s.unreadable = s.save_failed = s.InSaveQC = false;
   s.year = s.last_month = 0;
   s.current = s.last_desc = s.last_actv = QCLocation();

@@ -166,7 +166,8 @@ void SaveSheet(Session& s, bool after_qc) {
     // the tree record is updated before the structure is saved
     TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;
     if (row != nullptr) row->Status = s.main->At(names::chkSTRUCTURE_Status).checked ? "I" : "A";
-    SaveStructure(s, after_qc);
+    SaveStructure(s);
+    if (!after_qc && !s.save_failed) s.unjudged_structures.emplace(s.mode, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK);
   }
   if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
   if (!s.save_failed) Plainly(s, [&] { KeepCopiedOfShown(s); });

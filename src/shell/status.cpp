@@ -1,5 +1,7 @@
 #include "shell/status.h"
 
+#include <algorithm>
+
 #include "base/fault.h"
 #include "base/text.h"
 #include "qc/comment_key.h"
@@ -79,6 +81,18 @@ Question Unchecked(const Session& s) {
       {s.ED_ID_AK}};
 }
 
+// Whether a structure of the place was saved behind its last run.
+bool HasUnjudgedStructure(Session& s) {
+  const QCLocation& at = s.current;
+  if (at.Is(level::kStructure)) return s.unjudged_structures.contains({s.mode, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK});
+  if (!at.Is(level::kSurvey)) return false;
+  return std::any_of(s.unjudged_structures.begin(), s.unjudged_structures.end(), [&](const auto& structure) {
+    return structure.first == Mode::kActv &&
+           !IsNull(s.db.Single("SELECT 1 FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=? AND PA_MO=? AND PA_YR=?",
+                               {structure.second, std::int64_t{at.Month}, std::int64_t{at.Year}}));
+  });
+}
+
 }  // namespace
 
 void Say(Session& s, const std::string& message) {
@@ -100,7 +114,7 @@ void UpdateStatus(Session& s) {
     const auto known = s.checked_descriptions.find(s.ED_ID_AK);
     s.checked = description && known != s.checked_descriptions.end()
                     ? known->second
-                    : ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
+                    : !HasUnjudgedStructure(s) && ToInteger(s.db.Single(unchecked.sql, unchecked.values)) == 0;
     const PlaceCounts counts = s.editing && s.checked && !at.Is(level::kSurvey) ? LoggedAt(s) : FindingsAt(s);
     s.findings = counts.findings;
     s.unexplained = counts.unexplained;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "records/structure_fields.h"
+#include "session/node_keys.h"
 #include "session/records.h"
 #include "shell/status.h"
 #include "support/test_run.h"
@@ -225,42 +226,37 @@ TEST_F(StructureSheet, shows_the_date_of_its_last_run_by_mode) {
   EXPECT_EQ(run.Text("lblSTRUCTURE_QCDate"), "Date of Last QC:          ");
 }
 
-TEST_F(StructureSheet, saved_without_a_run_has_no_date_of_last_run_any_more) {
+TEST_F(StructureSheet, saved_without_a_run_keeps_its_date_of_last_run_and_is_not_checked) {
   run.Click("cmdQC");
   run.TakeBoxes();
   GoToMonth();
   run.Click("cmdQC");
   run.TakeBoxes();
-  EXPECT_NE(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "");
+  const std::string date = Stored("PA_PLATFORM_ACTV", "PA_QC_DT");
+  EXPECT_NE(date, "");
   EXPECT_TRUE(IsChecked());
   run.Keep({{"txtSTRUCTURE_ProdOil", "8"}});
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "PA_QC_DT"), "");
-  EXPECT_EQ(run.Text("lblSTRUCTURE_QCDate"), "Date of Last QC:          ");
+  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "PA_QC_DT"), date);
   EXPECT_FALSE(IsChecked());
-  EXPECT_NE(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "") << "its description is as it was";
+  run.Select(SurveyKey("12345", 1, 2017));
+  EXPECT_FALSE(IsChecked());
   run.ChangeTo(Mode::kDesc);
   run.Select(run.Key());
-  EXPECT_TRUE(IsChecked());
+  EXPECT_TRUE(IsChecked()) << "its description is as it was";
   run.Keep({{"txtSTRUCTURE_Lat", "25"}});
-  EXPECT_EQ(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "");
   EXPECT_FALSE(IsChecked());
   run.Click("cmdEdit");
   run.Click("cmdSaveExit");
   run.TakeBoxes();
-  EXPECT_NE(Stored("PD_PLATFORM_DESC", "PD_QC_DT"), "");
   EXPECT_TRUE(IsChecked());
-}
-
-TEST_F(StructureSheet, made_inactive_by_a_save_with_its_run_has_no_date_either) {
   GoToMonth();
+  EXPECT_FALSE(IsChecked());
+  run.Select(SurveyKey("12345", 1, 2017));
   run.Click("cmdQC");
   run.TakeBoxes();
-  run.Click("cmdEdit");
-  run.Check("chkSTRUCTURE_Status", true);
-  run.Click("cmdSaveExit");
-  run.TakeBoxes();
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "status"), "I");
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "PA_QC_DT"), "");
+  EXPECT_TRUE(IsChecked());
+  GoToMonth();
+  EXPECT_TRUE(IsChecked());
 }
 
 TEST_F(StructureSheet, that_is_gone_cannot_be_loaded_or_saved) {

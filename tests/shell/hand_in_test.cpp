@@ -105,27 +105,6 @@ TEST_F(HandIn, matrix_tells_the_state_of_a_month_and_the_worst_of_a_structure) {
   EXPECT_FALSE(Matrix().Cell(0, 2).hint.empty());
 }
 
-TEST_F(HandIn, counts_a_structure_changed_since_its_run_as_unchecked) {
-  run.Select(run.Key("", "", 1));
-  run.Keep({{"txtSTRUCTURE_ProdOil", "5"},
-            {"txtSTRUCTURE_ProdNG", "5"},
-            {"txtSTRUCTURE_ThruOil", "5"},
-            {"txtSTRUCTURE_ThruNG", "5"},
-            {"txtSTRUCTURE_TotalFuelUsageNG", "5"},
-            {"txtSTRUCTURE_TotalFuelUsageGasoline", "5"},
-            {"txtSTRUCTURE_TotalFuelUsageDiesel", "5"}});
-  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET PD_QC_DT='2017-01-01 00:00:00'");
-  run.s.db.Execute("DELETE FROM EA_EQUIP_ACTV");
-  EXPECT_EQ(Count(HandInCheck::kUnfinished, "2017/01"), "1");
-  run.Click("cmdQC");
-  run.TakeBoxes();
-  EXPECT_EQ(Month("1001/1"), "clean");
-  EXPECT_EQ(Count(HandInCheck::kUnfinished, "2017/01"), "0");
-  run.Keep({{"txtSTRUCTURE_ProdOil", "6"}});
-  EXPECT_EQ(Month("1001/1"), "unchecked");
-  EXPECT_EQ(Count(HandInCheck::kUnfinished, "2017/01"), "1");
-}
-
 TEST_F(HandIn, matrix_takes_the_findings_of_all_descriptions_together) {
   run.s.db.Execute(
       "UPDATE PD_PLATFORM_DESC SET LEASE_NUM='G1',LONGITUDE=-90,LATITUDE=25,DIST_TO_SHORE=5,WATER_DEPTH_FT=9,"
