@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <tuple>
 
 #include "history/all_comments.h"
 #include "qc/comment_key.h"
@@ -187,6 +186,7 @@ ReviewKeeper::Named ReviewKeeper::NameOf(std::string_view level, std::string_vie
 }
 
 int ReviewKeeper::Find(RecordKind kind, std::int64_t key) const {
+  Number();
   const auto& records = record_of_[static_cast<std::size_t>(kind)];
   const auto found = records.find(key);
   return found == records.end() ? -1 : found->second;
@@ -195,6 +195,7 @@ int ReviewKeeper::Find(RecordKind kind, std::int64_t key) const {
 int ReviewKeeper::Find(const QCLocation& l) const {
   const Named named =
       NameOf(l.Level, Trim(l.UserID), l.Month, Trim(l.CmplxID), Trim(l.StructID), Trim(l.EquipType), Trim(l.EquipID));
+  Number();
   const auto found = record_at_.find(named.place);
   return found == record_at_.end() ? -1 : found->second;
 }
@@ -249,6 +250,7 @@ LoggedRows ReviewKeeper::ReadLog(Database& db) {
 
 // Those under the names of the structures, and those that the review knows of them or of no record.
 LoggedRows ReviewKeeper::ReadLogOf(Database& db, const std::set<int>& structures) {
+  Number();
   std::map<std::int64_t, LogRow> rows;
   const auto take = [&](const RowView& row) {
     const Named named = NameOfRow(row);
@@ -348,12 +350,19 @@ bool ReviewKeeper::IsLogged(const Logged& logged, const JudgedFinding& finding) 
   });
 }
 
-ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known) {
+ReviewKeeper::Place ReviewKeeper::PlaceOfJudged(const JudgedRecord& judged) const {
+  const auto structure = structure_of_key_.find(judged.keys.PD_ID_AK);
+  if (judged.structure == nullptr || structure == structure_of_key_.end()) return {};
+  return {structure->second, judged.sheet == nullptr ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK)};
+}
+
+ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, const Place& place, Mode mode, const Logged& logged,
+                                    KnownComments& known) {
   ReviewedRecord record;
   record.kind = KindOf(judged, mode);
   record.key = KeyOf(judged.keys, record.kind);
-  record.structure = structure_of_key_.at(judged.keys.PD_ID_AK);
-  if (record.IsEquipment()) record.piece = piece_of_key_.at(judged.keys.ED_ID_AK);
+  record.structure = place.structure;
+  record.piece = place.piece;
   record.year = judged.year;
   record.month = judged.month;
   record.inactive = judged.inactive;
@@ -383,12 +392,10 @@ void ReviewKeeper::Judge(Database& db, const RecordScope& scope, LoggedRows& log
                          std::vector<ReviewedRecord>& to) {
   Logged logged;
   JudgeAll(db, scope, [&](const JudgedRecord& judged) {
-    const auto structure = structure_of_key_.find(judged.keys.PD_ID_AK);
-    if (judged.structure == nullptr || structure == structure_of_key_.end()) return;
-    const int piece = judged.sheet == nullptr ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK);
-    const std::int64_t place = PlaceKey(structure->second, piece, judged.month);
-    log.Of(place, logged);
-    to.push_back(Judged(judged, scope.mode, logged, known));
+    const Place place = PlaceOfJudged(judged);
+    if (place.structure < 0) return;
+    log.Of(PlaceKey(place.structure, place.piece, judged.month), logged);
+    to.push_back(Judged(judged, place, scope.mode, logged, known));
   });
 }
 
@@ -424,28 +431,42 @@ ReviewedRecord ReviewKeeper::Gone(Database& db, const LogRow& row, KnownComments
 
 // ---- the whole and its parts ----
 
-bool ReviewKeeper::StandsBefore(const ReviewedRecord& a, const ReviewedRecord& b) const {
-  const auto order = [this](const ReviewedRecord& record) {
-    const int structure = record.structure < 0 ? static_cast<int>(review_.structures.size())
-                                               : review_.structures[At(record.structure)].rank;
-    const int piece = record.piece < 0 ? -1 : review_.pieces[At(record.piece)].rank;
-    return std::make_tuple(record.month == 0 ? 0 : record.year, record.month, structure, piece, record.key);
-  };
-  return order(a) < order(b);
+ReviewKeeper::Order ReviewKeeper::OrderOf(const ReviewedRecord& record) const {
+  const int structure = record.structure < 0 ? static_cast<int>(review_.structures.size())
+                                             : review_.structures[At(record.structure)].rank;
+  const int piece = record.piece < 0 ? -1 : review_.pieces[At(record.piece)].rank;
+  return {record.month == 0 ? 0 : record.year, record.month, structure, piece, record.key};
 }
 
 void ReviewKeeper::Arrange() {
   std::vector<ReviewedRecord>& records = review_.records;
-  const auto before = [this](const ReviewedRecord& a, const ReviewedRecord& b) { return StandsBefore(a, b); };
-  if (!std::is_sorted(records.begin(), records.end(), before)) std::stable_sort(records.begin(), records.end(), before);
+  review_.findings = 0;
+  std::vector<std::pair<Order, std::size_t>> order;
+  order.reserve(records.size());
+  for (const ReviewedRecord& record : records) {
+    review_.findings += static_cast<int>(record.findings.size());
+    order.emplace_back(OrderOf(record), order.size());
+  }
+  if (!std::is_sorted(order.begin(), order.end())) {
+    std::sort(order.begin(), order.end());
+    std::vector<ReviewedRecord> arranged;
+    arranged.reserve(records.size());
+    for (const auto& [of_record, number] : order) arranged.push_back(std::move(records[number]));
+    records = std::move(arranged);
+  }
+  numbered_ = false;
+}
+
+// Only when a record is looked for: a list that is merely shown needs no numbers.
+void ReviewKeeper::Number() const {
+  if (std::exchange(numbered_, true)) return;
+  const std::vector<ReviewedRecord>& records = review_.records;
   record_at_.clear();
   for (auto& of_kind : record_of_) of_kind.clear();
   record_at_.reserve(records.size());
   record_of_[static_cast<std::size_t>(RecordKind::kEquipmentMonth)].reserve(records.size());
-  review_.findings = 0;
   for (std::size_t i = 0; i < records.size(); ++i) {
     const ReviewedRecord& record = records[i];
-    review_.findings += static_cast<int>(record.findings.size());
     record_of_[static_cast<std::size_t>(record.kind)].try_emplace(record.key, static_cast<int>(i));
     if (!record.gone)
       record_at_.try_emplace(PlaceKey(record.structure, record.piece, record.month), static_cast<int>(i));
@@ -507,7 +528,9 @@ bool ReviewKeeper::Renew(Database& db, const Companion& companion, int number, c
   Contexts& context = contexts.try_emplace(structure, db, structure).first->second;
   const RecordScope scope{.mode = ModeOf(record), .key = record.key};
   std::optional<ReviewedRecord> made;
-  const auto take = [&](const JudgedRecord& judged) { made = Judged(judged, scope.mode, logged, known); };
+  const auto take = [&](const JudgedRecord& judged) {
+    if (const Place at = PlaceOfJudged(judged); at.structure >= 0) made = Judged(judged, at, scope.mode, logged, known);
+  };
   if (!record.IsEquipment())
     JudgeStructures(db, context, scope, take);
   else if (const SheetSpec* sheet = FindSheet(review_.pieces[At(record.piece)].type); sheet != nullptr)
@@ -521,6 +544,7 @@ bool ReviewKeeper::Renew(Database& db, const Companion& companion, int number, c
 }
 
 void ReviewKeeper::RenewGone(Database& db, const Companion& companion, const std::set<std::int64_t>& rows) {
+  Number();
   KnownComments known(companion, false);
   const auto& gone = record_of_[static_cast<std::size_t>(RecordKind::kGone)];
   const bool some = std::any_of(rows.begin(), rows.end(), [&gone](std::int64_t row) { return gone.contains(row); });

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -99,6 +100,12 @@ class ReviewKeeper {
     int structure = -1;
   };
   using Logged = std::vector<LogRow*>;
+  // Of a record among the structures and pieces.
+  struct Place {
+    int structure = -1, piece = -1;
+  };
+  // By what records stand in their order: year, month, structure, piece, key.
+  using Order = std::tuple<int, int, int, int, std::int64_t>;
 
   struct LastStructure {
     std::string user, complex, structure;
@@ -118,7 +125,10 @@ class ReviewKeeper {
   LogRow RowOfLog(const RowView& row, std::int64_t place);
   void Judge(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
              std::vector<ReviewedRecord>& to);
-  ReviewedRecord Judged(const JudgedRecord& judged, Mode mode, const Logged& logged, KnownComments& known);
+  // -1 for a structure that the review lacks.
+  Place PlaceOfJudged(const JudgedRecord& judged) const;
+  ReviewedRecord Judged(const JudgedRecord& judged, const Place& place, Mode mode, const Logged& logged,
+                        KnownComments& known);
   ReviewedFinding Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
                          const ReviewedRecord& record, KnownComments& known);
   static bool IsLogged(const Logged& logged, const JudgedFinding& finding);
@@ -130,7 +140,8 @@ class ReviewKeeper {
   const Said& Saying(const RuleSet* rules, std::string_view tag, std::string_view text, std::string_view expected,
                      int field);
   void Arrange();
-  bool StandsBefore(const ReviewedRecord& a, const ReviewedRecord& b) const;
+  Order OrderOf(const ReviewedRecord& record) const;
+  void Number() const;
 
   Review review_;
   LogTexts texts_;
@@ -140,8 +151,10 @@ class ReviewKeeper {
   std::unordered_map<std::string, int, TextHash, std::equal_to<>> structure_of_name_, piece_of_name_;
   mutable LastStructure last_structure_;
   std::size_t log_rows_read_ = 0;
-  std::unordered_map<std::int64_t, int> record_at_;                 // by place
-  std::array<std::unordered_map<std::int64_t, int>, 5> record_of_;  // by kind and key
+  // The numbers of the records, made when one is looked for.
+  mutable bool numbered_ = false;
+  mutable std::unordered_map<std::int64_t, int> record_at_;                 // by place
+  mutable std::array<std::unordered_map<std::int64_t, int>, 5> record_of_;  // by kind and key
 };
 
 }  // namespace merlu
