@@ -10,9 +10,9 @@
 #include "history/companion.h"
 #include "measures.h"
 #include "plain.h"
-#include "qc_run/run_qc.h"
 #include "session/node_keys.h"
 #include "shell/edit_cycle.h"
+#include "shell/qc_command.h"
 #include "shell/routing.h"
 
 namespace merlu::bench {
@@ -83,7 +83,7 @@ double RunMonth(const Workshop& shop, History history) {
   run.Begin();
   Session& s = run.s;
   ClickNode(s, s.tree.Find(SurveyKey(s.current.UserID, kMonth, s.year)));
-  return ProcessorSeconds([&] { RunQC(s, s.current, true); });
+  return ProcessorSeconds([&] { RunQCAndTell(s, s.current, true); });
 }
 
 // ---- an import ----

@@ -10,13 +10,13 @@
 
 #include "measures.h"
 #include "plain.h"
-#include "qc_run/run_qc.h"
 #include "records/judge_records.h"
 #include "records/structure_fields.h"
 #include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
+#include "shell/qc_command.h"
 #include "shell/routing.h"
 
 namespace merlu::bench {
@@ -85,7 +85,7 @@ Outcome RunOurs(const Workshop& shop, const std::string& inventory, History hist
     opened.ExpectSilence();
     if (history == History::kNone) CloseHistory(s);
     ClickNode(s, s.tree.Find(SurveyKey(s.current.UserID, kMonth, s.year)));
-    outcome.seconds = Seconds([&] { RunQC(s, s.current, true); });
+    outcome.seconds = Seconds([&] { RunQCAndTell(s, s.current, true); });
     if (opened.platform.boxes() != 1) throw std::runtime_error("the program told: " + opened.platform.last_box());
   }
   PlainFile file(path);

@@ -6,6 +6,7 @@
 #include "command/quiet_session.h"
 #include "entry/month_book.h"
 #include "session/act.h"
+#include "shell/messages.h"
 #include "store/engine.h"
 
 namespace merlu {
@@ -32,6 +33,7 @@ void Store(QuietSession& session, MonthGrid& grid) {
     if (may_write) saved = grid.Save();
   }
   if (may_write && saved.refused.empty()) return;
+  ShowNotices(session.s);
   std::string why = saved.refused;
   for (const std::string& said : session.quiet.said) why += (why.empty() ? "" : " ") + OneLine(said);
   throw Fault(fault_number::kFileAccess, kStoreSource, why);

@@ -20,7 +20,7 @@ Status WriteSummary(const Request& request, Console& console) {
   s.last_month = static_cast<int>(ToInteger(s.db.Single("SELECT SYS_MAX_MO FROM SYS_CONFIG")));
   const InventoryRun run = RunInventoryPasses(s);
   const InventoryReport report = ReadInventoryReport(s, run);
-  for (const std::string& said : quiet.said) Complain(console, "report", file, said);
+  for (const Notice& notice : s.notices.waiting) Complain(console, "report", file, notice.text);
   if (console.need_fonts) console.need_fonts();
   WriteOut(request, [&](const std::string& path) { quiet.WriteReport(report, path, [](int, int) {}); });
   return Status::kWell;

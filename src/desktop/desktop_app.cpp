@@ -26,11 +26,11 @@
 #include "host/hand_in_pdf.h"
 #include "host/program_files.h"
 #include "host/report_pdf.h"
-#include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/draft.h"
 #include "shell/file_life.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {

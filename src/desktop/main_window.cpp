@@ -17,10 +17,10 @@
 #include "desktop/shortcuts.h"
 #include "forms/dialog_buttons.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "shell/dialog_names.h"
 #include "shell/help.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {

@@ -6,7 +6,7 @@
 #include "base/text.h"
 #include "entry/grid_row.h"
 #include "history/notes.h"
-#include "session/messages.h"
+
 #include "session/node_keys.h"
 #include "sheets/conversions.h"
 

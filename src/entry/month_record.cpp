@@ -4,7 +4,7 @@
 #include "base/text.h"
 #include "entry/month_rows.h"
 #include "history/notes.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "sheets/conversions.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
@@ -87,7 +87,7 @@ std::optional<MonthRecord> ShownMonth(Session& s) {
 }
 
 void ShowMonthBefore(Session& s) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     const std::optional<MonthRecord> record = ShownMonth(s);
     if (!record) return;
     const Values before = MonthBefore(s, *record);
@@ -120,7 +120,7 @@ std::vector<Control*> CopiedFields(Session& s) {
 }
 
 void ShowCopied(Session& s) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     const std::optional<MonthRecord> record = ShownMonth(s);
     if (!record) return;
     const std::vector<CopiedField> kept = CopiedOf(s.companion, record->table, record->key);

@@ -16,7 +16,7 @@ constexpr const char* kSource = "MERLU entry";
 
 // A fault that a step has shown ends the save of all.
 void RequireNoFault(const Session& s, int faults) {
-  if (s.faults_shown == faults && !s.save_failed) return;
+  if (s.notices.faults == faults && !s.save_failed) return;
   throw Fault(fault_number::kNoCurrentRow, kSource, "this record could not be saved");
 }
 
@@ -79,7 +79,7 @@ void RecordSaver::StandAt(const TypedRecord& record) {
 
 SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored, const Context& context) {
   StandAt(record);
-  const int faults = s_.faults_shown;
+  const int faults = s_.notices.faults;
   const bool inactive = record.no_emissions.value_or(stored.inactive);
   const MonthKind& kind = *stored.kind;
   if (context_ != &context) {

@@ -10,7 +10,7 @@
 #include "base/text.h"
 #include "records/judge_records.h"
 #include "records/structure_names.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 
@@ -82,7 +82,7 @@ int PageOf(const Form& form, const Control& control, const std::string& tab) {
 }
 
 void Show(Session& s, bool judged) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     const Shown shown = ShownRecord(s);
     if (shown.form == nullptr) return;
     Findings findings;

@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "entry/month_record.h"
 #include "entry/month_rows.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "sheets/conversions.h"
 
 namespace merlu {
@@ -77,7 +77,7 @@ Strip StripOf(Session& s, const Control& control) {
   const std::optional<MonthRecord> record = ShownMonth(s);
   const FieldSpec* field = record ? FieldOf(*record, control) : nullptr;
   if (field == nullptr) return strip;
-  OnSheet(s, [&] { ReadMonths(s, *record, *field, strip); });
+  NotingSheetFaults(s.notices, [&] { ReadMonths(s, *record, *field, strip); });
   ReadBounds(*record, *field, strip);
   strip.present = std::clamp(s.current.Month, 1, 12);
   const auto present = static_cast<std::size_t>(strip.present - 1);

@@ -5,9 +5,9 @@
 
 #include "exchange/import_file.h"
 #include "records/survey_record.h"
-#include "session/messages.h"
 #include "session/records.h"
 #include "session/types.h"
+#include "session/wait.h"
 
 namespace merlu {
 namespace {

@@ -6,8 +6,9 @@
 #include "base/text.h"
 #include "inventory_qc/checks_table.h"
 #include "session/equipment_index.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "session/types.h"
+#include "session/wait.h"
 
 namespace merlu {
 namespace {
@@ -179,7 +180,7 @@ void AddPlatformsWithoutEquipment(Session& s) {
 }
 
 void TellMissing(Session& s, const char* what, std::int64_t id) {
-  Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
+  Note(s.notices, std::string(what) + " ID " + std::to_string(id) + " not found!");
 }
 
 void StandOnStructure(Standing& at, const NamedRow& row) {
@@ -439,7 +440,7 @@ InventoryRun RunInventoryPasses(Session& s) {
   int done = 0;
   const auto run = [&](const std::string& what, auto&& work) {
     Progress(s, what, done++, total);
-    if (!OnSheet(s, work)) result.broken.push_back(what);  // a fault is shown and ends this pass
+    if (!NotingSheetFaults(s.notices, work)) result.broken.push_back(what);  // a fault is shown and ends this pass
   };
   run("Operator", [&] { OperatorPass(pass); });
   run("Structures", [&] { StructurePass(pass); });

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "base/text.h"
-#include "session/messages.h"
+#include "session/notices.h"
 
 namespace merlu {
 namespace {
@@ -87,17 +87,17 @@ void ApplyVerdicts(Session& s, const QCLocation& at, const Verdicts& verdicts, P
   const QCLocation location = Kept(at);
   Log log;
   const bool has_none = known != nullptr && !known->Has(location);
-  if (!has_none && !OnSheet(s, [&] { log = Read(s, location); })) return;
+  if (!has_none && !NotingSheetFaults(s.notices, [&] { log = Read(s, location); })) return;
   for (const Verdict& verdict : verdicts.all) Play(verdict, log);
   for (const Finding& finding : log.findings)
-    if (finding.row != 0 && finding.changed && !finding.gone) OnSheet(s, [&] { Change(s, finding); });
+    if (finding.row != 0 && finding.changed && !finding.gone) NotingSheetFaults(s.notices, [&] { Change(s, finding); });
   if (has_none && !log.written.empty()) known->Add(location);
   for (const std::size_t number : log.written) {
     const Finding& finding = log.findings[number];
     if (finding.row != 0)
-      OnSheet(s, [&] { s.db.Execute("DELETE FROM QC WHERE rowid=?", {finding.row}); });
+      NotingSheetFaults(s.notices, [&] { s.db.Execute("DELETE FROM QC WHERE rowid=?", {finding.row}); });
     else if (!finding.gone)
-      OnSheet(s, [&] { Add(s, location, finding); });
+      NotingSheetFaults(s.notices, [&] { Add(s, location, finding); });
   }
 }
 

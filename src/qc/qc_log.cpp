@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "session/messages.h"
+#include "session/notices.h"
 
 namespace merlu {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 enum class Spare { kCommentsAndOtherMode, kOtherMode, kNothing };
 
 void Delete(Session& s, const std::string& condition, const Values& values) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     s.db.Execute("DELETE FROM QC WHERE " + condition, values);
     s.At("QC").Requery();
   });
@@ -70,7 +70,7 @@ bool Find(Session& s, QCLocation& location, std::string_view field_id) {
 
 bool FindQCRecord(Session& s, QCLocation& location, std::string_view field_id) {
   bool found = false;
-  OnSheet(s, [&] { found = Find(s, location, field_id); });
+  NotingSheetFaults(s.notices, [&] { found = Find(s, location, field_id); });
   return found;
 }
 

@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "qc_run/run_record.h"
 #include "session/act.h"
-#include "session/messages.h"
+#include "session/wait.h"
 
 namespace merlu {
 namespace {

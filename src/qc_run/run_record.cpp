@@ -6,7 +6,7 @@
 #include "qc/apply.h"
 #include "qc/qc_log.h"
 #include "records/structure_record.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/paint.h"
@@ -36,7 +36,7 @@ void NoteDescription(Session& s, std::int64_t ED_ID_AK) {
   if (s.InDesc() && s.record_checked) s.checked_descriptions[ED_ID_AK] = true;
 }
 
-void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages) {
+void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location) {
   Form& form = SheetForm(s, sheet);
   if (sheet.has_activity && form.At(sheet.status_box()).checked) return PassOver(s, sheet, location);
   if (sheet.before_rules) sheet.before_rules(s, location);
@@ -45,7 +45,7 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::v
   const RuleSet& rules = RulesOf(sheet);
   const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), form), context);
   ApplyVerdicts(s, location, verdicts);
-  PaintVerdicts(s, form, rules.fields(), verdicts, messages);
+  PaintVerdicts(s, form, rules.fields(), verdicts);
   const Value date = DateOf(s, verdicts);
   NoteDescription(s, s.ED_ID_AK);
   if (!FindRecord(s, sheet, location) || !s.InActv() || !sheet.has_activity) return;
@@ -57,14 +57,14 @@ void RunOnSheet(Session& s, const SheetSpec& sheet, QCLocation& location, std::v
 
 }  // namespace
 
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages) {
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
   s.current = location;
-  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location, messages);
+  if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location);
   // what could not be read is not judged
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
                                    [&](const JudgedRecord& record) { RunJudged(s, location, record); });
-    if (!found) Tell(s, sheet.not_found_on_load);
+    if (!found) Note(s.notices, sheet.not_found_on_load);
   });
 }
 
@@ -73,7 +73,7 @@ namespace {
 // A structure is dated in both modes, without its equipment.
 void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedRecord& record) {
   ApplyVerdicts(s, location, *record.verdicts);
-  TellFaults(s, *record.verdicts);
+  NoteFaults(s, *record.verdicts);
   const Value date = DateOf(s, *record.verdicts);
   s.unjudged_structures.erase({s.mode, s.InActv() ? record.keys.SA_ID_AK : record.keys.PD_ID_AK});
   if (s.InActv())
@@ -92,7 +92,7 @@ void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record, Pie
   if (sheet.before_rules) sheet.before_rules(s, location);
   // what runs before the rules may have written
   ApplyVerdicts(s, location, *record.verdicts, sheet.before_rules ? nullptr : known);
-  TellFaults(s, *record.verdicts);
+  NoteFaults(s, *record.verdicts);
   const Value date = DateOf(s, *record.verdicts);
   NoteDescription(s, record.keys.ED_ID_AK);
   if (s.InActv() && sheet.has_activity)
@@ -163,14 +163,14 @@ bool RunStructureRules(Session& s, const QCLocation& location) {
 
 bool RunStoredStructureRules(Session& s, const QCLocation& location, Contexts& contexts, RecordJudge& judge) {
   bool found = false, active = true;
-  const bool read = Plainly(s, [&] {
+  const bool read = NotingFaults(s.notices, [&] {
     judge.Judge(s.db, contexts, s.PD_ID_AK, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK, [&](const JudgedRecord& record) {
       found = true;
       active = ApplyToStructure(s, location, record.inactive, *record.verdicts);
-      if (active) TellFaults(s, *record.verdicts);
+      if (active) NoteFaults(s, *record.verdicts);
     });
   });
-  if (read && !found) Tell(s, "Structure record not found");
+  if (read && !found) Note(s.notices, "Structure record not found");
   return found && active;
 }
 

@@ -17,7 +17,7 @@ struct TypedView {
   RecordView view;                    // what its sheet would show; takes what the rules change
   bool inactive = false;              // its box "No Emissions to Report"
   const Context* context;             // of its month, as while saving; a structure's is read by the run
-  std::vector<std::string> messages;  // that its sheet would show in boxes
+  std::vector<std::string> messages;  // of the rules, on what they changed
   // That the log knows: a record that raises nothing and is not among them has nothing to be withdrawn. Null: look.
   EquipmentWithFindings* known = nullptr;
   bool untouched = false;  // nothing in the log was its, and nothing came to it
@@ -25,8 +25,8 @@ struct TypedView {
 
 // The equipment at the location in the session's mode: from its sheet if that is shown, with what the user has typed,
 // or else from its rows. Sets EquipmentInactive and judges nothing when its structure reports nothing. Faults are
-// passed on. Messages are appended to `messages`; null shows them in boxes.
-void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location, std::vector<std::string>* messages = nullptr);
+// passed on.
+void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location);
 // The same for a record that was judged from its rows; `known` as for ApplyVerdicts.
 void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record, PiecesWithFindings* known = nullptr);
 

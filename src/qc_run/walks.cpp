@@ -8,8 +8,8 @@
 
 #include "base/text.h"
 #include "qc_run/run_record.h"
-#include "session/messages.h"
 #include "session/types.h"
+#include "session/wait.h"
 #include "sheets/units.h"
 
 namespace merlu {

@@ -9,7 +9,7 @@
 #include "records/operator_names.h"
 #include "rules/checks.h"
 #include "session/main_names.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "session/records.h"
 #include "sheets/conversions.h"
 
@@ -87,7 +87,7 @@ Requirement Filled(const char* field, const char* message) {
 bool MeetsAll(Session& s, Form& form, const std::vector<Requirement>& requirements) {
   for (const Requirement& requirement : requirements) {
     if (!requirement.fails(form)) continue;
-    Tell(s, requirement.message, Icon::kWarning);
+    Note(s.notices, requirement.message, Icon::kWarning);
     form.focus = requirement.focus;
     return false;
   }
@@ -118,16 +118,16 @@ void PutOperatorSheet(Form& main) {
 }
 
 void ClearOperator(Session& s) {
-  Plainly(s, [&] {
-    if (!FindOperatorRecord(s)) Tell(s, "User record not found");
+  NotingFaults(s.notices, [&] {
+    if (!FindOperatorRecord(s)) Note(s.notices, "User record not found");
   });
   for (const OperatorField& field : kFields) s.main->At(field.control).text = field.mask ? Masked(field.mask, "") : "";
   s.main->At(names::cmdUSER_AddSurvey).visible = s.InActv();
 }
 
 bool LoadOperator(Session& s) {
-  return Plainly(s, [&] {
-    if (!FindOperatorRecord(s)) return Tell(s, "record not found");
+  return NotingFaults(s.notices, [&] {
+    if (!FindOperatorRecord(s)) return Note(s.notices, "record not found");
     for (const OperatorField& field : kFields) {
       Control& control = s.main->At(field.control);
       control.text = ShownText(field, NullToEmpty(s.At("CO_COMPANY").Field(field.column)));
@@ -148,9 +148,9 @@ void UnlockOperator(Session& s) {
 }
 
 void SaveOperator(Session& s) {
-  const bool saved = Plainly(s, [&] {
+  const bool saved = NotingFaults(s.notices, [&] {
     if (!FindOperatorRecord(s)) {
-      Tell(s, "record not found");
+      Note(s.notices, "record not found");
       s.save_failed = true;
       return;
     }

@@ -6,7 +6,7 @@
 #include "records/structure_fields.h"
 #include "records/structure_names.h"
 #include "session/main_names.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/conversions.h"
@@ -86,9 +86,9 @@ void ClearStructure(Session& s) {
 bool LoadStructure(Session& s) {
   const NotEditing load(s);
   bool found = false;
-  const bool read = Plainly(s, [&] {
+  const bool read = NotingFaults(s.notices, [&] {
     found = FindStructureRecord(s);
-    if (!found) return Tell(s, "Structure record not found");
+    if (!found) return Note(s.notices, "Structure record not found");
     ShowId(s, names::txtSTRUCTURE_CmplxID, "CMPLX_ID_NUM");
     ShowId(s, names::txtSTRUCTURE_StructID, "STRUCT_NUM");
     ShowColumns(s, In::kDesc, s.At("PD_PLATFORM_DESC"));
@@ -129,10 +129,10 @@ void UnlockStructure(Session& s) {
 }
 
 void SaveStructure(Session& s) {
-  const bool saved = Plainly(s, [&] {
+  const bool saved = NotingFaults(s.notices, [&] {
     WriteBatch batch(s.db);
     if (!FindStructureRecord(s)) {
-      Tell(s, "Record not found");
+      Note(s.notices, "Record not found");
       s.save_failed = true;
       return;
     }
@@ -148,7 +148,7 @@ void SaveStructure(Session& s) {
 }
 
 void LoadStructureQCList(Session& s) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     Control& list = s.main->At(kList);
     FillWithFindings(s, list, FindingsOfStructure(s.current));
     AddEquipmentSummary(s, list, s.current);

@@ -4,7 +4,7 @@
 #include "records/build.h"
 #include "session/limits.h"
 #include "session/main_names.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "session/records.h"
 #include "session/types.h"
 
@@ -93,7 +93,7 @@ void UnlockSurvey(Session& s) {
 }
 
 void LoadSurveyQCList(Session& s) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     Control& list = s.main->At(kList);
     FillWithFindings(s, list, FindingsOfSurvey(s.current));
     AddStructureSummary(s, list, s.current);

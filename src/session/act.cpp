@@ -4,7 +4,6 @@
 #include "history/backups.h"
 #include "session/folders.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "session/place.h"
 #include "store/files.h"
 
@@ -100,8 +99,7 @@ void BackUp(Session& s, const std::string& why) {
 namespace {
 
 bool GoesOnWithout(Session& s, const Fault& fault) {
-  Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
-  if (AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) != Button::kYes) return false;
+  if (!s.continues_without_backup || !s.continues_without_backup(fault)) return false;
   s.unbacked_day = Today(s);  // nor is a backup needed before the first write of the day
   return true;
 }

@@ -5,7 +5,7 @@
 
 #include "base/fault.h"
 #include "base/text.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "store/engine.h"
 
 namespace merlu {
@@ -24,12 +24,12 @@ bool Bring(Session& s, std::string_view table, std::string_view column, std::int
 bool MoveTo(Session& s, std::string_view table, std::string_view column, std::int64_t id, std::int64_t& current,
             const char* what) {
   bool found = false;
-  Plainly(s, [&] {
+  NotingFaults(s.notices, [&] {
     found = Bring(s, table, column, id);
     if (found)
       current = id;
     else
-      Tell(s, std::string(what) + " ID " + std::to_string(id) + " not found!");
+      Note(s.notices, std::string(what) + " ID " + std::to_string(id) + " not found!");
   });
   return found;
 }
@@ -93,7 +93,7 @@ bool MoveToEARecord(Session& s, std::int64_t id) {
 
 bool MoveToPAActvRecordByMo(Session& s, std::int64_t id, int month, int year) {
   bool found = false;
-  Plainly(s, [&] {
+  NotingFaults(s.notices, [&] {
     Cursor& pa = s.At("PA_PLATFORM_ACTV");
     found = (StandsOn(pa, "PD_ID_AK", id) && ToInteger(pa.LastRead("PA_MO")) == month &&
              ToInteger(pa.LastRead("PA_YR")) == year) ||
@@ -101,7 +101,7 @@ bool MoveToPAActvRecordByMo(Session& s, std::int64_t id, int month, int year) {
     if (found)
       s.SA_ID_AK = ToInteger(pa.Field("SA_ID_AK"));
     else
-      Tell(s, "Platform Actv ID " + std::to_string(id) + " not found in MoveToPAActvRecordByMo!");
+      Note(s.notices, "Platform Actv ID " + std::to_string(id) + " not found in MoveToPAActvRecordByMo!");
   });
   return found;
 }
@@ -113,7 +113,7 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
     s.ED_ID_AK = ToInteger(s.At("EA_EQUIP_ACTV").Field("ED_ID_AK"));
   }
   Cursor& ed = s.At("ED_EQUIP_DESC");
-  if (!StandsOn(ed, "ED_ID_AK", s.ED_ID_AK) && ed.IsEmpty()) Tell(s, "EquipDesc is empty");
+  if (!StandsOn(ed, "ED_ID_AK", s.ED_ID_AK) && ed.IsEmpty()) Note(s.notices, "EquipDesc is empty");
   if (!Bring(s, "ED_EQUIP_DESC", "ED_ID_AK", s.ED_ID_AK)) return false;
   if (!Bring(s, ed_table, "ED_ID_AK", s.ED_ID_AK)) return false;
   const std::int64_t structure = ToInteger(ed.Field("PD_ID_AK"));

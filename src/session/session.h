@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -19,6 +20,7 @@
 #include "history/companion.h"
 #include "history/notes.h"
 #include "session/location.h"
+#include "session/notices.h"
 #include "session/tree.h"
 #include "store/cursor.h"
 #include "store/database.h"
@@ -55,6 +57,7 @@ struct Session {
   // The run
   std::string title = "MERLU-2017";  // of every message box
   std::string version;               // program version text
+  Notices notices;                   // for the user, not shown yet
   std::string path;                  // of the database file
   Mode mode = Mode::kNone;
   bool ended = false;         // the program has ended
@@ -67,7 +70,9 @@ struct Session {
   FileNote note;             // that this run has the file open
   Companion companion;       // what is kept beside the file
   std::string unbacked_day;  // date on which the user chose to continue without a backup
-  Database exchange;         // a second file: what an export writes, or an import reads
+  // After a backup has failed: whether to continue without. The shell asks the user; without it the answer is no.
+  std::function<bool(const Fault&)> continues_without_backup;
+  Database exchange;  // a second file: what an export writes, or an import reads
   Cursors cursors;
   int year = 0;        // sys_yr
   int last_month = 0;  // SYS_MAX_MO
@@ -92,7 +97,6 @@ struct Session {
   // The edit
   bool editing = false;
   bool unreadable = false;     // the record that shows could not be read: no edit, no save, no run
-  int faults_shown = 0;        // counted by messages: a load that showed one has not read its record
   Draft draft;                 // what is kept of the edit in case it is interrupted
   std::int64_t edit_step = 0;  // step in which this edit added to a look-up list: the save continues that step
   bool save_failed = false;    // a save or the first-run dialog was not completed

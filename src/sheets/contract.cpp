@@ -3,7 +3,7 @@
 #include "base/dates.h"
 #include "qc/qc_list.h"
 #include "session/main_names.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "session/records.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/conversions.h"
@@ -122,7 +122,7 @@ bool IsField(const Control& control) {
 bool ShowRecord(Session& s, Form& form, const SheetSpec& sheet) {
   const NotEditing load(s);
   if (!FindRecord(s, sheet, s.current)) {
-    Tell(s, sheet.not_found_on_load);
+    Note(s.notices, sheet.not_found_on_load);
     return false;
   }
   LoadDescription(s, form, sheet, true);
@@ -169,10 +169,10 @@ bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) 
 
 bool LoadFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
-  const int faults = s.faults_shown;
+  const int faults = s.notices.faults;
   bool found = false;
-  OnSheet(s, [&] { found = ShowRecord(s, form, sheet); });
-  const bool read = s.faults_shown == faults;
+  NotingSheetFaults(s.notices, [&] { found = ShowRecord(s, form, sheet); });
+  const bool read = s.notices.faults == faults;
   if (!read || !found) return read;
   const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
   form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
@@ -211,11 +211,11 @@ void UnlockFrame(Session& s, const SheetSpec& sheet) {
 }
 
 void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
-  const bool done = OnSheet(s, [&] {
+  const bool done = NotingSheetFaults(s.notices, [&] {
     Form& form = SheetForm(s, sheet);
     WriteBatch batch(s.db);
     if (!FindRecord(s, sheet, s.current)) {
-      Tell(s, sheet.not_found_on_save);
+      Note(s.notices, sheet.not_found_on_save);
       s.save_failed = true;
       return;
     }
@@ -230,7 +230,7 @@ void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
 }
 
 void LoadQCList(Session& s, const SheetSpec& sheet) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     Form& form = SheetForm(s, sheet);
     FillWithFindings(s, form.At(sheet.list()), FindingsOfEquipment(s.current, sheet.type));
     if (!FindRecord(s, sheet, s.current)) return;

@@ -6,12 +6,10 @@
 
 namespace merlu {
 
-// Marks the fields, sets their tool tips and the texts that rules changed, in the order of the verdicts, and shows the
-// messages of the rules: a destination that fell back (in a box, or appended to `messages`), a fault that ended a group
-// of rules.
-void PaintVerdicts(Session& s, Form& form, const RecordFields& fields, const Verdicts& verdicts,
-                   std::vector<std::string>* messages = nullptr);
-// Without a sheet: only the messages.
-void TellFaults(Session& s, const Verdicts& verdicts);
+// Marks the fields, sets their tool tips and the texts that rules changed, in the order of the verdicts, and notes what
+// the rules have to say: a destination that fell back, a fault that ended a group of rules.
+void PaintVerdicts(Session& s, Form& form, const RecordFields& fields, const Verdicts& verdicts);
+// Without a sheet: only the faults.
+void NoteFaults(Session& s, const Verdicts& verdicts);
 
 }  // namespace merlu

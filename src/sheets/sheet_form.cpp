@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "qc/comment_dialog.h"
 #include "session/main_names.h"
 #include "sheets/blocks/blocks.h"
 
@@ -103,9 +102,6 @@ void ConnectEvents(Session& s, Form& form, const SheetSpec& sheet) {
     for (const std::string& list : enabling.lists)
       if (!form.Handles(list, Event::kClick))
         form.On(list, Event::kClick, [&s, &form, &sheet, list] { ClickList(s, form, sheet, list); });
-  const auto comment = [&s, &form, list = sheet.list()] { EditQCComment(s, form, list); };
-  form.On(sheet.comment_button(), Event::kClick, comment);
-  form.On(sheet.list(), Event::kDoubleClick, comment);
   if (sheet.connect) sheet.connect(s, form);
 }
 

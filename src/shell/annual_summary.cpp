@@ -3,7 +3,7 @@
 #include "inventory_qc/inventory_run.h"
 #include "session/act.h"
 #include "session/folders.h"
-#include "session/messages.h"
+#include "shell/messages.h"
 #include "shell/proposed_name.h"
 #include "shell/status.h"
 #include "store/files.h"
@@ -39,10 +39,10 @@ bool HasWhatItNeeds(Session& s) {
 bool IsWanted(Session& s) {
   if (s.last_month >= 12) return true;
   const Button answer =
-      s.platform.Ask({"You have completed fewer than 12 surveys\nAre you sure you want to run the QA Summary now?",
-                      "Incomplete Inventory",
-                      Icon::kQuestion,
-                      {Button::kYes, Button::kNo}});
+      Ask(s, {"You have completed fewer than 12 surveys\nAre you sure you want to run the QA Summary now?",
+              "Incomplete Inventory",
+              Icon::kQuestion,
+              {Button::kYes, Button::kNo}});
   if (answer == Button::kYes) return true;
   Tell(s, "Inventory QC terminated.");
   return false;
@@ -84,14 +84,14 @@ void RunInventoryQC(Session& s, const std::string& path) {
 void ExportAnnualSummary(Session& s) {
   Plainly(s, [&] {
     if (!HasWhatItNeeds(s) || !IsWanted(s)) return;
-    const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
-                                                 "Save Annual Inventory Summary as...",
-                                                 "PDF (*.pdf) ",
-                                                 "*.pdf",
-                                                 ".pdf",
-                                                 {},
-                                                 true,
-                                                 ProposedName(s, 0, "QA Summary")});
+    const std::string path = AskFile(s, {FileQuestion::Kind::kSave,
+                                         "Save Annual Inventory Summary as...",
+                                         "PDF (*.pdf) ",
+                                         "*.pdf",
+                                         ".pdf",
+                                         {},
+                                         true,
+                                         ProposedName(s, 0, "QA Summary")});
     if (path.empty()) return Tell(s, "No file name given, cancelling export.");
     RunInventoryQC(s, path);
   });

@@ -9,10 +9,10 @@
 #include "history/backups.h"
 #include "session/act.h"
 #include "session/folders.h"
-#include "session/messages.h"
 #include "session/place.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
+#include "shell/messages.h"
 #include "shell/undo.h"
 #include "store/files.h"
 
@@ -123,7 +123,7 @@ void OpenBackups(Session& s) {
   Form& form = BackupDialog(s);
   Fill(s, form);
   form.focus = kList;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
 }
 
 }  // namespace merlu

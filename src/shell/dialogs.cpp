@@ -14,7 +14,6 @@
 #include "records/survey_record.h"
 #include "session/act.h"
 #include "session/limits.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "session/records.h"
@@ -24,6 +23,7 @@
 #include "shell/draft.h"
 #include "shell/file_life.h"
 #include "shell/history_dialog.h"
+#include "shell/messages.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
 #include "shell/status.h"
@@ -294,7 +294,7 @@ bool ShowNewOperator(Session& s, const char* farewell) {
   Form& form = NewUserDialog(s);
   form.focus = names::txtUserID;
   s.save_failed = true;  // until OK has written the operator
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   if (s.save_failed) {
     if (!s.open_other) Tell(s, farewell);
     EndProgram(s);
@@ -312,7 +312,7 @@ void OpenNewStructure(Session& s) {
   Form& form = NewStructureDialog(s);
   Preset(form, names::txtUserID, s.current.UserID);
   form.focus = names::txtComplxID;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
 }
 
 void OpenNewEquipment(Session& s) {
@@ -322,7 +322,7 @@ void OpenNewEquipment(Session& s) {
   Preset(form, names::txtComplxID, s.current.CmplxID);
   Preset(form, names::txtStructID, s.current.StructID);
   form.focus = "txtEquipID";
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
 }
 
 void DeleteCurrent(Session& s) {
@@ -331,7 +331,7 @@ void DeleteCurrent(Session& s) {
   const char* question = structure ? "Are you sure you wish to delete this structure and all of its equipment data?"
                                    : "Are you sure you wish to delete this equipment data?";
   const Box box{question, s.title, Icon::kQuestion, {Button::kOK, Button::kCancel}, 1, WhatGoes(s)};
-  if (s.platform.Ask(box) != Button::kOK) return;
+  if (Ask(s, box) != Button::kOK) return;
   if (structure && !BackUpOrAsk(s, backup_reason::kDeletion)) return;
   const std::string what = s.tree.nodes[static_cast<std::size_t>(s.tree.selected)].text;
   const Act act(s, "Deletion");
@@ -369,7 +369,7 @@ void AddNextMonth(Session& s) {
 }
 
 void OpenAbout(Session& s) {
-  ShowDialog(s.desk, s.platform, AboutForm(s));
+  OpenDialog(s, AboutForm(s));
 }
 
 void ShowSplash(Session& s) {

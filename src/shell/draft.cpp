@@ -10,12 +10,12 @@
 #include "history/notes.h"
 #include "records/judge_records.h"
 #include "records/structure_fields.h"
-#include "session/messages.h"
 #include "session/place.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/edit_cycle.h"
+#include "shell/messages.h"
 #include "shell/navigation.h"
 #include "shell/routing.h"
 
@@ -197,7 +197,7 @@ Answer Ask(Session& s, Draft draft) {
   };
   answering(names::cmdDRF_Continue, Answer::kContinue);
   answering(names::cmdDRF_Discard, Answer::kDiscard);
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   for (const char* button : {names::cmdDRF_Continue, names::cmdDRF_Discard}) form.On(button, Event::kClick, nullptr);
   return answer;
 }

@@ -5,12 +5,12 @@
 
 #include "entry/month_record.h"
 #include "entry/shown_findings.h"
-#include "qc_run/run_qc.h"
 #include "records/operator_record.h"
 #include "session/act.h"
 #include "shell/commands.h"
 #include "shell/draft.h"
 #include "shell/entry_commands.h"
+#include "shell/qc_command.h"
 #include "shell/routing.h"
 #include "shell/status.h"
 #include "shell/trees.h"
@@ -79,7 +79,7 @@ void SaveEdits(Session& s) {
 
 namespace {
 
-void SaveAndEnd(Session& s, const std::function<void(Session&, QCLocation)>& run) {
+void SaveAndEnd(Session& s, const std::function<void(Session&, const QCLocation&)>& run) {
   const SavingAct act(s);
   if (s.save_failed) return;
   LeaveFields(s);
@@ -108,12 +108,12 @@ void SaveAndEnd(Session& s, const std::function<void(Session&, QCLocation)>& run
 }  // namespace
 
 void SaveExit(Session& s) {
-  SaveAndEnd(s, [](Session& at, QCLocation location) { return RunQC(at, std::move(location), true); });
+  SaveAndEnd(s, [](Session& at, const QCLocation& location) { RunQCAndTell(at, location, true); });
 }
 
 std::vector<std::string> SaveExitWithoutBox(Session& s) {
   std::vector<std::string> messages;
-  SaveAndEnd(s, [&](Session& at, QCLocation location) { RunQCWithoutBox(at, std::move(location), messages); });
+  SaveAndEnd(s, [&](Session& at, const QCLocation& location) { messages = RunQCWithoutBox(at, location); });
   return messages;
 }
 
@@ -134,7 +134,7 @@ void RunQCHere(Session& s) {
   const Act act(s, "QC Run");
   if (!act.MayWrite()) return;
   const QCLocation here = s.current;
-  RunQC(s, here, false);
+  RunQCAndTell(s, here, false);
   Say(s, "QC was run");
   // a run that ended with a fault has moved the location; the next edit is of the sheet that is shown
   s.current = here;

@@ -1,9 +1,9 @@
 #include "shell/edit_modes.h"
 
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "session/records.h"
 #include "shell/commands.h"
+#include "shell/messages.h"
 #include "shell/trees.h"
 
 namespace merlu {

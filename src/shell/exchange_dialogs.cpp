@@ -16,13 +16,13 @@
 #include "history/notes.h"
 #include "session/act.h"
 #include "session/folders.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/edit_modes.h"
 #include "shell/filename_rule.h"
 #include "shell/import_plan_dialog.h"
+#include "shell/messages.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/proposed_name.h"
@@ -82,7 +82,7 @@ void AddCloseButton(Form& form, const char* main, const char* caption) {
 
 void Browse(Session& s, Form& form, const char* name, FileQuestion::Kind kind, const char* title,
             const std::string& proposed) {
-  const std::string path = s.platform.AskFile({kind, title, "MERLU Database", "*.mdb", ".mdb", {}, false, proposed});
+  const std::string path = AskFile(s, {kind, title, "MERLU Database", "*.mdb", ".mdb", {}, false, proposed});
   if (!path.empty()) form.At(name).text = path;
   form.focus = name;
 }
@@ -262,7 +262,7 @@ void RunExport(Session& s, Form& form, const char* focus, int month = 0) {
   FillSurveys(s, form);
   if (month > 0 && month <= static_cast<int>(form.At(kSurveys).rows.size())) form.At(kSurveys).picked = {month - 1};
   form.focus = focus;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   if (!s.db.IsOpen()) return;
   SetMode(s, Mode::kActv);
   if (ReopenDatabase(s)) RefreshTree(s);
@@ -427,7 +427,7 @@ void ExportStructures(Session& s) {
   Form& form = StructureExportDialog(s);
   if (!Plainly(s, [&] { FillStructures(form, s.db); })) return;
   form.focus = kStructures;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   ShowCurrentNode(s);
 }
 
@@ -442,7 +442,7 @@ void ImportStructuresFrom(Session& s) {
   Form& form = StructureImportDialog(s);
   form.default_button = kLoad;  // until there is a list to choose from
   form.focus = kImportName;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   s.exchange.Close();
 }
 

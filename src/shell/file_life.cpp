@@ -1,7 +1,7 @@
 #include "shell/file_life.h"
 
-#include "session/messages.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 #include "shell/program_end.h"
 #include "store/files.h"
 
@@ -17,7 +17,7 @@ constexpr const char* kPreviousVersion =
 
 bool TakeDatabase(Session& s, const std::string& path) {
   if (!IsCurrentDatabase(path)) {
-    s.platform.Ask({kPreviousVersion, "Data Validation", Icon::kWarning, {Button::kOK}, 0, path});
+    Ask(s, {kPreviousVersion, "Data Validation", Icon::kWarning, {Button::kOK}, 0, path});
     return false;
   }
   // this run opens the file also when the next one will not find it
@@ -26,8 +26,8 @@ bool TakeDatabase(Session& s, const std::string& path) {
 }
 
 bool ChooseDatabase(Session& s) {
-  const std::string path = s.platform.AskFile(
-      {FileQuestion::Kind::kOpen, "MERLU-2017 - Locate Database", "MERLU Database", "*.MDB", ".MDB"});
+  const std::string path =
+      AskFile(s, {FileQuestion::Kind::kOpen, "MERLU-2017 - Locate Database", "MERLU Database", "*.MDB", ".MDB"});
   return !path.empty() && TakeDatabase(s, path);
 }
 
@@ -44,7 +44,7 @@ void OpenDatabaseFile(Session& s, const std::string& path) {
 }
 
 void CreateNewDatabase(Session& s) {
-  const std::string folder = s.platform.AskFolder("Select a Folder for the new MERLU database...");
+  const std::string folder = AskFolder(s, "Select a Folder for the new MERLU database...");
   if (folder.empty()) return;
   Plainly(s, [&] {
     const std::string path = NextFreeFileName(WithSeparator(folder) + "MERLU.mdb");

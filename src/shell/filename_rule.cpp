@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "session/folders.h"
-#include "session/messages.h"
+#include "shell/messages.h"
 #include "store/files.h"
 
 namespace merlu {

@@ -12,6 +12,7 @@
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/help.h"
+#include "shell/messages.h"
 #include "shell/navigation.h"
 #include "shell/things.h"
 
@@ -189,7 +190,7 @@ void OpenGoTo(Session& s) {
   found.recent = ReadRecent(s);
   Fill(form, found);
   form.focus = kText;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   const std::optional<Thing> chosen = std::exchange(found.chosen, std::nullopt);
   found.things.clear();
   found.fits.clear();

@@ -7,18 +7,17 @@
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
 #include "history/notes.h"
-#include "qc/comment_dialog.h"
 #include "qc/comment_key.h"
-#include "qc/comment_names.h"
 #include "records/structure_record.h"
 #include "review/comments.h"
 #include "session/folders.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "sheets/contract.h"
 #include "sheets/units.h"
+#include "shell/comment_dialog.h"
 #include "shell/dialog_names.h"
 #include "shell/docks.h"
+#include "shell/messages.h"
 #include "shell/navigation.h"
 #include "shell/proposed_name.h"
 #include "shell/status.h"
@@ -207,7 +206,7 @@ void EditComment(Session& s, Form& dock) {
     s.desk.Hide(dialog);
     ShowCommentsOfSheet(s);
   });
-  ShowDialog(s.desk, s.platform, dialog);
+  OpenDialog(s, dialog);
   dialog.On(names::cmdOK, Event::kClick, nullptr);
   Refresh(dock);
 }
@@ -215,14 +214,14 @@ void EditComment(Session& s, Form& dock) {
 void Export(Session& s, Form& dock) {
   Refresh(dock);
   const FindingsModel& model = ModelOf(dock);
-  const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
-                                               "Export Findings",
-                                               "Excel Workbook (*.xlsx)",
-                                               "*.xlsx",
-                                               ".xlsx",
-                                               {{"Comma-Separated Values (*.csv)", "*.csv", ".csv"}},
-                                               true,
-                                               ProposedName(s, 0, "Findings")});
+  const std::string path = AskFile(s, {FileQuestion::Kind::kSave,
+                                       "Export Findings",
+                                       "Excel Workbook (*.xlsx)",
+                                       "*.xlsx",
+                                       ".xlsx",
+                                       {{"Comma-Separated Values (*.csv)", "*.csv", ".csv"}},
+                                       true,
+                                       ProposedName(s, 0, "Findings")});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);

@@ -8,13 +8,13 @@
 #include "entry/month_grid.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/entry_commands.h"
+#include "shell/messages.h"
 #include "shell/routing.h"
 
 namespace merlu {
@@ -79,7 +79,7 @@ bool Approve(Session& s, const std::vector<PastePlan>& plan) {
     approved = true;
     s.desk.Hide(form);
   });
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   form.On(names::cmdOK, Event::kClick, [] {});
   return approved;
 }
@@ -308,7 +308,7 @@ void OpenMonthGrid(Session& s) {
   ShowView(open);
   StandOnRecord(open);
   Connect(open);
-  ShowDialog(s.desk, s.platform, open.form);
+  OpenDialog(s, open.form);
   for (const char* name : {names::cmbGRD_View, names::cmbGRD_Month, names::cmbGRD_Type, names::cmbGRD_Equipment,
                            names::cmdGRD_Copy, names::cmdGRD_Confirm, names::cmdGRD_Save, names::cmdCANCEL})
     open.form.On(name, Event::kClick, [] {});

@@ -7,13 +7,13 @@
 #include "forms/dialog_buttons.h"
 #include "qc_run/check_unchecked.h"
 #include "review/hand_in.h"
-#include "session/messages.h"
 #include "shell/completeness_dock.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/exchange_dialogs.h"
 #include "shell/findings_dock.h"
 #include "shell/hand_in_files.h"
+#include "shell/messages.h"
 #include "shell/navigation.h"
 #include "shell/proposed_name.h"
 #include "shell/routing.h"
@@ -129,14 +129,14 @@ void ShowRecords(Session& s, Form& dialog) {
 // ---- files ----
 
 void Report(Session& s, Form& dialog) {
-  const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
-                                               "Save Report as...",
-                                               "PDF (*.pdf)",
-                                               "*.pdf",
-                                               ".pdf",
-                                               {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}},
-                                               true,
-                                               ProposedName(s, MonthOf(dialog), "Hand-In")});
+  const std::string path = AskFile(s, {FileQuestion::Kind::kSave,
+                                       "Save Report as...",
+                                       "PDF (*.pdf)",
+                                       "*.pdf",
+                                       ".pdf",
+                                       {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}},
+                                       true,
+                                       ProposedName(s, MonthOf(dialog), "Hand-In")});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
@@ -181,7 +181,7 @@ void OpenHandIn(Session& s) {
   dialog.At(kMonth).index = 0;
   dialog.At(kMonth).text = kWholeYear;
   Fill(s, dialog);
-  ShowDialog(s.desk, s.platform, dialog);
+  OpenDialog(s, dialog);
 }
 
 }  // namespace merlu

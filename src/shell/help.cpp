@@ -7,12 +7,11 @@
 #include "base/rtf_reader.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
-#include "qc/comment_names.h"
 #include "records/structure_names.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "session/types.h"
 #include "shell/dialog_names.h"
+#include "shell/messages.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -111,7 +110,7 @@ void ShowHelp(Session& s, const std::string& file, const std::string& bookmark) 
   text.text = PlainText(*document);
   text.document = std::move(document);
   text.bookmark = bookmark;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
 }
 
 void ShowCurrentHelp(Session& s, const std::string& control) {

@@ -10,10 +10,10 @@
 #include "forms/dialog_buttons.h"
 #include "history/notes.h"
 #include "session/folders.h"
-#include "session/messages.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/history_values.h"
+#include "shell/messages.h"
 #include "shell/proposed_name.h"
 #include "shell/undo.h"
 
@@ -139,14 +139,14 @@ void UndoPicked(Session& s, Form& form) {
 }
 
 void ExportShown(Session& s, Form& form) {
-  const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
-                                               "Export Change History",
-                                               "Workbook",
-                                               "*.xlsx",
-                                               ".xlsx",
-                                               {{"Comma-separated text", "*.csv", ".csv"}},
-                                               true,
-                                               ProposedName(s, 0, "History")});
+  const std::string path = AskFile(s, {FileQuestion::Kind::kSave,
+                                       "Export Change History",
+                                       "Workbook",
+                                       "*.xlsx",
+                                       ".xlsx",
+                                       {{"Comma-separated text", "*.csv", ".csv"}},
+                                       true,
+                                       ProposedName(s, 0, "History")});
   if (path.empty()) return;
   Plainly(s, [&] {
     std::vector<Row> rows = {{"When", "Who", "What", "Place", "Field", "Old", "New", "State"}};
@@ -196,7 +196,7 @@ void OpenHistory(Session& s) {
     FillValues(s, form);
   }
   form.focus = kSteps;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   static_cast<StepValues&>(*form.At(kValues).model).Show(std::nullopt);
 }
 

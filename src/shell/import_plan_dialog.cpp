@@ -5,6 +5,7 @@
 #include "session/types.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {
@@ -65,7 +66,7 @@ void ShowImportPlan(Session& s, const ImportPlan& plan) {
   if (!list.rows.empty()) list.picked = {0};
   details();
   form.focus = kStructures;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   form.On(kStructures, Event::kMoved, [] {});
 }
 

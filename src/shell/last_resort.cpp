@@ -1,7 +1,7 @@
 #include "shell/last_resort.h"
 
-#include "session/messages.h"
 #include "shell/commands.h"
+#include "shell/messages.h"
 
 namespace merlu {
 
@@ -9,19 +9,22 @@ bool Guarded(Session& s, const std::string& what, const std::function<void()>& a
   std::string error;
   try {
     act();
+    ShowNotices(s);
   } catch (const Fault& fault) {
     TellFault(s, fault);
     error = fault.description;
   } catch (const std::exception& exception) {
     error = exception.what();
     HideWait(s);
-    s.platform.Ask(
-        {"An error in the program ended \"" + what + "\".\nWhat shows is as it was: it can be saved, or dropped.",
-         s.title,
-         Icon::kStop,
-         {Button::kOK},
-         0,
-         error});
+    Ask(s, {"An error in the program ended \"" + what + "\".\nWhat shows is as it was: it can be saved, or dropped.",
+            s.title,
+            Icon::kStop,
+            {Button::kOK},
+            0,
+            error});
+  } catch (...) {
+    ShowNotices(s);
+    throw;
   }
   if (s.main != nullptr && !s.ended) UpdateCommands(s);
   return error.empty();

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "forms/dialog_buttons.h"
-#include "qc/comment_dialog.h"
 #include "records/build.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
@@ -11,6 +10,7 @@
 #include "session/main_names.h"
 #include "shell/annual_summary.h"
 #include "shell/backup_dialog.h"
+#include "shell/comment_dialog.h"
 #include "shell/completeness_dock.h"
 #include "shell/dialogs.h"
 #include "shell/docks.h"

@@ -6,7 +6,6 @@
 #include "session/act.h"
 #include "session/folders.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "shell/commands.h"
 #include "shell/dialogs.h"
 #include "shell/docks.h"
@@ -14,6 +13,7 @@
 #include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
 #include "shell/main_form.h"
+#include "shell/messages.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/recent_files.h"
@@ -45,6 +45,7 @@ void ResetRun(Session& s) {
   s.version.clear();
   s.mode = Mode::kNone;
   s.message.clear();
+  s.notices = {};
   s.unbacked_day.clear();
   s.began_empty = false;
   s.may_add_month = true;
@@ -112,6 +113,7 @@ void Main(Session& s) {
       Plainly(s, [&] { SetStartMode(s); });
     else
       CloseDatabase(s);
+    ShowNotices(s);
     RememberFile(s);
   }
   ShowRecentFiles(s);

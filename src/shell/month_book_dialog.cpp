@@ -8,9 +8,9 @@
 #include "forms/dialog_buttons.h"
 #include "session/act.h"
 #include "session/folders.h"
-#include "session/messages.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
+#include "shell/messages.h"
 #include "shell/proposed_name.h"
 #include "shell/routing.h"
 
@@ -69,7 +69,7 @@ void ShowPlan(Session& s, MonthGrid& grid, const std::vector<BookChange>& change
   form.On(names::cmdOK, Event::kClick, [&s, &form, &grid] {
     if (Apply(s, grid)) s.desk.Hide(form);
   });
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
   form.On(names::cmdOK, Event::kClick, [] {});
   static_cast<RowsModel&>(*form.At(kPlan).model).Set({});
   // the record that shows may have been saved
@@ -88,14 +88,14 @@ void MakeWorkbookOfMonth(Session& s) {
   if (s.editing || !s.InActv()) return;
   const int month = s.current.Month > 0 ? s.current.Month : s.last_month;
   if (month < 1) return Tell(s, "There is no month yet.");
-  const std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
-                                               "Make Month Workbook",
-                                               "Excel Workbook (*.xlsx)",
-                                               "*.xlsx",
-                                               ".xlsx",
-                                               {},
-                                               true,
-                                               ProposedName(s, month, "Workbook")});
+  const std::string path = AskFile(s, {FileQuestion::Kind::kSave,
+                                       "Make Month Workbook",
+                                       "Excel Workbook (*.xlsx)",
+                                       "*.xlsx",
+                                       ".xlsx",
+                                       {},
+                                       true,
+                                       ProposedName(s, month, "Workbook")});
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
@@ -107,13 +107,13 @@ void MakeWorkbookOfMonth(Session& s) {
 
 void ReadWorkbookOfMonth(Session& s) {
   if (s.editing || !s.InActv()) return;
-  const std::string path = s.platform.AskFile(
-      {FileQuestion::Kind::kOpen,
-       "Read Month Workbook",
-       "Excel Workbook (*.xlsx)",
-       "*.xlsx",
-       ".xlsx",
-       {{"OpenDocument Spreadsheet (*.ods)", "*.ods", ".ods"}, {"Comma-separated values (*.csv)", "*.csv", ".csv"}}});
+  const std::string path = AskFile(s, {FileQuestion::Kind::kOpen,
+                                       "Read Month Workbook",
+                                       "Excel Workbook (*.xlsx)",
+                                       "*.xlsx",
+                                       ".xlsx",
+                                       {{"OpenDocument Spreadsheet (*.ods)", "*.ods", ".ods"},
+                                        {"Comma-separated values (*.csv)", "*.csv", ".csv"}}});
   if (path.empty()) return;
   MonthGrid grid(s);
   std::vector<BookChange> changes;

@@ -2,11 +2,11 @@
 
 #include "base/text.h"
 #include "forms/desk.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/edit_modes.h"
+#include "shell/messages.h"
 #include "shell/routing.h"
 #include "shell/trees.h"
 

@@ -1,7 +1,7 @@
 #include "shell/print_screen.h"
 
-#include "session/messages.h"
 #include "sheets/units.h"
+#include "shell/messages.h"
 
 namespace merlu {
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "shell/file_life.h"
+#include "shell/messages.h"
 #include "store/files.h"
 
 namespace merlu {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "qc/comment_dialog.h"
 #include "qc/qc_list.h"
-#include "session/messages.h"
+#include "shell/comment_dialog.h"
+#include "shell/messages.h"
 #include "shell/navigation.h"
 
 namespace merlu {

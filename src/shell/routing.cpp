@@ -7,15 +7,16 @@
 #include "records/structure_record.h"
 #include "records/survey_record.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/commands.h"
+#include "shell/comment_dialog.h"
 #include "shell/dialog_names.h"
 #include "shell/entry_commands.h"
+#include "shell/messages.h"
 #include "shell/results.h"
 
 namespace merlu {
@@ -111,6 +112,7 @@ void TakeLocation(Session& s, const std::string& key) {
 void ClearSheet(Session& s) {
   if (const LevelSheet* at = LevelAt(s.current)) at->clear(s);
   if (const SheetSpec* sheet = SheetAt(s.current)) ClearFrame(s, *sheet);
+  ShowNotices(s);
 }
 
 namespace {
@@ -131,6 +133,7 @@ void LoadSheet(Session& s) {
   if (s.unreadable) Tell(s, kUnreadable, Icon::kWarning);
   s.unreadable = s.unreadable || !HasRecord(s);
   if (!s.unreadable) ShowEntryMarks(s);
+  ShowNotices(s);
 }
 
 bool CanUseRecord(Session& s) {
@@ -171,12 +174,15 @@ void SaveSheet(Session& s, bool after_qc) {
   }
   if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
   if (!s.save_failed) Plainly(s, [&] { KeepCopiedOfShown(s); });
+  ShowNotices(s);
 }
 
 void ShowSheet(Session& s) {
   if (const SheetSpec* sheet = SheetAt(s.current)) {
     if (Form* dialog = s.desk.Find(names::frmNewEquipment)) s.desk.Hide(*dialog);
     Form& form = SheetForm(s, *sheet);
+    form.On(sheet->comment_button(), Event::kClick,
+            [&s, &form, list = sheet->list()] { EditQCComment(s, form, list); });
     form.On(sheet->list(), Event::kDoubleClick,
             [&s, &form, list = sheet->list()] { DoubleClickResult(s, form, list); });
     s.desk.Show(form);

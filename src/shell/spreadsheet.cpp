@@ -3,7 +3,7 @@
 #include "base/text.h"
 #include "exchange/description_sheets.h"
 #include "session/folders.h"
-#include "session/messages.h"
+#include "shell/messages.h"
 #include "shell/proposed_name.h"
 #include "shell/status.h"
 #include "store/files.h"
@@ -22,14 +22,14 @@ bool IsXlsx(const std::string& path) {
 
 // Empty when the user cancels, or does not want to overwrite the file.
 std::string AskPath(Session& s) {
-  std::string path = s.platform.AskFile({FileQuestion::Kind::kSave,
-                                         "Save to Excel File",
-                                         "Excel File (*.xls)",
-                                         "*.xls",
-                                         ".xls",
-                                         {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}},
-                                         true,
-                                         ProposedName(s, 0, "Descriptions")});
+  std::string path = AskFile(s, {FileQuestion::Kind::kSave,
+                                 "Save to Excel File",
+                                 "Excel File (*.xls)",
+                                 "*.xls",
+                                 ".xls",
+                                 {{"Excel Workbook (*.xlsx)", "*.xlsx", ".xlsx"}},
+                                 true,
+                                 ProposedName(s, 0, "Descriptions")});
   if (path.empty() || IsXlsx(path) || Lower(path).ends_with(".xls")) return path;
   path += ".xls";
   // the dialog has asked about the file whose name was typed, not about this one
@@ -51,7 +51,7 @@ void WriteDescriptions(Session& s, const std::string& path) {
 }  // namespace
 
 void ExportSpreadsheet(Session& s) {
-  s.platform.Ask({kAbout, kTitle, Icon::kInfo, {Button::kOK}, 0, "", "SpreadsheetAbout"});
+  Ask(s, {kAbout, kTitle, Icon::kInfo, {Button::kOK}, 0, "", "SpreadsheetAbout"});
   const std::string path = AskPath(s);
   if (path.empty()) return;
   const bool done = OnSheet(s, [&] {

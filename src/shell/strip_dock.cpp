@@ -6,9 +6,9 @@
 #include "entry/strip.h"
 #include "forms/dialog.h"
 #include "session/main_names.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "shell/docks.h"
+#include "shell/messages.h"
 #include "shell/navigation.h"
 
 namespace merlu {

@@ -7,9 +7,9 @@
 #include "base/text.h"
 #include "session/equipment_index.h"
 #include "session/limits.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
+#include "shell/messages.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
 #include "shell/tree_find.h"
@@ -87,12 +87,12 @@ void AddStructures(Session& s) {
 
 void EndAtTheLimit(Session& s) {
   s.platform.Beep();
-  s.platform.Ask({"An internal array is not large enough for your structures. Please contact Technical Support.",
-                  "Program shutting down",
-                  Icon::kStop,
-                  {Button::kOK},
-                  0,
-                  kLimitsInWords});
+  Ask(s, {"An internal array is not large enough for your structures. Please contact Technical Support.",
+          "Program shutting down",
+          Icon::kStop,
+          {Button::kOK},
+          0,
+          kLimitsInWords});
   EndProgram(s);
 }
 
@@ -244,7 +244,7 @@ bool BuildDescriptionTree(Session& s) {
 
 void TellOfTree(Session& s, const Fault& fault) {
   const bool is_full = fault.number == fault_number::kSubscript;
-  s.platform.Ask({fault.description, "Error", Icon::kNone, {Button::kOK}, 0, is_full ? kLimitsInWords : ""});
+  Ask(s, {fault.description, "Error", Icon::kNone, {Button::kOK}, 0, is_full ? kLimitsInWords : ""});
 }
 
 // Selects nothing, so that what shows stays in front.

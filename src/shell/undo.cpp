@@ -1,10 +1,10 @@
 #include "shell/undo.h"
 
 #include "session/act.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "shell/edit_modes.h"
+#include "shell/messages.h"
 #include "shell/routing.h"
 #include "shell/row_finder.h"
 #include "shell/trees.h"

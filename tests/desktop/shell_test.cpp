@@ -18,7 +18,7 @@
 #include "desktop/shortcuts.h"
 #include "desktop/wait_window.h"
 #include "driver.h"
-#include "session/messages.h"
+#include "shell/messages.h"
 
 namespace merlu::test {
 namespace {

@@ -11,8 +11,8 @@
 #include "history/steps.h"
 #include "inventory.h"
 #include "quiet_platform.h"
-#include "session/messages.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 #include "shell/program_end.h"
 #include "shell/routing.h"
 

@@ -5,9 +5,9 @@
 #include "forms/desk.h"
 #include "inventory.h"
 #include "script/json_views.h"
-#include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 #include "shell/routing.h"
 #include "support/tampered.h"
 #include "support/test_run.h"
@@ -39,6 +39,7 @@ class Visitor {
   void Do(Work&& work) {
     try {
       work();
+      ShowNotices(run_.s);
     } catch (const Fault& fault) {
       TellFault(run_.s, fault);
     }

@@ -4,9 +4,9 @@
 
 #include "base/fault.h"
 #include "faults/kill_operations.h"
-#include "session/messages.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 #include "shell/routing.h"
 
 namespace merlu::test {
@@ -283,6 +283,7 @@ void Walker::Act() {
     }
     // the sheet on top, or the main window beside it
     ActOn(Chance(50) ? *Top() : *s.main);
+    ShowNotices(s);
   } catch (const Fault& fault) {
     Note("fault " + fault.description);
     TellFault(s, fault);

@@ -1,4 +1,4 @@
-#include "qc_run/run_qc.h"
+#include "shell/qc_command.h"
 
 #include <gtest/gtest.h>
 
@@ -41,7 +41,7 @@ void Find(TestRun& run, const std::string& level, int month, const std::string& 
 
 TEST(QcRun, tells_how_many_errors_it_found_in_a_plain_box) {
   FlareMonth flare;
-  EXPECT_EQ(RunQC(flare.run.s, flare.run.s.current, false), 2);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, false), 2);
   ASSERT_EQ(flare.run.boxes.size(), 1u);
   const Box& box = flare.run.boxes.front();
   EXPECT_EQ(box.text, "QC completed with 2 errors found");
@@ -53,7 +53,7 @@ TEST(QcRun, tells_how_many_errors_it_found_in_a_plain_box) {
 TEST(QcRun, tells_that_it_found_nothing) {
   FlareMonth flare;
   flare.run.Put(kSoundMonth);
-  EXPECT_EQ(RunQC(flare.run.s, flare.run.s.current, false), 0);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, false), 0);
   ASSERT_EQ(flare.run.boxes.size(), 1u);
   EXPECT_EQ(flare.run.boxes.front().text, kClean);
   EXPECT_EQ(flare.run.boxes.front().icon, Icon::kInfo);
@@ -61,10 +61,10 @@ TEST(QcRun, tells_that_it_found_nothing) {
 
 TEST(QcRun, that_is_silent_tells_errors_and_nothing_else) {
   FlareMonth flare;
-  EXPECT_EQ(RunQC(flare.run.s, flare.run.s.current, true), 2);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, true), 2);
   EXPECT_EQ(flare.run.TakeBoxes(), Texts{"QC completed with 2 errors found"});
   flare.run.Put(kSoundMonth);
-  EXPECT_EQ(RunQC(flare.run.s, flare.run.s.current, true), 0);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, true), 0);
   EXPECT_EQ(flare.run.TakeBoxes(), Texts{});
 }
 
@@ -83,7 +83,7 @@ TEST(QcRun, at_the_operator_checks_nothing_and_says_nothing) {
   run.StartWithStructure();
   run.SelectRoot();
   ASSERT_EQ(run.s.current.Level, "USER");
-  EXPECT_EQ(RunQC(run.s, run.s.current, false), 0);
+  EXPECT_EQ(RunQCAndTell(run.s, run.s.current, false), 0);
   EXPECT_TRUE(run.TakeBoxes().empty());
   EXPECT_EQ(run.Count("QC"), 0);
   EXPECT_FALSE(run.s.wait.showing);
@@ -135,7 +135,7 @@ TEST(QcRun, passes_over_an_equipment_without_a_word_when_it_is_silent) {
   FlareMonth flare;
   Find(flare.run, "EQUIPMENT", 2, "ACTV");
   flare.run.Check("chkFLA_Status", true);
-  RunQC(flare.run.s, flare.run.s.current, true);
+  RunQCAndTell(flare.run.s, flare.run.s.current, true);
   EXPECT_TRUE(flare.run.TakeBoxes().empty());
   EXPECT_EQ(flare.run.Count("QC"), 0);
 }
@@ -280,7 +280,7 @@ TEST(QcRun, that_meets_a_fault_tells_number_and_description_and_stops) {
   run.Select(run.Key());
   const QCLocation here = run.s.current;
   run.s.db.Execute("DROP TABLE ED_AMI");
-  EXPECT_EQ(RunQC(run.s, here, false), 0);
+  EXPECT_EQ(RunQCAndTell(run.s, here, false), 0);
   ASSERT_EQ(run.boxes.size(), 1u);
   const Box& box = run.boxes.front();
   EXPECT_EQ(box.text, "3078: no such table: ED_AMI");
@@ -298,7 +298,7 @@ TEST(QcRun, tells_a_fault_inside_a_rule_of_a_structure_once) {
   run.Select(run.Key("", "", 1));
   run.s.db.Execute("DROP TABLE ED_EQUIP_DESC");
   run.TakeBoxes();
-  RunQC(run.s, run.s.current, false);
+  RunQCAndTell(run.s, run.s.current, false);
   const std::vector<std::string> boxes = run.TakeBoxes();
   EXPECT_EQ(std::count(boxes.begin(), boxes.end(), "3078 no such table: ED_EQUIP_DESC"), 1);
   EXPECT_EQ(boxes.size(), 2u) << "the fault and the result of the run";
@@ -311,7 +311,7 @@ TEST(QcRun, that_meets_a_fault_leaves_the_user_where_it_was_at) {
   run.AddEquipment("AMI", "A1");
   run.Select(run.Key());
   run.s.db.Execute("DROP TABLE ED_AMI");
-  RunQC(run.s, run.s.current, false);
+  RunQCAndTell(run.s, run.s.current, false);
   EXPECT_EQ(run.s.current.Level, "EQUIPMENT");
   EXPECT_EQ(run.s.current.EquipType, "DIE");
   run.Select(run.Key());

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "qc_run/run_qc.h"
+#include "shell/qc_command.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -62,7 +62,7 @@ TEST(RecordRun, of_a_survey_in_description_mode_judges_each_structure_by_its_own
   run.ChangeTo(Mode::kDesc);
   run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET LEASE_NUM='G1' WHERE CMPLX_ID_NUM='1001'");
   const QCLocation survey{level::kSurvey, "12345", 1, 2017, "", "", "", ""};
-  RunQC(run.s, survey, true);
+  RunQCAndTell(run.s, survey, true);
   EXPECT_EQ(run.Count("QC WHERE FieldID='Lease Number' AND CmplxID='1001'"), 0);
   EXPECT_EQ(run.Count("QC WHERE FieldID='Lease Number' AND CmplxID='1002'"), 1);
   EXPECT_EQ(run.Count("QC WHERE Month<>0 OR Year<>0"), 0);

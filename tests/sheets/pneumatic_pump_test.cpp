@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "bounds.h"
-#include "qc_run/run_qc.h"
+#include "shell/qc_command.h"
 
 namespace merlu::test {
 namespace {
@@ -193,7 +193,7 @@ TEST(PneumaticPump, changes_only_the_text_of_the_destination_when_it_falls_back)
   run.Click("cmdEdit");
   run.Set(kDestination, "Flared Remotely");
   run.s.InSaveQC = true;
-  RunQC(run.s, run.s.current, true);
+  RunQCAndTell(run.s, run.s.current, true);
   EXPECT_EQ(run.Text(kDestination), "Flared Locally");
   EXPECT_EQ(run.At(kDestination).index, 3);
 }

@@ -11,12 +11,12 @@
 #include "forms/desk.h"
 #include "host/hand_in_pdf.h"
 #include "host/report_pdf.h"
-#include "session/messages.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "shell/commands.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
+#include "shell/messages.h"
 #include "shell/routing.h"
 
 namespace merlu::test {
@@ -100,6 +100,7 @@ void TestRun::Start(const std::string& path) {
   settings["Options/DBloc"] = path;
   Main(s);
   CloseSplash(s);
+  ShowNotices(s);
 }
 
 void TestRun::StartWithStructure() {
@@ -161,6 +162,7 @@ void TestRun::Select(const std::string& key) {
   ASSERT_GE(node, 0) << "no node \"" << key << "\"";
   ASSERT_TRUE(s.tree.enabled);
   ClickNode(s, node);
+  ShowNotices(s);
 }
 
 void TestRun::SelectRoot() {
@@ -179,6 +181,7 @@ std::string TestRun::WhyNotSet(const std::string& name) {
 void TestRun::Click(const std::string& name) {
   const auto [form, control] = Look(name);
   ASSERT_EQ(act::Click(s.desk, *form, name), "") << name;
+  ShowNotices(s);
   if (!s.ended) UpdateCommands(s);  // as after every act
 }
 
@@ -188,11 +191,13 @@ void TestRun::Set(const std::string& name, const std::string& value) {
   const bool list = control->kind == Kind::kList;
   ASSERT_EQ(list ? act::Choose(s.desk, *form, name, value) : act::Type(s.desk, *form, name, value), "") << name;
   act::LostFocus(s.desk, *form, name);
+  ShowNotices(s);
 }
 
 void TestRun::Check(const std::string& name, bool on) {
   const auto [form, control] = Look(name);
   ASSERT_EQ(act::Check(s.desk, *form, name, on), "") << name;
+  ShowNotices(s);
 }
 
 void TestRun::Pick(const std::string& name, int row) {
@@ -202,11 +207,13 @@ void TestRun::Pick(const std::string& name, int row) {
 void TestRun::Pick(const std::string& name, const std::vector<int>& rows) {
   const auto [form, control] = Look(name);
   ASSERT_EQ(act::Pick(s.desk, *form, name, rows), "") << name;
+  ShowNotices(s);
 }
 
 void TestRun::DoubleClick(const std::string& name) {
   const auto [form, control] = Look(name);
   ASSERT_EQ(act::DoubleClick(s.desk, *form, name), "") << name;
+  ShowNotices(s);
 }
 
 void TestRun::ChangeTo(Mode mode) {
@@ -273,6 +280,7 @@ std::string TestRun::Finding(const std::string& field, const std::string& condit
 }
 
 std::vector<std::string> TestRun::TakeBoxes() {
+  ShowNotices(s);
   std::vector<std::string> texts;
   for (const Box& box : boxes) texts.push_back(box.text);
   boxes.clear();

@@ -4,7 +4,7 @@
 
 #include "base/fault.h"
 #include "session/act.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "store/engine.h"
 
 namespace merlu {
@@ -26,7 +26,7 @@ std::string Where(const LookupCriteria& criteria, Values& values) {
 
 void FillLookupList(Session& s, Form& form, const std::string& list, const std::string& table,
                     const std::string& column, const LookupCriteria& criteria) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     Control& control = form.At(list);
     control.items.clear();
     Values values;
@@ -42,14 +42,14 @@ void FillLookupList(Session& s, Form& form, const std::string& list, const std::
 }
 
 void AddToLookup(Session& s, const std::string& table, const LookupCriteria& row) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     Values values;
     const std::string where = Where(row, values);
     if (!IsNull(s.db.Single("SELECT 1 FROM [" + table + "]" + where, values))) return;
     s.companion.ContinueWith(s.edit_step);  // one that grows twice in an edit
     const Act act(s, "Look-up List");
     if (!act.MayWrite()) return;
-    Tell(s, "Adding new Make-Model to lookup.");
+    Note(s.notices, "Adding new Make-Model to lookup.");
     std::string columns, marks;
     for (const auto& [column, text] : row) {
       columns.append(columns.empty() ? "[" : ",[").append(column).append("]");

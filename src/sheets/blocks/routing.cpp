@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "session/messages.h"
+#include "session/notices.h"
 #include "sheets/blocks/blocks.h"
 
 namespace merlu {
@@ -176,7 +176,7 @@ DestinationList DestinationsFor(const std::string& destination) {
 }
 
 void LoadVentFlareList(Session& s, Form& form, const std::string& destination, const std::string& sent_to) {
-  OnSheet(s, [&] {
+  NotingSheetFaults(s.notices, [&] {
     Control& list = form.At(sent_to);
     const std::string remembered = list.text;
     list.items.clear();

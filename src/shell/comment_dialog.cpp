@@ -1,15 +1,15 @@
-#include "qc/comment_dialog.h"
+#include "shell/comment_dialog.h"
 
 #include "base/text.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
 #include "history/notes.h"
 #include "qc/comment_key.h"
-#include "qc/comment_names.h"
 #include "qc/qc_list.h"
 #include "qc/qc_log.h"
 #include "session/act.h"
-#include "session/messages.h"
+#include "shell/dialog_names.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {
@@ -111,7 +111,7 @@ void EditQCComment(Session& s, Form& form, const std::string& name) {
   // the form of the list outlives the dialog, its rows need not
   dialog.On(names::cmdOK, Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form, form.At(name)); });
   FillDialog(s, dialog, field_id);
-  ShowDialog(s.desk, s.platform, dialog);
+  OpenDialog(s, dialog);
   dialog.On(names::cmdOK, Event::kClick, nullptr);
 }
 

@@ -1,4 +1,4 @@
-#include "qc/comment_dialog.h"
+#include "shell/comment_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,19 +1,33 @@
-// How a procedure of a screen speaks to the user.
+// How a screen speaks to the user. Whatever is shown comes after the notices of the procedures that it called.
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/fault.h"
 #include "session/session.h"
+#include "session/wait.h"
 
 namespace merlu {
+
+// Shows what the procedures below the shell have to say, each in a box with OK, in order.
+void ShowNotices(Session& s);
+// Takes what rules have changed in the record out of the notices, for a caller that shows it elsewhere.
+std::vector<std::string> TakeRuleNotices(Session& s);
+
+Button Ask(Session& s, const Box& box);
+Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon = Icon::kQuestion);
+// Empty when the user cancelled.
+std::string AskFile(Session& s, const FileQuestion& question);
+std::string AskFolder(Session& s, const std::string& prompt);
+// Shows the form as a dialog until it is hidden.
+void OpenDialog(Session& s, Form& form);
 
 // A box with OK under the application's title.
 void Tell(Session& s, const std::string& text, Icon icon = Icon::kNone);
 // The same about a file, which it names below the text.
 void TellOfFile(Session& s, const std::string& text, const std::string& path, Icon icon = Icon::kNone);
 void TellUnder(Session& s, const std::string& title, const std::string& text, Icon icon);
-Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon = Icon::kQuestion);
 
 // The plain handler: description, a blank, number.
 void TellFault(Session& s, const Fault& fault);
@@ -43,23 +57,5 @@ bool OnSheet(Session& s, Work&& work) {
     return false;
   }
 }
-
-// Busy pointer for as long as it lives.
-class Busy {
- public:
-  explicit Busy(Session& s) : s_(s) { s_.platform.SetBusy(true); }
-  ~Busy() { s_.platform.SetBusy(false); }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-
- private:
-  Session& s_;
-};
-
-// The wait screen: shown, updated with progress, and hidden at the end. It is painted at most a few times a second, so
-// frequent calls of Progress are cheap. For work that ends before it could be read it is not shown at all.
-void ShowWait(Session& s, const std::string& title, const std::string& text);
-void Progress(Session& s, const std::string& text, int done, int total);
-void HideWait(Session& s);
 
 }  // namespace merlu

@@ -1,0 +1,28 @@
+// What shows while the program works.
+#pragma once
+
+#include <string>
+
+#include "session/session.h"
+
+namespace merlu {
+
+// Busy pointer for as long as it lives.
+class Busy {
+ public:
+  explicit Busy(Session& s) : s_(s) { s_.platform.SetBusy(true); }
+  ~Busy() { s_.platform.SetBusy(false); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  Session& s_;
+};
+
+// The wait screen: shown, updated with progress, and hidden at the end. It is painted at most a few times a second, so
+// frequent calls of Progress are cheap. For work that ends before it could be read it is not shown at all.
+void ShowWait(Session& s, const std::string& title, const std::string& text);
+void Progress(Session& s, const std::string& text, int done, int total);
+void HideWait(Session& s);
+
+}  // namespace merlu

@@ -1,0 +1,72 @@
+#include "shell/messages.h"
+
+#include <utility>
+
+#include "forms/dialog.h"
+
+namespace merlu {
+
+void ShowNotices(Session& s) {
+  // a box can let another act run, which shows what is left
+  while (!s.notices.waiting.empty()) {
+    const Notice notice = std::move(s.notices.waiting.front());
+    s.notices.waiting.erase(s.notices.waiting.begin());
+    s.platform.Ask({notice.text, s.title, notice.icon, {Button::kOK}, 0, notice.detail});
+  }
+}
+
+std::vector<std::string> TakeRuleNotices(Session& s) {
+  std::vector<std::string> texts;
+  std::erase_if(s.notices.waiting, [&](const Notice& notice) {
+    if (notice.of_rule) texts.push_back(notice.text);
+    return notice.of_rule;
+  });
+  return texts;
+}
+
+Button Ask(Session& s, const Box& box) {
+  ShowNotices(s);
+  return s.platform.Ask(box);
+}
+
+Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon) {
+  return Ask(s, {text, s.title, icon, std::move(buttons), 0, {}});
+}
+
+std::string AskFile(Session& s, const FileQuestion& question) {
+  ShowNotices(s);
+  return s.platform.AskFile(question);
+}
+
+std::string AskFolder(Session& s, const std::string& prompt) {
+  ShowNotices(s);
+  return s.platform.AskFolder(prompt);
+}
+
+void OpenDialog(Session& s, Form& form) {
+  ShowNotices(s);
+  ShowDialog(s.desk, s.platform, form);
+  ShowNotices(s);
+}
+
+void TellUnder(Session& s, const std::string& title, const std::string& text, Icon icon) {
+  Ask(s, {text, title, icon, {Button::kOK}, 0, {}});
+}
+
+void Tell(Session& s, const std::string& text, Icon icon) {
+  TellUnder(s, s.title, text, icon);
+}
+
+void TellOfFile(Session& s, const std::string& text, const std::string& path, Icon icon) {
+  Ask(s, {text, s.title, icon, {Button::kOK}, 0, path});
+}
+
+void TellFault(Session& s, const Fault& fault) {
+  Ask(s, {FaultText(fault), s.title, Icon::kNone, {Button::kOK}, 0, FaultDetail(fault)});
+}
+
+void TellFaultNumberFirst(Session& s, const Fault& fault) {
+  Tell(s, SheetFaultText(fault));
+}
+
+}  // namespace merlu
