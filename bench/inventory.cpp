@@ -4,8 +4,8 @@
 #include <memory>
 #include <random>
 
-#include "records/operator_record.h"
 #include "session/types.h"
+#include "sheets/operator.h"
 #include "sheets/units.h"
 #include "sound_values.h"
 #include "store/database.h"

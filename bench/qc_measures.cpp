@@ -11,10 +11,10 @@
 #include "measures.h"
 #include "plain.h"
 #include "records/judge_records.h"
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/types.h"
+#include "sheets/record_rows.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "shell/qc_command.h"
 #include "shell/routing.h"
@@ -27,8 +27,9 @@ constexpr int kFindingColumns = 12;
 
 // The columns that rules read, of the rows that are called so.
 std::string JudgedOf(const SheetSpec* sheet, const char* description, const char* month) {
-  const RuleSet& rules = sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
-  return RowReader(sheet == nullptr ? StructureFields() : sheet->fields, rules, Mode::kActv, Wanted::kWhatRulesRead)
+  const RuleSet& rules = sheet == nullptr ? RulesOf(StructureSheet()) : RulesOf(*sheet);
+  return RowReader(sheet == nullptr ? StructureSheet().fields : sheet->fields, rules, Mode::kActv,
+                   Wanted::kWhatRulesRead)
       .Columns(description, month);
 }
 

@@ -4,9 +4,8 @@
 #include <optional>
 
 #include "quiet_platform.h"
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure.h"
 
 namespace merlu {
 namespace {
@@ -202,7 +201,7 @@ SoundRecord SoundStructure() {
   Session s(platform);
   Form form("frmMain", "");
   PutStructureSheet(s, form);
-  return ChooseAll(StructureFields(), StructureRules(), kStructure, form);
+  return ChooseAll(StructureSheet().fields, StructureSheet().rules, kStructure, form);
 }
 
 }  // namespace merlu

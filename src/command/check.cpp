@@ -19,8 +19,6 @@
 #include "history/notes.h"
 #include "qc/comment_key.h"
 #include "records/judge_records.h"
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
 #include "review/review.h"
 #include "session/place.h"
 #include "session/types.h"

@@ -5,10 +5,11 @@
 
 #include "base/number_entry.h"
 #include "base/text.h"
-#include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "session/types.h"
+#include "sheets/record_rows.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -18,7 +19,7 @@ constexpr std::size_t kLongestTitle = 31;
 
 // Null for the structures.
 const RuleSet& RulesOfMonth(const SheetSpec* sheet) {
-  return sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
+  return sheet == nullptr ? RulesOf(StructureSheet()) : RulesOf(*sheet);
 }
 
 // What the rules expect of a field in a month: "0 to 744".

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <map>
 
-#include "records/structure_fields.h"
-#include "records/structure_names.h"
-#include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "session/types.h"
+#include "sheets/record_rows.h"
+#include "sheets/structure.h"
+#include "sheets/structure_names.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -28,8 +28,8 @@ std::vector<const FieldSpec*> FieldsOf(const std::vector<FieldSpec>& all) {
 MonthKind MakeKind(const SheetSpec* sheet) {
   MonthKind kind;
   kind.sheet = sheet;
-  kind.rules = sheet == nullptr ? &StructureRuleSet() : &RulesOf(*sheet);
-  kind.fields = FieldsOf(sheet == nullptr ? StructureFields() : sheet->fields);
+  kind.rules = sheet == nullptr ? &RulesOf(StructureSheet()) : &RulesOf(*sheet);
+  kind.fields = FieldsOf(sheet == nullptr ? StructureSheet().fields : sheet->fields);
   for (const FieldSpec* field : kind.fields) kind.places.push_back(kind.rules->fields().At(field->control));
   kind.table = sheet == nullptr ? "PA_PLATFORM_ACTV" : sheet->ea_table();
   kind.status_box = sheet == nullptr ? kStructureStatus : sheet->status_box();

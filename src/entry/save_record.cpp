@@ -6,8 +6,8 @@
 #include "base/text.h"
 #include "qc_run/run_qc.h"
 #include "qc_run/run_record.h"
-#include "records/structure_record.h"
 #include "sheets/conversions.h"
+#include "sheets/structure.h"
 
 namespace merlu {
 namespace {

@@ -9,9 +9,9 @@
 
 #include "base/text.h"
 #include "records/judge_records.h"
-#include "records/structure_names.h"
 #include "session/notices.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure_names.h"
 #include "sheets/units.h"
 
 namespace merlu {

@@ -3,9 +3,9 @@
 #include <map>
 
 #include "base/text.h"
-#include "records/structure_fields.h"
 #include "session/place.h"
 #include "session/types.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "sheets/wording.h"
 
@@ -85,7 +85,7 @@ bool IsCompared(const std::string& column) {
 std::string FieldName(const Compared& table, const std::string& column) {
   const SheetSpec* sheet = table.type.empty() ? nullptr : FindSheet(table.type);
   if (!table.type.empty() && sheet == nullptr) return column;
-  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureFields() : sheet->fields;
+  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureSheet().fields : sheet->fields;
   const std::string months = sheet == nullptr ? "PA_PLATFORM_ACTV" : "EA_" + table.type;
   const std::string description = sheet == nullptr ? "PD_PLATFORM_DESC" : "ED_" + table.type;
   for (const FieldSpec& field : fields)

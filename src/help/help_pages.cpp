@@ -1,12 +1,11 @@
 #include "help/help_pages.h"
 
 #include "help/screen_pages.h"
-#include "records/operator_record.h"
-#include "records/structure_fields.h"
-#include "records/structure_names.h"
-#include "records/structure_record.h"
-#include "records/survey_record.h"
 #include "session/main_names.h"
+#include "sheets/operator.h"
+#include "sheets/structure.h"
+#include "sheets/structure_names.h"
+#include "sheets/survey.h"
 #include "sheets/units.h"
 #include "shell/help.h"
 
@@ -50,8 +49,8 @@ HelpPage SurveyPage() {
 
 HelpPage StructurePage() {
   HelpPage page{.title = "Structure", .file = HelpFile(level::kStructure, ""), .prose = "Structure.md"};
-  page.fields = StructureFields();
-  AddRules(page, StructureRules());
+  page.fields = StructureSheet().fields;
+  AddRules(page, StructureSheet().rules);
   page.controls = {{names::chkSTRUCTURE_Status, "No Emissions to Report"},
                    {names::cmdSTRUCTURE_AddEquip, "New Equipment"},
                    {names::lvwSTRUCTURE_QCResults, "QC Results"},

@@ -3,32 +3,26 @@
 #include "qc/qc_log.h"
 #include "qc_run/run_record.h"
 #include "qc_run/walks.h"
-#include "records/structure_record.h"
-#include "records/survey_record.h"
 #include "sheets/contract.h"
+#include "sheets/survey.h"
 #include "sheets/units.h"
 
 namespace merlu {
 namespace {
-
-const SheetSpec* SheetAt(const QCLocation& location) {
-  return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
-}
 
 void Run(Session& s, QCLocation& location) {
   if (location.Is(level::kSurvey))
     RunSurveyQC(s, location);
   else if (location.Is(level::kStructure))
     RunStructureQC(s, location);
-  else if (const SheetSpec* sheet = SheetAt(location))
+  else if (const SheetSpec* sheet = SheetOf(location))
     RunSheetQC(s, *sheet, location);
 }
 
 // The list of the sheet that the run was started on.
 void LoadList(Session& s, const QCLocation& location) {
   if (location.Is(level::kSurvey)) LoadSurveyQCList(s);
-  if (location.Is(level::kStructure)) LoadStructureQCList(s);
-  if (const SheetSpec* sheet = SheetAt(location)) LoadQCList(s, *sheet);
+  if (const SheetSpec* sheet = SheetOf(location)) LoadQCList(s, *sheet);
 }
 
 // Findings of descriptions have no month.

@@ -5,12 +5,13 @@
 #include "base/dates.h"
 #include "qc/apply.h"
 #include "qc/qc_log.h"
-#include "records/structure_record.h"
 #include "session/notices.h"
 #include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/paint.h"
+#include "sheets/record_rows.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure.h"
 
 namespace merlu {
 namespace {
@@ -147,17 +148,19 @@ void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, 
 bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& typed) {
   const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
   Verdicts verdicts;
-  Judge(StructureRuleSet(), s.mode, typed.view, context, verdicts);
+  Judge(RulesOf(StructureSheet()), s.mode, typed.view, context, verdicts);
   RequireNoFaults(verdicts);
   return ApplyToStructure(s, location, typed.inactive, verdicts);
 }
 
 bool RunStructureRules(Session& s, const QCLocation& location) {
-  const RuleSet& rules = StructureRuleSet();
+  const SheetSpec& sheet = StructureSheet();
+  Form& form = SheetForm(s, sheet);
+  const RuleSet& rules = RulesOf(sheet);
   const Context context = ContextOf(s.db, s.mode, CurrentRecord(s));
-  const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), *s.main), context);
-  const bool active = ApplyToStructure(s, location, s.main->At(kStructureStatus).checked, verdicts);
-  if (active) PaintVerdicts(s, *s.main, rules.fields(), verdicts);
+  const Verdicts verdicts = Judge(rules, s.mode, ViewOfForm(rules.fields(), form), context);
+  const bool active = ApplyToStructure(s, location, form.At(sheet.status_box()).checked, verdicts);
+  if (active) PaintVerdicts(s, form, rules.fields(), verdicts);
   return active;
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
+#include "sheets/record_rows.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -149,7 +149,7 @@ std::string SelectStructures(const RecordScope& scope, const RowReader& reader) 
     return "SELECT d.PD_ID_AK,0,0,0,NULL,d.PD_QC_DT IS NOT NULL,1" + reader.Columns("d", "") +
            " FROM PD_PLATFORM_DESC d" + where.text + " ORDER BY d.PD_ID_AK";
   return "SELECT d.PD_ID_AK,a.SA_ID_AK,a.PA_YR,a.PA_MO,a.status,a.PA_QC_DT IS NOT NULL," +
-         (scope.asks_values ? HasValues(StructureFields(), "a") : "1") + reader.Columns("d", "a") + scope.more +
+         (scope.asks_values ? HasValues(StructureSheet().fields, "a") : "1") + reader.Columns("d", "a") + scope.more +
          " FROM PA_PLATFORM_ACTV a CROSS JOIN PD_PLATFORM_DESC d ON d.PD_ID_AK=a.PD_ID_AK" + where.text +
          " ORDER BY a.SA_ID_AK";
 }
@@ -193,8 +193,8 @@ std::string SelectEquipment(const SheetSpec& sheet, const RecordScope& scope, co
 }  // namespace
 
 RecordJudge::RecordJudge(const SheetSpec* sheet, const RecordScope& scope) : sheet_(sheet), scope_(scope) {
-  const RuleSet& rules = sheet == nullptr ? StructureRuleSet() : RulesOf(*sheet);
-  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureFields() : sheet->fields;
+  const RuleSet& rules = sheet == nullptr ? RulesOf(StructureSheet()) : RulesOf(*sheet);
+  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureSheet().fields : sheet->fields;
   ready_ = std::make_unique<Ready>(rules, RowReader(fields, rules, scope.mode, scope.wanted));
   ready_->record.sheet = sheet;
   ready_->status_box = rules.fields().Find(sheet == nullptr ? kStructureStatus : sheet->status_box());

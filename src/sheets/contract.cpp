@@ -6,23 +6,49 @@
 #include "session/notices.h"
 #include "session/records.h"
 #include "sheets/blocks/blocks.h"
+#include "sheets/build.h"
 #include "sheets/conversions.h"
 #include "sheets/sheet_form.h"
 
 namespace merlu {
 namespace {
 
-constexpr const char* kNoDate = "Date of Last QC:          ";
-
 bool IsMonthly(const FieldSpec& field) {
   return field.mode == In::kActv;
 }
 
-void SetLabel(Form& form, const std::string& label, const std::string& text) {
-  form.At(label).caption = form.At(label).text = text;
+bool IsInMode(const Session& s, const FieldSpec& field) {
+  return field.mode == In::kBoth || IsMonthly(field) == s.InActv();
+}
+
+// The user never changes what a rule computes, nor what is shown and not stored.
+bool IsFixed(const FieldSpec& field) {
+  return field.stored == Stored::kComputed || (field.stored == Stored::kNone && !field.column.empty());
+}
+
+// The controls of the sheet: all of its own form, its fields on the main form.
+template <typename Work>
+void ForEachControl(Form& form, const SheetSpec& sheet, Work&& work) {
+  if (sheet.has_form()) {
+    for (Control& control : form.controls()) work(control);
+    return;
+  }
+  for (const FieldSpec& field : sheet.fields) work(form.At(field.control));
+  if (sheet.has_activity) work(form.At(sheet.status_box()));
+}
+
+// A fault is noted as the sheet's faults are; false then.
+template <typename Work>
+bool Noting(Session& s, const SheetSpec& sheet, Work&& work) {
+  return sheet.plain_faults ? NotingFaults(s.notices, work) : NotingSheetFaults(s.notices, work);
 }
 
 void ShowMonthlyBlock(Form& form, const SheetSpec& sheet, bool show) {
+  if (!sheet.month_frame.empty()) {
+    form.At(sheet.description_frame).visible = !show;
+    form.At(sheet.month_frame).visible = show;
+    return;
+  }
   for (const FieldSpec& field : sheet.fields) {
     if (!IsMonthly(field)) continue;
     for (const std::string& name : {field.control, field.label, field.note_label})
@@ -34,13 +60,19 @@ void ShowMonthlyBlock(Form& form, const SheetSpec& sheet, bool show) {
 }
 
 void SetTitle(Form& form, const SheetSpec& sheet, const std::string& title, bool editing) {
-  form.At(sheet.frame()).caption = form.caption = title;
-  form.At(sheet.frame()).emphasis = editing;
+  SetFrameTitle(form, sheet.frame(), title, editing);
+  if (sheet.has_form()) form.caption = title;
+}
+
+void SetResultsOpen(Form& form, const SheetSpec& sheet, bool open) {
+  if (!sheet.has_findings) return;
+  form.At(sheet.comment_button()).enabled = open;
+  form.At(sheet.list()).back = open ? Back::kWindow : Back::kFace;
 }
 
 // The lists of the description come before the month, the texts after it.
 void LoadDescription(Session& s, Form& form, const SheetSpec& sheet, bool lists) {
-  Cursor& row = s.At(sheet.ed_table());
+  Cursor& row = s.At(sheet.tables().description);
   for (const FieldSpec& field : sheet.fields) {
     if (IsMonthly(field) || (field.kind == Kind::kList) != lists || field.column.empty() || !field.loads) continue;
     if (field.stored == Stored::kDestination) LoadVentFlareList(s, form, sheet.destination, sheet.sent_to);
@@ -49,15 +81,17 @@ void LoadDescription(Session& s, Form& form, const SheetSpec& sheet, bool lists)
 }
 
 void LoadMonth(Session& s, Form& form, const SheetSpec& sheet) {
-  Cursor& master = s.At("EA_EQUIP_ACTV");
-  const std::string status = NullToEmpty(master.Field("EA_STATUS"));
-  form.At(sheet.status_box()).checked = status == "I";
-  form.At(names::lblNoEmissions).visible = status == "I";
-  form.At(sheet.comments()).text = NullToEmpty(master.Field("EA_COMNT_TXT"));
-  Cursor& row = s.At(sheet.ea_table());
+  const RecordTables tables = sheet.tables();
+  Cursor& master = s.At(tables.master);
+  const bool inactive = NullToEmpty(master.Field(tables.status)) == "I";
+  form.At(sheet.status_box()).checked = inactive;
+  form.At(names::lblNoEmissions).visible = inactive;
+  if (!tables.comments.empty()) form.At(sheet.comments()).text = NullToEmpty(master.Field(tables.comments));
+  Cursor& row = s.At(tables.month);
   for (const FieldSpec& field : sheet.fields)
     if (IsMonthly(field) && field.shown_when.holds(form)) ShowField(form, field, row.Field(field.column));
-  if (!IsNull(master.Field("EA_QC_DT"))) SetLabel(form, sheet.date_label(), QCDateText(master.Field("EA_QC_DT")));
+  const Value date = master.Field(tables.month_date);
+  if (!IsNull(date)) SetCaption(form, sheet.date_label(), QCDateText(date));
 }
 
 void Unlock(Control& field) {
@@ -66,15 +100,26 @@ void Unlock(Control& field) {
   field.back = Back::kWindow;
 }
 
-void SaveMasterRow(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
-  Cursor& master = s.At("EA_EQUIP_ACTV");
+void StoreMaster(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
+  const RecordTables tables = sheet.tables();
+  Cursor& master = s.At(tables.master);
   const bool inactive = form.At(sheet.status_box()).checked;
-  master.Edit();
-  master.SetField("EA_COMNT_TXT", FieldText(form.At(sheet.comments()).text));
-  master.SetField("EA_STATUS", std::string(inactive ? "I" : "A"));
-  if (!after_qc) master.SetField("EA_QC_DT", Null{});
-  master.Update();
-  form.At(names::lblNoEmissions).visible = inactive;
+  if (!tables.comments.empty()) master.SetField(tables.comments, FieldText(form.At(sheet.comments()).text));
+  master.SetField(tables.status, std::string(inactive ? "I" : "A"));
+  if (!after_qc && !sheet.keeps_date) master.SetField(tables.month_date, Null{});
+}
+
+void StoreMonth(Session& s, Form& form, const SheetSpec& sheet) {
+  Cursor& row = s.At(sheet.tables().month);
+  for (const FieldSpec& field : sheet.fields)
+    if (IsMonthly(field)) StoreField(row, field, form.At(field.control));
+}
+
+template <typename Work>
+void Change(Cursor& row, Work&& work) {
+  row.Edit();
+  work();
+  row.Update();
 }
 
 // Null for a column that the record has no use for.
@@ -85,22 +130,25 @@ void StoreOrDrop(Cursor& row, const FieldSpec& field, const Form& form) {
     StoreField(row, field, form.At(field.control));
 }
 
-void SaveTypeRow(Session& s, Form& form, const SheetSpec& sheet) {
-  Cursor& row = s.At(sheet.ea_table());
-  row.Edit();
-  for (const FieldSpec& field : sheet.fields)
-    if (IsMonthly(field)) StoreField(row, field, form.At(field.control));
-  row.Update();
-}
-
 void SaveMonth(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) {
-  if (sheet.month_row_first) SaveTypeRow(s, form, sheet);
-  SaveMasterRow(s, form, sheet, after_qc);
-  if (!sheet.month_row_first) SaveTypeRow(s, form, sheet);
+  const RecordTables tables = sheet.tables();
+  const auto month = [&] { StoreMonth(s, form, sheet); };
+  const auto master = [&] { StoreMaster(s, form, sheet, after_qc); };
+  if (tables.master == tables.month) {  // one row is both
+    Change(s.At(tables.month), [&] {
+      month();
+      master();
+    });
+  } else {
+    if (sheet.month_row_first) Change(s.At(tables.month), month);
+    Change(s.At(tables.master), master);
+    if (!sheet.month_row_first) Change(s.At(tables.month), month);
+  }
+  form.At(names::lblNoEmissions).visible = form.At(sheet.status_box()).checked;
 }
 
 void SaveDescription(Session& s, Form& form, const SheetSpec& sheet) {
-  Cursor& row = s.At(sheet.ed_table());
+  Cursor& row = s.At(sheet.tables().description);
   row.Edit();
   for (const FieldSpec& field : sheet.fields)
     if (!IsMonthly(field) && !field.column.empty()) StoreOrDrop(row, field, form);
@@ -114,8 +162,12 @@ void LockField(Control& field) {
   field.back = Back::kFace;
 }
 
+bool IsEntry(const Control& control) {
+  return control.kind == Kind::kText || control.kind == Kind::kList || control.kind == Kind::kMasked;
+}
+
 bool IsField(const Control& control) {
-  return control.kind == Kind::kText || control.kind == Kind::kList || control.kind == Kind::kOption;
+  return control.kind == Kind::kOption || IsEntry(control);
 }
 
 // Fills the form from the current record; false, with the sheet's message, when there is none.
@@ -126,7 +178,7 @@ bool ShowRecord(Session& s, Form& form, const SheetSpec& sheet) {
     return false;
   }
   LoadDescription(s, form, sheet, true);
-  if (s.InActv()) LoadMonth(s, form, sheet);
+  if (s.InActv() && !sheet.tables().month.empty()) LoadMonth(s, form, sheet);
   LoadDescription(s, form, sheet, false);
   if (sheet.after_load) sheet.after_load(s, form);
   return true;
@@ -139,22 +191,29 @@ std::string QCDateText(const Value& date) {
   return "Date of Last QC: " + (parsed ? SheetDate(*parsed) : NullToEmpty(date));
 }
 
+namespace {
+
+void Clear(Control& control) {
+  control.checked = false;
+  if (!IsEntry(control)) return;
+  control.text = control.kind == Kind::kMasked ? Masked(control.mask, "") : "";
+  control.index = -1;
+  control.tip.clear();
+  control.touched = control.copied = false;
+  control.hint.clear();
+  control.was.clear();
+  control.enabled = true;
+}
+
+}  // namespace
+
 void ClearFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
-  for (Control& control : form.controls()) {
-    if (control.kind == Kind::kText || control.kind == Kind::kList) {
-      control.text.clear();
-      control.index = -1;
-      control.tip.clear();
-      control.touched = control.copied = false;
-      control.hint.clear();
-      control.was.clear();
-      control.enabled = true;
-    }
-    control.checked = false;
+  ForEachControl(form, sheet, Clear);
+  if (sheet.has_findings) {
+    form.At(names::lblNoEmissions).visible = false;
+    SetCaption(form, sheet.date_label(), kNoQCDate);
   }
-  form.At(names::lblNoEmissions).visible = false;
-  SetLabel(form, sheet.date_label(), kNoDate);
   ShowMonthlyBlock(form, sheet, s.InActv());
   auto& available = form.At(sheet.tab()).page_available;
   for (std::size_t page = 1; page + 1 < available.size(); ++page) available[page] = !s.InActv();
@@ -164,6 +223,8 @@ void ClearFrame(Session& s, const SheetSpec& sheet) {
 }
 
 bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location) {
+  if (sheet.level == level::kUser) return FindOperatorRecord(s);
+  if (sheet.level == level::kStructure) return FindStructureRecord(s);
   return FindEquipRecord(s, location, sheet.ed_table(), sheet.ea_table());
 }
 
@@ -171,47 +232,49 @@ bool LoadFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
   const int faults = s.notices.faults;
   bool found = false;
-  NotingSheetFaults(s.notices, [&] { found = ShowRecord(s, form, sheet); });
+  Noting(s, sheet, [&] { found = ShowRecord(s, form, sheet); });
   const bool read = s.notices.faults == faults;
   if (!read || !found) return read;
-  const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
-  form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
-  if (s.node_status == "I" && s.InActv()) form.At(names::lblNoEmissions).visible = true;
+  if (sheet.has_form()) {
+    const PageMemory& memory = s.InActv() ? s.last_page_actv : s.last_page_desc;
+    form.At(sheet.tab()).index = memory.at(static_cast<std::size_t>(sheet.number));
+    if (s.node_status == "I" && s.InActv()) form.At(names::lblNoEmissions).visible = true;
+  }
   LoadQCList(s, sheet);
   return true;
 }
 
 void LockFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
-  form.At(sheet.comment_button()).enabled = false;
+  SetResultsOpen(form, sheet, false);
   SetTitle(form, sheet, sheet.title, false);
-  for (Control& control : form.controls()) {
+  ForEachControl(form, sheet, [](Control& control) {
     if (control.kind == Kind::kOption) control.enabled = false;
-    if (control.kind != Kind::kText && control.kind != Kind::kList) continue;
-    control.locked = true;
-    control.back = Back::kFace;
-  }
+    if (IsEntry(control)) SetLocked(control, true);
+  });
   if (sheet.has_activity) form.At(names::Frame1).visible = false;
-  form.At(sheet.list()).back = Back::kFace;
+  if (sheet.after_lock) sheet.after_lock(s, form);
 }
 
 void UnlockFrame(Session& s, const SheetSpec& sheet) {
   Form& form = SheetForm(s, sheet);
-  form.At(sheet.comment_button()).enabled = true;
-  form.At(sheet.list()).back = Back::kWindow;
-  if (s.InActv()) form.At(names::Frame1).visible = true;
-  for (Control& control : form.controls())
+  SetResultsOpen(form, sheet, true);
+  if (s.InActv() && sheet.has_activity) form.At(names::Frame1).visible = true;
+  ForEachControl(form, sheet, [](Control& control) {
     if (IsField(control)) LockField(control);
-  if (s.InActv() || sheet.comments_unlock_in_desc || !sheet.has_activity) Unlock(form.At(sheet.comments()));
+  });
+  if (sheet.has_form() && (s.InActv() || sheet.comments_unlock_in_desc || !sheet.has_activity))
+    Unlock(form.At(sheet.comments()));
   for (const FieldSpec& field : sheet.fields)
-    if (IsMonthly(field) == s.InActv() && field.stored != Stored::kComputed) Unlock(form.At(field.control));
+    if (IsInMode(s, field) && !IsFixed(field)) Unlock(form.At(field.control));
   SetTitle(form, sheet, sheet.edit_title, true);
   ApplyEnablings(s, form, sheet, Enabling::At::kUnlock);
+  if (sheet.after_unlock) sheet.after_unlock(s, form);
   form.focus = s.InActv() ? sheet.focus_actv : sheet.focus_desc;
 }
 
 void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
-  const bool done = NotingSheetFaults(s.notices, [&] {
+  const bool done = Noting(s, sheet, [&] {
     Form& form = SheetForm(s, sheet);
     WriteBatch batch(s.db);
     if (!FindRecord(s, sheet, s.current)) {
@@ -219,23 +282,33 @@ void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc) {
       s.save_failed = true;
       return;
     }
-    if (s.InActv())
+    if (s.InActv() && !sheet.tables().month.empty())
       SaveMonth(s, form, sheet, after_qc);
     else
       SaveDescription(s, form, sheet);
+    if (sheet.after_save) sheet.after_save(s, form);
     batch.Commit();
-    if (s.InDesc() && !after_qc) s.checked_descriptions[s.ED_ID_AK] = false;
+    if (s.InDesc() && !after_qc && sheet.has_form()) s.checked_descriptions[s.ED_ID_AK] = false;
   });
   if (!done) s.save_failed = true;
 }
 
 void LoadQCList(Session& s, const SheetSpec& sheet) {
+  if (!sheet.has_findings) return;
   NotingSheetFaults(s.notices, [&] {
     Form& form = SheetForm(s, sheet);
-    FillWithFindings(s, form.At(sheet.list()), FindingsOfEquipment(s.current, sheet.type));
+    Control& list = form.At(sheet.list());
+    if (sheet.level == level::kStructure) {
+      FillWithFindings(s, list, FindingsOfStructure(s.current));
+      AddEquipmentSummary(s, list, s.current);
+    } else {
+      FillWithFindings(s, list, FindingsOfEquipment(s.current, sheet.type));
+    }
     if (!FindRecord(s, sheet, s.current)) return;
-    const Value& date = s.InActv() ? s.At("EA_EQUIP_ACTV").Field("EA_QC_DT") : s.At("ED_EQUIP_DESC").Field("ED_QC_DT");
-    if (!IsNull(date)) SetLabel(form, sheet.date_label(), QCDateText(date));
+    const RecordTables tables = sheet.tables();
+    const Value& date =
+        s.InActv() ? s.At(tables.master).Field(tables.month_date) : s.At(tables.dated).Field(tables.description_date);
+    if (!IsNull(date)) SetCaption(form, sheet.date_label(), QCDateText(date));
   });
 }
 

@@ -1,5 +1,5 @@
-// What every equipment sheet does, given its table. For a type <TYP> these are its Clear<TYP>Frame, Load<TYP>Frame and
-// so on; where a type deviates, its own file says so.
+// What every sheet does, given its table: of an equipment type, the structure, the operator. For a type <TYP> these are
+// its Clear<TYP>Frame, Load<TYP>Frame and so on; where a sheet deviates, its own file says so.
 //
 // The controls hold an edit until it is saved; there is no private copy and no dirty flag. Each operation begins by
 // finding the record again, since the cursors are shared.
@@ -24,10 +24,10 @@ class NotEditing {
 
 // Blanks every field and shapes the sheet for the session's mode.
 void ClearFrame(Session& s, const SheetSpec& sheet);
-// Brings the rows of the current equipment into place.
+// Brings the rows of the current record into place.
 bool FindRecord(Session& s, const SheetSpec& sheet, const QCLocation& location);
-// Copies the record to the controls and fills the QC list. "Equipment record not found" when it is missing. False when
-// the record could not be read; a list that cannot be filled only shows its fault.
+// Copies the record to the controls and fills the QC list; notes when it is missing. False when the record could not be
+// read; a list that cannot be filled only notes its fault.
 bool LoadFrame(Session& s, const SheetSpec& sheet);
 // Makes the sheet read-only.
 void LockFrame(Session& s, const SheetSpec& sheet);
@@ -36,9 +36,10 @@ void UnlockFrame(Session& s, const SheetSpec& sheet);
 // Writes the fields of the session's mode. Sets the session's save_failed when that fails. A save that is not part of a
 // QC run empties the month's date of last QC, since the record then needs a new run.
 void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc);
-// Fills the list of findings and the date label.
+// Fills the list of findings and the date label, where the sheet has them.
 void LoadQCList(Session& s, const SheetSpec& sheet);
-// The text of a date label.
+// The text of a date label, and of one without a date.
+inline constexpr const char* kNoQCDate = "Date of Last QC:          ";
 std::string QCDateText(const Value& date);
 
 }  // namespace merlu

@@ -57,6 +57,11 @@ int ItemOfText(const FieldSpec& spec, std::string_view text) {
   return -1;
 }
 
+std::string MaskedText(const FieldSpec& spec, const std::string& stored) {
+  if (spec.mask.empty() || (!stored.empty() && !FitsMask(spec.mask, stored))) return stored;
+  return Masked(spec.mask, stored);
+}
+
 // Item of a coded or text list for a stored value.
 int ItemFor(const FieldSpec& spec, const Value& value) {
   int index = -1;
@@ -105,6 +110,7 @@ std::string ShownText(const FieldSpec& spec, const Value& stored) {
     case Stored::kCode: return item(ItemFor(spec, stored));
     case Stored::kYesNo: return NullToEmpty(stored).empty() ? "" : ToNumber(stored) != 0 ? "Yes" : "No";
     case Stored::kDestination: return DestinationItem(NullToEmpty(stored));
+    case Stored::kText: return MaskedText(spec, NullToEmpty(stored));
     case Stored::kNone: return "";
     default: return NullToEmpty(stored);
   }
@@ -159,7 +165,7 @@ void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
     case Stored::kNumber:
     case Stored::kComputed:
     case Stored::kText:
-      if (!IsNull(value)) form.At(spec.control).text = NullToEmpty(value);
+      if (!IsNull(value)) form.At(spec.control).text = ShownText(spec, value);
       return;
     case Stored::kItemText:
       if (spec.free_text && !IsNull(value)) return SelectText(form, spec.control, NullToEmpty(value));
@@ -168,7 +174,9 @@ void ShowField(Form& form, const FieldSpec& spec, const Value& value) {
     case Stored::kCode: return SelectItem(form, spec.control, ItemFor(spec, value));
     case Stored::kYesNo: return ShowYesNo(form, spec, value);
     case Stored::kDestination: return SelectText(form, spec.control, DestinationItem(NullToEmpty(value)));
-    case Stored::kNone: return;
+    case Stored::kNone:
+      if (!spec.column.empty()) form.At(spec.control).text = NullToEmpty(value);
+      return;
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include "sheets/blocks/blocks.h"
 #include "sheets/conversions.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -65,6 +66,8 @@ const RuleSet& RulesOf(const SheetSpec& sheet) {
     Sets made;
     for (const SheetSpec* each : AllSheets())
       made.emplace_back(each, std::make_unique<const RuleSet>(RecordFieldsOf(*each), each->rules));
+    const SheetSpec& structure = StructureSheet();
+    made.emplace_back(&structure, std::make_unique<const RuleSet>(RecordFieldsOf(structure), structure.rules));
     return made;
   }();
   return *std::find_if(sets.begin(), sets.end(), [&](const auto& set) { return set.first == &sheet; })->second;

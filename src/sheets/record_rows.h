@@ -11,7 +11,7 @@
 
 namespace merlu {
 
-// The rules of one of the sixteen sheets, with their fields looked up.
+// The rules of the structure's sheet or of a type's, with their fields looked up.
 const RuleSet& RulesOf(const SheetSpec& sheet);
 // The fields that the rules of a sheet can speak of: its own, and the box of the month's status.
 std::vector<RecordField> RecordFieldsOf(const SheetSpec& sheet);

@@ -4,49 +4,10 @@
 
 #include "session/main_names.h"
 #include "sheets/blocks/blocks.h"
+#include "sheets/build.h"
 
 namespace merlu {
 namespace {
-
-Control Make(Kind kind, std::string name, std::string caption, std::string parent, int page = 0) {
-  Control control;
-  control.kind = kind;
-  control.name = std::move(name);
-  control.caption = std::move(caption);
-  control.parent = std::move(parent);
-  control.page = page;
-  return control;
-}
-
-Control MakeLabel(std::string name, std::string text, std::string parent, int page = 0) {
-  Control label = Make(Kind::kLabel, std::move(name), text, std::move(parent), page);
-  label.text = std::move(text);
-  return label;
-}
-
-void AddField(Form& form, const SheetSpec& sheet, const FieldSpec& spec) {
-  const bool off_page = spec.page == kOffPage;
-  const std::string parent = spec.frame.empty() ? sheet.tab() : spec.frame;
-  const int page = off_page ? 0 : spec.page;
-  const auto add_label = [&](const std::string& name, const std::string& text) {
-    if (name.empty()) return;
-    Control label = MakeLabel(name, text, parent, page);
-    label.block = spec.block;
-    form.Add(std::move(label));
-  };
-  Control field = Make(spec.kind, spec.control, spec.caption, parent, page);
-  field.tag = spec.tag;
-  field.block = spec.block;
-  field.label = spec.label;
-  field.note = spec.note_label;
-  field.free_text = spec.free_text;
-  field.visible = !off_page;
-  field.numeric = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed;
-  for (const Item& item : spec.items) field.items.push_back(item.text);
-  add_label(spec.label, spec.caption);
-  form.Add(std::move(field));
-  add_label(spec.note_label, spec.note);
-}
 
 // They come after the last fields of the month.
 std::string MonthlyBlock(const SheetSpec& sheet) {
@@ -56,33 +17,24 @@ std::string MonthlyBlock(const SheetSpec& sheet) {
   return block;
 }
 
-void AddStatusAndComments(Form& form, const SheetSpec& sheet) {
+void PutStatusAndComments(Form& form, const SheetSpec& sheet) {
   const std::string block = MonthlyBlock(sheet);
   if (sheet.has_activity) {
-    form.Add(Make(Kind::kFrame, names::Frame1, "", sheet.tab()));
-    Control status = Make(Kind::kCheck, sheet.status_box(), "No Emissions to Report", names::Frame1);
-    status.block = block;
-    form.Add(std::move(status));
-    form.At(names::Frame1).visible = false;
+    Put(form, Kind::kFrame, names::Frame1, "", {sheet.tab()}).visible = false;
+    Put(form, Kind::kCheck, sheet.status_box(), "No Emissions to Report", {names::Frame1, 0, block});
   }
-  Control label = MakeLabel(sheet.comments_label(), sheet.comments_caption, sheet.tab());
-  label.block = block;
-  form.Add(std::move(label));
-  Control comments = Make(Kind::kText, sheet.comments(), sheet.comments_caption, sheet.tab());
+  const Place place{sheet.tab(), 0, block};
+  PutLabel(form, sheet.comments_label(), sheet.comments_caption, place);
+  Control& comments = Put(form, Kind::kText, sheet.comments(), sheet.comments_caption, place);
   comments.tag = sheet.comments_tag;
   comments.label = sheet.comments_label();
   comments.lines = true;
-  comments.block = block;
-  form.Add(std::move(comments));
 }
 
-void AddResultsPage(Form& form, const SheetSpec& sheet) {
+void PutResultsPage(Form& form, const SheetSpec& sheet) {
   const int page = static_cast<int>(sheet.pages.size()) - 1;
-  form.Add(MakeLabel("lbl" + sheet.letters + "_QCResults", "QC Results", sheet.tab(), page));
-  Control list = Make(Kind::kListView, sheet.list(), "QC Results", sheet.tab(), page);
-  list.columns = {"Field Name", "Error Description", "Operator Comment"};
-  form.Add(std::move(list));
-  form.Add(Make(Kind::kButton, sheet.comment_button(), "Edit QC Comment", sheet.tab(), page));
+  PutLabel(form, "lbl" + sheet.letters + "_QCResults", "QC Results", {sheet.tab(), page});
+  PutResults(form, sheet.list(), sheet.comment_button(), "Field Name", {sheet.tab(), page});
 }
 
 // What a click on a list does: refills the list of remote vents and flares when it is the destination, and
@@ -107,24 +59,21 @@ void ConnectEvents(Session& s, Form& form, const SheetSpec& sheet) {
 
 Form& MakeForm(Session& s, const SheetSpec& sheet) {
   Form& form = s.desk.Own(std::make_unique<Form>(sheet.form(), sheet.title));
-  form.Add(Make(Kind::kFrame, sheet.frame(), sheet.title, ""));
-  Control tab = Make(Kind::kTab, sheet.tab(), "", sheet.frame());
-  tab.items = sheet.pages;
-  form.Add(std::move(tab));
+  Put(form, Kind::kFrame, sheet.frame(), sheet.title, {});
+  PutTab(form, sheet.tab(), sheet.pages, {sheet.frame()});
   for (const Control& control : sheet.extra) form.Add(control);
-  const auto add = [&](bool monthly) {
+  const auto put = [&](bool monthly) {
     for (const FieldSpec& field : sheet.fields)
-      if ((field.mode == In::kActv) == monthly) AddField(form, sheet, field);
+      if ((field.mode == In::kActv) == monthly) PutField(form, field, sheet.tab());
   };
   // the month comes first, comments without a month last
-  add(true);
-  if (sheet.has_activity) AddStatusAndComments(form, sheet);
-  add(false);
-  if (!sheet.has_activity) AddStatusAndComments(form, sheet);
-  form.Add(MakeLabel(names::lblNoEmissions, "No Emissions to Report", sheet.frame()));
-  form.Add(MakeLabel(sheet.date_label(), "Date of Last QC:  0/0/00", sheet.frame()));
-  AddResultsPage(form, sheet);
-  form.At(names::lblNoEmissions).visible = false;
+  put(true);
+  if (sheet.has_activity) PutStatusAndComments(form, sheet);
+  put(false);
+  if (!sheet.has_activity) PutStatusAndComments(form, sheet);
+  PutLabel(form, names::lblNoEmissions, "No Emissions to Report", {sheet.frame()}).visible = false;
+  PutLabel(form, sheet.date_label(), "Date of Last QC:  0/0/00", {sheet.frame()});
+  PutResultsPage(form, sheet);
   form.KeepDesign();
   ConnectEvents(s, form, sheet);
   return form;
@@ -133,6 +82,7 @@ Form& MakeForm(Session& s, const SheetSpec& sheet) {
 }  // namespace
 
 Form& SheetForm(Session& s, const SheetSpec& sheet) {
+  if (!sheet.has_form()) return *s.main;
   Form* found = s.desk.Find(sheet.form());
   Form& form = found != nullptr ? *found : MakeForm(s, sheet);
   if (!form.loaded) {

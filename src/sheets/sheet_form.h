@@ -1,11 +1,11 @@
-// The logical form of an equipment sheet, made from its table.
+// The logical form of a sheet: an equipment sheet's own, made from its table, or the main form.
 #pragma once
 
 #include "sheets/spec.h"
 
 namespace merlu {
 
-// The sheet's form: made at the first call, loaded (with its design state) when it is not loaded.
+// The sheet's form. One of its own is made at the first call, and loaded (with its design state) when it is not loaded.
 Form& SheetForm(Session& s, const SheetSpec& sheet);
 
 // Drops the form's state; it no longer shows.

@@ -59,6 +59,26 @@ FieldSpec OpenItemText(In mode, std::string control, std::string caption, std::s
   return field;
 }
 
+RecordTables SheetSpec::tables() const {
+  if (level == level::kUser) return {.description = "CO_COMPANY"};
+  if (level == level::kStructure)
+    return {.description = "PD_PLATFORM_DESC",
+            .month = "PA_PLATFORM_ACTV",
+            .dated = "PD_PLATFORM_DESC",
+            .description_date = "PD_QC_DT",
+            .master = "PA_PLATFORM_ACTV",
+            .status = "status",
+            .month_date = "PA_QC_DT"};
+  RecordTables tables{.description = ed_table(), .dated = "ED_EQUIP_DESC", .description_date = "ED_QC_DT"};
+  if (!has_activity) return tables;
+  tables.month = ea_table();
+  tables.master = "EA_EQUIP_ACTV";
+  tables.status = "EA_STATUS";
+  tables.comments = "EA_COMNT_TXT";
+  tables.month_date = "EA_QC_DT";
+  return tables;
+}
+
 void SheetSpec::Add(int page, const std::string& block, std::vector<FieldSpec> more) {
   for (FieldSpec& field : more) {
     field.page = page;

@@ -22,7 +22,7 @@ enum class Stored {
   kItemText,     // a list's item as its text, Null without a choice
   kDestination,  // "Vent: " or "Flare: " and an ID, as VEN or FLA and the ID
   kComputed,     // a number that a rule computes
-  kNone
+  kNone          // nothing; with a column it is shown and never stored
 };
 
 struct Item {
@@ -54,6 +54,7 @@ struct FieldSpec {
   std::string destination;       // of a remote vent or flare: the list whose choice it belongs to
   Condition kept_when;           // a save stores Null while it does not hold
   Condition shown_when;          // a load leaves a monthly field blank while it does not hold
+  std::string mask;              // of a masked field; a stored text that does not fit it shows as it is
 };
 
 inline constexpr int kOffPage = -1;
@@ -89,12 +90,22 @@ struct Enabling {
   bool in_view_too = false;   // a click acts also while the sheet is not edited
 };
 
+// Where a sheet's record is stored: its own columns, and those that every record of the kind has. Empty for what the
+// kind does not have.
+struct RecordTables {
+  std::string description, month;
+  std::string dated, description_date;               // the description's row with its date of last QC
+  std::string master, status, comments, month_date;  // the month's row with its status
+};
+
 struct SheetSpec {
-  std::string type;        // EquipmentType code
-  int number = 0;          // type number
-  std::string letters;     // of the names of the form and its controls
-  std::string title;       // of the frame in view
-  std::string edit_title;  // of the frame while editing
+  std::string level = level::kEquipment;  // of the location of its records
+  std::string type;                       // EquipmentType code
+  int number = 0;                         // type number
+  std::string letters;                    // of the names of the form and its controls
+  std::string frame_name;                 // where the frame is not called by the letters
+  std::string title;                      // of the frame in view
+  std::string edit_title;                 // of the frame while editing
   // Of the frame when cleared, by mode; empty leaves the title alone
   std::string cleared_title_actv, cleared_title_desc;
   std::vector<std::string> pages;
@@ -105,23 +116,28 @@ struct SheetSpec {
   std::vector<Enabling> enablings;
   std::vector<RuleGroup> rules;  // in the order in which a run calls them
   std::string focus_actv, focus_desc;
-  bool has_activity = true;       // false: no months, no status, no activity table
-  std::string destination;        // routing: the list of destinations ...
-  std::string sent_to;            // ... and that of the remote vent or flare
-  std::string keeps_sent_to_for;  // destination whose choice leaves that list as it was
+  bool has_activity = true;                    // false: no months, no status, no activity table
+  bool has_findings = true;                    // false: no list of findings, and no date of last QC
+  std::string description_frame, month_frame;  // of the fields of a mode, where a frame shows or hides them
+  std::string destination;                     // routing: the list of destinations ...
+  std::string sent_to;                         // ... and that of the remote vent or flare
+  std::string keeps_sent_to_for;               // destination whose choice leaves that list as it was
   std::string not_found_on_load = "Equipment record not found";
   std::string not_found_on_save = "Equipment record not found";
+  bool plain_faults = false;             // faults are shown by the plain handler
   bool month_row_first = false;          // a save writes the type's row before the master row
+  bool keeps_date = false;               // a save without a run leaves the month's date of last QC
   bool inactive_takes_comments = false;  // a run over an inactive record withdraws explained findings too
   std::vector<Control> extra;            // further controls, with their parents
   // Deviations of the type, run at the end of the step that they are named after
   using Step = std::function<void(Session&, Form&)>;
-  Step after_clear, after_load;
-  Step connect;  // additional event handlers
+  Step after_clear, after_load, after_lock, after_unlock;
+  Step after_save;  // before the commit
+  Step connect;     // additional event handlers
   std::function<void(Session&, QCLocation&)> before_rules;
 
   std::string form() const { return "frm" + letters; }
-  std::string frame() const { return "fra" + letters; }
+  std::string frame() const { return frame_name.empty() ? "fra" + letters : frame_name; }
   std::string tab() const { return "tab" + letters; }
   std::string list() const { return "lvw" + letters + "_QCResults"; }
   std::string date_label() const { return "lbl" + letters + "_QCDate"; }
@@ -132,6 +148,9 @@ struct SheetSpec {
   std::string ed_table() const { return "ED_" + type; }
   // Empty for a type without activity.
   std::string ea_table() const { return has_activity ? "EA_" + type : ""; }
+  RecordTables tables() const;
+  // A form of its own; the sheets of operator and structure are on the main form.
+  bool has_form() const { return level == level::kEquipment; }
 
   bool RefillsFor(const std::string& chosen) const { return chosen.empty() || chosen != keeps_sent_to_for; }
 

@@ -1,4 +1,4 @@
-// The sheets of the equipment types, which session/types lists.
+// The sheets: of the equipment types, which session/types lists, and of the records above them.
 #pragma once
 
 #include <string_view>
@@ -14,5 +14,8 @@ const std::vector<const SheetSpec*>& AllSheets();
 
 // The sheet of that type; null for an unknown code.
 const SheetSpec* FindSheet(std::string_view code);
+
+// The sheet of a location's record: operator, structure, or equipment of its type; null for a survey, which has none.
+const SheetSpec* SheetOf(const QCLocation& location);
 
 }  // namespace merlu

@@ -8,15 +8,17 @@
 #include "forms/dialog_buttons.h"
 #include "history/backups.h"
 #include "records/equipment_record.h"
-#include "records/operator_names.h"
 #include "records/operator_record.h"
 #include "records/structure_record.h"
 #include "records/survey_record.h"
+#include "rules/checks.h"
 #include "session/act.h"
 #include "session/limits.h"
 #include "session/node_keys.h"
 #include "session/place.h"
 #include "session/records.h"
+#include "sheets/operator.h"
+#include "sheets/operator_names.h"
 #include "shell/backup_dialog.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
@@ -45,6 +47,14 @@ void Preset(Form& form, const char* name, const std::string& text) {
 
 // ---- the first run ----
 
+// A number that is not whole is cleared, so that it can be typed again.
+void TellUnmet(Session& s, Form& dialog, const Unmet& unmet) {
+  Tell(s, unmet.message, Icon::kWarning);
+  dialog.focus = unmet.field;
+  Control& field = dialog.At(unmet.field);
+  if (field.kind == Kind::kMasked && HasTooFewDigits(field.text)) field.text = Masked(field.mask, "");
+}
+
 Form& NewUserDialog(Session& s) {
   return DialogForm(s, names::frmNewUser, "New User", [&s](Form& form) {
     AddLabel(form, "lblHeading", "Please enter your User Information");
@@ -52,7 +62,7 @@ Form& NewUserDialog(Session& s) {
     AddText(form, names::txtUserID, "RIMA Company No*:", kOperatorLimit).note = "lblUserIDNote";
     AddLabel(form, "lblUserIDNote", "(5 characters or less)");
     AddText(form, names::txtUSER_InvYr, "Inventory Year*:").text = "2017";
-    PutOperatorFields(form, "");
+    PutNewOperatorFields(form);
     AddLabel(form, "lblLegend", "* = Required Information");
     AddButton(form, "cmdOpenExisting", "Open Existing Inventory...");
     AddDialogButtons(form, names::cmdOK, names::cmdCANCEL);
@@ -61,8 +71,8 @@ Form& NewUserDialog(Session& s) {
       if (s.open_other) s.desk.Hide(form);
     });
     form.On(names::cmdOK, Event::kClick, [&s, &form] {
-      if (!ValidateNewOperator(s, form)) return;
-      if (!Plainly(s, [&] { NewOperatorRow(s, form); })) return;
+      if (const auto unmet = UnmetOfNewOperator(form)) return TellUnmet(s, form, *unmet);
+      if (!Plainly(s, [&] { NewOperatorRow(s, ReadNewOperator(form)); })) return;
       s.save_failed = false;
       s.desk.Hide(form);
     });

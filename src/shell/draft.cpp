@@ -9,8 +9,8 @@
 #include "forms/dialog.h"
 #include "history/notes.h"
 #include "records/judge_records.h"
-#include "records/structure_fields.h"
 #include "session/place.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
@@ -108,7 +108,7 @@ bool ReadStored(Session& s, Draft& draft) {
   const SheetSpec* sheet = equipment ? FindSheet(at.EquipType) : nullptr;
   if (equipment && sheet == nullptr) return false;
   bool changed = false;
-  const std::vector<FieldSpec>& specs = equipment ? sheet->fields : StructureFields();
+  const std::vector<FieldSpec>& specs = equipment ? sheet->fields : StructureSheet().fields;
   JudgeRecord(s.db, sheet, mode, KeysOf(s.db, at), [&](const JudgedRecord& record) {
     for (DraftField& field : draft.fields) {
       const auto spec = std::find_if(specs.begin(), specs.end(),

@@ -5,11 +5,12 @@
 
 #include "entry/month_record.h"
 #include "entry/shown_findings.h"
-#include "records/operator_record.h"
 #include "session/act.h"
+#include "sheets/operator.h"
 #include "shell/commands.h"
 #include "shell/draft.h"
 #include "shell/entry_commands.h"
+#include "shell/messages.h"
 #include "shell/qc_command.h"
 #include "shell/routing.h"
 #include "shell/status.h"
@@ -79,11 +80,20 @@ void SaveEdits(Session& s) {
 
 namespace {
 
+// What the operator lacks is told, and its field gets the focus.
+bool IsOperatorComplete(Session& s) {
+  const auto unmet = s.current.Is(level::kUser) ? UnmetOfOperator(*s.main) : std::nullopt;
+  if (!unmet) return true;
+  Tell(s, unmet->message, Icon::kWarning);
+  s.main->focus = unmet->field;
+  return false;
+}
+
 void SaveAndEnd(Session& s, const std::function<void(Session&, const QCLocation&)>& run) {
   const SavingAct act(s);
   if (s.save_failed) return;
   LeaveFields(s);
-  s.save_failed = !MindOthers(s) || (s.current.Is(level::kUser) && !ValidateOperator(s));
+  s.save_failed = !MindOthers(s) || !IsOperatorComplete(s);
   if (s.save_failed) return;
   const QCLocation here = s.current;
   s.InSaveQC = true;

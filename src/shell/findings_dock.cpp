@@ -8,11 +8,11 @@
 #include "forms/dialog_buttons.h"
 #include "history/notes.h"
 #include "qc/comment_key.h"
-#include "records/structure_record.h"
 #include "review/comments.h"
 #include "session/folders.h"
 #include "session/main_names.h"
 #include "sheets/contract.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "shell/comment_dialog.h"
 #include "shell/dialog_names.h"
@@ -185,7 +185,7 @@ void ShowCommentsOfSheet(Session& s) {
   if (const SheetSpec* spec = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr)
     LoadQCList(s, *spec);
   else if (s.current.Is(level::kStructure))
-    LoadStructureQCList(s);
+    LoadQCList(s, StructureSheet());
 }
 
 void EditComment(Session& s, Form& dock) {

@@ -7,8 +7,8 @@
 
 #include "base/fault.h"
 #include "base/text.h"
-#include "records/structure_fields.h"
 #include "sheets/conversions.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -30,7 +30,7 @@ const FieldSpec* FieldAt(const std::string& table, const std::string& column) {
     };
     for (const SheetSpec* sheet : AllSheets())
       for (const FieldSpec& field : sheet->fields) add(field, sheet->ed_table(), sheet->ea_table());
-    for (const FieldSpec& field : StructureFields()) add(field, "PD_PLATFORM_DESC", "PA_PLATFORM_ACTV");
+    for (const FieldSpec& field : StructureSheet().fields) add(field, "PD_PLATFORM_DESC", "PA_PLATFORM_ACTV");
     return all;
   }();
   const auto found = fields.find({table, column});

@@ -3,11 +3,11 @@
 #include <string_view>
 
 #include "forms/dialog_buttons.h"
-#include "records/build.h"
-#include "records/operator_record.h"
-#include "records/structure_record.h"
-#include "records/survey_record.h"
 #include "session/main_names.h"
+#include "sheets/build.h"
+#include "sheets/operator.h"
+#include "sheets/structure.h"
+#include "sheets/survey.h"
 #include "shell/annual_summary.h"
 #include "shell/backup_dialog.h"
 #include "shell/comment_dialog.h"

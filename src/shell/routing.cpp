@@ -2,15 +2,13 @@
 
 #include "base/text.h"
 #include "entry/month_record.h"
-#include "records/operator_record.h"
-#include "records/structure_names.h"
-#include "records/structure_record.h"
-#include "records/survey_record.h"
 #include "session/main_names.h"
 #include "session/node_keys.h"
 #include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure_names.h"
+#include "sheets/survey.h"
 #include "sheets/units.h"
 #include "shell/commands.h"
 #include "shell/comment_dialog.h"
@@ -24,39 +22,15 @@ namespace {
 
 constexpr const char* kUnreadable = "This record could not be read.";
 
-const SheetSpec* SheetAt(const QCLocation& location) {
-  return location.Is(level::kEquipment) ? FindSheet(location.EquipType) : nullptr;
-}
-
-struct LevelSheet {
-  const char* level;
-  const char* frame;
-  void (*clear)(Session&);
-  bool (*load)(Session&);
-  void (*lock)(Session&);
-  void (*unlock)(Session&);
-};
-
-constexpr LevelSheet kLevels[] = {
-    {level::kUser, names::fraUserInfo, ClearOperator, LoadOperator, LockOperator, UnlockOperator},
-    {level::kSurvey, names::fraSurvey, ClearSurvey, LoadSurvey, LockSurvey, UnlockSurvey},
-    {level::kStructure, names::fraStructure, ClearStructure, LoadStructure, LockStructure, UnlockStructure},
-};
-
-const LevelSheet* LevelAt(const QCLocation& location) {
-  for (const LevelSheet& row : kLevels)
-    if (location.Is(row.level)) return &row;
-  return nullptr;
-}
-
 // The three sheets of the main window are out of sight while an equipment sheet shows.
 void PlaceSheet(Session& s) {
-  for (const LevelSheet& row : kLevels) s.main->At(row.frame).visible = !s.current.Is(level::kEquipment);
+  for (const char* frame : {names::fraUserInfo, names::fraSurvey, names::fraStructure})
+    s.main->At(frame).visible = !s.current.Is(level::kEquipment);
 }
 
 // Whichever equipment sheet showed: an export leaves the session on a survey while one does.
 void HideOtherSheets(Session& s) {
-  const SheetSpec* current = SheetAt(s.current);
+  const SheetSpec* current = SheetOf(s.current);
   for (const SheetSpec* sheet : AllSheets())
     if (sheet != current && IsShowing(s, *sheet)) UnloadSheet(s, *sheet);
 }
@@ -110,8 +84,8 @@ void TakeLocation(Session& s, const std::string& key) {
 }  // namespace
 
 void ClearSheet(Session& s) {
-  if (const LevelSheet* at = LevelAt(s.current)) at->clear(s);
-  if (const SheetSpec* sheet = SheetAt(s.current)) ClearFrame(s, *sheet);
+  if (s.current.Is(level::kSurvey)) ClearSurvey(s);
+  if (const SheetSpec* sheet = SheetOf(s.current)) ClearFrame(s, *sheet);
   ShowNotices(s);
 }
 
@@ -120,9 +94,14 @@ namespace {
 // False when the record could not be read, which is shown.
 bool LoadRecord(Session& s) {
   const auto require = [&s] { RequireReadable(s); };
-  if (const SheetSpec* sheet = SheetAt(s.current)) return OnSheet(s, require) && LoadFrame(s, *sheet);
-  const LevelSheet* at = LevelAt(s.current);
-  return at == nullptr || (Plainly(s, require) && at->load(s));
+  if (s.current.Is(level::kSurvey)) {
+    if (!Plainly(s, require)) return false;
+    LoadSurveyQCList(s);
+    return true;
+  }
+  const SheetSpec* sheet = SheetOf(s.current);
+  if (sheet == nullptr) return true;
+  return (sheet->plain_faults ? Plainly(s, require) : OnSheet(s, require)) && LoadFrame(s, *sheet);
 }
 
 }  // namespace
@@ -149,13 +128,13 @@ bool CanUseRecord(Session& s) {
 }
 
 void LockSheet(Session& s) {
-  if (const LevelSheet* at = LevelAt(s.current)) at->lock(s);
-  if (const SheetSpec* sheet = SheetAt(s.current)) LockFrame(s, *sheet);
+  if (s.current.Is(level::kSurvey)) LockSurvey(s);
+  if (const SheetSpec* sheet = SheetOf(s.current)) LockFrame(s, *sheet);
 }
 
 void UnlockSheet(Session& s) {
-  if (const LevelSheet* at = LevelAt(s.current)) at->unlock(s);
-  if (const SheetSpec* sheet = SheetAt(s.current)) UnlockFrame(s, *sheet);
+  if (s.current.Is(level::kSurvey)) UnlockSurvey(s);
+  if (const SheetSpec* sheet = SheetOf(s.current)) UnlockFrame(s, *sheet);
 }
 
 void SaveSheet(Session& s, bool after_qc) {
@@ -164,21 +143,21 @@ void SaveSheet(Session& s, bool after_qc) {
     return Tell(s, kUnreadable, Icon::kWarning);
   }
   s.db.NoticeOthers();
-  if (s.current.Is(level::kUser)) SaveOperator(s);
   if (s.current.Is(level::kStructure)) {
     // the tree record is updated before the structure is saved
     TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;
     if (row != nullptr) row->Status = s.main->At(names::chkSTRUCTURE_Status).checked ? "I" : "A";
-    SaveStructure(s);
-    if (!after_qc && !s.save_failed) s.unjudged_structures.emplace(s.mode, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK);
   }
-  if (const SheetSpec* sheet = SheetAt(s.current)) SaveFrame(s, *sheet, after_qc);
+  if (const SheetSpec* sheet = SheetOf(s.current)) SaveFrame(s, *sheet, after_qc);
+  if (s.current.Is(level::kStructure) && !after_qc && !s.save_failed)
+    s.unjudged_structures.emplace(s.mode, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK);
   if (!s.save_failed) Plainly(s, [&] { KeepCopiedOfShown(s); });
   ShowNotices(s);
 }
 
 void ShowSheet(Session& s) {
-  if (const SheetSpec* sheet = SheetAt(s.current)) {
+  const SheetSpec* sheet = SheetOf(s.current);
+  if (sheet != nullptr && sheet->has_form()) {
     if (Form* dialog = s.desk.Find(names::frmNewEquipment)) s.desk.Hide(*dialog);
     Form& form = SheetForm(s, *sheet);
     form.On(sheet->comment_button(), Event::kClick,
@@ -188,8 +167,7 @@ void ShowSheet(Session& s) {
     s.desk.Show(form);
     return;
   }
-  const LevelSheet* at = LevelAt(s.current);
-  s.main->front = at == nullptr ? "none" : at->frame;
+  s.main->front = sheet != nullptr ? sheet->frame() : s.current.Is(level::kSurvey) ? names::fraSurvey : "none";
 }
 
 void ClickNode(Session& s, int node) {

@@ -6,11 +6,10 @@
 #include <unordered_map>
 
 #include "base/text.h"
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
 #include "session/main_names.h"
 #include "session/node_keys.h"
 #include "session/types.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "sheets/wording.h"
 #include "shell/help.h"
@@ -147,8 +146,8 @@ void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
 }
 
 void AddStructureFields(std::vector<Thing>& things) {
-  for (const FieldSpec& field : StructureFields())
-    AddField(CaptionOf(StructureFields(), field.control), field.control, field.mode == In::kActv,
+  for (const FieldSpec& field : StructureSheet().fields)
+    AddField(CaptionOf(StructureSheet().fields, field.control), field.control, field.mode == In::kActv,
              std::string(kStructure) + " · " + field.block, "", things);
   AddField(kNoEmissions, kStructureStatus, true, std::string(kStructure) + " · Comments", "", things);
 }
@@ -185,7 +184,7 @@ std::vector<Thing> CollectThings(Session& s) {
   AddHelpPages(things);
   AddStructureFields(things);
   for (const SheetSpec* sheet : AllSheets()) AddFields(*sheet, things);
-  AddRules(StructureFields(), StructureRules(), kStructure, "", things);
+  AddRules(StructureSheet().fields, StructureSheet().rules, kStructure, "", things);
   for (const SheetSpec* sheet : AllSheets()) AddRules(sheet->fields, sheet->rules, sheet->title, sheet->type, things);
   return things;
 }

@@ -10,8 +10,8 @@
 
 #include "base/text.h"
 #include "entry/month_grid.h"
-#include "records/structure_fields.h"
 #include "session/types.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "support/test_run.h"
 
@@ -109,7 +109,7 @@ std::string Mixed(unsigned seed, const TemporaryFolder& folder) {
     Scatter(db, random, sheet->fields, In::kDesc, sheet->ed_table(), "ED_ID_AK");
     if (sheet->has_activity) Scatter(db, random, sheet->fields, In::kActv, sheet->ea_table(), "EA_ID_AK");
   }
-  Scatter(db, random, StructureFields(), In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK");
+  Scatter(db, random, StructureSheet().fields, In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK");
   for (const Values& row : db.Query("SELECT EA_ID_AK FROM EA_EQUIP_ACTV ORDER BY 1").rows)
     if (OneIn(random, 6))
       db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS=?,EA_COMNT_TXT=? WHERE EA_ID_AK=?",

@@ -2,8 +2,10 @@
 
 #include "base/numbers.h"
 #include "qc/apply.h"
-#include "records/structure_record.h"
 #include "sheets/bounds.h"
+#include "sheets/build.h"
+#include "sheets/record_rows.h"
+#include "sheets/structure.h"
 
 namespace merlu::test {
 namespace {
@@ -186,7 +188,7 @@ TEST(StructureRules, miss_no_equipment_of_a_structure_without_emissions) {
   EXPECT_EQ(run.Finding("Platform"), kNoEquipment);
   run.Check("chkSTRUCTURE_Status", true);
   QCLocation location = run.s.current;
-  const RuleSet& rules = StructureRuleSet();
+  const RuleSet& rules = RulesOf(StructureSheet());
   ApplyVerdicts(run.s, location, Judge(rules, run.s.mode, ViewOfForm(rules.fields(), *run.s.main), {}));
   EXPECT_EQ(run.Finding("Platform"), "");
 }

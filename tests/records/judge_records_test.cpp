@@ -1,15 +1,15 @@
 // A record judged from its rows, held against the same record on its sheet.
 #include "records/judge_records.h"
+#include "sheets/record_rows.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <thread>
 
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "support/test_run.h"
 
@@ -132,12 +132,13 @@ TEST_F(JudgedRows, of_a_structure_say_what_its_sheet_says) {
     run.ChangeTo(mode);
     run.Select(run.Key("", "", mode == Mode::kActv ? 1 : 0));
     for (int round = 0; round < 20; ++round) {
-      Fill(StructureFields(), In::kDesc, "PD_PLATFORM_DESC", "PD_ID_AK", s.PD_ID_AK, odd);
-      if (mode == Mode::kActv) Fill(StructureFields(), In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK", s.SA_ID_AK, odd);
-      ClearStructure(s);
-      LoadStructure(s);
+      Fill(StructureSheet().fields, In::kDesc, "PD_PLATFORM_DESC", "PD_ID_AK", s.PD_ID_AK, odd);
+      if (mode == Mode::kActv)
+        Fill(StructureSheet().fields, In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK", s.SA_ID_AK, odd);
+      ClearFrame(s, StructureSheet());
+      LoadFrame(s, StructureSheet());
       EXPECT_TRUE(JudgeRecord(s.db, nullptr, mode, {s.PD_ID_AK, s.SA_ID_AK, 0, 0}, [&](const JudgedRecord& record) {
-        ExpectEqual(StructureRuleSet(), *s.main, record, ModeText(mode));
+        ExpectEqual(RulesOf(StructureSheet()), *s.main, record, ModeText(mode));
       }));
       ASSERT_FALSE(HasFailure());
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "sheets/build.h"
+#include "sheets/operator.h"
 #include "support/test_run.h"
 
 namespace merlu::test {

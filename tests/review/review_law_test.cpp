@@ -12,10 +12,10 @@
 #include "history/notes.h"
 #include "qc/comment_key.h"
 #include "records/judge_records.h"
-#include "records/structure_fields.h"
 #include "review/hand_in.h"
 #include "session/place.h"
 #include "session/types.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "shell/completeness_dock.h"
 #include "shell/docks.h"
@@ -257,14 +257,14 @@ class ReviewLaw : public testing::Test {
   }
   void ChangeStructure() {
     if (Chance(2)) {
-      FillRow(StructureFields(), In::kDesc, "PD_PLATFORM_DESC", "PD_ID_AK", Any("PD_PLATFORM_DESC", "PD_ID_AK"));
+      FillRow(StructureSheet().fields, In::kDesc, "PD_PLATFORM_DESC", "PD_ID_AK", Any("PD_PLATFORM_DESC", "PD_ID_AK"));
       // its own columns stay what they are called by
       Do("UPDATE PD_PLATFORM_DESC SET "
          "RIMA_CO_NUM='12345',CMPLX_ID_NUM=(PD_ID_AK)||'',STRUCT_NUM='1',Area='GI',Block='1',"
          "Name='S'||(9-PD_ID_AK%10)");
     } else {
       const std::int64_t key = Any("PA_PLATFORM_ACTV", "SA_ID_AK");
-      FillRow(StructureFields(), In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK", key);
+      FillRow(StructureSheet().fields, In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK", key);
       if (Chance(3))
         Do("UPDATE PA_PLATFORM_ACTV SET status=? WHERE SA_ID_AK=?", {std::string(Chance(2) ? "I" : "A"), key});
       if (Chance(2)) Do("UPDATE PA_PLATFORM_ACTV SET PA_QC_DT='2017-03-01 00:00:00' WHERE SA_ID_AK=?", {key});

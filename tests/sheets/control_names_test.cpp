@@ -3,9 +3,8 @@
 
 #include <set>
 
-#include "records/structure_fields.h"
-#include "records/structure_record.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "support/test_run.h"
 
@@ -75,8 +74,8 @@ TEST(NamesOfStructure, are_names_of_the_main_form_s_controls) {
   TestRun run;
   run.StartWithStructure();
   Names names = {kStructureStatus};
-  AddFields(StructureFields(), names);
-  AddRules(StructureRules(), names);
+  AddFields(StructureSheet().fields, names);
+  AddRules(StructureSheet().rules, names);
   ExpectThere(*run.s.main, names);
 }
 

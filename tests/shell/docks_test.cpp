@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "forms/dialog.h"
-#include "records/build.h"
+#include "sheets/build.h"
 #include "shell/main_program.h"
 #include "support/test_run.h"
 

@@ -8,9 +8,9 @@
 #include "base/text.h"
 #include "qc/qc_log.h"
 #include "records/judge_records.h"
-#include "records/structure_fields.h"
 #include "session/records.h"
 #include "session/types.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 #include "support/test_run.h"
 
@@ -196,7 +196,7 @@ TEST_F(Template, has_a_column_for_every_field_of_every_sheet) {
       EXPECT_TRUE(Has(table, field.column)) << field.control << ": " << table << "." << field.column;
       ++seen;
     }
-  for (const FieldSpec& field : StructureFields()) {
+  for (const FieldSpec& field : StructureSheet().fields) {
     const std::string table = field.mode == In::kActv ? "PA_PLATFORM_ACTV" : "PD_PLATFORM_DESC";
     EXPECT_TRUE(Has(table, field.column)) << field.control << ": " << table << "." << field.column;
     ++seen;

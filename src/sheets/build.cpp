@@ -1,8 +1,10 @@
-#include "records/build.h"
+#include "sheets/build.h"
 
 namespace merlu {
 
-Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const Place& place) {
+namespace {
+
+Control Make(Kind kind, const std::string& name, const std::string& caption, const Place& place) {
   Control control;
   control.kind = kind;
   control.name = name;
@@ -10,7 +12,19 @@ Control& Put(Form& form, Kind kind, const std::string& name, const std::string& 
   control.parent = place.parent;
   control.page = place.page;
   control.block = place.block;
-  return form.Add(std::move(control));
+  return control;
+}
+
+}  // namespace
+
+Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const Place& place) {
+  return form.Add(Make(kind, name, caption, place));
+}
+
+void PutTab(Form& form, const std::string& name, std::vector<std::string> pages, const Place& place) {
+  Control tab = Make(Kind::kTab, name, "", place);
+  tab.items = std::move(pages);
+  form.Add(std::move(tab));
 }
 
 Control& PutLabel(Form& form, const std::string& name, const std::string& text, const Place& place) {
@@ -19,11 +33,21 @@ Control& PutLabel(Form& form, const std::string& name, const std::string& text, 
   return label;
 }
 
-void PutField(Form& form, const FieldSpec& spec, const Place& place) {
+void PutField(Form& form, const FieldSpec& spec, const std::string& parent) {
+  const bool off_page = spec.page == kOffPage;
+  const Place place{spec.frame.empty() ? parent : spec.frame, off_page ? 0 : spec.page, spec.block};
+  if (!spec.label.empty()) PutLabel(form, spec.label, spec.caption, place);
   Control& field = Put(form, spec.kind, spec.control, spec.caption, place);
   field.tag = spec.tag;
+  field.label = spec.label;
+  field.note = spec.note_label;
+  field.free_text = spec.free_text;
+  field.visible = !off_page;
   field.numeric = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed;
   for (const Item& item : spec.items) field.items.push_back(item.text);
+  field.mask = spec.mask;
+  if (!spec.mask.empty()) field.text = Masked(spec.mask, "");
+  if (!spec.note_label.empty()) PutLabel(form, spec.note_label, spec.note, place);
 }
 
 void PutResults(Form& form, const std::string& list, const std::string& button, const std::string& first_column,

@@ -1,9 +1,7 @@
 // What the structure's sheet is held to.
 #include "base/numbers.h"
-#include "records/structure_fields.h"
-#include "records/structure_names.h"
-#include "records/structure_record.h"
 #include "rules/checks.h"
+#include "sheets/structure.h"
 
 namespace merlu {
 namespace {
@@ -87,8 +85,8 @@ std::vector<Rule> FieldRules() {
 
 }  // namespace
 
-const std::vector<RuleGroup>& StructureRules() {
-  static const std::vector<RuleGroup> groups = {
+std::vector<RuleGroup> StructureRules() {
+  return {
       {"CheckStructureFields", FieldRules()},
       {"CheckSalesGasComposition", {{1, DESC, names::txtSTRUCTURE_SalesGasTotal, SalesGasTotal()}}},
       {"WithdrawRetiredFindings",
@@ -96,19 +94,6 @@ const std::vector<RuleGroup>& StructureRules() {
         {2, ACTV, names::txtSTRUCTURE_TotalFuelUsageGasoline, WithdrawRetired()},
         {3, ACTV, names::txtSTRUCTURE_TotalFuelUsageNG, WithdrawRetired()}}},
   };
-  return groups;
-}
-
-const RuleSet& StructureRuleSet() {
-  static const RuleSet rules(
-      [] {
-        std::vector<RecordField> fields;
-        for (const FieldSpec& field : StructureFields()) fields.push_back({field.control, field.tag});
-        fields.push_back({kStructureStatus, ""});
-        return fields;
-      }(),
-      StructureRules());
-  return rules;
 }
 
 }  // namespace merlu
