@@ -126,6 +126,40 @@ TEST_F(Source, has_no_circle) {
   EXPECT_EQ(done.size(), files.size());
 }
 
+std::string TextOf(const std::string& file) {
+  std::ifstream in(kSource + file);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+TEST_F(Source, below_the_shell_asks_the_user_nothing) {
+  std::size_t shell = 0, below = 0;
+  for (const auto& [file, includes] : files) {
+    if (!LayerOf(file) || FolderOf(file) == "forms" || *LayerOf(file) > *LayerOf("shell/")) continue;
+    const bool is_shell = FolderOf(file) == "shell";
+    const std::string text = TextOf(file);
+    for (const char* call : {"platform.Ask", "platform.RunModal", "ShowDialog("}) {
+      const bool calls = text.find(call) != std::string::npos;
+      if (calls && is_shell) ++shell;
+      EXPECT_TRUE(!calls || is_shell) << file << " calls " << call;
+    }
+    below += is_shell ? 0 : 1;
+  }
+  EXPECT_GT(shell, 0u);
+  EXPECT_GT(below, 90u);
+}
+
+TEST_F(Source, of_rows_knows_no_control) {
+  for (const auto& [file, includes] : files) {
+    if (FolderOf(file) != "records") continue;
+    for (const std::string& name : includes.own)
+      EXPECT_FALSE(name.starts_with("forms/") || name == "sheets/sheet_form.h" || name == "sheets/build.h")
+          << file << " includes " << name;
+    const std::string text = TextOf(file);
+    for (const char* word : {"Form&", "Control&", "s.main"})
+      EXPECT_EQ(text.find(word), std::string::npos) << file << " has " << word;
+  }
+}
+
 TEST_F(Source, of_the_core_knows_no_qt) {
   std::size_t seen = 0;
   for (const auto& [file, includes] : files) {
@@ -151,8 +185,7 @@ TEST_F(Source, shows_widgets_on_the_desktop_only) {
 TEST_F(Source, of_every_header_guards_itself) {
   for (const auto& [file, includes] : files) {
     if (!file.ends_with(".h")) continue;
-    std::ifstream in(kSource + file);
-    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    const std::string text = TextOf(file);
     EXPECT_NE(text.find("#pragma once\n"), std::string::npos) << file;
   }
 }

@@ -106,7 +106,7 @@ void StoreMaster(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) 
   const bool inactive = form.At(sheet.status_box()).checked;
   if (!tables.comments.empty()) master.SetField(tables.comments, FieldText(form.At(sheet.comments()).text));
   master.SetField(tables.status, std::string(inactive ? "I" : "A"));
-  if (!after_qc && !sheet.keeps_date) master.SetField(tables.month_date, Null{});
+  if (!after_qc) master.SetField(tables.month_date, Null{});
 }
 
 void StoreMonth(Session& s, Form& form, const SheetSpec& sheet) {

@@ -126,7 +126,6 @@ struct SheetSpec {
   std::string not_found_on_save = "Equipment record not found";
   bool plain_faults = false;             // faults are shown by the plain handler
   bool month_row_first = false;          // a save writes the type's row before the master row
-  bool keeps_date = false;               // a save without a run leaves the month's date of last QC
   bool inactive_takes_comments = false;  // a run over an inactive record withdraws explained findings too
   std::vector<Control> extra;            // further controls, with their parents
   // Deviations of the type, run at the end of the step that they are named after

@@ -131,7 +131,6 @@ SheetSpec Structure() {
   sheet.not_found_on_load = "Structure record not found";
   sheet.not_found_on_save = "Record not found";
   sheet.plain_faults = true;
-  sheet.keeps_date = true;
   AddDescription(sheet);
   AddMonth(sheet);
   for (FieldSpec& field : sheet.fields) field.frame = field.mode == ACTV ? kMonthFrame : kDescriptionFrame;

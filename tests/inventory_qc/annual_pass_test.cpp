@@ -311,9 +311,10 @@ TEST_F(AnnualPass, tells_a_fault_of_one_pass_and_goes_on_with_the_next) {
   Equip("VEN", "V1");
   Run("DROP TABLE ED_FLA");
   EXPECT_EQ(Findings(), (Texts{"OP_HR: Required field left blank", "Vol_Vented: Required field left blank"}));
-  ASSERT_EQ(run.boxes.size(), 1u);
-  EXPECT_TRUE(std::isdigit(run.boxes[0].text.at(0))) << run.boxes[0].text;
-  EXPECT_NE(run.boxes[0].text.find("ED_FLA"), std::string::npos) << run.boxes[0].text;
+  const Texts told = run.TakeBoxes();
+  ASSERT_EQ(told.size(), 1u);
+  EXPECT_TRUE(std::isdigit(told[0].at(0))) << told[0];
+  EXPECT_NE(told[0].find("ED_FLA"), std::string::npos) << told[0];
 }
 
 TEST_F(AnnualPass, comes_as_far_as_the_missing_description_of_a_type) {

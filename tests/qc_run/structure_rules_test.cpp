@@ -3,7 +3,6 @@
 #include "base/numbers.h"
 #include "qc/apply.h"
 #include "sheets/bounds.h"
-#include "sheets/build.h"
 #include "sheets/record_rows.h"
 #include "sheets/structure.h"
 

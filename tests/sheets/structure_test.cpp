@@ -1,10 +1,10 @@
-#include "records/structure_record.h"
+#include "sheets/structure.h"
 
 #include <gtest/gtest.h>
 
+#include "records/structure_record.h"
 #include "session/node_keys.h"
 #include "session/records.h"
-#include "sheets/structure.h"
 #include "shell/status.h"
 #include "support/test_run.h"
 
@@ -118,7 +118,7 @@ TEST_F(StructureSheet, of_a_structure_without_any_value_is_blank_and_silent) {
   run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET Area=NULL,Block=NULL,Name=NULL");
   run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET status=NULL");
   GoToMonth();
-  for (const FieldSpec& field : StructureSheet().fields) {
+  for (const FieldSpec& field : merlu::StructureSheet().fields) {
     if (field.stored == Stored::kNone) continue;
     EXPECT_EQ(run.Text(field.control), "") << field.control;
     EXPECT_EQ(run.At(field.control).index, -1) << field.control;
@@ -139,7 +139,7 @@ TEST_F(StructureSheet, shows_the_fields_of_its_mode_and_hides_the_others) {
 TEST_F(StructureSheet, is_read_only_in_view) {
   EXPECT_EQ(run.At("fraStructure").caption, "Structure");
   EXPECT_FALSE(run.At("fraStructure").emphasis);
-  for (const FieldSpec& field : StructureSheet().fields) {
+  for (const FieldSpec& field : merlu::StructureSheet().fields) {
     EXPECT_TRUE(run.At(field.control).locked) << field.control;
     EXPECT_EQ(run.At(field.control).back, Back::kFace) << field.control;
   }
@@ -152,7 +152,7 @@ TEST_F(StructureSheet, opens_the_fields_of_its_mode_for_an_edit_but_never_the_id
     run.Click("cmdEdit");
     EXPECT_EQ(run.At("fraStructure").caption, "Structure - EDIT DATA");
     EXPECT_TRUE(run.At("fraStructure").emphasis);
-    for (const FieldSpec& field : StructureSheet().fields) {
+    for (const FieldSpec& field : merlu::StructureSheet().fields) {
       const bool fixed = field.control == "txtSTRUCTURE_CmplxID" || field.control == "txtSTRUCTURE_StructID" ||
                          field.control == "txtSTRUCTURE_SalesGasTotal";
       const bool open = !fixed && (field.mode == In::kActv) == (mode == Mode::kActv);

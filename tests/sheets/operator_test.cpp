@@ -1,9 +1,8 @@
-#include "records/operator_record.h"
+#include "sheets/operator.h"
 
 #include <gtest/gtest.h>
 
 #include "sheets/build.h"
-#include "sheets/operator.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -197,6 +196,44 @@ TEST_F(OperatorSheet, that_cannot_be_saved_tells_the_fault_and_stays_in_the_edit
   run.Click("cmdSaveExit");
   EXPECT_EQ(run.TakeBoxes(), Texts{"no room 3146"});
   EXPECT_TRUE(run.s.editing);
+}
+
+// A first-run dialog, filled, without a program or a file.
+class NewOperatorFields : public testing::Test {
+ protected:
+  NewOperatorFields() {
+    for (const char* name : {"txtUserID", "txtUSER_InvYr"}) Put(form, Kind::kText, name, "", {});
+    PutNewOperatorFields(form);
+    for (const char* name : kFields)
+      if (form.At(name).kind == Kind::kText) form.At(name).text = "x";
+    form.At("txtUserID").text = " 12345 ";
+    form.At("txtUSER_InvYr").text = "2017";
+    form.At("txtUSER_Phone").text = Masked(kPhoneMask, "5551234567");
+  }
+  std::pair<std::string, std::string> UnmetWith(const std::string& name, const std::string& text) {
+    form.At(name).text = text;
+    const auto unmet = UnmetOfNewOperator(form);
+    return unmet ? std::pair(unmet->message, unmet->field) : std::pair<std::string, std::string>();
+  }
+  Form form{"frmNewUser", ""};
+};
+
+TEST_F(NewOperatorFields, that_are_filled_want_nothing_and_are_read_as_they_are) {
+  EXPECT_FALSE(UnmetOfNewOperator(form).has_value());
+  const NewOperator made = ReadNewOperator(form);
+  EXPECT_EQ(made.number, "12345");
+  EXPECT_EQ(made.year, 2017);
+  ASSERT_EQ(made.values.size(), std::size(kFields));
+  EXPECT_EQ(made.values.front(), (std::pair<std::string, std::string>{"CO_NAME", "x"}));
+}
+
+TEST_F(NewOperatorFields, want_a_whole_number_and_a_year_of_four_digits) {
+  using Pair = std::pair<std::string, std::string>;
+  EXPECT_EQ(UnmetWith("txtUSER_InvYr", "17"),
+            (Pair{"Please enter the Inventory Year with four digits", "txtUSER_InvYr"}));
+  EXPECT_EQ(UnmetWith("txtUSER_Fax", Masked(kFaxMask, "555")), (Pair{"Not a valid fax number", "txtUSER_Fax"}));
+  EXPECT_EQ(UnmetWith("txtUSER_Phone", Masked(kPhoneMask, "555")), (Pair{"Not a valid phone number", "txtUSER_Phone"}));
+  EXPECT_EQ(UnmetWith("txtUserID", " "), (Pair{"Please enter your User ID", "txtUserID"}));
 }
 
 }  // namespace
