@@ -175,6 +175,7 @@ GridSaved MonthGrid::Save() {
         SaveRow(saver, *row, now, type.ContextOf(*row), saved);
       }
     }
+    saver.StoreDates();
     whole.Keep();
     batch.Commit();
     saver.Committed();

@@ -29,18 +29,19 @@ int OwnFindings(Session& s, const QCLocation& at) {
                              Trim(at.StructID), std::string(level::kStructure)})));
 }
 
-const std::string* TextTyped(const TypedRecord& record, const std::string& control) {
+const std::string* TextTyped(const TypedRecord& record, std::string_view control) {
   for (const auto& [name, text] : record.texts)
     if (name == control) return &text;
   return nullptr;
 }
 
 // An update of the row with that key; nothing for no columns.
-void Update(Session& s, const std::string& table, const std::string& sets, const std::string& key_column, Values values,
+void Update(Session& s, const std::string& table, std::string_view sets, const char* key_column, Values values,
             std::int64_t key) {
   if (sets.empty()) return;
   values.emplace_back(key);
-  const std::string sql = "UPDATE " + table + " SET " + sets.substr(1) + " WHERE " + key_column + "=?";
+  std::string sql = "UPDATE ";
+  sql.append(table).append(" SET ").append(sets.substr(1)).append(" WHERE ").append(key_column).append("=?");
   if (s.db.ExecuteOn(s.db.ChangesOf(table), sql, values) != 1)
     throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
 }
@@ -87,8 +88,14 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
     saving_ = context;
     saving_.saving = true;
   }
-  TypedView typed{stored.view, inactive, &saving_, {}};
-  if (known_) typed.known = &*known_;
+  if (typed_)
+    typed_->view = stored.view;
+  else
+    typed_.emplace(TypedView{.view = stored.view, .context = &saving_, .known = known_ ? &*known_ : nullptr});
+  TypedView& typed = *typed_;
+  typed.inactive = inactive;
+  typed.messages.clear();
+  typed.untouched = false;
   std::vector<bool> touched(kind.fields.size());
   for (std::size_t i = 0; i < kind.fields.size(); ++i) {
     const std::string* text = TextTyped(record, kind.fields[i]->control);
@@ -99,7 +106,7 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   SavedRecord saved;
   saved.findings = RunQCAmongMany(s_, record.sheet, record.at, typed);
   if (record.sheet == nullptr && saved.findings > 0) saved.findings = OwnFindings(s_, record.at);
-  saved.messages = std::move(typed.messages);
+  saved.messages = typed.messages;
   saved.values = Store(record, stored, typed, touched);
   RequireNoFault(s_, faults);
   return saved;
@@ -109,6 +116,8 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
                           const std::vector<bool>& touched) {
   const MonthKind& kind = *stored.kind;
   Values now, written;
+  now.reserve(kind.fields.size());
+  written.reserve(kind.fields.size() + 3);  // two of the structure, and the key
   std::string sets;
   for (std::size_t i = 0; i < kind.fields.size(); ++i) {
     const FieldSpec& field = *kind.fields[i];
@@ -134,14 +143,28 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
     return now;
   }
   Update(s_, kind.table, sets, "EA_ID_AK", std::move(written), record.keys.EA_ID_AK);
+  propagated_ = false;
+  if (s_.record_checked && status == stored.row[0] && comments == stored.row[1]) {
+    dated_.push_back(record.keys.EA_ID_AK);
+    return now;
+  }
   Values master;
   master.push_back(comments);
   master.push_back(status);
   master.push_back(s_.record_checked ? now_ : Value(Null{}));
   Update(s_, "EA_EQUIP_ACTV", ",EA_COMNT_TXT=?,EA_STATUS=?,EA_QC_DT=?", "EA_ID_AK", std::move(master),
          record.keys.EA_ID_AK);
-  propagated_ = false;
   return now;
+}
+
+void RecordSaver::StoreDates() {
+  if (dated_.empty()) return;
+  std::string keys;
+  for (const std::int64_t key : dated_) keys.append(keys.empty() ? "[" : ",").append(std::to_string(key));
+  const std::string sql = "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK IN (SELECT value FROM json_each(?))";
+  if (static_cast<std::size_t>(s_.db.Execute(sql, {now_, keys + "]"})) != dated_.size())
+    throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
+  dated_.clear();
 }
 
 void RecordSaver::Committed() {

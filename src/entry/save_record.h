@@ -5,11 +5,13 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "entry/month_rows.h"
 #include "qc/qc_log.h"
+#include "qc_run/run_record.h"
 
 namespace merlu {
 
@@ -19,7 +21,7 @@ struct TypedRecord {
   QCLocation at;
   RecordKeys keys;
   bool structure_inactive = false;
-  std::vector<std::pair<std::string, std::string>> texts;  // by control
+  std::vector<std::pair<std::string_view, std::string>> texts;  // by control
   std::optional<bool> no_emissions;
 };
 
@@ -31,7 +33,6 @@ struct SavedRecord {
 
 // Saves many records in the caller's batch. Its destructor puts the session's location back. Faults are passed on: the
 // caller's batch rolls back what was written.
-struct TypedView;
 class RecordSaver {
  public:
   explicit RecordSaver(Session& s);
@@ -43,6 +44,8 @@ class RecordSaver {
   SavedRecord Save(const TypedRecord& record, const MonthRow& stored, const Context& context);
   // There are many of them: the log is read once.
   void ExpectMany() { known_.emplace(s_.db); }
+  // Before the commit: dates the records of which nothing else has changed in their master rows.
+  void StoreDates();
   // After the commit: the tree knows the statuses that were saved.
   void Committed();
 
@@ -60,6 +63,8 @@ class RecordSaver {
   std::optional<EquipmentWithFindings> known_;
   const Context* context_ = nullptr;  // that the records are judged against, and the same as while saving
   Context saving_;
+  std::optional<TypedView> typed_;
+  std::vector<std::int64_t> dated_;                      // equipment that StoreDates dates
   bool propagated_ = false;                              // equipment has the statuses of all structures
   std::vector<std::pair<std::int64_t, bool>> statuses_;  // of structures' months that were saved
 };

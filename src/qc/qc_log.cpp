@@ -108,16 +108,16 @@ bool DelQCRecordsForLocAndBelowAnyMode(Session& s, const QCLocation& location) {
 EquipmentWithFindings::EquipmentWithFindings(Database& db) {
   db.ForEach("SELECT DISTINCT UserID,CmplxID,StructID,EquipType,EquipID FROM QC", {}, [&](const RowView& row) {
     std::string key;
-    for (int column = 0; column < row.size(); ++column) key += Lower(row.Text(column)) + '\x1f';
-    known_.insert(std::move(key));
+    for (int column = 0; column < row.size(); ++column) key.append(row.Text(column)) += '\x1f';
+    known_.insert(Lower(key));
   });
 }
 
 std::string EquipmentWithFindings::KeyOf(const QCLocation& l) {
   std::string key;
   for (const std::string* part : {&l.UserID, &l.CmplxID, &l.StructID, &l.EquipType, &l.EquipID})
-    key += Lower(Trim(*part)) + '\x1f';
-  return key;
+    key.append(Trim(*part)) += '\x1f';
+  return Lower(key);
 }
 
 PiecesWithFindings::PiecesWithFindings(Database& db, const QCLocation& l) {

@@ -109,8 +109,8 @@ void RequireNoFaults(const Verdicts& verdicts) {
 }
 
 void TakeMessages(const Verdicts& verdicts, std::vector<std::string>& messages) {
-  for (const Verdict& verdict : verdicts.all)
-    if (!verdict.message.empty()) messages.push_back(verdict.message);
+  for (const FieldChange& change : verdicts.changes)
+    if (!change.message.empty()) messages.push_back(change.message);
 }
 
 // Brings the log to what was judged; false, with StructureInactive, for a structure that reports nothing.
@@ -132,7 +132,7 @@ void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, 
   s.current = location;
   if (sheet.has_activity && typed.inactive) return PassOver(s, sheet, location);
   if (sheet.before_rules) sheet.before_rules(s, location);
-  Verdicts verdicts;
+  Verdicts& verdicts = typed.verdicts;
   Judge(RulesOf(sheet), s.mode, typed.view, *typed.context, verdicts);
   RequireNoFaults(verdicts);
   TakeMessages(verdicts, typed.messages);

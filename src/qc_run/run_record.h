@@ -21,6 +21,7 @@ struct TypedView {
   // That the log knows: a record that raises nothing and is not among them has nothing to be withdrawn. Null: look.
   EquipmentWithFindings* known = nullptr;
   bool untouched = false;  // nothing in the log was its, and nothing came to it
+  Verdicts verdicts{};     // what its rules said
 };
 
 // The equipment at the location in the session's mode: from its sheet if that is shown, with what the user has typed,

@@ -83,22 +83,29 @@ const StructureMonth* Contexts::Month(std::int64_t PD_ID_AK, int year, int month
 }
 
 const Context& Contexts::Of(std::int64_t PD_ID_AK, int year, int month) {
-  const auto [found, is_new] = contexts_.try_emplace({PD_ID_AK, YearAndMonth(year, month)});
-  Context& context = found->second;
-  if (!is_new) return context;
+  return At(PD_ID_AK, year, month).context;
+}
+
+const Surroundings& Contexts::At(std::int64_t PD_ID_AK, int year, int month) {
+  const auto [found, is_new] = surroundings_.try_emplace({PD_ID_AK, YearAndMonth(year, month)});
+  Surroundings& all = found->second;
+  if (!is_new) return all;
+  all.structure = Structure(PD_ID_AK);
+  all.month = Month(PD_ID_AK, year, month);
+  Context& context = all.context;
   context.year = year;
   context.month = month;
   context.unreadable = fault_;
-  if (const StructureFacts* structure = Structure(PD_ID_AK)) {
-    context.has_equipment = structure->has_equipment;
-    context.vents = structure->vents;
-    context.flares = structure->flares;
+  if (all.structure != nullptr) {
+    context.has_equipment = all.structure->has_equipment;
+    context.vents = all.structure->vents;
+    context.flares = all.structure->flares;
   }
-  if (const StructureMonth* found_month = Month(PD_ID_AK, year, month)) {
+  if (all.month != nullptr) {
     context.month_found = true;
-    context.totals = found_month->totals;
+    context.totals = all.month->totals;
   }
-  return context;
+  return all;
 }
 
 // A record in the middle of a query, and what judges it.
@@ -115,10 +122,11 @@ struct RecordJudge::Ready {
   }
 
   void Hand(const RecordScope& scope, Contexts& contexts, const RowView& row, int first, const EachRecord& each) {
-    record.context = &contexts.Of(record.keys.PD_ID_AK, record.year, record.month);
-    record.structure = contexts.Structure(record.keys.PD_ID_AK);
-    const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month);
-    record.structure_inactive = month != nullptr && month->inactive;
+    const Surroundings& around = contexts.At(record.keys.PD_ID_AK, record.year, record.month);
+    record.context = &around.context;
+    record.structure = around.structure;
+    record.structure_inactive = around.month != nullptr && around.month->inactive;
+    if (record.sheet != nullptr && around.month != nullptr) record.keys.SA_ID_AK = around.month->SA_ID_AK;
     verdicts.Clear();
     record.stored = &view;
     if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
@@ -127,7 +135,7 @@ struct RecordJudge::Ready {
     record.row = &row;
     record.more = first + reader.size();
     if (scope.judged) merlu::Judge(*record.rules, scope.mode, view, *record.context, verdicts);
-    if (std::any_of(verdicts.all.begin(), verdicts.all.end(), [](const Verdict& said) { return said.changed >= 0; })) {
+    if (!verdicts.changes.empty()) {
       reader.Show(row, first, *record.context, stored);
       record.stored = &stored;
     }
@@ -236,8 +244,6 @@ void RecordJudge::JudgeEquipment(Database& db, Contexts& contexts, const Values&
     record.inactive = row.Text(6) == "I";
     record.checked = row.Integer(7) != 0;
     record.has_values = row.Integer(8) != 0;
-    if (const StructureMonth* month = contexts.Month(record.keys.PD_ID_AK, record.year, record.month))
-      record.keys.SA_ID_AK = month->SA_ID_AK;
     ready_->Hand(scope_, contexts, row, kFirstOfEquipment, each);
   });
 }

@@ -36,12 +36,21 @@ struct StructureMonth {
   std::array<double, kTotals> totals{};
 };
 
+// What a record of a structure's month, or of a description, is judged against; null for what is not there.
+struct Surroundings {
+  Context context;
+  const StructureFacts* structure = nullptr;
+  const StructureMonth* month = nullptr;
+};
+
 // What records are judged against, read once: all structures, or one, with their months (or one), vents and flares.
 class Contexts {
  public:
   // A fault of the reading is kept for the rules that need what it read.
   explicit Contexts(Database& db, std::int64_t only_PD_ID_AK = 0, int only_month = 0);
+  Contexts(Contexts&&) = default;
 
+  const Surroundings& At(std::int64_t PD_ID_AK, int year, int month);
   const Context& Of(std::int64_t PD_ID_AK, int year, int month);
   const StructureFacts* Structure(std::int64_t PD_ID_AK) const;
   const StructureMonth* Month(std::int64_t PD_ID_AK, int year, int month) const;
@@ -57,7 +66,7 @@ class Contexts {
   };
   std::unordered_map<std::int64_t, StructureFacts> structures_;
   std::unordered_map<MonthKey, StructureMonth, MonthHash> months_;
-  std::unordered_map<MonthKey, Context, MonthHash> contexts_;
+  std::unordered_map<MonthKey, Surroundings, MonthHash> surroundings_;
   std::shared_ptr<const Fault> fault_;
 };
 

@@ -59,7 +59,7 @@ bool Test::Holds(const Record& record) const {
   return true;
 }
 
-bool Test::operator()(const RecordView& view) const {
+bool Test::HoldsFor(const RecordView& view) const {
   return Holds(view);
 }
 

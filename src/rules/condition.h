@@ -33,7 +33,7 @@ class Test {
   Test(Kind kind, Test a, Test b) : kind_(kind), parts_{std::move(a), std::move(b)} {}
 
   explicit operator bool() const { return kind_ != Kind::kAlways; }
-  bool operator()(const RecordView& view) const;
+  bool operator()(const RecordView& view) const { return kind_ == Kind::kAlways || HoldsFor(view); }
   bool operator()(const Form& form) const;
   std::string Words() const;
 
@@ -43,6 +43,7 @@ class Test {
   void MarkRead(std::vector<bool>& read) const;
 
  private:
+  bool HoldsFor(const RecordView& view) const;
   template <typename Record>
   bool Holds(const Record& record) const;
 

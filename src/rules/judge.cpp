@@ -179,20 +179,18 @@ void Judging::Mark(merlu::Mark mark) {
   verdict.mark = mark;
 }
 
+void Judging::Change(FieldChange change) {
+  view_.SetText(change.field, change.text);
+  Add().change = static_cast<int>(verdicts_.changes.size());
+  verdicts_.changes.push_back(std::move(change));
+}
+
 void Judging::Become(std::string text) {
-  view_.SetText(rule_.place, text);
-  Verdict& verdict = Add();
-  verdict.changed = rule_.place;
-  verdict.becomes = std::move(text);
+  Change({rule_.place, std::move(text), -1, ""});
 }
 
 void Judging::FallBack(int list, std::string text, int item, std::string message) {
-  view_.SetText(list, text);
-  Verdict& verdict = Add();
-  verdict.changed = list;
-  verdict.becomes = std::move(text);
-  verdict.item = item;
-  verdict.message = std::move(message);
+  Change({list, std::move(text), item, std::move(message)});
 }
 
 }  // namespace merlu

@@ -27,10 +27,13 @@ struct Verdict {
   std::string_view other_text;  // ... or this one, unless empty
   bool as_tip = true;           // a finding raised is the field's tip too
   Mark mark = Mark::kUntouched;
+  int change = -1;  // what the rule changes in the record: number among the changes, or -1
+};
 
-  // What the rule changes in the record: `changed` is the place of the field, or -1
-  int changed = -1;
-  std::string becomes;  // its text
+// A field of the record that a rule gave another text.
+struct FieldChange {
+  int field = -1;  // place in the record
+  std::string text;
   int item = -1;        // of a list: select this item, as a user would; -1 sets the text alone
   std::string message;  // shown to the user
 };
@@ -43,10 +46,12 @@ struct GroupFault {
 
 struct Verdicts {
   std::vector<Verdict> all;  // in the order of the rules
+  std::vector<FieldChange> changes;
   std::vector<GroupFault> faults;
 
   void Clear() {
     all.clear();
+    changes.clear();
     faults.clear();
   }
 };
@@ -113,6 +118,7 @@ class Judging {
 
  private:
   Verdict& Add();
+  void Change(FieldChange change);
 
   const Rule& rule_;
   RecordView& view_;

@@ -5,12 +5,12 @@
 namespace merlu {
 namespace {
 
-void Change(Session& s, Form& form, const std::string& control, const Verdict& verdict) {
-  if (!verdict.message.empty()) s.notices.waiting.push_back({verdict.message, Icon::kNone, "", true});
-  if (verdict.item >= 0)
-    SelectItem(form, control, verdict.item);
+void Show(Session& s, Form& form, const std::string& control, const FieldChange& change) {
+  if (!change.message.empty()) s.notices.waiting.push_back({change.message, Icon::kNone, "", true});
+  if (change.item >= 0)
+    SelectItem(form, control, change.item);
   else
-    form.At(control).text = verdict.becomes;
+    form.At(control).text = change.text;
 }
 
 Back BackOf(const Session& s, Mark mark) {
@@ -22,7 +22,6 @@ void Paint(Session& s, Form& form, const RecordFields& fields, const Verdict& ve
   Control& field = form.At(fields[verdict.field].control);
   if (verdict.log == Verdict::Log::kRaise && verdict.as_tip) field.tip = verdict.text;
   if (verdict.mark != Mark::kUntouched) field.back = BackOf(s, verdict.mark);
-  if (verdict.changed >= 0) Change(s, form, fields[verdict.changed].control, verdict);
 }
 
 }  // namespace
@@ -31,7 +30,12 @@ void PaintVerdicts(Session& s, Form& form, const RecordFields& fields, const Ver
   auto fault = verdicts.faults.begin();
   for (std::size_t number = 0; number <= verdicts.all.size(); ++number) {
     for (; fault != verdicts.faults.end() && fault->before == number; ++fault) NoteSheetFault(s.notices, fault->fault);
-    if (number < verdicts.all.size()) Paint(s, form, fields, verdicts.all[number]);
+    if (number == verdicts.all.size()) continue;
+    const Verdict& verdict = verdicts.all[number];
+    Paint(s, form, fields, verdict);
+    if (verdict.change < 0) continue;
+    const FieldChange& change = verdicts.changes[static_cast<std::size_t>(verdict.change)];
+    Show(s, form, fields[change.field].control, change);
   }
 }
 

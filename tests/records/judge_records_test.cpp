@@ -22,8 +22,9 @@ std::string Said(const Verdicts& verdicts) {
   for (const Verdict& v : verdicts.all) {
     said += std::to_string(v.field) + "|" + std::string(v.tag) + "|" + std::to_string(static_cast<int>(v.log)) + "|";
     said += std::string(v.text) + "|" + std::string(v.other_text) + "|" + std::to_string(static_cast<int>(v.mark));
-    said += "|" + std::to_string(v.changed) + "|" + v.becomes + "\n";
+    said += "|" + std::to_string(v.change) + "\n";
   }
+  for (const FieldChange& change : verdicts.changes) said += std::to_string(change.field) + "|" + change.text + "\n";
   return said;
 }
 

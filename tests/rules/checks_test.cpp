@@ -160,8 +160,10 @@ TEST(Checks, empty_a_text_that_is_no_number_before_the_next_rule_reads_it) {
   Record record({Checked(EmptyUnlessNumeric()), Checked(Required())});
   EXPECT_EQ(record.With("abc").Finding(), kBlank);
   const Verdicts verdicts = record.Judged();
-  EXPECT_EQ(verdicts.all[0].changed, 0);
-  EXPECT_EQ(verdicts.all[0].becomes, "");
+  EXPECT_EQ(verdicts.all[0].change, 0);
+  ASSERT_EQ(verdicts.changes.size(), 1u);
+  EXPECT_EQ(verdicts.changes[0].field, 0);
+  EXPECT_EQ(verdicts.changes[0].text, "");
   EXPECT_EQ(record.view.Text(0), "abc") << "the caller's record stays";
   EXPECT_EQ(record.With("1,5").Finding(), "");
 }
