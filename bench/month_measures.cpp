@@ -45,8 +45,9 @@ void InsertMonth(PlainFile& file) {
   file.Run("COMMIT");
 }
 
-double AddOurs(const Workshop& shop) {
+double AddOurs(const Workshop& shop, bool history) {
   Opened opened(shop.FreshCopy(shop.eleven, "month-ours"));
+  if (!history) CloseHistory(opened.s);
   const double seconds = Seconds([&] { AddMonthRows(opened.s); });
   opened.ExpectSilence();
   return seconds;
@@ -60,11 +61,15 @@ double AddPlain(const Workshop& shop) {
 }  // namespace
 
 std::vector<Measure> MonthMeasures(const Workshop& shop) {
-  return {{"a month of 3,333 equipment, with its commit", 1.2, 15, [&shop, turn = InTurn()]() mutable {
-             const Pair pair = turn([&] { return AddOurs(shop); }, [&] { return AddPlain(shop); });
-             RequireSameTables(shop.Path("month-ours"), shop.Path("month-plain"));
-             return pair;
-           }}};
+  const auto add = [&shop](bool history) {
+    return [&shop, history, turn = InTurn()]() mutable {
+      const Pair pair = turn([&] { return AddOurs(shop, history); }, [&] { return AddPlain(shop); });
+      RequireSameTables(shop.Path("month-ours"), shop.Path("month-plain"));
+      return pair;
+    };
+  };
+  return {{"a month of 3,333 equipment, with its commit", 1.2, 15, add(false)},
+          {"the same month with its history", 2.2, 15, add(true)}};
 }
 
 }  // namespace merlu::bench

@@ -5,12 +5,14 @@
 
 namespace merlu {
 
-Compaction CompactDatabaseFile(const OwnFiles& own, const std::string& file, std::uint64_t free_bytes) {
-  if (free_bytes < FileSize(file)) return Compaction::kNoRoom;
+Compaction WriteCompact(const OwnFiles& own, Database& db, const std::string& file, std::uint64_t free_bytes) {
+  constexpr const char* kSize = "SELECT page_count*page_size FROM pragma_page_count,pragma_page_size";
   bool compacted = false;
   try {
+    if (free_bytes < static_cast<std::uint64_t>(ToInteger(db.Single(kSize)))) return Compaction::kNoRoom;
     ReplaceFile(own, file, [&](const std::string& path) {
-      CompactInto(file, path);
+      db.Execute("VACUUM INTO ?", {path});
+      CheckPages(path);
       compacted = true;
     });
   } catch (const Fault&) {

@@ -7,15 +7,6 @@
 namespace merlu {
 namespace {
 
-// The copy is of no use until it is complete, so it is cut without a journal; and rows that depend on others are
-// deleted by one statement per table, which is far less work than row by row through the relations.
-void PrepareForCutting(Database& copy) {
-  copy.Query("PRAGMA journal_mode=MEMORY");
-  copy.Execute("PRAGMA synchronous=OFF");
-  copy.Execute("PRAGMA foreign_keys=OFF");
-  copy.Query("PRAGMA temp_store=MEMORY");
-}
-
 // A month's rows are few of a year's: they are saved and inserted again, which is less work than deleting the others.
 void KeepRows(Database& copy, const std::string& table, const std::string& condition, const Values& values = {}) {
   AllOrNothing whole(copy);
@@ -83,17 +74,21 @@ Compaction WriteExport(const OwnFiles& own, Database& working, const std::string
                        const std::function<void(Database& copy)>& cut) {
   Compaction compaction = Compaction::kDone;
   WriteNewFile(own, target, [&](const std::string& path) {
-    working.CopyTo(path);
-    if (cut) {
-      Database copy;
-      copy.Open(path);
-      PrepareForCutting(copy);
-      cut(copy);
-      copy.Close();
-      compaction = CompactDatabaseFile(own, path, free_bytes);
+    if (!cut) {
+      working.CopyTo(path);
+      return CheckPages(path);
     }
-    // a compact file has been looked through
-    if (!cut || compaction != Compaction::kDone) CheckPages(path);
+    // rows that depend on others are deleted by one statement a table, which is far less work than row by row through
+    // the relations
+    Database copy;
+    copy.OpenCopyOf(working);
+    copy.Execute("PRAGMA foreign_keys=OFF");
+    copy.Query("PRAGMA temp_store=MEMORY");
+    cut(copy);
+    compaction = WriteCompact(own, copy, path, free_bytes);
+    if (compaction == Compaction::kDone) return;
+    copy.CopyTo(path);
+    CheckPages(path);
   });
   return compaction;
 }

@@ -29,9 +29,9 @@ void DeleteOtherMonths(Database& copy, int month, int year);
 // Deletes every other structure, and what depends on it.
 void KeepStructures(Database& copy, const std::vector<StructureName>& kept);
 
-// Writes the file: a copy of the working database, cut down and compacted. The copy replaces an older file of that name
-// once it is complete, checked and fsynced. Without `cut` everything is copied and nothing is compacted. The faults of
-// WriteNewFile, of the store and of `cut`; the working database is only read.
+// Writes the file: a copy of the working database, cut down in memory and compacted. The file replaces an older file of
+// that name once it is complete, checked and fsynced. Without `cut` everything is copied and nothing is compacted. The
+// faults of WriteNewFile, of the store and of `cut`; the working database is only read.
 Compaction WriteExport(const OwnFiles& own, Database& working, const std::string& target, std::uint64_t free_bytes,
                        const std::function<void(Database& copy)>& cut);
 

@@ -289,6 +289,18 @@ void Database::OpenPrivateCopy(const std::string& path) {
   path_ = path;
 }
 
+void Database::OpenCopyOf(Database& other) {
+  Close();
+  path_.clear();
+  try {
+    OpenFile(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY);
+    other.CopyPages(db_, "main");
+  } catch (const Fault&) {
+    Close();
+    throw;
+  }
+}
+
 void Database::CopyTo(const std::string& path) {
   sqlite3* copy = nullptr;
   std::error_code error;

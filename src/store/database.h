@@ -108,6 +108,8 @@ class Database {
 
   bool HasTable(std::string_view name);
 
+  // Opens a private copy of what is committed in the other database, in memory. Its writes are discarded with it.
+  void OpenCopyOf(Database& other);
   // Copies what is committed into an empty file, which is not fsynced. The file may be in use meanwhile.
   void CopyTo(const std::string& path);
 

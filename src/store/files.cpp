@@ -112,15 +112,6 @@ std::uint64_t FreeBytes(const std::string& folder) {
   return error ? 0 : space.available;
 }
 
-void CompactInto(const std::string& from, const std::string& to) {
-  {
-    Database db;
-    db.Open(from);
-    db.Execute("VACUUM INTO ?", {to});
-  }
-  CheckPages(to);
-}
-
 void CheckPages(const std::string& path) {
   Database db;
   db.OpenReadOnly(path);

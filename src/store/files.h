@@ -44,9 +44,6 @@ std::uint64_t FileSize(const std::string& path);
 // What the file system of the folder has left; 0 when it cannot be asked.
 std::uint64_t FreeBytes(const std::string& folder);
 
-// Writes the rows of a database file into an empty one, as small as they are, and looks through its pages. The
-// faults of the store.
-void CompactInto(const std::string& from, const std::string& to);
 // kDamaged for a database file with damaged pages.
 void CheckPages(const std::string& path);
 // kFileNotFound; kFileAccess, also for a folder.

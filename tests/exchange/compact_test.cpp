@@ -25,7 +25,9 @@ class CompactingAFile : public testing::Test {
     size_ = FileSize(source_);
   }
   Compaction Compact(std::uint64_t free_bytes = 1U << 30U) {
-    return CompactDatabaseFile({"", folder_.path("notes")}, source_, free_bytes);
+    Database db;
+    db.Open(source_);
+    return WriteCompact({"", folder_.path("notes")}, db, source_, free_bytes);
   }
   void ExpectUnchanged() {
     EXPECT_EQ(FileSize(source_), size_);
@@ -54,14 +56,6 @@ TEST_F(CompactingAFile, needs_room_for_all_of_it) {
   EXPECT_EQ(Compact(size_ - 1), Compaction::kNoRoom);
   ExpectUnchanged();
   EXPECT_EQ(Compact(size_), Compaction::kDone);
-}
-
-TEST_F(CompactingAFile, that_cannot_be_read_leaves_it_alone) {
-  std::ofstream(source_, std::ios::trunc) << "no database at all, but long enough to look like one";
-  const std::uint64_t size = FileSize(source_);
-  EXPECT_EQ(Compact(), Compaction::kNotCompacted);
-  EXPECT_EQ(FileSize(source_), size);
-  EXPECT_EQ(Files(), 1);
 }
 
 TEST_F(CompactingAFile, with_damaged_pages_leaves_it_alone) {
@@ -94,12 +88,34 @@ TEST_F(CompactingAFile, in_a_folder_without_write_permission_changes_nothing) {
   ExpectUnchanged();
 }
 
-TEST_F(CompactingAFile, that_another_process_holds_changes_nothing) {
-  Database holder;
+// What the export keeps of the database: its layout, to the size of its pages, and what other programs put into it.
+TEST_F(CompactingAFile, from_a_copy_in_memory_keeps_all_that_is_in_it) {
+  Raw(source_, {"PRAGMA page_size=1024", "VACUUM", "CREATE TABLE theirs (a TEXT PRIMARY KEY, b) WITHOUT ROWID",
+                "INSERT INTO theirs VALUES ('x', 1)", "CREATE INDEX their_index ON QC ([Desc])",
+                "CREATE VIEW their_view AS SELECT a FROM theirs", "ALTER TABLE QC ADD COLUMN their_column INTEGER",
+                "PRAGMA user_version=7"});
+  const std::string layout = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema ORDER BY rowid)";
+  const std::string before = NullToEmpty(RawValue(source_, layout));
+  Database source, copy;
+  source.Open(source_);
+  copy.OpenCopyOf(source);
+  const std::string target = folder_.path("target.mdb");
+  std::ofstream(target).close();
+  EXPECT_EQ(WriteCompact({"", folder_.path("notes")}, copy, target, 1U << 30U), Compaction::kDone);
+  EXPECT_EQ(NullToEmpty(RawValue(target, layout)), before);
+  EXPECT_EQ(ToInteger(RawValue(target, "PRAGMA page_size")), 1024);
+  EXPECT_EQ(ToInteger(RawValue(target, "PRAGMA user_version")), 7);
+  EXPECT_EQ(ToInteger(RawValue(target, "SELECT b FROM theirs")), 1);
+  EXPECT_EQ(NullToEmpty(RawValue(target, "PRAGMA journal_mode")), "delete");
+}
+
+TEST_F(CompactingAFile, that_another_program_holds_changes_nothing) {
+  Database db, holder;
+  db.Open(source_);
   holder.Open(source_);
   holder.Execute("PRAGMA locking_mode=EXCLUSIVE");
   holder.Execute("BEGIN EXCLUSIVE");
-  EXPECT_EQ(Compact(), Compaction::kNotCompacted);
+  EXPECT_EQ(WriteCompact({"", folder_.path("notes")}, db, source_, size_), Compaction::kNotCompacted);
   holder.Close();
   ExpectUnchanged();
 }
