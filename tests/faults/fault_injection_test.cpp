@@ -1,6 +1,8 @@
 // Every operation survives a failing disk: it reports the failure, leaves the file sound, and works afterwards.
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
+#include "faults/faulty_files.h"
 #include "faults/injection.h"
 #include "session/node_keys.h"
 
@@ -54,6 +56,15 @@ void FlareIsBeingEdited(TestRun& run) {
     EXPECT_EQ(run.Text(field), "77");
     EXPECT_FALSE(run.At(field).locked);
   }
+}
+
+TEST(FaultyDisk, ends_with_the_run_that_asked_for_it) {
+  const sqlite3_vfs* const before = sqlite3_vfs_find(nullptr);
+  {
+    const FaultyFiles faulty;
+    EXPECT_NE(sqlite3_vfs_find(nullptr), before);
+  }
+  EXPECT_EQ(sqlite3_vfs_find(nullptr), before);
 }
 
 TEST(FaultyDisk, ASaveThatFailsKeepsTheEditOpenWithTheTypedValues) {

@@ -22,6 +22,7 @@ struct Armed {
 Armed armed;
 long changes = 0, kill_before = 0;
 sqlite3_vfs* real_layer = nullptr;
+sqlite3_vfs layer;
 
 struct File {
   sqlite3_file base;
@@ -165,9 +166,7 @@ const char* FileActName(FileAct act) {
   return "";
 }
 
-void InstallFaultyFiles() {
-  static sqlite3_vfs layer;
-  if (real_layer != nullptr) return;
+FaultyFiles::FaultyFiles() {
   real_layer = sqlite3_vfs_find(nullptr);
   layer = *real_layer;
   layer.iVersion = 1;
@@ -179,6 +178,11 @@ void InstallFaultyFiles() {
   layer.xAccess = Access;
   layer.xFullPathname = FullName;
   sqlite3_vfs_register(&layer, 1);
+}
+
+FaultyFiles::~FaultyFiles() {
+  LiftFault();
+  sqlite3_vfs_unregister(&layer);
 }
 
 void ArmFault(const FileFault& fault) {

@@ -12,8 +12,15 @@ inline constexpr FileAct kFileActs[] = {FileAct::kOpen,     FileAct::kRead,   Fi
                                         FileAct::kTruncate, FileAct::kDelete, FileAct::kLock};
 const char* FileActName(FileAct act);
 
-// Becomes the default file layer of the process. May be called again.
-void InstallFaultyFiles();
+// The default file layer of the process for as long as the object lives. It passes on no shared memory, so a
+// write-ahead log cannot be used meanwhile.
+class FaultyFiles {
+ public:
+  FaultyFiles();
+  ~FaultyFiles();
+  FaultyFiles(const FaultyFiles&) = delete;
+  FaultyFiles& operator=(const FaultyFiles&) = delete;
+};
 
 struct FileFault {
   FileAct act;

@@ -151,7 +151,7 @@ bool TellsOfAFault(const std::string& text) {
 }
 
 void ExpectToSurviveFaults(const FaultyOperation& operation) {
-  InstallFaultyFiles();
+  const FaultyFiles faulty;
   Injection injection(operation);
   int runs = 0;
   for (const Kind& kind : kKinds) {

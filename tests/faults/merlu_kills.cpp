@@ -114,7 +114,7 @@ std::string CostPath(const KillFiles& files) {
 
 // Plays the script in this process, which ends with it.
 [[noreturn]] void PlayAndEnd(const KillFiles& files, const KillScript& script, const Moment& moment) {
-  InstallFaultyFiles();
+  const FaultyFiles faulty;
   int argc = 1;
   char name[] = "merlu";
   char* argv[] = {name, nullptr};
