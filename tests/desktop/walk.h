@@ -1,4 +1,4 @@
-// What a walk through the windows looks at, and the pictures that it leaves.
+// What a walk through the windows looks at, and the pictures that it can leave.
 #pragma once
 
 #include <QWidget>
@@ -9,7 +9,8 @@
 
 namespace merlu::test {
 
-// The walk's pictures, NN-name.png in the order of the walk, in a folder of the build.
+// Paints each window of the walk. Where MERLU_WALK_FOLDER names a folder, the pictures are kept there, NNN-name.png in
+// the order of the walk; writing them takes twice as long as the walk itself.
 class Album {
  public:
   explicit Album(const char* walk);

@@ -1,5 +1,4 @@
-// A walk through everything that the windows show: each command, dialog, sheet, page and mode is looked at as a whole,
-// and leaves its picture in the build's folder "walk".
+// A walk through everything that the windows show: each command, dialog, sheet, page and mode is looked at as a whole.
 #include <QAction>
 #include <QDesktopServices>
 #include <QFileDialog>

@@ -40,7 +40,7 @@ void Import(TestRun& run) {
   run.Click("mnuEStructB");
 }
 
-TEST(FaultyDisk, AnImportIsThereWholeOrNotAtAll) {
+TEST(FaultyDiskUnderExchanges, AnImportIsThereWholeOrNotAtAll) {
   ExpectToSurviveFaults({.name = "import",
                          .plan = OneOfEachType(2, 2),
                          .prepare = MakeOther,
@@ -109,24 +109,24 @@ void ExpectToSurviveAsExport(const char* name, const ExportDialog& dialog, const
                          .again = StartAgainWithoutDatabase});
 }
 
-TEST(FaultyDisk, ASurveyExportThatFailsTells) {
+TEST(FaultyDiskUnderExchanges, ASurveyExportThatFailsTells) {
   ExpectToSurviveAsExport("export survey", {"mnuFExport", "lvwSurveys", "cmdOK"},
                           "(SELECT COUNT(*) FROM PA_PLATFORM_ACTV)=2");
 }
 
-TEST(FaultyDisk, AStructureExportThatFailsTells) {
+TEST(FaultyDiskUnderExchanges, AStructureExportThatFailsTells) {
   ExpectToSurviveAsExport("export structure", {"mnuEStructS", "lvwStructures", "cmdExport"},
                           "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=1 AND (SELECT COUNT(*) FROM ED_EQUIP_DESC)=16");
 }
 
-TEST(FaultyDisk, AnInventoryExportThatFailsTells) {
+TEST(FaultyDiskUnderExchanges, AnInventoryExportThatFailsTells) {
   ExpectToSurviveAsExport("export inventory", {"mnuFExportInventory", "lvwSurveys", "cmdOK"},
                           "(SELECT COUNT(*) FROM PD_PLATFORM_DESC)=2");
 }
 
 // ---- the annual pass ----
 
-TEST(FaultyDisk, AnAnnualPassThatFailsTells) {
+TEST(FaultyDiskUnderExchanges, AnAnnualPassThatFailsTells) {
   InventoryPlan plan = OneOfEachType(1, 12);
   plan.fault_share = 0.5;
   const auto name = [](TestRun& run) { run.files = {run.folder.path("summary.pdf")}; };
@@ -150,7 +150,7 @@ TEST(FaultyDisk, AnAnnualPassThatFailsTells) {
 
 // ---- the start ----
 
-TEST(FaultyDisk, AStartThatFailsTells) {
+TEST(FaultyDiskUnderExchanges, AStartThatFailsTells) {
   ExpectToSurviveFaults({.name = "start",
                          .plan = OneOfEachType(2, 2),
                          .prepare = [](TestRun& run) { CloseMainWindow(run.s); },
