@@ -68,7 +68,7 @@ RecordJudge& JudgeOf(Session& s, Walker& walker, const SheetSpec& sheet) {
 }
 
 // The runner for the structure's equipment of one type. In activity mode equipment that was checked since its last
-// save is left out, and nothing is looked at when the first piece is inactive.
+// save is left out, nothing is looked at when the first piece is inactive, and fugitives do not run.
 void Walk(Session& s, QCLocation& location, Walker& walker, const SheetSpec& sheet, std::int64_t PD_ID_AK,
           PiecesWithFindings& known) {
   location.Level = level::kEquipment;
@@ -158,11 +158,6 @@ void RunTypedStructureQC(Session& s, QCLocation location, TypedView& typed) {
   if (!RunTypedStructureRules(s, location, typed)) return;
   Walker walker = MakeWalker(s, StructureAt(s, location), location.Month);
   WalkAndStamp(s, location, walker, false);
-}
-
-void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type) {
-  Walker walker = MakeWalker(s, StructureAt(s, location), location.Month);
-  WalkTypes(s, location, walker, {FindType(type)}, false);
 }
 
 }  // namespace merlu

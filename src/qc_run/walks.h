@@ -1,8 +1,6 @@
 // The walks of a QC run below the record that it was started at.
 #pragma once
 
-#include <string_view>
-
 #include "session/session.h"
 
 namespace merlu {
@@ -17,10 +15,5 @@ void RunStructureQC(Session& s, QCLocation& location);
 // The same for a structure's month that is typed and not yet stored.
 struct TypedView;
 void RunTypedStructureQC(Session& s, QCLocation location, TypedView& typed);
-
-// The equipment runner for all equipment of one type on the structure at the location. In activity mode a
-// walk ends at once when the first row is inactive, equipment that was checked since its last save is left
-// out, and fugitives do not run.
-void WalkEquipmentQC(Session& s, QCLocation& location, std::string_view type);
 
 }  // namespace merlu

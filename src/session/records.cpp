@@ -83,14 +83,6 @@ bool MoveToPARecord(Session& s, std::int64_t id) {
   return MoveTo(s, "PA_PLATFORM_ACTV", "SA_ID_AK", id, s.SA_ID_AK, "Platform Actv");
 }
 
-bool MoveToEDRecord(Session& s, std::int64_t id) {
-  return MoveTo(s, "ED_EQUIP_DESC", "ED_ID_AK", id, s.ED_ID_AK, "Equip Desc");
-}
-
-bool MoveToEARecord(Session& s, std::int64_t id) {
-  return MoveTo(s, "EA_EQUIP_ACTV", "EA_ID_AK", id, s.EA_ID_AK, "Equip Activity");
-}
-
 bool MoveToPAActvRecordByMo(Session& s, std::int64_t id, int month, int year) {
   bool found = false;
   NotingFaults(s.notices, [&] {

@@ -64,7 +64,7 @@ void ResetRun(Session& s) {
 
 // Asks for the operator of a file that has none yet; false when it was not given.
 bool HasOperator(Session& s) {
-  if (!s.At("CO_COMPANY").EOF_()) return true;
+  if (s.At("CO_COMPANY").HasRow()) return true;
   if (!ShowNewOperator(s, kFarewell)) return false;
   OpenCompanion(s);
   return true;

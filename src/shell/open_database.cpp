@@ -49,7 +49,7 @@ int Within(Cursor& config, const char* column, int highest) {
 void OpenConfiguration(Session& s) {
   s.cursors.Open(s.db, "SYS_CONFIG");
   Cursor& config = s.At("SYS_CONFIG");
-  if (config.EOF_()) {
+  if (!config.HasRow()) {
     config.AddNew();
     config.Update();
     return;
@@ -70,7 +70,7 @@ void OpenAll(Session& s) {
   for (const std::string& table : tables) s.cursors.Open(s.db, table);
   s.activity_record = TreeRecord();
   // the first question for the operator is no step of its history
-  if (!s.At("CO_COMPANY").EOF_()) OpenCompanion(s);
+  if (s.At("CO_COMPANY").HasRow()) OpenCompanion(s);
 }
 
 // "Opened by anna on quay-7 since 14:02.", as far as the other program's note can be read.

@@ -7,7 +7,6 @@
 #include "store/engine.h"
 
 namespace merlu {
-namespace {}  // namespace
 
 Cursor::Cursor(Database& db, std::string table) : db_(db), changes_(db.ChangesOf(table)), table_(std::move(table)) {
   const std::string none = "SELECT * FROM [" + table_ + "] LIMIT 0";
@@ -54,11 +53,6 @@ void Cursor::MoveLast() {
   if (!Load("ORDER BY rowid DESC LIMIT 1", {})) position_ = Position::kEmpty;
 }
 
-void Cursor::Leave() {
-  Abandon();
-  if (position_ == Position::kOnRow) position_ = Position::kAfter;
-}
-
 bool Cursor::FindFirst(const Criteria& criteria) {
   Abandon();
   const bool again = std::equal(criteria.begin(), criteria.end(), found_by_.begin(), found_by_.end(),
@@ -74,15 +68,15 @@ bool Cursor::FindFirst(const Criteria& criteria) {
   }
   bound_.clear();
   for (const auto& [column, value] : criteria) bound_.push_back(&value);
-  no_match_ = !Fetch(find_, bound_);
-  if (no_match_) position_ = Position::kAfter;
-  return !no_match_;
+  const bool found = Fetch(find_, bound_);
+  if (!found) position_ = Position::kNowhere;
+  return found;
 }
 
 bool Cursor::FindFirstWhere(const std::string& condition, const Values& values) {
-  no_match_ = !Load("WHERE " + condition + " ORDER BY rowid LIMIT 1", values);
-  if (no_match_) position_ = Position::kAfter;
-  return !no_match_;
+  const bool found = Load("WHERE " + condition + " ORDER BY rowid LIMIT 1", values);
+  if (!found) position_ = Position::kNowhere;
+  return found;
 }
 
 std::size_t Cursor::ColumnIndex(std::string_view column) const {
@@ -154,11 +148,6 @@ void Cursor::Update() {
     if (db_.ExecuteOn(changes_, "UPDATE [" + table_ + "] SET " + names + " WHERE rowid=?", values) == 0)
       throw Fault(fault_number::kRecordDeleted, kStoreSource, "Record is deleted.");
   }
-}
-
-void Cursor::Delete() {
-  if (position_ != Position::kOnRow) throw Fault(fault_number::kNoCurrentRow, kStoreSource, "No current record.");
-  db_.Execute("DELETE FROM [" + table_ + "] WHERE rowid=?", {row_id_});
 }
 
 }  // namespace merlu

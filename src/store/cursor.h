@@ -30,22 +30,17 @@ class Cursor {
   const std::string& table() const { return table_; }
   const std::vector<std::string>& columns() const { return columns_; }
 
-  bool BOF() const { return position_ == Position::kBefore || position_ == Position::kEmpty; }
-  bool EOF_() const { return position_ == Position::kAfter || position_ == Position::kEmpty; }
+  bool HasRow() const { return position_ == Position::kOnRow; }
   // Whether the table has no rows.
   bool IsEmpty();
 
   void MoveFirst();
   void MoveLast();
-  // Leaves the row: there is no current one until the next move or find.
-  void Leave();
 
-  // Move to the first row that meets the criteria, and return true on a match. Without one NoMatch is true and there is
-  // no current row.
+  // Moves to the first row that meets the criteria. False without a match: there is no current row then.
   bool FindFirst(const Criteria& criteria);
   // The same with a condition of the caller's own; values are bound to its question marks.
   bool FindFirstWhere(const std::string& condition, const Values& values);
-  bool NoMatch() const { return no_match_; }
 
   // Change of the current row, or a new row: Edit or AddNew, then SetField, then Update. A new row does not
   // become current. kDuplicateKey when the key exists; kNoCurrentRow without a row to edit.
@@ -53,7 +48,6 @@ class Cursor {
   void AddNew();
   void SetField(std::string_view column, Value value);
   void Update();
-  void Delete();
 
   // Reads the table again and moves to its first row.
   void Requery() { MoveFirst(); }
@@ -64,10 +58,8 @@ class Cursor {
   // The column as the last read left it: enough for a key, which never changes.
   const Value& LastRead(std::string_view column) const;
 
-  bool HasRow() const { return position_ == Position::kOnRow; }
-
  private:
-  enum class Position { kBefore, kOnRow, kAfter, kEmpty };
+  enum class Position { kOnRow, kNowhere, kEmpty };  // the last two without a row; kEmpty: the table had none
   enum class Change { kNone, kEdit, kAdd };
 
   std::size_t ColumnIndex(std::string_view column) const;
@@ -91,7 +83,6 @@ class Cursor {
   std::vector<std::string> found_by_;  // columns of the last find
   Database::KeptQuery find_, refresh_;
   std::vector<const Value*> bound_;
-  bool no_match_ = false;
   Change change_ = Change::kNone;
   std::vector<std::pair<std::size_t, Value>> pending_;
 };

@@ -174,22 +174,21 @@ TEST(Walks, stay_on_their_structure_and_their_month) {
 
 TEST(Walks, end_for_every_type_of_an_inactive_structure) {
   Structure structure(Equipment{{"FLA", "F1"}});
-  structure.run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET status='I'");
   structure.GoToMonth();
-  QCLocation location = structure.run.s.current;
-  WalkEquipmentQC(structure.run.s, location, "FLA");
+  structure.run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET status='I'");
+  structure.run.Click("cmdQC");
+  EXPECT_GT(structure.run.Count("QC WHERE Level='STRUCTURE'"), 0);
   EXPECT_EQ(structure.Checked(), Texts{});
 }
 
-TEST(Walks, put_the_records_back_that_were_current) {
+TEST(Walks, leave_the_records_that_were_current) {
   Structure structure(Equipment{{"FLA", "F1"}, {"FLA", "F2"}});
   structure.run.AddMonth();
   structure.run.GoTo("FLA", "F2", Mode::kActv, 2);
   Session& s = structure.run.s;
+  structure.run.Select(structure.run.Key("", "", 1));
   const std::array<std::int64_t, 4> before = {s.EA_ID_AK, s.ED_ID_AK, s.SA_ID_AK, s.PD_ID_AK};
-  QCLocation location = s.current;
-  location.Month = 1;
-  WalkEquipmentQC(s, location, "FLA");
+  structure.run.Click("cmdQC");
   EXPECT_EQ((std::array<std::int64_t, 4>{s.EA_ID_AK, s.ED_ID_AK, s.SA_ID_AK, s.PD_ID_AK}), before);
   EXPECT_GT(structure.run.Count("QC WHERE Month=1"), 0);
 }

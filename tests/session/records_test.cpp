@@ -44,25 +44,17 @@ TEST_F(Records, of_the_hierarchy_are_found_and_become_the_current_ones) {
   EXPECT_TRUE(MoveToPARecord(s, 1));
   EXPECT_EQ(s.SA_ID_AK, 1);
   EXPECT_EQ(ToInteger(s.At("PA_PLATFORM_ACTV").Field("PA_MO")), 1);
-  EXPECT_TRUE(MoveToEDRecord(s, 1));
-  EXPECT_EQ(s.ED_ID_AK, 1);
-  EXPECT_TRUE(MoveToEARecord(s, 3));
-  EXPECT_EQ(s.EA_ID_AK, 3);
-  EXPECT_EQ(ToInteger(s.At("EA_EQUIP_ACTV").Field("EA_MO")), 3);
   EXPECT_EQ(run.TakeBoxes(), Texts{});
 }
 
 TEST_F(Records, that_are_missing_are_told_by_kind_and_key_and_leave_the_current_key) {
-  const std::int64_t pd = s.PD_ID_AK, sa = s.SA_ID_AK, ed = s.ED_ID_AK, ea = s.EA_ID_AK;
+  const std::int64_t pd = s.PD_ID_AK, sa = s.SA_ID_AK;
   EXPECT_FALSE(MoveToPDRecord(s, 97));
   EXPECT_FALSE(MoveToPARecord(s, 96));
-  EXPECT_FALSE(MoveToEDRecord(s, 95));
-  EXPECT_FALSE(MoveToEARecord(s, 94));
   EXPECT_FALSE(MoveToPAActvRecordByMo(s, 2, 12, 2017));
-  EXPECT_EQ(run.TakeBoxes(),
-            (Texts{"Platform Desc ID 97 not found!", "Platform Actv ID 96 not found!", "Equip Desc ID 95 not found!",
-                   "Equip Activity ID 94 not found!", "Platform Actv ID 2 not found in MoveToPAActvRecordByMo!"}));
-  EXPECT_EQ((std::vector{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK}), (std::vector{pd, sa, ed, ea}));
+  EXPECT_EQ(run.TakeBoxes(), (Texts{"Platform Desc ID 97 not found!", "Platform Actv ID 96 not found!",
+                                    "Platform Actv ID 2 not found in MoveToPAActvRecordByMo!"}));
+  EXPECT_EQ((std::vector{s.PD_ID_AK, s.SA_ID_AK}), (std::vector{pd, sa}));
 }
 
 TEST_F(Records, are_found_again_after_a_find_that_failed) {
@@ -71,11 +63,9 @@ TEST_F(Records, are_found_again_after_a_find_that_failed) {
   EXPECT_EQ(NullToEmpty(s.At("PD_PLATFORM_DESC").Field("CMPLX_ID_NUM")), "1002");
 }
 
-TEST_F(Records, are_found_from_behind_the_last_row) {
+TEST_F(Records, are_found_from_the_last_row) {
   Cursor& pd = s.At("PD_PLATFORM_DESC");
   pd.MoveLast();
-  pd.Leave();
-  ASSERT_TRUE(pd.EOF_());
   EXPECT_TRUE(MoveToPDRecord(s, 1));
   EXPECT_EQ(ToInteger(pd.Field("PD_ID_AK")), 1);
 }
@@ -112,13 +102,13 @@ TEST_F(Records, that_are_current_are_found_while_another_cursor_is_in_a_change) 
 }
 
 TEST_F(Records, that_a_statement_deleted_are_found_until_their_cursor_is_requeried) {
-  ASSERT_TRUE(MoveToEDRecord(s, 1));
-  s.db.Execute("DELETE FROM ED_EQUIP_DESC");
-  EXPECT_TRUE(MoveToEDRecord(s, 1));
+  ASSERT_TRUE(MoveToPDRecord(s, 2));
+  s.db.Execute("DELETE FROM PD_PLATFORM_DESC WHERE PD_ID_AK=2");
+  EXPECT_TRUE(MoveToPDRecord(s, 2));
   EXPECT_EQ(run.TakeBoxes(), Texts{});
-  s.At("ED_EQUIP_DESC").Requery();
-  EXPECT_FALSE(MoveToEDRecord(s, 1));
-  EXPECT_EQ(run.TakeBoxes(), Texts{"Equip Desc ID 1 not found!"});
+  s.At("PD_PLATFORM_DESC").Requery();
+  EXPECT_FALSE(MoveToPDRecord(s, 2));
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Platform Desc ID 2 not found!"});
 }
 
 // ---- the rows of an equipment ----

@@ -43,23 +43,9 @@ class Structures : public testing::Test {
 
 TEST_F(Structures, are_opened_on_the_first_row) {
   EXPECT_EQ(Id(), 10);
-  EXPECT_FALSE(at->BOF());
-  EXPECT_FALSE(at->EOF_());
+  EXPECT_TRUE(at->HasRow());
   at->MoveLast();
   EXPECT_EQ(Id(), 30);
-}
-
-TEST_F(Structures, have_no_current_row_once_it_was_left) {
-  at->MoveLast();
-  at->Leave();
-  EXPECT_FALSE(at->HasRow());
-  EXPECT_TRUE(at->EOF_());
-  EXPECT_FALSE(at->BOF());
-  EXPECT_EQ(FaultOf([&] { Id(); }), 3021);
-  EXPECT_EQ(FaultOf([&] { at->Edit(); }), 3021);
-  EXPECT_EQ(FaultOf([&] { at->Delete(); }), 3021);
-  at->MoveFirst();
-  EXPECT_EQ(Id(), 10);
 }
 
 TEST_F(Structures, count_to_zero_exactly_when_there_are_none) {
@@ -68,22 +54,19 @@ TEST_F(Structures, count_to_zero_exactly_when_there_are_none) {
   EXPECT_TRUE(at->IsEmpty());
 }
 
-TEST_F(Structures, are_neither_before_nor_behind_anything_when_there_are_none) {
+TEST_F(Structures, have_no_current_row_when_there_are_none) {
   Cursor none(db, "EA_FLA");
-  EXPECT_TRUE(none.BOF());
-  EXPECT_TRUE(none.EOF_());
   EXPECT_FALSE(none.HasRow());
   EXPECT_EQ(FaultOf([&] { none.Field("OP_HR"); }), 3021);
   none.MoveFirst();
   none.MoveLast();
-  EXPECT_TRUE(none.BOF() && none.EOF_());
+  EXPECT_FALSE(none.HasRow());
 }
 
 // ---- finds ----
 
 TEST_F(Structures, are_found_by_a_column_without_regard_to_its_case_or_that_of_the_text) {
   EXPECT_TRUE(at->FindFirst({{"area", std::string("gi")}}));
-  EXPECT_FALSE(at->NoMatch());
   EXPECT_EQ(Id(), 30);
 }
 
@@ -106,15 +89,16 @@ TEST_F(Structures, are_found_by_a_condition_of_the_caller_s_own) {
 
 TEST_F(Structures, leave_no_current_row_after_a_find_without_a_match) {
   EXPECT_FALSE(at->FindFirst({{"PD_ID_AK", std::int64_t{99}}}));
-  EXPECT_TRUE(at->NoMatch());
+  EXPECT_FALSE(at->HasRow());
   EXPECT_EQ(FaultOf([&] { Id(); }), 3021);
+  EXPECT_EQ(FaultOf([&] { at->Edit(); }), 3021);
   EXPECT_TRUE(at->FindFirst({{"PD_ID_AK", std::int64_t{20}}}));
   EXPECT_EQ(Id(), 20);
 }
 
 TEST_F(Structures, match_no_null) {
   EXPECT_FALSE(at->FindFirst({{"Block", Null{}}}));
-  EXPECT_TRUE(at->NoMatch());
+  EXPECT_FALSE(at->HasRow());
 }
 
 TEST_F(Structures, take_an_apostrophe_as_part_of_the_text) {
@@ -193,15 +177,6 @@ TEST_F(Structures, get_a_row_without_any_value) {
   config.Update();
   EXPECT_FALSE(config.IsEmpty());
   EXPECT_TRUE(IsNull(config.Field("sys_yr")));
-}
-
-TEST_F(Structures, that_are_deleted_keep_their_cursor_on_what_it_read) {
-  at->FindFirst({{"PD_ID_AK", std::int64_t{20}}});
-  at->Delete();
-  EXPECT_EQ(ToInteger(db.Single("SELECT COUNT(*) FROM PD_PLATFORM_DESC")), 2);
-  EXPECT_EQ(Name(), "N20");
-  at->MoveLast();
-  EXPECT_EQ(Id(), 30);
 }
 
 TEST_F(Structures, that_a_statement_deleted_keep_the_cursor_until_it_is_requeried) {

@@ -318,8 +318,6 @@ TEST_F(Lookups, of_the_finds_by_key_are_searches) {
   lookup("structure", [&] { return MoveToPDRecord(s, s.PD_ID_AK); });
   lookup("structure month", [&] { return MoveToPARecord(s, s.SA_ID_AK); });
   lookup("structure month by its month", [&] { return MoveToPAActvRecordByMo(s, s.PD_ID_AK, 1, 2017); });
-  lookup("equipment", [&] { return MoveToEDRecord(s, s.ED_ID_AK); });
-  lookup("equipment month", [&] { return MoveToEARecord(s, s.EA_ID_AK); });
   lookup("record of a sheet", [&] { return FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"); });
   lookup("record of a structure", [&] { return FindStructureRecord(s); });
   lookup("operator", [&] { return FindOperatorRecord(s); });
