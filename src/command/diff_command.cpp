@@ -3,20 +3,10 @@
 #include "command/diff.h"
 #include "command/inventory_file.h"
 #include "command/lines.h"
+#include "store/value_json.h"
 
 namespace merlu {
 namespace {
-
-Json ValueOf(const Value& value) {
-  return std::visit(
-      [](const auto& held) -> Json {
-        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Null>)
-          return nullptr;
-        else
-          return held;
-      },
-      value);
-}
 
 std::string InWords(const Value& value) {
   const std::string text = NullToEmpty(value);
@@ -56,8 +46,8 @@ Status ListDifferences(const Request& request, Console& console) {
     console.out << JsonLine({{"place", one.place},
                              {"table", one.table},
                              {"column", one.column},
-                             {"a", ValueOf(one.a)},
-                             {"b", ValueOf(one.b)}});
+                             {"a", ValueJson(one.a)},
+                             {"b", ValueJson(one.b)}});
   }
   return differences.empty() ? Status::kWell : Status::kSomething;
 }

@@ -20,6 +20,7 @@
 #include "shell/month_book_dialog.h"
 #include "shell/routing.h"
 #include "shell/status.h"
+#include "store/value_json.h"
 
 namespace merlu {
 namespace {

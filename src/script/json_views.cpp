@@ -173,17 +173,6 @@ void AddSession(Json& answer, const Session& s) {
   answer["focus"] = FocusOf(s);
 }
 
-Json ValueJson(const Value& value) {
-  return std::visit(
-      [](const auto& held) -> Json {
-        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Null>)
-          return nullptr;
-        else
-          return held;
-      },
-      value);
-}
-
 Json BoxJson(const Box& box, Button answer) {
   Json buttons = Json::array();
   for (Button button : box.buttons) buttons.push_back(ButtonName(button));

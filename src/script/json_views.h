@@ -13,7 +13,6 @@ Json ControlJson(const Form& form, const Control& control);
 Json TreeJson(const Tree& tree);
 // Members of the answer to `session`.
 void AddSession(Json& answer, const Session& s);
-Json ValueJson(const Value& value);
 Json BoxJson(const Box& box, Button answer);
 
 // One line; bytes that are no UTF-8 are replaced.

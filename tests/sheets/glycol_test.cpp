@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bounds.h"
+#include "same_rules.h"
 
 namespace merlu::test {
 namespace {
@@ -351,10 +351,7 @@ TEST(Glycol, locks_flash_tank_and_stripping_gas_fields_that_do_not_apply_and_kee
 }
 
 TEST(Glycol, withdraws_the_findings_of_fields_that_no_longer_apply) {
-  struct {
-    const char *list, *with, *without;
-    Texts tags;
-  } const cases[] = {
+  const std::vector<ListCase> cases = {
       {kFlashTank, "Yes", "No", {"Flash Tank Temperature", "Flash Tank Pressure"}},
       {kStripping, "Dry Gas", "None", {"Stripping Gas Flowrate"}},
       {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
@@ -370,18 +367,7 @@ TEST(Glycol, withdraws_the_findings_of_fields_that_no_longer_apply) {
        {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
         "Ventilation Outlet Orientation"}},
   };
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.Click("cmdEdit");
-  for (const auto& one : cases) {
-    run.Set(one.list, one.with);
-    run.Click("cmdQC");
-    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
-    run.s.db.Execute("UPDATE QC SET Comments='known'");
-    run.Set(one.list, one.without);
-    run.Click("cmdQC");
-    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), "") << tag;
-  }
+  ExpectWithdrawnWithoutTheChoice({"GLY", "G1"}, cases);
 }
 
 TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_their_values) {
@@ -443,51 +429,20 @@ TEST(Glycol, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts) 
 // ---- the structure's throughput ----
 
 TEST(Glycol, may_not_process_more_than_its_structure) {
-  struct {
-    const char *total, *throughput, *finding;
-  } const cases[] = {{"NULL", "10", ""},
-                     {"0", "10", ""},
-                     {"0.4", "10", ""},
-                     {"0.6", "10", kExceeds},
-                     {"10", "10", ""},
-                     {"10", "10.5", kExceeds},
-                     {"100", "15501", kExceeds},
-                     {"20000", "15501", "Value not in expected range (0 to 15500)"},
-                     {"10", "", kBlankFinding},
-                     {"10", "9.5", ""},
-                     {"1000", "1000.00001", ""},  // the same in single precision
-                     {"1000", "1000.001", kExceeds}};
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.GoTo("GLY", "G1", Mode::kActv);
-  run.Click("cmdEdit");
-  for (const auto& one : cases) {
-    run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET THRU_NG=") + one.total);
-    run.Set(kThroughput, one.throughput);
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Processed Throughput"), one.finding) << one.throughput << " of " << one.total;
-    EXPECT_EQ(run.At(kThroughput).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag)
-        << one.throughput << " of " << one.total;
-  }
+  ExpectNoMoreThanTheStructure(
+      {"GLY", "G1"},
+      {"THRU_NG", kThroughput, "Processed Throughput", kExceeds, 15500, {"1000", "1000.00001", "1000.001"}});
 }
 
 // ---- colours ----
 
 TEST(Glycol, looks_passed_again_once_a_required_field_is_filled) {
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.Click("cmdEdit");
-  run.Set(kDevice, "Yes");
-  run.Click("cmdQC");
-  const Values choices = {{"cmbGLY_Disposition", "routed to system"},
-                          {kFlashTank, "No"},
-                          {kStripping, "None"},
-                          {kTechnology, "None"},
-                          {"txtGLY_OtherControlDesc", "scrubber"}};
-  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kFlag) << name;
-  run.Put(choices);
-  run.Click("cmdQC");
-  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kWindow) << name;
+  const Values fields = {{"cmbGLY_Disposition", "routed to system"},
+                         {kFlashTank, "No"},
+                         {kStripping, "None"},
+                         {kTechnology, "None"},
+                         {"txtGLY_OtherControlDesc", "scrubber"}};
+  ExpectPassedOnceFilled({"GLY", "G1"}, {{kDevice, "Yes"}}, fields);
 }
 
 TEST(Glycol, marks_an_efficiency_only_while_it_is_filled) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers.h"
-#include "bounds.h"
+#include "same_rules.h"
 
 namespace merlu::test {
 namespace {
@@ -338,10 +338,7 @@ TEST(Loading, withdraws_what_stands_on_its_destination_unless_that_is_local) {
 }
 
 TEST(Loading, withdraws_the_findings_of_fields_that_no_longer_apply) {
-  struct {
-    const char *list, *with, *without;
-    Texts tags;
-  } const cases[] = {
+  const std::vector<ListCase> cases = {
       {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
       {kDevice, "Yes", "No", {"Other Control Equipment Descript."}},
       {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
@@ -355,18 +352,7 @@ TEST(Loading, withdraws_the_findings_of_fields_that_no_longer_apply) {
        {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
         "Ventilation Outlet Orientation"}},
   };
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  run.Click("cmdEdit");
-  for (const auto& one : cases) {
-    run.Set(one.list, one.with);
-    run.Click("cmdQC");
-    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
-    run.s.db.Execute("UPDATE QC SET Comments='known'");
-    run.Set(one.list, one.without);
-    run.Click("cmdQC");
-    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), "") << tag;
-  }
+  ExpectWithdrawnWithoutTheChoice({"LOA", "L1"}, cases);
 }
 
 TEST(Loading, without_another_control_device_keeps_its_efficiency_and_raises_nothing) {
@@ -415,50 +401,18 @@ TEST(Loading, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts)
 // ---- the structure's throughput ----
 
 TEST(Loading, may_not_load_more_than_its_structure_passes) {
-  struct {
-    const char *total, *volume, *finding;
-  } const cases[] = {{"NULL", "10", ""},
-                     {"0", "10", ""},
-                     {"0.4", "10", ""},
-                     {"0.6", "10", kExceeds},
-                     {"10", "10", ""},
-                     {"10", "10.5", kExceeds},
-                     {"100", "5000001", kExceeds},
-                     {"6000000", "5000001", "Value not in expected range (0 to 5000000)"},
-                     {"10", "", kBlankFinding},
-                     {"10", "9.5", ""},
-                     {"4000000", "4000000.1", ""},  // the same in single precision
-                     {"4000000", "4000000.5", kExceeds}};
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  run.GoTo("LOA", "L1", Mode::kActv);
-  run.Click("cmdEdit");
-  for (const auto& one : cases) {
-    run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET THRU_OIL=") + one.total);
-    run.Set(kVolume, one.volume);
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Volume Loaded"), one.finding) << one.volume << " of " << one.total;
-    EXPECT_EQ(run.At(kVolume).back, *one.finding == '\0' ? Back::kWindow : Back::kFlag)
-        << one.volume << " of " << one.total;
-  }
+  ExpectNoMoreThanTheStructure(
+      {"LOA", "L1"}, {"THRU_OIL", kVolume, "Volume Loaded", kExceeds, 5000000, {"4000000", "4000000.1", "4000000.5"}});
 }
 
 // ---- colours ----
 
 TEST(Loading, looks_passed_again_once_a_required_field_is_filled) {
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  run.Click("cmdEdit");
-  run.Set(kDevice, "Yes");
-  run.Click("cmdQC");
-  const Values choices = {{"cmbLOA_TankPaintColor", "Grey/Light"},
-                          {"cmbLOA_TankPaintCondition", "Good"},
-                          {kTechnology, "None"},
-                          {"txtLOA_OtherControlDesc", "scrubber"}};
-  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kFlag) << name;
-  run.Put(choices);
-  run.Click("cmdQC");
-  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kWindow) << name;
+  const Values fields = {{"cmbLOA_TankPaintColor", "Grey/Light"},
+                         {"cmbLOA_TankPaintCondition", "Good"},
+                         {kTechnology, "None"},
+                         {"txtLOA_OtherControlDesc", "scrubber"}};
+  ExpectPassedOnceFilled({"LOA", "L1"}, {{kDevice, "Yes"}}, fields);
 }
 
 }  // namespace

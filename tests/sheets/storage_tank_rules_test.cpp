@@ -1,3 +1,4 @@
+#include "same_rules.h"
 #include "storage_tank.h"
 
 namespace merlu::test {
@@ -150,10 +151,7 @@ TEST(StorageTank, blank_in_its_description_lacks_these_in_their_order) {
 // ---- conditions ----
 
 TEST(StorageTank, withdraws_the_findings_of_fields_that_no_longer_apply) {
-  struct {
-    const char *list, *with, *without;
-    Texts tags;
-  } const cases[] = {
+  const std::vector<ListCase> cases = {
       {"cmbSTO_FixedRoof", "Yes", "No", {"Roof Height"}},
       {"cmbSTO_OtherControlDevice", "Yes", "No", {"Other Control Device Descript."}},
       {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
@@ -167,18 +165,7 @@ TEST(StorageTank, withdraws_the_findings_of_fields_that_no_longer_apply) {
        {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
         "Ventilation Outlet Orientation"}},
   };
-  TestRun run;
-  run.StartWith("STO", "T1");
-  run.Click("cmdEdit");
-  for (const auto& one : cases) {
-    run.Set(one.list, one.with);
-    run.Click("cmdQC");
-    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
-    run.s.db.Execute("UPDATE QC SET Comments='known'");
-    run.Set(one.list, one.without);
-    run.Click("cmdQC");
-    for (const std::string& tag : one.tags) EXPECT_EQ(run.Finding(tag), "") << tag;
-  }
+  ExpectWithdrawnWithoutTheChoice({"STO", "T1"}, cases);
 }
 
 TEST(StorageTank, checks_no_condenser_and_withdraws_what_stands_on_one_that_is_not_installed) {
@@ -292,53 +279,24 @@ TEST(StorageTank, forgets_what_explained_a_low_liquid_height_at_the_next_run) {
 // ---- the structure's throughput ----
 
 TEST(StorageTank, may_not_pass_more_than_its_structure) {
-  struct {
-    const char *total, *throughput, *finding;
-  } const cases[] = {{"NULL", "10", ""},
-                     {"0", "10", ""},
-                     {"0.4", "10", ""},
-                     {"0.6", "10", kExceeds},
-                     {"10", "10", ""},
-                     {"10", "10.5", kExceeds},
-                     {"100", "5000001", kExceeds},
-                     {"6000000", "5000001", "Value not in expected range (0 to 5000000)"},
-                     {"10", "", kBlankFinding},
-                     {"10", "9.5", ""},
-                     {"4000000", "4000000.1", ""},  // the same in single precision
-                     {"4000000", "4000000.5", kExceeds}};
-  TestRun run;
-  run.StartWith("STO", "T1");
-  run.GoTo("STO", "T1", Mode::kActv);
-  run.Click("cmdEdit");
-  for (const auto& one : cases) {
-    run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET THRU_OIL=") + one.total);
-    run.Set(kThroughput, one.throughput);
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Product Throughput"), one.finding) << one.throughput << " of " << one.total;
-  }
+  ExpectNoMoreThanTheStructure(
+      {"STO", "T1"},
+      {"THRU_OIL", kThroughput, "Product Throughput", kExceeds, 5000000, {"4000000", "4000000.1", "4000000.5"}});
 }
 
 // ---- colours ----
 
 TEST(StorageTank, looks_passed_again_once_a_required_field_is_filled) {
-  TestRun run;
-  run.StartWith("STO", "T1");
-  run.Click("cmdEdit");
-  run.Set("cmbSTO_OtherControlDevice", "Yes");
-  run.Click("cmdQC");
-  const Values choices = {{kShape, "Cylindrical"},
-                          {kOrientation, "Vertical"},
-                          {"cmbSTO_FixedRoof", "No"},
-                          {"cmbSTO_TankRoofType", "Flat"},
-                          {"cmbSTO_TankPaintColor", "White/NA"},
-                          {"cmbSTO_TankPaintCondition", "Good"},
-                          {"cmbSTO_ProductType", "Crude"},
-                          {kTechnology, "None"},
-                          {"txtSTO_OtherControlDesc", "scrubber"}};
-  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kFlag) << name;
-  run.Put(choices);
-  run.Click("cmdQC");
-  for (const auto& [name, text] : choices) EXPECT_EQ(run.At(name).back, Back::kWindow) << name;
+  const Values fields = {{kShape, "Cylindrical"},
+                         {kOrientation, "Vertical"},
+                         {"cmbSTO_FixedRoof", "No"},
+                         {"cmbSTO_TankRoofType", "Flat"},
+                         {"cmbSTO_TankPaintColor", "White/NA"},
+                         {"cmbSTO_TankPaintCondition", "Good"},
+                         {"cmbSTO_ProductType", "Crude"},
+                         {kTechnology, "None"},
+                         {"txtSTO_OtherControlDesc", "scrubber"}};
+  ExpectPassedOnceFilled({"STO", "T1"}, {{"cmbSTO_OtherControlDevice", "Yes"}}, fields);
 }
 
 }  // namespace

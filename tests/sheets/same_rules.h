@@ -1,0 +1,40 @@
+// Rules that several sheets share, tried on the sheet of one of them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sheets/bounds.h"
+
+namespace merlu::test {
+
+// The equipment that the rules are tried on.
+struct Piece {
+  const char *type, *id;
+};
+
+// Fields that apply with one choice of a list and not with the other.
+struct ListCase {
+  const char *list, *with, *without;
+  std::vector<std::string> tags;
+};
+// With the choice the blank fields are found; without it a run withdraws the findings, explained ones too.
+void ExpectWithdrawnWithoutTheChoice(const Piece& piece, const std::vector<ListCase>& cases);
+
+// A month's value that may not exceed what its structure passes.
+struct TotalRule {
+  const char* column;         // of PA_PLATFORM_ACTV: the structure's total
+  const char *control, *tag;  // of the value
+  const char* finding;
+  int most;  // the value's own upper bound, which is tried where the total is kept
+  struct {
+    const char *total, *same, *more;  // two values around a total, of which single precision tells only one from it
+  } single;
+};
+void ExpectNoMoreThanTheStructure(const Piece& piece, const TotalRule& rule);
+
+// Fields that are flagged while they are blank are no longer flagged once they hold these values. `setting` makes them
+// required.
+void ExpectPassedOnceFilled(const Piece& piece, const Values& setting, const Values& fields);
+
+}  // namespace merlu::test
