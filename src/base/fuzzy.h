@@ -20,7 +20,8 @@ class FuzzyWords {
  public:
   explicit FuzzyWords(std::string_view typed);
   bool empty() const { return words_.empty(); }
-  // How well they fit a thing by its name, or less by its place; 0 when one of them does not fit.
+  // How well they fit a thing by its name, or less by its place: the higher the better, 0 when one of them does not
+  // fit.
   int Fit(const FuzzyText& name, const FuzzyText& place) const;
 
  private:

@@ -187,7 +187,7 @@ Bound& FormBinding::AddField(const Control& control, QWidget* parent, bool with_
   }
   if (!takes_width) line->addStretch(1);
   if (!with_caption) return bound;
-  bound.caption = new QLabel(CaptionOf(control), parent);
+  bound.caption = new QLabel(LabelText(control), parent);
   bound.caption->setWordWrap(true);
   bound.caption->setAlignment(Qt::AlignRight | (control.lines ? Qt::AlignTop : Qt::AlignVCenter));
   bound.caption->setTextFormat(Qt::PlainText);

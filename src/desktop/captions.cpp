@@ -17,14 +17,14 @@ QString WholeUnit(QString caption) {
 
 }  // namespace
 
-QString CaptionOf(const Control& control) {
+QString LabelText(const Control& control) {
   if (!control.caption.empty()) return WholeUnit(QString::fromStdString(control.caption));
   return control.tag.empty() ? QString() : QString::fromStdString(control.tag) + ":";
 }
 
 QString SpokenCaption(const Control& control) {
   static const QRegularExpression mnemonic("&(.)");
-  return CaptionOf(control).replace(mnemonic, "\\1").replace(QChar::Nbsp, ' ');
+  return LabelText(control).replace(mnemonic, "\\1").replace(QChar::Nbsp, ' ');
 }
 
 QString UnitOf(const Control& control) {

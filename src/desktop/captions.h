@@ -8,7 +8,7 @@
 namespace merlu {
 
 // The control's caption as a label shows it ('&&' is one '&'); the tag and a colon for a field without a caption.
-QString CaptionOf(const Control& control);
+QString LabelText(const Control& control);
 // The unit of a number, from the brackets of its caption; empty without them.
 QString UnitOf(const Control& control);
 // The caption as it is read aloud, without the marks of access keys.

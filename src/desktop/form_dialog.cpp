@@ -177,7 +177,7 @@ void FormDialog::AddLabel(const Control& control) {
 }
 
 void FormDialog::AddList(const Control& control) {
-  auto* caption = new QLabel(CaptionOf(control), this);
+  auto* caption = new QLabel(LabelText(control), this);
   QWidget* list = binding_.AddList(control, this).widget;
   caption->setBuddy(list);
   const int columns = static_cast<int>(control.columns.size());

@@ -145,7 +145,7 @@ void SheetView::ShowLine() {
   QPalette colours = palette();
   colours.setColor(QPalette::WindowText, EditingRed(palette()));
   line_->setPalette(colours);
-  line_->setText(CaptionOf(*control) + " " + Q(finding));
+  line_->setText(LabelText(*control) + " " + Q(finding));
 }
 
 bool SheetView::IsInside(const Control& control, const std::string& ancestor) const {

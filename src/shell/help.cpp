@@ -18,7 +18,7 @@ namespace merlu {
 namespace {
 
 constexpr std::string_view kRetiredType = "PUM";
-constexpr std::string_view kUserPage = "User help.rtf", kStructurePage = "Structure help.rtf";
+constexpr std::string_view kGridPage = "Month grid help.rtf";
 
 // Where the help speaks of a dialog: without a control, of all of it.
 struct DialogHelp {
@@ -26,24 +26,24 @@ struct DialogHelp {
 };
 
 constexpr DialogHelp kDialogHelp[] = {
-    {names::frmNewUser, "", kUserPage, "The_operator_s_screen"},
-    {names::frmNewStructure, "", kStructurePage, ""},
-    {names::frmNewStructure, names::txtComplxID, kStructurePage, names::txtSTRUCTURE_CmplxID},
-    {names::frmNewStructure, names::txtStructID, kStructurePage, names::txtSTRUCTURE_StructID},
-    {names::frmNewStructure, names::txtArea, kStructurePage, names::txtSTRUCTURE_Area},
-    {names::frmNewStructure, names::txtBlock, kStructurePage, names::txtSTRUCTURE_Block},
-    {names::frmNewStructure, names::txtName, kStructurePage, names::txtSTRUCTURE_Name},
-    {names::frmNewEquipment, "", kStructurePage, names::cmdSTRUCTURE_AddEquip},
-    {names::frmQCComment, "", kUserPage, "Quality_rules"},
-    {names::frmExportSurvey, "", kUserPage, "Handing_in"},
-    {names::frmExportInventory, "", kUserPage, "Handing_in"},
-    {names::frmExportStructure, "", kUserPage, "Moving_structures"},
-    {names::frmImportStructure, "", kUserPage, "Moving_structures"},
+    {names::frmNewUser, "", help_page::kOperator, "The_operator_s_screen"},
+    {names::frmNewStructure, "", help_page::kStructure, ""},
+    {names::frmNewStructure, names::txtComplxID, help_page::kStructure, names::txtSTRUCTURE_CmplxID},
+    {names::frmNewStructure, names::txtStructID, help_page::kStructure, names::txtSTRUCTURE_StructID},
+    {names::frmNewStructure, names::txtArea, help_page::kStructure, names::txtSTRUCTURE_Area},
+    {names::frmNewStructure, names::txtBlock, help_page::kStructure, names::txtSTRUCTURE_Block},
+    {names::frmNewStructure, names::txtName, help_page::kStructure, names::txtSTRUCTURE_Name},
+    {names::frmNewEquipment, "", help_page::kStructure, names::cmdSTRUCTURE_AddEquip},
+    {names::frmQCComment, "", help_page::kOperator, "Quality_rules"},
+    {names::frmExportSurvey, "", help_page::kOperator, "Handing_in"},
+    {names::frmExportInventory, "", help_page::kOperator, "Handing_in"},
+    {names::frmExportStructure, "", help_page::kOperator, "Moving_structures"},
+    {names::frmImportStructure, "", help_page::kOperator, "Moving_structures"},
     {names::frmFindings, "", "Findings help.rtf", ""},
     {names::frmCompleteness, "", "Completeness help.rtf", ""},
     {names::frmHandIn, "", "Hand-in help.rtf", ""},
-    {names::frmGrid, "", "Month grid help.rtf", ""},
-    {names::frmPaste, "", "Month grid help.rtf", "Pasting"},
+    {names::frmGrid, "", kGridPage, ""},
+    {names::frmPaste, "", kGridPage, "Pasting"},
     {names::frmStrip, "", "Twelve months help.rtf", ""},
     {names::frmReadPlan, "", "Month workbook help.rtf", ""},
     {names::frmImportPlan, "", "Import preview help.rtf", ""},
@@ -90,9 +90,9 @@ std::string BesideProgram(Session& s, const std::string& file) {
 }  // namespace
 
 std::string HelpFile(std::string_view level, std::string_view type) {
-  if (level == level::kUser) return "User help.rtf";
-  if (level == level::kSurvey) return "Survey help.rtf";
-  if (level == level::kStructure) return "Structure help.rtf";
+  if (level == level::kUser) return help_page::kOperator;
+  if (level == level::kSurvey) return help_page::kSurvey;
+  if (level == level::kStructure) return help_page::kStructure;
   const bool known = type == kRetiredType || FindType(type) != nullptr;
   return level == level::kEquipment && known ? std::string(type) + " help.rtf" : "";
 }
@@ -131,7 +131,8 @@ void ShowDialogHelp(Session& s, const std::string& dialog, const std::string& co
 std::vector<std::string> ScreenHelpFiles() {
   std::vector<std::string> files;
   for (const DialogHelp& row : kDialogHelp)
-    if (row.bookmark.empty() && row.file != kStructurePage && row.file != kUserPage) files.emplace_back(row.file);
+    if (row.bookmark.empty() && row.file != help_page::kStructure && row.file != help_page::kOperator)
+      files.emplace_back(row.file);
   return files;
 }
 

@@ -9,6 +9,17 @@
 
 namespace merlu {
 
+// The pages of the levels above the equipment; a type's page is its code and " help.rtf".
+namespace help_page {
+inline constexpr const char* kOperator = "User help.rtf";
+inline constexpr const char* kSurvey = "Survey help.rtf";
+inline constexpr const char* kStructure = "Structure help.rtf";
+// Documents for the system's reader.
+inline constexpr const char* kGuide = "User guide.html";
+inline constexpr const char* kRules = "Quality rules.html";
+inline constexpr const char* kScripting = "Scripting.html";
+}  // namespace help_page
+
 // Name of the file for a level and, at equipment, a type; empty when there is none. It also knows the type PUM,
 // which no record uses any more.
 std::string HelpFile(std::string_view level, std::string_view type);

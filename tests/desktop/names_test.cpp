@@ -66,7 +66,7 @@ void ExpectCaptions(QWidget& top, const Form& form, const std::string& frame) {
     if (!is_field || !in_frame(control)) continue;
     auto* field = top.findChild<QWidget*>(QString::fromStdString(control.name));
     ASSERT_NE(field, nullptr) << control.name;
-    EXPECT_FALSE(CaptionOf(control).isEmpty()) << control.name;
+    EXPECT_FALSE(LabelText(control).isEmpty()) << control.name;
     EXPECT_EQ(SpokenName(*field).toStdString(), SpokenCaption(control).toStdString());
     int captions = 0, beside = 0;
     for (const auto* label : labels) {
@@ -74,7 +74,7 @@ void ExpectCaptions(QWidget& top, const Form& form, const std::string& frame) {
       ++(label->parentWidget() == field->parentWidget() ? beside : captions);
       // the caption that shows may hold its unit together; what a choice is named by is plain words
       const bool shows = label->parentWidget() != field->parentWidget();
-      EXPECT_EQ(label->text().toStdString(), (shows ? CaptionOf(control) : SpokenCaption(control)).toStdString());
+      EXPECT_EQ(label->text().toStdString(), (shows ? LabelText(control) : SpokenCaption(control)).toStdString());
     }
     EXPECT_EQ(captions, 1) << control.name;
     // a list's own name is its choice: assistive programs name it by a label beside it

@@ -485,10 +485,10 @@ TEST(Colours, of_borders_are_stark_where_the_desktop_is) {
 TEST(Captions, keep_a_unit_of_several_words_on_one_line) {
   Control control;
   control.caption = "Stack Outlet Elevation (ft msl):";
-  EXPECT_EQ(CaptionOf(control), QString("Stack Outlet Elevation (ft\u00A0msl):"));
+  EXPECT_EQ(LabelText(control), QString("Stack Outlet Elevation (ft\u00A0msl):"));
   EXPECT_EQ(SpokenCaption(control), "Stack Outlet Elevation (ft msl):");
   control.caption = "Emissions (of all the equipment that stands here):";
-  EXPECT_EQ(CaptionOf(control).toStdString(), control.caption);
+  EXPECT_EQ(LabelText(control).toStdString(), control.caption);
 }
 
 }  // namespace
