@@ -20,6 +20,7 @@
 #include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
 #include "forms/pasted.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {
@@ -233,9 +234,8 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
     acts_.Do([&] { return act::Pick(acts_.s.desk, form_, name, {rows.begin(), rows.end()}); });
   });
   list->ChooseWidths(Q(acts_.s.platform.Setting(kWidthsSection, name)));
-  connect(list, &ResultsList::WidthsChosen, this, [this, list, name] {
-    acts_.s.platform.StoreSetting(kWidthsSection, name, list->ChosenWidths().toStdString());
-  });
+  connect(list, &ResultsList::WidthsChosen, this,
+          [this, list, name] { KeepSetting(acts_.s, kWidthsSection, name, list->ChosenWidths().toStdString()); });
   connect(list, &ResultsList::Opened, this, [this, list, name] {
     if (!list->usable() && open_row) return open_row(name, list->Picked().value(0, -1));
     acts_.Do([&] { return act::DoubleClick(acts_.s.desk, form_, name); });

@@ -9,8 +9,8 @@
 namespace merlu {
 namespace {
 
-constexpr int kMargin = 12, kBetweenBlocks = 16, kBetweenRows = 8, kBetweenColumns = 28, kToField = 10;
-constexpr int kNarrowestColumn = 380, kNarrowestNotes = 280, kNoteGap = 3;
+constexpr int kBetweenBlocks = 16, kBetweenRows = 8, kBetweenColumns = 28, kToField = 10;
+constexpr int kNarrowestColumn = 380, kNoteGap = 3;
 
 // On one line.
 int NoteWidth(const QLabel& note) {
@@ -18,6 +18,16 @@ int NoteWidth(const QLabel& note) {
 }
 
 }  // namespace
+
+BlocksPanel::BlocksPanel(QWidget* parent)
+    : QWidget(parent), nothing_(new QLabel(tr("Nothing to enter here: this page is filled in month by month."), this)) {
+  nothing_->setObjectName("nothingHere");
+  nothing_->setAlignment(Qt::AlignCenter);
+  nothing_->setWordWrap(true);
+  QPalette quiet = nothing_->palette();
+  quiet.setColor(QPalette::WindowText, Quiet(quiet));
+  nothing_->setPalette(quiet);
+}
 
 BlocksPanel::Block& BlocksPanel::BlockOf(const std::string& heading) {
   const auto found = std::find_if(blocks_.begin(), blocks_.end(), [&](const Block& b) { return b.heading == heading; });
@@ -27,6 +37,7 @@ BlocksPanel::Block& BlocksPanel::BlockOf(const std::string& heading) {
   bold.setBold(true);
   title->setFont(bold);
   title->setTextFormat(Qt::PlainText);
+  title->setWordWrap(true);
   QPalette quiet = title->palette();
   quiet.setColor(QPalette::WindowText, Quiet(quiet));
   title->setPalette(quiet);
@@ -75,7 +86,7 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   QLabel* caption = row.bound->caption;
   const int left = x + caption_width + kToField;
   const int room = x + width - left;
-  if (row.bound->control->lines && caption != nullptr && room < kNarrowestNotes)
+  if (row.bound->control->lines && caption != nullptr)
     return PlaceBelowCaption(*row.bound, QRect(x, y, width, 0), move);
   const int field_height = field->sizeHint().height();
   // after the field when both fit, otherwise below it
@@ -88,12 +99,10 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   const int remark_height = remark == nullptr || remark->isHidden() ? 0 : remark->heightForWidth(room) + kNoteGap;
   if (!move) return height + note_height + remark_height;
   if (remark_height > 0) remark->setGeometry(left, y + height + note_height + kNoteGap, room, remark_height - kNoteGap);
-  const int shown_height = row.bound->control->lines ? height : field_height;
-  field->setGeometry(left, y + (height - shown_height) / 2, room - note_width, shown_height);
+  field->setGeometry(left, y + (height - field_height) / 2, room - note_width, field_height);
   if (below) row.note->setGeometry(left, y + height + kNoteGap, room, note_height - kNoteGap);
   if (note_width > 0) row.note->setGeometry(x + width - note_width + kToField, y, note_width - kToField, height);
-  if (row.bound->control->lines && caption != nullptr) caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
-  if (caption != nullptr) caption->setGeometry(x, y + (row.bound->control->lines ? 4 : 0), caption_width, height);
+  if (caption != nullptr) caption->setGeometry(x, y, caption_width, height);
   return height + note_height + remark_height;
 }
 
@@ -106,7 +115,7 @@ int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width,
   if (!visible) return 0;
   int at = y;
   if (!block.heading.empty()) {
-    const int title_height = block.title->sizeHint().height();
+    const int title_height = block.title->heightForWidth(width);
     if (move) {
       block.title->setGeometry(x, at, width, title_height);
       block.rule->setGeometry(x, at + title_height + 3, width, 1);
@@ -123,28 +132,32 @@ int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width,
 }
 
 void BlocksPanel::Arrange() {
-  const int room = width() - 2 * kMargin;
+  const int margin = IsLowScreen(*this) ? 4 : 12;
+  const int room = width() - 2 * margin;
   const int shown = static_cast<int>(std::count_if(blocks_.begin(), blocks_.end(), HasVisible));
   const int columns = shown > 1 && room >= 2 * kNarrowestColumn + kBetweenColumns ? 2 : 1;
   const int column = columns == 2 ? (room - kBetweenColumns) / 2 : std::min(room, 760);
   const int captions = CaptionWidth(column);
   int total = 0;
   for (Block& block : blocks_) total += Place(block, 0, 0, column, captions, false);
-  int x = kMargin, y = kMargin, tallest = 0;
+  int x = margin, y = margin, tallest = 0;
   for (Block& block : blocks_) {
     const int height = Place(block, 0, 0, column, captions, false);
     // the second column begins where the first would grow past its half
-    if (columns == 2 && x == kMargin && y > kMargin && height > 0 && y - kMargin + height / 2 > total / 2) {
+    if (columns == 2 && x == margin && y > margin && height > 0 && y - margin + height / 2 > total / 2) {
       x += column + kBetweenColumns;
-      y = kMargin;
+      y = margin;
     }
     Place(block, x, y, column, captions, true);
     y += height;
     tallest = std::max(tallest, y);
   }
+  nothing_->setVisible(shown == 0);
+  if (shown == 0) tallest = nothing_->heightForWidth(room) + 2 * margin;
   setMinimumHeight(tallest);
   // a page that became lower does not keep an empty end to scroll to
   if (parentWidget() != nullptr) resize(width(), std::max(tallest, parentWidget()->height()));
+  nothing_->setGeometry(margin, margin, room, height() - 2 * margin);
 }
 
 void BlocksPanel::resizeEvent(QResizeEvent* event) {

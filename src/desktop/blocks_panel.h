@@ -16,7 +16,7 @@ namespace merlu {
 class BlocksPanel : public QWidget {
   Q_OBJECT
  public:
-  explicit BlocksPanel(QWidget* parent) : QWidget(parent) {}
+  explicit BlocksPanel(QWidget* parent);
 
   // Adds a field below the heading; blocks are shown in the order in which they were first named.
   void Add(const std::string& heading, Bound& bound, QLabel* note);
@@ -48,6 +48,7 @@ class BlocksPanel : public QWidget {
   static int PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move);
 
   std::vector<Block> blocks_;
+  QLabel* nothing_;  // shows while no field does
   bool keeps_places_ = false;
 };
 

@@ -41,7 +41,8 @@ void ShowText(QWidget& widget, const Control& now) {
   } else if (auto* notes = qobject_cast<QPlainTextEdit*>(&widget)) {
     if (notes->toPlainText() != text) notes->setPlainText(text);
   } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
-    label->setText(text);
+    // a date that is not known leaves blanks behind its caption
+    label->setText(Q(now.text.substr(0, now.text.find_last_not_of(' ') + 1)));
   }
 }
 

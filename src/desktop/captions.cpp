@@ -5,26 +5,33 @@
 namespace merlu {
 namespace {
 
-// Keeps a unit of several words on one line.
-QString WholeUnit(QString caption) {
-  constexpr qsizetype kLongest = 16;
-  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
-  if (open >= 0 && close > open && close - open <= kLongest)
-    for (qsizetype at = open; at < close; ++at)
-      if (caption[at] == ' ') caption[at] = QChar::Nbsp;
-  return caption;
-}
+constexpr QChar kWordJoiner(0x2060);
 
 }  // namespace
 
+QString WithWholeUnit(QString caption) {
+  constexpr qsizetype kLongest = 16;
+  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
+  if (open < 0 || close < open || close - open > kLongest) return caption;
+  for (qsizetype at = close - 1; at > open; --at) {
+    if (caption[at] == ' ') caption[at] = QChar::Nbsp;
+    if (caption[at] == '/' || caption[at] == '-') caption.insert(at + 1, kWordJoiner);
+  }
+  return caption;
+}
+
+QString WithoutJoints(QString caption) {
+  return caption.replace(QChar::Nbsp, ' ').remove(kWordJoiner);
+}
+
 QString LabelText(const Control& control) {
-  if (!control.caption.empty()) return WholeUnit(QString::fromStdString(control.caption));
+  if (!control.caption.empty()) return WithWholeUnit(QString::fromStdString(control.caption));
   return control.tag.empty() ? QString() : QString::fromStdString(control.tag) + ":";
 }
 
 QString SpokenCaption(const Control& control) {
   static const QRegularExpression mnemonic("&(.)");
-  return LabelText(control).replace(mnemonic, "\\1").replace(QChar::Nbsp, ' ');
+  return WithoutJoints(LabelText(control).replace(mnemonic, "\\1"));
 }
 
 QString UnitOf(const Control& control) {

@@ -284,19 +284,10 @@ Button DesktopApp::Ask(const Box& box) {
   const auto pressed = static_cast<QMessageBox::StandardButton>(message.exec());
   if (busy) QApplication::restoreOverrideCursor();
   if (!held_.empty()) QTimer::singleShot(0, this, [this] { GiveKeys(kTriesToGive); });
-  if (again != nullptr && again->isChecked()) Keep(kUnwanted, box.setting, kSet);
+  if (again != nullptr && again->isChecked()) KeepSetting(session_, kUnwanted, box.setting, kSet);
   for (Button button : box.buttons)
     if (Standard(button) == pressed) return button;
   return LeastChange(box);
-}
-
-// A comfort: where settings cannot be written it lasts as long as the program.
-void DesktopApp::Keep(const std::string& section, const std::string& key, const std::string& value) {
-  try {
-    StoreSetting(section, key, value);
-  } catch (const Fault&) {
-    // failing to store such a choice is reported
-  }
 }
 
 std::string DesktopApp::AskFile(const FileQuestion& question) {
@@ -311,7 +302,7 @@ std::string DesktopApp::AskFile(const FileQuestion& question) {
   if (!question.name.empty()) dialog.selectFile(Q(question.name));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
   const QString path = dialog.selectedFiles().first();
-  if (save) Keep(kFolders, kSaved, QFileInfo(path).absolutePath().toStdString());
+  if (save) KeepSetting(session_, kFolders, kSaved, QFileInfo(path).absolutePath().toStdString());
   return path.toStdString();
 }
 

@@ -54,7 +54,6 @@ class DesktopApp : public QObject, public Platform, public RealHost {
   void HoldKeys();
   void GiveKeys(int tries);
   QAction* CommandFor(const HeldKey& key) const;
-  void Keep(const std::string& section, const std::string& key, const std::string& value);
   void Sync();
   void SyncSplash();
   DialogWindow* MakeDialog(Form& form);

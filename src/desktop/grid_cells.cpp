@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+#include "desktop/captions.h"
 #include "desktop/look.h"
 #include "desktop/model_list.h"
 
@@ -106,18 +107,6 @@ bool HasSign(const GridCell& cell) {
   return cell.locked && !cell.hint.empty();
 }
 
-QString WithWholeUnit(const QString& caption) {
-  constexpr QChar kJoiner(0x2060);
-  QString whole;
-  int depth = 0;
-  for (const QChar c : caption.simplified()) {
-    depth += c == '(' ? 1 : c == ')' ? -1 : 0;
-    whole += depth > 0 && c == ' ' ? QChar(QChar::Nbsp) : c;
-    if (depth > 0 && (c == '/' || c == '-')) whole += kJoiner;
-  }
-  return whole;
-}
-
 GridAdapter::GridAdapter(const Control& control, QObject* parent)
     : QAbstractTableModel(parent),
       grid_(*control.grid),
@@ -185,7 +174,7 @@ QVariant GridAdapter::data(const QModelIndex& index, int role) const {
 QVariant GridAdapter::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
   if (section >= columns_ || shape_ != grid_.Shape()) return {};
-  if (role == Qt::DisplayRole) return WithWholeUnit(Q(Head(section).caption));
+  if (role == Qt::DisplayRole) return WithWholeUnit(Q(Head(section).caption).simplified());
   if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return Q(Head(section).caption);
   return {};
 }

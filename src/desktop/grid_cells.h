@@ -11,9 +11,6 @@
 
 namespace merlu {
 
-// A caption whose unit, in brackets, stays on one line.
-QString WithWholeUnit(const QString& caption);
-
 // A cell that shows a state, with a sign in front of its text.
 inline constexpr int kSignWidth = 15;
 bool HasSign(const GridCell& cell);

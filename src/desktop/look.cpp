@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QDialogButtonBox>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleOption>
 #include <QTabBar>
 
@@ -94,6 +95,11 @@ QColor FaceColour(const QPalette& palette) {
   return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.015);
 }
 
+bool IsLowScreen(const QWidget& widget) {
+  constexpr int kLow = 480;
+  return widget.screen()->availableSize().height() < kLow;
+}
+
 QIcon ProgramIcon() {
   QIcon icon;
   for (const int size : kIconSizes) icon.addFile(QString(":/icons/%1/merlu.png").arg(size), {size, size});
@@ -181,6 +187,7 @@ QString StyleSheet(const QPalette& palette) {
     QTabWidget::pane { border: 1px solid %6; border-radius: 4px; top: -1px; background: %8; }
     QTabBar::tab { padding: 6px 14px; border: 1px solid %6; border-bottom: none; border-top-left-radius: 4px;
                    border-top-right-radius: 4px; margin-right: 2px; background: %5; color: %3; }
+    QTabBar[tight="true"]::tab { padding: 4px 8px; }
     QTabBar::tab:selected { background: %8; font-weight: bold; }
     QTabBar::tab:disabled { color: %7; }
     QTreeView { border: 1px solid %6; background: %2; alternate-background-color: %5; color: %3;
@@ -200,18 +207,22 @@ QString StyleSheet(const QPalette& palette) {
     QProgressBar::chunk { border-radius: 3px; background: %4; }
     QStatusBar QLabel { padding: 2px 10px; }
     QScrollArea { border: none; background: transparent; }
+    QScrollBar { background: %8; border: none; }
+    QScrollBar:vertical { width: 14px; }
+    QScrollBar:horizontal { height: 14px; }
+    QScrollBar::handle { background: %13; border-radius: 4px; margin: 3px; }
+    QScrollBar::handle:hover, QScrollBar::handle:pressed { background: %1; }
+    QScrollBar::handle:disabled { background: %6; }
+    QScrollBar::handle:vertical { min-height: 24px; }
+    QScrollBar::handle:horizontal { min-width: 24px; }
+    QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
   )");
   // where all backgrounds have the same colour the border shows which fields are open
   const QString stark = QStringLiteral(R"(
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { border-style: dashed; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { border-width: 2px; padding: 2px 5px; }
     QScrollBar { background: %2; border: 1px solid %6; }
-    QScrollBar:vertical { width: 16px; }
-    QScrollBar:horizontal { height: 16px; }
-    QScrollBar::handle { background: %6; margin: 2px; }
-    QScrollBar::handle:vertical { min-height: 24px; }
-    QScrollBar::handle:horizontal { min-width: 24px; }
-    QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+    QScrollBar::handle { background: %6; border-radius: 0; }
   )");
   const auto name = [](const QColor& colour) { return colour.name(); };
   const QColor ground = palette.color(QPalette::Window), ink = palette.color(QPalette::WindowText);
@@ -219,7 +230,8 @@ QString StyleSheet(const QPalette& palette) {
   return all.arg(name(Border(palette)), name(palette.color(QPalette::Base)), name(ink), name(Accent(palette)),
                  name(FaceColour(palette)), name(Line(palette)), name(Dimmed(palette)),
                  name(Mix(ground, palette.color(QPalette::Base), 0.5)), name(AccentGround(palette)),
-                 name(CopiedGround(palette)), name(CopiedFace(palette)), name(RestingGround(palette)));
+                 name(CopiedGround(palette)), name(CopiedFace(palette)), name(RestingGround(palette)),
+                 name(Mix(ground, ink, 0.35)));
 }
 
 }  // namespace merlu

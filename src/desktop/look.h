@@ -30,6 +30,9 @@ QColor CopiedFace(const QPalette& palette);     // the same in view
 // The contrast ratio of two colours, 1 to 21.
 double Contrast(const QColor& a, const QColor& b);
 
+// Whether the screen is so low that margins cost the fields their room: a laptop's at 200 %.
+bool IsLowScreen(const QWidget& widget);
+
 // The program's icon, in the sizes that are part of the program.
 QIcon ProgramIcon();
 

@@ -48,8 +48,9 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   connect(tree_, &TreePanel::MenuWanted, this, [this](const QPoint& at) { menus_->Menu(names::mnuEdit).popup(at); });
   auto* right = new QWidget(splitter_);
   auto* column = new QVBoxLayout(right);
-  column->setContentsMargins(14, 12, 14, 10);
-  column->setSpacing(10);
+  const bool low = IsLowScreen(*this);
+  column->setContentsMargins(low ? QMargins(8, 4, 8, 4) : QMargins(14, 12, 14, 10));
+  column->setSpacing(low ? 4 : 10);
   sheets_ = new QStackedWidget(right);
   blank_ = new QLabel(sheets_);
   blank_->setObjectName("blank");
@@ -259,7 +260,7 @@ QString MainWindow::Where() const {
   return parts.join("  ·  ");
 }
 
-void MainWindow::SyncSheet() {
+void MainWindow::SyncSheet(const QWidget* before) {
   SheetView* view = SheetToShow();
   if (view != nullptr) view->Sync(Where());
   QWidget* widget = blank_;
@@ -267,22 +268,23 @@ void MainWindow::SyncSheet() {
   if (sheets_->currentWidget() != widget) sheets_->setCurrentWidget(widget);
   if (view == nullptr) blank_->setText(WhatNext());
   if (view != nullptr) view->TakeFocus();
-  if (view != nullptr) SyncEdit(*view);
+  if (view != nullptr) SyncEdit(*view, before);
   if (s_.main->focus == names::tvwTree) {
     s_.main->focus.clear();
     tree().setFocus();
   }
 }
 
-// When an edit begins, on this record or on the next, the first open field gets the focus.
-void MainWindow::SyncEdit(SheetView& view) {
+// When an edit begins, on this record or on the next, the first open field gets the focus, unless the user was in one
+// already. What has the focus by now may have got it from a tree or a button that was disabled.
+void MainWindow::SyncEdit(SheetView& view, const QWidget* before) {
   const int node = s_.editing ? s_.tree.selected : -1;
   const bool begins = s_.editing && edited_ != node;
   const bool goes_on = begins && edited_ >= 0;
   edited_ = node;
   if (!begins) return;
   view.KeepTexts();
-  if (goes_on || !view.HasOpenFocus()) view.FocusFirstOpen();
+  if (goes_on || !view.IsOpenField(before)) view.FocusFirstOpen();
 }
 
 // Enter in the last field: pressed a second time, it saves and edits the next record.
@@ -306,6 +308,15 @@ QString MainWindow::WhatNext() const {
   return s_.tree.nodes.empty() ? QString() : tr("Choose a month, a structure or a piece of equipment in the tree.");
 }
 
+// A low screen has no room for a dock below the sheet. It floats at the lower edge, as low as it can be, so that the
+// title, the pages and the first fields of the sheet stay in view.
+void MainWindow::FloatBelow(DockWindow& dock) {
+  dock.setFloating(true);
+  const QRect room = screen()->availableGeometry();
+  const int height = std::min(dock.minimumSizeHint().height(), room.height() * 3 / 5);
+  dock.setGeometry(room.x(), room.bottom() + 1 - height, room.width(), height);
+}
+
 void MainWindow::SyncDocks() {
   for (const auto& form : s_.desk.forms) {
     if (form->dock.empty()) continue;
@@ -315,13 +326,7 @@ void MainWindow::SyncDocks() {
       dock = new DockWindow(acts_, *form, this);
       if (!restoreDockWidget(dock)) {
         addDockWidget(Qt::BottomDockWidgetArea, dock);
-        // a low screen has no room for it below the sheet
-        constexpr int kLowScreen = 480, kAround = 60;
-        const QSize room = screen()->availableSize();
-        if (room.height() < kLowScreen) {
-          dock->setFloating(true);
-          dock->resize(room.width() - kAround, room.height() * 3 / 5);
-        }
+        if (IsLowScreen(*this)) FloatBelow(*dock);
       }
     }
     if (form->visible) dock->Sync();
@@ -330,10 +335,11 @@ void MainWindow::SyncDocks() {
 }
 
 void MainWindow::Sync() {
+  const QWidget* before = focusWidget();
   setWindowTitle(Q(s_.main->caption));
   menus_->Sync();
   tree_->Sync();
-  SyncSheet();
+  SyncSheet(before);
   buttons_->Sync();
   SyncDocks();
   status_->Sync();

@@ -47,10 +47,11 @@ class MainWindow : public QMainWindow {
   // Help for the current screen, at the field that has the focus.
   void ShowHelpHere();
 
-  void SyncSheet();
-  void SyncEdit(SheetView& view);
+  void SyncSheet(const QWidget* before);
+  void SyncEdit(SheetView& view, const QWidget* before);
   QString WhatNext() const;
   void OfferNext();
+  void FloatBelow(DockWindow& dock);
   void SyncDocks();
   SheetView* SheetToShow();
   SheetView* ViewOf(Form& form, const std::string& frame);

@@ -13,6 +13,7 @@
 
 #include "base/text.h"
 #include "desktop/look.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {
@@ -230,7 +231,7 @@ void ModelList::KeepWidths() {
   chosen_ = true;
   QStringList widths;
   for (int column = 0; column < adapter_->columnCount(); ++column) widths << QString::number(columnWidth(column));
-  acts_.s.platform.StoreSetting(kWidthsSection, control_.name, widths.join(' ').toStdString());
+  KeepSetting(acts_.s, kWidthsSection, control_.name, widths.join(' ').toStdString());
 }
 
 void ModelList::Prepare() {

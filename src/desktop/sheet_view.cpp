@@ -41,7 +41,7 @@ SheetView::SheetView(Acts& acts, Form& form, const std::string& frame, QWidget* 
     if (control.kind == Kind::kTab && control.parent == frame) tab_ = control.name;
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
+  column->setSpacing(IsLowScreen(*this) ? 2 : 8);
   MakeBand();
   MakePages();
   line_ = new ElidedLabel(this);
@@ -83,12 +83,11 @@ bool SheetView::FocusFirstOpen() {
   return !fields.empty();
 }
 
-bool SheetView::HasOpenFocus() const {
-  const QWidget* focus = QApplication::focusWidget();
+bool SheetView::IsOpenField(const QWidget* widget) const {
   const std::vector<QWidget*> fields = binding_.OpenFields();
-  return std::any_of(fields.begin(), fields.end(), [&](const QWidget* field) {
-    return field == focus || (focus != nullptr && field->isAncestorOf(focus));
-  });
+  return widget != nullptr && std::any_of(fields.begin(), fields.end(), [&](const QWidget* field) {
+           return field == widget || field->isAncestorOf(widget);
+         });
 }
 
 void SheetView::FocusAnything() {
@@ -167,8 +166,9 @@ bool SheetView::IsOnPage(const Control& control, int page) const {
 void SheetView::MakeBand() {
   auto* band = new QWidget(this);
   auto* grid = new QGridLayout(band);
-  grid->setContentsMargins(0, 0, 0, 6);
-  grid->setVerticalSpacing(2);
+  const bool low = IsLowScreen(*this);
+  grid->setContentsMargins(0, 0, 0, low ? 2 : 6);
+  grid->setVerticalSpacing(low ? 0 : 2);
   title_ = new TitleLabel(band);
   where_ = new ElidedLabel(band);
   where_->setTextFormat(Qt::PlainText);
@@ -212,6 +212,7 @@ void SheetView::MakePages() {
   const Control& tab = binding_.form().At(tab_);
   tabs_ = static_cast<QTabWidget*>(binding_.AddTab(tab, this).widget);
   tabs_->setAccessibleName(tr("Pages"));
+  SetLook(*tabs_->tabBar(), "tight", IsLowScreen(*this));
   for (int page = 0; page < static_cast<int>(tab.items.size()); ++page) {
     auto* place = new QWidget(tabs_);
     FillPage(page, place);
@@ -245,8 +246,9 @@ void SheetView::AddTo(BlocksPanel& panel, const Control& control) {
 
 void SheetView::FillPage(int page, QWidget* place) {
   auto* column = new QVBoxLayout(place);
-  column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(8);
+  const int around = IsLowScreen(*this) ? 4 : 12;
+  column->setContentsMargins(around, around, around, around);
+  column->setSpacing(IsLowScreen(*this) ? 4 : 8);
   auto* panel = new BlocksPanel(place);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);

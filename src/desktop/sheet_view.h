@@ -31,7 +31,8 @@ class SheetView : public QWidget {
   void TakeFocus() { binding_.TakeFocus(); }
   // Gives the focus to the first open field of the page; false when there is none.
   bool FocusFirstOpen();
-  bool HasOpenFocus() const;
+  // Of the page, or a part of one.
+  bool IsOpenField(const QWidget* widget) const;
   // The sheet's part of a walk from part to part: the field that had the focus, or the first, or the pages.
   void FocusAnything();
   bool TakeBackField() { return binding_.TakeBackField(); }

@@ -10,11 +10,12 @@
 
 #include "desktop/fields.h"
 #include "desktop/flow_row.h"
+#include "desktop/look.h"
 
 namespace merlu {
 namespace {
 
-constexpr int kTableWidth = 480, kTableLines = 5, kFilterWidth = 160;
+constexpr int kTableWidth = 480, kTableLines = 5, kFewLines = 3, kFilterWidth = 160;
 
 bool IsTable(const Control& control) {
   return control.kind == Kind::kListView || control.kind == Kind::kGrid;
@@ -50,8 +51,10 @@ bool IsTablePanel(const Form& form) {
 void FillTablePanel(QWidget& place, FormBinding& binding) {
   const Form& form = binding.form();
   auto* column = new QVBoxLayout(&place);
-  column->setSpacing(8);
-  auto* fields = new FlowRow(16, 6);
+  const bool low = IsLowScreen(place) && !form.dock.empty();  // beside a sheet
+  column->setSpacing(low ? 4 : 8);
+  if (low) column->setContentsMargins(8, 2, 8, 2);
+  auto* fields = new FlowRow(16, low ? 2 : 6);
   auto* below = new QHBoxLayout;
   below->setSpacing(8);
   std::vector<QWidget*> buttons;
@@ -77,7 +80,7 @@ void FillTablePanel(QWidget& place, FormBinding& binding) {
     if (!IsTable(control)) continue;
     QWidget* table =
         control.kind == Kind::kGrid ? binding.AddGrid(control, &place).widget : binding.AddList(control, &place).widget;
-    table->setMinimumSize(kTableWidth, kTableLines * table->fontMetrics().height());
+    table->setMinimumSize(kTableWidth, (low ? kFewLines : kTableLines) * table->fontMetrics().height());
     column->addWidget(table, 1);
   }
   // as in every dialog Cancel comes before the main button, which is the last

@@ -33,9 +33,13 @@ void SettingsStore::Store(const std::string& section, const std::string& key, co
   const bool is_text = text.toStdString() == value;
   settings_->setValue(Key(section, key), is_text ? QVariant(text) : QVariant(QByteArray::fromStdString(value)));
   settings_->sync();
-  if (settings_->status() != QSettings::NoError)
+  const bool written = settings_->status() == QSettings::NoError;
+  const bool tell = !written && !told_;
+  told_ = !written;
+  if (tell)
     throw Fault(fault_number::kFileAccess, "MERLU settings",
-                "The settings cannot be written to " + settings_->fileName().toStdString() + ".");
+                "The settings cannot be written to " + settings_->fileName().toStdString() +
+                    ". What is chosen now lasts until the program ends.");
 }
 
 }  // namespace merlu

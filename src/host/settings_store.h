@@ -15,12 +15,13 @@ class SettingsStore {
   ~SettingsStore();
 
   std::string Value(const std::string& section, const std::string& key) const;
-  // kFileAccess when they cannot be written; this run keeps the value all the same.
+  // This run keeps the value also where the settings cannot be written; the first such failure is a kFileAccess.
   void Store(const std::string& section, const std::string& key, const std::string& value);
   QSettings& settings() { return *settings_; }
 
  private:
   std::unique_ptr<QSettings> settings_;
+  bool told_ = false;  // that they cannot be written
 };
 
 }  // namespace merlu

@@ -58,7 +58,7 @@ void RenderReport(Session& s, const InventoryRun& run, const std::string& path) 
   } catch (const Fault& fault) {
     HideWait(s);
     if (fault.number == fault_number::kFileAccess) return TellOfFile(s, kNoPermission, path, Icon::kStop);
-    return TellFaultNumberFirst(s, fault);
+    return TellFaultNumberFirst(s, fault, path);
   }
   HideWait(s);
   Say(s, "QA summary saved as " + FileName(path));
@@ -77,7 +77,7 @@ void RunInventoryQC(Session& s, const std::string& path) {
     RenderReport(s, run, path);
   } catch (const Fault& fault) {
     HideWait(s);
-    Tell(s, "Error displaying report. " + fault.description);
+    TellOfFile(s, "Error displaying report. " + fault.description, path);
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "shell/messages.h"
+
 namespace merlu {
 namespace {
 
@@ -23,7 +25,7 @@ void ShowDock(Session& s, Form& dock, bool show) {
   else
     s.desk.Hide(dock);
   CheckDockCommands(s);
-  s.platform.StoreSetting(kSection, dock.dock, show ? kShows : "");
+  KeepSetting(s, kSection, dock.dock, show ? kShows : "");
 }
 
 void RefreshDocks(Session& s) {

@@ -162,15 +162,15 @@ bool Write(Session& s, const std::string& file, const char* cut_failed, const Cu
   } catch (const Fault& fault) {
     const bool in_cut = cutting && !cut_done;
     if (in_cut && cut_failed == nullptr)
-      TellFault(s, fault);
+      TellFault(s, fault, file);
     else
       TellOfFile(s, in_cut ? cut_failed : "Failed to create export database", file);
     return false;
   }
 }
 
-void TellCompaction(Session& s, Compaction compaction) {
-  if (const std::string message = CompactionMessage(compaction); !message.empty()) Tell(s, message);
+void TellCompaction(Session& s, Compaction compaction, const std::string& file) {
+  if (const std::string message = CompactionMessage(compaction); !message.empty()) TellOfFile(s, message, file);
 }
 
 // ---- one survey, or all of them ----
@@ -215,10 +215,10 @@ void ExportPickedSurveys(Session& s, Form& form) {
   for (const Survey& survey : surveys) {
     GoToSurvey(s, survey);
     KeepHandIn(s.companion, survey.year, survey.month, StoredDate(s.platform.Now()));
-    Tell(s, "Completed exporting Survey: " + survey.text);
+    TellOfFile(s, "Completed exporting Survey: " + survey.text, file);
   }
   Say(s, "Survey " + surveys.back().text + " exported to " + FileName(file));
-  TellCompaction(s, compaction);
+  TellCompaction(s, compaction, file);
   form.At(kExportName).text.clear();
   FillSurveys(s, form);
 }
@@ -228,7 +228,7 @@ void ExportWholeInventory(Session& s, Form& form) {
   Compaction compaction{};
   if (file.empty() || !Write(s, file, nullptr, nullptr, compaction)) return;
   Say(s, "Inventory exported to " + FileName(file));
-  Tell(s, "Completed exporting MERLU inventory.");
+  TellOfFile(s, "Completed exporting MERLU inventory.", file);
 }
 
 // The survey that is picked, or that of the place.
@@ -280,9 +280,9 @@ void ExportPickedStructures(Session& s, Form& form) {
   Compaction compaction{};
   const auto cut = [&names](Database& copy) { KeepStructures(copy, names); };
   if (file.empty() || !Write(s, file, nullptr, cut, compaction)) return;
-  TellCompaction(s, compaction);
+  TellCompaction(s, compaction, file);
   Say(s, Structures(names.size()) + " exported to " + FileName(file));
-  Tell(s, "Done.");
+  TellOfFile(s, "Done.", file);
   Plainly(s, [&] {
     if (s.InActv()) SetMode(s, Mode::kActv);
     FillStructures(form, s.db);
@@ -340,8 +340,11 @@ std::vector<StructureName> StructuresToImport(Session& s, Form& form) {
 
 // A fault of the working file is no fault of the other one.
 void TellImportFault(Session& s, const Fault& fault) {
-  TellFaultNumberFirst(s, fault);
-  if (fault.number != fault_number::kInUseTable) Tell(s, "Specified Import file may be wrong format.");
+  // a locked table is the working file's
+  const bool is_other = fault.number != fault_number::kInUseTable;
+  const std::string file = is_other ? s.exchange.path() : s.path;
+  TellFaultNumberFirst(s, fault, file);
+  if (is_other) TellOfFile(s, "Specified Import file may be wrong format.", file);
 }
 
 void PreviewImport(Session& s, Form& form) {
@@ -374,13 +377,14 @@ void ImportPickedStructures(Session& s, Form& form) {
       const Working working(s, "Import", "Reading the file");
       plan = ImportStructures(s, s.exchange, names, Import::kDo);
     }
-    if (!plan.adds) return Tell(s, plan.refusal);
+    if (!plan.adds) return TellOfFile(s, plan.refusal, s.exchange.path());
     if (plan.last_month > plan.last_month_here)
-      Tell(s, std::to_string(plan.last_month) + " months in import file. Adding months to inventory");
+      TellOfFile(s, std::to_string(plan.last_month) + " months in import file. Adding months to inventory",
+                 s.exchange.path());
     if (!ReopenDatabase(s)) return;
     RefreshDescTree(s);
-    Say(s, Structures(names.size()) + " imported");
-    Tell(s, "Done.");
+    Say(s, Structures(names.size()) + " imported from " + FileName(s.exchange.path()));
+    TellOfFile(s, "Done.", s.exchange.path());
   } catch (const Fault& fault) {
     TellImportFault(s, fault);
     ReopenDatabase(s);  // months that were added have been taken back

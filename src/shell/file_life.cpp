@@ -21,7 +21,7 @@ bool TakeDatabase(Session& s, const std::string& path) {
     return false;
   }
   // this run opens the file also when the next one will not find it
-  Plainly(s, [&] { s.platform.StoreSetting(kSettingSection, kSettingPath, path); });
+  KeepSetting(s, kSettingSection, kSettingPath, path);
   return true;
 }
 
@@ -46,11 +46,14 @@ void OpenDatabaseFile(Session& s, const std::string& path) {
 void CreateNewDatabase(Session& s) {
   const std::string folder = AskFolder(s, "Select a Folder for the new MERLU database...");
   if (folder.empty()) return;
-  Plainly(s, [&] {
-    const std::string path = NextFreeFileName(WithSeparator(folder) + "MERLU.mdb");
-    CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path);
-    Tell(s, "New database successfully created:\n" + path, Icon::kInfo);
-  });
+  Plainly(
+      s,
+      [&] {
+        const std::string path = NextFreeFileName(WithSeparator(folder) + "MERLU.mdb");
+        CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path);
+        Tell(s, "New database successfully created:\n" + path, Icon::kInfo);
+      },
+      folder);
 }
 
 }  // namespace merlu

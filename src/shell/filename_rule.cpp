@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* kExtension = ".mdb";
 
-std::string Refuse(Session& s, const std::string& message) {
-  Tell(s, message);
+std::string Refuse(Session& s, const std::string& message, const std::string& path = {}) {
+  TellOfFile(s, message, path);
   return "";
 }
 
@@ -37,7 +37,7 @@ std::string DatabaseFileName(Session& s, const std::string& typed) {
   if (name.ends_with('"')) name.pop_back();
   if (!HasExtension(name)) name += kExtension;
   std::error_code error;
-  if (LacksFilePart(name) || fs::is_directory(name, error)) return Refuse(s, "Please specify a valid filename");
+  if (LacksFilePart(name) || fs::is_directory(name, error)) return Refuse(s, "Please specify a valid filename", name);
   return name;
 }
 
@@ -48,11 +48,11 @@ std::string NewDatabaseFileName(Session& s, const std::string& typed) {
     TargetPath(OwnFilesOf(s), name);
   } catch (const Fault& fault) {
     // that it cannot be written shows when it is
-    if (fault.number == fault_number::kBadFileName) return Refuse(s, fault.description);
+    if (fault.number == fault_number::kBadFileName) return Refuse(s, fault.description, name);
   }
   if (!FileExists(name)) return name;
   constexpr const char* kExists = "FileName already exists.  Do you wish to overwrite?";
-  return AskUser(s, kExists, {Button::kYes, Button::kNo}) == Button::kYes ? name : "";
+  return AskOfFile(s, kExists, name, {Button::kYes, Button::kNo}) == Button::kYes ? name : "";
 }
 
 }  // namespace merlu

@@ -59,7 +59,7 @@ void KeepRecent(Session& s, std::vector<std::string> recent, const std::string& 
   if (recent.size() > kMostRecent) recent.resize(kMostRecent);
   std::string text;
   for (const std::string& one : recent) text += (text.empty() ? "" : std::string(1, kBetween)) + one;
-  s.platform.StoreSetting(kSection, kRecent, text);
+  KeepSetting(s, kSection, kRecent, text);
 }
 
 void Fill(Form& form, Found& found) {

@@ -223,15 +223,18 @@ void Export(Session& s, Form& dock) {
                                        true,
                                        ProposedName(s, 0, "Findings")});
   if (path.empty()) return;
-  const bool done = OnSheet(s, [&] {
-    const Busy busy(s);
-    WriteList(OwnFilesOf(s), path, {"Findings", kFindingColumns, model.RowCount(), [&](int row, int column) {
-                                      return model.Text(row, column);
-                                    }});
-  });
+  const bool done = OnSheet(
+      s,
+      [&] {
+        const Busy busy(s);
+        WriteList(OwnFilesOf(s), path, {"Findings", kFindingColumns, model.RowCount(), [&](int row, int column) {
+                                          return model.Text(row, column);
+                                        }});
+      },
+      path);
   if (!done) return;
   Say(s, "Findings exported to " + FileName(path));
-  Tell(s, "Done.");
+  TellOfFile(s, "Done.", path);
 }
 
 Form& MakeDock(Session& s) {

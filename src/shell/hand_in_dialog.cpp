@@ -138,13 +138,16 @@ void Report(Session& s, Form& dialog) {
                                        true,
                                        ProposedName(s, MonthOf(dialog), "Hand-In")});
   if (path.empty()) return;
-  const bool done = OnSheet(s, [&] {
-    const Busy busy(s);
-    WriteHandIn(s, Findings(s).review(), ChecksOf(s, dialog), MonthOf(dialog), path);
-  });
+  const bool done = OnSheet(
+      s,
+      [&] {
+        const Busy busy(s);
+        WriteHandIn(s, Findings(s).review(), ChecksOf(s, dialog), MonthOf(dialog), path);
+      },
+      path);
   if (!done) return;
   Say(s, "Report saved as " + FileName(path));
-  Tell(s, "Done.");
+  TellOfFile(s, "Done.", path);
 }
 
 void Export(Session& s, Form& dialog) {

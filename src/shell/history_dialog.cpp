@@ -15,7 +15,9 @@
 #include "shell/history_values.h"
 #include "shell/messages.h"
 #include "shell/proposed_name.h"
+#include "shell/status.h"
 #include "shell/undo.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -148,21 +150,25 @@ void ExportShown(Session& s, Form& form) {
                                        true,
                                        ProposedName(s, 0, "History")});
   if (path.empty()) return;
-  Plainly(s, [&] {
-    std::vector<Row> rows = {{"When", "Who", "What", "Place", "Field", "Old", "New", "State"}};
-    for (const HistoryStep& step : ShownSteps(s, form)) {
-      const Row head = RowOf(step);
-      StepValues values(s);
-      values.Show(step.id);
-      for (int row = 0; row < values.RowCount(); ++row) {
-        const ShownChange change = values.At(row);
-        rows.push_back({head[0], head[1], head[2], change.place, change.field, change.before, change.after, head[5]});
-      }
-      if (values.RowCount() == 0) rows.push_back({head[0], head[1], head[2], head[3], "", "", "", head[5]});
-    }
-    WriteNewFile(OwnFilesOf(s), path, [&](const std::string& file) { WriteTable(rows, "History", path, file); });
-    s.message = "History exported";
-  });
+  Plainly(
+      s,
+      [&] {
+        std::vector<Row> rows = {{"When", "Who", "What", "Place", "Field", "Old", "New", "State"}};
+        for (const HistoryStep& step : ShownSteps(s, form)) {
+          const Row head = RowOf(step);
+          StepValues values(s);
+          values.Show(step.id);
+          for (int row = 0; row < values.RowCount(); ++row) {
+            const ShownChange change = values.At(row);
+            rows.push_back(
+                {head[0], head[1], head[2], change.place, change.field, change.before, change.after, head[5]});
+          }
+          if (values.RowCount() == 0) rows.push_back({head[0], head[1], head[2], head[3], "", "", "", head[5]});
+        }
+        WriteNewFile(OwnFilesOf(s), path, [&](const std::string& file) { WriteTable(rows, "History", path, file); });
+        s.message = "History exported to " + FileName(path);
+      },
+      path);
 }
 
 }  // namespace

@@ -5,6 +5,14 @@
 #include "forms/dialog.h"
 
 namespace merlu {
+namespace {
+
+// What a box says below a text that does not name the file itself.
+std::string Below(const std::string& text, const std::string& path) {
+  return text.find(path) == std::string::npos ? path : "";
+}
+
+}  // namespace
 
 void ShowNotices(Session& s) {
   // a box can let another act run, which shows what is left
@@ -58,15 +66,24 @@ void Tell(Session& s, const std::string& text, Icon icon) {
 }
 
 void TellOfFile(Session& s, const std::string& text, const std::string& path, Icon icon) {
-  Ask(s, {text, s.title, icon, {Button::kOK}, 0, path});
+  Ask(s, {text, s.title, icon, {Button::kOK}, 0, Below(text, path)});
 }
 
-void TellFault(Session& s, const Fault& fault) {
-  Ask(s, {FaultText(fault), s.title, Icon::kNone, {Button::kOK}, 0, FaultDetail(fault)});
+Button AskOfFile(Session& s, const std::string& text, const std::string& path, std::vector<Button> buttons) {
+  return Ask(s, {text, s.title, Icon::kQuestion, std::move(buttons), 0, Below(text, path)});
 }
 
-void TellFaultNumberFirst(Session& s, const Fault& fault) {
-  Tell(s, SheetFaultText(fault));
+void TellFault(Session& s, const Fault& fault, const std::string& path) {
+  const std::string text = FaultText(fault), detail = FaultDetail(fault);
+  Ask(s, {text, s.title, Icon::kNone, {Button::kOK}, 0, detail.empty() ? Below(text, path) : detail});
+}
+
+void TellFaultNumberFirst(Session& s, const Fault& fault, const std::string& path) {
+  TellOfFile(s, SheetFaultText(fault), path);
+}
+
+void KeepSetting(Session& s, const std::string& section, const std::string& key, const std::string& value) {
+  Plainly(s, [&] { s.platform.StoreSetting(section, key, value); });
 }
 
 }  // namespace merlu

@@ -13,6 +13,8 @@
 #include "shell/messages.h"
 #include "shell/proposed_name.h"
 #include "shell/routing.h"
+#include "shell/status.h"
+#include "store/files.h"
 
 namespace merlu {
 namespace {
@@ -97,12 +99,17 @@ void MakeWorkbookOfMonth(Session& s) {
                                        true,
                                        ProposedName(s, month, "Workbook")});
   if (path.empty()) return;
-  const bool done = OnSheet(s, [&] {
-    const Busy busy(s);
-    const MonthBook book = MakeMonthBook(s, month);
-    WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) { WriteMonthBook(book, unfinished); });
-  });
-  if (done) Tell(s, "Done.");
+  const bool done = OnSheet(
+      s,
+      [&] {
+        const Busy busy(s);
+        const MonthBook book = MakeMonthBook(s, month);
+        WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) { WriteMonthBook(book, unfinished); });
+      },
+      path);
+  if (!done) return;
+  Say(s, "Month workbook saved as " + FileName(path));
+  TellOfFile(s, "Done.", path);
 }
 
 void ReadWorkbookOfMonth(Session& s) {
@@ -117,11 +124,14 @@ void ReadWorkbookOfMonth(Session& s) {
   if (path.empty()) return;
   MonthGrid grid(s);
   std::vector<BookChange> changes;
-  const bool done = OnSheet(s, [&] {
-    const Busy busy(s);
-    s.db.NoticeOthers();
-    changes = PlanMonthBook(s, ReadMonthBook(path), grid);
-  });
+  const bool done = OnSheet(
+      s,
+      [&] {
+        const Busy busy(s);
+        s.db.NoticeOthers();
+        changes = PlanMonthBook(s, ReadMonthBook(path), grid);
+      },
+      path);
   if (done) ShowPlan(s, grid, changes);
 }
 

@@ -121,7 +121,7 @@ bool TellOpenFault(Session& s, const Fault& fault, const std::string& holder) {
 
 // After a backup has failed.
 bool ContinuesWithoutBackup(Session& s, const Fault& fault) {
-  Tell(s, "No backup could be made: " + fault.description, Icon::kWarning);
+  TellOfFile(s, "No backup could be made: " + fault.description, s.path, Icon::kWarning);
   return AskUser(s, "Go on without a backup?", {Button::kYes, Button::kNo}, Icon::kWarning) == Button::kYes;
 }
 
@@ -154,7 +154,8 @@ bool OpenDatabaseAndCursors(Session& s, bool repair) {
 
 void RepairOnFirstOpen(Session& s) {
   bool repaired = true;
-  Plainly(s, [&] { repaired = TableExists(s.path, "QC_XREF"); });
+  Plainly(
+      s, [&] { repaired = TableExists(s.path, "QC_XREF"); }, s.path);
   if (repaired) return;
   try {
     Database db;

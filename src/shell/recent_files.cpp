@@ -45,12 +45,10 @@ void RememberFile(Session& s) {
   std::vector<std::string> paths = Stored(s);
   std::erase(paths, path);
   paths.insert(paths.begin(), path);
-  try {
+  Plainly(s, [&] {
     for (std::size_t i = 0; i < paths.size() && i < kRecentFiles; ++i)
       s.platform.StoreSetting(kSection, std::to_string(i + 1), paths[i]);
-  } catch (const Fault&) {
-    // the list is not essential: unwritable settings are reported only where a choice depends on them
-  }
+  });
 }
 
 void ShowRecentFiles(Session& s) {

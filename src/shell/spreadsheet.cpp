@@ -54,20 +54,23 @@ void ExportSpreadsheet(Session& s) {
   Ask(s, {kAbout, kTitle, Icon::kInfo, {Button::kOK}, 0, "", "SpreadsheetAbout"});
   const std::string path = AskPath(s);
   if (path.empty()) return;
-  const bool done = OnSheet(s, [&] {
-    const Busy busy(s);
-    ShowWait(s, kTitle, "Please Wait...");
-    try {
-      WriteDescriptions(s, path);
-    } catch (const Fault&) {
-      HideWait(s);
-      throw;
-    }
-    HideWait(s);
-  });
+  const bool done = OnSheet(
+      s,
+      [&] {
+        const Busy busy(s);
+        ShowWait(s, kTitle, "Please Wait...");
+        try {
+          WriteDescriptions(s, path);
+        } catch (const Fault&) {
+          HideWait(s);
+          throw;
+        }
+        HideWait(s);
+      },
+      path);
   if (!done) return;
   Say(s, "Descriptions exported to " + FileName(path));
-  Tell(s, "Done.");
+  TellOfFile(s, "Done.", path);
 }
 
 }  // namespace merlu

@@ -18,18 +18,6 @@ namespace {
 constexpr const char* kLongText =
     "A remark that is longer than most of them are, for it tells the whole of a long night";
 
-// Sixteen pieces on each of four structures, with faults, long names and long IDs.
-void MakeTourInventory(const std::string& path) {
-  InventoryPlan plan;
-  plan.structures = 4;
-  plan.equipment = 64;
-  plan.months = 5;
-  plan.fault_share = 0.3;
-  MakeInventory(TemplatePath(), path, plan);
-  Raw(path, {"UPDATE CO_COMPANY SET CO_NAME='The Very Long Named Deep Water Exploration and Production Company'",
-             "UPDATE PD_PLATFORM_DESC SET Name='Long Name of A Platform' WHERE PD_ID_AK=2"});
-}
-
 class Tour {
  public:
   Tour(const QStringList& parts, const QSize& size, const LookAt& look)
@@ -375,6 +363,17 @@ void FirstRun(const LookAt& look) {
 }
 
 }  // namespace
+
+void MakeTourInventory(const std::string& path) {
+  InventoryPlan plan;
+  plan.structures = 4;
+  plan.equipment = 64;
+  plan.months = 5;
+  plan.fault_share = 0.3;
+  MakeInventory(TemplatePath(), path, plan);
+  Raw(path, {"UPDATE CO_COMPANY SET CO_NAME='The Very Long Named Deep Water Exploration and Production Company'",
+             "UPDATE PD_PLATFORM_DESC SET Name='Long Name of A Platform' WHERE PD_ID_AK=2"});
+}
 
 void TourScreens(const QStringList& parts, const QSize& window, const LookAt& look) {
   if (parts.isEmpty() || parts.contains("first")) FirstRun(look);

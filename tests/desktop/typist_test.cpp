@@ -482,6 +482,38 @@ TEST(Colours, of_borders_are_stark_where_the_desktop_is) {
   EXPECT_GE(Contrast(Line(stark), stark.color(QPalette::Window)), 4.5);
 }
 
+TEST(Colours, of_scroll_bars_tell_the_handle_from_its_ground) {
+  QWidget window;
+  auto* bar = new QScrollBar(Qt::Vertical, &window);
+  bar->setRange(0, 100);
+  bar->setPageStep(30);
+  bar->resize(bar->sizeHint().width(), 300);
+  window.resize(100, 300);
+  const QImage picture = window.grab().toImage();
+  const auto at = [&](int y) { return picture.pixelColor(QPoint(bar->width() / 2, y) * picture.devicePixelRatio()); };
+  EXPECT_GE(Contrast(at(30), at(270)), 2) << at(30).name().toStdString() << " " << at(270).name().toStdString();
+}
+
+TEST(Captions, break_no_unit_at_its_hyphens_and_slashes) {
+  Control control;
+  control.caption = "Avg Molecular Weight of VOCs (lb/lb-mol):";
+  EXPECT_EQ(LabelText(control), QString("Avg Molecular Weight of VOCs (lb/\u2060lb-\u2060mol):"));
+  EXPECT_EQ(SpokenCaption(control).toStdString(), control.caption);
+  QLabel label(LabelText(control));
+  label.setWordWrap(true);
+  const int unit = label.fontMetrics().horizontalAdvance("(lb/lb-mol):");
+  for (int width = unit + 8; width < label.fontMetrics().horizontalAdvance(label.text()); width += 7) {
+    QTextLayout layout(label.text(), label.font());
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLineWidth(width);
+      const QString text = label.text().mid(line.textStart(), line.textLength());
+      EXPECT_EQ(text.contains('('), text.contains(')')) << text.toStdString();
+    }
+    layout.endLayout();
+  }
+}
+
 TEST(Captions, keep_a_unit_of_several_words_on_one_line) {
   Control control;
   control.caption = "Stack Outlet Elevation (ft msl):";

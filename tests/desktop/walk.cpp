@@ -19,6 +19,8 @@
 #include <algorithm>
 #include <set>
 
+#include "base/text.h"
+#include "desktop/captions.h"
 #include "desktop/fields.h"
 #include "desktop/results_list.h"
 #include "forms/desk.h"
@@ -149,7 +151,7 @@ QString TextOf(const QWidget& widget) {
   if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) return line->text();
   if (const auto* notes = qobject_cast<const QPlainTextEdit*>(&widget)) return notes->toPlainText();
   if (const auto* list = qobject_cast<const ListField*>(&widget)) return list->currentText();
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text().replace(QChar::Nbsp, ' ');
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return WithoutJoints(label->text());
   return {};
 }
 
@@ -179,7 +181,8 @@ void ExpectAsSaid(const QWidget& widget, const Form& form, const Control& contro
   } else if (const auto* rows = qobject_cast<const QTreeWidget*>(&widget)) {
     EXPECT_EQ(rows->topLevelItemCount(), static_cast<int>(control.rows.size())) << name;
   } else if (control.document == nullptr) {
-    EXPECT_EQ(TextOf(widget).toStdString(), control.text) << name;
+    const bool is_label = qobject_cast<const QLabel*>(&widget) != nullptr;
+    EXPECT_EQ(TextOf(widget).toStdString(), is_label ? TrimRight(control.text) : control.text) << name;
   }
 }
 

@@ -135,6 +135,7 @@ class Walk : public testing::Test {
     LookAtPages(album, name + "-view");
     if (!driver_->Widget("cmdEdit")->isVisible()) return;
     driver_->Click("cmdEdit");
+    ExpectFocusInFirstOpenField(name);
     LookAtPages(album, name + "-edit");
     for (int page = 0; page < Tabs()->count(); ++page) {
       if (!Tabs()->isTabEnabled(page)) continue;
@@ -143,6 +144,18 @@ class Walk : public testing::Test {
     }
     Tabs()->setCurrentIndex(0);
     driver_->Click("cmdCANCEL");
+  }
+  void ExpectFocusInFirstOpenField(const std::string& name) {
+    const SheetView* sheet = Sheet();
+    const Form& form = const_cast<SheetView*>(sheet)->form();
+    for (const Control& control : form.controls()) {
+      const auto* field = sheet->findChild<QWidget*>(QString::fromStdString(control.name));
+      const bool is_field = control.kind == Kind::kText || control.kind == Kind::kMasked || control.kind == Kind::kList;
+      if (!is_field || field == nullptr || !field->isVisible() || !field->isEnabled() || control.locked) continue;
+      const QWidget* focus = QApplication::focusWidget();
+      EXPECT_TRUE(field == focus || field->isAncestorOf(focus)) << name << ": not " << control.name;
+      return;
+    }
   }
   // One node of each type below the first structure, by the length of its key and the place of the type in it.
   std::map<std::string, std::string> NodeOfEachType(std::size_t length, std::size_t type_at) {

@@ -341,7 +341,8 @@ std::string TestRun::Setting(const std::string& section, const std::string& key)
 
 void TestRun::StoreSetting(const std::string& section, const std::string& key, const std::string& value) {
   settings[section + "/" + key] = value;
-  if (settings_fail) throw Fault(fault_number::kFileAccess, "test", "The settings cannot be written.");
+  if (std::exchange(settings_fail, false))
+    throw Fault(fault_number::kFileAccess, "test", "The settings cannot be written.");
 }
 
 }  // namespace merlu::test
