@@ -106,7 +106,8 @@ void StoreMaster(Session& s, Form& form, const SheetSpec& sheet, bool after_qc) 
   const bool inactive = form.At(sheet.status_box()).checked;
   if (!tables.comments.empty()) master.SetField(tables.comments, FieldText(form.At(sheet.comments()).text));
   master.SetField(tables.status, std::string(inactive ? "I" : "A"));
-  if (!after_qc) master.SetField(tables.month_date, Null{});
+  // only its run writes a structure's date
+  if (!after_qc && sheet.has_form()) master.SetField(tables.month_date, Null{});
 }
 
 void StoreMonth(Session& s, Form& form, const SheetSpec& sheet) {

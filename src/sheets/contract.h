@@ -34,7 +34,7 @@ void LockFrame(Session& s, const SheetSpec& sheet);
 // Makes the fields of the session's mode editable.
 void UnlockFrame(Session& s, const SheetSpec& sheet);
 // Writes the fields of the session's mode. Sets the session's save_failed when that fails. A save that is not part of a
-// QC run empties the month's date of last QC, since the record then needs a new run.
+// QC run empties an equipment month's date of last QC, since the record then needs a new run.
 void SaveFrame(Session& s, const SheetSpec& sheet, bool after_qc);
 // Fills the list of findings and the date label, where the sheet has them.
 void LoadQCList(Session& s, const SheetSpec& sheet);
