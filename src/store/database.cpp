@@ -293,7 +293,7 @@ void Database::OpenCopyOf(Database& other) {
   Close();
   path_.clear();
   try {
-    OpenFile(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY);
+    OpenFile(":memory:", SQLITE_OPEN_READWRITE);  // files attached to it are none in memory
     other.CopyPages(db_, "main");
   } catch (const Fault&) {
     Close();

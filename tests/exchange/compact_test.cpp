@@ -59,11 +59,13 @@ TEST_F(CompactingAFile, needs_room_for_all_of_it) {
 }
 
 TEST_F(CompactingAFile, with_damaged_pages_leaves_it_alone) {
+  Database db;
+  db.Open(source_);
   std::fstream file(source_, std::ios::in | std::ios::out | std::ios::binary);
   file.seekp(4096);
   file << std::string(16 * 4096, '?');
   file.close();
-  EXPECT_EQ(Compact(), Compaction::kNotCompacted);
+  EXPECT_EQ(WriteCompact({"", folder_.path("notes")}, db, source_, size_), Compaction::kNotCompacted);
   EXPECT_EQ(FileSize(source_), size_);
   EXPECT_EQ(Files(), 1);
 }
