@@ -96,7 +96,7 @@ TEST_F(CompactingAFile, from_a_copy_in_memory_keeps_all_that_is_in_it) {
                 "INSERT INTO theirs VALUES ('x', 1)", "CREATE INDEX their_index ON QC ([Desc])",
                 "CREATE VIEW their_view AS SELECT a FROM theirs", "ALTER TABLE QC ADD COLUMN their_column INTEGER",
                 "PRAGMA user_version=7"});
-  const std::string layout = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema ORDER BY rowid)";
+  const std::string layout = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema ORDER BY type,name)";
   const std::string before = NullToEmpty(RawValue(source_, layout));
   Database source, copy;
   source.Open(source_);

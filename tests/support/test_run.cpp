@@ -15,6 +15,7 @@
 #include "session/types.h"
 #include "shell/commands.h"
 #include "shell/dialogs.h"
+#include "shell/docks.h"
 #include "shell/main_program.h"
 #include "shell/messages.h"
 #include "shell/routing.h"
@@ -182,7 +183,13 @@ void TestRun::Click(const std::string& name) {
   const auto [form, control] = Look(name);
   ASSERT_EQ(act::Click(s.desk, *form, name), "") << name;
   ShowNotices(s);
-  if (!s.ended) UpdateCommands(s);  // as after every act
+  if (s.ended) return;
+  // as after every act
+  UpdateCommands(s);
+  try {
+    RefreshDocks(s);
+  } catch (const Fault&) {
+  }
 }
 
 void TestRun::Set(const std::string& name, const std::string& value) {
