@@ -93,7 +93,9 @@ double ImportOurs(const Workshop& shop, bool history) {
   s.exchange.OpenPrivateCopy(shop.full);
   std::vector<StructureName> all;
   for (const ListedStructure& structure : ListStructures(s.exchange)) all.push_back(structure.name);
-  const double seconds = Seconds([&] { ImportStructures(s, s.exchange, all, Import::kDo); });
+  ImportPlan plan;
+  const double seconds = Seconds([&] { plan = ImportStructures(s, s.exchange, all, Import::kDo); });
+  if (!plan.adds) throw std::runtime_error(plan.refusal);
   opened.ExpectSilence();
   return seconds;
 }
@@ -141,7 +143,7 @@ void NumberKeys(PlainFile& file, const std::string& key, const std::string& tabl
   file.Run("CREATE TEMP TABLE numbered (number INTEGER PRIMARY KEY,old INTEGER)");
   file.Run(("INSERT INTO temp.numbered (old) SELECT " + key + " FROM source." + table + " ORDER BY rowid").c_str());
   file.Run(("CREATE TEMP TABLE " + key + "_map (old INTEGER PRIMARY KEY,new INTEGER)").c_str());
-  file.Run(("INSERT INTO temp." + key + "_map SELECT old,number+(SELECT MAX(" + key + ") FROM main." + table +
+  file.Run(("INSERT INTO temp." + key + "_map SELECT old,number+(SELECT IFNULL(MAX(" + key + "),0) FROM main." + table +
             ") FROM temp.numbered")
                .c_str());
   file.Run("DROP TABLE temp.numbered");

@@ -99,7 +99,8 @@ void ImportFull(Run& run, const Workshop& shop) {
   s.exchange.OpenPrivateCopy(shop.full);
   std::vector<StructureName> all;
   for (const ListedStructure& structure : ListStructures(s.exchange)) all.push_back(structure.name);
-  ImportStructures(s, s.exchange, all, Import::kDo);
+  const ImportPlan plan = ImportStructures(s, s.exchange, all, Import::kDo);
+  if (!plan.adds) throw std::runtime_error(plan.refusal);
 }
 
 double ImportAll(const Workshop& shop, History history) {

@@ -59,7 +59,7 @@ InventoryPlan Full(double share, int months) {
 InventoryPlan Single() {
   InventoryPlan plan;
   plan.structures = 1;
-  plan.equipment = 1;
+  plan.equipment = 0;  // the tree has room for the full one beside it
   return plan;
 }
 
@@ -119,6 +119,7 @@ Opened::Opened(const std::string& path) : platform(path), s(platform) {
 
 void Opened::ExpectSilence() const {
   if (platform.boxes() > 0) throw std::runtime_error("the program told: " + platform.last_box());
+  if (!s.notices.waiting.empty()) throw std::runtime_error("the program would tell: " + s.notices.waiting.front().text);
 }
 
 void CloseHistory(Session& s) {
