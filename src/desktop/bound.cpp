@@ -66,7 +66,7 @@ void ShowFinding(Bound& bound, const Control& now) {
        {finding, Q(now.hint), now.copied ? QObject::tr("Copied from the month before, not yet confirmed") : ""})
     if (!text.isEmpty()) said << text;
   bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : said.join('\n'));
-  if (const QString unit = UnitOf(now); !unit.isEmpty()) said.prepend(unit);
+  if (!now.unit.empty()) said.prepend(Q(now.unit));
   bound.widget->setAccessibleDescription(said.join('\n'));
   if (bound.mark == nullptr) return;
   bound.mark->setText(finding.isEmpty() ? "" : "!");

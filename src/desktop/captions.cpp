@@ -9,11 +9,12 @@ constexpr QChar kWordJoiner(0x2060);
 
 }  // namespace
 
-QString WithWholeUnit(QString caption) {
+QString WithWholeUnit(QString caption, const std::string& unit) {
   constexpr qsizetype kLongest = 16;
-  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
-  if (open < 0 || close < open || close - open > kLongest) return caption;
-  for (qsizetype at = close - 1; at > open; --at) {
+  const QString shown = "(" + QString::fromStdString(unit) + ")";
+  const qsizetype open = caption.indexOf(shown);
+  if (unit.empty() || open < 0 || shown.size() > kLongest) return caption;
+  for (qsizetype at = open + shown.size() - 2; at > open; --at) {
     if (caption[at] == ' ') caption[at] = QChar::Nbsp;
     if (caption[at] == '/' || caption[at] == '-') caption.insert(at + 1, kWordJoiner);
   }
@@ -25,21 +26,13 @@ QString WithoutJoints(QString caption) {
 }
 
 QString LabelText(const Control& control) {
-  if (!control.caption.empty()) return WithWholeUnit(QString::fromStdString(control.caption));
+  if (!control.caption.empty()) return WithWholeUnit(QString::fromStdString(control.caption), control.unit);
   return control.tag.empty() ? QString() : QString::fromStdString(control.tag) + ":";
 }
 
 QString SpokenCaption(const Control& control) {
   static const QRegularExpression mnemonic("&(.)");
   return WithoutJoints(LabelText(control).replace(mnemonic, "\\1"));
-}
-
-QString UnitOf(const Control& control) {
-  constexpr qsizetype kLongest = 24;
-  const QString caption = SpokenCaption(control);
-  const qsizetype open = caption.lastIndexOf('('), close = caption.indexOf(')', open);
-  const bool is_unit = control.numeric && open >= 0 && close > open && close - open <= kLongest;
-  return is_unit ? caption.mid(open + 1, close - open - 1) : QString();
 }
 
 }  // namespace merlu

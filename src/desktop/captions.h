@@ -3,18 +3,19 @@
 
 #include <QString>
 
+#include <string>
+
 #include "forms/control.h"
 
 namespace merlu {
 
 // The control's caption as a label shows it ('&&' is one '&'); the tag and a colon for a field without a caption.
 QString LabelText(const Control& control);
-// Keeps a unit in brackets on one line, which otherwise breaks at its blanks, slashes and hyphens.
-QString WithWholeUnit(QString caption);
+// Keeps the unit that the caption shows in brackets on one line, which otherwise breaks at its blanks, slashes and
+// hyphens.
+QString WithWholeUnit(QString caption, const std::string& unit);
 // The plain text of such a caption.
 QString WithoutJoints(QString caption);
-// The unit of a number, from the brackets of its caption; empty without them.
-QString UnitOf(const Control& control);
 // The caption as it is read aloud, without the marks of access keys.
 QString SpokenCaption(const Control& control);
 

@@ -174,7 +174,7 @@ QVariant GridAdapter::data(const QModelIndex& index, int role) const {
 QVariant GridAdapter::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
   if (section >= columns_ || shape_ != grid_.Shape()) return {};
-  if (role == Qt::DisplayRole) return WithWholeUnit(Q(Head(section).caption).simplified());
+  if (role == Qt::DisplayRole) return WithWholeUnit(Q(Head(section).caption).simplified(), Head(section).unit);
   if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return Q(Head(section).caption);
   return {};
 }

@@ -71,7 +71,7 @@ void GridView::FitColumns() {
   int lines = metrics.height();
   for (int column = 0; column <= last; ++column) {
     const GridColumn& head = adapter_->Head(column);
-    const QString caption = WithWholeUnit(Q(head.caption).simplified());
+    const QString caption = WithWholeUnit(Q(head.caption).simplified(), head.unit);
     int width = head.numeric ? std::max(kNarrowest, metrics.horizontalAdvance("0000000000")) : 0;
     for (const QString& word : caption.split(' ')) width = std::max(width, metrics.horizontalAdvance(word));
     width = std::max(width, metrics.horizontalAdvance(caption) * 10 / (kHeadLines * 8));

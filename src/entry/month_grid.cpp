@@ -68,6 +68,7 @@ void MonthGrid::MakeColumns() {
     if (column.caption.empty() || std::any_of(columns_.begin(), columns_.end(), same))
       column.caption = Trim(column.caption + " (" + field->tag + ")");
     column.numeric = field->stored == Stored::kNumber || field->stored == Stored::kComputed;
+    column.unit = field->unit;
     for (const Item& item : field->items) column.items.push_back(item.text);
     column.free_text = field->free_text;
     columns_.push_back(std::move(column));

@@ -89,6 +89,7 @@ struct Control : ControlState {
   int limit = 0;         // most characters that can be typed, 0 for no limit
   std::string mask;      // of a masked box: '#' is a place for a digit
   bool numeric = false;  // holds a number: digits are set to the right
+  std::string unit;      // of the number, empty where it has none
   bool lines = false;    // holds several lines of text
 
   // Place on the form

@@ -17,6 +17,7 @@ struct GridColumn {
   std::vector<std::string> items{};  // a choice; empty for a text
   bool free_text = false;            // the choice takes texts that are no item
   int limit = 0;                     // most characters that can be typed, 0 for no limit
+  std::string unit{};                // of the numbers, empty where they have none
 };
 
 // The meaning of a cell beside its text; front ends derive colours from it.

@@ -14,8 +14,8 @@ namespace {
 
 const CaptionMarks kQuotes{"“", "”", true};
 
-// The text before the unit in parentheses.
-std::string WithoutUnit(const std::string& caption) {
+// The words before those that the caption has in brackets.
+std::string BeforeBrackets(const std::string& caption) {
   return Trim(caption.substr(0, caption.find('(')));
 }
 
@@ -101,9 +101,9 @@ class Composer {
   // The unit, the other name, and what the field depends on: one quiet line.
   void Facts(const FieldSpec& field, const std::string& caption) {
     std::vector<std::string> facts;
-    if (const std::string* unit = UnitOf(caption)) facts.push_back("Unit: " + *unit);
+    if (const std::string* unit = SpeltOut(field.unit)) facts.push_back("Unit: " + *unit);
     const std::string tag = Trim(field.tag);
-    if (!tag.empty() && tag != caption && tag != WithoutUnit(caption))
+    if (!tag.empty() && tag != caption && tag != BeforeBrackets(caption))
       facts.push_back("Called “" + tag + "” in findings");
     if (field.stored == Stored::kComputed) facts.emplace_back("Computed by the QC run, not typed");
     std::vector<std::string> conditions;
@@ -120,21 +120,10 @@ class Composer {
     if (!line.empty()) Add({{.text = line + ".", .italic = true}});
   }
 
-  // The explanations of the units that the captions of the sheet use.
-  const std::string* UnitOf(const std::string& caption) const {
-    const std::size_t open = caption.rfind('('), close = caption.rfind(')');
-    if (open == std::string::npos || close == std::string::npos || close < open) return nullptr;
-    std::string unit = caption.substr(open + 1, close - open - 1);
-    for (std::size_t at = open; at != std::string::npos;) {
-      const auto found = shared_.entries.find("unit " + unit);
-      if (found != shared_.entries.end()) return &found->second;
-      // an earlier pair: "Hours Operated (hrs), including upsets"
-      at = at == 0 ? std::string::npos : caption.rfind('(', at - 1);
-      if (at == std::string::npos) break;
-      const std::size_t end = caption.find(')', at);
-      unit = caption.substr(at + 1, end - at - 1);
-    }
-    return nullptr;
+  // "hours" of "hrs"; null for a unit that is not explained, and for none.
+  const std::string* SpeltOut(const std::string& unit) const {
+    const auto found = shared_.entries.find("unit " + unit);
+    return found == shared_.entries.end() ? nullptr : &found->second;
   }
 
   void Choices(const FieldSpec& field) {

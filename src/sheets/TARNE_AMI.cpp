@@ -87,7 +87,7 @@ CheckSpec ConcentrationTotal() {
 }
 
 FieldSpec Concentration(const char* field, const char* caption, const char* tag, const char* column) {
-  return Number(DESC, TextBox(field), caption, std::string(tag) + " Concentration", column);
+  return Number(DESC, TextBox(field), caption, std::string(tag) + " Concentration", column, "% by volume");
 }
 
 FieldSpec Option(const char* control, const char* caption, const char* column) {
@@ -102,10 +102,12 @@ FieldSpec Option(const char* control, const char* caption, const char* column) {
 void AddMonthAndComposition(SheetSpec& sheet) {
   sheet.Add(0, "Monthly activity",
             {
-                Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
-                Number(ACTV, kHours, "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+                Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT",
+                       "MMscf"),
+                Number(ACTV, kHours, "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
             });
-  FieldSpec total = Number(DESC, kTotal, "Total:", "Unprocessed Natural Gas Concentrations Total", "UNG_CONC_TOTAL");
+  FieldSpec total =
+      Number(DESC, kTotal, "Total:", "Unprocessed Natural Gas Concentrations Total", "UNG_CONC_TOTAL", "% by volume");
   total.stored = Stored::kComputed;
   sheet.Add(0, "Unprocessed Natural Gas Concentrations (% by volume)",
             {
@@ -138,37 +140,39 @@ void AddModelInputs(SheetSpec& sheet) {
                 Option("zOptAMI_EmisEdit", "Quantity emitted (%)", ""),
                 Option(kModel, "Model inputs", "MODELINPUTS_FLG"),
             });
-  sheet.Add(
-      1, "Sour gas and flash tank",
-      {
-          ItemText(DESC, "cmbAMI_AmineType", "Amine Type:", "Amine Type", "AMINE_TYP",
-                   {"MEA", "DEA", "TEA", "MDEA", "GDA"}),
-          Number(DESC, "txtAMI_SourTemp", "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature",
-                 "Sour_Temp"),
-          Number(DESC, "txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure",
-                 "Sour_Pres"),
-          YesNo(DESC, kFlashTank, "Equipped with a flash tank:", "Equipped with flash tank?", "FLASHTANK_FLG"),
-          Number(DESC, "txtAMI_FlashTemp", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "Flash_Temp"),
-          Number(DESC, "txtAMI_FlashPress", "Flash Tank pressure (psig):", "Flash Tank  Pressure", "Flash_Pres"),
-          Coded(DESC, "cmbAmi_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
-                {{"Vented", "VL"}, {"Flared", "FL"}, {kSystem, "RS"}}),
-          Number(DESC, "txtAMI_Nbr", "Number of Absorber Trays:", "Number of Absorb trays", "NUM"),
-      });
-  sheet.Add(1, "Lean amine feed",
+  sheet.Add(1, "Sour gas and flash tank",
             {
-                Number(DESC, "txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure",
-                       "Amine_Feed_Pres"),
-                Number(DESC, "txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature",
-                       "Amine_Feed_Temp"),
-                Number(DESC, "txtAMI_AmineFeedFlowRate",
-                       "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate", "Amine_Feed_FlowRate"),
-                Number(DESC, "txtAMI_AmineFeedAminePct",
-                       "lean amine feed amine content (% wt):", "Lean Amine feed amine content", "Amine_Feed_AminePct"),
-                Number(DESC, "txtAMI_AmineFeedH2SPct",
-                       "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content", "Amine_Feed_H2SPct"),
-                Number(DESC, "txtAMI_AmineFeedCO2Pct",
-                       "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content", "Amine_Feed_CO2Pct"),
+                ItemText(DESC, "cmbAMI_AmineType", "Amine Type:", "Amine Type", "AMINE_TYP",
+                         {"MEA", "DEA", "TEA", "MDEA", "GDA"}),
+                Number(DESC, "txtAMI_SourTemp",
+                       "Unprocessed sour gas feed temperature (°F):", "Sour gas feed temperature", "Sour_Temp", "°F"),
+                Number(DESC, "txtAMI_SourPress", "Unprocessed sour gas feed pressure (psig):", "Sour gas feed pressure",
+                       "Sour_Pres", "psig"),
+                YesNo(DESC, kFlashTank, "Equipped with a flash tank:", "Equipped with flash tank?", "FLASHTANK_FLG"),
+                Number(DESC, "txtAMI_FlashTemp", "Flash Tank Temperature (°F):", "Flash Tank Temperature", "Flash_Temp",
+                       "°F"),
+                Number(DESC, "txtAMI_FlashPress", "Flash Tank pressure (psig):", "Flash Tank  Pressure", "Flash_Pres",
+                       "psig"),
+                Coded(DESC, "cmbAmi_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas",
+                      "Disposition", {{"Vented", "VL"}, {"Flared", "FL"}, {kSystem, "RS"}}),
+                Number(DESC, "txtAMI_Nbr", "Number of Absorber Trays:", "Number of Absorb trays", "NUM"),
             });
+  sheet.Add(
+      1, "Lean amine feed",
+      {
+          Number(DESC, "txtAMI_AmineFeedPress", "Lean amine feed pressure (psig):", "Lean Amine feed pressure",
+                 "Amine_Feed_Pres", "psig"),
+          Number(DESC, "txtAMI_AmineFeedTemp", "Lean amine feed temperature (°F):", "Lean Amine feed temperature",
+                 "Amine_Feed_Temp", "°F"),
+          Number(DESC, "txtAMI_AmineFeedFlowRate", "Lean amine feed flowrate (gal/min):", "Lean Amine feed flowrate",
+                 "Amine_Feed_FlowRate", "gal/min"),
+          Number(DESC, "txtAMI_AmineFeedAminePct", "lean amine feed amine content (% wt):",
+                 "Lean Amine feed amine content", "Amine_Feed_AminePct", "% wt"),
+          Number(DESC, "txtAMI_AmineFeedH2SPct", "lean amine feed H2S content (% wt):", "Lean Amine feed H2S content",
+                 "Amine_Feed_H2SPct", "% wt"),
+          Number(DESC, "txtAMI_AmineFeedCO2Pct", "lean amine feed CO2 content (% wt):", "Lean Amine feed CO2 content",
+                 "Amine_Feed_CO2Pct", "% wt"),
+      });
 }
 
 // Fields on no page, neither loaded nor saved.
@@ -251,7 +255,7 @@ void AddVentilationAndControl(SheetSpec& sheet) {
   sheet.Add(3, "Control technology",
             {
                 Number(DESC, "txtAMI_SRURecoveryEff", "Sulfur Recovery Efficiency (%):", "Sulfur Recovery Efficiency",
-                       "SRU_RECOVERY_EFFIC"),
+                       "SRU_RECOVERY_EFFIC", "%"),
             });
   sheet.Add({{.mode = DESC,
               .lists = {kTechnology},

@@ -56,37 +56,39 @@ void AddFields(SheetSpec& sheet) {
   sheet.Add(0, "Heat input",
             {
                 Number(DESC, "txtBOI_MaxRatedHeatInputRate", "Max Rated Heat Input (MMBtu/hr):", "Max Rated Heat Input",
-                       "MAX_RATED_HI_RATE"),
+                       "MAX_RATED_HI_RATE", "MMBtu/hr"),
                 Number(DESC, "txtBOI_HeatInputRate", "Average Heat Input (MMBtu/hr):", "Average Heat Input",
-                       "HEAT_INPUT_RATE"),
+                       "HEAT_INPUT_RATE", "MMBtu/hr"),
             });
-  sheet.Add(
-      0, "Gas fuel",
-      {
-          Number(DESC, "txtBOI_MaxRatedFuelUsage", "Max Rated Fuel Usage (scf/hr):", "Max Rated Fuel Usage",
-                 "MAX_RATED_FUEL_USE"),
-          Number(DESC, "txtBOI_FuelUsageRate", "Average Fuel Usage (scf/hr):", "Average Fuel Usage", "FUEL_USE_RATE"),
-          Number(DESC, "txtBOI_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
-                 "FUEL_HEAT_VAL"),
-          Number(DESC, "txtBOI_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
-      });
+  sheet.Add(0, "Gas fuel",
+            {
+                Number(DESC, "txtBOI_MaxRatedFuelUsage", "Max Rated Fuel Usage (scf/hr):", "Max Rated Fuel Usage",
+                       "MAX_RATED_FUEL_USE", "scf/hr"),
+                Number(DESC, "txtBOI_FuelUsageRate", "Average Fuel Usage (scf/hr):", "Average Fuel Usage",
+                       "FUEL_USE_RATE", "scf/hr"),
+                Number(DESC, "txtBOI_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
+                       "FUEL_HEAT_VAL", "Btu/scf"),
+                Number(DESC, "txtBOI_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content",
+                       "FUEL_H2S_CONTENT", "ppmv"),
+            });
   sheet.Add(0, "Oil fuel",
             {
                 Number(DESC, "txtBOI_MaxRatedFuelUsageOil", "Max Rated Fuel Usage (lb/hr):", "Max Rated Fuel Usage",
-                       "MAX_RATED_FUEL_USE_OIL"),
+                       "MAX_RATED_FUEL_USE_OIL", "lb/hr"),
                 Number(DESC, "txtBOI_FuelHeatingValueOil", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value",
-                       "FUEL_HEAT_VAL_OIL"),
+                       "FUEL_HEAT_VAL_OIL", "Btu/lb"),
                 Number(DESC, "txtBOI_FuelH2SContentOil", "Fuel Sulfur Content (% by mass):", "Fuel H2S Content",
-                       "FUEL_H2S_CONTENT_OIL"),
+                       "FUEL_H2S_CONTENT_OIL", "% by mass"),
             });
   sheet.Add(0, "Monthly activity",
             {
-                Number(ACTV, "txtBOI_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-                While(GasFuel(), Number(ACTV, kTotalGas, "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE")),
-                While(OilFuel(), Number(ACTV, "txtBOI_FuelUsageRateOil",
-                                        "Average Fuel Usage Oil (lb/hr):", "Average Fuel Usage", "FUEL_USE_RATE_OIL")),
+                Number(ACTV, "txtBOI_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
+                While(GasFuel(),
+                      Number(ACTV, kTotalGas, "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE", "Mscf")),
+                While(OilFuel(), Number(ACTV, "txtBOI_FuelUsageRateOil", "Average Fuel Usage Oil (lb/hr):",
+                                        "Average Fuel Usage", "FUEL_USE_RATE_OIL", "lb/hr")),
                 While(OilFuel(), Number(ACTV, "txtBOI_TotalFuelUsedOil", "Total Fuel Used Oil (lb):", "Total Fuel Used",
-                                        "TOT_FUEL_USE_OIL")),
+                                        "TOT_FUEL_USE_OIL", "lb")),
             });
 }
 

@@ -26,26 +26,26 @@ CheckSpec WithinFuelTotal() {
 void AddFields(SheetSpec& sheet) {
   sheet.Add(0, "Monthly activity",
             {
-                Number(ACTV, "txtDIE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-                Number(ACTV, kTotal, "Total Fuel Used (gal):", "Total Fuel Used", "TOT_FUEL_USE"),
+                Number(ACTV, "txtDIE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
+                Number(ACTV, kTotal, "Total Fuel Used (gal):", "Total Fuel Used", "TOT_FUEL_USE", "gal"),
             });
   sheet.Add(0, "Engine",
             {
                 Coded(DESC, kFuel, "", "Fuel Type", "FUEL_TYP",
                       {{"Diesel", "D"}, {"Gasoline", "G"}, {"Waste Oil/Solvent", "W"}}),
-                Number(DESC, "txtDIE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
-                Number(DESC, "txtDIE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP"),
+                Number(DESC, "txtDIE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP", "hp"),
+                Number(DESC, "txtDIE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP", "hp"),
             });
   sheet.Add(0, "Fuel",
             {
                 Number(DESC, "txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage",
-                       "MAX_RATED_FUEL_USE"),
+                       "MAX_RATED_FUEL_USE", "Btu/hp-hr"),
                 Number(DESC, "txtDIE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage",
-                       "FUEL_USE_RATE"),
+                       "FUEL_USE_RATE", "Btu/hp-hr"),
                 Number(DESC, "txtDIE_FuelHeatingValue", "Fuel Heating Value (Btu/lb):", "Fuel Heating Value",
-                       "FUEL_HEAT_VAL"),
+                       "FUEL_HEAT_VAL", "Btu/lb"),
                 Number(DESC, "txtDIE_FuelSulfurContent", "Fuel Sulfur Content (% by mass):", "Fuel Sulfur Content",
-                       "FUEL_SULFUR_CONTENT"),
+                       "FUEL_SULFUR_CONTENT", "% by mass"),
             });
 }
 

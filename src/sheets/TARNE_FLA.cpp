@@ -25,24 +25,24 @@ SheetSpec Flare() {
   sheet.Add(0, "Monthly activity",
             {
                 Number(ACTV, "txtFLA_HrsOperated",
-                       "Hours Operated (hrs), including upsets:", "Hours Operated, excl. upsets", "OP_HR"),
+                       "Hours Operated (hrs), including upsets:", "Hours Operated, excl. upsets", "OP_HR", "hrs"),
                 Number(ACTV, "txtFLA_VolFlared",
-                       "Volume Flared (Mscf), including upsets:", "Volume Flared, incl. upsets", "VOL_FLARED"),
+                       "Volume Flared (Mscf), including upsets:", "Volume Flared, incl. upsets", "VOL_FLARED", "Mscf"),
                 OpenItemText(ACTV, "cmbFLA_PilotIncludedInVolume", "Pilot Feed Rate Included in Volume Flared?",
                              "Pilot Included in Volume", "PILOT_INCLUDED_IN_VOLUME", {"Yes", "No"}),
             });
   sheet.Add(0, "Flare",
             {
                 Number(DESC, "txtFLA_ConcH2S", "Flare Gas H2S Concentration (ppmv):", "Flare Gas H2S Concentration",
-                       "CONC_H2S"),
+                       "CONC_H2S", "ppmv"),
                 // this tag ends in a blank
                 Number(DESC, "txtFLA_FlareEfficiency",
-                       "Flare Combustion Efficiency (%):", "Flare Combustion Efficiency ", "FLA_EFFIC"),
+                       "Flare Combustion Efficiency (%):", "Flare Combustion Efficiency ", "FLA_EFFIC", "%"),
                 Coded(DESC, "cmbFLA_FlareSmoke", "Smoking Condition:", "Smoking Condition", "FLA_SMOKE_FLG",
                       {{"None", "N"}, {"Light", "L"}, {"Medium", "M"}, {"Heavy", "H"}}),
                 YesNo(DESC, kPilot, "Is there a continuous pilot?", "Continuous pilot? y/n", "CTRL_FLA_PILOT_FLG"),
                 Number(DESC, "txtFLA_PilotFuelFeedRate", "Pilot Fuel Feed Rate (Mscf/day):", "Pilot Feed Rate",
-                       "PILOT_FUEL_FEED_RATE"),
+                       "PILOT_FUEL_FEED_RATE", "Mscf/day"),
             });
   AddStack(sheet, 0,
            {.letters = "FLA",

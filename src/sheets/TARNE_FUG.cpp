@@ -81,24 +81,24 @@ void AddFields(SheetSpec& sheet) {
   FieldSpec inspected = OpenItemText(DESC, kInspected, "Is active Leak Detection and Repair (LDAR) program in place?",
                                      "LDAR Program", "IS_LDAR_IN_PLACE", {"Yes", "No"});
   inspected.label = "lblFUG_IsLDAPInPlace";
-  sheet.Add(
-      0, "Stream",
-      {
-          Coded(DESC, "cmbFUG_StreamType", "Stream Type:", "Stream Type", "STREAM_TYP",
-                {{"Light Oil (>=20 APIG)", "LO"},
-                 {"Heavy Oil (<20 APIG)", "HO"},
-                 {"Oil/Water/Gas", "OG"},
-                 {"Oil/Water", "OW"},
-                 {"Gas", "GA"},
-                 {"NGL", "NG"}}),
-          Coded(DESC, kSize, "Facility Size:", "Facility Size", "FACIL_SIZE",
-                {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}}),
-          Number(DESC, "txtFUG_WeightPercentVOC", "Avg. VOC Weight Percent of Fugitives:", "VOC Weight %",
-                 "WGT_PER_VOC"),
-          Number(DESC, "txtFUG_EquipElev", "Avg Equipment Elev. (ft above msl):", "Equipment Elevation", "EQUIP_ELEV"),
-          OpenItemText(DESC, "cmbFUG_CountType", "Actual or Default Counts?", "Count Type", "COUNT_TYPE",
-                       {"Actual", "Default"}),
-      });
+  sheet.Add(0, "Stream",
+            {
+                Coded(DESC, "cmbFUG_StreamType", "Stream Type:", "Stream Type", "STREAM_TYP",
+                      {{"Light Oil (>=20 APIG)", "LO"},
+                       {"Heavy Oil (<20 APIG)", "HO"},
+                       {"Oil/Water/Gas", "OG"},
+                       {"Oil/Water", "OW"},
+                       {"Gas", "GA"},
+                       {"NGL", "NG"}}),
+                Coded(DESC, kSize, "Facility Size:", "Facility Size", "FACIL_SIZE",
+                      {{kSmall, "S"}, {kMedium, "M"}, {kLarge, "L"}}),
+                Number(DESC, "txtFUG_WeightPercentVOC", "Avg. VOC Weight Percent of Fugitives:", "VOC Weight %",
+                       "WGT_PER_VOC"),
+                Number(DESC, "txtFUG_EquipElev", "Avg Equipment Elev. (ft above msl):", "Equipment Elevation",
+                       "EQUIP_ELEV", "ft above msl"),
+                OpenItemText(DESC, "cmbFUG_CountType", "Actual or Default Counts?", "Count Type", "COUNT_TYPE",
+                             {"Actual", "Default"}),
+            });
   sheet.Add(0, "Inspection",
             {
                 inspected,

@@ -18,29 +18,31 @@ constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 void AddFields(SheetSpec& sheet) {
   sheet.Add(0, "Monthly activity",
             {
-                Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT"),
-            });
-  sheet.Add(0, "Wet gas",
-            {
-                Number(DESC, "txtGLY_WetGasT", "Wet Gas Temperature (°F):", "Wet Gas Temperature", "WET_GAS_TEMP"),
-                Number(DESC, "txtGLY_WetGasP", "Wet Gas Pressure (psig):", "Wet Gas Pressure", "WET_GAS_PRES"),
+                Number(ACTV, kThroughput, "Processed Throughput (MMscf):", "Processed Throughput", "TOT_GAS_THRUPUT",
+                       "MMscf"),
             });
   sheet.Add(
-      0, "Flash tank",
+      0, "Wet gas",
       {
-          YesNo(DESC, kFlashTank, "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG"),
-          Number(DESC, "txtGLY_FlashTankT", "Flash Tank Temperature (°F):", "Flash Tank Temperature",
-                 "FLASH_TANK_TEMP"),
-          Number(DESC, "txtGLY_FlashTankP", "Flash Tank Pressure (psig):", "Flash Tank Pressure", "FLASH_TANK_PRES"),
-          Coded(DESC, "cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas", "Disposition",
-                {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}),
+          Number(DESC, "txtGLY_WetGasT", "Wet Gas Temperature (°F):", "Wet Gas Temperature", "WET_GAS_TEMP", "°F"),
+          Number(DESC, "txtGLY_WetGasP", "Wet Gas Pressure (psig):", "Wet Gas Pressure", "WET_GAS_PRES", "psig"),
       });
+  sheet.Add(0, "Flash tank",
+            {
+                YesNo(DESC, kFlashTank, "Equipped with a flash tank?", "Equipped with flash tank?", "FLASH_TANK_FLG"),
+                Number(DESC, "txtGLY_FlashTankT", "Flash Tank Temperature (°F):", "Flash Tank Temperature",
+                       "FLASH_TANK_TEMP", "°F"),
+                Number(DESC, "txtGLY_FlashTankP", "Flash Tank Pressure (psig):", "Flash Tank Pressure",
+                       "FLASH_TANK_PRES", "psig"),
+                Coded(DESC, "cmbGLY_Disposition", "Destination of Flash Gas:", "Destination of Flash Gas",
+                      "Disposition", {{"routed to system", "RS"}, {"vented to atm", "VL"}, {"burned in flare", "FL"}}),
+            });
   sheet.Add(0, "Stripping gas",
             {
                 Coded(DESC, kStripping, "Uses stripping gas?", "Uses stripping gas?", "STRIPPING_GAS",
                       {{"None", "NO"}, {"Dry Gas", "DG"}, {"Flash Gas", "FG"}, {"Nitrogen", "NI"}}),
-                Number(DESC, "txtGLY_StrippingGasFlowRate",
-                       "Stripping Gas Flowrate (scf/min):", "Stripping Gas Flowrate", "STRIPPING_GAS_FLOWRATE"),
+                Number(DESC, "txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate (scf/min):",
+                       "Stripping Gas Flowrate", "STRIPPING_GAS_FLOWRATE", "scf/min"),
             });
   using Does = Enabling::Does;
   sheet.Add({

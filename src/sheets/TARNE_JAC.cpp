@@ -23,16 +23,17 @@ SheetSpec Drilling() {
                        "DRILLING_EQUIPMENT");
   rig.note_label = "lblJAC_DrillingRigIfApplicable";
   rig.note = "(if applicable)";
-  sheet.Add(
-      0, "Monthly activity",
-      {
-          Number(ACTV, "txtJAC_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-          Number(ACTV, "txtJAC_DieselUsage", "Total Diesel Fuel Usage (gal):", "Total Diesel Fuel Usage", "DIESEL_USE"),
-          Number(ACTV, "txtJAC_GasolineUsage", "Total Gasoline Fuel Usage (gal):", "Total Gasoline Fuel Usage",
-                 "GASOLINE_USE"),
-          Number(ACTV, "txtJAC_NGUsage", "Total Natural Gas Usage (Mscf):", "Total Natural Gas Usage", "NG_USE"),
-          rig,
-      });
+  sheet.Add(0, "Monthly activity",
+            {
+                Number(ACTV, "txtJAC_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
+                Number(ACTV, "txtJAC_DieselUsage", "Total Diesel Fuel Usage (gal):", "Total Diesel Fuel Usage",
+                       "DIESEL_USE", "gal"),
+                Number(ACTV, "txtJAC_GasolineUsage", "Total Gasoline Fuel Usage (gal):", "Total Gasoline Fuel Usage",
+                       "GASOLINE_USE", "gal"),
+                Number(ACTV, "txtJAC_NGUsage", "Total Natural Gas Usage (Mscf):", "Total Natural Gas Usage", "NG_USE",
+                       "Mscf"),
+                rig,
+            });
   const Exhaust exhaust{.letters = "JAC",
                         .temperature_control = "txtJAC_ExhaustOutletExitT",
                         .height = {-30, 100},

@@ -15,33 +15,33 @@ constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 void AddFields(SheetSpec& sheet) {
   sheet.Add(0, "Monthly activity",
             {
-                Number(ACTV, "txtLOA_VolLoaded", "Volume Loaded (bbl):", "Volume Loaded", "VOL_LOADED"),
+                Number(ACTV, "txtLOA_VolLoaded", "Volume Loaded (bbl):", "Volume Loaded", "VOL_LOADED", "bbl"),
                 Number(ACTV, "txtLOA_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temperature",
-                       "TANK_BULK_LIQ_TEMP"),
+                       "TANK_BULK_LIQ_TEMP", "°F"),
             });
-  sheet.Add(
-      0, "Loading",
-      {
-          Number(DESC, "txtLOA_EquipElev", "Average Elevation (ft above msl):", "Average Elevation", "EQUIP_ELEV"),
-          Coded(DESC, "cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color",
-                "TANK_PAINT_COLOR",
-                {{"Aluminum/Specular", "AS"},
-                 {"Aluminum/Diffuse", "AD"},
-                 {"Grey/Light", "GL"},
-                 {"Grey/Med", "GM"},
-                 {"Red/Primer", "RP"},
-                 {"White/NA", "WN"}}),
-          Coded(DESC, "cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:", "Storage Tank Paint Condition",
-                "TANK_PAINT_COND", {{"Good", "G"}, {"Poor", "P"}}),
-      });
+  sheet.Add(0, "Loading",
+            {
+                Number(DESC, "txtLOA_EquipElev", "Average Elevation (ft above msl):", "Average Elevation", "EQUIP_ELEV",
+                       "ft above msl"),
+                Coded(DESC, "cmbLOA_TankPaintColor", "Storage Tank Paint Color:", "Storage Tank Paint Color",
+                      "TANK_PAINT_COLOR",
+                      {{"Aluminum/Specular", "AS"},
+                       {"Aluminum/Diffuse", "AD"},
+                       {"Grey/Light", "GL"},
+                       {"Grey/Med", "GM"},
+                       {"Red/Primer", "RP"},
+                       {"White/NA", "WN"}}),
+                Coded(DESC, "cmbLOA_TankPaintCondition", "Storage Tank Paint Condition:",
+                      "Storage Tank Paint Condition", "TANK_PAINT_COND", {{"Good", "G"}, {"Poor", "P"}}),
+            });
   sheet.Add(0, "Product",
             {
                 Number(DESC, "txtLOA_ReidVP", "Product Reid Vapor Pressure (psia):", "Product Reid Vapor Pressure",
-                       "REID_VP"),
+                       "REID_VP", "psia"),
                 Number(DESC, "txtLOA_TankVaporWeightPercentVOC", "Avg. Percent by Weight of VOCs in Tank Vapor (%):",
-                       "Avg. % by Weight VOCs", "TANK_VAPWGT_PVOC"),
+                       "Avg. % by Weight VOCs", "TANK_VAPWGT_PVOC", "%"),
                 Number(DESC, "txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
-                       "Avg. Molecular Weight of VOCs", "TANK_VOC_MOLEWGT"),
+                       "Avg. Molecular Weight of VOCs", "TANK_VOC_MOLEWGT", "lb/lb-mol"),
             });
 }
 

@@ -27,16 +27,16 @@ void AddFields(SheetSpec& sheet) {
   sheet.Add(0, "Monthly activity",
             {
                 Number(ACTV, "txtLOS_Throughput", "Oil/Condensate Throughput (bbls):", "Oil/Condensate Throughput",
-                       "THRUPUT"),
+                       "THRUPUT", "bbls"),
                 Number(ACTV, "txtLOS_SCFperBarrel", "SCF of flash per bbl of oil:", "SCF per bbl Flash", "SCF_PER_BBL"),
                 Number(ACTV, "txtLOS_DSOpPressure", "Operating Pressure of Vessel  (psig):", "Op pressure of Vessel",
-                       "DS_OP_PRES"),
+                       "DS_OP_PRES", "psig"),
                 Number(ACTV, "txtLOS_DSOpTemperature", "Operating Temperature of Vessel (F):", "Op temp of Vessel",
-                       "DS_OP_TEMP"),
+                       "DS_OP_TEMP", "F"),
                 Number(ACTV, "txtLOS_USOpPressure",
-                       "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES"),
+                       "Op Press upstream of Vessel  (psig):", "Op Press upstream of Vessel", "US_OP_PRES", "psig"),
                 Number(ACTV, "txtLOS_USOpTemperature", "Op Temp upstream of Vessel (F):", "Op Temp upstream of Vessel",
-                       "US_OP_TEMP"),
+                       "US_OP_TEMP", "F"),
             });
 }
 

@@ -10,11 +10,12 @@ constexpr In DESC = In::kDesc;
 constexpr const char* kEmissionControls = "cmbNGE_ExhaustEmissionControls";
 
 void AddFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity",
-            {
-                Number(ACTV, "txtNGE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-                Number(ACTV, "txtNGE_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
-            });
+  sheet.Add(
+      0, "Monthly activity",
+      {
+          Number(ACTV, "txtNGE_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
+          Number(ACTV, "txtNGE_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE", "Mscf"),
+      });
   sheet.Add(0, "Engine",
             {
                 Text(DESC, "txtNGE_Mfr", "Manufacturer:", "Manufacturer", "MFG"),
@@ -24,20 +25,20 @@ void AddFields(SheetSpec& sheet) {
                       {{"2-Cycle", "2"}, {"4-Cycle", "4"}}),
                 Coded(DESC, "cmbNGE_EngineBurnType", "", "Engine Burn", "ENGINE_BURN_TYP",
                       {{"Lean", "L"}, {"Clean", "C"}, {"Rich", "R"}}),
-                Number(DESC, "txtNGE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
-                Number(DESC, "txtNGE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP"),
+                Number(DESC, "txtNGE_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP", "hp"),
+                Number(DESC, "txtNGE_OperatingHP", "Operating Horsepower (hp):", "Operating Horsepower", "OP_HP", "hp"),
             });
-  sheet.Add(
-      0, "Fuel",
-      {
-          Number(DESC, "txtNGE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage",
-                 "MAX_RATED_FUEL_USE"),
-          Number(DESC, "txtNGE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage",
-                 "FUEL_USE_RATE"),
-          Number(DESC, "txtNGE_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
-                 "FUEL_HEAT_VAL"),
-          Number(DESC, "txtNGE_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
-      });
+  sheet.Add(0, "Fuel",
+            {
+                Number(DESC, "txtNGE_MaxRatedFuelUsage", "Max Rated Fuel Usage (Btu/hp-hr):", "Max Rated Fuel Usage",
+                       "MAX_RATED_FUEL_USE", "Btu/hp-hr"),
+                Number(DESC, "txtNGE_FuelUsageRate", "Average Fuel Usage (Btu/hp-hr):", "Average Fuel Usage",
+                       "FUEL_USE_RATE", "Btu/hp-hr"),
+                Number(DESC, "txtNGE_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
+                       "FUEL_HEAT_VAL", "Btu/scf"),
+                Number(DESC, "txtNGE_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content",
+                       "FUEL_H2S_CONTENT", "ppmv"),
+            });
   sheet.Add(1, "Emission controls",
             {
                 OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",

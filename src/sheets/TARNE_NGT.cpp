@@ -23,11 +23,12 @@ CheckSpec DieselNotOver(const std::string& other, const std::string& text) {
 }
 
 void AddGasFields(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity",
-            {
-                Number(ACTV, "txtNGT_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
-                Number(ACTV, "txtNGT_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE"),
-            });
+  sheet.Add(
+      0, "Monthly activity",
+      {
+          Number(ACTV, "txtNGT_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
+          Number(ACTV, "txtNGT_TotalFuelUsed", "Total Fuel Used (Mscf):", "Total Fuel Used", "TOT_FUEL_USE", "Mscf"),
+      });
   sheet.Add(0, "Turbine",
             {
                 Text(DESC, "txtNGT_Mfr", "Manufacturer:", "Manufacturer", "MFG"),
@@ -35,18 +36,18 @@ void AddGasFields(SheetSpec& sheet) {
                 Coded(DESC, "cmbNGT_Purpose", "", "Engine Purpose", "Purpose",
                       {{"Electricity Generation", "EG"}, {"Product Pressurization", "PP"}, {"Other", "OT"}}),
             });
-  sheet.Add(
-      0, "Gas fuel",
-      {
-          Number(DESC, "txtNGT_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP"),
-          Number(DESC, "txtNGT_OperatingHP", "Operating Horsepower (hp):", "Opeating Horsepower", "OP_HP"),
-          Number(DESC, "txtNGT_MaxRatedFuelUsage", "Max Rated Fuel Usage:", "Max Rated Fuel Usage",
-                 "MAX_RATED_FUEL_USE"),
-          Number(DESC, "txtNGT_FuelUsageRate", "Average Fuel Usage:", "Average Fuel Usage", "FUEL_USE_RATE"),
-          Number(DESC, "txtNGT_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
-                 "FUEL_HEAT_VAL"),
-          Number(DESC, "txtNGT_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content", "FUEL_H2S_CONTENT"),
-      });
+  sheet.Add(0, "Gas fuel",
+            {
+                Number(DESC, "txtNGT_MaxHP", "Max Rated Horsepower (hp):", "Max Rated Horsepower", "MAX_HP", "hp"),
+                Number(DESC, "txtNGT_OperatingHP", "Operating Horsepower (hp):", "Opeating Horsepower", "OP_HP", "hp"),
+                Number(DESC, "txtNGT_MaxRatedFuelUsage", "Max Rated Fuel Usage:", "Max Rated Fuel Usage",
+                       "MAX_RATED_FUEL_USE"),
+                Number(DESC, "txtNGT_FuelUsageRate", "Average Fuel Usage:", "Average Fuel Usage", "FUEL_USE_RATE"),
+                Number(DESC, "txtNGT_FuelHeatingValue", "Fuel Heating Value (Btu/scf):", "Fuel Heating Value",
+                       "FUEL_HEAT_VAL", "Btu/scf"),
+                Number(DESC, "txtNGT_FuelH2SContent", "Fuel H2S Content (ppmv):", "Fuel H2S Content",
+                       "FUEL_H2S_CONTENT", "ppmv"),
+            });
   sheet.Add(1, "Emission controls",
             {
                 OpenItemText(DESC, kEmissionControls, "", "Exhaust Emission Controls", "EMISSION_CONTROLS",
@@ -55,25 +56,25 @@ void AddGasFields(SheetSpec& sheet) {
 }
 
 void AddDieselFields(SheetSpec& sheet) {
-  sheet.Add(
-      0, "Monthly activity, diesel",
-      {
-          Number(ACTV, "txtNGT_HrsOperated_Diesel", "Hours Operated (hrs):", "Hours Operated (Diesel)", "OP_HR_DIESEL"),
-          Number(ACTV, "txtNGT_TotalFuelUsed_Diesel", "Total Fuel Used (gal):", "Diesel Total Fuel Used (Diesel)",
-                 "TOT_FUEL_USE_DIESEL"),
-      });
+  sheet.Add(0, "Monthly activity, diesel",
+            {
+                Number(ACTV, "txtNGT_HrsOperated_Diesel", "Hours Operated (hrs):", "Hours Operated (Diesel)",
+                       "OP_HR_DIESEL", "hrs"),
+                Number(ACTV, "txtNGT_TotalFuelUsed_Diesel", "Total Fuel Used (gal):", "Diesel Total Fuel Used (Diesel)",
+                       "TOT_FUEL_USE_DIESEL", "gal"),
+            });
   sheet.Add(0, "Diesel fuel",
             {
-                Number(DESC, "txtNGT_MaxHP_Diesel", "", "Max Rated Horsepower (Diesel)", "MAX_HP_DIESEL"),
+                Number(DESC, "txtNGT_MaxHP_Diesel", "", "Max Rated Horsepower (Diesel)", "MAX_HP_DIESEL", "hp"),
                 Number(DESC, "txtNGT_OperatingHP_Diesel", "Operating Horsepower (hp):", "Operating Horsepower (Diesel)",
-                       "OP_HP_DIESEL"),
+                       "OP_HP_DIESEL", "hp"),
                 Number(DESC, "txtNGT_MaxRatedFuelUsage_Diesel",
                        "Max Rated Fuel Usage:", "Max Rated Fuel Usage (Diesel)", "MAX_RATED_FUEL_USE_DIESEL"),
                 Number(DESC, "txtNGT_FuelUsageRate_Diesel", "", "Average Fuel Usage (Diesel)", "AVG_FUEL_USAGE_DIESEL"),
                 Number(DESC, "txtNGT_FuelHeatingValue_Diesel",
-                       "Fuel Heating Value (Btu/lb):", "Fuel Heating Value (Diesel)", "FUEL_HEAT_VAL_DIESEL"),
+                       "Fuel Heating Value (Btu/lb):", "Fuel Heating Value (Diesel)", "FUEL_HEAT_VAL_DIESEL", "Btu/lb"),
                 Number(DESC, "txtNGT_FuelSulfurContent_Diesel", "Fuel Sulfur Content (% by mass):",
-                       "Fuel Sulfur Content (Diesel)", "FUEL_SULFUR_CONTENT_DIESEL"),
+                       "Fuel Sulfur Content (Diesel)", "FUEL_SULFUR_CONTENT_DIESEL", "% by mass"),
             });
 }
 

@@ -91,11 +91,12 @@ SheetSpec Pump() {
                 Lookup(kMake, "Manufacturer :", "Equipment Manufacturer", "MFG"),
                 Lookup(kModel, "Model :", "Equipment Model ", "model"),
             });
-  sheet.Add(0, "Monthly activity",
-            {
-                Number(ACTV, kHours, "Hours Operated (hrs):", "Hours per day operated", "OP_HR"),
-                Number(ACTV, kRate, "Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate (SCF/hr)", "FUEL_USE_RATE"),
-            });
+  sheet.Add(
+      0, "Monthly activity",
+      {
+          Number(ACTV, kHours, "Hours Operated (hrs):", "Hours per day operated", "OP_HR", "hrs"),
+          Number(ACTV, kRate, "Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate (SCF/hr)", "FUEL_USE_RATE", "SCF/hr"),
+      });
   AddRouting(sheet, {.letters = "PNE",
                      .kind = Routing::Kind::kByLocked,
                      .to_system = true,

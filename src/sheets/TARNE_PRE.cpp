@@ -102,21 +102,21 @@ SheetSpec Controllers() {
       ItemText(DESC, kService, "Service Type:", "Service Type", "SERVICE_TYP", {"PC", "LC", "FC", "Other"});
   service.known_items = 2;  // a load knows the first two and shows the first for all else
   service.fallback = 0;
-  sheet.Add(
-      0, "Controllers",
-      {
-          service,
-          Lookup(kMake, "Manufacturer:", "Equipment Manufacturer", "MFG"),
-          Lookup(kModel, "Model:", "Equipment Model", "model"),
-          OpenItemText(DESC, "cmbPRE_BleedRate", "Bleed Rate:", "Bleed Rate", "BLEED_RATE",
-                       {"High-bleed (>6 scfh)", "Low-bleed (<6 scfh)", "Intermittent", "Zero-bleed"}),
-          Number(DESC, "txtPRE_Quantity", "Number of this Make-Model:", "Number of Units", "QTY"),
-          Number(DESC, "txtPRE_EquipElev", "Equipment Elevation (ft above msl):", "Engine Elevation", "EQUIP_ELEV"),
-      });
+  sheet.Add(0, "Controllers",
+            {
+                service,
+                Lookup(kMake, "Manufacturer:", "Equipment Manufacturer", "MFG"),
+                Lookup(kModel, "Model:", "Equipment Model", "model"),
+                OpenItemText(DESC, "cmbPRE_BleedRate", "Bleed Rate:", "Bleed Rate", "BLEED_RATE",
+                             {"High-bleed (>6 scfh)", "Low-bleed (<6 scfh)", "Intermittent", "Zero-bleed"}),
+                Number(DESC, "txtPRE_Quantity", "Number of this Make-Model:", "Number of Units", "QTY"),
+                Number(DESC, "txtPRE_EquipElev", "Equipment Elevation (ft above msl):", "Engine Elevation",
+                       "EQUIP_ELEV", "ft above msl"),
+            });
   sheet.Add(0, "Monthly activity",
             {
-                Number(ACTV, kHours, "Hours Operated (hrs)", "Hours Operated", "OP_HR"),
-                Number(ACTV, kRate, " Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate", "FUEL_USE_RATE"),
+                Number(ACTV, kHours, "Hours Operated (hrs)", "Hours Operated", "OP_HR", "hrs"),
+                Number(ACTV, kRate, " Fuel Gas Usage Rate (SCF/hr):", "Fuel Usage Rate", "FUEL_USE_RATE", "SCF/hr"),
             });
   AddUnseenFields(sheet);
   sheet.rules = {{"CheckPREFields",

@@ -45,25 +45,26 @@ Condition HasHeight() {
 
 FieldSpec Dimension(const char* control, const char* caption, const char* tag, const char* column,
                     const Condition& kept_when) {
-  FieldSpec field = Number(DESC, control, caption, tag, column);
+  FieldSpec field = Number(DESC, control, caption, tag, column, "ft");
   field.kept_when = kept_when;
   return field;
 }
 
 void AddMonth(SheetSpec& sheet) {
-  sheet.Add(0, "Monthly activity",
-            {
-                Number(ACTV, "txtSTO_Throughput", "Product Throughput (bbl):", "Product Throughput", "THRUPUT"),
-                Number(ACTV, kLiquidHeight, "Average Liquid Height (ft):", "Avg Liquid Height", "TANK_AVG_LIQ_HGT"),
-                Number(ACTV, "txtSTO_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temp",
-                       "TANK_BULK_LIQ_TEMP"),
-                Number(ACTV, "txtSTO_APIGravity", "API Gravity (°API):", "API Gravity", "API_GRAV"),
-                Number(ACTV, "txtSTO_ReidVP", "Reid Vapor Pressure (psia):", "Reid Vapor Pressure", "REID_VP"),
-                Number(ACTV, "txtSTO_TankVaporWeightPercentVOC", "Average Percent by Weight of VOCs in Tank Vapor (%):",
-                       "Avg Percent by Wt VOCs", "TANK_VAPWGT_PVOC"),
-                Number(ACTV, "txtSTO_TankVOCMolWeight", "Average Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
-                       "Avg Molecular Wt VOCs", "TANK_VOC_MOLEWGT"),
-            });
+  sheet.Add(
+      0, "Monthly activity",
+      {
+          Number(ACTV, "txtSTO_Throughput", "Product Throughput (bbl):", "Product Throughput", "THRUPUT", "bbl"),
+          Number(ACTV, kLiquidHeight, "Average Liquid Height (ft):", "Avg Liquid Height", "TANK_AVG_LIQ_HGT", "ft"),
+          Number(ACTV, "txtSTO_TankBulkLiqT", "Bulk Liquid Temperature (°F):", "Bulk Liquid Temp", "TANK_BULK_LIQ_TEMP",
+                 "°F"),
+          Number(ACTV, "txtSTO_APIGravity", "API Gravity (°API):", "API Gravity", "API_GRAV", "°API"),
+          Number(ACTV, "txtSTO_ReidVP", "Reid Vapor Pressure (psia):", "Reid Vapor Pressure", "REID_VP", "psia"),
+          Number(ACTV, "txtSTO_TankVaporWeightPercentVOC", "Average Percent by Weight of VOCs in Tank Vapor (%):",
+                 "Avg Percent by Wt VOCs", "TANK_VAPWGT_PVOC", "%"),
+          Number(ACTV, "txtSTO_TankVOCMolWeight", "Average Molecular Weight of VOCs in Tank Vapor (lb/lb-mol):",
+                 "Avg Molecular Wt VOCs", "TANK_VOC_MOLEWGT", "lb/lb-mol"),
+      });
 }
 
 void AddTank(SheetSpec& sheet) {
@@ -80,30 +81,31 @@ void AddTank(SheetSpec& sheet) {
           Dimension(kWidth2, "2nd Tank Shell Width (ft):", "2nd Tank Shell Width", "TANK_SHELL_WIDTH2",
                     Both(NotCylindrical(), Vertical())),
       });
-  sheet.Add(0, "Roof and paint",
-            {
-                YesNo(DESC, kFixedRoof, "Is the roof fixed (not floating)?", "Fixed (not floating)?", "FIXED_ROOF"),
-                Coded(DESC, "cmbSTO_TankRoofType", "Roof Shape:", "Roof Shape", "TANK_ROOF_TYP",
-                      {{"Cone", "C"}, {"Dome", "D"}, {"Flat", "F"}, {"Peaked", "P"}}),
-                Number(DESC, "txtSTO_TankRoofHgt", "Roof Height Above Shell (ft):", "Roof Height", "TANK_ROOF_HGT"),
-                Coded(DESC, "cmbSTO_TankPaintColor", "Paint Color:", "Paint Color", "TANK_PAINT_COLOR",
-                      {{"Aluminum/Specular", "AS"},
-                       {"Aluminum/Diffuse", "AD"},
-                       {"Grey/Light", "GL"},
-                       {"Grey/Med", "GM"},
-                       {"Red/Primer", "RP"},
-                       {"White/NA", "WN"}}),
-                Coded(DESC, "cmbSTO_TankPaintCondition", "Paint Condition:", "Paint Condition", "TANK_PAINT_CND",
-                      {{"Good", "G"}, {"Poor", "P"}}),
-            });
+  sheet.Add(
+      0, "Roof and paint",
+      {
+          YesNo(DESC, kFixedRoof, "Is the roof fixed (not floating)?", "Fixed (not floating)?", "FIXED_ROOF"),
+          Coded(DESC, "cmbSTO_TankRoofType", "Roof Shape:", "Roof Shape", "TANK_ROOF_TYP",
+                {{"Cone", "C"}, {"Dome", "D"}, {"Flat", "F"}, {"Peaked", "P"}}),
+          Number(DESC, "txtSTO_TankRoofHgt", "Roof Height Above Shell (ft):", "Roof Height", "TANK_ROOF_HGT", "ft"),
+          Coded(DESC, "cmbSTO_TankPaintColor", "Paint Color:", "Paint Color", "TANK_PAINT_COLOR",
+                {{"Aluminum/Specular", "AS"},
+                 {"Aluminum/Diffuse", "AD"},
+                 {"Grey/Light", "GL"},
+                 {"Grey/Med", "GM"},
+                 {"Red/Primer", "RP"},
+                 {"White/NA", "WN"}}),
+          Coded(DESC, "cmbSTO_TankPaintCondition", "Paint Condition:", "Paint Condition", "TANK_PAINT_CND",
+                {{"Good", "G"}, {"Poor", "P"}}),
+      });
   FieldSpec flash_tank = OpenItemText(DESC, "cboEquippedWithFlashTank", "Equipped with a flash tank?",
                                       "Equipped with flash tank", "IS_EQUIPPED_WITH_FLASH_TANK", {"No", "Yes"});
   sheet.Add(0, "Vents and product",
             {
                 Number(DESC, "txtSTO_BreatherVentPressure",
-                       "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure", "BREATH_VEN_PRES"),
+                       "Breather Vent Pressure Setting (psig):", "Breather Vent Pressure", "BREATH_VEN_PRES", "psig"),
                 Number(DESC, "txtSTO_BreatherVentVacuum",
-                       "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC"),
+                       "Breather Vent Vacuum Setting (psig):", "Breather Vent Vacuum", "BREATH_VEN_VAC", "psig"),
                 Coded(DESC, "cmbSTO_ProductType", "Product Type:", "Product Type", "PROD_TYP",
                       {{"Crude", "CR"}, {"Condensate", "CO"}}),
                 flash_tank,

@@ -4,7 +4,7 @@ namespace merlu {
 
 namespace {
 
-Control Make(Kind kind, const std::string& name, const std::string& caption, const Place& place) {
+Control Make(Kind kind, const std::string& name, const std::string& caption, const ControlPlace& place) {
   Control control;
   control.kind = kind;
   control.name = name;
@@ -17,17 +17,17 @@ Control Make(Kind kind, const std::string& name, const std::string& caption, con
 
 }  // namespace
 
-Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const Place& place) {
+Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const ControlPlace& place) {
   return form.Add(Make(kind, name, caption, place));
 }
 
-void PutTab(Form& form, const std::string& name, std::vector<std::string> pages, const Place& place) {
+void PutTab(Form& form, const std::string& name, std::vector<std::string> pages, const ControlPlace& place) {
   Control tab = Make(Kind::kTab, name, "", place);
   tab.items = std::move(pages);
   form.Add(std::move(tab));
 }
 
-Control& PutLabel(Form& form, const std::string& name, const std::string& text, const Place& place) {
+Control& PutLabel(Form& form, const std::string& name, const std::string& text, const ControlPlace& place) {
   Control& label = Put(form, Kind::kLabel, name, text, place);
   label.text = text;
   return label;
@@ -35,7 +35,7 @@ Control& PutLabel(Form& form, const std::string& name, const std::string& text, 
 
 void PutField(Form& form, const FieldSpec& spec, const std::string& parent) {
   const bool off_page = spec.page == kOffPage;
-  const Place place{spec.frame.empty() ? parent : spec.frame, off_page ? 0 : spec.page, spec.block};
+  const ControlPlace place{spec.frame.empty() ? parent : spec.frame, off_page ? 0 : spec.page, spec.block};
   if (!spec.label.empty()) PutLabel(form, spec.label, spec.caption, place);
   Control& field = Put(form, spec.kind, spec.control, spec.caption, place);
   field.tag = spec.tag;
@@ -44,6 +44,7 @@ void PutField(Form& form, const FieldSpec& spec, const std::string& parent) {
   field.free_text = spec.free_text;
   field.visible = !off_page;
   field.numeric = spec.stored == Stored::kNumber || spec.stored == Stored::kComputed;
+  field.unit = spec.unit;
   for (const Item& item : spec.items) field.items.push_back(item.text);
   field.mask = spec.mask;
   if (!spec.mask.empty()) field.text = Masked(spec.mask, "");
@@ -51,7 +52,7 @@ void PutField(Form& form, const FieldSpec& spec, const std::string& parent) {
 }
 
 void PutResults(Form& form, const std::string& list, const std::string& button, const std::string& first_column,
-                const Place& place) {
+                const ControlPlace& place) {
   Put(form, Kind::kListView, list, "QC Results", place).columns = {first_column, "Error Description",
                                                                    "Operator Comment"};
   Put(form, Kind::kButton, button, "Edit QC Comment", place);

@@ -10,20 +10,20 @@
 namespace merlu {
 
 // Where the next controls are placed.
-struct Place {
+struct ControlPlace {
   std::string parent;
   int page = 0;
   std::string block;
 };
 
-Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const Place& place);
-Control& PutLabel(Form& form, const std::string& name, const std::string& text, const Place& place);
-void PutTab(Form& form, const std::string& name, std::vector<std::string> pages, const Place& place);
+Control& Put(Form& form, Kind kind, const std::string& name, const std::string& caption, const ControlPlace& place);
+Control& PutLabel(Form& form, const std::string& name, const std::string& text, const ControlPlace& place);
+void PutTab(Form& form, const std::string& name, std::vector<std::string> pages, const ControlPlace& place);
 // The field with its labels, on its frame or else the parent.
 void PutField(Form& form, const FieldSpec& spec, const std::string& parent);
 // A results list with its button: columns First, "Error Description", "Operator Comment".
 void PutResults(Form& form, const std::string& list, const std::string& button, const std::string& first_column,
-                const Place& place);
+                const ControlPlace& place);
 
 // Read-only or editable, with the matching background.
 void SetLocked(Control& field, bool locked);

@@ -23,7 +23,7 @@ void PutStatusAndComments(Form& form, const SheetSpec& sheet) {
     Put(form, Kind::kFrame, names::Frame1, "", {sheet.tab()}).visible = false;
     Put(form, Kind::kCheck, sheet.status_box(), "No Emissions to Report", {names::Frame1, 0, block});
   }
-  const Place place{sheet.tab(), 0, block};
+  const ControlPlace place{sheet.tab(), 0, block};
   PutLabel(form, sheet.comments_label(), sheet.comments_caption, place);
   Control& comments = Put(form, Kind::kText, sheet.comments(), sheet.comments_caption, place);
   comments.tag = sheet.comments_tag;

@@ -18,9 +18,12 @@ FieldSpec Make(In mode, Kind kind, Stored stored, std::string control, std::stri
 
 }  // namespace
 
-FieldSpec Number(In mode, std::string control, std::string caption, std::string tag, std::string column) {
-  return Make(mode, Kind::kText, Stored::kNumber, std::move(control), std::move(caption), std::move(tag),
-              std::move(column));
+FieldSpec Number(In mode, std::string control, std::string caption, std::string tag, std::string column,
+                 std::string unit) {
+  FieldSpec field = Make(mode, Kind::kText, Stored::kNumber, std::move(control), std::move(caption), std::move(tag),
+                         std::move(column));
+  field.unit = std::move(unit);
+  return field;
 }
 
 FieldSpec Text(In mode, std::string control, std::string caption, std::string tag, std::string column) {

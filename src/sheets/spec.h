@@ -39,6 +39,7 @@ struct FieldSpec {
   std::string column;  // of ED_<type> in kDesc, of EA_<type> in kActv
   Stored stored = Stored::kNone;
   std::vector<Item> items;
+  std::string unit;              // of a number: "hrs"; a caption that shows it has it in brackets
   std::string label;             // name of the caption's control, when it has one
   int page = 0;                  // kOffPage: on no page, so that the user never sees it
   std::string block;             // heading on the page
@@ -60,7 +61,8 @@ struct FieldSpec {
 inline constexpr int kOffPage = -1;
 
 // Makers of fields, one a line in a type's table.
-FieldSpec Number(In mode, std::string control, std::string caption, std::string tag, std::string column);
+FieldSpec Number(In mode, std::string control, std::string caption, std::string tag, std::string column,
+                 std::string unit = "");
 FieldSpec Text(In mode, std::string control, std::string caption, std::string tag, std::string column);
 FieldSpec YesNo(In mode, std::string control, std::string caption, std::string tag, std::string column);
 FieldSpec Coded(In mode, std::string control, std::string caption, std::string tag, std::string column,

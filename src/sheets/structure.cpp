@@ -23,7 +23,7 @@ FieldSpec Id(const char* control, const char* caption, const char* column) {
 FieldSpec Gas(const char* control, const char* name, const char* column) {
   return Number(DESC, std::string(names::txtSTRUCTURE_SalesGas) + control + "Content",
                 std::string(name) + " (%):", std::string("Sales Gas ") + name + " Content",
-                std::string("SalesGas") + column + "Content");
+                std::string("SalesGas") + column + "Content", "%");
 }
 
 FieldSpec Computed(FieldSpec field) {
@@ -48,13 +48,15 @@ void AddDescription(SheetSpec& sheet) {
                 Text(DESC, names::txtSTRUCTURE_Name, "Name:", "Name", "Name"),
                 Text(DESC, names::txtSTRUCTURE_LeaseNo, "Lease Number:", "Lease Number", "LEASE_NUM"),
             });
-  sheet.Add(0, "Location",
-            {
-                Number(DESC, names::txtSTRUCTURE_Lon, "Longitude (degrees, west negative):", "Longitude", "LONGITUDE"),
-                Number(DESC, names::txtSTRUCTURE_Lat, "Latitude (degrees):", "Latitude", "LATITUDE"),
-                Number(DESC, names::txtSTRUCTURE_DistShore, "Distance to Shore:", "Distance to Shore", "DIST_TO_SHORE"),
-                Number(DESC, names::txtSTRUCTURE_WaterDepth, "Water Depth (ft):", "Water Depth", "WATER_DEPTH_FT"),
-            });
+  sheet.Add(
+      0, "Location",
+      {
+          Number(DESC, names::txtSTRUCTURE_Lon, "Longitude (degrees, west negative):", "Longitude", "LONGITUDE",
+                 "degrees, west negative"),
+          Number(DESC, names::txtSTRUCTURE_Lat, "Latitude (degrees):", "Latitude", "LATITUDE", "degrees"),
+          Number(DESC, names::txtSTRUCTURE_DistShore, "Distance to Shore:", "Distance to Shore", "DIST_TO_SHORE"),
+          Number(DESC, names::txtSTRUCTURE_WaterDepth, "Water Depth (ft):", "Water Depth", "WATER_DEPTH_FT", "ft"),
+      });
   sheet.Add(0, "Minor source",
             {
                 Exempt(names::cmbMinorSourceExempt, "Minor Source Exempt from Reporting:", "Minor Source Exempt",
@@ -63,48 +65,48 @@ void AddDescription(SheetSpec& sheet) {
                        "MINOR_SOURCE_EXEMPT_WHAT",
                        {"Caisson", "Living Quarters", "Wellhead Protector", "Other (describe in coments)"}),
             });
-  sheet.Add(
-      0, "Sales gas composition",
-      {
-          Gas("C1", "C1", "C1"),
-          Gas("C2", "C2", "C2"),
-          Gas("C3", "C3", "C3"),
-          Gas("iC4", "iC4", "iC4"),
-          Gas("nC4", "nC4", "nC4"),
-          Gas("iC5", "iC5", "iC5"),
-          Gas("nC5", "nC5", "nC5"),
-          Gas("C6", "C6", "C6"),
-          Gas("C7", "C7", "C7"),
-          Gas("C8", "C8+", "C8Plus"),
-          Gas("CO2", "CO2", "CO2"),
-          Gas("H2S", "H2S", "H2S"),
-          Gas("N2", "N2", "N2"),
-          Gas("O2", "O2", "O2"),
-          Computed(Number(DESC, names::txtSTRUCTURE_SalesGasTotal, "Total (%):", "Sales Gas Total", "SALES_GAS_TOTAL")),
-      });
+  sheet.Add(0, "Sales gas composition",
+            {
+                Gas("C1", "C1", "C1"),
+                Gas("C2", "C2", "C2"),
+                Gas("C3", "C3", "C3"),
+                Gas("iC4", "iC4", "iC4"),
+                Gas("nC4", "nC4", "nC4"),
+                Gas("iC5", "iC5", "iC5"),
+                Gas("nC5", "nC5", "nC5"),
+                Gas("C6", "C6", "C6"),
+                Gas("C7", "C7", "C7"),
+                Gas("C8", "C8+", "C8Plus"),
+                Gas("CO2", "CO2", "CO2"),
+                Gas("H2S", "H2S", "H2S"),
+                Gas("N2", "N2", "N2"),
+                Gas("O2", "O2", "O2"),
+                Computed(Number(DESC, names::txtSTRUCTURE_SalesGasTotal, "Total (%):", "Sales Gas Total",
+                                "SALES_GAS_TOTAL", "%")),
+            });
 }
 
 void AddMonth(SheetSpec& sheet) {
   sheet.Add(0, "Production",
             {
-                Number(ACTV, names::txtSTRUCTURE_ProdOil, "Oil Production (bbl):", "Oil Production", "PROD_OIL"),
+                Number(ACTV, names::txtSTRUCTURE_ProdOil, "Oil Production (bbl):", "Oil Production", "PROD_OIL", "bbl"),
                 Number(ACTV, names::txtSTRUCTURE_ProdNG, "Natural Gas Production (MMscf):", "Natural Gas Production",
-                       "PROD_NG"),
+                       "PROD_NG", "MMscf"),
             });
   sheet.Add(0, "Throughput",
             {
-                Number(ACTV, names::txtSTRUCTURE_ThruOil, "Oil Throughput (bbl):", "Oil Throughput", "THRU_OIL"),
+                Number(ACTV, names::txtSTRUCTURE_ThruOil, "Oil Throughput (bbl):", "Oil Throughput", "THRU_OIL", "bbl"),
                 Number(ACTV, names::txtSTRUCTURE_ThruNG, "Natural Gas Throughput (MMscf):", "Natural Gas Throughput",
-                       "THRU_NG"),
+                       "THRU_NG", "MMscf"),
             });
   sheet.Add(0, "Total fuel usage",
             {
                 Number(ACTV, names::txtSTRUCTURE_TotalFuelUsageNG,
-                       "Natural Gas (Mscf):", "Total Fuel Usage, Natural Gas", "TOT_FUEL_USE_NG"),
+                       "Natural Gas (Mscf):", "Total Fuel Usage, Natural Gas", "TOT_FUEL_USE_NG", "Mscf"),
                 Number(ACTV, names::txtSTRUCTURE_TotalFuelUsageGasoline,
-                       "Gasoline (gal):", "Total Fuel Usage, Gasoline", "TOT_FUEL_USE_GAS"),
+                       "Gasoline (gal):", "Total Fuel Usage, Gasoline", "TOT_FUEL_USE_GAS", "gal"),
                 Number(ACTV, names::txtSTRUCTURE_TotalFuelUsageDiesel, "Diesel (gal):", "Total Fuel Usage, Diesel",
-                       "TOT_FUEL_USE_DIE"),
+                       "TOT_FUEL_USE_DIE", "gal"),
             });
   sheet.Add(0, "Comments",
             {

@@ -497,6 +497,7 @@ TEST(Colours, of_scroll_bars_tell_the_handle_from_its_ground) {
 TEST(Captions, break_no_unit_at_its_hyphens_and_slashes) {
   Control control;
   control.caption = "Avg Molecular Weight of VOCs (lb/lb-mol):";
+  control.unit = "lb/lb-mol";
   EXPECT_EQ(LabelText(control), QString("Avg Molecular Weight of VOCs (lb/\u2060lb-\u2060mol):"));
   EXPECT_EQ(SpokenCaption(control).toStdString(), control.caption);
   QLabel label(LabelText(control));
@@ -517,9 +518,14 @@ TEST(Captions, break_no_unit_at_its_hyphens_and_slashes) {
 TEST(Captions, keep_a_unit_of_several_words_on_one_line) {
   Control control;
   control.caption = "Stack Outlet Elevation (ft msl):";
+  control.unit = "ft msl";
   EXPECT_EQ(LabelText(control), QString("Stack Outlet Elevation (ft\u00A0msl):"));
   EXPECT_EQ(SpokenCaption(control), "Stack Outlet Elevation (ft msl):");
   control.caption = "Emissions (of all the equipment that stands here):";
+  control.unit = "of all the equipment that stands here";
+  EXPECT_EQ(LabelText(control).toStdString(), control.caption);
+  control.caption = "Fuel (of two tanks):";
+  control.unit.clear();
   EXPECT_EQ(LabelText(control).toStdString(), control.caption);
 }
 

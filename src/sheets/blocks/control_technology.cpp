@@ -10,8 +10,9 @@ void AddControlTechnology(SheetSpec& sheet, const ControlTechnology& b) {
       b.page, "Control technology",
       {
           Coded(In::kDesc, list, "Installed Control Equipment:", "Installed Control Equipment", "CTRL_TECH", b.items),
-          Number(In::kDesc, temperature, "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP"),
-          Number(In::kDesc, pressure, "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES"),
+          Number(In::kDesc, temperature, "Condenser Temperature (°F):", "Condenser Temperature", "CONDENSER_TEMP",
+                 "°F"),
+          Number(In::kDesc, pressure, "Condenser Pressure (psia):", "Condenser Pressure", "CONDENSER_PRES", "psia"),
       });
   sheet.Add({{.mode = b.mode,
               .lists = {list},

@@ -4,18 +4,19 @@ namespace merlu {
 
 void AddExhaust(SheetSpec& sheet, const Exhaust& b) {
   const std::string name = "txt" + b.letters + "_ExhaustOutlet";
-  sheet.Add(
-      b.page, "Exhaust outlet",
-      {
-          Number(In::kDesc, name + "Hgt", "Outlet Height (ft above msl):", "Exhaust Outlet Height", "EXH_OUT_HGT"),
-          Number(In::kDesc, name + "InnerDiam", "Outlet Inner Diameter (in):", "Exhaust Outlet Inner Diameter",
-                 "EXH_OUT_INNER_DIAM"),
-          Number(In::kDesc, name + "ExitVel", "Exit Velocity (ft/s):", "Exhaust Exit Velocity", "EXH_OUT_EXIT_VEL"),
-          Number(In::kDesc, b.temperature_control, "Exit Temperature (°F):", "Exhaust Exit Temperature",
-                 "EXH_OUT_EXIT_TEMP"),
-          Number(In::kDesc, name + "Angle", "Outlet Orientation (degrees):", "Exhaust Outlet Orientation",
-                 "EXH_OUT_ANGLE"),
-      });
+  sheet.Add(b.page, "Exhaust outlet",
+            {
+                Number(In::kDesc, name + "Hgt", "Outlet Height (ft above msl):", "Exhaust Outlet Height", "EXH_OUT_HGT",
+                       "ft above msl"),
+                Number(In::kDesc, name + "InnerDiam", "Outlet Inner Diameter (in):", "Exhaust Outlet Inner Diameter",
+                       "EXH_OUT_INNER_DIAM", "in"),
+                Number(In::kDesc, name + "ExitVel", "Exit Velocity (ft/s):", "Exhaust Exit Velocity",
+                       "EXH_OUT_EXIT_VEL", "ft/s"),
+                Number(In::kDesc, b.temperature_control, "Exit Temperature (°F):", "Exhaust Exit Temperature",
+                       "EXH_OUT_EXIT_TEMP", "°F"),
+                Number(In::kDesc, name + "Angle", "Outlet Orientation (degrees):", "Exhaust Outlet Orientation",
+                       "EXH_OUT_ANGLE", "degrees"),
+            });
 }
 
 std::vector<Rule> ExhaustRules(const Exhaust& b) {

@@ -18,7 +18,7 @@ void AddOtherControl(SheetSpec& sheet, const OtherControl& block) {
                               Required(block.marks_passes ? Marks::kEither : Marks::kFailure), Reads(device, {"Yes"})}};
   for (const std::string& gas : block.efficiencies) {
     fields.push_back(Number(In::kDesc, efficiency + gas, gas + " Efficiency (%):", gas + block.efficiency_tag,
-                            "OTH_CTRL_EFFIC_" + Upper(gas)));
+                            "OTH_CTRL_EFFIC_" + Upper(gas), "%"));
     dependents.push_back(efficiency + gas);
     const CheckSpec range = block.marks_passes ? RangeIfFilledMarked(0, 99.9) : RangeIfFilled(0, 99.9);
     rules.push_back({++order, In::kDesc, efficiency + gas, range, Reads(device, {"Yes"})});

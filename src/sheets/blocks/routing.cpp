@@ -59,18 +59,21 @@ void AddFields(SheetSpec& sheet, const Routing& b, const Names& name) {
             {Coded(In::kDesc, name.destination, b.destination_caption, b.destination_tag, "EMIS_DEST", Destinations(b)),
              sent_to});
   const std::vector<std::string> tags = OutletTags(b);
-  sheet.Add(b.page, "Outlet",
-            {Number(In::kDesc, name.outlet + "Hgt", "Outlet Height (ft above msl):", tags[0], "EXH_OUT_HGT"),
-             Number(In::kDesc, name.outlet + "InnerDiam", "Outlet Inner Diameter (in):", tags[1], "EXH_OUT_INNER_DIAM"),
-             Number(In::kDesc, name.outlet + "ExitVel", "Exit Velocity (ft/s):", tags[2], "EXH_OUT_EXIT_VEL"),
-             Number(In::kDesc, name.temperature, "Exit Temperature (°F):", tags[3], b.temperature_column),
-             Number(In::kDesc, name.outlet + "Angle", "Outlet Orientation (degrees):", tags[4], "EXH_OUT_ANGLE")});
+  sheet.Add(
+      b.page, "Outlet",
+      {Number(In::kDesc, name.outlet + "Hgt", "Outlet Height (ft above msl):", tags[0], "EXH_OUT_HGT", "ft above msl"),
+       Number(In::kDesc, name.outlet + "InnerDiam", "Outlet Inner Diameter (in):", tags[1], "EXH_OUT_INNER_DIAM", "in"),
+       Number(In::kDesc, name.outlet + "ExitVel", "Exit Velocity (ft/s):", tags[2], "EXH_OUT_EXIT_VEL", "ft/s"),
+       Number(In::kDesc, name.temperature, "Exit Temperature (°F):", tags[3], b.temperature_column, "°F"),
+       Number(In::kDesc, name.outlet + "Angle", "Outlet Orientation (degrees):", tags[4], "EXH_OUT_ANGLE", "degrees")});
   if (!b.has_flare) return;
-  sheet.Add(b.page, "Local flare",
-            {Number(In::kDesc, name.flare + "FeedRate", "Flare Feed Rate (scf/hr):", b.flare_tags[0], "FLA_FEED_RATE"),
-             Number(In::kDesc, name.flare + "CombustionT", "Combustion Temperature (°F):", b.flare_tags[1],
-                    "FLA_COMBUST_TEMP"),
-             Number(In::kDesc, name.flare + "Efficiency", "Combustion Efficiency (%):", b.flare_tags[2], "FLA_EFFIC")});
+  sheet.Add(
+      b.page, "Local flare",
+      {Number(In::kDesc, name.flare + "FeedRate", "Flare Feed Rate (scf/hr):", b.flare_tags[0], "FLA_FEED_RATE",
+              "scf/hr"),
+       Number(In::kDesc, name.flare + "CombustionT", "Combustion Temperature (°F):", b.flare_tags[1],
+              "FLA_COMBUST_TEMP", "°F"),
+       Number(In::kDesc, name.flare + "Efficiency", "Combustion Efficiency (%):", b.flare_tags[2], "FLA_EFFIC", "%")});
 }
 
 void AddByEnabled(SheetSpec& sheet, const Routing& b, const Names& name) {
