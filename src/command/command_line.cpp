@@ -23,7 +23,7 @@ const CommandOption& OptionOf(const CommandSpec& command, const std::string& nam
   throw WrongUsage("unknown option " + name);
 }
 
-void Judge(const CommandOption& option, const std::string& value) {
+void CheckValue(const CommandOption& option, const std::string& value) {
   const std::string name = option.name;
   const std::optional<int> number = WholeNumber(value);
   const auto& choices = option.choices;
@@ -93,7 +93,7 @@ Request ReadRequest(const CommandSpec& command, const std::vector<std::string>& 
     } else {
       if (equals == std::string::npos && i + 1 == words.size()) throw WrongUsage(name + " takes a value");
       value = equals == std::string::npos ? words[++i] : word.substr(equals + 1);
-      Judge(option, value);
+      CheckValue(option, value);
     }
     request.options.emplace(name, value);
   }

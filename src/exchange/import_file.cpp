@@ -66,19 +66,19 @@ bool IsYesNo(const RowView& row, int column) {
 }
 
 bool Fits(const std::string& type, const RowView& row, int column) {
-  using Stored = RowView::Stored;
-  const Stored stored = row.StoredAs(column);
-  if (stored == Stored::kNull) return true;
-  if (type == "DOUBLE")
-    return stored == Stored::kInteger || (stored == Stored::kReal && std::isfinite(row.Number(column)));
-  if (type == "INTEGER") return stored == Stored::kInteger;
-  if (type == "BOOLEAN") return stored == Stored::kInteger && IsYesNo(row, column);
+  using Type = RowView::ColumnType;
+  const Type stored = row.TypeOf(column);
+  if (stored == Type::kNull) return true;
+  if (type == "DOUBLE") return stored == Type::kInteger || (stored == Type::kReal && std::isfinite(row.Number(column)));
+  if (type == "INTEGER") return stored == Type::kInteger;
+  if (type == "BOOLEAN") return stored == Type::kInteger && IsYesNo(row, column);
   // texts, and dates, which are kept as texts
-  return stored == Stored::kText && IsUtf8(row.Text(column));
+  return stored == Type::kText && IsUtf8(row.Text(column));
 }
 
 bool IsBetween(const RowView& row, int column, std::int64_t low, std::int64_t high) {
-  return row.StoredAs(column) == RowView::Stored::kInteger && row.Integer(column) >= low && row.Integer(column) <= high;
+  return row.TypeOf(column) == RowView::ColumnType::kInteger && row.Integer(column) >= low &&
+         row.Integer(column) <= high;
 }
 
 // What the value of a column that the program counts on must be, beyond its type.

@@ -34,12 +34,12 @@ class RowReader {
  private:
   static StoredValue ValueOf(const RowView& row, int column) {
     using Kind = StoredValue::Kind;
-    switch (row.StoredAs(column)) {
-      case RowView::Stored::kInteger: return {.kind = Kind::kInteger, .integer = row.Integer(column)};
-      case RowView::Stored::kReal: return {.kind = Kind::kReal, .real = row.Number(column)};
-      case RowView::Stored::kText: return {.kind = Kind::kText, .bytes = row.Text(column)};
-      case RowView::Stored::kBlob: return {.kind = Kind::kBlob, .bytes = row.Text(column)};
-      case RowView::Stored::kNull: break;
+    switch (row.TypeOf(column)) {
+      case RowView::ColumnType::kInteger: return {.kind = Kind::kInteger, .integer = row.Integer(column)};
+      case RowView::ColumnType::kReal: return {.kind = Kind::kReal, .real = row.Number(column)};
+      case RowView::ColumnType::kText: return {.kind = Kind::kText, .bytes = row.Text(column)};
+      case RowView::ColumnType::kBlob: return {.kind = Kind::kBlob, .bytes = row.Text(column)};
+      case RowView::ColumnType::kNull: break;
     }
     return {};
   }

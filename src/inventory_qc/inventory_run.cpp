@@ -40,7 +40,7 @@ constexpr const char* kComponentColumns[] = {"PUMP_SEALS_QTY",
                                              "VALVES_QTY"};
 
 // Where a finding of the pass sits.
-struct Place {
+struct FindingPlace {
   std::string level, user;
   int month = kNoMonth, year = kNoYear;
   std::string complex = "NA", structure = "NA", type = "NA", equipment = "NA";
@@ -93,7 +93,7 @@ class NamedRow {
   const Values& values_;
 };
 
-void AddInventoryFinding(Session& s, const Place& at, std::string_view field_id, std::string_view field_desc,
+void AddInventoryFinding(Session& s, const FindingPlace& at, std::string_view field_id, std::string_view field_desc,
                          const std::string& text) {
   s.db.Execute(
       "INSERT INTO QCInventory (UserID,[Month],[Year],CmplxID,StructID,EquipID,[Level],EquipType,FieldID,FieldDesc,"
@@ -128,7 +128,7 @@ std::string DeviceFinding(const NamedRow& row) {
 }
 
 // The text of the finding that the line raises on the row; empty for none.
-std::string Judge(const InventoryRow& line, const NamedRow& row) {
+std::string FindingText(const InventoryRow& line, const NamedRow& row) {
   if (!DoesApply(line.applies, row)) return "";
   switch (line.check) {
     case InventoryCheck::kRequired: return IsNull(row[line.column]) ? kBlank : "";
@@ -159,9 +159,9 @@ void OperatorPass(Pass& pass) {
   const Rows rows = pass.s.db.Query("SELECT * FROM CO_COMPANY ORDER BY rowid");
   for (const Values& values : rows.rows) {
     const NamedRow row(rows.columns, values);
-    const Place at{.level = "USER", .user = NullToEmpty(row["RIMA_CO_NUM"])};
+    const FindingPlace at{.level = "USER", .user = NullToEmpty(row["RIMA_CO_NUM"])};
     for (const InventoryRow* line : lines)
-      if (std::string text = Judge(*line, row); !text.empty())
+      if (std::string text = FindingText(*line, row); !text.empty())
         AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
   }
 }
@@ -210,14 +210,14 @@ void StructurePass(Pass& pass) {
       standing.rows.assign(1, Values(values.begin(), values.begin() + description));
     }
     StandOnStructure(pass.at, row);
-    const Place at{.level = "STRUCTURE",
-                   .user = pass.at.user,
-                   .month = static_cast<int>(ToInteger(row["PA_MO"])),
-                   .year = static_cast<int>(ToInteger(row["PA_YR"])),
-                   .complex = pass.at.complex,
-                   .structure = pass.at.structure};
+    const FindingPlace at{.level = "STRUCTURE",
+                          .user = pass.at.user,
+                          .month = static_cast<int>(ToInteger(row["PA_MO"])),
+                          .year = static_cast<int>(ToInteger(row["PA_YR"])),
+                          .complex = pass.at.complex,
+                          .structure = pass.at.structure};
     for (const InventoryRow* line : lines)
-      if (std::string text = Judge(*line, row); !text.empty())
+      if (std::string text = FindingText(*line, row); !text.empty())
         AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
   }
 }
@@ -230,7 +230,7 @@ std::map<const InventoryRow*, std::string> DescriptionFindings(Session& s, const
   const Rows first = s.db.Query("SELECT * FROM " + table + " ORDER BY rowid LIMIT 1");
   for (const InventoryRow* line : lines) {
     if (line->table != table || first.rows.empty()) continue;
-    findings[line] = Judge(*line, NamedRow(first.columns, first.rows.front()));
+    findings[line] = FindingText(*line, NamedRow(first.columns, first.rows.front()));
   }
   return findings;
 }
@@ -283,7 +283,7 @@ void MoveToDescription(Pass& pass, const IndexedPiece& piece) {
   StandOn(pass.at, *piece.structure);
 }
 
-Place EquipmentPlace(const Standing& at, std::string_view type) {
+FindingPlace EquipmentPlace(const Standing& at, std::string_view type) {
   return {.level = "EQUIPMENT",
           .user = at.user,
           .month = at.month,
@@ -368,9 +368,9 @@ void FugitivesPass(Pass& pass) {
   for (const Values& values : rows.rows) {
     if (!pass.at.has_activity || !pass.at.has_equipment || !pass.at.has_structure) throw NoCurrentRow();
     const NamedRow row(rows.columns, values);
-    const Place at = EquipmentPlace(pass.at, "FUG");
+    const FindingPlace at = EquipmentPlace(pass.at, "FUG");
     for (const InventoryRow* line : lines)
-      if (std::string text = Judge(*line, row); !text.empty())
+      if (std::string text = FindingText(*line, row); !text.empty())
         AddInventoryFinding(pass.s, at, line->field_id, line->field_desc, text);
   }
 }
@@ -414,8 +414,8 @@ void PurgeInactiveStructures(Session& s) {
 
 void AddSummary(Session& s) {
   const std::int64_t count = ToInteger(s.db.Single("SELECT COUNT(*) FROM QCInventory"));
-  const Place at{.level = "ZSUMMARY",
-                 .user = NullToEmpty(s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid LIMIT 1"))};
+  const FindingPlace at{.level = "ZSUMMARY",
+                        .user = NullToEmpty(s.db.Single("SELECT RIMA_CO_NUM FROM CO_COMPANY ORDER BY rowid LIMIT 1"))};
   AddInventoryFinding(s, at, "NA", "AA",
                       count == 0 ? "There are no missing data, outliers, or inconsistencies in this dataset."
                                  : std::to_string(count) + " errors found in this dataset.");

@@ -151,11 +151,11 @@ void ChangedRecords::NoteComment(const RecordedTable& table, const RowChange& ro
   }
 }
 
-ChangedRecords::Place& ChangedRecords::At(QCLocation at) {
+ChangedRecords::LogPlace& ChangedRecords::At(QCLocation at) {
   std::string name = Lower(at.Level) + kBetween + std::to_string(at.Month);
   for (const std::string* part : {&at.UserID, &at.CmplxID, &at.StructID, &at.EquipType, &at.EquipID})
     name += kBetween + *part;
-  return places.try_emplace(std::move(name), Place{std::move(at), {}}).first->second;
+  return places.try_emplace(std::move(name), LogPlace{std::move(at), {}}).first->second;
 }
 
 }  // namespace merlu

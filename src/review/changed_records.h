@@ -29,11 +29,11 @@ class ChangedRecords {
   std::set<std::int64_t> of_months;  // by EA_ID_AK: rows came or went
   // Rows of the log, with their old and new places.
   std::set<std::int64_t> rows;
-  struct Place {
+  struct LogPlace {
     QCLocation at;
     std::set<std::int64_t> rows;
   };
-  std::map<std::string, Place> places;
+  std::map<std::string, LogPlace> places;
 
  private:
   enum class Table {
@@ -52,7 +52,7 @@ class ChangedRecords {
   void NoteRow(const Changes& changes, const RowChange& row);
   void NoteLog(const RecordedTable& table, const RowChange& row);
   void NoteComment(const RecordedTable& table, const RowChange& row);
-  Place& At(QCLocation at);
+  LogPlace& At(QCLocation at);
 
   std::shared_ptr<const std::vector<RecordedTable>> known_;
   std::vector<Table> kinds_;

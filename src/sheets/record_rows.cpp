@@ -28,10 +28,10 @@ bool IsShown(const FieldSpec& field) {
 
 void ShowNumber(const RowView& row, int column, int place, RecordView& view) {
   constexpr std::int64_t kFewDigits = 1'000'000'000'000'000;
-  switch (row.StoredAs(column)) {
-    case RowView::Stored::kNull: return;
-    case RowView::Stored::kReal: return view.SetNumber(place, row.Number(column));
-    case RowView::Stored::kInteger:
+  switch (row.TypeOf(column)) {
+    case RowView::ColumnType::kNull: return;
+    case RowView::ColumnType::kReal: return view.SetNumber(place, row.Number(column));
+    case RowView::ColumnType::kInteger:
       if (std::abs(row.Integer(column)) < kFewDigits) return view.SetNumber(place, row.Number(column));
       break;
     default: break;

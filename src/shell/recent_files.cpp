@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kSection = "Recent";
 
-std::vector<std::string> Stored(Session& s) {
+std::vector<std::string> RecentPaths(Session& s) {
   std::vector<std::string> paths;
   for (int number = 1; number <= kRecentFiles; ++number)
     if (std::string path = s.platform.Setting(kSection, std::to_string(number)); !path.empty()) paths.push_back(path);
@@ -21,7 +21,7 @@ std::vector<std::string> Stored(Session& s) {
 }
 
 std::vector<std::string> StillThere(Session& s) {
-  std::vector<std::string> paths = Stored(s);
+  std::vector<std::string> paths = RecentPaths(s);
   std::erase_if(paths, [](const std::string& path) { return !FileExists(path); });
   return paths;
 }
@@ -42,7 +42,7 @@ std::string RecentCommand(int number) {
 void RememberFile(Session& s) {
   std::error_code error;
   const std::string path = std::filesystem::absolute(s.path, error).lexically_normal().string();
-  std::vector<std::string> paths = Stored(s);
+  std::vector<std::string> paths = RecentPaths(s);
   std::erase(paths, path);
   paths.insert(paths.begin(), path);
   Plainly(s, [&] {

@@ -71,13 +71,13 @@ bool ChangesRows(std::string_view sql) {
 int RowView::size() const {
   return sqlite3_column_count(statement_);
 }
-RowView::Stored RowView::StoredAs(int c) const {
+RowView::ColumnType RowView::TypeOf(int c) const {
   switch (sqlite3_column_type(statement_, c)) {
-    case SQLITE_NULL: return Stored::kNull;
-    case SQLITE_INTEGER: return Stored::kInteger;
-    case SQLITE_FLOAT: return Stored::kReal;
-    case SQLITE_TEXT: return Stored::kText;
-    default: return Stored::kBlob;
+    case SQLITE_NULL: return ColumnType::kNull;
+    case SQLITE_INTEGER: return ColumnType::kInteger;
+    case SQLITE_FLOAT: return ColumnType::kReal;
+    case SQLITE_TEXT: return ColumnType::kText;
+    default: return ColumnType::kBlob;
   }
 }
 

@@ -26,10 +26,10 @@ namespace merlu {
 class RowView {
  public:
   explicit RowView(sqlite3_stmt* statement) : statement_(statement) {}
-  enum class Stored { kNull, kInteger, kReal, kText, kBlob };
+  enum class ColumnType { kNull, kInteger, kReal, kText, kBlob };
 
   int size() const;
-  Stored StoredAs(int column) const;
+  ColumnType TypeOf(int column) const;
   bool IsNull(int column) const;
   std::int64_t Integer(int column) const;
   double Number(int column) const;

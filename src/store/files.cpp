@@ -119,16 +119,6 @@ void CheckPages(const std::string& path) {
   if (state != "ok") throw Fault(fault_number::kDamaged, kSource, "The file is damaged (" + state + ").");
 }
 
-void RemoveFile(const std::string& path) {
-  std::error_code error;
-  // remove() would delete an empty folder
-  if (fs::is_directory(path, error))
-    throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": it is a folder.");
-  if (fs::remove(path, error)) return;
-  if (!error) throw Fault(fault_number::kFileNotFound, kSource, "File not found: " + path);
-  throw Fault(fault_number::kFileAccess, kSource, "Cannot delete the file " + path + ": " + error.message() + ".");
-}
-
 std::string NextFreeFileName(const std::string& path) {
   const fs::path wanted(path);
   std::string free = path;

@@ -46,8 +46,6 @@ std::uint64_t FreeBytes(const std::string& folder);
 
 // kDamaged for a database file with damaged pages.
 void CheckPages(const std::string& path);
-// kFileNotFound; kFileAccess, also for a folder.
-void RemoveFile(const std::string& path);
 // The path itself, or the first of base1, base2, ... with its extension that does not exist.
 std::string NextFreeFileName(const std::string& path);
 

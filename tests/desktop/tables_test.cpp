@@ -10,6 +10,7 @@
 #include "forms/dialog.h"
 #include "forms/small_grid.h"
 #include "shell/docks.h"
+#include "shell/messages.h"
 
 namespace merlu::test {
 namespace {
@@ -45,7 +46,7 @@ class WindowTables : public testing::Test {
       step();
       driver.Click("cmdCANCEL");
     });
-    driver.app->acts().Run([&] { ShowDialog(s.desk, s.platform, form); });
+    driver.app->acts().Run([&] { OpenDialog(s, form); });
     EXPECT_TRUE(driver.AllModalsCame());
   }
   GridView& Grid() { return *driver.Find<GridView>("grdCells"); }

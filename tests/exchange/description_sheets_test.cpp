@@ -268,7 +268,7 @@ TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_are_a_fault_and_no_work
     Export(folder.path(name));
     const std::uint64_t whole = FileSize(folder.path(name));
     for (const rlim_t size : {whole / 10, whole / 2, whole - 1}) {
-      if (FileExists(folder.path(name))) RemoveFile(folder.path(name));
+      std::filesystem::remove(folder.path(name));
       const FullDisk full(size);
       EXPECT_THROW(Export(folder.path(name)), Fault) << name << " " << size;
       EXPECT_NE(CheckWorkbook(database, folder.path(name)).status, 0) << name << " " << size;

@@ -44,7 +44,7 @@ class Locales : public testing::TestWithParam<const char*> {
       const std::string path = folder_.path(name);
       write(path);
       files[foreign] = Bytes(path);
-      RemoveFile(path);
+      std::filesystem::remove(path);
     }
     ASSERT_FALSE(files[0].empty());
     EXPECT_TRUE(files[0] == files[1]) << name << " differs";
@@ -67,7 +67,7 @@ TEST_P(Locales, do_not_change_a_workbook) {
                                "').read('xl/worksheets/sheet2.xml'))\" > '" + path + "'";
     ASSERT_EQ(std::system(unpack.c_str()), 0);
     EXPECT_NE(Bytes(path).find("<v>28.5</v>"), std::string::npos);
-    RemoveFile(workbook);
+    std::filesystem::remove(workbook);
   });
 }
 

@@ -5,6 +5,7 @@
 #include "forms/dialog.h"
 #include "session/session.h"
 #include "shell/dialog_form.h"
+#include "shell/messages.h"
 
 namespace merlu {
 namespace {
@@ -32,7 +33,7 @@ void OpenCompressorHours(Session& s) {
   });
   Fill(s, form);
   form.focus = kList;
-  ShowDialog(s.desk, s.platform, form);
+  OpenDialog(s, form);
 }
 
 Status TellHours(const Request& request, Console& console) {

@@ -128,12 +128,6 @@ TEST_F(Files, that_cannot_be_opened_count_as_current) {
   EXPECT_TRUE(IsCurrentDatabase(path));
 }
 
-TEST_F(Files, that_are_folders_are_not_removed) {
-  fs::create_directory(folder.path("folder"));
-  EXPECT_THROW(RemoveFile(folder.path("folder")), Fault);
-  EXPECT_TRUE(fs::is_directory(folder.path("folder")));
-}
-
 TEST_F(Files, are_told_what_their_file_system_has_left) {
   EXPECT_GT(FreeBytes(folder.path()), 0u);
   EXPECT_GT(FreeBytes("/"), 0u);
