@@ -179,7 +179,7 @@ double JudgeOurs(Database& db) {
   const double seconds = Seconds([&] {
     Contexts contexts(db);
     for (const SheetSpec* sheet : AllSheets())
-      JudgeEquipment(db, contexts, *sheet, all, [&](const JudgedRecord& record) {
+      JudgeRecords(db, contexts, *sheet, all, [&](const JudgedRecord& record) {
         ++records;
         raised += record.verdicts->all.size();
       });

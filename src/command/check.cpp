@@ -95,15 +95,11 @@ class Share {
     contexts_.emplace(db_);
   }
 
-  void Judge(Mode mode, const SheetSpec* sheet) {
+  void Judge(Mode mode, const SheetSpec& sheet) {
     RecordScope scope;
     scope.mode = mode;
     scope.month = scope_.month;
-    const auto each = [&](const JudgedRecord& record) { Add(record); };
-    if (sheet == nullptr)
-      JudgeStructures(db_, *contexts_, scope, each);
-    else
-      JudgeEquipment(db_, *contexts_, *sheet, scope, each);
+    JudgeRecords(db_, *contexts_, sheet, scope, [&](const JudgedRecord& record) { Add(record); });
   }
 
   CheckedFile found;
@@ -150,7 +146,7 @@ class Share {
     const StructureFacts none, &structure = record.structure == nullptr ? none : *record.structure;
     finding.complex = Trim(structure.complex);
     finding.structure = Trim(structure.structure);
-    finding.type = record.sheet == nullptr ? "" : record.sheet->type;
+    finding.type = record.sheet->type;
     finding.id = Trim(std::string(record.id));
     const std::string text = StructureWords(structure.area, structure.block, structure.name);
     const std::string equipment = finding.type.empty() ? "" : TreeTypeName(finding.type) + ": " + finding.id;
@@ -169,14 +165,14 @@ class Share {
 
 struct Part {
   Mode mode;
-  const SheetSpec* sheet;  // null for the structures
+  const SheetSpec* sheet;
 };
 
 std::vector<Part> PartsOf(const CheckScope& scope) {
   std::vector<Part> parts;
   for (const Mode mode : {Mode::kActv, Mode::kDesc}) {
     if (mode == Mode::kActv ? !scope.months : !scope.descriptions) continue;
-    parts.push_back({mode, nullptr});
+    parts.push_back({mode, &StructureSheet()});
     for (const SheetSpec* sheet : AllSheets())
       if (mode == Mode::kDesc || sheet->has_activity) parts.push_back({mode, sheet});
   }
@@ -216,7 +212,7 @@ CheckedFile CheckInventory(const std::string& path, const CheckScope& scope, int
     try {
       Share share(image, scope, comments);
       for (std::size_t part = next++; part < parts.size(); part = next++)
-        share.Judge(parts[part].mode, parts[part].sheet);
+        share.Judge(parts[part].mode, *parts[part].sheet);
       const std::lock_guard<std::mutex> one_at_a_time(together);
       Take(all, share.found);
     } catch (...) {

@@ -28,7 +28,7 @@ class MonthGrid::Saving {
   }
 
   const std::vector<RowPtr>& rows() const { return rows_; }
-  bool IsOfStructures() const { return rows_.front()->sheet() == nullptr; }
+  bool IsOfStructures() const { return rows_.front()->stored.IsOfStructure(); }
   // Null for a deleted one.
   const MonthRow* Now(const Row& row) const {
     if (!contexts_) return &row.stored;
@@ -68,7 +68,7 @@ class MonthGrid::Saving {
 std::vector<MonthGrid::RowPtr> MonthGrid::ChangedInOrder() const {
   std::map<const SheetSpec*, int> types;
   int type = 0;
-  types[nullptr] = type++;
+  types[&StructureSheet()] = type++;
   for (const SheetSpec* sheet : AllSheets()) types[sheet] = type++;
   std::vector<int> rank(s_.tree.nodes.size());
   int at = 0;
@@ -112,7 +112,7 @@ std::vector<MonthGrid::Saving> MonthGrid::ReadChanged() const {
 
 void MonthGrid::Refuse(Row& row, const std::string& why, GridSaved& saved) {
   row.problem = why;
-  if (saved.refused.empty()) saved.refused = row.stored.Place() + ": " + why;
+  if (saved.refused.empty()) saved.refused = row.stored.PlaceText() + ": " + why;
   ++revision_;
 }
 

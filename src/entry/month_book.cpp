@@ -17,11 +17,6 @@ namespace {
 
 constexpr std::size_t kLongestTitle = 31;
 
-// Null for the structures.
-const RuleSet& RulesOfMonth(const SheetSpec* sheet) {
-  return sheet == nullptr ? RulesOf(StructureSheet()) : RulesOf(*sheet);
-}
-
 // What the rules expect of a field in a month: "0 to 744".
 std::string HintOf(const RuleSet& rules, const std::string& control) {
   std::vector<std::string> wants;
@@ -37,20 +32,20 @@ std::string HintOf(const RuleSet& rules, const std::string& control) {
 }
 
 // A name that a sheet may have.
-std::string TitleOf(const SheetSpec* sheet) {
-  std::string title = sheet == nullptr ? "Structures" : TreeTypeName(sheet->type);
+std::string TitleOf(const SheetSpec& sheet) {
+  std::string title = &sheet == &StructureSheet() ? "Structures" : TreeTypeName(sheet.type);
   for (char& c : title)
     if (std::string_view("[]:*?/\\").find(c) != std::string_view::npos) c = '-';
   return FirstCharacters(title, kLongestTitle);
 }
 
-BookSheet SheetOf(const MonthGrid& grid, const SheetSpec* spec) {
-  BookSheet sheet{spec == nullptr ? kStructureSheet : spec->type, TitleOf(spec), {}, {}};
+BookSheet SheetOf(const MonthGrid& grid, const SheetSpec& spec) {
+  BookSheet sheet{&spec == &StructureSheet() ? kStructureSheet : spec.type, TitleOf(spec), {}, {}};
   const int fixed = grid.FixedColumns(), columns = static_cast<int>(grid.Columns().size());
   for (int column = fixed; column < columns; ++column) {
     const GridColumn& field = grid.Columns()[static_cast<std::size_t>(column)];
-    sheet.columns.push_back({field.name, field.caption, HintOf(RulesOfMonth(spec), field.name), field.items,
-                             field.numeric, field.free_text});
+    sheet.columns.push_back(
+        {field.name, field.caption, HintOf(RulesOf(spec), field.name), field.items, field.numeric, field.free_text});
   }
   for (int row = 0; row < grid.RowCount(); ++row) {
     BookRow& out = sheet.rows.emplace_back();
@@ -91,8 +86,8 @@ class Planner {
   void Plan(const ReadSheet& sheet) {
     if (month_ == 0) month_ = sheet.month;  // the workbook's own is that of its first sheet
     const bool known_month = sheet.year == s_.year && sheet.month >= 1 && sheet.month <= s_.last_month;
-    const SheetSpec* spec = sheet.code == kStructureSheet ? nullptr : FindSheet(sheet.code);
-    const bool known = sheet.code == kStructureSheet || (spec != nullptr && spec->has_activity);
+    const SheetSpec* spec = sheet.code == kStructureSheet ? &StructureSheet() : FindSheet(sheet.code);
+    const bool known = spec != nullptr && spec->has_activity;
     const bool ours = Bare(sheet.operator_number) == Bare(operator_) && known;
     if (!known_month || sheet.month != month_ || !ours) {
       for (const ReadRecord& record : sheet.records)
@@ -211,13 +206,13 @@ class Planner {
 MonthBook MakeMonthBook(Session& s, int month) {
   MonthBook book{OperatorNumber(s), s.year, month, {}};
   MonthGrid grid(s);
-  const auto add = [&](const SheetSpec* sheet) {
-    grid.ShowMonth(sheet, month);
+  const auto add = [&](const SheetSpec& sheet) {
+    grid.ShowMonth(&sheet, month);
     if (grid.RowCount() > 0) book.sheets.push_back(SheetOf(grid, sheet));
   };
-  add(nullptr);
+  add(StructureSheet());
   for (const SheetSpec* sheet : AllSheets())
-    if (sheet->has_activity) add(sheet);
+    if (sheet->has_activity) add(*sheet);
   return book;
 }
 

@@ -87,8 +87,9 @@ void MonthGrid::ShowMonth(const SheetSpec* sheet, int month) {
 
 void MonthGrid::ShowRecord(const SheetSpec* sheet, std::int64_t key) {
   by_month_ = true;
-  const Value structure =
-      sheet == nullptr ? Value(key) : s_.db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {key});
+  const Value structure = sheet == &StructureSheet()
+                              ? Value(key)
+                              : s_.db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {key});
   Show(sheet, {.PD_ID_AK = ToInteger(structure)}, key);
 }
 
@@ -111,7 +112,7 @@ void MonthGrid::Show(const SheetSpec* sheet, const MonthScope& scope, std::int64
     for (const CopiedField& field : copied.empty() ? std::vector<CopiedField>() : copied[row->stored.key()])
       for (std::size_t i = 0; i < row->fields().size(); ++i)
         if (EqualsIgnoringCase(field.column, row->fields()[i]->column) &&
-            NullToEmpty(row->stored.Stored(i)) == field.value)
+            NullToEmpty(row->stored.FieldValue(i)) == field.value)
           row->kept[i] = row->copied[i] = true;
   // what can fail has been read
   sheet_ = sheet;
@@ -145,7 +146,7 @@ void MonthGrid::ReadBefore(int month) {
   const auto take = [&](const MonthRow& row) {
     std::vector<std::string> texts;
     const std::vector<const FieldSpec*>& fields = MonthFields(row.sheet);
-    for (std::size_t i = 0; i < fields.size(); ++i) texts.push_back(ShownText(*fields[i], row.Stored(i)));
+    for (std::size_t i = 0; i < fields.size(); ++i) texts.push_back(ShownText(*fields[i], row.FieldValue(i)));
     before.emplace(std::pair(row.owner(), row.at.Month), std::move(texts));
   };
   if (month == 0)

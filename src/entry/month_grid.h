@@ -32,7 +32,7 @@ class MonthGrid : public GridModel {
  public:
   explicit MonthGrid(Session& s) : s_(s) {}
 
-  // Shows one month of a type (no sheet: of the structures), or all months of one piece or structure: `key` is its
+  // Shows one month of a type or of the structures, or all months of one piece or structure: `key` is its
   // ED_ID_AK or PD_ID_AK. What was typed and not yet saved is kept.
   void ShowMonth(const SheetSpec* sheet, int month);
   void ShowRecord(const SheetSpec* sheet, std::int64_t key);
@@ -92,7 +92,7 @@ class MonthGrid : public GridModel {
   void SaveRow(RecordSaver& saver, const Row& row, const MonthRow& now, const Context& context, GridSaved& saved);
 
   Session& s_;
-  const SheetSpec* sheet_ = nullptr;
+  const SheetSpec* sheet_ = &StructureSheet();
   std::vector<GridColumn> columns_;
   std::vector<int> places_;  // of the fields, in their record's view
   int heads_ = 2;            // first columns, that name the record

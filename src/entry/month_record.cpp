@@ -7,6 +7,7 @@
 #include "session/notices.h"
 #include "sheets/conversions.h"
 #include "sheets/sheet_form.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -72,17 +73,14 @@ bool TakeOver(Form& form, Control& control) {
 
 std::optional<MonthRecord> ShownMonth(Session& s) {
   if (!s.InActv()) return std::nullopt;
-  if (s.current.Is(level::kStructure)) {
-    MonthRecord record = RecordOf(*s.main, nullptr);
-    record.key_column = "SA_ID_AK";
-    record.key = s.SA_ID_AK;
-    return record;
-  }
-  const SheetSpec* sheet = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr;
+  const bool structure = s.current.Is(level::kStructure);
+  const SheetSpec* sheet = structure                         ? &StructureSheet()
+                           : s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType)
+                                                             : nullptr;
   if (sheet == nullptr || !sheet->has_activity) return std::nullopt;
   MonthRecord record = RecordOf(SheetForm(s, *sheet), sheet);
-  record.key_column = "EA_ID_AK";
-  record.key = s.EA_ID_AK;
+  record.key_column = structure ? "SA_ID_AK" : "EA_ID_AK";
+  record.key = structure ? s.SA_ID_AK : s.EA_ID_AK;
   return record;
 }
 

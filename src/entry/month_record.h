@@ -14,7 +14,7 @@ namespace merlu {
 // The month's record that shows: its form, its monthly fields, and the row that holds them.
 struct MonthRecord {
   Form* form = nullptr;
-  const SheetSpec* sheet = nullptr;      // null for a structure
+  const SheetSpec* sheet = nullptr;
   std::vector<const FieldSpec*> fields;  // without comments
   std::string table;                     // EA_<type>, or PA_PLATFORM_ACTV
   std::string key_column;

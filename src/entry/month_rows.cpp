@@ -14,26 +14,24 @@
 namespace merlu {
 namespace {
 
-constexpr const char* kStructureComments = names::txtSTRUCTURE_Comments;
-
-std::vector<const FieldSpec*> FieldsOf(const std::vector<FieldSpec>& all) {
+std::vector<const FieldSpec*> FieldsOf(const SheetSpec& sheet) {
   std::vector<const FieldSpec*> fields;
-  for (const FieldSpec& field : all)
+  for (const FieldSpec& field : sheet.fields)
     if (field.mode == In::kActv && !field.column.empty() && field.stored != Stored::kNone &&
-        field.control != kStructureComments)
+        field.control != sheet.comments())
       fields.push_back(&field);
   return fields;
 }
 
-MonthKind MakeKind(const SheetSpec* sheet) {
+MonthKind MakeKind(const SheetSpec& sheet) {
   MonthKind kind;
-  kind.sheet = sheet;
-  kind.rules = sheet == nullptr ? &RulesOf(StructureSheet()) : &RulesOf(*sheet);
-  kind.fields = FieldsOf(sheet == nullptr ? StructureSheet().fields : sheet->fields);
+  kind.sheet = &sheet;
+  kind.rules = &RulesOf(sheet);
+  kind.fields = FieldsOf(sheet);
   for (const FieldSpec* field : kind.fields) kind.places.push_back(kind.rules->fields().At(field->control));
-  kind.table = sheet == nullptr ? "PA_PLATFORM_ACTV" : sheet->ea_table();
-  kind.status_box = sheet == nullptr ? kStructureStatus : sheet->status_box();
-  kind.comments = sheet == nullptr ? kStructureComments : sheet->comments();
+  kind.table = sheet.tables().month;
+  kind.status_box = sheet.status_box();
+  kind.comments = sheet.comments();
   kind.status_place = kind.rules->fields().Find(kind.status_box);
   return kind;
 }
@@ -43,20 +41,20 @@ MonthKind MakeKind(const SheetSpec* sheet) {
 const MonthKind& MonthKindOf(const SheetSpec* sheet) {
   static const std::map<const SheetSpec*, MonthKind> kinds = [] {
     std::map<const SheetSpec*, MonthKind> made;
-    made[nullptr] = MakeKind(nullptr);
-    for (const SheetSpec* each : AllSheets()) made[each] = MakeKind(each);
+    made[&StructureSheet()] = MakeKind(StructureSheet());
+    for (const SheetSpec* each : AllSheets()) made[each] = MakeKind(*each);
     return made;
   }();
   return kinds.at(sheet);
 }
 
-std::string MonthRow::Place() const {
-  return JoinPlace(at.Month, at.Year, structure, sheet == nullptr ? "" : TreeTypeName(sheet->type) + ": " + id);
+std::string MonthRow::PlaceText() const {
+  return JoinPlace(at.Month, at.Year, structure, IsOfStructure() ? "" : TreeTypeName(sheet->type) + ": " + id);
 }
 
 void ReadMonthRows(Database& db, Contexts& contexts, const SheetSpec* sheet, const MonthScope& wanted,
                    const std::function<void(MonthRow)>& each) {
-  const bool of_structure = sheet == nullptr;
+  const bool of_structure = sheet == &StructureSheet();
   RecordScope scope{.mode = Mode::kActv, .month = wanted.month, .PD_ID_AK = wanted.PD_ID_AK, .key = wanted.key};
   scope.wanted = Wanted::kAllFields;
   scope.judged = false;
@@ -84,10 +82,7 @@ void ReadMonthRows(Database& db, Contexts& contexts, const SheetSpec* sheet, con
       row.row.push_back(record.row->At(record.more + column));
     each(std::move(row));
   };
-  if (of_structure)
-    JudgeStructures(db, contexts, scope, take);
-  else
-    JudgeEquipment(db, contexts, *sheet, scope, take);
+  JudgeRecords(db, contexts, *sheet, scope, take);
 }
 
 std::vector<bool> LockedFields(const SheetSpec* sheet, const RecordView& view) {
@@ -96,7 +91,7 @@ std::vector<bool> LockedFields(const SheetSpec* sheet, const RecordView& view) {
   };
   const std::vector<const FieldSpec*>& fields = MonthFields(sheet);
   std::vector<State> states(fields.size());
-  for (const Enabling& rule : sheet == nullptr ? std::vector<Enabling>() : sheet->enablings) {
+  for (const Enabling& rule : sheet->enablings) {
     if (rule.at == Enabling::At::kClick || rule.mode == In::kDesc) continue;
     for (std::size_t i = 0; i < fields.size(); ++i) {
       if (std::find(rule.fields.begin(), rule.fields.end(), fields[i]->control) == rule.fields.end()) continue;

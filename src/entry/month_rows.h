@@ -15,7 +15,7 @@ namespace merlu {
 
 // What the months of a type, or of the structures, are made of.
 struct MonthKind {
-  const SheetSpec* sheet = nullptr;  // null for structures
+  const SheetSpec* sheet = nullptr;
   const RuleSet* rules = nullptr;
   std::vector<const FieldSpec*> fields;  // in the order of the sheet, without the comments
   std::vector<int> places;               // of the fields in the record's view
@@ -31,7 +31,7 @@ inline const std::vector<const FieldSpec*>& MonthFields(const SheetSpec* sheet) 
 // A month's record as it is stored.
 struct MonthRow {
   explicit MonthRow(const RecordView& shown) : view(shown) {}
-  const SheetSpec* sheet = nullptr;  // null for a structure
+  const SheetSpec* sheet = nullptr;
   const MonthKind* kind = nullptr;
   RecordKeys keys;
   QCLocation at;
@@ -41,12 +41,13 @@ struct MonthRow {
   RecordView view;   // what its sheet shows
   std::string node;  // key of its node in the tree
 
-  const Value& Stored(std::size_t field) const { return row[field + 2]; }
+  const Value& FieldValue(std::size_t field) const { return row[field + 2]; }
   std::string Comments() const { return NullToEmpty(row[1]); }
-  std::int64_t key() const { return sheet == nullptr ? keys.SA_ID_AK : keys.EA_ID_AK; }
-  std::int64_t owner() const { return sheet == nullptr ? keys.PD_ID_AK : keys.ED_ID_AK; }
+  bool IsOfStructure() const { return sheet == &StructureSheet(); }
+  std::int64_t key() const { return IsOfStructure() ? keys.SA_ID_AK : keys.EA_ID_AK; }
+  std::int64_t owner() const { return IsOfStructure() ? keys.PD_ID_AK : keys.ED_ID_AK; }
   // "2017/03 · GI, 43, A · Combustion Flare: F1"
-  std::string Place() const;
+  std::string PlaceText() const;
 };
 
 // The records of a month (0 for all), of one structure (0 for all), or one by its key.

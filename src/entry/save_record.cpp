@@ -104,8 +104,8 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   }
   typed.view.SetChecked(kind.status_place, inactive);
   SavedRecord saved;
-  saved.findings = RunQCAmongMany(s_, record.sheet, record.at, typed);
-  if (record.sheet == nullptr && saved.findings > 0) saved.findings = OwnFindings(s_, record.at);
+  saved.findings = RunQCAmongMany(s_, *record.sheet, record.at, typed);
+  if (stored.IsOfStructure() && saved.findings > 0) saved.findings = OwnFindings(s_, record.at);
   saved.messages = typed.messages;
   saved.values = Store(record, stored, typed, touched);
   RequireNoFault(s_, faults);
@@ -123,16 +123,16 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
     const FieldSpec& field = *kind.fields[i];
     const int place = kind.places[i];
     const std::optional<Value> value =
-        ValueToStore(field, stored.Stored(i), {typed.view.Text(place), typed.view.IsChecked(place), touched[i]});
-    now.push_back(value.value_or(stored.Stored(i)));
-    if (!value || *value == stored.Stored(i)) continue;
+        ValueToStore(field, stored.FieldValue(i), {typed.view.Text(place), typed.view.IsChecked(place), touched[i]});
+    now.push_back(value.value_or(stored.FieldValue(i)));
+    if (!value || *value == stored.FieldValue(i)) continue;
     sets.append(",[").append(field.column).append("]=?");
     written.push_back(*value);
   }
   const std::string* typed_comments = TextTyped(record, kind.comments);
   const Value comments = FieldText(typed_comments != nullptr ? *typed_comments : stored.Comments());
   const Value status = std::string(typed.inactive ? "I" : "A");
-  if (kind.sheet == nullptr) {
+  if (stored.IsOfStructure()) {
     sets += ",COMNT_TXT=?,status=?";
     written.push_back(comments);
     written.push_back(status);

@@ -17,7 +17,7 @@ namespace merlu {
 
 // A month's record and what is typed into it: texts by control, and the box of its status.
 struct TypedRecord {
-  const SheetSpec* sheet = nullptr;  // null for a structure
+  const SheetSpec* sheet = nullptr;
   QCLocation at;
   RecordKeys keys;
   bool structure_inactive = false;

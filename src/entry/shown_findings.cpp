@@ -11,7 +11,7 @@
 #include "records/judge_records.h"
 #include "session/notices.h"
 #include "sheets/sheet_form.h"
-#include "sheets/structure_names.h"
+#include "sheets/structure.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -20,12 +20,12 @@ namespace {
 // The record that shows, with the form that holds its fields.
 struct Shown {
   Form* form = nullptr;
-  const SheetSpec* sheet = nullptr;  // null for a structure
+  const SheetSpec* sheet = nullptr;
   std::string tab;
 };
 
 Shown ShownRecord(Session& s) {
-  if (s.current.Is(level::kStructure)) return {s.main, nullptr, names::tabSTRUCTURE};
+  if (s.current.Is(level::kStructure)) return {s.main, &StructureSheet(), names::tabSTRUCTURE};
   const SheetSpec* sheet = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr;
   if (sheet == nullptr) return {};
   return {&SheetForm(s, *sheet), sheet, sheet->tab()};
@@ -49,11 +49,11 @@ void Add(Findings& findings, std::string_view tag, std::string_view text) {
 
 void AddJudged(Session& s, const Shown& shown, Findings& findings) {
   RecordKeys keys;
-  if (shown.sheet == nullptr)
+  if (shown.sheet == &StructureSheet())
     (s.InActv() ? keys.SA_ID_AK : keys.PD_ID_AK) = s.InActv() ? s.SA_ID_AK : s.PD_ID_AK;
   else
     (s.InActv() ? keys.EA_ID_AK : keys.ED_ID_AK) = s.InActv() ? s.EA_ID_AK : s.ED_ID_AK;
-  JudgeRecord(s.db, shown.sheet, s.mode, keys, [&](const JudgedRecord& record) {
+  JudgeRecord(s.db, *shown.sheet, s.mode, keys, [&](const JudgedRecord& record) {
     if (record.inactive || record.structure_inactive || (s.InActv() && !record.has_values)) return;
     for (const JudgedFinding& finding : StandingFindings(*record.verdicts)) Add(findings, finding.tag, finding.text);
   });
@@ -63,7 +63,7 @@ void AddLogged(Session& s, const Shown& shown, Findings& findings) {
   const QCLocation& at = s.current;
   Values values = {Trim(at.UserID), std::int64_t{at.Month}, Trim(at.CmplxID), Trim(at.StructID), at.Level};
   std::string condition = "UserID=? AND [Month]=? AND CmplxID=? AND StructID=? AND [Level]=?";
-  if (shown.sheet != nullptr) {
+  if (shown.sheet != &StructureSheet()) {
     condition += " AND EquipType=? AND EquipID=?";
     values.insert(values.end(), {shown.sheet->type, Trim(at.EquipID)});
   }

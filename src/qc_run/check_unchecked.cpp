@@ -43,10 +43,9 @@ std::vector<Unchecked> UncheckedOf(Session& s, int month) {
   for (const Mode mode : {Mode::kDesc, Mode::kActv})
     JudgeAll(s.db, {.mode = mode, .month = mode == Mode::kActv ? month : 0, .only_unchecked = true},
              [&](const JudgedRecord& record) {
-               const bool dated = mode == Mode::kActv || record.sheet == nullptr;
+               const bool structure = record.IsOfStructure(), dated = mode == Mode::kActv || structure;
                if (!dated || record.checked || record.inactive || record.structure_inactive || !record.has_values)
                  return;
-               const bool structure = record.sheet == nullptr;
                found.push_back({record.sheet,
                                 mode,
                                 record.keys,
@@ -77,7 +76,7 @@ CheckedRecords CheckUnchecked(Session& s, int month) {
     }
     s.mode = each.mode;
     s.current = each.location;
-    const bool found = JudgeRecord(s.db, each.sheet, each.mode, each.keys,
+    const bool found = JudgeRecord(s.db, *each.sheet, each.mode, each.keys,
                                    [&](const JudgedRecord& record) { RunJudged(s, each.location, record); });
     checked.done += found ? 1 : 0;
   }

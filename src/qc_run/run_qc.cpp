@@ -4,6 +4,7 @@
 #include "qc_run/run_record.h"
 #include "qc_run/walks.h"
 #include "sheets/contract.h"
+#include "sheets/structure.h"
 #include "sheets/survey.h"
 #include "sheets/units.h"
 
@@ -69,12 +70,12 @@ QCResult RunQC(Session& s, QCLocation location) {
   return ResultOf(s, count);
 }
 
-int RunQCAmongMany(Session& s, const SheetSpec* sheet, const QCLocation& at, TypedView& typed) {
+int RunQCAmongMany(Session& s, const SheetSpec& sheet, const QCLocation& at, TypedView& typed) {
   s.EquipmentInactive = s.StructureInactive = s.record_checked = false;
-  if (sheet == nullptr)
+  if (&sheet == &StructureSheet())
     RunTypedStructureQC(s, at, typed);
   else
-    RunTypedEquipment(s, *sheet, at, typed);
+    RunTypedEquipment(s, sheet, at, typed);
   s.current = at;
   if (typed.untouched) return 0;
   const int count = CountQCErrors(s, at);

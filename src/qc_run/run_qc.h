@@ -22,6 +22,6 @@ QCResult RunQC(Session& s, QCLocation location);
 // The same for a month's record that is typed elsewhere than on its sheet and saved among many (no sheet: a
 // structure's): nothing is shown. Faults are passed on.
 struct TypedView;
-int RunQCAmongMany(Session& s, const SheetSpec* sheet, const QCLocation& at, TypedView& typed);
+int RunQCAmongMany(Session& s, const SheetSpec& sheet, const QCLocation& at, TypedView& typed);
 
 }  // namespace merlu

@@ -63,7 +63,7 @@ void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location) {
   if (IsShowing(s, sheet)) return RunOnSheet(s, sheet, location);
   // what could not be read is not judged
   NotingSheetFaults(s.notices, [&] {
-    const bool found = JudgeRecord(s.db, &sheet, s.mode, CurrentRecord(s),
+    const bool found = JudgeRecord(s.db, sheet, s.mode, CurrentRecord(s),
                                    [&](const JudgedRecord& record) { RunJudged(s, location, record); });
     if (!found) Note(s.notices, sheet.not_found_on_load);
   });
@@ -86,7 +86,7 @@ void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedReco
 }  // namespace
 
 void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record, PiecesWithFindings* known) {
-  if (record.sheet == nullptr) return RunJudgedStructure(s, at, record);
+  if (record.IsOfStructure()) return RunJudgedStructure(s, at, record);
   const SheetSpec& sheet = *record.sheet;
   QCLocation location = at;
   if (sheet.has_activity && record.inactive) return PassOver(s, sheet, location);
@@ -167,7 +167,7 @@ bool RunStructureRules(Session& s, const QCLocation& location) {
 bool RunStoredStructureRules(Session& s, const QCLocation& location, Contexts& contexts, RecordJudge& judge) {
   bool found = false, active = true;
   const bool read = NotingFaults(s.notices, [&] {
-    judge.Judge(s.db, contexts, s.PD_ID_AK, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK, [&](const JudgedRecord& record) {
+    judge.JudgeRows(s.db, contexts, s.PD_ID_AK, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK, [&](const JudgedRecord& record) {
       found = true;
       active = ApplyToStructure(s, location, record.inactive, *record.verdicts);
       if (active) NoteFaults(s, *record.verdicts);

@@ -64,7 +64,7 @@ Walker MakeWalker(Session& s, std::int64_t structure, int month) {
 
 RecordJudge& JudgeOf(Session& s, Walker& walker, const SheetSpec& sheet) {
   const RecordScope one{.mode = s.mode, .key = 1, .only_unchecked = s.InActv(), .asks_values = false};
-  return walker.judges.try_emplace(&sheet, &sheet, one).first->second;
+  return walker.judges.try_emplace(&sheet, sheet, one).first->second;
 }
 
 // The runner for the structure's equipment of one type. In activity mode equipment that was checked since its last
@@ -85,7 +85,7 @@ void Walk(Session& s, QCLocation& location, Walker& walker, const SheetSpec& she
     RunJudged(s, location, record, &known);
   };
   for (const std::int64_t key : walker.records[{PD_ID_AK, sheet.type}])
-    judge.Judge(s.db, walker.contexts, PD_ID_AK, key, run);
+    judge.JudgeRows(s.db, walker.contexts, PD_ID_AK, key, run);
 }
 
 bool IsPassedOver(const Session& s, const StructureMonth* month) {
@@ -134,7 +134,7 @@ void RunSurveyQC(Session& s, QCLocation& location) {
   int done = 0;
   if (s.InDesc()) location.Month = location.Year = 0;  // findings of descriptions have no month
   Walker walker = MakeWalker(s, 0, location.Month);
-  RecordJudge structures(nullptr, {.mode = s.mode, .key = 1, .asks_values = false});
+  RecordJudge structures(StructureSheet(), {.mode = s.mode, .key = 1, .asks_values = false});
   for (const StructureRow& row : rows) {
     location.CmplxID = row.complex;
     location.StructID = row.structure;

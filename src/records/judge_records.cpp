@@ -126,7 +126,7 @@ struct RecordJudge::Ready {
     record.context = &around.context;
     record.structure = around.structure;
     record.structure_inactive = around.month != nullptr && around.month->inactive;
-    if (record.sheet != nullptr && around.month != nullptr) record.keys.SA_ID_AK = around.month->SA_ID_AK;
+    if (!record.IsOfStructure() && around.month != nullptr) record.keys.SA_ID_AK = around.month->SA_ID_AK;
     verdicts.Clear();
     record.stored = &view;
     if (scope.only_unchecked && (record.inactive || record.checked)) return each(record);
@@ -134,7 +134,7 @@ struct RecordJudge::Ready {
     if (status_box >= 0) view.SetChecked(status_box, record.inactive);
     record.row = &row;
     record.more = first + reader.size();
-    if (scope.judged) merlu::Judge(*record.rules, scope.mode, view, *record.context, verdicts);
+    if (scope.judged) Judge(*record.rules, scope.mode, view, *record.context, verdicts);
     if (!verdicts.changes.empty()) {
       reader.Show(row, first, *record.context, stored);
       record.stored = &stored;
@@ -200,25 +200,26 @@ std::string SelectEquipment(const SheetSpec& sheet, const RecordScope& scope, co
 
 }  // namespace
 
-RecordJudge::RecordJudge(const SheetSpec* sheet, const RecordScope& scope) : sheet_(sheet), scope_(scope) {
-  const RuleSet& rules = sheet == nullptr ? RulesOf(StructureSheet()) : RulesOf(*sheet);
-  const std::vector<FieldSpec>& fields = sheet == nullptr ? StructureSheet().fields : sheet->fields;
-  ready_ = std::make_unique<Ready>(rules, RowReader(fields, rules, scope.mode, scope.wanted));
-  ready_->record.sheet = sheet;
-  ready_->status_box = rules.fields().Find(sheet == nullptr ? kStructureStatus : sheet->status_box());
-  sql_ = sheet == nullptr ? SelectStructures(scope, ready_->reader) : SelectEquipment(*sheet, scope, ready_->reader);
+RecordJudge::RecordJudge(const SheetSpec& sheet, const RecordScope& scope) : sheet_(sheet), scope_(scope) {
+  const RuleSet& rules = RulesOf(sheet);
+  ready_ = std::make_unique<Ready>(rules, RowReader(sheet.fields, rules, scope.mode, scope.wanted));
+  ready_->record.sheet = &sheet;
+  ready_->status_box = rules.fields().Find(sheet.status_box());
+  sql_ = ready_->record.IsOfStructure() ? SelectStructures(scope, ready_->reader)
+                                        : SelectEquipment(sheet, scope, ready_->reader);
 }
 
 RecordJudge::~RecordJudge() = default;
 
-void RecordJudge::Judge(Database& db, Contexts& contexts, std::int64_t PD_ID_AK, std::int64_t key,
-                        const EachRecord& each) {
+void RecordJudge::JudgeRows(Database& db, Contexts& contexts, std::int64_t PD_ID_AK, std::int64_t key,
+                            const EachRecord& each) {
+  const bool structures = ready_->record.IsOfStructure();
   Values values;
   if (scope_.PD_ID_AK != 0) values.emplace_back(PD_ID_AK);
-  if (sheet_ != nullptr) values.emplace_back(sheet_->type);
+  if (!structures) values.emplace_back(sheet_.type);
   if (scope_.mode == Mode::kActv && scope_.month != 0) values.emplace_back(std::int64_t{scope_.month});
   if (scope_.key != 0) values.emplace_back(key);
-  sheet_ == nullptr ? JudgeStructures(db, contexts, values, each) : JudgeEquipment(db, contexts, values, each);
+  structures ? JudgeStructures(db, contexts, values, each) : JudgeEquipment(db, contexts, values, each);
 }
 
 void RecordJudge::JudgeStructures(Database& db, Contexts& contexts, const Values& values, const EachRecord& each) {
@@ -248,20 +249,16 @@ void RecordJudge::JudgeEquipment(Database& db, Contexts& contexts, const Values&
   });
 }
 
-void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope, const EachRecord& each) {
-  RecordJudge(nullptr, scope).Judge(db, contexts, scope.PD_ID_AK, scope.key, each);
-}
-
-void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
-                    const EachRecord& each) {
+void JudgeRecords(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
+                  const EachRecord& each) {
   if (scope.mode == Mode::kActv && !sheet.has_activity) return;
-  RecordJudge(&sheet, scope).Judge(db, contexts, scope.PD_ID_AK, scope.key, each);
+  RecordJudge(sheet, scope).JudgeRows(db, contexts, scope.PD_ID_AK, scope.key, each);
 }
 
 void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each) {
   Contexts contexts(db, scope.PD_ID_AK);
-  JudgeStructures(db, contexts, scope, each);
-  for (const SheetSpec* sheet : AllSheets()) JudgeEquipment(db, contexts, *sheet, scope, each);
+  JudgeRecords(db, contexts, StructureSheet(), scope, each);
+  for (const SheetSpec* sheet : AllSheets()) JudgeRecords(db, contexts, *sheet, scope, each);
 }
 
 Context ContextOf(Database& db, Mode mode, const RecordKeys& keys) {
@@ -287,11 +284,11 @@ Context ContextOf(Database& db, Mode mode, const RecordKeys& keys) {
 
 namespace {
 
-std::int64_t StructureOf(Database& db, const SheetSpec* sheet, Mode mode, const RecordKeys& keys) {
+std::int64_t StructureOf(Database& db, const SheetSpec& sheet, Mode mode, const RecordKeys& keys) {
   const bool months = mode == Mode::kActv;
-  if (sheet == nullptr && !months) return keys.PD_ID_AK;
-  if (sheet == nullptr)
-    return ToInteger(db.Single("SELECT PD_ID_AK FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {keys.SA_ID_AK}));
+  const bool structure = &sheet == &StructureSheet();
+  if (structure && !months) return keys.PD_ID_AK;
+  if (structure) return ToInteger(db.Single("SELECT PD_ID_AK FROM PA_PLATFORM_ACTV WHERE SA_ID_AK=?", {keys.SA_ID_AK}));
   if (!months) return ToInteger(db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {keys.ED_ID_AK}));
   return ToInteger(
       db.Single("SELECT d.PD_ID_AK FROM EA_EQUIP_ACTV a JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK WHERE "
@@ -301,26 +298,22 @@ std::int64_t StructureOf(Database& db, const SheetSpec* sheet, Mode mode, const 
 
 }  // namespace
 
-bool JudgeRecord(Database& db, const SheetSpec* sheet, Mode mode, const RecordKeys& keys, const EachRecord& each) {
+bool JudgeRecord(Database& db, const SheetSpec& sheet, Mode mode, const RecordKeys& keys, const EachRecord& each) {
   const bool months = mode == Mode::kActv;
   RecordScope scope{.mode = mode};
-  if (sheet != nullptr)
-    scope.key = months ? keys.EA_ID_AK : keys.ED_ID_AK;
-  else
+  if (&sheet == &StructureSheet())
     scope.key = months ? keys.SA_ID_AK : keys.PD_ID_AK;
+  else
+    scope.key = months ? keys.EA_ID_AK : keys.ED_ID_AK;
   scope.wanted = Wanted::kAllFields;
   const std::int64_t structure = StructureOf(db, sheet, mode, keys);
   if (structure == 0) return false;
   Contexts contexts(db, structure);
   bool found = false;
-  const auto hand = [&](const JudgedRecord& record) {
+  JudgeRecords(db, contexts, sheet, scope, [&](const JudgedRecord& record) {
     found = true;
     each(record);
-  };
-  if (sheet != nullptr)
-    JudgeEquipment(db, contexts, *sheet, scope, hand);
-  else
-    JudgeStructures(db, contexts, scope, hand);
+  });
   return found;
 }
 

@@ -13,6 +13,7 @@
 
 #include "rules/judge.h"
 #include "sheets/record_rows.h"
+#include "sheets/structure.h"
 #include "store/database.h"
 
 namespace merlu {
@@ -77,7 +78,7 @@ Context ContextOf(Database& db, Mode mode, const RecordKeys& keys);
 // A judged record. Its pointers are valid only during the callback that receives it.
 struct JudgedRecord {
   const RuleSet* rules = nullptr;
-  const SheetSpec* sheet = nullptr;  // null for a structure
+  const SheetSpec* sheet = nullptr;
   RecordKeys keys;
   int year = 0, month = 0;  // 0 for a description
   const StructureFacts* structure = nullptr;
@@ -92,6 +93,8 @@ struct JudgedRecord {
   const Verdicts* verdicts = nullptr;
   const RowView* row = nullptr;  // that the record was read from
   int more = 0;                  // its first column of the scope's `more`
+
+  bool IsOfStructure() const { return sheet == &StructureSheet(); }
 };
 using EachRecord = std::function<void(const JudgedRecord&)>;
 
@@ -111,35 +114,34 @@ struct RecordScope {
 // Judges the records of one kind scope by scope: what that takes beside the rows is made ready once.
 class RecordJudge {
  public:
-  // Of a type with records in the scope's mode, or of the structures (null).
-  RecordJudge(const SheetSpec* sheet, const RecordScope& scope);
+  // Of the structures, or of a type with records in the scope's mode.
+  RecordJudge(const SheetSpec& sheet, const RecordScope& scope);
   ~RecordJudge();
   RecordJudge(const RecordJudge&) = delete;
   RecordJudge& operator=(const RecordJudge&) = delete;
 
   // Those of the structure, or of the one record; the scope names one, too, and what it says otherwise counts.
-  void Judge(Database& db, Contexts& contexts, std::int64_t PD_ID_AK, std::int64_t key, const EachRecord& each);
+  void JudgeRows(Database& db, Contexts& contexts, std::int64_t PD_ID_AK, std::int64_t key, const EachRecord& each);
 
  private:
   struct Ready;
   void JudgeStructures(Database& db, Contexts& contexts, const Values& values, const EachRecord& each);
   void JudgeEquipment(Database& db, Contexts& contexts, const Values& values, const EachRecord& each);
 
-  const SheetSpec* sheet_;
+  const SheetSpec& sheet_;
   RecordScope scope_;
   std::string sql_;
   std::unique_ptr<Ready> ready_;
 };
 
-// Structures, in the order of their keys in the mode.
-void JudgeStructures(Database& db, Contexts& contexts, const RecordScope& scope, const EachRecord& each);
-// The equipment of a type, in the order of its keys in the mode. None in the months for a type without activity.
-void JudgeEquipment(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
-                    const EachRecord& each);
+// The structures, or the equipment of a type, in the order of their keys in the mode. None in the months for a type
+// without activity.
+void JudgeRecords(Database& db, Contexts& contexts, const SheetSpec& sheet, const RecordScope& scope,
+                  const EachRecord& each);
 // Structures, then all types.
 void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each);
 
 // One record by its keys (its own is enough); false when a row of it is missing.
-bool JudgeRecord(Database& db, const SheetSpec* sheet, Mode mode, const RecordKeys& keys, const EachRecord& each);
+bool JudgeRecord(Database& db, const SheetSpec& sheet, Mode mode, const RecordKeys& keys, const EachRecord& each);
 
 }  // namespace merlu

@@ -77,7 +77,7 @@ PlaceCounts CountFindingsAt(Database& db, const QCLocation& at, Mode mode, const
   };
   const auto count = [&](const JudgedRecord& record) {
     if (mode == Mode::kActv && (!record.has_values || record.inactive || record.structure_inactive)) return;
-    const auto rows = log.find(record.sheet == nullptr ? "" : PieceName(record.sheet->type, record.id));
+    const auto rows = log.find(record.IsOfStructure() ? "" : PieceName(record.sheet->type, record.id));
     for (const JudgedFinding& finding : StandingFindings(*record.verdicts)) {
       LoggedFinding* row = rows == log.end() ? nullptr : RowUnder(rows->second, finding);
       if (row != nullptr) row->taken = true;
@@ -86,7 +86,7 @@ PlaceCounts CountFindingsAt(Database& db, const QCLocation& at, Mode mode, const
   };
   const SheetSpec* sheet = at.Is(level::kEquipment) ? FindSheet(at.EquipType) : nullptr;
   if (sheet != nullptr)
-    JudgeRecord(db, sheet, mode, keys, count);
+    JudgeRecord(db, *sheet, mode, keys, count);
   else if (at.Is(level::kStructure))
     JudgeAll(db, {.mode = mode, .month = mode == Mode::kActv ? at.Month : 0, .PD_ID_AK = StructureAt(db, mode, keys)},
              count);

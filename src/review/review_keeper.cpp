@@ -60,7 +60,7 @@ void RankByOperators(Database& db, std::vector<ReviewedStructure>& structures) {
 }
 
 RecordKind KindOf(const JudgedRecord& judged, Mode mode) {
-  if (judged.sheet == nullptr) return mode == Mode::kActv ? RecordKind::kStructureMonth : RecordKind::kStructure;
+  if (judged.IsOfStructure()) return mode == Mode::kActv ? RecordKind::kStructureMonth : RecordKind::kStructure;
   return mode == Mode::kActv ? RecordKind::kEquipmentMonth : RecordKind::kEquipment;
 }
 
@@ -353,7 +353,7 @@ bool ReviewKeeper::IsLogged(const Logged& logged, const JudgedFinding& finding) 
 ReviewKeeper::Place ReviewKeeper::PlaceOfJudged(const JudgedRecord& judged) const {
   const auto structure = structure_of_key_.find(judged.keys.PD_ID_AK);
   if (judged.structure == nullptr || structure == structure_of_key_.end()) return {};
-  return {structure->second, judged.sheet == nullptr ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK)};
+  return {structure->second, judged.IsOfStructure() ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK)};
 }
 
 ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, const Place& place, Mode mode, const Logged& logged,
@@ -532,9 +532,9 @@ bool ReviewKeeper::Renew(Database& db, const Companion& companion, int number, c
     if (const Place at = PlaceOfJudged(judged); at.structure >= 0) made = Judged(judged, at, scope.mode, logged, known);
   };
   if (!record.IsEquipment())
-    JudgeStructures(db, context, scope, take);
+    JudgeRecords(db, context, StructureSheet(), scope, take);
   else if (const SheetSpec* sheet = FindSheet(review_.pieces[At(record.piece)].type); sheet != nullptr)
-    JudgeEquipment(db, context, *sheet, scope, take);
+    JudgeRecords(db, context, *sheet, scope, take);
   // one that went, or went elsewhere
   if (!made || made->structure != record.structure || made->piece != record.piece || made->month != record.month)
     return false;

@@ -105,11 +105,11 @@ bool ReadStored(Session& s, Draft& draft) {
   if (!UnpackLocation(draft.at, at, mode)) return false;
   const bool equipment = at.Is(level::kEquipment);
   if (!equipment && !at.Is(level::kStructure)) return false;
-  const SheetSpec* sheet = equipment ? FindSheet(at.EquipType) : nullptr;
-  if (equipment && sheet == nullptr) return false;
+  const SheetSpec* sheet = equipment ? FindSheet(at.EquipType) : &StructureSheet();
+  if (sheet == nullptr) return false;
   bool changed = false;
-  const std::vector<FieldSpec>& specs = equipment ? sheet->fields : StructureSheet().fields;
-  JudgeRecord(s.db, sheet, mode, KeysOf(s.db, at), [&](const JudgedRecord& record) {
+  const std::vector<FieldSpec>& specs = sheet->fields;
+  JudgeRecord(s.db, *sheet, mode, KeysOf(s.db, at), [&](const JudgedRecord& record) {
     for (DraftField& field : draft.fields) {
       const auto spec = std::find_if(specs.begin(), specs.end(),
                                      [&](const FieldSpec& each) { return each.control == field.control; });

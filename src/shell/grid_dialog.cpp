@@ -89,7 +89,7 @@ bool Approve(Session& s, const std::vector<PastePlan>& plan) {
 // A structure or a piece of equipment that has months, as the second view chooses it.
 struct Piece {
   std::string structure, number, type, id;  // number: complex and structure
-  const SheetSpec* sheet = nullptr;         // null for a structure
+  const SheetSpec* sheet = nullptr;
   std::int64_t key = 0;
   std::string order{};  // as in the tree, which is sorted by text
 };
@@ -110,7 +110,7 @@ std::vector<Piece> ReadPieces(Database& db) {
       "ifnull(p.Area,'')||', '||ifnull(p.Block,'')||', '||ifnull(p.Name,''),"
       "ifnull(p.CMPLX_ID_NUM,'')||' '||ifnull(p.STRUCT_NUM,'')";
   db.ForEach("SELECT p.PD_ID_AK," + structure + " FROM PD_PLATFORM_DESC p", {}, [&](const RowView& row) {
-    pieces.push_back({std::string(row.Text(1)), std::string(row.Text(2)), "", "", nullptr, row.Integer(0)});
+    pieces.push_back({std::string(row.Text(1)), std::string(row.Text(2)), "", "", &StructureSheet(), row.Integer(0)});
   });
   db.ForEach("SELECT d.ED_ID_AK," + structure +
                  ",d.ED_EQUIP_TYP,ifnull(d.ED_MERLU_EQUIP_ID,'') FROM ED_EQUIP_DESC d JOIN PD_PLATFORM_DESC p ON "
@@ -130,7 +130,7 @@ std::vector<Piece> ReadPieces(Database& db) {
 std::string ItemOf(const Piece& piece, const std::map<std::string, std::set<std::string>>& numbers) {
   std::string text = piece.structure;
   if (numbers.at(piece.structure).size() > 1) text += " (" + piece.number + ")";
-  if (piece.sheet != nullptr) text += " · " + piece.type + ": " + piece.id;
+  if (piece.sheet != &StructureSheet()) text += " · " + piece.type + ": " + piece.id;
   return text;
 }
 
@@ -154,7 +154,7 @@ void FillLists(Open& open) {
   for (int month = 1; month <= s.last_month; ++month) months.items.push_back(MonthItem(s, month));
   Control& types = form.At(names::cmbGRD_Type);
   types.items = {kStructures};
-  open.types = {nullptr};
+  open.types = {&StructureSheet()};
   for (const SheetSpec* sheet : AllSheets()) {
     if (!sheet->has_activity) continue;
     if (IsNull(s.db.Single("SELECT 1 FROM ED_EQUIP_DESC WHERE ED_EQUIP_TYP=? LIMIT 1", {sheet->type}))) continue;
@@ -199,13 +199,12 @@ void ChooseWhatShows(Open& open) {
   int type = at.Is(level::kStructure) ? 0 : 1;
   int piece = 0;
   for (std::size_t i = 0; i < open.types.size(); ++i)
-    if (at.Is(level::kEquipment) && open.types[i] != nullptr && open.types[i]->type == at.EquipType)
-      type = static_cast<int>(i);
+    if (at.Is(level::kEquipment) && open.types[i]->type == at.EquipType) type = static_cast<int>(i);
   for (std::size_t i = 0; i < open.pieces.size(); ++i) {
     const auto& [sheet, key] = open.pieces[i];
-    const bool shown = at.Is(level::kEquipment)
-                           ? sheet != nullptr && key == open.s.ED_ID_AK
-                           : at.Is(level::kStructure) && sheet == nullptr && key == open.s.PD_ID_AK;
+    const bool structure = sheet == &StructureSheet();
+    const bool shown = at.Is(level::kEquipment) ? !structure && key == open.s.ED_ID_AK
+                                                : at.Is(level::kStructure) && structure && key == open.s.PD_ID_AK;
     if (shown) piece = static_cast<int>(i);
   }
   choose(names::cmbGRD_Type, type);

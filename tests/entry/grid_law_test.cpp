@@ -26,7 +26,7 @@ int Seeds(int in_the_suite) {
 }
 
 std::vector<const SheetSpec*> WithMonths() {
-  std::vector<const SheetSpec*> sheets = {nullptr};
+  std::vector<const SheetSpec*> sheets = {&StructureSheet()};
   for (const SheetSpec* sheet : AllSheets())
     if (sheet->has_activity) sheets.push_back(sheet);
   return sheets;
@@ -198,7 +198,7 @@ TEST(GridLaw, locks_and_shows_what_the_sheets_do) {
     MonthGrid grid(run.s);
     for (const SheetSpec* sheet : WithMonths()) {
       grid.ShowMonth(sheet, 1 + static_cast<int>(seed % 3));
-      ASSERT_EQ(grid.RowCount(), sheet == nullptr ? 2 : 4);
+      ASSERT_EQ(grid.RowCount(), sheet == &StructureSheet() ? 2 : 4);
       for (int row = 0; row < grid.RowCount(); ++row) ExpectTheSheet(run, grid, row);
     }
   }
@@ -220,8 +220,8 @@ void Act(TestRun& run, MonthGrid& grid, Random& random, const SheetSpec* sheet, 
   const auto type = static_cast<int>(std::find(sheets.begin(), sheets.end(), sheet) - sheets.begin());
   if (OneIn(random, 2))
     grid.ShowMonth(sheet, 1 + static_cast<int>(random() % 3));
-  else if (sheet == nullptr)
-    grid.ShowRecord(nullptr, ToInteger(run.Sql("SELECT MIN(PD_ID_AK) FROM PD_PLATFORM_DESC")));
+  else if (sheet == &StructureSheet())
+    grid.ShowRecord(sheet, ToInteger(run.Sql("SELECT MIN(PD_ID_AK) FROM PD_PLATFORM_DESC")));
   else
     grid.ShowRecord(
         sheet, ToInteger(run.Sql("SELECT MAX(ED_ID_AK) FROM ED_EQUIP_DESC WHERE ED_EQUIP_TYP='" + sheet->type + "'")));
@@ -275,7 +275,7 @@ TEST(GridLaw, a_save_leaves_what_the_sheets_would_leave_record_by_record) {
     const bool structures = OneIn(random, 4);
     const Texts order = by_grid.TreeKeys();
     if (structures) {
-      Act(by_grid, grid, random, nullptr, order, typed);
+      Act(by_grid, grid, random, &StructureSheet(), order, typed);
     } else {
       const std::vector<const SheetSpec*> sheets = WithMonths();
       for (int act = 0; act < 4; ++act)

@@ -139,7 +139,7 @@ TEST_F(Grid, copies_the_month_before_into_blank_cells_and_confirms) {
 }
 
 TEST_F(Grid, counts_the_findings_of_the_records_that_it_saves_and_of_no_other) {
-  grid.ShowMonth(nullptr, 2);
+  grid.ShowMonth(&StructureSheet(), 2);
   grid.SetCell(0, ColumnOf(grid, "txtSTRUCTURE_ProdOil"), "6000000");
   const std::int64_t own = 7;  // one out of range, six blank
   EXPECT_EQ(grid.Save().findings, own);
@@ -228,13 +228,13 @@ TEST(GridColumns, of_all_types_have_captions_of_their_own) {
   run.ChangeTo(Mode::kActv);
   MonthGrid grid(run.s);
   std::vector<const SheetSpec*> sheets = AllSheets();
-  sheets.push_back(nullptr);
+  sheets.push_back(&StructureSheet());
   for (const SheetSpec* sheet : sheets) {
-    if (sheet != nullptr && !sheet->has_activity) continue;
+    if (!sheet->has_activity) continue;
     grid.ShowMonth(sheet, 1);
     std::set<std::string> captions;
     for (const GridColumn& column : grid.Columns()) captions.insert(Lower(column.caption));
-    EXPECT_EQ(captions.size(), grid.Columns().size()) << (sheet == nullptr ? "" : sheet->type);
+    EXPECT_EQ(captions.size(), grid.Columns().size()) << sheet->title;
   }
   grid.ShowMonth(&TARNE_NGT(), 1);
   Texts captions;

@@ -74,7 +74,7 @@ TEST_F(Recipes, a_rule_judges_the_stored_rows) {
   Texts judged;
   for (const Mode mode : {Mode::kDesc, Mode::kActv})
     JudgeAll(run.s.db, {.mode = mode}, [&](const JudgedRecord& record) {
-      if (record.sheet == nullptr) return;
+      if (record.IsOfStructure()) return;
       for (const JudgedFinding& finding : StandingFindings(*record.verdicts)) judged.emplace_back(finding.tag);
     });
   EXPECT_EQ(judged, (Texts{"Model No.", "Hours Operated", "Hours Operated"}));

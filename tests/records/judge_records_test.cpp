@@ -118,7 +118,7 @@ TEST_F(JudgedRows, of_all_types_say_what_their_sheets_say) {
         ClearFrame(s, *sheet);
         LoadFrame(s, *sheet);
         const RecordKeys keys{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK};
-        EXPECT_TRUE(JudgeRecord(s.db, sheet, mode, keys, [&](const JudgedRecord& record) {
+        EXPECT_TRUE(JudgeRecord(s.db, *sheet, mode, keys, [&](const JudgedRecord& record) {
           ExpectEqual(RulesOf(*sheet), SheetForm(s, *sheet), record, sheet->type + " " + ModeText(mode));
         }));
         ASSERT_FALSE(HasFailure());
@@ -138,9 +138,10 @@ TEST_F(JudgedRows, of_a_structure_say_what_its_sheet_says) {
         Fill(StructureSheet().fields, In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK", s.SA_ID_AK, odd);
       ClearFrame(s, StructureSheet());
       LoadFrame(s, StructureSheet());
-      EXPECT_TRUE(JudgeRecord(s.db, nullptr, mode, {s.PD_ID_AK, s.SA_ID_AK, 0, 0}, [&](const JudgedRecord& record) {
-        ExpectEqual(RulesOf(StructureSheet()), *s.main, record, ModeText(mode));
-      }));
+      EXPECT_TRUE(
+          JudgeRecord(s.db, StructureSheet(), mode, {s.PD_ID_AK, s.SA_ID_AK, 0, 0}, [&](const JudgedRecord& record) {
+            ExpectEqual(RulesOf(StructureSheet()), *s.main, record, ModeText(mode));
+          }));
       ASSERT_FALSE(HasFailure());
     }
   }
@@ -152,8 +153,8 @@ TEST_F(JudgedRows, all_at_once_say_what_each_says_alone) {
   int records = 0, months = 0;
   JudgeAll(s.db, {.mode = Mode::kActv}, [&](const JudgedRecord& record) {
     ++records;
-    if (record.sheet == nullptr) ++months;
-    if (record.sheet != nullptr) alone[record.keys.EA_ID_AK] = Said(*record.verdicts);
+    if (record.IsOfStructure()) ++months;
+    if (!record.IsOfStructure()) alone[record.keys.EA_ID_AK] = Said(*record.verdicts);
   });
   EXPECT_EQ(records, run.Count("EA_EQUIP_ACTV WHERE EA_EQUIP_TYP<>'FUG'") + run.Count("PA_PLATFORM_ACTV"));
   EXPECT_EQ(months, run.Count("PA_PLATFORM_ACTV"));
@@ -161,11 +162,11 @@ TEST_F(JudgedRows, all_at_once_say_what_each_says_alone) {
     if (!sheet->has_activity) continue;
     const std::int64_t key =
         ToInteger(s.db.Single("SELECT MAX(EA_ID_AK) FROM EA_EQUIP_ACTV WHERE EA_EQUIP_TYP=?", {sheet->type}));
-    EXPECT_TRUE(JudgeRecord(s.db, sheet, Mode::kActv, {0, 0, 0, key}, [&](const JudgedRecord& record) {
+    EXPECT_TRUE(JudgeRecord(s.db, *sheet, Mode::kActv, {0, 0, 0, key}, [&](const JudgedRecord& record) {
       EXPECT_EQ(Said(*record.verdicts), alone[key]) << sheet->type;
     }));
   }
-  EXPECT_FALSE(JudgeRecord(s.db, AllSheets()[0], Mode::kActv, {0, 0, 0, 4711}, [](const JudgedRecord&) {}));
+  EXPECT_FALSE(JudgeRecord(s.db, *AllSheets()[0], Mode::kActv, {0, 0, 0, 4711}, [](const JudgedRecord&) {}));
 }
 
 TEST_F(JudgedRows, are_judged_on_another_thread_over_a_connection_of_its_own) {
@@ -188,7 +189,7 @@ TEST_F(JudgedRows, know_their_values_their_status_and_their_last_check) {
   run.GoTo("FLA", "X1", Mode::kActv);
   const RecordKeys keys{0, 0, 0, s.EA_ID_AK};
   const auto with = [&](const auto& expect) {
-    EXPECT_TRUE(JudgeRecord(s.db, FindSheet("FLA"), Mode::kActv, keys, expect));
+    EXPECT_TRUE(JudgeRecord(s.db, *FindSheet("FLA"), Mode::kActv, keys, expect));
   };
   with([](const JudgedRecord& r) { EXPECT_TRUE(!r.has_values && !r.inactive && !r.checked && !r.structure_inactive); });
   s.db.Execute("UPDATE EA_FLA SET OP_HR=5 WHERE EA_ID_AK=?", {s.EA_ID_AK});

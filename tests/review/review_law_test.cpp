@@ -76,7 +76,7 @@ class PlainModel {
 
   void Take(Mode mode, const JudgedRecord& judged) {
     PlainRecord record;
-    const bool months = mode == Mode::kActv, equipment = judged.sheet != nullptr;
+    const bool months = mode == Mode::kActv, equipment = !judged.IsOfStructure();
     const auto one = [&](const std::string& sql, std::int64_t key) { return s_.db.Single(sql, {key}); };
     const std::string complex = Trim(NullToEmpty(
                           one("SELECT CMPLX_ID_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", judged.keys.PD_ID_AK))),

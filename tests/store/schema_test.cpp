@@ -346,9 +346,9 @@ TEST_F(Lookups, of_a_finding_are_searches) {
   ExpectSearches("count", [&] { EXPECT_EQ(CountQCErrors(s, here), 0); });
   const RecordKeys keys{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK};
   ExpectSearches("record",
-                 [&] { EXPECT_TRUE(JudgeRecord(s.db, FindSheet("FLA"), s.mode, keys, [](const JudgedRecord&) {})); });
+                 [&] { EXPECT_TRUE(JudgeRecord(s.db, *FindSheet("FLA"), s.mode, keys, [](const JudgedRecord&) {})); });
   ExpectSearches("structure",
-                 [&] { EXPECT_TRUE(JudgeRecord(s.db, nullptr, s.mode, keys, [](const JudgedRecord&) {})); });
+                 [&] { EXPECT_TRUE(JudgeRecord(s.db, StructureSheet(), s.mode, keys, [](const JudgedRecord&) {})); });
 }
 
 }  // namespace
