@@ -20,7 +20,7 @@ SheetSpec Compressor() {
   sheet.Add(0, "Compressor",
             {
                 Text(In::kDesc, "txtCOM_Model", "Model No.:", "Model No.", "MODEL"),
-                Number(In::kActv, "txtCOM_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR"),
+                Number(In::kActv, "txtCOM_HrsOperated", "Hours Operated (hrs):", "Hours Operated", "OP_HR", "hrs"),
             });
   sheet.rules = {{"CheckCOMFields",
                   {
