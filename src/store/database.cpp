@@ -547,8 +547,8 @@ Database::TableChanges& Database::ChangesOf(const std::string& table) {
 int Database::ExecuteOn(TableChanges& table, std::string_view sql, const Values& values) {
   const std::int64_t before = ChangeCount();
   const int changed = Execute(sql, values);
-  // one row and nothing besides: no key was changed that rows of other tables follow
-  if (ChangeCount() == before + 1) ++table.own_, ++single_rows_;
+  // these rows and nothing besides: no key was changed that rows of other tables follow
+  if (ChangeCount() == before + changed) table.own_ += changed, single_rows_ += changed;
   return changed;
 }
 

@@ -108,6 +108,22 @@ class DatabaseFile : public testing::Test {
 
 // ---- statements ----
 
+TEST_F(DatabaseFile, counts_the_changes_of_a_table_apart_unless_rows_of_others_follow) {
+  db.Open(path);
+  db.Execute("CREATE TABLE parent (id INTEGER PRIMARY KEY, note)");
+  db.Execute("CREATE TABLE child (id REFERENCES parent ON UPDATE CASCADE)");
+  db.Execute("INSERT INTO parent VALUES (1,''),(2,'')");
+  db.Execute("INSERT INTO child VALUES (1),(2)");
+  Database::TableChanges &parent = db.ChangesOf("parent"), &child = db.ChangesOf("child");
+  const std::int64_t of_parent = parent.Count(), of_child = child.Count();
+  db.ExecuteOn(parent, "UPDATE parent SET note=?", {std::string("x")});
+  EXPECT_EQ(parent.Count(), of_parent + 2);
+  EXPECT_EQ(child.Count(), of_child);
+  db.ExecuteOn(parent, "UPDATE parent SET id=id+?", {std::int64_t{2}});
+  EXPECT_GT(parent.Count(), of_parent + 2);
+  EXPECT_GT(child.Count(), of_child);
+}
+
 TEST_F(DatabaseFile, keeps_the_statements_of_the_last_time_only) {
   Open(path);
   const auto run = [this](int from, int to) {
