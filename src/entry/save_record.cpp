@@ -158,11 +158,7 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
 }
 
 void RecordSaver::StoreDates() {
-  if (dated_.empty()) return;
-  std::string keys;
-  for (const std::int64_t key : dated_) keys.append(keys.empty() ? "[" : ",").append(std::to_string(key));
-  const std::string sql = "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK IN (SELECT value FROM json_each(?))";
-  if (static_cast<std::size_t>(s_.db.Execute(sql, {now_, keys + "]"})) != dated_.size())
+  if (static_cast<std::size_t>(DateEquipment(s_, dated_, now_)) != dated_.size())
     throw Fault(fault_number::kRecordDeleted, kSource, "Record is deleted.");
   dated_.clear();
 }

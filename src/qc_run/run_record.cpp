@@ -85,20 +85,34 @@ void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedReco
 
 }  // namespace
 
-void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record, PiecesWithFindings* known) {
+int DateEquipment(Session& s, const std::vector<std::int64_t>& keys, const Value& date) {
+  if (keys.empty()) return 0;
+  std::string list;
+  for (const std::int64_t key : keys) list.append(list.empty() ? "[" : ",").append(std::to_string(key));
+  return s.db.ExecuteOn(s.db.ChangesOf("EA_EQUIP_ACTV"),
+                        "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK IN (SELECT value FROM json_each(?))",
+                        {date, list + "]"});
+}
+
+void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record, StructureWalk* walk) {
   if (record.IsOfStructure()) return RunJudgedStructure(s, at, record);
   const SheetSpec& sheet = *record.sheet;
   QCLocation location = at;
   if (sheet.has_activity && record.inactive) return PassOver(s, sheet, location);
+  const int faults = s.notices.faults;
   if (sheet.before_rules) sheet.before_rules(s, location);
   // what runs before the rules may have written
-  ApplyVerdicts(s, location, *record.verdicts, sheet.before_rules ? nullptr : known);
+  ApplyVerdicts(s, location, *record.verdicts, walk == nullptr || sheet.before_rules ? nullptr : &walk->known);
+  // a failed write may have taken back the findings of those before
+  if (walk != nullptr && s.notices.faults != faults) walk->checked.clear();
   NoteFaults(s, *record.verdicts);
-  const Value date = DateOf(s, *record.verdicts);
+  s.record_checked = record.verdicts->faults.empty();
   NoteDescription(s, record.keys.ED_ID_AK);
-  if (s.InActv() && sheet.has_activity)
-    s.db.ExecuteOn(s.db.ChangesOf("EA_EQUIP_ACTV"), "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK=?",
-                   {date, record.keys.EA_ID_AK});
+  if (!s.InActv() || !sheet.has_activity) return;
+  if (walk != nullptr && s.record_checked)
+    walk->checked.push_back(record.keys.EA_ID_AK);
+  else
+    DateEquipment(s, {record.keys.EA_ID_AK}, DateOf(s, *record.verdicts));
 }
 
 namespace {

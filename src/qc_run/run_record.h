@@ -28,8 +28,16 @@ struct TypedView {
 // or else from its rows. Sets EquipmentInactive and judges nothing when its structure reports nothing. Faults are
 // passed on.
 void RunSheetQC(Session& s, const SheetSpec& sheet, QCLocation& location);
-// The same for a record that was judged from its rows; `known` as for ApplyVerdicts.
-void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record, PiecesWithFindings* known = nullptr);
+// The equipment of one structure, run piece by piece.
+struct StructureWalk {
+  PiecesWithFindings known;
+  std::vector<std::int64_t> checked{};  // months that are dated at its end
+};
+// The same for a record that was judged from its rows. Among those of a structure, its date is left to DateEquipment.
+void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record, StructureWalk* walk = nullptr);
+
+// Gives these months of equipment the date of last QC in one statement; returns how many there are.
+int DateEquipment(Session& s, const std::vector<std::int64_t>& keys, const Value& date);
 
 // The same for equipment that is typed and not yet stored, as the run that its save begins with; it is dated by what
 // stores it. A group of rules that met a fault passes it on.

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/dates.h"
 #include "base/text.h"
 #include "qc_run/run_record.h"
 #include "session/types.h"
@@ -70,7 +71,7 @@ RecordJudge& JudgeOf(Session& s, Walker& walker, const SheetSpec& sheet) {
 // The runner for the structure's equipment of one type. In activity mode equipment that was checked since its last
 // save is left out, nothing is looked at when the first piece is inactive, and fugitives do not run.
 void Walk(Session& s, QCLocation& location, Walker& walker, const SheetSpec& sheet, std::int64_t PD_ID_AK,
-          PiecesWithFindings& known) {
+          StructureWalk& walk) {
   location.Level = level::kEquipment;
   location.EquipType = sheet.type;
   if (s.InActv() && !sheet.has_activity) return;
@@ -82,7 +83,7 @@ void Walk(Session& s, QCLocation& location, Walker& walker, const SheetSpec& she
     if (ended || (s.InActv() && (record.inactive || record.checked))) return;
     location.EquipID = record.id;
     s.current = location;
-    RunJudged(s, location, record, &known);
+    RunJudged(s, location, record, &walk);
   };
   for (const std::int64_t key : walker.records[{PD_ID_AK, sheet.type}])
     judge.JudgeRows(s.db, walker.contexts, PD_ID_AK, key, run);
@@ -104,13 +105,14 @@ void WalkTypes(Session& s, QCLocation& location, Walker& walker, const std::vect
   const StructureFacts* facts = walker.contexts.Structure(structure);
   // by the stored status: the screen's is judged by the structure's own run
   if (facts == nullptr || IsPassedOver(s, walker.contexts.Month(structure, location.Year, location.Month))) return;
-  PiecesWithFindings known(s.db, location);
+  StructureWalk walk{PiecesWithFindings(s.db, location)};
   int done = 0;
   for (const EquipmentType* type : types) {
     if (shows_progress) Progress(s, std::string(type->tree_name), done++, static_cast<int>(types.size()));
     if (std::find(facts->types.begin(), facts->types.end(), type->code) == facts->types.end()) continue;
-    Walk(s, location, walker, type->sheet(), structure, known);
+    Walk(s, location, walker, type->sheet(), structure, walk);
   }
+  DateEquipment(s, walk.checked, StoredDate(s.platform.Now()));
 }
 
 // What follows the structure's own rules.

@@ -107,6 +107,28 @@ TEST(Walks, leave_the_findings_of_those_types_as_they_are_and_count_them) {
   }
 }
 
+TEST(Walks, date_the_equipment_that_they_have_checked_and_no_other) {
+  Structure structure(Equipment{{"BOI", "A"}, {"BOI", "B"}, {"DIE", "X"}, {"LOS", "Y"}});
+  structure.MarkInactive("B");
+  structure.RunInMonth();
+  EXPECT_EQ(structure.All("SELECT ED_MERLU_EQUIP_ID FROM EA_EQUIP_ACTV JOIN ED_EQUIP_DESC USING (ED_ID_AK) WHERE "
+                          "EA_QC_DT IS NOT NULL AND EA_MO=1 ORDER BY 1"),
+            (Texts{"A", "X"}));
+  EXPECT_EQ(structure.All("SELECT DISTINCT EA_MO FROM EA_EQUIP_ACTV WHERE EA_QC_DT IS NOT NULL"), Texts{"1"});
+}
+
+TEST(Walks, leave_what_ran_before_a_failed_write_undated_since_its_findings_may_be_lost) {
+  Structure structure(Equipment{{"BOI", "A"}, {"BOI", "B"}});
+  // the second boiler's findings are refused
+  structure.run.s.db.Execute("CREATE UNIQUE INDEX once ON QC (FieldID) WHERE EquipType='BOI'");
+  structure.RunInMonth();
+  EXPECT_NE(structure.run.TakeBoxes(), Texts{});
+  EXPECT_EQ(structure.Checked(), Texts{"A"});
+  EXPECT_EQ(structure.All("SELECT 1 FROM EA_EQUIP_ACTV JOIN ED_EQUIP_DESC USING (ED_ID_AK) WHERE "
+                          "ED_MERLU_EQUIP_ID='A' AND EA_QC_DT IS NOT NULL"),
+            Texts{});
+}
+
 TEST(Walks, end_at_once_for_a_type_whose_first_equipment_is_inactive) {
   Structure structure(Equipment{{"FLA", "F1"}, {"FLA", "F2"}, {"VEN", "V1"}});
   structure.MarkInactive("F1");
