@@ -40,14 +40,14 @@ void DeleteOtherMonths(Database& copy, int month, int year) {
   const Values values = {std::int64_t{month}, std::int64_t{year}};
   WriteBatch batch(copy);
   // a month that is Null differs from nothing for certain, and stays
-  KeepRows(copy, "EA_EQUIP_ACTV", "(EA_MO=? AND EA_YR=?) IS NOT FALSE", values);
-  KeepRows(copy, "PA_PLATFORM_ACTV", "(PA_MO=? AND PA_YR=?) IS NOT FALSE", values);
-  // the keys of a month lie together, so that most rows need not be looked for
+  KeepRows(copy, "EA_EQUIP_ACTV", "(EA_MO<>? OR EA_YR<>?) IS NOT TRUE", values);
+  KeepRows(copy, "PA_PLATFORM_ACTV", "(PA_MO<>? OR PA_YR<>?) IS NOT TRUE", values);
+  // the keys of a month lie together: their range is read, and the sign keeps the engine from seeking each key instead
   for (const EquipmentType& type : EquipmentTypes())
     if (type.has_activity)
       KeepRows(copy, "EA_" + std::string(type.code),
                "EA_ID_AK BETWEEN (SELECT MIN(EA_ID_AK) FROM main.EA_EQUIP_ACTV) AND (SELECT MAX(EA_ID_AK) FROM "
-               "main.EA_EQUIP_ACTV) AND EA_ID_AK IN (SELECT EA_ID_AK FROM main.EA_EQUIP_ACTV)");
+               "main.EA_EQUIP_ACTV) AND +EA_ID_AK IN (SELECT EA_ID_AK FROM main.EA_EQUIP_ACTV)");
   batch.Commit();
 }
 
