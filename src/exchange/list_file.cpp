@@ -44,9 +44,9 @@ Sheet SheetOf(const ListToWrite& list) {
   for (int row = 0; row < list.rows; ++row) {
     SheetRow cells;
     for (std::size_t column = 0; column < list.columns.size(); ++column) {
-      const std::string text = list.text(row, static_cast<int>(column));
+      std::string text = TextForCell(list.text(row, static_cast<int>(column)));
       widen(column, text);
-      cells.cells.push_back(text.empty() ? Cell() : Cell(TextForCell(text)));
+      cells.cells.push_back(text.empty() ? Cell() : Cell(std::move(text)));
     }
     sheet.rows.push_back(std::move(cells));
   }

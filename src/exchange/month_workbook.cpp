@@ -132,7 +132,7 @@ class SheetWriter {
   void PutRow(int at, const BookSheet& sheet, const BookRow& row) {
     Put(at, kStructure, TextForCell(row.structure), formats_.place);
     Put(at, kEquipment, TextForCell(row.equipment), formats_.place);
-    Put(at, kKey, row.key, formats_.place);
+    Put(at, kKey, TextForCell(row.key), formats_.place);
     for (std::size_t i = 0; i < sheet.columns.size() && i < row.cells.size(); ++i) {
       const bool numeric = sheet.columns[i].numeric, fits = FitsCell(row.cells[i].text);
       const BookCell& cell = row.cells[i];

@@ -22,12 +22,10 @@ void WriteWorkbook(const std::vector<std::vector<std::string>>& rows, const std:
     SheetRow& written = sheet.rows.emplace_back();
     if (sheet.rows.size() == 1) written.headings = row.size();
     for (std::size_t i = 0; i < row.size(); ++i) {
-      if (row[i].empty())
-        written.cells.emplace_back(EmptyCell{});
-      else
-        written.cells.emplace_back(TextForCell(row[i]));
+      std::string text = TextForCell(row[i]);
       if (sheet.widths.size() <= i) sheet.widths.push_back(8);
-      sheet.widths[i] = std::max(sheet.widths[i], std::min(kWidest, static_cast<int>(TextWidth(row[i])) + 2));
+      sheet.widths[i] = std::max(sheet.widths[i], std::min(kWidest, static_cast<int>(TextWidth(text)) + 2));
+      written.cells.push_back(text.empty() ? Cell() : Cell(std::move(text)));
     }
   }
   const std::unique_ptr<WorkbookFile> file = NewXlsx(path);

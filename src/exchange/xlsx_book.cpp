@@ -52,7 +52,9 @@ std::string EscapedForXlsx(std::string_view text) {
 }
 
 bool FitsCell(const std::string& text) {
-  return IsUtf8(text) && ToUtf16(text).size() <= kMostOfCell && CountCharacters(EscapedForXlsx(text)) <= kMostOfCell;
+  // a unit of UTF-16 takes three bytes at most
+  return text.size() <= 3 * kMostOfCell && IsUtf8(text) && ToUtf16(text).size() <= kMostOfCell &&
+         CountCharacters(EscapedForXlsx(text)) <= kMostOfCell;
 }
 
 std::string TextForCell(std::string_view text) {
