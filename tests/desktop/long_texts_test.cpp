@@ -1,0 +1,74 @@
+// The windows on an inventory with long texts in every column: they are drawn in a time that grows as the texts do.
+#include "support/long_texts.h"
+#include "driver.h"
+#include "inventory.h"
+
+namespace merlu::test {
+namespace {
+
+std::vector<Piece> ShowWindows(int bytes) {
+  TemporaryFolder folder;
+  const std::string path = folder.path("inventory.mdb");
+  InventoryPlan plan;
+  plan.structures = 1;
+  plan.equipment = 2;
+  plan.types = {"FLA", "STO"};
+  plan.months = 1;
+  plan.fault_share = 1;
+  MakeInventory(TemplatePath(), path, plan);
+  FillTexts(path, bytes, "FLA1");
+
+  std::vector<Piece> pieces;
+  Driver driver(path);
+  const auto time = [&](const char* what, const std::function<void()>& act) {
+    const double began = ProcessorSeconds();
+    act();
+    driver.Settle();
+    QWidget* top = QApplication::activeModalWidget();
+    (top == nullptr ? driver.app->window() : top)->grab();
+    pieces.push_back({what, ProcessorSeconds() - began});
+  };
+  time("start", [&] { driver.Start(); });
+  Session& s = driver.app->session();
+  const auto select = [&](const char* what, const char* end) {
+    for (int node : s.tree.InOrder())
+      if (s.tree.nodes[static_cast<std::size_t>(node)].key.ends_with(end))
+        return time(what, [&] { driver.Select(s.tree.nodes[static_cast<std::size_t>(node)].key); });
+    ADD_FAILURE() << what;
+  };
+  const auto in_dialog = [&](const char* opens, const char* closes) {
+    const double began = ProcessorSeconds();
+    driver.OnNextModal([&](QWidget* dialog) {
+      dialog->grab();
+      driver.Click(closes);
+    });
+    driver.Command(opens);
+    EXPECT_TRUE(driver.AllModalsCame());
+    pieces.push_back({opens, ProcessorSeconds() - began});
+  };
+  select("month", " 12017");
+  time("findings", [&] { driver.Command("mnuRFindings"); });
+  time("completeness", [&] { driver.Command("mnuRCompleteness"); });
+  select("flare", "FLA1");
+  time("twelve months", [&] { driver.Command("mnuRStrip"); });
+  time("edit", [&] { driver.Click("cmdEdit"); });
+  time("save", [&] { driver.Click("cmdSaveEdits"); });
+  time("end of the edit", [&] { driver.Click("cmdCANCEL"); });
+  select("structure", "10001 1");
+  select("flare again", "FLA1");
+  in_dialog("mnuNGrid", "cmdCANCEL");
+  in_dialog("mnuRHandIn", "cmdClose");
+  in_dialog("mnuRHistory", "cmdClose");
+  in_dialog("mnuRFind", "cmdCANCEL");
+  time("descriptions", [&] { driver.Command("mnuSetEditMode"); });
+  select("description of the structure", "10001 1");
+  select("description of the flare", "FLA1");
+  return pieces;
+}
+
+TEST(WindowsOfLongTexts, are_drawn_in_a_time_that_grows_as_the_texts_do) {
+  ExpectLinear(ShowWindows);
+}
+
+}  // namespace
+}  // namespace merlu::test
