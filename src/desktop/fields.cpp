@@ -26,6 +26,14 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value) {
 
 namespace {
 
+// No line on a screen shows more characters; the time to measure a text grows faster than the text.
+constexpr int kMostMeasured = 1000;
+
+QString WithoutMiddle(const QString& text) {
+  if (text.size() <= 2 * kMostMeasured) return text;
+  return text.left(kMostMeasured) + QChar(0x2026) + text.right(kMostMeasured);
+}
+
 // The background that the style sheet paints for the field.
 QColor GroundOf(const QWidget& field) {
   const QPalette palette = QApplication::palette();
@@ -109,7 +117,7 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
 }
 
 QString ElidedLabel::Shown() const {
-  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  return fontMetrics().elidedText(WithoutMiddle(text()), Qt::ElideMiddle, contentsRect().width());
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
@@ -196,7 +204,8 @@ bool ListField::eventFilter(QObject* watched, QEvent* event) {
 
 QSize ListField::sizeHint() const {
   int widest = fontMetrics().horizontalAdvance(QString(11, '0'));
-  for (int i = 0; i < count(); ++i) widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+  for (int i = 0; i < count(); ++i)
+    widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i).left(kMostMeasured)));
   return {widest + 42, fontMetrics().height() + 10};
 }
 
