@@ -280,6 +280,21 @@ TEST(WithoutADisplay, the_program_says_so_in_one_line_and_ends_with_2) {
   EXPECT_EQ(std::filesystem::file_size(folder.path("out")), 0u);
 }
 
+TEST(ScriptOfAFolder, cannot_be_read_and_ends_with_2) {
+  const TemporaryFolder folder;
+  const std::string run = std::string("\"" MERLU_BUILD_FOLDER) + "/merlu\" script --settings \"" +
+                          folder.path("settings.ini") + "\" \"" + folder.path() + "\" > \"" + folder.path("out") +
+                          "\" 2> \"" + folder.path("error") + "\"";
+  const int status = std::system(run.c_str());
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  std::ifstream error(folder.path("error"));
+  std::string line;
+  std::getline(error, line);
+  EXPECT_EQ(line, "merlu: cannot read " + folder.path());
+  EXPECT_EQ(std::filesystem::file_size(folder.path("out")), 0u);
+}
+
 // ---- the status bar ----
 
 TEST_F(Around, the_status_bar_tells_the_place_its_findings_and_what_was_done) {
