@@ -27,10 +27,12 @@ QString Q(const std::string& text) {
 // The whole text of a line that is too short for it; empty when it is not.
 QString HiddenPart(const QWidget& widget) {
   const auto* line = qobject_cast<const QLineEdit*>(&widget);
-  constexpr int kMargins = 18;
-  return line != nullptr && line->fontMetrics().horizontalAdvance(line->text()) > line->width() - kMargins
-             ? line->text()
-             : QString();
+  constexpr int kMargins = 18, kMostMeasured = 1000;
+  if (line == nullptr) return {};
+  const QString text = line->text();
+  const bool hides =
+      text.size() > kMostMeasured || line->fontMetrics().horizontalAdvance(text) > line->width() - kMargins;
+  return hides ? text : QString();
 }
 
 void ShowText(QWidget& widget, const Control& now) {
