@@ -1,6 +1,8 @@
 #include "desktop/blocks_panel.h"
 
+#include <QApplication>
 #include <QResizeEvent>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -173,6 +175,28 @@ ScrollingPage::ScrollingPage(BlocksPanel* panel, QWidget* parent) : QScrollArea(
   panel->setAutoFillBackground(false);
   viewport()->setAutoFillBackground(false);
   setFocusPolicy(Qt::NoFocus);
+  connect(qApp, &QApplication::focusChanged, this, &ScrollingPage::KeepFocusInView);
+}
+
+// The fields have their places only when the act that moved them is over.
+void ScrollingPage::KeepFocusInView() {
+  QTimer::singleShot(0, this, [this] {
+    QWidget* focus = window()->focusWidget();
+    if (focus == nullptr || !isAncestorOf(focus)) return;
+    constexpr int kAround = 40;
+    ensureWidgetVisible(focus, 0, std::clamp((viewport()->height() - focus->height()) / 2, 0, kAround));
+  });
+}
+
+void ScrollingPage::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  KeepFocusInView();
+}
+
+bool ScrollingPage::eventFilter(QObject* of, QEvent* event) {
+  const bool done = QScrollArea::eventFilter(of, event);
+  if (event->type() == QEvent::Resize) KeepFocusInView();
+  return done;
 }
 
 }  // namespace merlu

@@ -57,6 +57,14 @@ class ScrollingPage : public QScrollArea {
   Q_OBJECT
  public:
   ScrollingPage(BlocksPanel* panel, QWidget* parent);
+
+ protected:
+  // The field that has the focus stays in view when page or panel get another height.
+  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* of, QEvent* event) override;
+
+ private:
+  void KeepFocusInView();
 };
 
 }  // namespace merlu

@@ -12,7 +12,11 @@ namespace merlu {
 
 void SetUpLook() {
   QApplication::setStyle(new LookStyle);
-  qApp->setStyleSheet(StyleSheet(QApplication::palette()));
+  QPalette palette = QApplication::palette();
+  for (const QPalette::ColorRole ink : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, ink, Dimmed(palette));
+  QApplication::setPalette(palette);
+  qApp->setStyleSheet(StyleSheet(palette));
 }
 
 namespace {

@@ -1,7 +1,9 @@
 #include "desktop/dock_window.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 
+#include "desktop/look.h"
 #include "desktop/strip_bars.h"
 #include "desktop/table_panel.h"
 #include "shell/strip_dock.h"
@@ -18,6 +20,7 @@ DockWindow::DockWindow(Acts& acts, Form& form, QWidget* parent)
   else
     FillTablePanel(*place, binding_);
   setWidget(place);
+  if (bars_ != nullptr && IsLowScreen(*this)) setTitleBarWidget(new QWidget(this));  // its line is the sheet's
 }
 
 void DockWindow::Sync() {
@@ -25,6 +28,10 @@ void DockWindow::Sync() {
   binding_.Sync();
   if (bars_ != nullptr) bars_->Sync();
   binding_.TakeFocus();
+}
+
+void DockWindow::FocusTable() {
+  if (auto* table = findChild<QAbstractItemView*>()) table->setFocus(Qt::TabFocusReason);
 }
 
 void DockWindow::closeEvent(QCloseEvent* event) {

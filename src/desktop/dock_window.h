@@ -13,6 +13,8 @@ class DockWindow : public QDockWidget {
   DockWindow(Acts& acts, Form& form, QWidget* parent);
   Form& form() { return binding_.form(); }
   void Sync();
+  // Gives the keyboard to its list.
+  void FocusTable();
 
  protected:
   // Its own button gives the menu command that hides it.

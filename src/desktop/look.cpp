@@ -96,7 +96,7 @@ QColor FaceColour(const QPalette& palette) {
 }
 
 bool IsLowScreen(const QWidget& widget) {
-  constexpr int kLow = 480;
+  constexpr int kLow = 560;
   return widget.screen()->availableSize().height() < kLow;
 }
 
@@ -113,6 +113,7 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* data) const {
   if (hint == SH_DialogButtonLayout) return QDialogButtonBox::GnomeLayout;
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  if (hint == SH_EtchDisabledText) return 0;  // on a dark ground it would outshine the others
   return QProxyStyle::styleHint(hint, option, widget, data);
 }
 

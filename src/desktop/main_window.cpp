@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QScreen>
 #include <QSettings>
@@ -21,6 +22,7 @@
 #include "shell/help.h"
 #include "shell/main_program.h"
 #include "shell/messages.h"
+#include "shell/strip_dock.h"
 
 namespace merlu {
 namespace {
@@ -136,6 +138,7 @@ bool MainWindow::MayDrop() {
 
 void MainWindow::PressButton(const char* button) {
   const bool cancels = std::string_view(button) == kCancel;
+  if (cancels && ClosePages()) return;
   SheetView* view = SheetInView();
   if (cancels && s_.editing && view != nullptr && view->TakeBackField()) return;
   const bool was_editing = s_.editing;
@@ -220,6 +223,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   bool closed = s_.ended;
   if (!closed) acts_.Run([&] { closed = CloseMainWindow(s_); });
   event->setAccepted(closed);
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && ClosePages()) return;
+  QMainWindow::keyPressEvent(event);
 }
 
 // ---- drawing ----
@@ -308,13 +316,38 @@ QString MainWindow::WhatNext() const {
   return s_.tree.nodes.empty() ? QString() : tr("Choose a month, a structure or a piece of equipment in the tree.");
 }
 
-// A low screen has no room for a dock below the sheet. It floats at the lower edge, as low as it can be, so that the
-// title, the pages and the first fields of the sheet stay in view.
-void MainWindow::FloatBelow(DockWindow& dock) {
-  dock.setFloating(true);
-  const QRect room = screen()->availableGeometry();
-  const int height = std::min(dock.minimumSizeHint().height(), room.height() * 3 / 5);
-  dock.setGeometry(room.x(), room.bottom() + 1 - height, room.width(), height);
+void MainWindow::AddDock(DockWindow& dock) {
+  constexpr int kRoomForTwo = 1200;
+  addDockWidget(Qt::BottomDockWidgetArea, &dock);
+  if (width() >= kRoomForTwo) return;
+  for (const auto& [name, other] : docks_)
+    if (other != nullptr && other != &dock && dockWidgetArea(other) == Qt::BottomDockWidgetArea)
+      return tabifyDockWidget(other, &dock);
+}
+
+// A low screen has no room for a list below the sheet: a dock with one is a page in the place of tree and sheet until
+// a record is opened. The months of a field need little and stay below it.
+bool MainWindow::IsPage(DockWindow& dock) const {
+  return IsLowScreen(*this) && dock.form().visible && dock.form().name() != strip_dock::kForm && !dock.isFloating();
+}
+
+bool MainWindow::ClosePages() {
+  bool closed = false;
+  for (const auto& [name, dock] : docks_) {
+    if (dock == nullptr || !IsPage(*dock)) continue;
+    dock->close();
+    closed = true;
+  }
+  return closed;
+}
+
+// A page gives way when this changes.
+std::string MainWindow::PlaceInHand() const {
+  std::string place = s_.editing ? "edit" : "";
+  if (s_.tree.selected >= 0) place += s_.tree.nodes[static_cast<std::size_t>(s_.tree.selected)].key;
+  for (const Form* form : s_.desk.showing)
+    if (!form->modal && form->dock.empty()) place += "." + form->focus;
+  return place;
 }
 
 void MainWindow::SyncDocks() {
@@ -324,14 +357,33 @@ void MainWindow::SyncDocks() {
     if (dock == nullptr) {
       if (!form->visible) continue;
       dock = new DockWindow(acts_, *form, this);
-      if (!restoreDockWidget(dock)) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
-        if (IsLowScreen(*this)) FloatBelow(*dock);
-      }
+      if (!restoreDockWidget(dock)) AddDock(*dock);
     }
     if (form->visible) dock->Sync();
-    if (dock->isHidden() == form->visible) dock->setVisible(form->visible);
+    if (dock->isHidden() != form->visible) continue;
+    dock->setVisible(form->visible);
+    if (form->visible) dock->raise();
+    if (form->visible && IsLowScreen(*this)) resizeDocks({dock}, {dock->minimumSizeHint().height()}, Qt::Vertical);
+    if (IsPage(*dock)) dock->FocusTable();
   }
+  SyncPages();
+}
+
+void MainWindow::SyncPages() {
+  const bool shows = std::any_of(docks_.begin(), docks_.end(),
+                                 [this](const auto& named) { return named.second && IsPage(*named.second); });
+  if (shows != splitter_->isHidden()) {
+    splitter_->setVisible(!shows);
+    SheetView* view = SheetInView();
+    if (!shows && view != nullptr) view->TakeFocus();
+    if (!shows && view != nullptr && !sheets_->isAncestorOf(focusWidget())) view->FocusAnything();
+    for (Form* form : s_.desk.showing)
+      if (shows && !form->modal && form->dock.empty()) form->focus.clear();
+  } else if (shows && PlaceInHand() != place_) {
+    QMetaObject::invokeMethod(
+        this, [this] { ClosePages(); }, Qt::QueuedConnection);
+  }
+  place_ = PlaceInHand();
 }
 
 void MainWindow::Sync() {

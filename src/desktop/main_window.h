@@ -34,6 +34,7 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void MakeButtons(QWidget* place);
@@ -51,8 +52,12 @@ class MainWindow : public QMainWindow {
   void SyncEdit(SheetView& view, const QWidget* before);
   QString WhatNext() const;
   void OfferNext();
-  void FloatBelow(DockWindow& dock);
+  void AddDock(DockWindow& dock);
+  bool IsPage(DockWindow& dock) const;
+  bool ClosePages();
+  std::string PlaceInHand() const;
   void SyncDocks();
+  void SyncPages();
   SheetView* SheetToShow();
   SheetView* ViewOf(Form& form, const std::string& frame);
   QString Where() const;
@@ -71,6 +76,7 @@ class MainWindow : public QMainWindow {
   std::map<std::string, SheetView*> views_;
   std::unique_ptr<FormBinding> buttons_;
   std::map<std::string, DockWindow*> docks_;  // by the name of the form
+  std::string place_;                         // when a page came in front of the sheet
 };
 
 }  // namespace merlu

@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -18,7 +19,7 @@ namespace {
 
 using namespace strip_dock;
 
-constexpr int kBarsHeight = 72, kAside = 4, kBarWidth = 30, kMonthsOfYear = 12;
+constexpr int kBarsHeight = 72, kLowBars = 14, kAside = 4, kBarWidth = 30, kMonthsOfYear = 12;
 constexpr int kMargin = 84;      // for the bounds
 constexpr double kFarOff = 2.5;  // a bound farther than this many times the greatest value stays out of the scale
 
@@ -61,7 +62,8 @@ void StripBars::Sync() {
 }
 
 QSize StripBars::minimumSizeHint() const {
-  return {kMargin + kMonthsOfYear * (kBarWidth + kAside), kBarsHeight};
+  return {kMargin + kMonthsOfYear * (kBarWidth + kAside),
+          IsLowScreen(*this) ? kLowBars + 3 * fontMetrics().height() : kBarsHeight};
 }
 
 QSize StripBars::sizeHint() const {
@@ -226,16 +228,23 @@ bool StripBars::event(QEvent* event) {
 StripBars* FillStripPanel(QWidget& place, FormBinding& binding, Acts& acts) {
   const Form& form = binding.form();
   auto* column = new QVBoxLayout(&place);
-  column->setSpacing(4);
+  const bool low = IsLowScreen(place);
+  column->setSpacing(low ? 0 : 4);
+  if (low) column->setContentsMargins(8, 0, 8, 0);
   QWidget* field = binding.AddLabel(form.At(kField), &place).widget;
   QFont bold = field->font();
   bold.setBold(true);
   field->setFont(bold);
   auto* bars = new StripBars(acts, binding.form(), &place);
   binding.AddFrame(form.At(kMonths), bars);
-  column->addWidget(field);
+  QWidget* advice = binding.AddLabel(form.At(kAdvice), &place).widget;
+  auto* above = new QHBoxLayout;
+  above->addWidget(field);
+  if (low) static_cast<QLabel*>(field)->setWordWrap(false);
+  if (low) above->addWidget(advice, 1);
+  column->addLayout(above);
   column->addWidget(bars, 1);
-  column->addWidget(binding.AddLabel(form.At(kAdvice), &place).widget);
+  if (!low) column->addWidget(advice);
   return bars;
 }
 

@@ -11,40 +11,95 @@ namespace {
 
 constexpr QSize kLaptop(683, 384), kFrame(8, 40);
 
-// A dock leaves the upper part of the sheet in view, where it has no room of its own.
-TEST(WalkOnALowScreen, keeps_the_sheet_in_view_above_a_dock) {
+struct LowScreen : testing::Test {
+  LowScreen() : driver((MakeTourInventory(folder.path("inventory.mdb")), folder.path("inventory.mdb"))) {
+    driver.Start();
+    if (IsLowScreen(Main())) Main().resize(kLaptop - kFrame);
+    driver.Settle();
+  }
+  MainWindow& Main() { return *driver.app->window(); }
+  Session& S() { return driver.app->session(); }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : &Main(), key, modifiers);
+    driver.Settle();
+    driver.Settle();  // the page scrolls to the focus when all have their places
+  }
+  bool InView(const QWidget& widget) { return widget.visibleRegion().boundingRect().size() == widget.size(); }
+
   TemporaryFolder folder;
-  MakeTourInventory(folder.path("inventory.mdb"));
-  Driver driver(folder.path("inventory.mdb"));
-  driver.Start();
-  MainWindow* window = driver.app->window();
-  const bool low = IsLowScreen(*window);
-  const QRect screen = window->screen()->availableGeometry();
-  for (const char* command : {"mnuRFindings", "mnuRCompleteness", "mnuRStrip"}) {
-    driver.Command(command);
-    int shown = 0;
-    for (const auto* dock : window->findChildren<DockWindow*>()) {
-      if (!dock->isVisible()) continue;
-      ++shown;
-      EXPECT_EQ(dock->isFloating(), low) << command;
-      if (!low) continue;
-      EXPECT_LE(dock->height(), screen.height() * 3 / 5) << command;
-      EXPECT_GE(dock->y(), screen.y() + screen.height() * 2 / 5 - 1) << command;
-      EXPECT_LE(dock->geometry().bottom(), screen.bottom()) << command;
+  Driver driver;
+};
+using WalkOnALowScreen = LowScreen;
+
+// A list has the whole window where there is no room for it beside the sheet, and gives way to the record.
+TEST_F(WalkOnALowScreen, gives_the_window_to_a_list_until_a_record_is_opened) {
+  const bool low = IsLowScreen(Main());
+  for (const Qt::Key letter : {Qt::Key_F, Qt::Key_M}) {
+    Main().tree().setFocus();
+    Key(letter, Qt::ControlModifier | Qt::ShiftModifier);
+    auto* list = driver.Find<QAbstractItemView>(letter == Qt::Key_F ? "lvwFND_List" : "grdCMP_Matrix");
+    ASSERT_TRUE(list != nullptr && InView(*list));
+    EXPECT_EQ(Main().tree().isVisible(), !low);
+    if (low) {
+      EXPECT_EQ(QApplication::focusWidget(), list);
+      EXPECT_GT(list->height(), Main().height() / 3);
+      EXPECT_TRUE(Main().rect().contains(QRect(list->mapTo(&Main(), QPoint()), list->size())));
+      Key(Qt::Key_Escape);
+      EXPECT_FALSE(list->isVisible());
+      EXPECT_TRUE(Main().tree().isVisible());
+      Key(letter, Qt::ControlModifier | Qt::ShiftModifier);
     }
-    EXPECT_EQ(shown, 1) << command;
-    driver.Command(command);
+    ASSERT_TRUE(list->isVisible());
+    list->setFocus();
+    list->setCurrentIndex(list->model()->index(1, 1));
+    const int before = S().tree.selected;
+    Key(Qt::Key_Return);
+    EXPECT_NE(S().tree.selected, before);
+    EXPECT_EQ(list->isVisible(), !low);
+    EXPECT_TRUE(InView(*driver.Widget("cmdEdit")));
+    if (!low) Key(letter, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(list->isVisible());
   }
 }
 
-TEST(WalkOnALowScreen, shows_at_least_three_rows_of_fields) {
-  TemporaryFolder folder;
-  MakeTourInventory(folder.path("inventory.mdb"));
-  Driver driver(folder.path("inventory.mdb"));
-  driver.Start();
-  MainWindow* window = driver.app->window();
-  if (IsLowScreen(*window)) window->resize(kLaptop - kFrame);
-  for (const TreeNode& node : std::vector<TreeNode>(driver.app->session().tree.nodes)) {
+// The field that F8 goes to is in view, with the list beside the sheet and without it.
+TEST_F(WalkOnALowScreen, goes_to_a_finding_s_field_that_is_in_view) {
+  constexpr QSize kLaptopAt125(1085, 574);
+  if (!IsLowScreen(Main())) Main().resize(kLaptopAt125);
+  Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  for (int times = 0; times < 12; ++times) {
+    Key(Qt::Key_F8);
+    const QWidget* field = QApplication::focusWidget();
+    ASSERT_TRUE(field != nullptr && Main().isAncestorOf(field));
+    const QRect seen = field->visibleRegion().boundingRect();
+    EXPECT_GT(seen.height(), field->height() * 3 / 4)
+        << field->objectName().toStdString() << " " << field->width() << "x" << field->height() << ", in view "
+        << seen.width() << "x" << seen.height();
+    EXPECT_TRUE(InView(*driver.Widget("cmdEdit")));
+  }
+}
+
+// The twelve months stay below the sheet.
+TEST_F(WalkOnALowScreen, shows_the_months_of_a_field_below_its_sheet) {
+  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
+    if (node.key.size() != 32 || node.key.substr(21, 3) != "FLA") continue;
+    driver.Select(node.key);
+    break;
+  }
+  Key(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+  const QWidget* field = driver.Widget("txtFLA_HrsOperated");
+  EXPECT_GT(field->visibleRegion().boundingRect().height(), field->height() / 2) << Main().minimumSizeHint().height();
+  EXPECT_TRUE(InView(*driver.Widget("cmdEdit")));
+  for (const auto* dock : Main().findChildren<DockWindow*>()) {
+    EXPECT_FALSE(dock->isFloating());
+    EXPECT_LE(dock->geometry().bottom(), Main().height());
+  }
+}
+
+TEST_F(WalkOnALowScreen, shows_at_least_three_rows_of_fields) {
+  MainWindow* window = &Main();
+  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
     if (node.key.size() != 32 || node.key.substr(21, 3) != "STO") continue;
     driver.Select(node.key);
     break;

@@ -482,6 +482,15 @@ TEST(Colours, of_borders_are_stark_where_the_desktop_is) {
   EXPECT_GE(Contrast(Line(stark), stark.color(QPalette::Window)), 4.5);
 }
 
+TEST(Colours, of_what_is_disabled_are_fainter_in_menus_too) {
+  const QPalette palette = QApplication::palette();
+  const QColor ground = palette.color(QPalette::Base);
+  for (const QPalette::ColorRole ink : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+    EXPECT_LT(Contrast(palette.color(QPalette::Disabled, ink), ground),
+              Contrast(palette.color(QPalette::Active, ink), ground));
+  EXPECT_EQ(QApplication::style()->styleHint(QStyle::SH_EtchDisabledText), 0) << "no light behind the letters";
+}
+
 TEST(Colours, of_scroll_bars_tell_the_handle_from_its_ground) {
   QWidget window;
   auto* bar = new QScrollBar(Qt::Vertical, &window);
