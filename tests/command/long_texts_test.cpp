@@ -88,7 +88,7 @@ class LongTexts : public testing::Test {
   }
 
   std::vector<Piece> Screens() {
-    const std::string file = "file \"" + Path("");
+    const std::string file = "file \"" + Path("") + "/";
     return Play(
         "file.mdb",
         {// sheets, docks and search
