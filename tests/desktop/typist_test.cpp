@@ -271,11 +271,17 @@ TEST_F(Typist, deletes_from_the_tree_by_delete_and_from_nowhere_else) {
   bool asked = false;
   driver_->OnNextModal([&](QWidget* box) {
     asked = true;
-    static_cast<QDialog*>(box)->reject();
+    const auto* question = static_cast<QMessageBox*>(box);
+    EXPECT_EQ(question->defaultButton(), question->button(QMessageBox::Cancel));
+    EXPECT_TRUE((question->text() + question->informativeText()).contains("This takes along:"))
+        << question->text().toStdString();
+    QTest::keyClick(box, Qt::Key_Return);
   });
   driver_->app->window()->tree().setFocus();
+  const int nodes = static_cast<int>(driver_->app->session().tree.nodes.size());
   Key(Qt::Key_Delete);
   EXPECT_TRUE(asked);
+  EXPECT_EQ(static_cast<int>(driver_->app->session().tree.nodes.size()), nodes) << "Enter keeps it";
 }
 
 TEST(NodeText, is_shortened_in_its_type_and_never_in_its_id) {
@@ -323,6 +329,33 @@ TEST_F(Typist, is_offered_the_next_record_by_enter_in_the_last_field) {
   EXPECT_TRUE(S().editing);
   EXPECT_EQ(Focus(), "txtFLA_HrsOperated");
   EXPECT_EQ(ToInteger(driver_->Sql("SELECT COUNT(*) FROM EA_FLA WHERE OP_HR=701 AND VOL_FLARED=901")), 1);
+}
+
+TEST_F(Typist, saves_and_goes_on_forwards_and_back_by_two_keys) {
+  Key(Qt::Key_E, Qt::ControlModifier);
+  Write("702");
+  Key(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(S().current.EquipID, "F2");
+  Write("703");
+  Key(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(S().current.EquipID, "F1");
+  EXPECT_TRUE(S().editing);
+  EXPECT_EQ(Focus(), "txtFLA_HrsOperated");
+  EXPECT_EQ(ToInteger(driver_->Sql("SELECT COUNT(*) FROM EA_FLA WHERE OP_HR IN (702, 703)")), 2);
+}
+
+// The flare lacks most of its values.
+TEST_F(Typist, reads_on_the_tab_of_results_how_many_lack_a_comment) {
+  driver_->OnNextBox();
+  Key(Qt::Key_F5);
+  ASSERT_TRUE(driver_->AllModalsCame());
+  QString tab;
+  for (const auto* tabs : driver_->app->window()->findChildren<QTabWidget*>())
+    if (tabs->isVisible()) tab = tabs->tabText(tabs->count() - 1);
+  const auto found = ToInteger(driver_->Sql("SELECT COUNT(*) FROM QC"));
+  ASSERT_GT(found, 0);
+  EXPECT_TRUE(tab.contains(" open)")) << tab.toStdString();
+  EXPECT_TRUE(tab.startsWith("QC Results (")) << tab.toStdString();
 }
 
 // Ten pieces of a structure in its first month, typed from the first to the last.
