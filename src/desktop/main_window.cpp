@@ -132,7 +132,11 @@ bool MainWindow::MayDrop() {
   const SheetView* view = SheetInView();
   if (!s_.editing || view == nullptr || !view->HasTyped()) return true;
   bool drop = false;
-  acts_.Run([&] { drop = AskUser(s_, "Drop what was typed?", {Button::kYes, Button::kNo}) == Button::kYes; });
+  acts_.Run([&] {
+    constexpr std::size_t kNo = 1;  // Enter keeps what was typed
+    const Box box{"Drop what was typed?", s_.title, Icon::kQuestion, {Button::kYes, Button::kNo}, kNo};
+    drop = Ask(s_, box) == Button::kYes;
+  });
   return drop;
 }
 
@@ -316,15 +320,6 @@ QString MainWindow::WhatNext() const {
   return s_.tree.nodes.empty() ? QString() : tr("Choose a month, a structure or a piece of equipment in the tree.");
 }
 
-void MainWindow::AddDock(DockWindow& dock) {
-  constexpr int kRoomForTwo = 1200;
-  addDockWidget(Qt::BottomDockWidgetArea, &dock);
-  if (width() >= kRoomForTwo) return;
-  for (const auto& [name, other] : docks_)
-    if (other != nullptr && other != &dock && dockWidgetArea(other) == Qt::BottomDockWidgetArea)
-      return tabifyDockWidget(other, &dock);
-}
-
 // A low screen has no room for a list below the sheet: a dock with one is a page in the place of tree and sheet until
 // a record is opened. The months of a field need little and stay below it.
 bool MainWindow::IsPage(DockWindow& dock) const {
@@ -357,7 +352,7 @@ void MainWindow::SyncDocks() {
     if (dock == nullptr) {
       if (!form->visible) continue;
       dock = new DockWindow(acts_, *form, this);
-      if (!restoreDockWidget(dock)) AddDock(*dock);
+      if (!restoreDockWidget(dock)) addDockWidget(Qt::BottomDockWidgetArea, dock);
     }
     if (form->visible) dock->Sync();
     if (dock->isHidden() != form->visible) continue;

@@ -52,7 +52,6 @@ class MainWindow : public QMainWindow {
   void SyncEdit(SheetView& view, const QWidget* before);
   QString WhatNext() const;
   void OfferNext();
-  void AddDock(DockWindow& dock);
   bool IsPage(DockWindow& dock) const;
   bool ClosePages();
   std::string PlaceInHand() const;

@@ -178,7 +178,10 @@ class Driver {
   void CloseUnexpected(QDialog& modal) {
     auto* box = qobject_cast<QMessageBox*>(&modal);
     // the question that follows every edit that is left; tests of it wait for it
-    if (box != nullptr && box->text() == "Drop what was typed?") return box->button(QMessageBox::Yes)->click();
+    if (box != nullptr && box->text() == "Drop what was typed?") {
+      EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No)) << "Enter keeps what was typed";
+      return box->button(QMessageBox::Yes)->click();
+    }
     ADD_FAILURE() << "a dialog that nobody expected: " << modal.objectName().toStdString() << " \""
                   << (box == nullptr ? modal.windowTitle() : box->text()).toStdString() << "\"";
     modal.reject();
