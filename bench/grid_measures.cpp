@@ -10,7 +10,7 @@
 #include "session/node_keys.h"
 #include "sheets/units.h"
 #include "shell/edit_modes.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu::bench {
 namespace {

@@ -13,7 +13,7 @@
 #include "session/node_keys.h"
 #include "shell/edit_cycle.h"
 #include "shell/qc_command.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu::bench {
 namespace {

@@ -17,7 +17,7 @@
 #include "sheets/structure.h"
 #include "sheets/units.h"
 #include "shell/qc_command.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu::bench {
 namespace {

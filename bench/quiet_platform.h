@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "forms/silent_ui.h"
+#include "shell/silent_ui.h"
 
 namespace merlu {
 

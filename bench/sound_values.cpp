@@ -192,13 +192,13 @@ SoundRecord ChooseAll(const std::vector<FieldSpec>& fields, const std::vector<Ru
 
 SoundRecord SoundEquipment(const SheetSpec& sheet) {
   QuietPlatform platform;
-  Session s(platform);
+  Session s(platform, platform, platform);
   return ChooseAll(sheet.fields, sheet.rules, sheet.type, SheetForm(s, sheet));
 }
 
 SoundRecord SoundStructure() {
   QuietPlatform platform;
-  Session s(platform);
+  Session s(platform, platform, platform);
   Form form("frmMain", "");
   PutStructureSheet(s, form);
   return ChooseAll(StructureSheet().fields, StructureSheet().rules, kStructure, form);

@@ -31,7 +31,7 @@
 #include "session/node_keys.h"
 #include "shell/edit_modes.h"
 #include "shell/findings_dock.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace {
 

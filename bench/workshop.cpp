@@ -113,7 +113,7 @@ std::string Workshop::FreshCopy(const std::string& of, const std::string& name) 
   return path;
 }
 
-Opened::Opened(const std::string& path) : platform(path), s(platform) {
+Opened::Opened(const std::string& path) : platform(path), s(platform, platform, platform) {
   Main(s);
 }
 

@@ -1,5 +1,6 @@
-// The one exception type. Everything below the screens that cannot do its work throws a Fault; the procedure of a
-// screen that called it has one handler, which shows it in a box and returns.
+// base/ is what every room uses and what knows no inventory: texts, numbers, dates, documents, the operating system,
+// and faults. A Fault is the one exception type. Everything below the screens that cannot do its work throws a Fault;
+// the procedure of a screen that called it has one handler, which shows it in a box and returns.
 #pragma once
 
 #include <exception>

@@ -14,7 +14,6 @@
 
 #include "base/text.h"
 #include "command/inventory_file.h"
-#include "command/place.h"
 #include "command/private_copy.h"
 #include "history/notes.h"
 #include "qc/comment_key.h"
@@ -95,7 +94,7 @@ class Share {
     contexts_.emplace(db_);
   }
 
-  void Judge(Mode mode, const SheetSpec& sheet) {
+  void CheckSheet(Mode mode, const SheetSpec& sheet) {
     RecordScope scope;
     scope.mode = mode;
     scope.month = scope_.month;
@@ -148,9 +147,9 @@ class Share {
     finding.structure = Trim(structure.structure);
     finding.type = record.sheet->type;
     finding.id = Trim(std::string(record.id));
-    const std::string text = StructureWords(structure.area, structure.block, structure.name);
-    const std::string equipment = finding.type.empty() ? "" : TreeTypeName(finding.type) + ": " + finding.id;
-    finding.place = PlaceText(record.year, record.month, text, finding.type, finding.id);
+    const std::string text = StructureText(structure.area, structure.block, structure.name);
+    const std::string equipment = finding.type.empty() ? "" : EquipmentText(finding.type, finding.id);
+    finding.place = JoinPlace(record.month, record.year, text, equipment);
     order_ = [structure = text, equipment](const CheckedFinding& f, int number) {
       return OrderOf(f, structure, equipment, number);
     };
@@ -212,7 +211,7 @@ CheckedFile CheckInventory(const std::string& path, const CheckScope& scope, int
     try {
       Share share(image, scope, comments);
       for (std::size_t part = next++; part < parts.size(); part = next++)
-        share.Judge(parts[part].mode, *parts[part].sheet);
+        share.CheckSheet(parts[part].mode, *parts[part].sheet);
       const std::lock_guard<std::mutex> one_at_a_time(together);
       Take(all, share.found);
     } catch (...) {
@@ -250,11 +249,11 @@ CheckedFile ListInventory(const std::string& path, int month) {
       finding.structure = Trim(at.StructID);
       finding.type = EmptyForNone(at.EquipType);
       finding.id = Trim(EmptyForNone(at.EquipID));
-      finding.field = Trim(found.said->tag);
-      finding.control = found.said->control;
+      finding.field = Trim(found.kind->tag);
+      finding.control = found.kind->control;
       finding.value = found.value;
-      finding.expected = found.said->expected;
-      finding.text = found.said->text;
+      finding.expected = found.kind->expected;
+      finding.text = found.kind->text;
       finding.comment = Explains(found.comment) ? found.comment : "";
       finding.state = StateText(found.state);
       ++(found.state == FindingState::kOpen    ? file.open

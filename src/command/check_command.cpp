@@ -47,7 +47,7 @@ class Row {
         come_.wait(lock, [&] { return done_[file].has_value(); });
         judged = std::move(*done_[file]);
         done_[file].reset();
-        told_ = file + 1;
+        written_ = file + 1;
       }
       come_.notify_all();
       each(paths_[file], judged);
@@ -64,7 +64,7 @@ class Row {
       std::size_t file = 0;
       {
         std::unique_lock<std::mutex> lock(mutex_);
-        come_.wait(lock, [&] { return next_ >= paths_.size() || next_ < told_ + kAhead; });
+        come_.wait(lock, [&] { return next_ >= paths_.size() || next_ < written_ + kAhead; });
         if (next_ >= paths_.size()) return;
         file = next_++;
       }
@@ -80,7 +80,7 @@ class Row {
   const std::vector<std::string>& paths_;
   const CheckScope& scope_;
   std::vector<std::optional<Judged>> done_;
-  std::size_t next_ = 0, told_ = 0;
+  std::size_t next_ = 0, written_ = 0;
   std::mutex mutex_;
   std::condition_variable come_;
 };

@@ -7,8 +7,13 @@
 
 namespace merlu {
 
-// Exit statuses.
-enum class Status { kWell = 0, kSomething = 1, kWrongUsage = 2, kFile = 3 };
+// Exit statuses, from the best to the gravest.
+enum class Status {
+  kWell = 0,
+  kSomething = 1,   // there is something to settle: findings, differences, what is missing or refused
+  kWrongUsage = 2,  // of the command line
+  kFile = 3         // a file that could not be read, judged or written
+};
 
 // The graver of two.
 inline Status Worse(Status one, Status other) {

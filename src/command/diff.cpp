@@ -7,7 +7,7 @@
 #include <unordered_map>
 
 #include "base/text.h"
-#include "command/place.h"
+#include "session/place.h"
 #include "session/types.h"
 
 namespace merlu {
@@ -92,7 +92,7 @@ Record Read(const Family& family, const Values& values) {
   record.year = static_cast<int>(ToInteger(values[4]));
   record.month = static_cast<int>(ToInteger(values[5]));
   if (!record.complex.empty() || !record.structure.empty())
-    record.text = StructureWords(NullToEmpty(values[6]), NullToEmpty(values[7]), NullToEmpty(values[8]));
+    record.text = StructureText(NullToEmpty(values[6]), NullToEmpty(values[7]), NullToEmpty(values[8]));
   for (int i = 0; i < family.detail; ++i)
     record.detail += (i == 0 ? "" : " ") + Trim(NullToEmpty(values[kPlaceColumns + static_cast<std::size_t>(i)]));
   return record;
@@ -196,7 +196,8 @@ class Comparison {
   }
 
   static std::string PlaceOf(const Family& family, const Record& record) {
-    std::string place = PlaceText(record.year, record.month, record.text, record.type, record.id);
+    std::string place = JoinPlace(record.month, record.year, record.text,
+                                  record.type.empty() ? "" : EquipmentText(record.type, record.id));
     if (!family.named.empty()) place += (place.empty() ? "" : " · ") + family.named;
     return place + (record.detail.empty() ? "" : ": " + record.detail);
   }

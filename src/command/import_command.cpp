@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "base/fault.h"
 #include "base/text.h"
 #include "command/commands.h"
 #include "command/inventory_file.h"

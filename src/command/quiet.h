@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "forms/silent_ui.h"
 #include "host/real_host.h"
+#include "shell/silent_ui.h"
 
 namespace merlu {
 

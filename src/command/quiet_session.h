@@ -11,7 +11,7 @@ namespace merlu {
 class QuietSession {
  public:
   Quiet quiet;
-  Session s{quiet};
+  Session s{quiet, quiet, quiet};
 
   // The file as it is now, in memory; nothing is ever written to it. The faults of OpenUntouched.
   void OpenCopy(const std::string& path);

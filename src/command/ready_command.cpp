@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "base/fault.h"
 #include "command/commands.h"
 #include "command/lines.h"
 #include "command/out_file.h"

@@ -12,7 +12,7 @@ namespace merlu {
 Status WriteSummary(const Request& request, Console& console) {
   const std::string& file = request.words.front();
   Quiet quiet;
-  Session s(quiet);
+  Session s(quiet, quiet, quiet);
   OpenUntouched(s.db, file, Database::Use::kPrivateCopy);
   if (!s.db.HasTable("QCInventory"))
     throw Fault(fault_number::kNotADatabase, kStoreSource, "It is no inventory: it has no table QCInventory.");

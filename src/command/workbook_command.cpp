@@ -1,4 +1,3 @@
-#include "base/fault.h"
 #include "command/commands.h"
 #include "command/out_file.h"
 #include "command/quiet_session.h"

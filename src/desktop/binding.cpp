@@ -15,7 +15,6 @@
 #include "base/number_entry.h"
 #include "desktop/captions.h"
 #include "desktop/grid_view.h"
-#include "desktop/look.h"
 #include "desktop/model_list.h"
 #include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
@@ -233,7 +232,7 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
     const QList<int> rows = list->Picked();
     acts_.Do([&] { return act::Pick(acts_.s.desk, form_, name, {rows.begin(), rows.end()}); });
   });
-  list->ChooseWidths(Q(acts_.s.platform.Setting(kWidthsSection, name)));
+  list->ChooseWidths(Q(acts_.s.host.Setting(kWidthsSection, name)));
   connect(list, &ResultsList::WidthsChosen, this,
           [this, list, name] { KeepSetting(acts_.s, kWidthsSection, name, list->ChosenWidths().toStdString()); });
   connect(list, &ResultsList::Opened, this, [this, list, name] {
@@ -304,7 +303,7 @@ void FormBinding::PasteBehind(const Control& control, const QStringList& cells) 
     (*at)->setFocus(Qt::TabFocusReason);
     if (!cell.trimmed().isEmpty() && !PutInto(**at, cell)) all = false;
   }
-  if (!all) acts_.s.platform.Beep();
+  if (!all) acts_.s.ui.Beep();
 }
 
 // ---- acts of the keyboard ----

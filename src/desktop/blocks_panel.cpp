@@ -108,7 +108,7 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   return height + note_height + remark_height;
 }
 
-int BlocksPanel::Place(Block& block, int x, int y, int width, int caption_width, bool move) {
+int BlocksPanel::LayOut(Block& block, int x, int y, int width, int caption_width, bool move) {
   const bool visible = HasVisible(block);
   if (move) {
     block.title->setVisible(visible && !block.heading.empty());
@@ -141,16 +141,16 @@ void BlocksPanel::Arrange() {
   const int column = columns == 2 ? (room - kBetweenColumns) / 2 : std::min(room, 760);
   const int captions = CaptionWidth(column);
   int total = 0;
-  for (Block& block : blocks_) total += Place(block, 0, 0, column, captions, false);
+  for (Block& block : blocks_) total += LayOut(block, 0, 0, column, captions, false);
   int x = margin, y = margin, tallest = 0;
   for (Block& block : blocks_) {
-    const int height = Place(block, 0, 0, column, captions, false);
+    const int height = LayOut(block, 0, 0, column, captions, false);
     // the second column begins where the first would grow past its half
     if (columns == 2 && x == margin && y > margin && height > 0 && y - margin + height / 2 > total / 2) {
       x += column + kBetweenColumns;
       y = margin;
     }
-    Place(block, x, y, column, captions, true);
+    LayOut(block, x, y, column, captions, true);
     y += height;
     tallest = std::max(tallest, y);
   }

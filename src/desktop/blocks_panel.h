@@ -43,7 +43,7 @@ class BlocksPanel : public QWidget {
   static bool HasVisible(const Block& block);
   int CaptionWidth(int column) const;
   // Places a block, or only measures it; returns its height.
-  int Place(Block& block, int x, int y, int width, int caption_width, bool move);
+  int LayOut(Block& block, int x, int y, int width, int caption_width, bool move);
   static int PlaceBelowCaption(Bound& bound, const QRect& place, bool move);
   static int PlaceRow(const Row& row, int x, int y, int width, int caption_width, bool move);
 

@@ -1,4 +1,4 @@
-// The captions of controls as windows show them and as screen readers speak them.
+// The captions of controls as windows show them and as screen readers read them aloud.
 #pragma once
 
 #include <QString>

@@ -23,8 +23,6 @@
 #include "desktop/help_dialog.h"
 #include "desktop/print_form.h"
 #include "desktop/wait_window.h"
-#include "host/hand_in_pdf.h"
-#include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "shell/dialogs.h"
 #include "shell/draft.h"

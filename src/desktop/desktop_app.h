@@ -12,6 +12,7 @@
 #include "desktop/form_dialog.h"
 #include "desktop/main_window.h"
 #include "host/real_host.h"
+#include "shell/ui.h"
 
 namespace merlu {
 
@@ -59,7 +60,7 @@ class DesktopApp : public QObject, public Platform, public RealHost {
   DialogWindow* MakeDialog(Form& form);
   QWidget* Parent() const;
 
-  Session session_{*this};
+  Session session_{*this, *this, *this};
   Acts acts_{session_};
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<QWidget> splash_;

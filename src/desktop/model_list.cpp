@@ -111,7 +111,7 @@ ModelList::ModelList(Acts& acts, Form& form, const Control& control, QString emp
   connect(header(), &QHeaderView::sectionClicked, this,
           [this](int column) { acts_.Do([&] { return act::Sort(acts_.s.desk, form_, control_.name, column); }); });
   connect(this, &QTreeView::doubleClicked, this, [this] { Open(); });
-  const QStringList widths = Q(acts.s.platform.Setting(kWidthsSection, control.name)).split(' ', Qt::SkipEmptyParts);
+  const QStringList widths = Q(acts.s.host.Setting(kWidthsSection, control.name)).split(' ', Qt::SkipEmptyParts);
   chosen_ = widths.size() == adapter_->columnCount();
   for (int column = 0; chosen_ && column < widths.size(); ++column)
     setColumnWidth(column, std::clamp(widths[column].toInt(), kNarrowest, kWidest));

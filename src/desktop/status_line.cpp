@@ -46,7 +46,7 @@ QString StatusLine::MessageText() {
   if (s_.message != "Saved") return Q(s_.message);
   if (const auto changes = s_.db.ChangeCount(); shown_ != "Saved" || saved_at_change_ != changes) {
     saved_at_change_ = changes;
-    const DateTime now = s_.platform.Now();
+    const DateTime now = s_.host.Now();
     saved_at_ = QTime(now.hour, now.minute).toString("HH:mm");
   }
   return Q(s_.message) + " " + saved_at_;

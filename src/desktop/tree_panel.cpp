@@ -8,7 +8,7 @@
 
 #include "desktop/fields.h"
 #include "session/main_names.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu {
 

@@ -1,14 +1,12 @@
 #include "entry/grid_row.h"
 
-#include "sheets/conversions.h"
-
 namespace merlu {
 
 void MonthGrid::Row::TakeStored() {
   comments = stored.Comments();
   inactive = stored.inactive;
   shown.clear();
-  for (std::size_t i = 0; i < fields().size(); ++i) shown.push_back(stored.view.Text(PlaceOf(i)));
+  for (std::size_t i = 0; i < fields().size(); ++i) shown.push_back(stored.view.Text(IndexOf(i)));
   before.resize(fields().size());
   copied.resize(fields().size());
   kept.resize(fields().size());
@@ -29,7 +27,7 @@ TypedRecord MonthGrid::Row::Typed() const {
   typed.keys = stored.keys;
   typed.structure_inactive = stored.structure_inactive;
   for (std::size_t i = 0; i < fields().size(); ++i)
-    if (IsTyped(i)) typed.texts.emplace_back(fields()[i]->control, view.Text(PlaceOf(i)));
+    if (IsTyped(i)) typed.texts.emplace_back(fields()[i]->control, view.Text(IndexOf(i)));
   if (comments != stored.Comments()) typed.texts.emplace_back(stored.kind->comments, comments);
   if (inactive != stored.inactive) typed.no_emissions = inactive;
   return typed;
@@ -45,12 +43,12 @@ void MonthGrid::Row::Rebase(MonthRow now) {
     if (control == stored.kind->comments) comments = text;
     for (std::size_t i = 0; i < fields().size(); ++i) {
       if (fields()[i]->control != control) continue;
-      view.SetText(PlaceOf(i), text);
+      view.SetText(IndexOf(i), text);
       clash[i] = shown[i] != old[i];
     }
   }
   inactive = typed.no_emissions.value_or(inactive);
-  view.SetChecked(stored.kind->status_place, inactive);
+  view.SetChecked(stored.kind->status_index, inactive);
   locked_.clear();
   Unjudge();
 }
@@ -65,7 +63,7 @@ const std::map<std::string, std::string, std::less<>>& MonthGrid::Row::Findings(
   judged_ = true;
   findings_.clear();
   bool any = false;
-  for (std::size_t i = 0; i < fields().size() && !any; ++i) any = view.IsFilled(PlaceOf(i));
+  for (std::size_t i = 0; i < fields().size() && !any; ++i) any = view.IsFilled(IndexOf(i));
   if (inactive || stored.structure_inactive || !any) return findings_;
   const RuleSet& rules = *stored.kind->rules;
   const Context& context = contexts->Of(stored.keys.PD_ID_AK, stored.at.Year, stored.at.Month);

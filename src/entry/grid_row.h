@@ -29,10 +29,10 @@ struct MonthGrid::Row {
 
   const SheetSpec* sheet() const { return stored.sheet; }
   const std::vector<const FieldSpec*>& fields() const { return stored.kind->fields; }
-  int PlaceOf(std::size_t field) const { return stored.kind->places[field]; }
+  int IndexOf(std::size_t field) const { return stored.kind->indexes[field]; }
 
   void TakeStored();
-  bool IsTyped(std::size_t field) const { return view.Text(PlaceOf(field)) != shown[field]; }
+  bool IsTyped(std::size_t field) const { return view.Text(IndexOf(field)) != shown[field]; }
   // Typed into, or confirmed by typing: a save has something to do.
   bool IsChanged() const;
   TypedRecord Typed() const;

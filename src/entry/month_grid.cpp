@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "entry/grid_row.h"
 #include "history/notes.h"
-
 #include "session/node_keys.h"
 #include "sheets/conversions.h"
 
@@ -46,12 +45,12 @@ int MonthGrid::FindRow(std::string_view key) const {
 
 int MonthGrid::FieldAt(int column) const {
   const int field = column - heads_;
-  return field >= 0 && field < static_cast<int>(places_.size()) ? field : -1;
+  return field >= 0 && field < static_cast<int>(indexes_.size()) ? field : -1;
 }
 
 void MonthGrid::MakeColumns() {
   columns_.clear();
-  places_ = MonthKindOf(sheet_).places;
+  indexes_ = MonthKindOf(sheet_).indexes;
   heads_ = by_month_ ? 1 : 2;
   if (by_month_) {
     columns_.push_back({"Month", "Month"});
@@ -163,7 +162,7 @@ std::string MonthGrid::TextOf(const Row& row, int column) const {
   if (column < heads_) return column == 0 ? row.stored.structure : row.stored.id;
   if (column == StatusColumn()) return row.inactive ? "on" : "off";
   if (column == CommentsColumn()) return row.comments;
-  return row.view.Text(places_[static_cast<std::size_t>(FieldAt(column))]);
+  return row.view.Text(indexes_[static_cast<std::size_t>(FieldAt(column))]);
 }
 
 bool MonthGrid::IsLocked(const Row& row, int column) const {
@@ -200,12 +199,12 @@ void MonthGrid::Set(Row& row, int column, const std::string& text, bool copied) 
   const int field = FieldAt(column);
   if (column == StatusColumn()) {
     row.inactive = text == "on";
-    row.view.SetChecked(MonthKindOf(sheet_).status_place, row.inactive);
+    row.view.SetChecked(MonthKindOf(sheet_).status_index, row.inactive);
   } else if (column == CommentsColumn()) {
     row.comments = text;
   } else if (field >= 0) {
     const bool sum = columns_[static_cast<std::size_t>(column)].numeric && IsSum(text);
-    row.view.SetText(places_[static_cast<std::size_t>(field)], sum ? SumText(text).value_or(text) : text);
+    row.view.SetText(indexes_[static_cast<std::size_t>(field)], sum ? SumText(text).value_or(text) : text);
     row.copied[static_cast<std::size_t>(field)] = copied;
     row.clash[static_cast<std::size_t>(field)] = false;
   }
@@ -244,7 +243,7 @@ std::string MonthGrid::Before(const Row& row, int field) const {
   QCLocation month = row.stored.at;
   --month.Month;
   const auto typed = changed_.find(KeyOf(month, Mode::kActv));
-  return typed == changed_.end() ? row.before[at] : typed->second->view.Text(places_[at]);
+  return typed == changed_.end() ? row.before[at] : typed->second->view.Text(indexes_[at]);
 }
 
 int MonthGrid::CopyBefore(const std::vector<int>& picked) {
@@ -252,7 +251,7 @@ int MonthGrid::CopyBefore(const std::vector<int>& picked) {
   for (const int number : Picked(picked)) {
     const RowPtr row = At(number);
     bool any = false;
-    for (int field = 0; field < static_cast<int>(places_.size()); ++field) {
+    for (int field = 0; field < static_cast<int>(indexes_.size()); ++field) {
       const int column = heads_ + field;
       if (IsLocked(*row, column) || !TextOf(*row, column).empty()) continue;
       const std::string before = Before(*row, field);

@@ -52,7 +52,7 @@ class MonthGrid : public GridModel {
   std::vector<PastePlan> Plan(int row, int column, const GridBlock& block) const;
   // Asked when a paste refuses a cell or replaces a value; without it nothing is asked.
   std::function<bool(const std::vector<PastePlan>&)> approve;
-  // Told when a cell was typed into.
+  // Called when a cell was typed into.
   std::function<void()> on_typed;
 
   // The blank, open cells of the rows (all without any) take the month before. Returns how many.
@@ -70,7 +70,7 @@ class MonthGrid : public GridModel {
   void Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only);
   void MakeColumns();
   void ReadBefore(int month);
-  // Place among the fields; -1 for another column.
+  // Index among the fields; -1 for another column.
   int FieldAt(int column) const;
   int StatusColumn() const { return static_cast<int>(columns_.size()) - 2; }
   int CommentsColumn() const { return static_cast<int>(columns_.size()) - 1; }
@@ -94,8 +94,8 @@ class MonthGrid : public GridModel {
   Session& s_;
   const SheetSpec* sheet_ = &StructureSheet();
   std::vector<GridColumn> columns_;
-  std::vector<int> places_;  // of the fields, in their record's view
-  int heads_ = 2;            // first columns, that name the record
+  std::vector<int> indexes_;  // of the fields, in their record's view
+  int heads_ = 2;             // first columns, that name the record
   bool by_month_ = false;
   std::vector<RowPtr> rows_;
   std::map<std::string, int, std::less<>> by_key_;

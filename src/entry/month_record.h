@@ -1,4 +1,5 @@
-// Entering the figures of a month: the values of the month before beside the fields, and copying them.
+// entry/ is for typing the figures of a month: on a sheet, in the grid, by a workbook. Here, on a sheet: the values of
+// the month before beside the fields, and copying them.
 #pragma once
 
 #include <cstdint>

@@ -8,7 +8,6 @@
 #include "session/types.h"
 #include "sheets/record_rows.h"
 #include "sheets/structure.h"
-#include "sheets/structure_names.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -28,11 +27,11 @@ MonthKind MakeKind(const SheetSpec& sheet) {
   kind.sheet = &sheet;
   kind.rules = &RulesOf(sheet);
   kind.fields = FieldsOf(sheet);
-  for (const FieldSpec* field : kind.fields) kind.places.push_back(kind.rules->fields().At(field->control));
+  for (const FieldSpec* field : kind.fields) kind.indexes.push_back(kind.rules->fields().At(field->control));
   kind.table = sheet.tables().month;
   kind.status_box = sheet.status_box();
   kind.comments = sheet.comments();
-  kind.status_place = kind.rules->fields().Find(kind.status_box);
+  kind.status_index = kind.rules->fields().Find(kind.status_box);
   return kind;
 }
 

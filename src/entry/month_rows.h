@@ -18,8 +18,8 @@ struct MonthKind {
   const SheetSpec* sheet = nullptr;
   const RuleSet* rules = nullptr;
   std::vector<const FieldSpec*> fields;  // in the order of the sheet, without the comments
-  std::vector<int> places;               // of the fields in the record's view
-  int status_place = -1;
+  std::vector<int> indexes;              // of the fields in the record's view
+  int status_index = -1;
   std::string table;                 // EA_<type>, or PA_PLATFORM_ACTV
   std::string status_box, comments;  // controls: "No Emissions to Report", and the comments
 };

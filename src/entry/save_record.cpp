@@ -55,7 +55,7 @@ RecordSaver::RecordSaver(Session& s)
       status_(s.node_status),
       editing_(s.editing),
       failed_(s.save_failed),
-      now_(StoredDate(s.platform.Now())) {}
+      now_(StoredDate(s.host.Now())) {}
 
 RecordSaver::~RecordSaver() {
   s_.current = at_;
@@ -100,9 +100,9 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   for (std::size_t i = 0; i < kind.fields.size(); ++i) {
     const std::string* text = TextTyped(record, kind.fields[i]->control);
     touched[i] = text != nullptr;
-    if (text != nullptr) typed.view.SetText(kind.places[i], *text);
+    if (text != nullptr) typed.view.SetText(kind.indexes[i], *text);
   }
-  typed.view.SetChecked(kind.status_place, inactive);
+  typed.view.SetChecked(kind.status_index, inactive);
   SavedRecord saved;
   saved.findings = RunQCAmongMany(s_, *record.sheet, record.at, typed);
   if (stored.IsOfStructure() && saved.findings > 0) saved.findings = OwnFindings(s_, record.at);
@@ -121,9 +121,9 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
   std::string sets;
   for (std::size_t i = 0; i < kind.fields.size(); ++i) {
     const FieldSpec& field = *kind.fields[i];
-    const int place = kind.places[i];
+    const int index = kind.indexes[i];
     const std::optional<Value> value =
-        ValueToStore(field, stored.FieldValue(i), {typed.view.Text(place), typed.view.IsChecked(place), touched[i]});
+        ValueToStore(field, stored.FieldValue(i), {typed.view.Text(index), typed.view.IsChecked(index), touched[i]});
     now.push_back(value.value_or(stored.FieldValue(i)));
     if (!value || *value == stored.FieldValue(i)) continue;
     sets.append(",[").append(field.column).append("]=?");

@@ -107,11 +107,11 @@ void Show(Session& s, bool judged) {
 
 }  // namespace
 
-void ShowFindings(Session& s) {
+void ShowFieldFindings(Session& s) {
   Show(s, true);
 }
 
-void ShowFindingsOfRun(Session& s) {
+void ShowFieldFindingsOfRun(Session& s) {
   Show(s, !s.editing);
 }
 

@@ -7,9 +7,9 @@ namespace merlu {
 
 // Sets `finding` of the sheet's fields and the counts of its pages: what the rules raise for the stored values, and
 // rows of the log that no rule would raise now.
-void ShowFindings(Session& s);
+void ShowFieldFindings(Session& s);
 
 // The same after a run. One during an edit has judged what is typed and not yet stored, and has logged what it found.
-void ShowFindingsOfRun(Session& s);
+void ShowFieldFindingsOfRun(Session& s);
 
 }  // namespace merlu

@@ -20,7 +20,7 @@ struct ExportedTable {
 // In the workbook's order.
 const std::vector<ExportedTable>& ExportedTables();
 
-// Told now and then: the table in work, and the records of the whole workbook done and in all.
+// Called now and then with the table in work, and the records of the whole workbook: done, and in all.
 using ExportProgress = std::function<void(std::string_view table, int done, int total)>;
 
 // The sheet of one table, its records in the table's own order. Read once, with the table's own columns; the faults

@@ -1,6 +1,5 @@
 #include "exchange/export_file.h"
 
-#include "base/fault.h"
 #include "session/types.h"
 #include "store/files.h"
 

@@ -1,4 +1,5 @@
-// Handing data out: a copy of the working database, cut down to what is to be handed in.
+// exchange/ hands data out and takes data in: exports, imports, workbooks, lists as files. Here: the export, a copy of
+// the working database, cut down to what is to be handed in.
 #pragma once
 
 #include <functional>

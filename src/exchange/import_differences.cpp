@@ -22,9 +22,9 @@ struct Compared {
 };
 
 // A record within its structure: its month, 0 for a description, and its equipment in words.
-using Place = std::pair<int, std::string>;
+using RowPlace = std::pair<int, std::string>;
 struct Before {
-  bool operator()(const Place& a, const Place& b) const {
+  bool operator()(const RowPlace& a, const RowPlace& b) const {
     return a.first != b.first ? a.first < b.first : CompareIds(a.second, b.second) < 0;
   }
 };
@@ -32,7 +32,7 @@ struct PlacedRow {
   std::vector<std::string> columns;
   Values values;
 };
-using PlacedRows = std::map<Place, PlacedRow, Before>;
+using PlacedRows = std::map<RowPlace, PlacedRow, Before>;
 
 constexpr const char* kRowMissing = "(missing)";
 
@@ -121,7 +121,7 @@ std::vector<ImportDifference> FindDifferences(Database& working, std::int64_t he
   working.ForEach("SELECT Area,Block,Name FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {here}, [&](const RowView& row) {
     structure = std::string(row.Text(0)).append(", ").append(row.Text(1)).append(", ").append(row.Text(2));
   });
-  const auto words = [&](const Place& place) { return JoinPlace(place.first, year, structure, place.second); };
+  const auto words = [&](const RowPlace& place) { return JoinPlace(place.first, year, structure, place.second); };
   for (const Compared& table : ComparedTables()) {
     const PlacedRows ours = Read(working, table, here), theirs = Read(file, table, there);
     for (const auto& [place, row] : ours) {

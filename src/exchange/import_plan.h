@@ -8,7 +8,13 @@
 
 namespace merlu {
 
-enum class ImportAction { kAdd, kOtherYear, kExists, kNotSound, kHeldBack };
+enum class ImportAction {
+  kAdd,
+  kOtherYear,  // the file is of another year than the inventory
+  kExists,     // the inventory has that structure
+  kNotSound,   // why, is in words beside it
+  kHeldBack    // it could be added, but another one exists
+};
 
 struct PlannedEquipment {
   std::string type, id;  // code of the type

@@ -5,7 +5,7 @@
 
 #include "exchange/import_file.h"
 #include "records/survey_record.h"
-#include "session/records.h"
+#include "session/find_rows.h"
 #include "session/types.h"
 #include "session/wait.h"
 
@@ -164,14 +164,17 @@ void TakeOver(Session& s, const std::vector<StructureName>& chosen, const Import
   const int before = s.last_month;
   try {
     AllOrNothing whole(s.db);
-    while (s.last_month < plan.last_month && AddMonthRows(s)) {
+    while (s.last_month < plan.last_month) {
+      const auto added = AddMonthRows(s);
+      if (!added) break;
+      MoveToNewMonth(s, *added);
     }
     NumberRows(s.db, chosen);
     const Identity identity = ReadIdentity(s.db);
     const std::vector<std::string>& tables = ImportTables();
     int done = 0;
     for (const std::string& table : tables) {
-      Progress(s, "Writing " + table, done++, static_cast<int>(tables.size()));
+      ShowProgress(s, "Writing " + table, done++, static_cast<int>(tables.size()));
       TakeRows(s, table, identity);
     }
     const int last = std::max(plan.last_month, s.last_month);

@@ -64,14 +64,4 @@ void AddDialogButtons(Form& form, const std::string& ok, const std::string& canc
   form.cancel_button = cancel;
 }
 
-void ShowDialog(Desk& desk, Platform& platform, Form& form) {
-  form.loaded = true;
-  form.modal = true;
-  desk.Show(form);
-  platform.RunModal(form);
-  desk.Hide(form);
-  form.modal = false;
-  form.loaded = false;
-}
-
 }  // namespace merlu

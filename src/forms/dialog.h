@@ -1,17 +1,18 @@
-// Building and running dialogs.
+// Building dialogs: their controls, one after the other.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "forms/desk.h"
+#include "forms/form.h"
 #include "forms/grid_model.h"
 #include "forms/list_model.h"
-#include "forms/platform.h"
 
 namespace merlu {
 
+// Each adds a control to the form and returns it, valid until the next one is added. The caption of a field is beside
+// it; `limit` is the most characters that it takes, 0 for no limit.
 Control& AddText(Form& form, const std::string& name, const std::string& caption, int limit = 0);
 Control& AddList(Form& form, const std::string& name, const std::string& caption, std::vector<std::string> items);
 // A list of rows; several can be picked.
@@ -24,8 +25,5 @@ Control& AddLabel(Form& form, const std::string& name, const std::string& text);
 Control& AddButton(Form& form, const std::string& name, const std::string& caption);
 // "OK" and "Cancel", as default and as what Escape presses.
 void AddDialogButtons(Form& form, const std::string& ok, const std::string& cancel);
-
-// Shows the form as a dialog and returns when it no longer shows.
-void ShowDialog(Desk& desk, Platform& platform, Form& form);
 
 }  // namespace merlu

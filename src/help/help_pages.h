@@ -31,7 +31,7 @@ struct HelpPage {
 // The operator, the survey, the structure, the sixteen types, and the dialogs and docks that have their own page.
 const std::vector<HelpPage>& HelpPages();
 
-// The page as it is read. What has no prose is left without it; a test sees that all has.
+// The page as it is read. A field without prose is left without; a test requires some for each.
 Document HelpDocument(const HelpPage& page, const Prose& own, const Prose& shared);
 
 }  // namespace merlu

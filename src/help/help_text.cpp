@@ -3,7 +3,6 @@
 #include <cctype>
 #include <map>
 
-#include "base/numbers.h"
 #include "base/text.h"
 #include "help/help_pages.h"
 #include "help/markdown.h"

@@ -9,7 +9,7 @@
 
 namespace merlu {
 
-// By their findings, as KeepComment names them.
+// Each with its finding, as KeepComment names it. Empty without a companion.
 std::vector<std::pair<std::string, KnownComment>> AllComments(const Companion& companion);
 
 }  // namespace merlu

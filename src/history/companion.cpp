@@ -94,7 +94,7 @@ void Companion::Close() {
   db_ = nullptr;
   open_ = refused_ = false;
   why_not_.clear();
-  told_.clear();
+  reported_.clear();
   step_ = last_step_ = continued_ = done_draft_ = 0;
 }
 
@@ -165,7 +165,7 @@ void Companion::Refuse(const std::string& why, bool for_good, const std::string&
 }
 
 std::string Companion::TakeNews() {
-  return why_not_ == std::exchange(told_, why_not_) ? "" : why_not_;
+  return why_not_ == std::exchange(reported_, why_not_) ? "" : why_not_;
 }
 
 bool Companion::StepAside(const Fault& why) {

@@ -64,9 +64,6 @@ class Companion : public BatchPartner {
   void BeginStep(StepTitle title);
   void EndStep();
   bool InStep() const { return depth_ > 0; }
-  // Renames the step that is open, as soon as more is known.
-  void Retitle(StepTitle title) { title_ = std::move(title); }
-  const StepTitle& title() const { return title_; }
   // The step that the last batch was kept in, 0 for none; `continue_with` has the next step go on with it.
   std::int64_t last_step() const { return last_step_; }
   void ContinueWith(std::int64_t step) { continued_ = step; }
@@ -93,7 +90,7 @@ class Companion : public BatchPartner {
   std::function<StepTitle()> untitled_;
   std::string path_;
   bool open_ = false, attached_ = false, refused_ = false, paused_ = false;
-  std::string why_not_, told_;
+  std::string why_not_, reported_;
   int depth_ = 0;
   StepTitle title_;
   std::int64_t step_ = 0;  // that is open and has been written to

@@ -92,7 +92,7 @@ class Replay {
       if (other.empty()) gone_[row.table].insert(row.rowid);
       if (now.empty()) came_[row.table].insert(row.rowid);
     }
-    ApplyChanges(db_, changes, Direction::kForward);
+    ApplyChanges(db_, changes);
     return std::nullopt;
   }
 

@@ -1,4 +1,4 @@
-// The machine that the program runs on, for all front ends.
+// host/ is the machine that the program runs on, for all front ends: clock, settings, files, PDF.
 #pragma once
 
 #include <memory>

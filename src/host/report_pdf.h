@@ -8,8 +8,9 @@
 
 namespace merlu {
 
-// Writes the report to the path; texts can be selected and fonts are embedded. `progress` hears of the
-// lines done. Needs an application with fonts (a QGuiApplication; no display). The faults of WriteBytes.
+// Writes the report to the path; texts can be selected and fonts are embedded. `progress` is called with
+// the number of lines written. Needs an application with fonts (a QGuiApplication; no display). The faults of
+// WriteBytes.
 void WriteReportPdf(const InventoryReport& report, const std::string& path,
                     const std::function<void(int done, int total)>& progress);
 

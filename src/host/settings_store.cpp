@@ -34,8 +34,8 @@ void SettingsStore::Store(const std::string& section, const std::string& key, co
   settings_->setValue(Key(section, key), is_text ? QVariant(text) : QVariant(QByteArray::fromStdString(value)));
   settings_->sync();
   const bool written = settings_->status() == QSettings::NoError;
-  const bool tell = !written && !told_;
-  told_ = !written;
+  const bool tell = !written && !reported_;
+  reported_ = !written;
   if (tell)
     throw Fault(fault_number::kFileAccess, "MERLU settings",
                 "The settings cannot be written to " + settings_->fileName().toStdString() +

@@ -439,7 +439,7 @@ InventoryRun RunInventoryPasses(Session& s) {
   const int total = static_cast<int>(types.size()) + 3;
   int done = 0;
   const auto run = [&](const std::string& what, auto&& work) {
-    Progress(s, what, done++, total);
+    ShowProgress(s, what, done++, total);
     if (!NotingSheetFaults(s.notices, work)) result.broken.push_back(what);  // a fault is shown and ends this pass
   };
   run("Operator", [&] { OperatorPass(pass); });

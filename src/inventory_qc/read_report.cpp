@@ -78,7 +78,7 @@ InventoryReport ReadInventoryReport(Session& s, const InventoryRun& run) {
   report.title = "Annual Inventory QA Summary";
   report.operator_lines = OperatorLines(s);
   report.year = std::to_string(s.year);
-  report.printed = s.platform.Now();
+  report.printed = s.host.Now();
   const bool several_operators =
       ToInteger(s.db.Single("SELECT COUNT(DISTINCT UserID) FROM QCInventory WHERE [Level]<>'ZSUMMARY'")) > 1;
   // of structures with the same pair of IDs, the first

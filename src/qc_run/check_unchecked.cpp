@@ -68,9 +68,9 @@ CheckedRecords CheckUnchecked(Session& s, int month) {
   const std::vector<Unchecked> unchecked = UncheckedOf(s, month);
   checked.of = static_cast<int>(unchecked.size());
   for (const Unchecked& each : unchecked) {
-    Progress(s, "Checking " + Trim(each.location.CmplxID) + "/" + Trim(each.location.StructID), checked.done,
-             checked.of);
-    if (s.platform.IsStopWanted()) {
+    ShowProgress(s, "Checking " + Trim(each.location.CmplxID) + "/" + Trim(each.location.StructID), checked.done,
+                 checked.of);
+    if (s.progress.IsStopWanted()) {
       checked.stopped = true;
       break;
     }

@@ -5,8 +5,8 @@
 #include "base/dates.h"
 #include "qc/apply.h"
 #include "qc/qc_log.h"
+#include "session/find_rows.h"
 #include "session/notices.h"
-#include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/paint.h"
 #include "sheets/record_rows.h"
@@ -29,7 +29,7 @@ void PassOver(Session& s, const SheetSpec& sheet, const QCLocation& location) {
 
 Value DateOf(Session& s, const Verdicts& verdicts) {
   s.record_checked = verdicts.faults.empty();
-  return s.record_checked ? Value(StoredDate(s.platform.Now())) : Value(Null{});
+  return s.record_checked ? Value(StoredDate(s.host.Now())) : Value(Null{});
 }
 
 // A description of equipment has no date of last QC.
@@ -195,7 +195,7 @@ void StampStructure(Session& s, bool checked) {
   if (!FindStructureRecord(s)) return;
   Cursor& row = s.At(s.InActv() ? "PA_PLATFORM_ACTV" : "PD_PLATFORM_DESC");
   row.Edit();
-  row.SetField(s.InActv() ? "PA_QC_DT" : "PD_QC_DT", checked ? Value(StoredDate(s.platform.Now())) : Value(Null{}));
+  row.SetField(s.InActv() ? "PA_QC_DT" : "PD_QC_DT", checked ? Value(StoredDate(s.host.Now())) : Value(Null{}));
   row.Update();
   s.unjudged_structures.erase({s.mode, s.InActv() ? s.SA_ID_AK : s.PD_ID_AK});
 }

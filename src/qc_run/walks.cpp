@@ -11,7 +11,6 @@
 #include "qc_run/run_record.h"
 #include "session/types.h"
 #include "session/wait.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {
@@ -108,11 +107,11 @@ void WalkTypes(Session& s, QCLocation& location, Walker& walker, const std::vect
   StructureWalk walk{PiecesWithFindings(s.db, location)};
   int done = 0;
   for (const EquipmentType* type : types) {
-    if (shows_progress) Progress(s, std::string(type->tree_name), done++, static_cast<int>(types.size()));
+    if (shows_progress) ShowProgress(s, std::string(type->tree_name), done++, static_cast<int>(types.size()));
     if (std::find(facts->types.begin(), facts->types.end(), type->code) == facts->types.end()) continue;
     Walk(s, location, walker, type->sheet(), structure, walk);
   }
-  DateEquipment(s, walk.checked, StoredDate(s.platform.Now()));
+  DateEquipment(s, walk.checked, StoredDate(s.host.Now()));
 }
 
 // What follows the structure's own rules.
@@ -140,7 +139,7 @@ void RunSurveyQC(Session& s, QCLocation& location) {
   for (const StructureRow& row : rows) {
     location.CmplxID = row.complex;
     location.StructID = row.structure;
-    Progress(s, "Structure " + row.complex + " " + row.structure, done++, static_cast<int>(rows.size()));
+    ShowProgress(s, "Structure " + row.complex + " " + row.structure, done++, static_cast<int>(rows.size()));
     s.PD_ID_AK = row.PD_ID_AK;
     s.SA_ID_AK = row.SA_ID_AK;
     s.current = location;

@@ -11,17 +11,13 @@
 #include <utility>
 #include <vector>
 
+#include "records/record_keys.h"
 #include "rules/judge.h"
 #include "sheets/record_rows.h"
 #include "sheets/structure.h"
 #include "store/database.h"
 
 namespace merlu {
-
-// The keys of a record: those of its levels, 0 for a level that it does not reach. A description has no month keys.
-struct RecordKeys {
-  std::int64_t PD_ID_AK = 0, SA_ID_AK = 0, ED_ID_AK = 0, EA_ID_AK = 0;
-};
 
 // A structure as its records know it.
 struct StructureFacts {

@@ -1,7 +1,7 @@
 #include "records/survey_record.h"
 
+#include "session/find_rows.h"
 #include "session/limits.h"
-#include "session/records.h"
 #include "session/types.h"
 
 namespace merlu {
@@ -42,29 +42,23 @@ void AddEquipmentMonths(Session& s, int month) {
 
 }  // namespace
 
-bool AddMonthRows(Session& s) {
+std::optional<std::int64_t> AddMonthRows(Session& s) {
   WriteBatch batch(s.db);
   ReadMonths(s);
-  if (s.last_month >= 12) return false;
+  if (s.last_month >= 12) return std::nullopt;
   RequireRoom(SizeOf(s.db, s.last_month + 1));
-  CurrentKeys keys(s);
   AllOrNothing whole(s.db);  // the tree cannot be built over a part of a month
   const int month = s.last_month + 1;
   const std::int64_t last_key = AddStructureMonths(s, month);
   AddEquipmentMonths(s, month);
-  if (s.PD_ID_AK != 0 && last_key != 0) {
-    MoveToPDRecord(s, s.PD_ID_AK);
-    MoveToPARecord(s, last_key);
-  }
   Cursor& config = s.At("SYS_CONFIG");
   config.Edit();
   config.SetField("SYS_MAX_MO", std::int64_t{month});
   config.Update();
   whole.Keep();
   batch.Commit();
-  keys.Advance();
   s.last_month = month;
-  return true;
+  return last_key;
 }
 
 }  // namespace merlu

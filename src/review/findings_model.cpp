@@ -7,7 +7,6 @@
 #include <unordered_map>
 
 #include "base/case_folding.h"
-#include "base/text.h"
 #include "session/place.h"
 
 namespace merlu {
@@ -34,7 +33,7 @@ class Sieve {
         of_record_(review.records.size()),
         in_structure_(review.structures.size()),
         in_piece_(review.pieces.size()),
-        in_said_(review.said.size()) {
+        in_kind_(review.kinds.size()) {
     if (words_.size() > kMostWords) words_.resize(kMostWords);
     all_ = (Mask{1} << words_.size()) - 1;
     for (const FindingState state : {FindingState::kOpen, FindingState::kExplained, FindingState::kStale})
@@ -88,7 +87,7 @@ class Sieve {
     if (filter_.state == "Open" && finding.state != FindingState::kOpen) return false;
     if (filter_.state == "Explained" && finding.state != FindingState::kExplained) return false;
     if (filter_.state == "Stale" && finding.state != FindingState::kStale) return false;
-    if (found != all_) found |= in_state_[static_cast<std::size_t>(finding.state)] | InSaid(*finding.said);
+    if (found != all_) found |= in_state_[static_cast<std::size_t>(finding.state)] | InKind(*finding.kind);
     if (found != all_ && !finding.value.empty()) found |= WordsIn(finding.value);
     if (found != all_ && !finding.comment.empty()) found |= WordsIn(finding.comment);
     return found == all_;
@@ -101,9 +100,9 @@ class Sieve {
       if (folded_.find(words_[i]) != std::string::npos) found |= Mask{1} << i;
     return found;
   }
-  Mask InSaid(const Said& said) {
-    Part& known = in_said_[said.number];
-    if (!known.is_known) known = {true, WordsIn(said.tag) | WordsIn(said.expected) | WordsIn(said.text)};
+  Mask InKind(const FindingKind& kind) {
+    Part& known = in_kind_[kind.number];
+    if (!known.is_known) known = {true, WordsIn(kind.tag) | WordsIn(kind.expected) | WordsIn(kind.text)};
     return known.found;
   }
 
@@ -113,7 +112,7 @@ class Sieve {
   Mask all_ = 0;
   std::vector<OfRecord> of_record_;
   std::map<std::pair<int, int>, Part> in_month_;
-  std::vector<Part> in_structure_, in_piece_, in_said_;
+  std::vector<Part> in_structure_, in_piece_, in_kind_;
   std::array<Mask, 3> in_state_{};
   std::string folded_;
 };
@@ -124,10 +123,10 @@ std::string FindingText(const Review& review, const ReviewedRecord& record, cons
                         int column) {
   switch (column) {
     case kPlace: return PlaceOf(review, record);
-    case kField: return finding.said->tag;
+    case kField: return finding.kind->tag;
     case kValue: return finding.value;
-    case kExpected: return finding.said->expected;
-    case kError: return finding.said->text;
+    case kExpected: return finding.kind->expected;
+    case kError: return finding.kind->text;
     case kComment: return finding.comment;
     case kState: return StateText(finding.state);
     default: return "";
@@ -154,7 +153,7 @@ const ReviewedFinding& FindingsModel::At(int row) const {
 
 FindingName FindingsModel::NameAt(int row) const {
   const ReviewedRecord& record = RecordAt(row);
-  return {record.kind, record.key, At(row).said->tag};
+  return {record.kind, record.key, At(row).kind->tag};
 }
 
 std::vector<int> FindingsModel::RowsOf(const std::vector<FindingName>& names) const {
@@ -166,7 +165,7 @@ std::vector<int> FindingsModel::RowsOf(const std::vector<FindingName>& names) co
   for (int row = 0; row < RowCount(); ++row) {
     const auto wanted = tags.find(PlaceAt(row).record);
     if (wanted == tags.end()) continue;
-    const std::string& tag = At(row).said->tag;
+    const std::string& tag = At(row).kind->tag;
     if (std::any_of(wanted->second.begin(), wanted->second.end(), [&tag](const auto* each) { return *each == tag; }))
       rows.push_back(row);
   }

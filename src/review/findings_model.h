@@ -22,7 +22,7 @@ inline const std::vector<std::string> kFindingColumns = {
     "Place", "Field", "Value", "Expected", "Error Description", "Operator Comment", "State"};
 std::string FindingText(const Review& review, const ReviewedRecord& record, const ReviewedFinding& finding, int column);
 
-// A finding by its record's place in the review and its own in the record.
+// A finding by its record's index in the review and its own in the record.
 struct FindingPlace {
   int record = -1, number = -1;
   bool operator==(const FindingPlace&) const = default;
@@ -36,7 +36,7 @@ struct FindingName {
   bool operator==(const FindingName&) const = default;
 };
 
-// The finding that the user went to last, or picked since, its field's place on the sheet, and where he stood then.
+// The finding that the user went to last, or picked since, its field's index on the sheet, and the user's place then.
 struct Walk {
   FindingName to;
   int field = 0;

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "base/fault.h"
-#include "base/text.h"
 #include "history/notes.h"
 #include "review/changed_values.h"
 #include "review/completeness.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "session/types.h"
 
 namespace merlu {
 namespace {
@@ -38,7 +37,7 @@ std::string RecordText(const Review& review, const ReviewedRecord& record) {
   std::string text = record.month == 0 ? "Description" : MonthText(record.year, record.month);
   if (!record.IsEquipment()) return text;
   const ReviewedPiece& piece = review.pieces[static_cast<std::size_t>(record.piece)];
-  return text + " · " + TreeTypeName(piece.type) + ": " + Trim(piece.id);
+  return text + " · " + PieceText(piece);
 }
 
 }  // namespace
@@ -81,8 +80,8 @@ HandInReport MakeHandInReport(Database& db, const Review& review, const std::vec
                                        : review.structures[static_cast<std::size_t>(record->structure)].text,
                                    {}});
     last = record->structure;
-    report.structures.back().findings.push_back({RecordText(review, *record), finding->said->tag, finding->value,
-                                                 finding->said->expected, finding->said->text, finding->comment,
+    report.structures.back().findings.push_back({RecordText(review, *record), finding->kind->tag, finding->value,
+                                                 finding->kind->expected, finding->kind->text, finding->comment,
                                                  StateText(finding->state)});
   }
   report.counts = std::to_string(findings.size()) + " findings: " + std::to_string(count[0]) + " open, " +

@@ -27,9 +27,9 @@ LiveReview::LiveReview() : changed_(std::make_shared<ChangedRecords>()) {}
 LiveReview::~LiveReview() = default;
 
 // The connection keeps notifying as long as it is open, also after this is destroyed.
-void LiveReview::Attend(Database& db) {
-  if (attended_ == &db) return;
-  attended_ = &db;
+void LiveReview::ListenTo(Database& db) {
+  if (listened_to_ == &db) return;
+  listened_to_ = &db;
   db.Listen([changed = changed_](const Changes& changes) { changed->Note(changes); });
 }
 
@@ -47,7 +47,7 @@ bool LiveReview::Refresh(Database* db, const Companion& companion) {
     ++revision_;
     return true;
   }
-  Attend(*db);
+  ListenTo(*db);
   const bool other = IsOther(*db) || !unreadable_.empty() || (had_companion_ && !companion.IsAttached());
   if (!other && (changed_->IsEmpty() || db->InBatch())) return false;
   if (other) changed_->all = true;

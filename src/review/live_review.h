@@ -36,14 +36,14 @@ class LiveReview {
   std::size_t log_rows_read() const { return keeper_.log_rows_read(); }
 
  private:
-  void Attend(Database& db);
+  void ListenTo(Database& db);
   bool IsOther(const Database& db) const;
   void Update(Database& db, const Companion& companion);
   void UpdateParts(Database& db, const Companion& companion);
 
   ReviewKeeper keeper_;
   std::shared_ptr<ChangedRecords> changed_;
-  Database* attended_ = nullptr;
+  Database* listened_to_ = nullptr;
   std::string path_;
   std::shared_ptr<const std::vector<RecordedTable>> tables_;  // of the connection
   std::int64_t changes_ = -1;                                 // counted where none are recorded

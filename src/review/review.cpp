@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "review/review_keeper.h"
 #include "session/place.h"
-#include "session/types.h"
 
 namespace merlu {
 namespace {
@@ -56,7 +55,7 @@ Mode ModeOf(const ReviewedRecord& record) {
 }
 
 std::string PieceText(const ReviewedPiece& piece) {
-  return TreeTypeName(piece.type) + ": " + Trim(piece.id);
+  return EquipmentText(piece.type, piece.id);
 }
 
 std::string PlaceOf(const Review& review, const ReviewedRecord& record) {
@@ -64,7 +63,7 @@ std::string PlaceOf(const Review& review, const ReviewedRecord& record) {
     const QCLocation& l = *record.gone;
     const bool equipment = l.Is(level::kEquipment);
     const std::string structure = l.Is(level::kSurvey) ? "" : Trim(l.CmplxID) + "/" + Trim(l.StructID);
-    return JoinPlace(l.Month, l.Year, structure, equipment ? TreeTypeName(l.EquipType) + ": " + Trim(l.EquipID) : "");
+    return JoinPlace(l.Month, l.Year, structure, equipment ? EquipmentText(l.EquipType, l.EquipID) : "");
   }
   const std::string& structure = review.structures[static_cast<std::size_t>(record.structure)].text;
   if (!record.IsEquipment()) return JoinPlace(record.month, record.year, structure, "");

@@ -31,15 +31,15 @@ struct ReviewedPiece {
   int rank = 0;
 };
 
-// The text of a rule's finding, or of a row of the log: stored once for all findings that share it.
-struct Said {
+// A rule's finding, or a row of the log, without the record: kept once for all findings that share it.
+struct FindingKind {
   std::string tag, control, expected, text;
-  int field = 0;           // its place on the sheet
+  int field = 0;           // index among the sheet's fields
   std::size_t number = 0;  // among those of the review
 };
 
 struct ReviewedFinding {
-  const Said* said = nullptr;
+  const FindingKind* kind = nullptr;
   std::string value, comment;
   std::int64_t row = 0;  // of the log, 0 where it lacks the finding
   FindingState state = FindingState::kOpen;
@@ -68,9 +68,9 @@ struct Review {
   std::vector<ReviewedStructure> structures;
   std::vector<ReviewedPiece> pieces;
   std::vector<ReviewedRecord> records;
-  std::deque<Said> said;         // findings point into it
-  int findings = 0;              // of all records
-  int year = 0, last_month = 0;  // as the inventory says
+  std::deque<FindingKind> kinds;  // findings point into it
+  int findings = 0;               // of all records
+  int year = 0, last_month = 0;   // as the inventory says
 
   Review() = default;
   Review(Review&&) = default;

@@ -278,21 +278,21 @@ LoggedRows ReviewKeeper::ReadLogOf(Database& db, const std::set<int>& structures
 
 // ---- records ----
 
-const Said& ReviewKeeper::Saying(const RuleSet* rules, std::string_view tag, std::string_view text,
-                                 std::string_view expected, int field) {
-  const SaidKey key = {rules == nullptr ? nullptr : &rules->fields()[std::min(field, rules->fields().size() - 1)],
+const FindingKind& ReviewKeeper::FindingKindOf(const RuleSet* rules, std::string_view tag, std::string_view text,
+                                               std::string_view expected, int field) {
+  const KindKey key = {rules == nullptr ? nullptr : &rules->fields()[std::min(field, rules->fields().size() - 1)],
                        text.data(), expected.data(), tag.data()};
-  const auto found = said_.find(key);
-  if (found != said_.end()) return *found->second;
-  Said& said = review_.said.emplace_back();
-  said.number = review_.said.size() - 1;
-  said.tag = tag;
-  said.text = text;
-  said.expected = expected;
-  said.field = field;
-  if (rules != nullptr && field < rules->fields().size()) said.control = rules->fields()[field].control;
-  said_.emplace(key, &said);
-  return said;
+  const auto found = kinds_.find(key);
+  if (found != kinds_.end()) return *found->second;
+  FindingKind& kind = review_.kinds.emplace_back();
+  kind.number = review_.kinds.size() - 1;
+  kind.tag = tag;
+  kind.text = text;
+  kind.expected = expected;
+  kind.field = field;
+  if (rules != nullptr && field < rules->fields().size()) kind.control = rules->fields()[field].control;
+  kinds_.emplace(key, &kind);
+  return kind;
 }
 
 template <typename WhereOf>
@@ -300,7 +300,7 @@ void ReviewKeeper::Explain(ReviewedFinding& finding, KnownComments& known, Where
   if (!Explains(finding.comment)) return;
   finding.state = FindingState::kExplained;
   if (known.IsEmpty()) return;
-  const auto upon = known.Of(CommentKey(where(), finding.said->tag, finding.said->text));
+  const auto upon = known.Of(CommentKey(where(), finding.kind->tag, finding.kind->text));
   const bool stale = upon && upon->comment == finding.comment && !IsSameValue(upon->value, finding.value);
   finding.state = stale ? FindingState::kStale : FindingState::kExplained;
 }
@@ -310,7 +310,7 @@ void ReviewKeeper::Explain(ReviewedFinding& finding, KnownComments& known, Where
 ReviewedFinding ReviewKeeper::Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
                                      const ReviewedRecord& record, KnownComments& known) {
   ReviewedFinding made;
-  made.said = &Saying(judged.rules, finding.tag, finding.text, finding.expected, finding.field);
+  made.kind = &FindingKindOf(judged.rules, finding.tag, finding.text, finding.expected, finding.field);
   made.value = judged.stored->Text(finding.field);
   LogRow* best = nullptr;
   for (LogRow* row : logged) {
@@ -336,7 +336,7 @@ ReviewedFinding ReviewKeeper::Kept(const JudgedRecord& judged, LogRow& row, cons
   int field = 0;
   while (field < fields.size() && !IsSameTag(fields[field].tag, *row.tag)) ++field;
   ReviewedFinding made;
-  made.said = &Saying(judged.rules, *row.tag, *row.text, ExpectedOf(*judged.rules, *row.tag, *row.text), field);
+  made.kind = &FindingKindOf(judged.rules, *row.tag, *row.text, ExpectedOf(*judged.rules, *row.tag, *row.text), field);
   if (field < fields.size()) made.value = judged.stored->Text(field);
   made.row = row.row;
   made.comment = row.comment;
@@ -350,19 +350,19 @@ bool ReviewKeeper::IsLogged(const Logged& logged, const JudgedFinding& finding) 
   });
 }
 
-ReviewKeeper::Place ReviewKeeper::PlaceOfJudged(const JudgedRecord& judged) const {
+ReviewKeeper::Owner ReviewKeeper::OwnerOf(const JudgedRecord& judged) const {
   const auto structure = structure_of_key_.find(judged.keys.PD_ID_AK);
   if (judged.structure == nullptr || structure == structure_of_key_.end()) return {};
   return {structure->second, judged.IsOfStructure() ? -1 : piece_of_key_.at(judged.keys.ED_ID_AK)};
 }
 
-ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, const Place& place, Mode mode, const Logged& logged,
-                                    KnownComments& known) {
+ReviewedRecord ReviewKeeper::ReviewedOf(const JudgedRecord& judged, const Owner& owner, Mode mode, const Logged& logged,
+                                        KnownComments& known) {
   ReviewedRecord record;
   record.kind = KindOf(judged, mode);
   record.key = KeyOf(judged.keys, record.kind);
-  record.structure = place.structure;
-  record.piece = place.piece;
+  record.structure = owner.structure;
+  record.piece = owner.piece;
   record.year = judged.year;
   record.month = judged.month;
   record.inactive = judged.inactive;
@@ -380,7 +380,7 @@ ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, const Place& pla
   for (LogRow* row : logged)
     if (!row->taken) record.findings.push_back(Kept(judged, *row, record, known));
   std::stable_sort(record.findings.begin(), record.findings.end(),
-                   [](const ReviewedFinding& a, const ReviewedFinding& b) { return a.said->field < b.said->field; });
+                   [](const ReviewedFinding& a, const ReviewedFinding& b) { return a.kind->field < b.kind->field; });
   for (const ReviewedFinding& finding : record.findings)
     ++(finding.state == FindingState::kOpen        ? record.open
        : finding.state == FindingState::kExplained ? record.explained
@@ -388,14 +388,14 @@ ReviewedRecord ReviewKeeper::Judged(const JudgedRecord& judged, const Place& pla
   return record;
 }
 
-void ReviewKeeper::Judge(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
-                         std::vector<ReviewedRecord>& to) {
+void ReviewKeeper::ReviewRecords(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
+                                 std::vector<ReviewedRecord>& to) {
   Logged logged;
   JudgeAll(db, scope, [&](const JudgedRecord& judged) {
-    const Place place = PlaceOfJudged(judged);
-    if (place.structure < 0) return;
-    log.Of(PlaceKey(place.structure, place.piece, judged.month), logged);
-    to.push_back(Judged(judged, place, scope.mode, logged, known));
+    const Owner owner = OwnerOf(judged);
+    if (owner.structure < 0) return;
+    log.Of(PlaceKey(owner.structure, owner.piece, judged.month), logged);
+    to.push_back(ReviewedOf(judged, owner, scope.mode, logged, known));
   });
 }
 
@@ -419,7 +419,7 @@ ReviewedRecord ReviewKeeper::Gone(Database& db, const LogRow& row, KnownComments
   record.year = at.Year;
   record.month = at.Month;
   ReviewedFinding finding;
-  finding.said = &Saying(nullptr, *row.tag, *row.text, {}, 0);
+  finding.kind = &FindingKindOf(nullptr, *row.tag, *row.text, {}, 0);
   finding.row = row.row;
   finding.comment = row.comment;
   Explain(finding, known, [&at]() -> const QCLocation& { return at; });
@@ -482,7 +482,7 @@ void ReviewKeeper::Build(Database& db, const Companion& companion) {
   std::vector<ReviewedRecord> records;
   constexpr std::size_t kRecordsOfOne = 13;  // a description and a year of months
   records.reserve((review_.structures.size() + review_.pieces.size()) * kRecordsOfOne);
-  for (const Mode mode : {Mode::kDesc, Mode::kActv}) Judge(db, {.mode = mode}, log, known, records);
+  for (const Mode mode : {Mode::kDesc, Mode::kActv}) ReviewRecords(db, {.mode = mode}, log, known, records);
   for (const LogRow& row : log.rows())
     if (!row.taken) records.push_back(Gone(db, row, known));
   review_.records = std::move(records);
@@ -499,7 +499,7 @@ void ReviewKeeper::Replace(Database& db, const Companion& companion, const std::
   std::vector<ReviewedRecord> records;
   for (const int structure : wanted)
     for (const Mode mode : {Mode::kDesc, Mode::kActv})
-      Judge(db, {.mode = mode, .PD_ID_AK = review_.structures[At(structure)].PD_ID_AK}, log, known, records);
+      ReviewRecords(db, {.mode = mode, .PD_ID_AK = review_.structures[At(structure)].PD_ID_AK}, log, known, records);
   for (const LogRow& row : log.rows())
     if (!row.taken) records.push_back(Gone(db, row, known));
   std::erase_if(review_.records, [&](const ReviewedRecord& record) {
@@ -529,7 +529,8 @@ bool ReviewKeeper::Renew(Database& db, const Companion& companion, int number, c
   const RecordScope scope{.mode = ModeOf(record), .key = record.key};
   std::optional<ReviewedRecord> made;
   const auto take = [&](const JudgedRecord& judged) {
-    if (const Place at = PlaceOfJudged(judged); at.structure >= 0) made = Judged(judged, at, scope.mode, logged, known);
+    if (const Owner owner = OwnerOf(judged); owner.structure >= 0)
+      made = ReviewedOf(judged, owner, scope.mode, logged, known);
   };
   if (!record.IsEquipment())
     JudgeRecords(db, context, StructureSheet(), scope, take);

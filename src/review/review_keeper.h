@@ -100,11 +100,11 @@ class ReviewKeeper {
     int structure = -1;
   };
   using Logged = std::vector<LogRow*>;
-  // Of a record among the structures and pieces.
-  struct Place {
+  // The structure and the piece of a record: indexes into the review's.
+  struct Owner {
     int structure = -1, piece = -1;
   };
-  // By what records stand in their order: year, month, structure, piece, key.
+  // What records are sorted by: year, month, structure, piece, key.
   using Order = std::tuple<int, int, int, int, std::int64_t>;
 
   struct LastStructure {
@@ -123,12 +123,13 @@ class ReviewKeeper {
   LoggedRows ReadLog(Database& db);
   LoggedRows ReadLogOf(Database& db, const std::set<int>& structures);
   LogRow RowOfLog(const RowView& row, std::int64_t place);
-  void Judge(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
-             std::vector<ReviewedRecord>& to);
+  // Judges the records of the scope and lays the rows of the log beside them.
+  void ReviewRecords(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
+                     std::vector<ReviewedRecord>& to);
   // -1 for a structure that the review lacks.
-  Place PlaceOfJudged(const JudgedRecord& judged) const;
-  ReviewedRecord Judged(const JudgedRecord& judged, const Place& place, Mode mode, const Logged& logged,
-                        KnownComments& known);
+  Owner OwnerOf(const JudgedRecord& judged) const;
+  ReviewedRecord ReviewedOf(const JudgedRecord& judged, const Owner& owner, Mode mode, const Logged& logged,
+                            KnownComments& known);
   ReviewedFinding Raised(const JudgedRecord& judged, const JudgedFinding& finding, const Logged& logged,
                          const ReviewedRecord& record, KnownComments& known);
   static bool IsLogged(const Logged& logged, const JudgedFinding& finding);
@@ -137,16 +138,16 @@ class ReviewKeeper {
   template <typename WhereOf>
   void Explain(ReviewedFinding& finding, KnownComments& known, WhereOf where);
   ReviewedRecord Gone(Database& db, const LogRow& row, KnownComments& known);
-  const Said& Saying(const RuleSet* rules, std::string_view tag, std::string_view text, std::string_view expected,
-                     int field);
+  const FindingKind& FindingKindOf(const RuleSet* rules, std::string_view tag, std::string_view text,
+                                   std::string_view expected, int field);
   void Arrange();
   Order OrderOf(const ReviewedRecord& record) const;
   void Number() const;
 
   Review review_;
   LogTexts texts_;
-  using SaidKey = std::array<const void*, 4>;
-  std::map<SaidKey, const Said*> said_;
+  using KindKey = std::array<const void*, 4>;
+  std::map<KindKey, const FindingKind*> kinds_;
   std::unordered_map<std::int64_t, int> structure_of_key_, piece_of_key_;
   std::unordered_map<std::string, int, TextHash, std::equal_to<>> structure_of_name_, piece_of_name_;
   mutable LastStructure last_structure_;

@@ -9,20 +9,20 @@ namespace merlu {
 namespace {
 
 // What a test asks of a record, of either make.
-const std::string& TextOf(const RecordView& view, const std::string& field, int place) {
-  return place >= 0 ? view.Text(place) : view.Text(field);
+const std::string& TextOf(const RecordView& view, const std::string& field, int index) {
+  return index >= 0 ? view.Text(index) : view.Text(field);
 }
 const std::string& TextOf(const Form& form, const std::string& field, int) {
   return form.At(field).text;
 }
-double NumberOf(const RecordView& view, const std::string& field, int place) {
-  return place >= 0 ? view.Number(place) : view.Number(field);
+double NumberOf(const RecordView& view, const std::string& field, int index) {
+  return index >= 0 ? view.Number(index) : view.Number(field);
 }
 double NumberOf(const Form& form, const std::string& field, int) {
   return LeadingNumber(form.At(field).text);
 }
-bool CheckedOf(const RecordView& view, const std::string& field, int place) {
-  return place >= 0 ? view.IsChecked(place) : view.IsChecked(field);
+bool CheckedOf(const RecordView& view, const std::string& field, int index) {
+  return index >= 0 ? view.IsChecked(index) : view.IsChecked(field);
 }
 bool CheckedOf(const Form& form, const std::string& field, int) {
   return form.At(field).checked;
@@ -38,18 +38,18 @@ std::string ListWords(const std::string& list, const char* verb, const std::vect
 
 template <typename Record>
 bool Test::Holds(const Record& record) const {
-  const auto text = [&]() -> const std::string& { return TextOf(record, field_, place_); };
+  const auto text = [&]() -> const std::string& { return TextOf(record, field_, index_); };
   const auto reads = [&] { return std::find(texts_.begin(), texts_.end(), text()) != texts_.end(); };
   switch (kind_) {
     case Kind::kAlways: return true;
     case Kind::kReads: return reads();
     case Kind::kReadsNone: return !reads();
-    case Kind::kChecked: return CheckedOf(record, field_, place_);
-    case Kind::kUnchecked: return !CheckedOf(record, field_, place_);
+    case Kind::kChecked: return CheckedOf(record, field_, index_);
+    case Kind::kUnchecked: return !CheckedOf(record, field_, index_);
     case Kind::kFilled: return text().find_first_not_of(' ') != std::string::npos;
-    case Kind::kOverZero: return NumberOf(record, field_, place_) > 0;
+    case Kind::kOverZero: return NumberOf(record, field_, index_) > 0;
     case Kind::kWithin: {
-      const double number = NumberOf(record, field_, place_);
+      const double number = NumberOf(record, field_, index_);
       return number >= low_ && number <= high_;
     }
     case Kind::kNotNumeric: return !IsNumericText(text());
@@ -85,12 +85,12 @@ std::string Test::Words() const {
 }
 
 void Test::Resolve(const RecordFields& fields, int own) {
-  if (!field_.empty()) place_ = field_ == kTheField ? own : fields.At(field_);
+  if (!field_.empty()) index_ = field_ == kTheField ? own : fields.At(field_);
   for (Test& part : parts_) part.Resolve(fields, own);
 }
 
 void Test::MarkRead(std::vector<bool>& read) const {
-  if (place_ >= 0) read[static_cast<std::size_t>(place_)] = true;
+  if (index_ >= 0) read[static_cast<std::size_t>(index_)] = true;
   for (const Test& part : parts_) part.MarkRead(read);
 }
 

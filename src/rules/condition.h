@@ -49,7 +49,7 @@ class Test {
 
   Kind kind_ = Kind::kAlways;
   std::string field_;
-  int place_ = -1;
+  int index_ = -1;
   double low_ = 0, high_ = 0;
   std::vector<std::string> texts_;
   std::vector<Test> parts_;

@@ -61,16 +61,16 @@ RuleSet::RuleSet(std::vector<RecordField> fields, std::vector<RuleGroup> groups)
   read_actv_ = read_desc_;
   for (RuleGroup& group : groups_)
     for (Rule& rule : group.rules) {
-      rule.place = fields_.At(rule.field);
+      rule.field_index = fields_.At(rule.field);
       Test* const tests[] = {&rule.when.holds, &rule.check.passed_unless, &rule.check.looks_when,
                              &rule.check.fails_when};
-      for (Test* test : tests) test->Resolve(fields_, rule.place);
-      for (const std::string& name : rule.check.reads) rule.check.places.push_back(fields_.At(name));
+      for (Test* test : tests) test->Resolve(fields_, rule.field_index);
+      for (const std::string& name : rule.check.reads) rule.check.read_fields.push_back(fields_.At(name));
       for (const Mode mode : {Mode::kDesc, Mode::kActv}) {
         if (!RunsIn(rule.mode, mode)) continue;
         std::vector<bool>& read = mode == Mode::kActv ? read_actv_ : read_desc_;
-        read[static_cast<std::size_t>(rule.place)] = true;
-        for (const int place : rule.check.places) read[static_cast<std::size_t>(place)] = true;
+        read[static_cast<std::size_t>(rule.field_index)] = true;
+        for (const int field : rule.check.read_fields) read[static_cast<std::size_t>(field)] = true;
         for (const Test* test : tests) test->MarkRead(read);
       }
     }
@@ -124,7 +124,7 @@ bool Withdraws(const Verdict& verdict, std::string_view text) {
 std::string_view ExpectedOf(const RuleSet& rules, std::string_view tag, std::string_view text) {
   for (const RuleGroup& group : rules.groups())
     for (const Rule& rule : group.rules) {
-      if (!IsSameTag(rules.fields()[rule.place].tag, tag) || rule.check.expected.empty()) continue;
+      if (!IsSameTag(rules.fields()[rule.field_index].tag, tag) || rule.check.expected.empty()) continue;
       const bool same = text == finding::kBlank || text == rule.check.text ||
                         text.find("(" + rule.check.expected + ")") != std::string_view::npos;
       if (same) return rule.check.expected;
@@ -151,8 +151,8 @@ bool Judging::HasMonth() const {
 Verdict& Judging::Add() {
   Verdict& verdict = verdicts_.all.emplace_back();
   verdict.rule = &rule_;
-  verdict.field = rule_.place;
-  verdict.tag = tag_.data() != nullptr ? tag_ : std::string_view(view_.fields()[rule_.place].tag);
+  verdict.field = rule_.field_index;
+  verdict.tag = tag_.data() != nullptr ? tag_ : std::string_view(view_.fields()[rule_.field_index].tag);
   verdict.as_tip = as_tip_;
   return verdict;
 }
@@ -186,7 +186,7 @@ void Judging::Change(FieldChange change) {
 }
 
 void Judging::Become(std::string text) {
-  Change({rule_.place, std::move(text), -1, ""});
+  Change({rule_.field_index, std::move(text), -1, ""});
 }
 
 void Judging::FallBack(int list, std::string text, int item, std::string message) {

@@ -20,7 +20,7 @@ struct Verdict {
   enum class Log { kNothing, kRaise, kWithdraw, kWithdrawAny };
 
   const Rule* rule = nullptr;
-  int field = -1;        // place in the record
+  int field = -1;        // index in the record's fields
   std::string_view tag;  // that the finding is kept under
   Log log = Log::kNothing;
   std::string_view text;        // of the finding raised, or withdrawn when its text is this one ...
@@ -32,7 +32,7 @@ struct Verdict {
 
 // A field of the record that a rule gave another text.
 struct FieldChange {
-  int field = -1;  // place in the record
+  int field = -1;  // index in the record's fields
   std::string text;
   int item = -1;        // of a list: select this item, as a user would; -1 sets the text alone
   std::string message;  // shown to the user
@@ -85,16 +85,16 @@ class Judging {
       : rule_(rule), view_(view), context_(context), verdicts_(verdicts), first_(verdicts.all.size()) {}
 
   // The rule's own field
-  const std::string& Text() const { return view_.Text(rule_.place); }
-  double Number() const { return view_.Number(rule_.place); }
-  bool IsFilled() const { return view_.IsFilled(rule_.place); }
-  bool IsNumeric() const { return view_.IsNumeric(rule_.place); }
+  const std::string& Text() const { return view_.Text(rule_.field_index); }
+  double Number() const { return view_.Number(rule_.field_index); }
+  bool IsFilled() const { return view_.IsFilled(rule_.field_index); }
+  bool IsNumeric() const { return view_.IsNumeric(rule_.field_index); }
 
   // Whether the check's condition to fail a value holds.
   bool MayFail() const { return rule_.check.fails_when(view_); }
 
   // The other fields that the check reads, by number
-  int Other(std::size_t number) const { return rule_.check.places[number]; }
+  int Other(std::size_t number) const { return rule_.check.read_fields[number]; }
   const RecordView& view() const { return view_; }
   const Context& context() const { return context_; }
   // Passes on the fault that reading the context met.

@@ -1,4 +1,4 @@
-// A record as its rules see it: the texts of its fields and what is checked, as the record's sheet shows them.
+// A record as its rules read it: the texts of its fields and what is checked, as the record's sheet shows them.
 // It is a plain copy: no form, no session, no store. A rule that empties or computes a text changes the view.
 #pragma once
 
@@ -13,7 +13,7 @@ namespace merlu {
 
 class Form;
 
-// A field that rules speak of: its control, and the tag that its findings are kept under.
+// A field that rules refer to: its control, and the tag that its findings are kept under.
 struct RecordField {
   std::string control;
   std::string tag;
@@ -26,7 +26,7 @@ class RecordFields {
 
   int size() const { return static_cast<int>(fields_.size()); }
   const RecordField& operator[](int field) const { return fields_[static_cast<std::size_t>(field)]; }
-  // Place of the control, without regard to case; -1 without one.
+  // Index of the control's field, without regard to case; -1 without one.
   int Find(std::string_view control) const;
   // The same; a programming error when there is none.
   int At(std::string_view control) const;

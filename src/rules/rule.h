@@ -40,7 +40,7 @@ struct CheckSpec {
   std::string text;                // of the finding, for a check that is no primitive
   std::string expected;            // what the check expects of the value: "0 to 744", "at least 0", "required"
   std::vector<std::string> reads;  // the other fields that it looks at
-  std::vector<int> places;         // of `reads`, in the rule's set
+  std::vector<int> read_fields;    // of `reads`: their indexes in the rule set's fields
   Test passed_unless;              // while it does not hold the field only looks passed, and its finding stays
 
   // The part of the condition that the check itself tests, in words.
@@ -48,7 +48,12 @@ struct CheckSpec {
 };
 
 // What a rule whose condition is false does about its field's finding.
-enum class Otherwise { kWithdraw, kNothing, kWithdrawBlank, kWithdrawOwn };
+enum class Otherwise {
+  kWithdraw,       // withdraws it, whatever its text
+  kNothing,        // leaves it
+  kWithdrawBlank,  // withdraws it when its text is finding::kBlank
+  kWithdrawOwn     // withdraws it when its text is that of the check
+};
 
 struct Rule {
   int order = 0;
@@ -57,7 +62,7 @@ struct Rule {
   CheckSpec check;
   Condition when;
   Otherwise otherwise = Otherwise::kWithdraw;
-  int place = -1;  // of the field, in the rule's set
+  int field_index = -1;  // in the rule set's fields
 
   // When the rule judges its field, in words; the check may look further.
   std::string When() const;
@@ -68,7 +73,7 @@ struct RuleGroup {
   std::vector<Rule> rules;
 };
 
-// The rules of one kind of record with the fields that they speak of: their names looked up once. It stays where
+// The rules of one kind of record with the fields that they refer to: their names looked up once. It stays where
 // it is made, and outlives the views and verdicts made with it.
 class RuleSet {
  public:

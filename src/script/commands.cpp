@@ -3,11 +3,9 @@
 #include <charconv>
 #include <cstdlib>
 
-#include "base/text.h"
 #include "forms/desk.h"
 #include "forms/grid_model.h"
 #include "script/player.h"
-#include "script/words.h"
 #include "session/main_names.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
@@ -18,7 +16,7 @@
 #include "shell/main_program.h"
 #include "shell/messages.h"
 #include "shell/month_book_dialog.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "store/value_json.h"
 

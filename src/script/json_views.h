@@ -1,9 +1,10 @@
-// What a script sees of controls, the tree and the session.
+// Controls, the tree, boxes and the session as the JSON of a script's replies.
 #pragma once
 
 #include <nlohmann/json.hpp>
 
 #include "session/session.h"
+#include "shell/ui.h"
 
 namespace merlu {
 

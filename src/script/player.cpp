@@ -7,9 +7,6 @@
 #include <utility>
 
 #include "base/fault.h"
-#include "base/text.h"
-#include "host/hand_in_pdf.h"
-#include "host/program_files.h"
 #include "host/report_pdf.h"
 #include "script/words.h"
 #include "shell/dialogs.h"
@@ -17,7 +14,6 @@
 #include "shell/draft.h"
 #include "shell/last_resort.h"
 #include "shell/main_program.h"
-#include "store/files.h"
 
 namespace merlu {
 namespace {

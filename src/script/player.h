@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "forms/platform.h"
 #include "host/real_host.h"
 #include "script/json_views.h"
 #include "session/session.h"
+#include "shell/ui.h"
 
 namespace merlu {
 
@@ -98,7 +98,7 @@ class Player : public Platform, public RealHost {
   bool stop_on_error_;
   std::function<bool(int)> wait_;
   std::optional<DateTime> clock_;
-  Session session_{*this};
+  Session session_{*this, *this, *this};
   std::deque<Button> answers_;
   std::deque<std::string> files_;
 

@@ -12,7 +12,7 @@ namespace {
 
 StepTitle TitleOf(Session& s, const std::string& what) {
   StepTitle title;
-  title.when = StoredDate(s.platform.Now());
+  title.when = StoredDate(s.host.Now());
   title.who = host::UserName();
   title.what = what;
   title.from = title.to = PackLocation(s.current, s.mode);
@@ -87,13 +87,13 @@ void OpenCompanion(Session& s) {
 namespace {
 
 std::string Today(Session& s) {
-  return StoredDate(s.platform.Now()).substr(0, 10);
+  return StoredDate(s.host.Now()).substr(0, 10);
 }
 
 }  // namespace
 
 void BackUp(Session& s, const std::string& why) {
-  MakeBackup(s.db, OwnFilesOf(s), s.platform.Now(), why, s.platform.FreeBytes(FolderOf(s.path)));
+  MakeBackup(s.db, OwnFilesOf(s), s.host.Now(), why, s.host.FreeBytes(FolderOf(s.path)));
 }
 
 namespace {

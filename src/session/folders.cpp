@@ -5,16 +5,16 @@
 namespace merlu {
 
 std::string OwnFilesFolder(Session& s) {
-  const std::string program = s.platform.ProgramFolder();
+  const std::string program = s.host.ProgramFolder();
   // an installation belongs to the system, also where the user happens to be able to write
-  if (!s.platform.IsInstalled() && CanWriteFolder(program)) return WithSeparator(program);
-  const std::string own = s.platform.DataFolder();
+  if (!s.host.IsInstalled() && CanWriteFolder(program)) return WithSeparator(program);
+  const std::string own = s.host.DataFolder();
   MakeFolder(own);
   return WithSeparator(own);
 }
 
 OwnFiles OwnFilesOf(Session& s) {
-  const std::string folder = s.platform.DataFolder();
+  const std::string folder = s.host.DataFolder();
   return {s.path, folder.empty() ? "" : WithSeparator(folder) + "unfinished"};
 }
 

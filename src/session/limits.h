@@ -1,4 +1,4 @@
-// How much the trees have room for, and what the user hears of it.
+// How much the trees have room for, and the texts about an inventory that is too large.
 #pragma once
 
 #include <cstdint>

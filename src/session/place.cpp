@@ -14,6 +14,14 @@ constexpr char kBetween = '\x1f';
 
 }  // namespace
 
+std::string StructureText(std::string_view area, std::string_view block, std::string_view name) {
+  return std::string(area).append(", ").append(block).append(", ").append(name);
+}
+
+std::string EquipmentText(std::string_view type_code, std::string_view id) {
+  return TreeTypeName(type_code) + ": " + Trim(id);
+}
+
 std::string JoinPlace(int month, int year, const std::string& structure, const std::string& equipment) {
   std::array<char, 32> date{};
   if (month != 0) std::snprintf(date.data(), date.size(), "%04d/%02d", year, month);
@@ -23,13 +31,12 @@ std::string JoinPlace(int month, int year, const std::string& structure, const s
   return place;
 }
 
-std::string StructurePart(Database& db, const std::string& complex, const std::string& structure) {
+std::string StructureTextOf(Database& db, const std::string& complex, const std::string& structure) {
   std::string text;
   db.ForEach(
       "SELECT Area,Block,Name FROM PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? AND STRUCT_NUM=? ORDER BY rowid LIMIT 1",
-      {Trim(complex), Trim(structure)}, [&](const RowView& row) {
-        text = std::string(row.Text(0)).append(", ").append(row.Text(1)).append(", ").append(row.Text(2));
-      });
+      {Trim(complex), Trim(structure)},
+      [&](const RowView& row) { text = StructureText(row.Text(0), row.Text(1), row.Text(2)); });
   return text.empty() ? Trim(complex) + "/" + Trim(structure) : text;
 }
 
@@ -38,8 +45,8 @@ std::string PlaceText(Database& db, const QCLocation& location) {
   const bool structure = equipment || location.Is(level::kStructure);
   if (!structure && !location.Is(level::kSurvey)) return "Operator: " + Trim(location.UserID);
   return JoinPlace(location.Month, location.Year,
-                   structure ? StructurePart(db, location.CmplxID, location.StructID) : "",
-                   equipment ? TreeTypeName(location.EquipType) + ": " + Trim(location.EquipID) : "");
+                   structure ? StructureTextOf(db, location.CmplxID, location.StructID) : "",
+                   equipment ? EquipmentText(location.EquipType, location.EquipID) : "");
 }
 
 std::string PackLocation(const QCLocation& l, Mode mode) {

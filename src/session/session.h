@@ -28,6 +28,8 @@
 
 namespace merlu {
 
+class Ui;
+
 // The long-lived cursors, one per table, open as long as the database is.
 class Cursors {
  public:
@@ -45,11 +47,13 @@ inline constexpr std::size_t kPageMemorySize = 19;  // type numbers 0 to 18
 using PageMemory = std::array<std::uint8_t, kPageMemorySize>;
 
 struct Session {
-  explicit Session(Platform& front_end) : platform(front_end) {}
+  Session(Host& machine, Progress& display, Ui& front_end) : host(machine), progress(display), ui(front_end) {}
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  Platform& platform;
+  Host& host;
+  Progress& progress;
+  Ui& ui;  // for the shell, which alone can use it (shell/ui.h)
   Desk desk;
   Form* main = nullptr;  // frmMain, with the sheets of operator, survey and structure
   WaitScreen wait;

@@ -15,8 +15,8 @@ namespace merlu {
 struct TreeNode {
   std::string key;
   std::string text;
-  int parent = -1;
-  int depth = 0;
+  int parent = -1;  // index of its parent, -1 for a root
+  int depth = 0;    // 0 for a root
   bool expanded = false;
   bool hidden = false;        // the filter leaves it out
   std::vector<int> children;  // in the order that shows
@@ -25,7 +25,7 @@ struct TreeNode {
 struct Tree {
   std::vector<TreeNode> nodes;  // in the order of adding; node 0 is the first root
   std::vector<int> roots;
-  int selected = -1;
+  int selected = -1;  // index of the selected node, -1 for none
   bool enabled = true;
   std::uint64_t revision = 0;   // grows with every change of nodes or order
   std::uint64_t expansion = 0;  // grows when nodes were expanded, collapsed, hidden or shown by the program
@@ -34,7 +34,7 @@ struct Tree {
   // Adds a node under the one with the parent key (empty: a root). kKeyNotUnique for a key that exists,
   // kNoSuchNode for a parent that does not.
   int Add(std::string_view parent_key, std::string key, std::string text);
-  // The same under a node that is known by its place, -1 for a root.
+  // The same under a node that is known by its index, -1 for a root. Both return the new node's index.
   int AddUnder(int parent, std::string key, std::string text);
   // kNoSuchNode when there is none.
   int Require(std::string_view key) const;

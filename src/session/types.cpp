@@ -28,12 +28,12 @@ const std::vector<EquipmentType>& EquipmentTypes() {
   return types;
 }
 
-std::vector<const EquipmentType*> TypesBy(int EquipmentType::*place) {
+std::vector<const EquipmentType*> TypesBy(int EquipmentType::*position) {
   std::vector<const EquipmentType*> types;
   for (const EquipmentType& type : EquipmentTypes())
-    if (type.*place > 0) types.push_back(&type);
+    if (type.*position > 0) types.push_back(&type);
   std::sort(types.begin(), types.end(),
-            [place](const EquipmentType* a, const EquipmentType* b) { return a->*place < b->*place; });
+            [position](const EquipmentType* a, const EquipmentType* b) { return a->*position < b->*position; });
   return types;
 }
 

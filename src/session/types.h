@@ -18,7 +18,7 @@ struct EquipmentType {
   std::string_view build_name;   // that the tree's build calls it by
   std::string_view tree_name;    // in node texts
   bool has_activity;             // false: no EA_<code> table, and no activity mode
-  // Places in the orders of lists; 0: it is not in the list
+  // Positions in lists, from 1; 0: it is not in the list
   int in_tree;      // the build of a tree
   int in_walk;      // a structure's QC run
   int in_year;      // the annual run's passes by type
@@ -30,8 +30,8 @@ struct EquipmentType {
 // In the order of the new-equipment dialog's drop-down.
 const std::vector<EquipmentType>& EquipmentTypes();
 
-// Those that have a place in a list, in its order: TypesBy(&EquipmentType::in_walk).
-std::vector<const EquipmentType*> TypesBy(int EquipmentType::*place);
+// Those that are in a list, in its order: TypesBy(&EquipmentType::in_walk).
+std::vector<const EquipmentType*> TypesBy(int EquipmentType::*position);
 
 // By code; null for an unknown one.
 const EquipmentType* FindType(std::string_view code);

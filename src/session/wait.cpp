@@ -12,21 +12,21 @@ constexpr std::uint64_t kLongWorkBytes = 4U << 20U;
 
 void ShowWait(Session& s, const std::string& title, const std::string& text) {
   s.wait = {true, title, text, 0, 0, FileSize(s.path) >= kLongWorkBytes};
-  s.platform.PaintWait(s.wait);
+  s.progress.PaintWait(s.wait);
 }
 
-void Progress(Session& s, const std::string& text, int done, int total) {
+void ShowProgress(Session& s, const std::string& text, int done, int total) {
   if (!s.wait.showing) return;
   s.wait.text = text;
   s.wait.done = done;
   s.wait.total = total;
-  s.platform.PaintWait(s.wait);
+  s.progress.PaintWait(s.wait);
 }
 
 void HideWait(Session& s) {
   if (!s.wait.showing) return;
   s.wait.showing = false;
-  s.platform.PaintWait(s.wait);
+  s.progress.PaintWait(s.wait);
 }
 
 }  // namespace merlu

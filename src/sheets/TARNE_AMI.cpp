@@ -2,8 +2,8 @@
 // destination of the vented gas.
 #include "base/numbers.h"
 #include "qc/qc_log.h"
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

@@ -1,8 +1,8 @@
 // Boiler, heater or burner. It has two parallel sets of fuel fields, one for gas fuels and one for oil
 // fuels; the fuel type chooses which set is live. The two sets share their tags, so the set that the fuel
 // does not choose is neither checked nor withdrawn: that would wipe the findings of the other.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

@@ -1,6 +1,6 @@
 // Combustion flare.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

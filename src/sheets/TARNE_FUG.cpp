@@ -1,7 +1,7 @@
 // Fugitives: what leaks on a structure, in one stream. The one type without activity: no month, no status,
 // no date of last QC.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

@@ -1,6 +1,6 @@
 // Drilling equipment: the type is DRI, but its form and controls are named JAC.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

@@ -1,6 +1,6 @@
 // Losses from flashing: the pressures that a vessel may have depend on its type.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

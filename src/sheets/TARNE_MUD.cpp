@@ -1,6 +1,7 @@
 // Mud degassing.
 #include "rules/checks.h"
-#include "sheets/units.h"
+#include "session/types.h"
+#include "sheets/spec.h"
 
 namespace merlu {
 namespace {

@@ -1,8 +1,8 @@
 // Natural gas, diesel or dual-fuel turbine. The gas set of fields is required, the diesel set is checked
 // only where it is filled in.
 #include "base/numbers.h"
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

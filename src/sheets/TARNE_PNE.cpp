@@ -1,7 +1,7 @@
 // Pneumatic pump. Make and model come from the look-up table listPNE, which grows with what is typed.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/blocks/lookup.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

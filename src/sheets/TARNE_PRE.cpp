@@ -1,8 +1,8 @@
 // Pneumatic controllers. Service type, make and model come from the look-up table listPRE, each list from
 // the choice before it; the table grows with what is typed.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/blocks/lookup.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

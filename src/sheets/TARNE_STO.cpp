@@ -1,7 +1,7 @@
 // Storage tank. Shape and orientation decide which of the five dimensions exist: on the screen, in the rules and in the
 // stored row, each with its own conditions.
+#include "session/types.h"
 #include "sheets/blocks/blocks.h"
-#include "sheets/units.h"
 
 namespace merlu {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "base/dates.h"
 #include "qc/qc_list.h"
+#include "session/find_rows.h"
 #include "session/main_names.h"
 #include "session/notices.h"
-#include "session/records.h"
 #include "sheets/blocks/blocks.h"
 #include "sheets/build.h"
 #include "sheets/conversions.h"

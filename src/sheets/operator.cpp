@@ -6,9 +6,9 @@
 
 #include "base/text.h"
 #include "rules/checks.h"
+#include "session/find_rows.h"
 #include "session/main_names.h"
 #include "session/notices.h"
-#include "session/records.h"
 #include "sheets/build.h"
 #include "sheets/operator_names.h"
 

@@ -26,17 +26,17 @@ bool IsShown(const FieldSpec& field) {
   return !field.column.empty() && (field.loads || field.loads_last);
 }
 
-void ShowNumber(const RowView& row, int column, int place, RecordView& view) {
+void ShowNumber(const RowView& row, int column, int index, RecordView& view) {
   constexpr std::int64_t kFewDigits = 1'000'000'000'000'000;
   switch (row.TypeOf(column)) {
     case RowView::ColumnType::kNull: return;
-    case RowView::ColumnType::kReal: return view.SetNumber(place, row.Number(column));
+    case RowView::ColumnType::kReal: return view.SetNumber(index, row.Number(column));
     case RowView::ColumnType::kInteger:
-      if (std::abs(row.Integer(column)) < kFewDigits) return view.SetNumber(place, row.Number(column));
+      if (std::abs(row.Integer(column)) < kFewDigits) return view.SetNumber(index, row.Number(column));
       break;
     default: break;
   }
-  view.SetText(place, NullToEmpty(row.At(column)));
+  view.SetText(index, NullToEmpty(row.At(column)));
 }
 
 // The list offers what the destination asks for; an ID that it lacks shows nothing.
@@ -79,7 +79,7 @@ RowReader::RowReader(const std::vector<FieldSpec>& fields, const RuleSet& rules,
       if (LoadStep(field) != step || !IsShown(field) || (IsMonthly(field) && mode != Mode::kActv)) continue;
       Cell cell{&field, rules.fields().At(field.control), field.shown_when.holds};
       cell.shown_when.Resolve(rules.fields());
-      if (wanted == Wanted::kAllFields || rules.Reads(mode, cell.place)) cells_.push_back(std::move(cell));
+      if (wanted == Wanted::kAllFields || rules.Reads(mode, cell.index)) cells_.push_back(std::move(cell));
     }
   for (const Cell& cell : cells_)
     if (cell.field->stored == Stored::kDestination) destination_ = rules.fields().At(cell.field->destination);
@@ -106,14 +106,14 @@ void RowReader::ShowCell(const RowView& row, int column, const Cell& cell, const
   const FieldSpec& field = *cell.field;
   if (!cell.shown_when(view)) return;
   if (field.stored == Stored::kNumber || field.stored == Stored::kComputed)
-    return ShowNumber(row, column, cell.place, view);
+    return ShowNumber(row, column, cell.index, view);
   if (field.stored == Stored::kDestination)
-    return view.SetText(cell.place, ShownDestination(row, column, view.Text(destination_), context));
+    return view.SetText(cell.index, ShownDestination(row, column, view.Text(destination_), context));
   const Value value = row.At(column);
   if (field.kind == Kind::kOption)
-    view.SetChecked(cell.place, ToNumber(value) != 0);
+    view.SetChecked(cell.index, ToNumber(value) != 0);
   else
-    view.SetText(cell.place, field.stored == Stored::kNone ? NullToEmpty(value) : ShownText(field, value));
+    view.SetText(cell.index, field.stored == Stored::kNone ? NullToEmpty(value) : ShownText(field, value));
 }
 
 std::string HasValues(const std::vector<FieldSpec>& fields, const std::string& month) {

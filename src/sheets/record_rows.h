@@ -13,7 +13,7 @@ namespace merlu {
 
 // The rules of the structure's sheet or of a type's, with their fields looked up.
 const RuleSet& RulesOf(const SheetSpec& sheet);
-// The fields that the rules of a sheet can speak of: its own, and the box of the month's status.
+// The fields that the rules of a sheet can refer to: its own, and the box of the month's status.
 std::vector<RecordField> RecordFieldsOf(const SheetSpec& sheet);
 
 enum class Wanted { kAllFields, kWhatRulesRead };
@@ -33,13 +33,13 @@ class RowReader {
  private:
   struct Cell {
     const FieldSpec* field;
-    int place;
+    int index;
     Test shown_when;
   };
   void ShowCell(const RowView& row, int column, const Cell& cell, const Context& context, RecordView& view) const;
 
   std::vector<Cell> cells_;
-  int destination_ = -1;  // place of the list that a remote vent or flare depends on
+  int destination_ = -1;  // index of the list that a remote vent or flare depends on
 };
 
 // Whether any of the month's columns is not Null, as an expression of the month's table under that name.

@@ -76,15 +76,15 @@ FieldSpec OpenItemText(In mode, std::string control, std::string caption, std::s
 // Fields that are on while a condition holds, and off otherwise. Off is disabled with the read-only background, on is
 // enabled with the editable one. Texts are kept unless `empties` is set.
 struct Enabling {
-  enum class At { kUnlock, kClick, kBoth };
-  enum class Does { kEnable, kLock, kEnableAndLock };
-  enum class Empties { kNever, kAtClick, kAlways };
+  enum class At { kUnlock, kClick, kBoth };            // when it applies: as an edit begins, at a click on its lists
+  enum class Does { kEnable, kLock, kEnableAndLock };  // kLock: off is read-only and stays enabled
+  enum class Empties { kNever, kAtClick, kAlways };    // when fields that turn off lose their texts
   At at = At::kBoth;
   In mode = In::kBoth;
   std::vector<std::string> lists;  // whose click applies the row
   Condition when;
   std::vector<std::string> fields;
-  Does does = Does::kEnable;  // kLock: off is read-only and stays enabled
+  Does does = Does::kEnable;
   Empties empties = Empties::kNever;
   bool keeps_colour = false;  // off leaves the background alone
   bool only_off = false;      // what would be on stays as it is

@@ -11,7 +11,7 @@ namespace merlu {
 
 inline constexpr const char* kStructureStatus = names::chkSTRUCTURE_Status;
 
-// Its table. The two IDs are shown and never changed.
+// The table of its sheet. The two IDs are shown and never changed.
 const SheetSpec& StructureSheet();
 // Its rules, by group: fields, sales gas composition, retired findings.
 std::vector<RuleGroup> StructureRules();

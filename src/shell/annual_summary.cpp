@@ -52,8 +52,8 @@ void RenderReport(Session& s, const InventoryRun& run, const std::string& path) 
   const Busy busy(s);
   try {
     WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) {
-      s.platform.WriteReport(ReadInventoryReport(s, run), unfinished,
-                             [&s](int done, int total) { Progress(s, "Writing the report", done, total); });
+      s.host.WriteReport(ReadInventoryReport(s, run), unfinished,
+                         [&s](int done, int total) { ShowProgress(s, "Writing the report", done, total); });
     });
   } catch (const Fault& fault) {
     HideWait(s);
@@ -62,7 +62,7 @@ void RenderReport(Session& s, const InventoryRun& run, const std::string& path) 
   }
   HideWait(s);
   Say(s, "QA summary saved as " + FileName(path));
-  s.platform.OpenDocument(path);
+  s.ui.OpenDocument(path);
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include "forms/dialog_buttons.h"
 #include "history/backups.h"
 #include "session/act.h"
-#include "session/folders.h"
 #include "session/place.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
@@ -73,7 +72,7 @@ void Make(Session& s, Form& form) {
 
 StepTitle RestoreTitle(Session& s, const Backup& backup) {
   StepTitle title;
-  title.when = StoredDate(s.platform.Now());
+  title.when = StoredDate(s.host.Now());
   title.who = host::UserName();
   title.what = "Backup restored";
   title.place = "Backup of " + StoredDate(backup.when);

@@ -13,10 +13,10 @@
 #include "records/survey_record.h"
 #include "rules/checks.h"
 #include "session/act.h"
+#include "session/find_rows.h"
 #include "session/limits.h"
 #include "session/node_keys.h"
 #include "session/place.h"
-#include "session/records.h"
 #include "sheets/operator.h"
 #include "sheets/operator_names.h"
 #include "shell/backup_dialog.h"
@@ -27,7 +27,7 @@
 #include "shell/history_dialog.h"
 #include "shell/messages.h"
 #include "shell/program_end.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "shell/trees.h"
 
@@ -123,10 +123,12 @@ bool AddStructure(Session& s, const NewStructure& structure) {
   const std::string name = StructureText(structure.area, structure.block, structure.name);
   const Act act(s, "New Structure", JoinPlace(0, 0, name, ""), StructureAt(s, structure));
   WriteBatch batch(s.db);
-  if (StructureExists(s, structure.complex, structure.structure)) return false;
+  if (StructureExists(s.db, structure.complex, structure.structure)) return false;
   RequireRoomForStructure(s);
-  NewStructureRows(s, structure);
+  const RecordKeys keys = NewStructureRows(s, s.current.UserID, structure);
   batch.Commit();
+  s.PD_ID_AK = keys.PD_ID_AK;
+  if (keys.SA_ID_AK != 0) s.SA_ID_AK = keys.SA_ID_AK;
   return true;
 }
 
@@ -184,13 +186,15 @@ std::string EquipmentPlace(Session& s, const EquipmentType& type, const std::str
 bool AddEquipment(Session& s, const EquipmentType& type, const std::string& id) {
   const Act act(s, "New Equipment", EquipmentPlace(s, type, id), EquipmentAt(s, type, id));
   WriteBatch batch(s.db);
-  if (EquipmentExists(s, type, id)) return false;
+  if (EquipmentExists(s.db, s.PD_ID_AK, type, id)) return false;
   InventorySize size = SizeOf(s.db, s.last_month);
   ++size.equipment;
   if (type.has_activity) ++size.equipment_with_months;
   RequireRoom(size);
-  NewEquipRows(s, type, id);
+  const RecordKeys keys = NewEquipRows(s, s.PD_ID_AK, s.InActv() ? s.current.Month : 0, type, id);
   batch.Commit();
+  s.ED_ID_AK = keys.ED_ID_AK;
+  if (keys.EA_ID_AK != 0) s.EA_ID_AK = keys.EA_ID_AK;
   return true;
 }
 
@@ -348,7 +352,10 @@ void DeleteCurrent(Session& s) {
   if (!act.MayWrite()) return;
   const bool deleted = Plainly(s, [&] {
     const std::vector<std::int64_t> months = structure ? MonthsOf(s, s.PD_ID_AK) : std::vector<std::int64_t>();
-    DeleteCurrentRecord(s);
+    if (structure)
+      DeleteStructure(s, s.PD_ID_AK, s.current);
+    else
+      DeleteEquipment(s, s.ED_ID_AK, s.current);
     for (const std::int64_t month : months) s.activity_record.Remove(month);
   });
   if (!deleted) return;
@@ -362,12 +369,13 @@ void AddNextMonth(Session& s) {
   Plainly(s, [&] {
     if (s.At("CO_COMPANY").IsEmpty()) return Tell(s, "Please Add Platform/Equipment Descriptions first.");
     if (s.last_month == 12) return Tell(s, kAllMonths);
-    bool added = false;
+    std::optional<std::int64_t> added;
     {
       const Busy busy(s);
       added = AddMonthRows(s);
     }
     if (!added) return Tell(s, kAllMonths);
+    MoveToNewMonth(s, *added);
     std::array<char, 48> text;
     std::snprintf(text.data(), text.size(), "Monthly Survey: %d/%02d", s.year, s.last_month);
     const std::string& user = s.current.UserID;
@@ -384,7 +392,7 @@ void OpenAbout(Session& s) {
 
 void ShowSplash(Session& s) {
   s.desk.Show(AboutForm(s));
-  s.platform.Paint();
+  s.ui.Paint();
 }
 
 void CloseSplash(Session& s) {

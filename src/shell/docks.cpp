@@ -44,7 +44,7 @@ void ToggleDock(Session& s, Form& dock) {
 void ReopenDocks(Session& s) {
   std::vector<std::string> commands;
   for (const Control& control : s.main->controls())
-    if (control.checkable && !control.checked && s.platform.Setting(kSection, control.name) == kShows)
+    if (control.checkable && !control.checked && s.host.Setting(kSection, control.name) == kShows)
       commands.push_back(control.name);
   for (const std::string& command : commands) s.main->Raise(command, Event::kClick);
 }

@@ -9,6 +9,7 @@
 #include "forms/dialog.h"
 #include "history/notes.h"
 #include "records/judge_records.h"
+#include "session/main_names.h"
 #include "session/place.h"
 #include "sheets/structure.h"
 #include "sheets/units.h"
@@ -17,7 +18,7 @@
 #include "shell/edit_cycle.h"
 #include "shell/messages.h"
 #include "shell/navigation.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu {
 namespace {
@@ -164,7 +165,7 @@ void Continue(Session& s, const Draft& draft) {
   QCLocation at;
   Mode mode = s.mode;
   if (!UnpackLocation(draft.at, at, mode) || !GoTo(s, at, mode)) return;
-  if (const Control& edit = s.main->At("cmdEdit"); !edit.visible || !edit.enabled) {
+  if (const Control& edit = s.main->At(names::cmdEdit); !edit.visible || !edit.enabled) {
     Tell(s, "This record cannot be edited while its structure reports no emissions for the month.");
     return;
   }

@@ -6,9 +6,10 @@
 
 namespace merlu {
 
-// The edit begins: from here on its texts are looked at.
+// The edit begins: from here on what is typed into its fields is compared with what they held.
 void BeginDraft(Session& s);
-// After acts of the user, and from time to time; `at_once` does not wait for the second to be over.
+// After acts of the user, and from time to time: writes the draft when it has changed, once a second at most. kAtOnce
+// does not wait for that.
 enum class When { kInTime, kAtOnce };
 void KeepDraftOfEdit(Session& s, When when = When::kInTime);
 // Whether a field of the edit differs from what was loaded or saved last.

@@ -9,10 +9,9 @@
 #include "sheets/operator.h"
 #include "shell/commands.h"
 #include "shell/draft.h"
-#include "shell/entry_commands.h"
 #include "shell/messages.h"
 #include "shell/qc_command.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "shell/trees.h"
 
@@ -80,7 +79,7 @@ void SaveEdits(Session& s) {
 
 namespace {
 
-// What the operator lacks is told, and its field gets the focus.
+// A message names what the operator's record lacks, and its field gets the focus.
 bool IsOperatorComplete(Session& s) {
   const auto unmet = s.current.Is(level::kUser) ? UnmetOfOperator(*s.main) : std::nullopt;
   if (!unmet) return true;
@@ -148,7 +147,7 @@ void RunQCHere(Session& s) {
   Say(s, "QC was run");
   // a run that ended with a fault has moved the location; the next edit is of the sheet that is shown
   s.current = here;
-  ShowFindingsOfRun(s);
+  ShowFieldFindingsOfRun(s);
 }
 
 }  // namespace merlu

@@ -1,7 +1,7 @@
 #include "shell/edit_modes.h"
 
+#include "session/find_rows.h"
 #include "session/main_names.h"
-#include "session/records.h"
 #include "shell/commands.h"
 #include "shell/messages.h"
 #include "shell/trees.h"

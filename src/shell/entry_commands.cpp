@@ -6,13 +6,12 @@
 #include "entry/month_record.h"
 #include "entry/shown_findings.h"
 #include "session/act.h"
-#include "session/main_names.h"
 #include "session/node_keys.h"
 #include "session/types.h"
 #include "sheets/units.h"
 #include "shell/edit_cycle.h"
 #include "shell/messages.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "shell/strip_dock.h"
 
@@ -108,7 +107,7 @@ void SaveAndPrevious(Session& s) {
 void ShowEntryMarks(Session& s) {
   ShowMonthBefore(s);
   ShowCopied(s);
-  ShowFindings(s);
+  ShowFieldFindings(s);
   FollowFocus(s);
 }
 

@@ -23,14 +23,12 @@
 #include "shell/filename_rule.h"
 #include "shell/import_plan_dialog.h"
 #include "shell/messages.h"
-#include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/proposed_name.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "shell/trees.h"
 #include "store/files.h"
-#include "store/image.h"
 
 namespace merlu {
 namespace {
@@ -156,7 +154,7 @@ bool Write(Session& s, const std::string& file, const char* cut_failed, const Cu
   };
   try {
     const Working working(s, "Export", "Writing " + file);
-    const std::uint64_t free_bytes = s.platform.FreeBytes(FolderOf(file));
+    const std::uint64_t free_bytes = s.host.FreeBytes(FolderOf(file));
     compaction = WriteExport(OwnFilesOf(s), s.db, file, free_bytes, cut ? Cut(watched) : Cut());
     return true;
   } catch (const Fault& fault) {
@@ -214,7 +212,7 @@ void ExportPickedSurveys(Session& s, Form& form) {
   if (!Write(s, file, "errors during export of Month/Year", cut, compaction)) return;
   for (const Survey& survey : surveys) {
     GoToSurvey(s, survey);
-    KeepHandIn(s.companion, survey.year, survey.month, StoredDate(s.platform.Now()));
+    KeepHandIn(s.companion, survey.year, survey.month, StoredDate(s.host.Now()));
     TellOfFile(s, "Completed exporting Survey: " + survey.text, file);
   }
   Say(s, "Survey " + surveys.back().text + " exported to " + FileName(file));

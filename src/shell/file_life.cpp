@@ -50,7 +50,7 @@ void CreateNewDatabase(Session& s) {
       s,
       [&] {
         const std::string path = NextFreeFileName(WithSeparator(folder) + "MERLU.mdb");
-        CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path);
+        CopyDatabase(WithSeparator(s.host.ProgramFolder()) + "mr.dbt", path);
         Tell(s, "New database successfully created:\n" + path, Icon::kInfo);
       },
       folder);

@@ -8,7 +8,6 @@
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
 #include "session/node_keys.h"
-#include "sheets/units.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
 #include "shell/help.h"
@@ -44,7 +43,7 @@ class Found : public ListModel {
 
 std::vector<std::string> ReadRecent(Session& s) {
   std::vector<std::string> recent;
-  const std::string text = s.platform.Setting(kSection, kRecent);
+  const std::string text = s.host.Setting(kSection, kRecent);
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find(kBetween, at), text.size());
     recent.push_back(text.substr(at, end - at));

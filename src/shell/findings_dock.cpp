@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
 #include "exchange/list_file.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
@@ -72,11 +71,11 @@ const ReviewedFinding& At(const Review& review, FindingPlace at) {
 
 bool GoToFinding(Session& s, const Review& review, FindingPlace at) {
   const ReviewedRecord& record = review.records[static_cast<std::size_t>(at.record)];
-  const Said& said = *At(review, at).said;
+  const FindingKind& kind = *At(review, at).kind;
   // by value: going there may change the review
   const QCLocation location = LocationOf(review, record);
   const Mode mode = ModeOf(record);
-  const std::string field = said.control.empty() ? said.tag : said.control;
+  const std::string field = kind.control.empty() ? kind.tag : kind.control;
   return GoTo(s, location, mode, field);
 }
 
@@ -112,10 +111,10 @@ Standing WhereTheUserStands(Session& s, const FindingsModel& model, const std::v
   if (record < 0) return standing;
   const auto is_behind = [&](FindingPlace each) {
     if (each.record != record) return each.record > record;
-    return goes_on && At(model.review(), each).said->field > walk.field;
+    return goes_on && At(model.review(), each).kind->field > walk.field;
   };
   for (std::size_t i = 0; i < order.size(); ++i) {
-    const bool same = goes_on && order[i].record == record && At(model.review(), order[i]).said->tag == walk.to.tag;
+    const bool same = goes_on && order[i].record == record && At(model.review(), order[i]).kind->tag == walk.to.tag;
     if (same) standing.on = static_cast<int>(i);
   }
   const auto next = std::find_if(order.begin(), order.end(), [&](FindingPlace each) {
@@ -143,8 +142,8 @@ void Step(Session& s, int by) {
   next = (next + count) % count;
   const FindingPlace at = order[static_cast<std::size_t>(next)];
   const ReviewedRecord& record = model.review().records[static_cast<std::size_t>(at.record)];
-  const FindingName name{record.kind, record.key, At(model.review(), at).said->tag};
-  const int field = At(model.review(), at).said->field;
+  const FindingName name{record.kind, record.key, At(model.review(), at).kind->tag};
+  const int field = At(model.review(), at).kind->field;
   const bool gone = record.gone != nullptr;
   if (!GoToFinding(s, model.review(), at) && !gone) return;
   Remember(s, model, name, field);
@@ -163,7 +162,7 @@ std::vector<FindingToExplain> Picked(Form& dock) {
     if (row < 0 || row >= model.RowCount()) continue;
     const ReviewedFinding& finding = model.At(row);
     const ReviewedRecord& record = model.RecordAt(row);
-    picked.push_back({LocationOf(model.review(), record), ModeOf(record), finding.said->tag, finding.said->text,
+    picked.push_back({LocationOf(model.review(), record), ModeOf(record), finding.kind->tag, finding.kind->text,
                       finding.value, finding.row, finding.comment});
   }
   return picked;
@@ -267,7 +266,7 @@ Form& MakeDock(Session& s) {
     FindingsModel& model = ModelOf(dock);
     const std::vector<int>& picked = dock.At(kList).picked;
     if (picked.size() != 1 || picked.front() < 0 || picked.front() >= model.RowCount()) return;
-    Remember(s, model, model.NameAt(picked.front()), model.At(picked.front()).said->field, true);
+    Remember(s, model, model.NameAt(picked.front()), model.At(picked.front()).kind->field, true);
   });
   dock.On(kList, Event::kDoubleClick, [&s, &dock] {
     Refresh(dock);
@@ -275,7 +274,7 @@ Form& MakeDock(Session& s) {
     const std::vector<int>& picked = dock.At(kList).picked;
     if (picked.empty() || picked.front() >= model.RowCount()) return;
     const FindingName name = model.NameAt(picked.front());
-    const int field = model.At(picked.front()).said->field;
+    const int field = model.At(picked.front()).kind->field;
     if (!GoToFinding(s, model.review(), model.PlaceAt(picked.front()))) return;
     Remember(s, model, name, field);
   });

@@ -13,9 +13,8 @@
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
 #include "shell/dialog_names.h"
-#include "shell/entry_commands.h"
 #include "shell/messages.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu {
 namespace {

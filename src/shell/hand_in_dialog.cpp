@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
 #include "qc_run/check_unchecked.h"
@@ -16,7 +15,7 @@
 #include "shell/messages.h"
 #include "shell/navigation.h"
 #include "shell/proposed_name.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "store/files.h"
 
@@ -69,7 +68,7 @@ void CheckAll(Session& s, Form& dialog) {
   CheckedRecords checked;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
-    s.platform.AllowStop();
+    s.progress.AllowStop();
     ShowWait(s, "Check What Was Not", "Checking ...");
     try {
       checked = CheckUnchecked(s, MonthOf(dialog));

@@ -1,6 +1,5 @@
 #include "shell/hand_in_files.h"
 
-#include "base/fault.h"
 #include "base/text.h"
 #include "exchange/list_file.h"
 #include "review/findings_model.h"
@@ -21,7 +20,7 @@ void WriteWorkbook(Session& s, const Review& review, const std::vector<HandInRow
   const std::vector<std::vector<std::string>> about = {
       {"", HandInVerdict(checks), "", ""},
       {"", WhenText(review, month), "", ""},
-      {"", "Date: " + SheetDate(s.platform.Now()) + ", " + ProgramName(), "", ""},
+      {"", "Date: " + SheetDate(s.host.Now()) + ", " + ProgramName(), "", ""},
   };
   const int rows = static_cast<int>(checks.size() + about.size());
   const ListToWrite state{
@@ -41,10 +40,10 @@ void WriteHandIn(Session& s, const Review& review, const std::vector<HandInRow>&
                  const std::string& path) {
   if (Lower(path).ends_with(".xlsx")) return WriteWorkbook(s, review, checks, month, path);
   HandInReport report = MakeHandInReport(s.db, review, checks, month);
-  report.printed = s.platform.Now();
+  report.printed = s.host.Now();
   report.program = ProgramName();
   WriteNewFile(OwnFilesOf(s), path,
-               [&](const std::string& unfinished) { s.platform.WriteHandInReport(report, unfinished); });
+               [&](const std::string& unfinished) { s.host.WriteHandInReport(report, unfinished); });
 }
 
 }  // namespace merlu

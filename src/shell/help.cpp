@@ -84,7 +84,7 @@ void TellMissing(Session& s, const std::string& path) {
 }
 
 std::string BesideProgram(Session& s, const std::string& file) {
-  return WithSeparator(s.platform.ProgramFolder()) + file;
+  return WithSeparator(s.host.ProgramFolder()) + file;
 }
 
 }  // namespace
@@ -139,7 +139,7 @@ std::vector<std::string> ScreenHelpFiles() {
 void OpenHelpDocument(Session& s, const std::string& file) {
   const std::string path = BesideProgram(s, file);
   if (!FileExists(path)) return TellMissing(s, path);
-  s.platform.OpenDocument(path);
+  s.ui.OpenDocument(path);
 }
 
 }  // namespace merlu

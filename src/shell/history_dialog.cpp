@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "base/case_folding.h"
-#include "base/text.h"
 #include "exchange/table_file.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
@@ -15,7 +14,6 @@
 #include "shell/history_values.h"
 #include "shell/messages.h"
 #include "shell/proposed_name.h"
-#include "shell/status.h"
 #include "shell/undo.h"
 #include "store/files.h"
 

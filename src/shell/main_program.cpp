@@ -10,14 +10,13 @@
 #include "shell/dialogs.h"
 #include "shell/docks.h"
 #include "shell/draft.h"
-#include "shell/edit_cycle.h"
 #include "shell/edit_modes.h"
 #include "shell/main_form.h"
 #include "shell/messages.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
 #include "shell/recent_files.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/trees.h"
 #include "store/files.h"
 
@@ -29,12 +28,12 @@ constexpr const char* kFarewell = "Sorry, cannot proceed without User Informatio
 // Where the database lies when no setting names one. A first start finds a fresh copy of the template.
 std::string DefaultPath(Session& s) {
   std::string path = OwnFilesFolder(s) + "merlu.mdb";
-  if (!FileExists(path)) Plainly(s, [&] { CopyDatabase(WithSeparator(s.platform.ProgramFolder()) + "mr.dbt", path); });
+  if (!FileExists(path)) Plainly(s, [&] { CopyDatabase(WithSeparator(s.host.ProgramFolder()) + "mr.dbt", path); });
   return path;
 }
 
 std::string PathFromSettings(Session& s) {
-  std::string path = s.platform.Setting(kSettingSection, kSettingPath);
+  std::string path = s.host.Setting(kSettingSection, kSettingPath);
   if (path.empty()) return DefaultPath(s);
   // a value that names no database file gets the default name, with no separator
   if (path.size() < 4 || Lower(path.substr(path.size() - 4)) != ".mdb") path += "merlu.mdb";

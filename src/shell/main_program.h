@@ -1,4 +1,5 @@
-// The start of the program, and its end.
+// shell/ is the program as a user works with it, without its windows: commands, tree, sheets, edits, dialogs and docks.
+// Here: the start of the program, and its end.
 #pragma once
 
 #include "session/session.h"

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "forms/dialog.h"
-
 namespace merlu {
 namespace {
 
@@ -19,7 +17,7 @@ void ShowNotices(Session& s) {
   while (!s.notices.waiting.empty()) {
     const Notice notice = std::move(s.notices.waiting.front());
     s.notices.waiting.erase(s.notices.waiting.begin());
-    s.platform.Ask({notice.text, s.title, notice.icon, {Button::kOK}, 0, notice.detail});
+    s.ui.Ask({notice.text, s.title, notice.icon, {Button::kOK}, 0, notice.detail});
   }
 }
 
@@ -34,7 +32,7 @@ std::vector<std::string> TakeRuleNotices(Session& s) {
 
 Button Ask(Session& s, const Box& box) {
   ShowNotices(s);
-  return s.platform.Ask(box);
+  return s.ui.Ask(box);
 }
 
 Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons, Icon icon) {
@@ -43,17 +41,23 @@ Button AskUser(Session& s, const std::string& text, std::vector<Button> buttons,
 
 std::string AskFile(Session& s, const FileQuestion& question) {
   ShowNotices(s);
-  return s.platform.AskFile(question);
+  return s.ui.AskFile(question);
 }
 
 std::string AskFolder(Session& s, const std::string& prompt) {
   ShowNotices(s);
-  return s.platform.AskFolder(prompt);
+  return s.ui.AskFolder(prompt);
 }
 
 void OpenDialog(Session& s, Form& form) {
   ShowNotices(s);
-  ShowDialog(s.desk, s.platform, form);
+  form.loaded = true;
+  form.modal = true;
+  s.desk.Show(form);
+  s.ui.RunModal(form);
+  s.desk.Hide(form);
+  form.modal = false;
+  form.loaded = false;
   ShowNotices(s);
 }
 
@@ -83,7 +87,7 @@ void TellFaultNumberFirst(Session& s, const Fault& fault, const std::string& pat
 }
 
 void KeepSetting(Session& s, const std::string& section, const std::string& key, const std::string& value) {
-  Plainly(s, [&] { s.platform.StoreSetting(section, key, value); });
+  Plainly(s, [&] { s.host.StoreSetting(section, key, value); });
 }
 
 }  // namespace merlu

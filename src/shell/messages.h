@@ -1,4 +1,4 @@
-// How a screen speaks to the user. Whatever is shown comes after the notices of the procedures that it called.
+// Message boxes and dialogs. The notices of the procedures that were called before are shown first.
 #pragma once
 
 #include <string>
@@ -7,6 +7,7 @@
 #include "base/fault.h"
 #include "session/session.h"
 #include "session/wait.h"
+#include "shell/ui.h"
 
 namespace merlu {
 

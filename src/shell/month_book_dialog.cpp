@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
 #include "entry/month_book.h"
 #include "forms/dialog.h"
 #include "forms/dialog_buttons.h"
@@ -12,7 +11,7 @@
 #include "shell/dialog_names.h"
 #include "shell/messages.h"
 #include "shell/proposed_name.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "store/files.h"
 

@@ -3,11 +3,10 @@
 #include "base/text.h"
 #include "forms/desk.h"
 #include "session/node_keys.h"
-#include "sheets/sheet_form.h"
 #include "sheets/units.h"
 #include "shell/edit_modes.h"
 #include "shell/messages.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/trees.h"
 
 namespace merlu {

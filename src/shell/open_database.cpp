@@ -4,7 +4,6 @@
 
 #include "base/dates.h"
 #include "base/host.h"
-#include "base/text.h"
 #include "history/layout.h"
 #include "session/act.h"
 #include "session/types.h"
@@ -91,7 +90,7 @@ std::string Sentence(const std::string& note, const DateTime& now) {
 
 // Puts this run's note on the file. A Fault when another run's is on it; `holder` gets whose.
 void TakeNote(Session& s, std::string& holder) {
-  const DateTime now = s.platform.Now();
+  const DateTime now = s.host.Now();
   std::string found;
   holder.clear();
   if (s.note.Take(s.path, host::UserName() + "\t" + host::MachineName() + "\t" + StoredDate(now), found)) return;

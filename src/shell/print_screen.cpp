@@ -8,7 +8,7 @@ namespace merlu {
 void PrintScreen(Session& s) {
   const SheetSpec* sheet = s.current.Is(level::kEquipment) ? FindSheet(s.current.EquipType) : nullptr;
   const Form* form = sheet == nullptr ? s.main : s.desk.Find(sheet->form());
-  if (form != nullptr) Plainly(s, [&] { s.platform.Print(*form); });
+  if (form != nullptr) Plainly(s, [&] { s.ui.Print(*form); });
 }
 
 }  // namespace merlu

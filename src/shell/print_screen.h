@@ -1,4 +1,4 @@
-// Printing what the user sees.
+// Printing the screen.
 #pragma once
 
 #include "session/session.h"

@@ -11,7 +11,7 @@ using End = QCResult::End;
 QCResult RunBehindWait(Session& s, const QCLocation& location) {
   const Busy busy(s);
   ShowWait(s, "MERLU", "Running QC ...");
-  s.platform.Paint();
+  s.ui.Paint();
   const QCResult result = RunQC(s, location);
   HideWait(s);
   return result;

@@ -16,7 +16,7 @@ constexpr const char* kSection = "Recent";
 std::vector<std::string> RecentPaths(Session& s) {
   std::vector<std::string> paths;
   for (int number = 1; number <= kRecentFiles; ++number)
-    if (std::string path = s.platform.Setting(kSection, std::to_string(number)); !path.empty()) paths.push_back(path);
+    if (std::string path = s.host.Setting(kSection, std::to_string(number)); !path.empty()) paths.push_back(path);
   return paths;
 }
 
@@ -47,7 +47,7 @@ void RememberFile(Session& s) {
   paths.insert(paths.begin(), path);
   Plainly(s, [&] {
     for (std::size_t i = 0; i < paths.size() && i < kRecentFiles; ++i)
-      s.platform.StoreSetting(kSection, std::to_string(i + 1), paths[i]);
+      s.host.StoreSetting(kSection, std::to_string(i + 1), paths[i]);
   });
 }
 

@@ -101,7 +101,7 @@ std::string RowFinder::Structure(std::int64_t pd_id) {
 std::string RowFinder::PlaceOfEquipment(int month, int year, std::int64_t ed_id) {
   const Named* row = Find("ED_EQUIP_DESC", ed_id);
   if (row == nullptr) return JoinPlace(month, year, "", "");
-  const std::string name = TreeTypeName(Part(*row, "ED_EQUIP_TYP")) + ": " + Trim(Part(*row, "ED_MERLU_EQUIP_ID"));
+  const std::string name = EquipmentText(Part(*row, "ED_EQUIP_TYP"), Part(*row, "ED_MERLU_EQUIP_ID"));
   return JoinPlace(month, year, Structure(NumberOf(*row, "PD_ID_AK")), name);
 }
 
@@ -115,8 +115,8 @@ std::string RowFinder::PlaceOfFinding(Database& db, const Named& row) {
   const std::string complex = TextAt(row, "CmplxID"), structure = TextAt(row, "StructID");
   const std::string type = TextAt(row, "EquipType"), id = TextAt(row, "EquipID");
   return JoinPlace(NumberOf(row, "Month"), NumberOf(row, "Year"),
-                   complex == "NA" ? "" : FirstCharacters(StructurePart(db, complex, structure), kMostOfStructure),
-                   type == "NA" || type.empty() ? "" : TreeTypeName(type) + ": " + Trim(id));
+                   complex == "NA" ? "" : FirstCharacters(StructureTextOf(db, complex, structure), kMostOfStructure),
+                   type == "NA" || type.empty() ? "" : EquipmentText(type, id));
 }
 
 std::string RowFinder::FieldOf(std::int64_t qc_row) {

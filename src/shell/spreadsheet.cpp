@@ -43,7 +43,7 @@ void WriteDescriptions(Session& s, const std::string& path) {
   WriteNewFile(OwnFilesOf(s), path, [&](const std::string& unfinished) {
     const auto file = IsXlsx(path) ? NewXlsx(unfinished) : NewXls(unfinished);
     ExportDescriptions(s.db, *file, [&s](std::string_view table, int done, int total) {
-      Progress(s, "Exporting " + std::string(table), done, total);
+      ShowProgress(s, "Exporting " + std::string(table), done, total);
     });
   });
 }

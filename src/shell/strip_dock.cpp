@@ -8,7 +8,6 @@
 #include "session/main_names.h"
 #include "session/node_keys.h"
 #include "shell/docks.h"
-#include "shell/messages.h"
 #include "shell/navigation.h"
 
 namespace merlu {

@@ -5,9 +5,9 @@
 #include <numeric>
 #include <unordered_map>
 
-#include "base/text.h"
 #include "session/main_names.h"
 #include "session/node_keys.h"
+#include "session/place.h"
 #include "session/types.h"
 #include "sheets/structure.h"
 #include "sheets/units.h"
@@ -89,7 +89,7 @@ void AddNodesOfOtherMode(Session& s, std::vector<Thing>& things) {
         const auto text = [&row](int column) { return std::string(row.Text(column)); };
         const QCLocation at{level::kEquipment, text(0), 0, 0, text(1), text(2), "FUG", text(3)};
         Add(things,
-            OfOtherMode(ThingKind::kEquipment, TreeTypeName("FUG") + ": " + Trim(text(3)),
+            OfOtherMode(ThingKind::kEquipment, EquipmentText("FUG", text(3)),
                         StructureText(row.Text(4), row.Text(5), row.Text(6)), KeyOf(at, Mode::kDesc), Mode::kDesc));
       });
 }

@@ -14,7 +14,7 @@ const char* KindName(ThingKind kind);
 
 struct Thing {
   ThingKind kind = ThingKind::kStructure;
-  std::string what, where;
+  std::string what, where;  // its name, and what it belongs to, as the list shows them
   // What leads there
   int node = -1;        // in the tree that shows
   std::string key;      // in the tree of the other mode

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "base/case_folding.h"
-#include "base/text.h"
 #include "session/main_names.h"
 
 namespace merlu {

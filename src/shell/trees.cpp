@@ -8,10 +8,11 @@
 #include "session/equipment_index.h"
 #include "session/limits.h"
 #include "session/node_keys.h"
+#include "session/place.h"
 #include "session/types.h"
 #include "shell/messages.h"
 #include "shell/program_end.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "shell/tree_find.h"
 
 namespace merlu {
@@ -86,7 +87,7 @@ void AddStructures(Session& s) {
 }
 
 void EndAtTheLimit(Session& s) {
-  s.platform.Beep();
+  s.ui.Beep();
   Ask(s, {"An internal array is not large enough for your structures. Please contact Technical Support.",
           "Program shutting down",
           Icon::kStop,
@@ -260,10 +261,6 @@ void Build(Session& s) {
 }
 
 }  // namespace
-
-std::string StructureText(std::string_view area, std::string_view block, std::string_view name) {
-  return std::string(area).append(", ").append(block).append(", ").append(name);
-}
 
 void RefreshTree(Session& s) {
   const Busy busy(s);

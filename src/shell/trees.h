@@ -31,6 +31,5 @@ void SelectRoot(Session& s);
 void AddAndSelect(Session& s, const std::string& parent_key, const std::string& key, const std::string& text);
 
 std::string SurveyText(int year, int month);
-std::string StructureText(std::string_view area, std::string_view block, std::string_view name);
 
 }  // namespace merlu

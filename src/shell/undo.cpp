@@ -5,8 +5,8 @@
 #include "session/place.h"
 #include "shell/edit_modes.h"
 #include "shell/messages.h"
-#include "shell/routing.h"
 #include "shell/row_finder.h"
+#include "shell/sheet_acts.h"
 #include "shell/trees.h"
 
 namespace merlu {

@@ -49,10 +49,6 @@ void Cursor::MoveFirst() {
   if (!Load("ORDER BY rowid LIMIT 1", {})) position_ = Position::kEmpty;
 }
 
-void Cursor::MoveLast() {
-  if (!Load("ORDER BY rowid DESC LIMIT 1", {})) position_ = Position::kEmpty;
-}
-
 bool Cursor::FindFirst(const Criteria& criteria) {
   Abandon();
   const bool again = std::equal(criteria.begin(), criteria.end(), found_by_.begin(), found_by_.end(),

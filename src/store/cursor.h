@@ -35,7 +35,6 @@ class Cursor {
   bool IsEmpty();
 
   void MoveFirst();
-  void MoveLast();
 
   // Moves to the first row that meets the criteria. False without a match: there is no current row then.
   bool FindFirst(const Criteria& criteria);

@@ -1,5 +1,6 @@
-// One open SQLite file. Statements are prepared once and kept; values are bound, never put into the text.
-// One thread uses a connection. Every failure is a Fault whose number is one of fault_number.
+// store/ keeps an inventory in one SQLite file. Here, a connection to it: statements are prepared once and kept, and
+// values are bound, never put into the text. One thread uses a connection. Every failure is a Fault whose number is one
+// of fault_number.
 #pragma once
 
 #include <cstdint>
@@ -120,7 +121,7 @@ class Database {
   void NoticeOthers();
 
   // What a reader of one table compares to learn whether its rows can have changed: as ChangeCount, without the
-  // single rows of other tables that ExecuteOn has changed.
+  // rows of other tables that ExecuteOn has changed.
   class TableChanges {
    public:
     explicit TableChanges(const Database& db) : db_(db) {}
@@ -260,10 +261,9 @@ class AllOrNothing {
   bool open_ = true;
 };
 
-// Brings the rows to their state after the changes, or, backwards, to that before: deletions first, then updates, then
-// insertions. Runs in a batch with foreign keys off.
-enum class Direction { kForward, kBackward };
-void ApplyChanges(Database& db, const Changes& changes, Direction direction);
+// Brings the rows to their state after the changes: deletions first, then updates, then insertions. Runs in a batch
+// with foreign keys off.
+void ApplyChanges(Database& db, const Changes& changes);
 
 // Foreign keys are off as long as this lives; outside a batch only.
 class WithoutRelations {

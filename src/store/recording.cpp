@@ -81,24 +81,16 @@ class RowWriter {
   std::vector<RowStatements> statements_;
 };
 
-std::string_view Target(const RowChange& row, Direction direction) {
-  return direction == Direction::kForward ? row.after : row.before;
-}
-
-std::string_view Origin(const RowChange& row, Direction direction) {
-  return direction == Direction::kForward ? row.before : row.after;
-}
-
 }  // namespace
 
-void ApplyChanges(Database& db, const Changes& changes, Direction direction) {
+void ApplyChanges(Database& db, const Changes& changes) {
   RowWriter writer(db, changes);
   for (const RowChange& row : changes.rows)
-    if (Target(row, direction).empty()) writer.Remove(row);
+    if (row.Removed()) writer.Remove(row);
   for (const RowChange& row : changes.rows)
-    if (!Target(row, direction).empty() && !Origin(row, direction).empty()) writer.Update(row, Target(row, direction));
+    if (!row.Removed() && !row.Added()) writer.Update(row, row.after);
   for (const RowChange& row : changes.rows)
-    if (Origin(row, direction).empty()) writer.Insert(row, Target(row, direction));
+    if (row.Added()) writer.Insert(row, row.after);
 }
 
 WithoutRelations::WithoutRelations(Database& db) : db_(db) {
@@ -213,7 +205,7 @@ void Database::WriteAlone(Changes& changes) {
   Execute("BEGIN IMMEDIATE");
   ++batches_;
   try {
-    ApplyChanges(*this, changes, Direction::kForward);
+    ApplyChanges(*this, changes);
     --batches_;
     Execute("COMMIT");
   } catch (const Fault&) {

@@ -31,7 +31,7 @@ class Check : public testing::Test {
     run.GoTo("FLA", "F1", Mode::kActv);
     run.Keep({{"txtFLA_HrsOperated", "745"}, {"txtFLA_VolFlared", "12"}});
   }
-  CheckedFile Judge(const CheckScope& scope = {}, int jobs = 1) { return CheckInventory(run.s.path, scope, jobs); }
+  CheckedFile CheckFile(const CheckScope& scope = {}, int jobs = 1) { return CheckInventory(run.s.path, scope, jobs); }
   // "place|field|text" of the findings.
   static std::vector<std::string> Lines(const CheckedFile& file) {
     std::vector<std::string> lines;
@@ -64,7 +64,7 @@ class Check : public testing::Test {
 
 TEST_F(Check, finds_what_a_run_over_the_record_finds) {
   std::set<std::string> judged;
-  for (const CheckedFinding& f : Judge().findings)
+  for (const CheckedFinding& f : CheckFile().findings)
     if (f.type == "FLA" && f.month == 1) judged.insert(f.field + "|" + f.text);
   run.Click("cmdQC");
   std::set<std::string> logged;
@@ -80,7 +80,7 @@ TEST_F(Check, reads_texts_of_a_megabyte) {
 }
 
 TEST_F(Check, tells_place_value_and_expectation) {
-  const CheckedFile file = Judge();
+  const CheckedFile file = CheckFile();
   const CheckedFinding* finding = Find(file, "txtFLA_HrsOperated");
   ASSERT_TRUE(finding != nullptr);
   EXPECT_EQ(finding->place, "2017/01 · GI, 43, A · Combustion Flare: F1");
@@ -97,14 +97,14 @@ TEST_F(Check, tells_place_value_and_expectation) {
 
 TEST_F(Check, reaches_what_no_run_over_a_structure_does) {
   bool pumps = false;
-  for (const CheckedFinding& f : Judge().findings) pumps = pumps || f.type == "PNE";
+  for (const CheckedFinding& f : CheckFile().findings) pumps = pumps || f.type == "PNE";
   EXPECT_TRUE(pumps);
 }
 
 TEST_F(Check, passes_over_what_reports_nothing) {
-  const CheckedFile before = Judge();
+  const CheckedFile before = CheckFile();
   run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_STATUS='I' WHERE EA_EQUIP_TYP='FLA'");
-  const CheckedFile after = Judge();
+  const CheckedFile after = CheckFile();
   EXPECT_EQ(Find(after, "txtFLA_HrsOperated"), nullptr);
   EXPECT_EQ(after.records, before.records);
 }
@@ -112,37 +112,38 @@ TEST_F(Check, passes_over_what_reports_nothing) {
 TEST_F(Check, counts_a_finding_with_a_stored_comment_as_explained) {
   run.Click("cmdQC");
   run.s.db.Execute("UPDATE QC SET Comments='meter' WHERE EquipType='FLA' AND FieldID LIKE 'Hours%'");
-  const CheckedFile file = Judge();
+  const CheckedFile file = CheckFile();
   EXPECT_EQ(file.explained, 1);
   EXPECT_EQ(Find(file, "txtFLA_HrsOperated")->state, "explained");
   EXPECT_EQ(Find(file, "txtFLA_HrsOperated")->comment, "meter");
   run.s.db.Execute("UPDATE QC SET [Desc]='something else' WHERE Comments='meter'");
-  EXPECT_EQ(Judge().explained, 0) << "the comment was on another finding";
+  EXPECT_EQ(CheckFile().explained, 0) << "the comment was on another finding";
 }
 
 TEST_F(Check, a_total_has_the_value_that_is_stored) {
   run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET SalesGasC1Content=60, SALES_GAS_TOTAL=50");
-  const CheckedFile file = Judge();
+  const CheckedFile file = CheckFile();
   ASSERT_NE(Find(file, "txtSTRUCTURE_SalesGasTotal"), nullptr);
   EXPECT_EQ(Find(file, "txtSTRUCTURE_SalesGasTotal")->value, "50");
 }
 
 TEST_F(Check, takes_a_month_or_the_descriptions_only) {
   std::set<int> months;
-  for (const CheckedFinding& f : Judge({1, false, true}).findings) months.insert(f.month);
+  for (const CheckedFinding& f : CheckFile({1, false, true}).findings) months.insert(f.month);
   EXPECT_EQ(months, (std::set<int>{1}));
   months.clear();
-  for (const CheckedFinding& f : Judge({0, true, false}).findings) months.insert(f.month);
+  for (const CheckedFinding& f : CheckFile({0, true, false}).findings) months.insert(f.month);
   EXPECT_EQ(months, (std::set<int>{0}));
-  EXPECT_EQ(Judge({1, false, true}).records + Judge({2, false, true}).records + Judge({0, true, false}).records,
-            Judge().records);
-  EXPECT_TRUE(Judge({7, false, true}).lacks_month);
+  EXPECT_EQ(
+      CheckFile({1, false, true}).records + CheckFile({2, false, true}).records + CheckFile({0, true, false}).records,
+      CheckFile().records);
+  EXPECT_TRUE(CheckFile({7, false, true}).lacks_month);
 }
 
 TEST_F(Check, finds_the_same_on_any_number_of_processors) {
-  const std::vector<std::string> one = Lines(Judge({}, 1));
-  EXPECT_EQ(Lines(Judge({}, 2)), one);
-  EXPECT_EQ(Lines(Judge({}, 5)), one);
+  const std::vector<std::string> one = Lines(CheckFile({}, 1));
+  EXPECT_EQ(Lines(CheckFile({}, 2)), one);
+  EXPECT_EQ(Lines(CheckFile({}, 5)), one);
 }
 
 TEST_F(Check, leaves_the_file_and_its_folder_untouched_while_a_window_has_it_open) {
@@ -163,7 +164,7 @@ TEST_F(Check, writes_text_json_and_csv) {
       run.s.path + ": 2017/01 · GI, 43, A · Combustion Flare: F1: Hours Operated, excl. upsets: 745: ";
   EXPECT_NE(out.find(wanted), std::string::npos) << out;
   EXPECT_NE(out.find(" (expected 0 to 744)\n"), std::string::npos) << out;
-  const CheckedFile file = Judge({1, false, true});
+  const CheckedFile file = CheckFile({1, false, true});
   EXPECT_EQ(OutLines().back(), run.s.path + ": " + std::to_string(file.records) + " records, " +
                                    std::to_string(file.findings.size()) + " findings, " + std::to_string(file.open) +
                                    " open, 0 explained, 0 stale");

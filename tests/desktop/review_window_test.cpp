@@ -76,9 +76,9 @@ TEST_F(WindowReview, a_field_that_was_gone_to_has_the_keyboard) {
   ASSERT_TRUE(at != nullptr);
   FindingsModel& all = Findings(S());
   ASSERT_GT(all.RowCount(), 2);
-  EXPECT_EQ(at->objectName().toStdString(), all.At(0).said->control);
+  EXPECT_EQ(at->objectName().toStdString(), all.At(0).kind->control);
   Key(Qt::Key_F8);
-  EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), all.At(1).said->control) << "and on to the next";
+  EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), all.At(1).kind->control) << "and on to the next";
 }
 
 TEST_F(WindowReview, the_matrix_is_read_and_opened_with_keys) {

@@ -369,10 +369,10 @@ TEST_F(Around, the_wait_screen_of_a_small_inventory_shows_only_when_the_work_goe
   Session& s = driver_->app->session();
   ShowWait(s, "Export", "Please Wait...");
   EXPECT_EQ(driver_->Top("frmWait"), nullptr);
-  Progress(s, "March", 1, 12);
+  ShowProgress(s, "March", 1, 12);
   EXPECT_EQ(driver_->Top("frmWait"), nullptr);
   QTest::qSleep(160);
-  Progress(s, "April", 2, 12);
+  ShowProgress(s, "April", 2, 12);
   EXPECT_NE(driver_->Top("frmWait"), nullptr);
   HideWait(s);
   ShowWait(s, "Export", "Please Wait...");
@@ -396,7 +396,7 @@ TEST_F(Around, the_wait_screen_of_a_large_inventory_shows_at_once_over_the_windo
   auto* bar = wait->findChild<QProgressBar*>();
   EXPECT_EQ(bar->maximum(), 0);
   EXPECT_TRUE(QTest::qWaitFor([&] {
-    Progress(s, "March", 3, 12);
+    ShowProgress(s, "March", 3, 12);
     return bar->maximum() == 12;
   }));
   EXPECT_EQ(bar->value(), 3);

@@ -10,7 +10,7 @@
 #include "desktop/results_list.h"
 #include "driver.h"
 #include "session/node_keys.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu::test {
 namespace {

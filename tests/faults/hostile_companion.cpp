@@ -14,7 +14,7 @@
 #include "shell/main_program.h"
 #include "shell/messages.h"
 #include "shell/program_end.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu::test {
 namespace {
@@ -90,7 +90,7 @@ HostileCompanion::HostileCompanion() : path_(folder_.path("inventory.mdb")) {
   Raw(path_, {"CREATE TABLE QC_XREF (StructID TEXT, EquipID TEXT)"});
   {
     QuietPlatform platform(path_);
-    Session s(platform);
+    Session s(platform, platform, platform);
     Main(s);
     for (const char* command : {"cmdUSER_AddSurvey", "mnuSetEditMode"}) Press(s, command);
     Plainly(s, [&] { ClickNode(s, s.tree.Find(s.tree.nodes.at(1).key)); });
@@ -170,7 +170,7 @@ void HostileCompanion::PutDraft(const std::string& at, const std::string& contro
 bool HostileCompanion::UseLeavesASoundFile() {
   {
     Curious platform(path_);
-    Session s(platform);
+    Session s(platform, platform, platform);
     platform.s = &s;
     Use(s);
     CloseDatabase(s);

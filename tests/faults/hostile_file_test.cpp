@@ -8,7 +8,7 @@
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
 #include "shell/messages.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "support/tampered.h"
 #include "support/test_run.h"
 

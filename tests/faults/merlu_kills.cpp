@@ -185,7 +185,7 @@ Prepared Prepare(const KillOperation& operation, const KillFiles& files) {
 }
 
 // Opening the file takes back what was cut off; then everything must hold.
-std::string Judge(const KillOperation& operation, const KillFiles& files, const Prepared& prepared, int done) {
+std::string WhatWentWrong(const KillOperation& operation, const KillFiles& files, const Prepared& prepared, int done) {
   try {
     Database db;
     db.Open(files.work());
@@ -224,7 +224,7 @@ std::string GoOn(const KillOperation& operation, const KillFiles& files) {
   // a journal that was only begun may lie beside the file until the next write
   if (fs::exists(files.work() + "-journal")) return "going on: the journal is left";
   if (HasLeftovers(files)) return "going on: an unfinished file is left";
-  const std::string problem = Judge(operation, files, prepared, outcome.done);
+  const std::string problem = WhatWentWrong(operation, files, prepared, outcome.done);
   return problem.empty() ? "" : "going on: " + problem;
 }
 
@@ -251,7 +251,8 @@ class Harness {
       ++tally.kills;
       if (fs::exists(files.work() + "-journal")) ++tally.journals;
       if (HasLeftovers(files)) ++tally.leftovers;
-      std::string problem = outcome.killed ? Judge(operation, files, prepared, outcome.done) : outcome.complaint;
+      std::string problem =
+          outcome.killed ? WhatWentWrong(operation, files, prepared, outcome.done) : outcome.complaint;
       if (problem.empty()) problem = GoOn(operation, files);
       if (!problem.empty()) Report(operation, moment, problem, tally);
       return;
@@ -303,7 +304,7 @@ class Harness {
     const Prepared prepared = Prepare(operation, files);
     const Outcome outcome = Play(files, prepared.script, {});
     std::string problem = outcome.complaint;
-    if (problem.empty()) problem = Judge(operation, files, prepared, outcome.done);
+    if (problem.empty()) problem = WhatWentWrong(operation, files, prepared, outcome.done);
     if (!problem.empty()) throw std::runtime_error(std::string(operation.name) + " without a kill: " + problem);
     std::ifstream(CostPath(files)) >> fixture->cost.changes >> fixture->cost.microseconds;
     return *fixture;

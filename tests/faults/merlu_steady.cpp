@@ -9,7 +9,7 @@
 #include "quiet_platform.h"
 #include "session/session.h"
 #include "shell/main_program.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -52,7 +52,7 @@ int Measure() {
   plan.fault_share = 0.3;
   MakeInventory(TemplatePath(), folder.path("inventory.mdb"), plan);
   QuietPlatform platform(folder.path("inventory.mdb"));
-  Session s(platform);
+  Session s(platform, platform, platform);
   Main(s);
   ChangeSheets(s, kWarmUp);
   RunQC(s, kRuns / 10);

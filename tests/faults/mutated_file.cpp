@@ -13,7 +13,7 @@
 #include "shell/messages.h"
 #include "shell/open_database.h"
 #include "shell/program_end.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 #include "store/image.h"
 
 namespace merlu::test {
@@ -56,7 +56,7 @@ void MutatedFile::UseAsWorkingFile() {
     using QuietPlatform::QuietPlatform;
     Button Ask(const Box& box) override { return LeastChange(box); }
   } giving(path_);
-  Session s(giving);
+  Session s(giving, giving, giving);
   Plainly(s, [&] { Main(s); });
   for (int mode = 0; mode < 2 && !s.ended && s.main != nullptr; ++mode) {
     for (int node = 0; node < kMostNodes && node < static_cast<int>(s.tree.nodes.size()); ++node) {
@@ -73,7 +73,7 @@ bool MutatedFile::ImportLeavesASoundFile() {
   fs::remove(working + "-journal");
   fs::copy_file(sound_, working, fs::copy_options::overwrite_existing);
   QuietPlatform platform(working);
-  Session s(platform);
+  Session s(platform, platform, platform);
   Main(s);
   try {
     Database file;

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "forms/desk.h"
-#include "forms/platform.h"
 #include "session/session.h"
+#include "shell/ui.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -30,7 +30,7 @@ class Walker : public Platform {
   const std::string& differs() const { return differs_; }
   long compared() const { return compared_; }
 
-  Session s{*this};
+  Session s{*this, *this, *this};
 
   Button Ask(const Box& box) override;
   std::string AskFile(const FileQuestion& question) override;

@@ -279,22 +279,6 @@ TEST(Desk, finds_forms_that_do_not_show) {
   EXPECT_EQ(desk.Find("frmB"), nullptr);
 }
 
-TEST(ShowDialog, covers_everything_until_it_returns_and_leaves_nothing_behind) {
-  test::TestRun run;
-  Form& dialog = run.s.desk.Own(std::make_unique<Form>("frmAsk", "Ask"));
-  AddDialogButtons(dialog, "cmdOK", "cmdCANCEL");
-  bool covered = false;
-  run.dialogs.push_back(
-      [&](Form& form) { covered = run.s.desk.Dialog() == &form && form.visible && form.loaded && form.modal; });
-  ShowDialog(run.s.desk, run, dialog);
-  EXPECT_TRUE(covered);
-  EXPECT_FALSE(dialog.visible);
-  EXPECT_FALSE(dialog.modal);
-  EXPECT_FALSE(dialog.loaded);
-  EXPECT_EQ(dialog.default_button, "cmdOK");
-  EXPECT_EQ(dialog.cancel_button, "cmdCANCEL");
-}
-
 // A list that reads its rows from a model, and a grid, beside one another.
 class Tables : public testing::Test {
  protected:

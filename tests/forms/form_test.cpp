@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 #include "forms/dialog.h"
-#include "forms/platform.h"
 
 namespace merlu {
 namespace {
@@ -154,20 +153,6 @@ TEST_F(ListForm, keeps_a_free_text_that_is_no_item_when_the_list_takes_one) {
   EXPECT_EQ(form.At("cmbFuel").text, "Steam");
   EXPECT_EQ(form.At("cmbFuel").index, -1);
   EXPECT_EQ(clicks, 0);
-}
-
-TEST(LeastChange, prefers_cancel_then_no_then_the_first_button) {
-  EXPECT_EQ(LeastChange({"", "", Icon::kNone, {Button::kRetry, Button::kCancel}}), Button::kCancel);
-  EXPECT_EQ(LeastChange({"", "", Icon::kNone, {Button::kYes, Button::kNo}}), Button::kNo);
-  EXPECT_EQ(LeastChange({"", "", Icon::kNone, {Button::kOK}}), Button::kOK);
-}
-
-TEST(ButtonName, is_the_word_on_the_button) {
-  EXPECT_EQ(ButtonName(Button::kOK), "OK");
-  EXPECT_EQ(ButtonName(Button::kCancel), "Cancel");
-  EXPECT_EQ(ButtonName(Button::kYes), "Yes");
-  EXPECT_EQ(ButtonName(Button::kNo), "No");
-  EXPECT_EQ(ButtonName(Button::kRetry), "Retry");
 }
 
 }  // namespace

@@ -43,11 +43,11 @@ Status Run(const CommandSpec& command, const std::vector<std::string>& words, st
   return status;
 }
 
-struct Place {
+struct Inventories {
   Workplace at;
   std::map<std::string, std::string> sound;
 
-  Place() {
+  Inventories() {
     InventoryPlan plan;
     plan.structures = 2;
     plan.equipment = 16;
@@ -77,27 +77,27 @@ void Fail(const std::string& what) {
 }
 
 void Play(const std::string& text) {
-  static const Place place;
-  static const bool there = ::chdir(place.at.path().c_str()) == 0;
+  static const Inventories inventories;
+  static const bool there = ::chdir(inventories.at.path().c_str()) == 0;
   if (!there) return;
   std::vector<std::string> words = Words(text);
   if (words.empty()) return;
   const CommandSpec* command = FindCommand(words[0]);
   if (command == nullptr) return;
   words.erase(words.begin());
-  place.Fresh();
+  inventories.Fresh();
   std::string told;
   const Status status = Run(*command, words, &told);
   if (status >= Status::kWrongUsage && told.empty()) Fail("a failure without a word");
   const std::string name = command->name;
   const bool writes = name == "import" || name == "read";
-  for (const auto& [file, bytes] : place.sound) {
+  for (const auto& [file, bytes] : inventories.sound) {
     const bool is_out = std::find(words.begin(), words.end(), "--force") != words.end();
-    if (Bytes(place.at.path(file)) == bytes || is_out) continue;
+    if (Bytes(inventories.at.path(file)) == bytes || is_out) continue;
     if (!writes || status >= Status::kWrongUsage || !file.ends_with(".mdb")) Fail(name + " changed " + file);
-    if (NullToEmpty(RawValue(place.at.path(file), "PRAGMA integrity_check")) != "ok") Fail(file + " is damaged");
+    if (NullToEmpty(RawValue(inventories.at.path(file), "PRAGMA integrity_check")) != "ok") Fail(file + " is damaged");
   }
-  for (const auto& entry : fs::directory_iterator(place.at.path()))
+  for (const auto& entry : fs::directory_iterator(inventories.at.path()))
     if (entry.path().filename().string().starts_with(".merlu-")) Fail(entry.path().string() + " is left");
 }
 

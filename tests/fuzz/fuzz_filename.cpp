@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const bool there = ::chdir(place.path().c_str()) == 0;
   if (!there) return 0;
   QuietPlatform platform;
-  Session s(platform);
+  Session s(platform, platform, platform);
   s.path = place.path("inventory.mdb");
   std::string typed(reinterpret_cast<const char*>(data), size);
   for (char& c : typed)

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "sheets/bounds.h"
+#include "rules/bounds.h"
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
 

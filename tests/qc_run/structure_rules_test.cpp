@@ -2,7 +2,7 @@
 
 #include "base/numbers.h"
 #include "qc/apply.h"
-#include "sheets/bounds.h"
+#include "rules/bounds.h"
 #include "sheets/record_rows.h"
 #include "sheets/structure.h"
 

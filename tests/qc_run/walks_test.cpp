@@ -5,7 +5,7 @@
 #include <array>
 
 #include "qc/qc_log.h"
-#include "sheets/bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "records/structure_record.h"
 #include "sheets/units.h"
 #include "support/test_run.h"
 
@@ -60,6 +61,37 @@ TEST(NewEquipment, gets_a_pair_of_activity_rows_for_each_of_seven_months) {
                                 code + "'")),
               717);
   }
+}
+
+TEST(NewEquipment, returns_its_keys_and_leaves_those_of_the_session) {
+  TestRun run;
+  run.StartWithStructure();
+  run.AddMonth();
+  run.AddMonth();
+  run.s.PD_ID_AK = 71, run.s.SA_ID_AK = 72, run.s.ED_ID_AK = 73, run.s.EA_ID_AK = 74;
+  const RecordKeys second = NewEquipRows(run.s, 1, 2, *FindType("FLA"), "F1");
+  EXPECT_EQ(second.PD_ID_AK, 1);
+  EXPECT_EQ(second.ED_ID_AK, 1);
+  EXPECT_EQ(second.EA_ID_AK, 2);
+  EXPECT_EQ(NewEquipRows(run.s, 1, 0, *FindType("FLA"), "F2").EA_ID_AK, 6) << "the last month's";
+  EXPECT_EQ(NewEquipRows(run.s, 1, 0, *FindType("FUG"), "G1").EA_ID_AK, 0) << "no activity";
+  EXPECT_EQ(run.s.PD_ID_AK, 71);
+  EXPECT_EQ(run.s.SA_ID_AK, 72);
+  EXPECT_EQ(run.s.ED_ID_AK, 73);
+  EXPECT_EQ(run.s.EA_ID_AK, 74);
+}
+
+TEST(NewStructure, returns_its_keys_and_leaves_those_of_the_session) {
+  TestRun run;
+  run.StartWithStructure();
+  run.AddMonth();
+  run.s.PD_ID_AK = 71, run.s.SA_ID_AK = 72;
+  const RecordKeys keys = NewStructureRows(run.s, "12345", {"1002", "1", "GI", "44", "B"});
+  EXPECT_EQ(keys.PD_ID_AK, 2);
+  EXPECT_EQ(keys.SA_ID_AK, ToInteger(run.Sql("SELECT SA_ID_AK FROM PA_PLATFORM_ACTV WHERE PD_ID_AK=2 AND PA_MO=2")));
+  EXPECT_EQ(ToInteger(run.s.At("PD_PLATFORM_DESC").Field("PD_ID_AK")), 2);
+  EXPECT_EQ(run.s.PD_ID_AK, 71);
+  EXPECT_EQ(run.s.SA_ID_AK, 72);
 }
 
 TEST(NewEquipment, of_fugitives_has_no_month_and_no_node_of_activity) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "session/records.h"
+#include "session/find_rows.h"
 #include "session/types.h"
 #include "shell/dialogs.h"
 #include "support/test_run.h"
@@ -184,7 +184,9 @@ TEST(NextMonth, leaves_the_cursors_on_the_current_structure_and_on_the_last_mont
   run.StartWithStructure();
   run.AddStructure("1002");
   run.s.PD_ID_AK = 1;
-  AddMonthRows(run.s);
+  const auto added = AddMonthRows(run.s);
+  ASSERT_EQ(added, 5);
+  MoveToNewMonth(run.s, *added);
   EXPECT_EQ(run.s.PD_ID_AK, 1);
   EXPECT_EQ(run.s.SA_ID_AK, 5);
   EXPECT_EQ(ToInteger(run.s.At("PD_PLATFORM_DESC").Field("PD_ID_AK")), 1);

@@ -83,7 +83,7 @@ class PlainModel {
                       number = Trim(NullToEmpty(
                           one("SELECT STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", judged.keys.PD_ID_AK)));
     record.structure = complex + "/" + number;
-    record.structure_text = StructurePart(s_.db, complex, number);
+    record.structure_text = StructureTextOf(s_.db, complex, number);
     const std::string type = equipment ? judged.sheet->type : "NA";
     const std::string id = equipment ? Trim(std::string(judged.id)) : "NA";
     if (equipment) record.equipment = type + "/" + id;
@@ -292,12 +292,12 @@ class ReviewLaw : public testing::Test {
         const bool equipment = l.Is(level::kEquipment);
         Do("INSERT INTO QC VALUES (?,?,?,?,?,?,?,?,?,?,?,?)",
            {l.UserID, std::int64_t{l.Month}, std::int64_t{l.Year}, l.Level, l.CmplxID, l.StructID,
-            equipment ? l.EquipType : "NA", equipment ? l.EquipID : "NA", all.At(at).said->tag,
-            Chance(3) ? "Older text" : all.At(at).said->text, std::string(Chance(2) ? "because" : ""),
+            equipment ? l.EquipType : "NA", equipment ? l.EquipID : "NA", all.At(at).kind->tag,
+            Chance(3) ? "Older text" : all.At(at).kind->text, std::string(Chance(2) ? "because" : ""),
             std::string(l.Month == 0 ? "DESC" : "ACTV")});
         const KnownComment known{"because", Chance(2) ? all.At(at).value : "another value"};
         WriteBatch batch(run.s.db);
-        if (Chance(2)) KeepComment(run.s.companion, CommentKey(l, all.At(at).said->tag, all.At(at).said->text), known);
+        if (Chance(2)) KeepComment(run.s.companion, CommentKey(l, all.At(at).kind->tag, all.At(at).kind->text), known);
         batch.Commit();
       }
     }
@@ -337,7 +337,7 @@ class ReviewLaw : public testing::Test {
         continue;
       }
       const QCLocation l = LocationOf(rows.review(), record);
-      shown.insert(std::to_string(l.Month) + "|" + StructurePart(run.s.db, l.CmplxID, l.StructID) + "|" +
+      shown.insert(std::to_string(l.Month) + "|" + StructureTextOf(run.s.db, l.CmplxID, l.StructID) + "|" +
                    (record.IsEquipment() ? l.EquipType + "/" + Trim(l.EquipID) : "") + "|" + rows.Text(row, 1) + "|" +
                    rows.Text(row, 2) + "|" + rows.Text(row, 4) + "|" + rows.Text(row, 5) + "|" + rows.Text(row, 6));
     }

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers.h"
-#include "bounds.h"
+#include "rules/bounds.h"
 #include "forms/desk.h"
 
 namespace merlu::test::amine_unit {
@@ -149,7 +149,7 @@ const char* const kOutletFields[] = {"txtAMI_ExhaustOutletHgt",     "txtAMI_Exha
                                      "txtAMI_ExhaustOutletAngle",   "txtAMI_FlareFeedRate",
                                      "txtAMI_FlareCombustionT",     "txtAMI_FlareEfficiency"};
 
-inline std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_AMI") {
+inline std::string StoredText(TestRun& run, const std::string& column, const std::string& table = "ED_AMI") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
 }
 

@@ -90,7 +90,7 @@ TEST(Amine, leaves_the_stored_quantities_emitted_alone) {
   SelectAgain(run);
   run.Keep({{"txtAMI_ConcN2", "3"}});
   for (std::size_t i = 0; i < columns.size(); ++i)
-    EXPECT_EQ(Stored(run, columns[i]), std::to_string(i) + ".5") << columns[i];
+    EXPECT_EQ(StoredText(run, columns[i]), std::to_string(i) + ".5") << columns[i];
 }
 
 TEST(Amine, keeps_every_field_of_the_description_in_its_column) {
@@ -104,10 +104,10 @@ TEST(Amine, keeps_every_field_of_the_description_in_its_column) {
     if (field.control != temperature) run.Set(field.control, field.text);
   run.Click("cmdSaveEdits");
   run.Click("cmdCANCEL");
-  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  for (const Field& field : kDescription) EXPECT_EQ(StoredText(run, field.column), field.stored) << field.control;
   SelectAgain(run);
   for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
-  EXPECT_EQ(Stored(run, "TOT_GAS_THRUPUT", "EA_AMI"), "");
+  EXPECT_EQ(StoredText(run, "TOT_GAS_THRUPUT", "EA_AMI"), "");
 }
 
 TEST(Amine, keeps_every_field_of_a_month_in_its_column) {
@@ -120,14 +120,14 @@ TEST(Amine, keeps_every_field_of_a_month_in_its_column) {
   run.Check("chkAMI_Status", true);
   run.Click("cmdSaveEdits");
   for (const Field& field : kMonth) {
-    EXPECT_EQ(Stored(run, field.column, "EA_AMI"), field.stored) << field.control;
+    EXPECT_EQ(StoredText(run, field.column, "EA_AMI"), field.stored) << field.control;
     EXPECT_EQ(run.Text(field.control), field.text) << field.control;
   }
-  EXPECT_EQ(Stored(run, "EA_COMNT_TXT", "EA_EQUIP_ACTV"), "a dry month");
-  EXPECT_EQ(Stored(run, "EA_STATUS", "EA_EQUIP_ACTV"), "I");
+  EXPECT_EQ(StoredText(run, "EA_COMNT_TXT", "EA_EQUIP_ACTV"), "a dry month");
+  EXPECT_EQ(StoredText(run, "EA_STATUS", "EA_EQUIP_ACTV"), "I");
   run.Check("chkAMI_Status", false);
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(run, "EA_STATUS", "EA_EQUIP_ACTV"), "A");
+  EXPECT_EQ(StoredText(run, "EA_STATUS", "EA_EQUIP_ACTV"), "A");
 }
 
 TEST(Amine, keeps_each_item_of_its_lists_as_its_code_or_its_text) {
@@ -152,7 +152,7 @@ TEST(Amine, keeps_each_item_of_its_lists_as_its_code_or_its_text) {
     Texts items;
     for (const auto& [item, code] : list.items) {
       run.Keep({{list.list, item}});
-      EXPECT_EQ(Stored(run, list.column), code) << item;
+      EXPECT_EQ(StoredText(run, list.column), code) << item;
       SelectAgain(run);
       EXPECT_EQ(run.Text(list.list), item);
       EXPECT_EQ(run.At(list.list).index, static_cast<int>(items.size())) << item;
@@ -204,7 +204,7 @@ TEST(Amine, shows_neither_option_without_model_inputs_and_stores_that_there_are_
   EXPECT_FALSE(run.At("OptAMI_ModlEdit").checked);
   EXPECT_FALSE(run.At("zOptAMI_EmisEdit").checked);
   run.Keep({});
-  EXPECT_EQ(Stored(run, "MODELINPUTS_FLG"), "False");
+  EXPECT_EQ(StoredText(run, "MODELINPUTS_FLG"), "False");
   SelectAgain(run);
   EXPECT_FALSE(run.At("OptAMI_ModlEdit").checked);
   EXPECT_FALSE(run.At("zOptAMI_EmisEdit").checked);
@@ -220,14 +220,14 @@ TEST(Amine, stores_that_there_are_model_inputs_and_shows_it_again) {
   run.Click("cmdEdit");
   run.Click("OptAMI_ModlEdit");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(run, "MODELINPUTS_FLG"), "True");
+  EXPECT_EQ(StoredText(run, "MODELINPUTS_FLG"), "True");
   EXPECT_TRUE(run.At("OptAMI_ModlEdit").checked);
   EXPECT_FALSE(run.At("zOptAMI_EmisEdit").checked);
   run.Click("zOptAMI_EmisEdit");
   EXPECT_FALSE(run.At("OptAMI_ModlEdit").checked);
   EXPECT_TRUE(run.At("zOptAMI_EmisEdit").checked);
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(run, "MODELINPUTS_FLG"), "False");
+  EXPECT_EQ(StoredText(run, "MODELINPUTS_FLG"), "False");
   EXPECT_FALSE(run.At("OptAMI_ModlEdit").checked);
   EXPECT_FALSE(run.At("zOptAMI_EmisEdit").checked);
 }
@@ -280,9 +280,9 @@ TEST(Amine, keeps_the_model_inputs_when_quantity_emitted_is_chosen) {
   EXPECT_EQ(run.Text("cmbAMI_AmineType"), "MDEA");
   run.Set("txtAMI_Nbr", "21");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(run, "NUM"), "21");
-  EXPECT_EQ(Stored(run, "Sour_Temp"), "90");
-  EXPECT_EQ(Stored(run, "AMINE_TYP"), "MDEA");
+  EXPECT_EQ(StoredText(run, "NUM"), "21");
+  EXPECT_EQ(StoredText(run, "Sour_Temp"), "90");
+  EXPECT_EQ(StoredText(run, "AMINE_TYP"), "MDEA");
 }
 
 TEST(Amine, without_a_flash_tank_lacks_nothing_of_one) {
@@ -447,7 +447,7 @@ TEST(Amine, routed_to_the_system_empties_outlet_and_flare_at_once_and_for_good) 
            {kDestination, "Flared Remotely"},
            {"cmbAMI_VentedToID", "Flare: F1"}});
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(run, "EXH_OUT_TEMP"), "100");
+  EXPECT_EQ(StoredText(run, "EXH_OUT_TEMP"), "100");
   run.Set(kDestination, "Routed to System");
   const auto expect_empty = [&](const char* when) {
     for (const char* name : kOutletFields) EXPECT_EQ(run.Text(name), "") << name << " " << when;
@@ -466,7 +466,7 @@ TEST(Amine, routed_to_the_system_empties_outlet_and_flare_at_once_and_for_good) 
   for (const char* column : {"EXH_OUT_HGT", "EXH_OUT_INNER_DIAM", "EXH_OUT_EXIT_VEL", "EXH_OUT_TEMP", "EXH_OUT_ANGLE",
                              "FLA_FEED_RATE", "FLA_COMBUST_TEMP", "FLA_EFFIC", "SENT_TO_ID"})
     EXPECT_TRUE(IsStoredNull(run, column)) << column;
-  EXPECT_EQ(Stored(run, "EMIS_DEST"), "RS");
+  EXPECT_EQ(StoredText(run, "EMIS_DEST"), "RS");
 }
 
 }  // namespace

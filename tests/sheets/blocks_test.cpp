@@ -6,7 +6,7 @@
 #include <array>
 #include <ostream>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 #include "sheets/contract.h"
 #include "sheets/units.h"
 

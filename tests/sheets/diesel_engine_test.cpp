@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {
@@ -48,15 +48,6 @@ TEST(DrillingEquipment, is_kept_under_the_code_dri) {
   EXPECT_GT(run.Count("QC WHERE EquipType='DRI'"), 0);
   EXPECT_EQ(run.Count("QC WHERE EquipType<>'DRI'"), 0);
   EXPECT_EQ(run.s.desk.showing.back()->name(), "frmJAC");
-}
-
-TEST(DrillingEquipment, is_held_to_the_hours_of_a_month) {
-  TryBounds({.type = "DRI",
-             .mode = Mode::kActv,
-             .description = {},
-             .base = {},
-             .required = {{"txtJAC_HrsOperated", "Hours Operated", 0, 744}},
-             .if_filled = {}});
 }
 
 TEST(DrillingEquipment, misses_these_fields_of_a_blank_month_in_this_order_and_no_rig_name) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {
@@ -47,13 +47,7 @@ const Field kDescription[] = {
      "14.5", "14.5"},
 };
 
-const std::vector<Bound> kOutlet = {{"txtLOS_ExhaustOutletHgt", "Outlet Height", 30, 100},
-                                    {"txtLOS_ExhaustOutletInnerDiam", "Outlet Diameter", 2, 36},
-                                    {"txtLOS_ExhaustOutletExitVel", "Exhaust Exit Velocity", 0, 1100},
-                                    {"txtLOS_ExhaustOutletExitT", "Exhaust Exit Temperature", 32, 200},
-                                    {"txtLOS_ExhaustOutletAngle", "Exhaust Outlet Orientation", 0, 180}};
-
-std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_LOS") {
+std::string StoredText(TestRun& run, const std::string& column, const std::string& table = "ED_LOS") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
 }
 
@@ -111,7 +105,7 @@ TEST(FlashingLosses, keeps_every_field_of_the_description_in_its_column) {
   Values typed;
   for (const Field& field : kDescription) typed.emplace_back(field.control, field.text);
   run.Keep(typed);
-  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  for (const Field& field : kDescription) EXPECT_EQ(StoredText(run, field.column), field.stored) << field.control;
   SelectAgain(run);
   for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
 }
@@ -124,7 +118,7 @@ TEST(FlashingLosses, keeps_every_field_of_a_month_in_its_column) {
   for (const Field& field : kMonth) typed.emplace_back(field.control, field.text);
   run.Keep(typed);
   for (const Field& field : kMonth) {
-    EXPECT_EQ(Stored(run, field.column, "EA_LOS"), field.stored) << field.control;
+    EXPECT_EQ(StoredText(run, field.column, "EA_LOS"), field.stored) << field.control;
     EXPECT_EQ(run.Text(field.control), field.text) << field.control;
   }
 }
@@ -134,10 +128,10 @@ TEST(FlashingLosses, keeps_its_vessel_as_its_text) {
   run.StartWith("LOS", "S1");
   const Texts vessels = {"Separator", "Heater Treater", "Surge Tank", "Storage Tank", "Other"};
   EXPECT_EQ(run.At(kVessel).items, vessels);
-  EXPECT_EQ(Stored(run, "VESSEL_TYP"), "");
+  EXPECT_EQ(StoredText(run, "VESSEL_TYP"), "");
   for (std::size_t i = 0; i < vessels.size(); ++i) {
     run.Keep({{kVessel, vessels[i]}});
-    EXPECT_EQ(Stored(run, "VESSEL_TYP"), vessels[i]);
+    EXPECT_EQ(StoredText(run, "VESSEL_TYP"), vessels[i]);
     SelectAgain(run);
     EXPECT_EQ(run.Text(kVessel), vessels[i]);
     EXPECT_EQ(run.At(kVessel).index, static_cast<int>(i));
@@ -163,32 +157,6 @@ TEST(FlashingLosses, tells_a_missing_record_in_words_of_its_own) {
 }
 
 // ---- bounds ----
-
-TEST(FlashingLosses, is_held_to_the_bounds_of_a_month) {
-  TryBounds({.type = "LOS",
-             .mode = Mode::kActv,
-             .required = {{"txtLOS_Throughput", "Oil/Condensate Throughput", 0, 30000},
-                          {"txtLOS_DSOpTemperature", "Op temp of Vessel", 32, 250},
-                          {"txtLOS_USOpTemperature", "Op Temp upstream of Vessel", 32, 250}}});
-}
-
-TEST(FlashingLosses, is_held_to_the_pressures_of_its_vessel) {
-  const std::pair<const char*, double> vessels[] = {
-      {"Separator", 1500}, {"Heater Treater", 100}, {"Surge Tank", 40}, {"Storage Tank", 0.25}, {"Other", 1500}};
-  for (const auto& [vessel, high] : vessels)
-    TryBounds({.type = "LOS",
-               .mode = Mode::kActv,
-               .description = {{kVessel, vessel}},
-               .required = {{kDownstream, kDownstreamTag, 0, high}, {kUpstream, kUpstreamTag, 0, high}}});
-}
-
-TEST(FlashingLosses, is_held_to_the_bounds_of_gravity_and_outlet) {
-  for (const char* local : {"Vented Locally", "Flared Locally"}) {
-    std::vector<Bound> bounds = kOutlet;
-    bounds.push_back({"txtLOS_APISpGrav", "API gravity", 1, 75});
-    TryBounds({.type = "LOS", .mode = Mode::kDesc, .base = {{kDestination, local}}, .required = bounds});
-  }
-}
 
 TEST(FlashingLosses, of_50_psig_suit_a_separator_and_a_heater_and_no_tank) {
   TestRun run;
@@ -355,7 +323,7 @@ TEST(FlashingLosses, drop_the_remote_vent_when_the_destination_stops_being_remot
   for (const char* other : {"Vented Locally", "Flared Locally", "Routed to System"}) {
     run.Put({{kDestination, "Vented Remotely"}, {"cmbLOS_VentedToID", "Vent: V1"}});
     run.Click("cmdSaveEdits");
-    EXPECT_EQ(Stored(run, "SENT_TO_ID"), "VENV1");
+    EXPECT_EQ(StoredText(run, "SENT_TO_ID"), "VENV1");
     run.Set(kDestination, other);
     EXPECT_EQ(run.Text("cmbLOS_VentedToID"), "") << other;
     EXPECT_EQ(run.At("cmbLOS_VentedToID").index, -1) << other;

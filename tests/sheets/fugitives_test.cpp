@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers.h"
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {
@@ -67,14 +67,6 @@ struct Sheet {
   }
   TestRun run;
 };
-
-TEST(Fugitives, are_held_to_the_bounds_of_weight_percent_and_elevation) {
-  TryBounds({.type = "FUG",
-             .mode = Mode::kDesc,
-             .base = Sound(),
-             .required = {{"txtFUG_WeightPercentVOC", "VOC Weight %", 0, 100},
-                          {"txtFUG_EquipElev", "Equipment Elevation", 10, 350}}});
-}
 
 TEST(Fugitives, stand_from_10_to_350_feet_above_the_sea) {
   Sheet sheet;

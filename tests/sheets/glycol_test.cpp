@@ -73,7 +73,7 @@ const Field kDescription[] = {
      "28.5"},
 };
 
-std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_GLY") {
+std::string StoredText(TestRun& run, const std::string& column, const std::string& table = "ED_GLY") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
 }
 
@@ -143,10 +143,10 @@ TEST(Glycol, keeps_every_field_of_the_description_in_its_column) {
     if (field.control != temperature) run.Set(field.control, field.text);
   run.Click("cmdSaveEdits");
   run.Click("cmdCANCEL");
-  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  for (const Field& field : kDescription) EXPECT_EQ(StoredText(run, field.column), field.stored) << field.control;
   SelectAgain(run);
   for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
-  EXPECT_EQ(Stored(run, "TOT_GAS_THRUPUT", "EA_GLY"), "");
+  EXPECT_EQ(StoredText(run, "TOT_GAS_THRUPUT", "EA_GLY"), "");
 }
 
 TEST(Glycol, keeps_the_month_s_throughput_in_its_column) {
@@ -155,7 +155,7 @@ TEST(Glycol, keeps_the_month_s_throughput_in_its_column) {
   run.GoTo("GLY", "G1", Mode::kActv);
   for (const Field& field : kMonth) {
     run.Keep({{field.control, field.text}});
-    EXPECT_EQ(Stored(run, field.column, "EA_GLY"), field.stored) << field.control;
+    EXPECT_EQ(StoredText(run, field.column, "EA_GLY"), field.stored) << field.control;
     EXPECT_EQ(run.Text(field.control), field.text) << field.control;
   }
 }
@@ -176,11 +176,11 @@ TEST(Glycol, keeps_each_item_of_its_lists_as_its_code) {
   TestRun run;
   run.StartWith("GLY", "G1");
   for (const auto& list : lists) {
-    EXPECT_EQ(Stored(run, list.column), "") << list.column;
+    EXPECT_EQ(StoredText(run, list.column), "") << list.column;
     Texts items;
     for (const auto& [item, code] : list.items) {
       run.Keep({{list.list, item}});
-      EXPECT_EQ(Stored(run, list.column), code) << item;
+      EXPECT_EQ(StoredText(run, list.column), code) << item;
       SelectAgain(run);
       EXPECT_EQ(run.Text(list.list), item);
       EXPECT_EQ(run.At(list.list).index, static_cast<int>(items.size())) << item;
@@ -200,63 +200,8 @@ TEST(Glycol, shows_no_choice_for_a_code_that_no_item_has) {
     EXPECT_EQ(run.At(list).index, -1) << list;
   }
   run.Keep({});
-  EXPECT_EQ(Stored(run, "CTRL_TECH"), "SRVC") << "a list without a choice leaves its column";
-  EXPECT_EQ(Stored(run, "STRIPPING_GAS"), "NONE");
-}
-
-// ---- bounds ----
-
-TEST(Glycol, is_held_to_the_bounds_of_a_month) {
-  TryBounds({.type = "GLY", .mode = Mode::kActv, .required = {{kThroughput, "Processed Throughput", 0, 15500}}});
-}
-
-TEST(Glycol, is_held_to_the_bounds_of_wet_gas_flash_tank_and_stripping_gas) {
-  for (const char* gas : {"Dry Gas", "Flash Gas", "Nitrogen"})
-    TryBounds({.type = "GLY",
-               .mode = Mode::kDesc,
-               .base = {{kFlashTank, "Yes"}, {kStripping, gas}},
-               .required = {{"txtGLY_WetGasT", "Wet Gas Temperature", 32, 200},
-                            {"txtGLY_WetGasP", "Wet Gas Pressure", 1, 5000},
-                            {"txtGLY_FlashTankT", "Flash Tank Temperature", 32, 350},
-                            {"txtGLY_FlashTankP", "Flash Tank Pressure", 5, 1000},
-                            {"txtGLY_StrippingGasFlowRate", "Stripping Gas Flowrate", 0, 10000}}});
-}
-
-TEST(Glycol, flared_locally_is_held_to_the_bounds_of_outlet_and_flare) {
-  TryBounds({.type = "GLY",
-             .mode = Mode::kDesc,
-             .base = {{kDestination, "Flared Locally"}},
-             .required = {{"txtGLY_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
-                          {"txtGLY_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 1, 24},
-                          {"txtGLY_ExhaustOutletExitVel", "Ventilation Exit Velocity", 0, 1100},
-                          {"txtGLY_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180},
-                          {"txtGLY_FlareFeedRate", "Flare Feed Rate", 0, 20000},
-                          {"txtGLY_FlareCombustionT", "Flare Combustion Temperature", 1400, 2000},
-                          {"txtGLY_FlareEfficiency", "Flare Combustion Efficiency", 50, 99.9}}});
-}
-
-TEST(Glycol, vented_locally_is_held_to_the_bounds_of_the_outlet) {
-  TryBounds({.type = "GLY",
-             .mode = Mode::kDesc,
-             .base = {{kDestination, "Vented Locally"}},
-             .required = {{"txtGLY_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
-                          {"txtGLY_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 1, 24},
-                          {"txtGLY_ExhaustOutletExitVel", "Ventilation Exit Velocity", 0, 1100},
-                          {"txtGLY_ExhaustOutletExitT", "Ventilation Exit Temperature", 70, 2000},
-                          {"txtGLY_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180}}});
-}
-
-TEST(Glycol, is_held_to_the_bounds_of_condenser_and_other_device) {
-  TryBounds({.type = "GLY",
-             .mode = Mode::kDesc,
-             .base = {{kTechnology, kCondenser}, {kDevice, "Yes"}},
-             .required = {{"txtGLY_CondenserT", "Condenser Temperature", 32, 212},
-                          {"txtGLY_CondenserP", "Condenser Pressure", 0.5, 1000}},
-             .if_filled = {{"txtGLY_OtherControlEffSOx", "SOx Control Efficiency", 0, 99.9},
-                           {"txtGLY_OtherControlEffNOx", "NOx Control Efficiency", 0, 99.9},
-                           {"txtGLY_OtherControlEffCO", "CO Control Efficiency", 0, 99.9},
-                           {"txtGLY_OtherControlEffVOC", "VOC Control Efficiency", 0, 99.9},
-                           {"txtGLY_OtherControlEffPM10", "PM10 Control Efficiency", 0, 99.9}}});
+  EXPECT_EQ(StoredText(run, "CTRL_TECH"), "SRVC") << "a list without a choice leaves its column";
+  EXPECT_EQ(StoredText(run, "STRIPPING_GAS"), "NONE");
 }
 
 // ---- blank records ----
@@ -345,9 +290,9 @@ TEST(Glycol, locks_flash_tank_and_stripping_gas_fields_that_do_not_apply_and_kee
   EXPECT_EQ(run.Text("txtGLY_StrippingGasFlowRate"), "7");
   run.Click("cmdSaveEdits");
   expect({"txtGLY_FlashTankT", "txtGLY_FlashTankP", "txtGLY_StrippingGasFlowRate"}, false, "opened with No and None");
-  EXPECT_EQ(Stored(run, "FLASH_TANK_TEMP"), "100");
-  EXPECT_EQ(Stored(run, "FLASH_TANK_PRES"), "50");
-  EXPECT_EQ(Stored(run, "STRIPPING_GAS_FLOWRATE"), "7");
+  EXPECT_EQ(StoredText(run, "FLASH_TANK_TEMP"), "100");
+  EXPECT_EQ(StoredText(run, "FLASH_TANK_PRES"), "50");
+  EXPECT_EQ(StoredText(run, "STRIPPING_GAS_FLOWRATE"), "7");
 }
 
 TEST(Glycol, withdraws_the_findings_of_fields_that_no_longer_apply) {
@@ -385,7 +330,7 @@ TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_t
   run.Click("cmdSaveEdits");
   for (const char* column :
        {"OTH_CTRL_EFFIC_SOX", "OTH_CTRL_EFFIC_NOX", "OTH_CTRL_EFFIC_CO", "OTH_CTRL_EFFIC_VOC", "OTH_CTRL_EFFIC_PM10"})
-    EXPECT_EQ(Stored(run, column), "99.91") << column;
+    EXPECT_EQ(StoredText(run, column), "99.91") << column;
 }
 
 TEST(Glycol, looks_after_the_condenser_of_a_combined_recovery_too) {

@@ -32,7 +32,7 @@ constexpr Kept kKept[] = {
 
 class KeptValue : public testing::TestWithParam<Kept> {
  protected:
-  Value Stored() { return run.Sql(std::string("SELECT ") + GetParam().column + " FROM " + GetParam().table); }
+  Value StoredText() { return run.Sql(std::string("SELECT ") + GetParam().column + " FROM " + GetParam().table); }
   void Show(const Value& value) {
     const Kept& kept = GetParam();
     run.StartWith(kept.type, "X1");
@@ -49,7 +49,7 @@ TEST_P(KeptValue, that_is_an_empty_text_is_blank_and_is_stored_as_Null) {
   Show(std::string());
   EXPECT_EQ(run.Text(GetParam().control), "");
   run.Keep({{GetParam().other, "5"}});
-  EXPECT_EQ(Stored(), Value(Null{}));
+  EXPECT_EQ(StoredText(), Value(Null{}));
 }
 
 TEST_P(KeptValue, shows_as_it_is_stored_and_outlasts_a_save_of_something_else) {
@@ -61,15 +61,15 @@ TEST_P(KeptValue, shows_as_it_is_stored_and_outlasts_a_save_of_something_else) {
   run.Click("cmdEdit");
   run.Set(kept.other, "5");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(), brought);
+  EXPECT_EQ(StoredText(), brought);
   EXPECT_EQ(run.Text(kept.control), "as they call it, 12");
   run.Click("cmdSaveExit");
-  EXPECT_EQ(Stored(), brought);
+  EXPECT_EQ(StoredText(), brought);
   if (kept.item == nullptr) return;
   run.Click("cmdEdit");
   run.Set(kept.control, kept.item);
   run.Click("cmdSaveEdits");
-  EXPECT_NE(Stored(), brought);
+  EXPECT_NE(StoredText(), brought);
   EXPECT_EQ(run.Text(kept.control), kept.item);
 }
 
@@ -101,7 +101,7 @@ struct InspectionRun {
                      {std::string(ldar), std::string(months), std::string(method)});
     run.GoTo("FUG", "X1", Mode::kDesc);
   }
-  std::string Stored() {
+  std::string StoredText() {
     return NullToEmpty(
         run.Sql("SELECT ifnull(NBR_MONTHS_BETWEEN_INSPECTIONS,'-')||'|'||ifnull(INSPECTION_METHOD,'-') "
                 "FROM ED_FUG"));
@@ -117,17 +117,17 @@ TEST(Inspection, that_its_fields_cannot_show_keeps_its_columns) {
     EXPECT_EQ(run.Text("cmbFUG_MethodOfInspection"), "by drone");
     EXPECT_EQ(run.Text("txtFUG_MonthsBetweenInspections"), "twice a year");
     run.Keep({{"txtFUG_Valves", "3"}});
-    EXPECT_EQ(at.Stored(), "twice a year|by drone");
+    EXPECT_EQ(at.StoredText(), "twice a year|by drone");
     run.Click("cmdEdit");
     run.Click("cmdSaveExit");
-    EXPECT_EQ(at.Stored(), "twice a year|by drone");
+    EXPECT_EQ(at.StoredText(), "twice a year|by drone");
   }
 }
 
 TEST(Inspection, that_was_seen_to_be_emptied_is_stored_as_Null) {
   InspectionRun at("No", "6", "Vapor Analyzer");
   at.run.Keep({{"txtFUG_Valves", "3"}});
-  EXPECT_EQ(at.Stored(), "-|-");
+  EXPECT_EQ(at.StoredText(), "-|-");
 }
 
 TEST(KeptValues, of_a_structure_are_items_without_regard_to_case_and_kept_as_they_are) {

@@ -78,7 +78,7 @@ const Standing kStanding[] = {
     {{"txtLOA_TankVaporWeightPercentVOC", "Avg. % by Weight VOCs", 0, 100}, "TANK_VAPWGT_PVOC"},
     {{"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs", 16, 254}, "TANK_VOC_MOLEWGT"}};
 
-std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_LOA") {
+std::string StoredText(TestRun& run, const std::string& column, const std::string& table = "ED_LOA") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
 }
 
@@ -128,7 +128,7 @@ TEST(Loading, keeps_every_field_of_the_description_in_its_column) {
     if (field.control != temperature) run.Set(field.control, field.text);
   run.Click("cmdSaveEdits");
   run.Click("cmdCANCEL");
-  for (const Field& field : kDescription) EXPECT_EQ(Stored(run, field.column), field.stored) << field.control;
+  for (const Field& field : kDescription) EXPECT_EQ(StoredText(run, field.column), field.stored) << field.control;
   SelectAgain(run);
   for (const Field& field : kDescription) EXPECT_EQ(run.Text(field.control), field.text) << field.control;
 }
@@ -141,7 +141,7 @@ TEST(Loading, keeps_every_field_of_a_month_in_its_column) {
   for (const Field& field : kMonth) typed.emplace_back(field.control, field.text);
   run.Keep(typed);
   for (const Field& field : kMonth) {
-    EXPECT_EQ(Stored(run, field.column, "EA_LOA"), field.stored) << field.control;
+    EXPECT_EQ(StoredText(run, field.column, "EA_LOA"), field.stored) << field.control;
     EXPECT_EQ(run.Text(field.control), field.text) << field.control;
   }
 }
@@ -166,11 +166,11 @@ TEST(Loading, keeps_each_item_of_its_lists_as_its_code) {
   TestRun run;
   run.StartWith("LOA", "L1");
   for (const auto& list : lists) {
-    EXPECT_EQ(Stored(run, list.column), "") << list.column;
+    EXPECT_EQ(StoredText(run, list.column), "") << list.column;
     Texts items;
     for (const auto& [item, code] : list.items) {
       run.Keep({{list.list, item}});
-      EXPECT_EQ(Stored(run, list.column), code) << item;
+      EXPECT_EQ(StoredText(run, list.column), code) << item;
       SelectAgain(run);
       EXPECT_EQ(run.Text(list.list), item);
       EXPECT_EQ(run.At(list.list).index, static_cast<int>(items.size())) << item;
@@ -181,19 +181,6 @@ TEST(Loading, keeps_each_item_of_its_lists_as_its_code) {
 }
 
 // ---- bounds ----
-
-TEST(Loading, is_held_to_every_bound_of_a_month) {
-  TryBounds({.type = "LOA",
-             .mode = Mode::kActv,
-             .required = {{kVolume, "Volume Loaded", 0, 5000000},
-                          {"txtLOA_TankBulkLiqT", "Bulk Liquid Temperature", 0, 120}}});
-}
-
-TEST(Loading, is_held_to_the_bounds_of_elevation_and_vapor) {
-  std::vector<Bound> bounds;
-  for (const Standing& one : kStanding) bounds.push_back(one.bound);
-  TryBounds({.type = "LOA", .mode = Mode::kDesc, .required = bounds});
-}
 
 TEST(Loading, is_held_in_a_month_to_the_bounds_of_its_description_too) {
   TestRun run;
@@ -222,33 +209,6 @@ TEST(Loading, is_held_in_a_month_to_the_bounds_of_its_description_too) {
   attempt(
       "above", [](const Bound& b) { return GeneralNumber(b.high + 0.01); }, range);
   EXPECT_EQ(run.Count("QC WHERE EditMode<>'ACTV' OR [Month]<>1"), 0) << "the findings are the month's";
-}
-
-TEST(Loading, flared_locally_is_held_to_the_bounds_of_outlet_flare_and_device) {
-  TryBounds({.type = "LOA",
-             .mode = Mode::kDesc,
-             .base = {{kDestination, "Flared Locally"}, {kDevice, "Yes"}},
-             .required = {{"txtLOA_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
-                          {"txtLOA_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 2, 24},
-                          {"txtLOA_ExhaustOutletExitVel", "Ventilation Exit Velocity", 5, 1100},
-                          {"txtLOA_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180},
-                          {"txtLOA_FlareFeedRate", "Flare Feed Rate", 0, 20000},
-                          {"txtLOA_FlareCombustionT", "Flare Combustion Temperature", 1400, 2000},
-                          {"txtLOA_FlareEfficiency", "Flare Combustion Efficiency", 50, 99.9}},
-             .if_filled = {{"txtLOA_OtherControlEffVOC", "VOC Control Efficiency", 0, 99.9}}});
-}
-
-TEST(Loading, vented_locally_is_held_to_the_bounds_of_outlet_and_condenser) {
-  TryBounds({.type = "LOA",
-             .mode = Mode::kDesc,
-             .base = {{kDestination, "Vented Locally"}, {kTechnology, kCondenser}},
-             .required = {{"txtLOA_ExhaustOutletHgt", "Ventilation Outlet Height", -30, 100},
-                          {"txtLOA_ExhaustOutletInnerDiam", "Ventilation Outlet Inner Diameter", 2, 24},
-                          {"txtLOA_ExhaustOutletExitVel", "Ventilation Exit Velocity", 5, 1100},
-                          {"txtLOA_ExhaustOutletExitT", "Ventilation Exit Temperature", 70, 2000},
-                          {"txtLOA_ExhaustOutletAngle", "Ventilation Outlet Orientation", 0, 180},
-                          {"txtLOA_CondenserT", "Condenser Temperature", 32, 212},
-                          {"txtLOA_CondenserP", "Condenser Pressure", 0.5, 1000}}});
 }
 
 // ---- blank records ----
@@ -364,7 +324,7 @@ TEST(Loading, without_another_control_device_keeps_its_efficiency_and_raises_not
   run.Keep({{kDevice, "No"}});
   run.Click("cmdQC");
   EXPECT_EQ(run.Finding("VOC Control Efficiency"), "");
-  EXPECT_EQ(Stored(run, "OTH_CTRL_EFFIC_VOC"), "100");
+  EXPECT_EQ(StoredText(run, "OTH_CTRL_EFFIC_VOC"), "100");
 }
 
 TEST(Loading, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts) {

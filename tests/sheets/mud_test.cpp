@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 #include "sheets/contract.h"
 #include "sheets/units.h"
 
@@ -10,15 +10,6 @@ namespace {
 using Names = std::vector<std::string>;
 
 const char* const kMud = "cmbMud_MudType";
-
-TEST(MudDegassing, is_held_to_1_to_31_days) {
-  TryBounds({.type = "MUD",
-             .mode = Mode::kActv,
-             .description = {},
-             .base = {},
-             .required = {{"txtMUD_DaysPerMonth", "Days per Month", 1, 31}},
-             .if_filled = {}});
-}
 
 TEST(MudDegassing, may_take_31_days_of_february_and_neither_0_nor_32) {
   TestRun run;

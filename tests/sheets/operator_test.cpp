@@ -20,7 +20,7 @@ constexpr const char* kFields[] = {"txtUSER_Company", "txtUSER_Address1", "txtUS
 class OperatorSheet : public testing::Test {
  protected:
   OperatorSheet() { run.Start(); }
-  std::string Stored(const std::string& column) {
+  std::string StoredText(const std::string& column) {
     return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY"));
   }
   // Ends the edit and returns the message and the focused control.
@@ -95,21 +95,21 @@ TEST_F(OperatorSheet, stores_every_field_and_null_for_an_empty_one) {
            {"txtUSER_Email", "b@b.example"}});
   EXPECT_EQ(End().first, Texts{});
   EXPECT_FALSE(run.s.editing);
-  EXPECT_EQ(Stored("CO_NAME"), "Deep Sea");
+  EXPECT_EQ(StoredText("CO_NAME"), "Deep Sea");
   EXPECT_TRUE(IsNull(run.Sql("SELECT ADDR1 FROM CO_COMPANY")));
-  EXPECT_EQ(Stored("ADDR2"), "Pier 7");
-  EXPECT_EQ(Stored("City"), "Bay");
-  EXPECT_EQ(Stored("State"), "LA");
-  EXPECT_EQ(Stored("Zip"), "70001");
-  EXPECT_EQ(Stored("Contact"), "B. Person");
-  EXPECT_EQ(Stored("Phone"), "(555) 987 - 6543 ext 12__");
-  EXPECT_EQ(Stored("Fax"), "(555) 000 - 1111");
-  EXPECT_EQ(Stored("Email"), "b@b.example");
+  EXPECT_EQ(StoredText("ADDR2"), "Pier 7");
+  EXPECT_EQ(StoredText("City"), "Bay");
+  EXPECT_EQ(StoredText("State"), "LA");
+  EXPECT_EQ(StoredText("Zip"), "70001");
+  EXPECT_EQ(StoredText("Contact"), "B. Person");
+  EXPECT_EQ(StoredText("Phone"), "(555) 987 - 6543 ext 12__");
+  EXPECT_EQ(StoredText("Fax"), "(555) 000 - 1111");
+  EXPECT_EQ(StoredText("Email"), "b@b.example");
 }
 
 TEST_F(OperatorSheet, never_changes_the_number_and_the_year) {
   run.Keep({{"txtUSER_Company", "Deep Sea"}});
-  EXPECT_EQ(Stored("RIMA_CO_NUM"), "12345");
+  EXPECT_EQ(StoredText("RIMA_CO_NUM"), "12345");
   EXPECT_EQ(ToInteger(run.Sql("SELECT sys_yr FROM SYS_CONFIG")), 2017);
 }
 
@@ -142,21 +142,21 @@ TEST_F(OperatorSheet, is_held_to_its_required_fields_in_their_order) {
   }
   EXPECT_EQ(End().first, Texts{});
   EXPECT_FALSE(run.s.editing);
-  EXPECT_EQ(Stored("State"), "S");
+  EXPECT_EQ(StoredText("State"), "S");
 }
 
 TEST_F(OperatorSheet, takes_blanks_for_nothing_typed) {
   run.Click("cmdEdit");
   run.Set("txtUSER_City", "   ");
   EXPECT_EQ(End(), (std::pair<Texts, std::string>{{"Please enter your City"}, "txtUSER_City"}));
-  EXPECT_EQ(Stored("City"), "Port");
+  EXPECT_EQ(StoredText("City"), "Port");
 }
 
 TEST_F(OperatorSheet, accepts_a_phone_of_nine_digits) {
   run.Click("cmdEdit");
   run.Set("txtUSER_Phone", "555123456");
   EXPECT_EQ(End().first, Texts{});
-  EXPECT_EQ(Stored("Phone"), "(555) 123 - 456_ ext ____");
+  EXPECT_EQ(StoredText("Phone"), "(555) 123 - 456_ ext ____");
 }
 
 TEST_F(OperatorSheet, saved_without_ending_the_edit_is_held_to_nothing) {
@@ -166,13 +166,13 @@ TEST_F(OperatorSheet, saved_without_ending_the_edit_is_held_to_nothing) {
   EXPECT_EQ(run.TakeBoxes(), Texts{});
   EXPECT_TRUE(run.s.editing);
   EXPECT_TRUE(IsNull(run.Sql("SELECT CO_NAME FROM CO_COMPANY")));
-  EXPECT_EQ(Stored("Phone"), kNoPhone);
-  EXPECT_EQ(Stored("Fax"), kNoFax);
+  EXPECT_EQ(StoredText("Phone"), kNoPhone);
+  EXPECT_EQ(StoredText("Fax"), kNoFax);
 }
 
 TEST_F(OperatorSheet, keeps_a_text_as_it_stands_with_its_blanks) {
   run.Keep({{"txtUSER_Company", "  Deep 'Sea'  "}});
-  EXPECT_EQ(Stored("CO_NAME"), "  Deep 'Sea'  ");
+  EXPECT_EQ(StoredText("CO_NAME"), "  Deep 'Sea'  ");
   EXPECT_EQ(run.Text("txtUSER_Company"), "  Deep 'Sea'  ");
 }
 

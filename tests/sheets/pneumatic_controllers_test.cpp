@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 #include "shell/qc_command.h"
 
 namespace merlu::test {
@@ -38,13 +38,6 @@ struct Month {
 
 void Explain(TestRun& run, const std::string& comment) {
   run.s.db.Execute("UPDATE QC SET Comments=?", {comment});
-}
-
-TEST(PneumaticPump, is_held_to_the_hours_of_a_month) {
-  TryBounds({.type = "PNE",
-             .mode = Mode::kActv,
-             .base = {{kRate, "5"}},
-             .required = {{kHours, "Hours per day operated", 0, 744}}});
 }
 
 TEST(PneumaticPump, cannot_run_for_745_hours) {

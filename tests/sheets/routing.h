@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <ostream>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test::routing {
 
@@ -93,7 +93,7 @@ class Routing : public testing::TestWithParam<Sheet> {
   void Go(const std::string& destination) { run.Set(sheet().destination(), destination); }
   Control& Destination() { return run.At(sheet().destination()); }
   Control& SentTo() { return run.At(sheet().sent_to()); }
-  std::string Stored(const std::string& column) {
+  std::string StoredText(const std::string& column) {
     return NullToEmpty(run.Sql("SELECT " + column + " FROM ED_" + sheet().type));
   }
   std::string RemoteFinding() { return run.Finding(kRemoteTag, "EquipID='X1'"); }

@@ -95,8 +95,8 @@ TEST_P(RoutingRules, given_its_remote_one_is_saved_without_a_box_of_its_own) {
   run.Put({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: F1"}});
   run.Click("cmdSaveExit");
   for (const std::string& box : run.TakeBoxes()) EXPECT_EQ(box.substr(0, 17), "QC completed with");
-  EXPECT_EQ(Stored("EMIS_DEST"), "FR");
-  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAF1");
+  EXPECT_EQ(StoredText("EMIS_DEST"), "FR");
+  EXPECT_EQ(StoredText("SENT_TO_ID"), "FLAF1");
 }
 
 TEST_P(RoutingRules, falls_back_in_its_text_and_where_its_sheet_does_so_in_its_index) {
@@ -124,7 +124,7 @@ TEST_P(RoutingRules, is_left_alone_by_a_run_over_the_structure) {
   run.Click("cmdQC");
   EXPECT_EQ(run.TakeBoxes().size(), 1U) << "the count alone";
   EXPECT_EQ(RemoteFinding(), sheet().in_walk ? kBlankFinding : "");
-  EXPECT_EQ(Stored("EMIS_DEST"), "VR");
+  EXPECT_EQ(StoredText("EMIS_DEST"), "VR");
 }
 
 TEST_P(RoutingRules, in_a_month_never_stores_another_destination) {
@@ -139,7 +139,7 @@ TEST_P(RoutingRules, in_a_month_never_stores_another_destination) {
   const bool pump = sheet().type == "PNE";
   EXPECT_EQ(std::count(boxes.begin(), boxes.end(), kNoVent), pump ? 1 : 0);
   EXPECT_EQ(run.Finding(kRemoteTag, "EditMode='ACTV'"), pump ? kBlankFinding : "");
-  EXPECT_EQ(Stored("EMIS_DEST"), "VR");
+  EXPECT_EQ(StoredText("EMIS_DEST"), "VR");
   EXPECT_EQ(Destination().text, "Vented Remotely");
 }
 

@@ -26,7 +26,7 @@ TEST_P(Routing, keeps_each_destination_as_its_code_and_shows_it_again) {
   int index = 0;
   for (const auto& [text, code] : codes) {
     run.Keep({{sheet().destination(), text}});
-    EXPECT_EQ(Stored("EMIS_DEST"), code);
+    EXPECT_EQ(StoredText("EMIS_DEST"), code);
     Again();
     EXPECT_EQ(Destination().text, text);
     EXPECT_EQ(Destination().index, index++);
@@ -42,7 +42,7 @@ TEST_P(Routing, shows_nothing_for_a_code_that_its_list_lacks_and_leaves_the_code
     EXPECT_EQ(Destination().text, "") << code;
     EXPECT_EQ(Destination().index, -1) << code;
     run.Keep({});
-    EXPECT_EQ(Stored("EMIS_DEST"), code);
+    EXPECT_EQ(StoredText("EMIS_DEST"), code);
   }
   EXPECT_EQ(run.TakeBoxes(), Texts{});
 }
@@ -94,7 +94,7 @@ TEST_P(Routing, keeps_the_remote_one_as_its_type_and_identifier_and_shows_it_aga
                      {"Flared Remotely", "Flare: F1", "FLAF1"}};
   for (const auto& one : cases) {
     run.Keep({{sheet().destination(), one.destination}, {sheet().sent_to(), one.item}});
-    EXPECT_EQ(Stored("SENT_TO_ID"), one.stored);
+    EXPECT_EQ(StoredText("SENT_TO_ID"), one.stored);
     Again();
     EXPECT_EQ(SentTo().text, one.item);
     EXPECT_EQ(SentTo().index, std::string(one.item).back() == '1' ? 0 : 1);
@@ -110,10 +110,10 @@ TEST_P(Routing, keeps_apart_a_vent_whose_identifier_reads_like_a_flare) {
   }
   run.Select(run.Key(sheet().type, "X1"));
   run.Keep({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: Flare: 1"}});
-  EXPECT_EQ(Stored("SENT_TO_ID"), "VENFlare: 1");
+  EXPECT_EQ(StoredText("SENT_TO_ID"), "VENFlare: 1");
   EXPECT_EQ(SentTo().text, "Vent: Flare: 1");
   run.Keep({{sheet().destination(), "Flared Remotely"}, {sheet().sent_to(), "Flare: Vent: 1"}});
-  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAVent: 1");
+  EXPECT_EQ(StoredText("SENT_TO_ID"), "FLAVent: 1");
   EXPECT_EQ(SentTo().text, "Flare: Vent: 1");
 }
 
@@ -124,15 +124,15 @@ TEST_P(Routing, shows_the_remote_one_in_a_month_and_keeps_it_through_the_month_s
   EXPECT_EQ(Destination().text, "Flared Remotely");
   EXPECT_EQ(SentTo().text, "Flare: F2");
   run.Keep({});
-  EXPECT_EQ(Stored("EMIS_DEST"), "FR");
-  EXPECT_EQ(Stored("SENT_TO_ID"), "FLAF2");
+  EXPECT_EQ(StoredText("EMIS_DEST"), "FR");
+  EXPECT_EQ(StoredText("SENT_TO_ID"), "FLAF2");
 }
 
 TEST_P(Routing, stores_no_remote_one_for_a_local_destination) {
   StartAmongVentsAndFlares();
   for (const char* local : {"Vented Locally", "Flared Locally"}) {
     run.Keep({{sheet().destination(), "Vented Remotely"}, {sheet().sent_to(), "Vent: V1"}});
-    ASSERT_EQ(Stored("SENT_TO_ID"), "VENV1");
+    ASSERT_EQ(StoredText("SENT_TO_ID"), "VENV1");
     run.Keep({{sheet().destination(), local}});
     EXPECT_TRUE(IsNull(run.Sql("SELECT SENT_TO_ID FROM ED_" + sheet().type))) << local;
   }
@@ -181,9 +181,9 @@ TEST_P(Routing, shows_no_remote_one_after_its_identifier_was_changed) {
     EXPECT_EQ(SentTo().text, "") << one.destination;
     EXPECT_EQ(SentTo().index, -1) << one.destination;
     EXPECT_EQ(SentTo().items.size(), 2U) << one.destination;
-    EXPECT_EQ(Stored("SENT_TO_ID"), one.stored);
+    EXPECT_EQ(StoredText("SENT_TO_ID"), one.stored);
     run.Keep({});
-    EXPECT_EQ(Stored("SENT_TO_ID"), "") << one.destination;
+    EXPECT_EQ(StoredText("SENT_TO_ID"), "") << one.destination;
     run.s.db.Execute("UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='OLD' WHERE ED_MERLU_EQUIP_ID='NEW'");
   }
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "sheets/bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <algorithm>
 
-#include "bounds.h"
+#include "rules/bounds.h"
 
 namespace merlu::test::tank {
 
@@ -113,7 +113,7 @@ const Geometry kGeometries[] = {
     {"Rectangular", "", ".....", ".H.W.", ".H.W."},
 };
 
-inline std::string Stored(TestRun& run, const std::string& column, const std::string& table = "ED_STO") {
+inline std::string StoredText(TestRun& run, const std::string& column, const std::string& table = "ED_STO") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
 }
 

@@ -66,7 +66,7 @@ TEST(StorageTank, keeps_every_field_of_the_description_in_its_column) {
   SelectAgain(run);
   for (const Field& field : kDescription) {
     const bool lacking = is_elsewhere(field) && field.control != elsewhere[0];  // an upright box has neither
-    EXPECT_EQ(Stored(run, field.column), lacking ? "" : field.stored) << field.control;
+    EXPECT_EQ(StoredText(run, field.column), lacking ? "" : field.stored) << field.control;
     EXPECT_EQ(run.Text(field.control), lacking ? "" : field.text) << field.control;
   }
   run.Click("cmdEdit");
@@ -75,8 +75,8 @@ TEST(StorageTank, keeps_every_field_of_the_description_in_its_column) {
            {"txtSTO_TankShellDiam", "21.5"},
            {"txtSTO_TankShellLength", "22.5"}});
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored(run, "TANK_SHELL_DIAM"), "21.5");
-  EXPECT_EQ(Stored(run, "TANK_SHELL_LENGTH"), "22.5");
+  EXPECT_EQ(StoredText(run, "TANK_SHELL_DIAM"), "21.5");
+  EXPECT_EQ(StoredText(run, "TANK_SHELL_LENGTH"), "22.5");
 }
 
 TEST(StorageTank, keeps_every_field_of_a_month_in_its_column) {
@@ -87,7 +87,7 @@ TEST(StorageTank, keeps_every_field_of_a_month_in_its_column) {
   for (const Field& field : kMonth) typed.emplace_back(field.control, field.text);
   run.Keep(typed);
   for (const Field& field : kMonth) {
-    EXPECT_EQ(Stored(run, field.column, "EA_STO"), field.stored) << field.control;
+    EXPECT_EQ(StoredText(run, field.column, "EA_STO"), field.stored) << field.control;
     EXPECT_EQ(run.Text(field.control), field.text) << field.control;
   }
 }
@@ -118,11 +118,11 @@ TEST(StorageTank, keeps_each_item_of_its_lists_as_its_code_or_its_text) {
   TestRun run;
   run.StartWith("STO", "T1");
   for (const auto& list : lists) {
-    EXPECT_EQ(Stored(run, list.column), "") << list.column;
+    EXPECT_EQ(StoredText(run, list.column), "") << list.column;
     Texts items;
     for (const auto& [item, code] : list.items) {
       run.Keep({{list.list, item}});
-      EXPECT_EQ(Stored(run, list.column), code) << item;
+      EXPECT_EQ(StoredText(run, list.column), code) << item;
       SelectAgain(run);
       EXPECT_EQ(run.Text(list.list), item);
       EXPECT_EQ(run.At(list.list).index, static_cast<int>(items.size())) << item;
@@ -188,7 +188,7 @@ TEST(StorageTank, stores_the_dimensions_of_its_shape_and_orientation_and_drops_t
     Shape(run, geometry, "12.5");
     run.Keep({});
     for (int i = 0; i < 5; ++i)
-      EXPECT_EQ(Stored(run, kDimensions[i].column), geometry.in_row[i] != '.' ? "12.5" : "")
+      EXPECT_EQ(StoredText(run, kDimensions[i].column), geometry.in_row[i] != '.' ? "12.5" : "")
           << kDimensions[i].column << " of " << Words(geometry);
   }
 }
@@ -200,7 +200,7 @@ TEST(StorageTank, laid_down_as_a_box_keeps_its_diameter_on_the_screen_until_the_
             {kOrientation, "Vertical"},
             {"txtSTO_TankShellDiam", "20"},
             {"txtSTO_TankShellHgt", "30"}});
-  EXPECT_EQ(Stored(run, "TANK_SHELL_DIAM"), "20");
+  EXPECT_EQ(StoredText(run, "TANK_SHELL_DIAM"), "20");
   run.Click("cmdEdit");
   run.Put({{kShape, "Rectangular"}, {kOrientation, "Horizontal"}});
   EXPECT_EQ(run.Text("txtSTO_TankShellDiam"), "20");
@@ -209,7 +209,7 @@ TEST(StorageTank, laid_down_as_a_box_keeps_its_diameter_on_the_screen_until_the_
   run.Click("cmdSaveEdits");
   EXPECT_TRUE(IsNull(run.Sql("SELECT TANK_SHELL_DIAM FROM ED_STO")));
   EXPECT_EQ(run.Text("txtSTO_TankShellDiam"), "");
-  EXPECT_EQ(Stored(run, "TANK_SHELL_HGT"), "30");
+  EXPECT_EQ(StoredText(run, "TANK_SHELL_HGT"), "30");
 }
 
 TEST(StorageTank, turns_roof_condenser_and_other_device_on_and_off_and_keeps_their_texts) {

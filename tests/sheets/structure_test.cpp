@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "records/structure_record.h"
+#include "session/find_rows.h"
 #include "session/node_keys.h"
-#include "session/records.h"
 #include "shell/status.h"
 #include "support/test_run.h"
 
@@ -24,7 +24,7 @@ class StructureSheet : public testing::Test {
     UpdateStatus(run.s);
     return run.s.checked;
   }
-  std::string Stored(const std::string& table, const std::string& column) {
+  std::string StoredText(const std::string& table, const std::string& column) {
     return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
   }
   TestRun run;
@@ -73,15 +73,15 @@ TEST_F(StructureSheet, keeps_each_field_of_the_description_in_its_column) {
   run.Click("cmdCANCEL");
   number = 0;
   for (const auto& [control, column] : kTexts) {
-    EXPECT_EQ(Stored("PD_PLATFORM_DESC", column), "text " + std::to_string(++number)) << column;
+    EXPECT_EQ(StoredText("PD_PLATFORM_DESC", column), "text " + std::to_string(++number)) << column;
     EXPECT_EQ(run.Text(control), "text " + std::to_string(number)) << control;
   }
   for (const auto& [control, column] : kNumbers) {
     EXPECT_EQ(ToNumber(run.Sql("SELECT " + column + " FROM PD_PLATFORM_DESC")), ++number + 0.5) << column;
     EXPECT_EQ(run.Text(control), std::to_string(number) + ".5") << control;
   }
-  EXPECT_EQ(Stored("PD_PLATFORM_DESC", "MINOR_SOURCE_EXEMPT"), "Yes");
-  EXPECT_EQ(Stored("PD_PLATFORM_DESC", "MINOR_SOURCE_EXEMPT_WHAT"), "Other (describe in coments)");
+  EXPECT_EQ(StoredText("PD_PLATFORM_DESC", "MINOR_SOURCE_EXEMPT"), "Yes");
+  EXPECT_EQ(StoredText("PD_PLATFORM_DESC", "MINOR_SOURCE_EXEMPT_WHAT"), "Other (describe in coments)");
 }
 
 TEST_F(StructureSheet, keeps_each_field_of_the_month_in_its_column_of_that_month_only) {
@@ -98,7 +98,7 @@ TEST_F(StructureSheet, keeps_each_field_of_the_month_in_its_column_of_that_month
     EXPECT_EQ(ToInteger(run.Sql("SELECT " + column + " FROM PA_PLATFORM_ACTV WHERE PA_MO=2")), ++number) << column;
     EXPECT_TRUE(IsNull(run.Sql("SELECT " + column + " FROM PA_PLATFORM_ACTV WHERE PA_MO=1"))) << column;
   }
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV WHERE PA_MO=2", "COMNT_TXT"), "it's quiet");
+  EXPECT_EQ(StoredText("PA_PLATFORM_ACTV WHERE PA_MO=2", "COMNT_TXT"), "it's quiet");
   EXPECT_EQ(run.Text("txtSTRUCTURE_Comments"), "it's quiet");
 }
 
@@ -182,7 +182,7 @@ TEST_F(StructureSheet, forgets_what_is_exempt_when_nothing_is) {
   run.Set("cmbMinorSourceExempt", "No");
   EXPECT_EQ(run.Text("cmbMinorSourceExemptWhat"), "");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(Stored("PD_PLATFORM_DESC", "MINOR_SOURCE_EXEMPT"), "No");
+  EXPECT_EQ(StoredText("PD_PLATFORM_DESC", "MINOR_SOURCE_EXEMPT"), "No");
   EXPECT_TRUE(IsNull(run.Sql("SELECT MINOR_SOURCE_EXEMPT_WHAT FROM PD_PLATFORM_DESC")));
 }
 
@@ -205,7 +205,7 @@ TEST_F(StructureSheet, stores_the_status_of_the_month_and_shows_it_in_view) {
   run.Check("chkSTRUCTURE_Status", true);
   run.Click("cmdSaveEdits");
   run.Click("cmdCANCEL");
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "status"), "I");
+  EXPECT_EQ(StoredText("PA_PLATFORM_ACTV", "status"), "I");
   EXPECT_TRUE(run.Visible("lblNoEmissions"));
   EXPECT_FALSE(run.Visible("chkSTRUCTURE_Status"));
   run.Click("cmdEdit");
@@ -214,7 +214,7 @@ TEST_F(StructureSheet, stores_the_status_of_the_month_and_shows_it_in_view) {
   run.Check("chkSTRUCTURE_Status", false);
   run.Click("cmdSaveEdits");
   run.Click("cmdCANCEL");
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "status"), "A");
+  EXPECT_EQ(StoredText("PA_PLATFORM_ACTV", "status"), "A");
   EXPECT_FALSE(run.Visible("lblNoEmissions"));
 }
 
@@ -232,11 +232,11 @@ TEST_F(StructureSheet, saved_without_a_run_keeps_its_date_of_last_run_and_is_not
   GoToMonth();
   run.Click("cmdQC");
   run.TakeBoxes();
-  const std::string date = Stored("PA_PLATFORM_ACTV", "PA_QC_DT");
+  const std::string date = StoredText("PA_PLATFORM_ACTV", "PA_QC_DT");
   EXPECT_NE(date, "");
   EXPECT_TRUE(IsChecked());
   run.Keep({{"txtSTRUCTURE_ProdOil", "8"}});
-  EXPECT_EQ(Stored("PA_PLATFORM_ACTV", "PA_QC_DT"), date);
+  EXPECT_EQ(StoredText("PA_PLATFORM_ACTV", "PA_QC_DT"), date);
   EXPECT_FALSE(IsChecked());
   run.Select(SurveyKey("12345", 1, 2017));
   EXPECT_FALSE(IsChecked());
@@ -302,9 +302,9 @@ TEST_F(StructureSheet, of_a_new_structure_has_its_ids_texts_and_operator) {
 
 TEST_F(StructureSheet, knows_a_pair_of_ids_whatever_their_case) {
   run.AddStructure("ab1", "x");
-  EXPECT_TRUE(StructureExists(run.s, "AB1", "X"));
-  EXPECT_FALSE(StructureExists(run.s, "AB1", "1"));
-  EXPECT_FALSE(StructureExists(run.s, "1001", "x"));
+  EXPECT_TRUE(StructureExists(run.s.db, "AB1", "X"));
+  EXPECT_FALSE(StructureExists(run.s.db, "AB1", "1"));
+  EXPECT_FALSE(StructureExists(run.s.db, "1001", "x"));
 }
 
 // ---- the status of a structure is that of its equipment ----

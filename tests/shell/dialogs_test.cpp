@@ -60,7 +60,7 @@ class NewUser : public testing::Test {
              {"txtUSER_Phone", "5551234567"},
              {"txtUSER_Email", "a@b.example"}});
   }
-  std::string Stored(const std::string& column) {
+  std::string StoredText(const std::string& column) {
     return NullToEmpty(run.Sql("SELECT " + column + " FROM CO_COMPANY"));
   }
   TestRun run;
@@ -117,7 +117,7 @@ TEST_F(NewUser, is_held_to_its_checks_in_their_order) {
     EXPECT_FALSE(form.visible);
   });
   EXPECT_EQ(run.TakeBoxes(), Texts{});
-  EXPECT_EQ(Stored("ADDR2"), "A");
+  EXPECT_EQ(StoredText("ADDR2"), "A");
 }
 
 TEST_F(NewUser, takes_blanks_for_no_number) {
@@ -150,8 +150,8 @@ TEST_F(NewUser, accepts_an_email_alone_and_stores_the_empty_masks) {
     run.Click("cmdOK");
   });
   EXPECT_EQ(run.TakeBoxes(), Texts{});
-  EXPECT_EQ(Stored("Phone"), "(___) ___ - ____ ext ____");
-  EXPECT_EQ(Stored("Fax"), "(___) ___ - ____");
+  EXPECT_EQ(StoredText("Phone"), "(___) ___ - ____ ext ____");
+  EXPECT_EQ(StoredText("Fax"), "(___) ___ - ____");
 }
 
 TEST_F(NewUser, counts_the_digits_of_an_extension_as_any_other) {
@@ -161,7 +161,7 @@ TEST_F(NewUser, counts_the_digits_of_an_extension_as_any_other) {
     run.Click("cmdOK");
     EXPECT_FALSE(form.visible);
   });
-  EXPECT_EQ(Stored("Phone"), "(555) 123 - 4567 ext ____");
+  EXPECT_EQ(StoredText("Phone"), "(555) 123 - 4567 ext ____");
 }
 
 TEST_F(NewUser, lets_no_sixth_character_of_a_number_in) {

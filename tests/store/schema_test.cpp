@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "qc/qc_log.h"
 #include "records/judge_records.h"
-#include "session/records.h"
+#include "session/find_rows.h"
 #include "session/types.h"
 #include "sheets/structure.h"
 #include "sheets/units.h"

@@ -18,7 +18,7 @@
 #include "shell/docks.h"
 #include "shell/main_program.h"
 #include "shell/messages.h"
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 namespace merlu::test {
 

@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "forms/platform.h"
 #include "session/session.h"
+#include "shell/ui.h"
 
 namespace merlu::test {
 
@@ -102,7 +102,7 @@ class TestRun : public Platform {
   std::string Finding(const std::string& field, const std::string& condition = "1");
 
   TemporaryFolder folder;
-  Session s{*this};
+  Session s{*this, *this, *this};
 
   // ---- what the test answers, and what was shown ----
   std::deque<Button> answers;

@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "base/text.h"
 #include "session/notices.h"
 #include "sheets/blocks/blocks.h"
 

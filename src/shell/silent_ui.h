@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "forms/platform.h"
+#include "shell/ui.h"
 
 namespace merlu {
 
-class SilentUi : public virtual Ui {
+class SilentUi : public virtual Ui, public virtual Progress {
  public:
   std::string AskFile(const FileQuestion&) override { return ""; }
   std::string AskFolder(const std::string&) override { return ""; }

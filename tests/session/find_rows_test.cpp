@@ -1,4 +1,4 @@
-#include "session/records.h"
+#include "session/find_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +65,7 @@ TEST_F(Records, are_found_again_after_a_find_that_failed) {
 
 TEST_F(Records, are_found_from_the_last_row) {
   Cursor& pd = s.At("PD_PLATFORM_DESC");
-  pd.MoveLast();
+  ASSERT_TRUE(pd.FindFirst({{"PD_ID_AK", std::int64_t{2}}}));
   EXPECT_TRUE(MoveToPDRecord(s, 1));
   EXPECT_EQ(ToInteger(pd.Field("PD_ID_AK")), 1);
 }
@@ -114,8 +114,8 @@ TEST_F(Records, that_a_statement_deleted_are_found_until_their_cursor_is_requeri
 // ---- the rows of an equipment ----
 
 TEST_F(Records, of_an_equipment_s_month_are_brought_into_place_together) {
-  s.At("EA_EQUIP_ACTV").MoveLast();
-  s.At("EA_FLA").MoveLast();
+  for (const char* table : {"EA_EQUIP_ACTV", "EA_FLA"})
+    ASSERT_TRUE(s.At(table).FindFirst({{"EA_ID_AK", std::int64_t{3}}}));
   s.ED_ID_AK = s.PD_ID_AK = s.SA_ID_AK = 0;
   s.EA_ID_AK = 2;
   EXPECT_TRUE(FindEquipRecord(s, s.current, "ED_FLA", "EA_FLA"));

@@ -1,10 +1,10 @@
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 #include "base/text.h"
 #include "entry/month_record.h"
+#include "session/find_rows.h"
 #include "session/main_names.h"
 #include "session/node_keys.h"
-#include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/sheet_form.h"
 #include "sheets/structure_names.h"

@@ -1,4 +1,4 @@
-#include "shell/routing.h"
+#include "shell/sheet_acts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "session/records.h"
+#include "session/find_rows.h"
 
 #include <limits>
 #include <string>
@@ -96,6 +96,12 @@ bool MoveToPAActvRecordByMo(Session& s, std::int64_t id, int month, int year) {
       Note(s.notices, "Platform Actv ID " + std::to_string(id) + " not found in MoveToPAActvRecordByMo!");
   });
   return found;
+}
+
+void MoveToNewMonth(Session& s, std::int64_t id) {
+  if (s.PD_ID_AK == 0 || id == 0) return;
+  MoveToPDRecord(s, s.PD_ID_AK);
+  MoveToPARecord(s, id);
 }
 
 bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed_table, std::string_view ea_table) {

@@ -1,4 +1,4 @@
-#include "forms/platform.h"
+#include "shell/ui.h"
 
 #include <algorithm>
 #include <filesystem>

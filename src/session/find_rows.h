@@ -15,6 +15,9 @@ namespace merlu {
 bool MoveToPDRecord(Session& s, std::int64_t PD_ID_AK);
 bool MoveToPARecord(Session& s, std::int64_t SA_ID_AK);
 bool MoveToPAActvRecordByMo(Session& s, std::int64_t PD_ID_AK, int month, int year);
+// To the current structure and, as its month, to a structure month that was just added. Without a current structure, or
+// for the key 0, nothing moves.
+void MoveToNewMonth(Session& s, std::int64_t SA_ID_AK);
 
 // Brings all rows of the current equipment into place: the master rows, the type's rows (`ed_table`,
 // `ea_table`; no ea_table for fugitives), the structure's row and, in activity mode, its month. False when

@@ -1,4 +1,4 @@
-#include "bounds.h"
+#include "rules/bounds.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ class Trial {
   void Try(const char* what, ValueOf value_of, Expected expected) {
     for (const auto* list : {&case_.required, &case_.if_filled})
       for (const Bound& bound : *list) Put(bound.control, value_of(bound));
-    Judge();
+    Run();
     for (const auto* list : {&case_.required, &case_.if_filled})
       for (const Bound& bound : *list) {
         const bool required = list == &case_.required;
@@ -42,8 +42,8 @@ class Trial {
   void Put(const std::string& control, const std::string& text) { view_.SetText(view_.fields().At(control), text); }
 
   // The log after a run: a field has one finding, and one that no verdict is about stays.
-  void Judge() {
-    const Verdicts verdicts = merlu::Judge(rules_, case_.mode, view_, context_);
+  void Run() {
+    const Verdicts verdicts = Judge(rules_, case_.mode, view_, context_);
     ASSERT_TRUE(verdicts.faults.empty());
     for (const Verdict& verdict : verdicts.all) {
       std::erase_if(log_, [&](const Found& found) {

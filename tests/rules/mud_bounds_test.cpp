@@ -1,0 +1,18 @@
+#include "rules/bounds.h"
+
+#include <gtest/gtest.h>
+
+namespace merlu::test {
+namespace {
+
+TEST(MudDegassing, is_held_to_1_to_31_days) {
+  TryBounds({.type = "MUD",
+             .mode = Mode::kActv,
+             .description = {},
+             .base = {},
+             .required = {{"txtMUD_DaysPerMonth", "Days per Month", 1, 31}},
+             .if_filled = {}});
+}
+
+}  // namespace
+}  // namespace merlu::test
