@@ -216,16 +216,16 @@ void Companion::KeepStep(const Changes& changes) {
     title_ = untitled_ ? untitled_() : StepTitle{};
     step_ = std::exchange(continued_, 0);
   }
-  const std::string packed = PackChanges(changes);
-  const auto size = static_cast<std::int64_t>(packed.size());
+  const PackedChanges packed = PackChanges(changes);
+  const auto size = static_cast<std::int64_t>(packed.bytes.size());
   MakeRoom(size);
   // the one to go on with may have made room itself
   if (step_ == 0 || IsNull(db_->Single("SELECT 1 FROM history.step WHERE id=?", {step_}))) step_ = NewStep();
-  db_->ExecuteStored(
-      "INSERT INTO history.part (step,changes) VALUES (?,?)",
-      {{.kind = StoredValue::Kind::kInteger, .integer = step_}, {.kind = StoredValue::Kind::kBlob, .bytes = packed}});
+  db_->ExecuteStored("INSERT INTO history.part (step,changes) VALUES (?,?)",
+                     {{.kind = StoredValue::Kind::kInteger, .integer = step_},
+                      {.kind = StoredValue::Kind::kBlob, .bytes = packed.bytes}});
   db_->Execute("UPDATE history.step SET what=?,place=?,stands_at=?,shown=shown+?,bytes=bytes+? WHERE id=?",
-               {title_.what, title_.place, title_.to, CountShownValues(changes), size, step_});
+               {title_.what, title_.place, title_.to, packed.shown, size, step_});
   last_step_ = step_;
   if (depth_ == 0) step_ = 0;
 }

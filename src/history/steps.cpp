@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 #include "base/fault.h"
 
@@ -42,10 +41,32 @@ void AppendText(std::string& bytes, std::string_view text) {
   bytes.append(text);
 }
 
-void AppendChanged(std::string& bytes, std::string_view before, std::string_view after) {
+bool IsFinding(std::string_view table) {
+  return table == "QC";
+}
+
+// Which columns of a table hold what the user knows as values.
+std::vector<bool> ShownColumns(const RecordedTable& table) {
+  std::vector<bool> shown;
+  for (const std::string& column : table.columns) shown.push_back(IsShownColumn(table.name, column));
+  return shown;
+}
+
+std::int64_t CountFilled(const std::vector<bool>& shown, std::string_view row) {
+  std::int64_t count = 0;
+  StoredValue value;
+  for (std::size_t column = 0; TakeValue(row, value) && column < shown.size(); ++column)
+    if (value.kind != StoredValue::Kind::kNull && shown[column]) ++count;
+  return count;
+}
+
+// Returns how many of the columns that are shown have changed.
+std::int64_t AppendChanged(std::string& bytes, std::string_view before, std::string_view after,
+                           const std::vector<bool>& shown) {
   CheckNumber others;
   std::string values;
   std::uint64_t count = 0;
+  std::int64_t changed = 0;
   StoredValue old_value, new_value;
   std::string_view old_bytes, new_bytes;
   for (std::uint64_t column = 0;; ++column) {
@@ -59,10 +80,12 @@ void AppendChanged(std::string& bytes, std::string_view before, std::string_view
     AppendNumber(values, column);
     values.append(old_bytes).append(new_bytes);
     ++count;
+    if (column < shown.size() && shown[column]) ++changed;
   }
   AppendNumber(bytes, others.number());
   AppendNumber(bytes, count);
   bytes += values;
+  return changed;
 }
 
 std::uint64_t Number(std::string_view& bytes) {
@@ -90,62 +113,44 @@ void TakeChanged(std::string_view& bytes, KeptRow& row) {
   }
 }
 
-bool IsFinding(std::string_view table) {
-  return table == "QC";
-}
-
-// Which columns of a table hold what the user knows as values.
-std::vector<bool> ShownColumns(const RecordedTable& table) {
-  std::vector<bool> shown;
-  for (const std::string& column : table.columns) shown.push_back(IsShownColumn(table.name, column));
-  return shown;
-}
-
-std::int64_t CountFilled(const std::vector<bool>& shown, std::string_view row) {
-  std::int64_t count = 0;
-  StoredValue value;
-  for (std::size_t column = 0; TakeValue(row, value) && column < shown.size(); ++column)
-    if (value.kind != StoredValue::Kind::kNull && shown[column]) ++count;
-  return count;
-}
-
-std::int64_t CountChanged(const std::vector<bool>& shown, std::string_view before, std::string_view after) {
-  std::int64_t count = 0;
-  StoredValue old_value, new_value;
-  for (std::size_t column = 0; TakeValue(before, old_value) && TakeValue(after, new_value); ++column)
-    if (column < shown.size() && shown[column] && old_value != new_value) ++count;
-  return count;
-}
-
 }  // namespace
 
-std::string PackChanges(const Changes& changes) {
-  std::string bytes(kMark);
+PackedChanges PackChanges(const Changes& changes) {
+  PackedChanges packed{std::string(kMark)};
+  std::string& bytes = packed.bytes;
   if (changes.bytes) bytes.reserve(changes.bytes->size());
   // the tables that occur, by their number in here
   std::vector<std::uint64_t> numbers(changes.tables->size());
   std::vector<const RecordedTable*> tables;
+  std::vector<std::vector<bool>> shown;
   for (const RowChange& row : changes.rows) {
     if (numbers[row.table] != 0) continue;
     tables.push_back(&changes.TableOf(row));
+    shown.push_back(ShownColumns(*tables.back()));
     numbers[row.table] = tables.size();
   }
   AppendNumber(bytes, tables.size());
   for (const RecordedTable* table : tables) AppendText(bytes, table->name);
   for (const RowChange& row : changes.rows) {
-    AppendNumber(bytes, numbers[row.table] - 1);
+    const auto number = static_cast<std::size_t>(numbers[row.table] - 1);
+    AppendNumber(bytes, number);
     StoredValue rowid{.kind = StoredValue::Kind::kInteger, .integer = row.rowid};
     AppendValue(bytes, rowid);
     const auto kind = row.Added()     ? KeptRow::Kind::kAdded
                       : row.Removed() ? KeptRow::Kind::kRemoved
                                       : KeptRow::Kind::kChanged;
     bytes += static_cast<char>(kind);
-    if (kind == KeptRow::Kind::kChanged)
-      AppendChanged(bytes, row.before, row.after);
-    else
-      AppendText(bytes, row.Added() ? row.after : row.before);
+    std::int64_t values = 0;
+    if (kind == KeptRow::Kind::kChanged) {
+      values = AppendChanged(bytes, row.before, row.after, shown[number]);
+    } else {
+      const std::string_view whole = row.Added() ? row.after : row.before;
+      AppendText(bytes, whole);
+      values = CountFilled(shown[number], whole);
+    }
+    packed.shown += IsFinding(tables[number]->name) ? 1 : values;  // a finding counts once
   }
-  return bytes;
+  return packed;
 }
 
 std::vector<KeptRow> UnpackChanges(std::string_view bytes) {
@@ -181,23 +186,6 @@ bool IsShownColumn(std::string_view table, std::string_view column) {
   if (table.starts_with("history.")) return false;
   if (column == "EA_EQUIP_TYP" || column == "ED_EQUIP_TYP") return false;
   return std::find(kKeys.begin(), kKeys.end(), column) == kKeys.end();
-}
-
-std::int64_t CountShownValues(const Changes& changes) {
-  std::vector<std::optional<std::vector<bool>>> tables(changes.tables->size());
-  std::int64_t count = 0;
-  for (const RowChange& row : changes.rows) {
-    const RecordedTable& table = changes.TableOf(row);
-    std::optional<std::vector<bool>>& shown = tables[row.table];
-    if (!shown) shown = ShownColumns(table);
-    if (IsFinding(table.name))
-      ++count;  // a finding counts once
-    else if (row.Added() || row.Removed())
-      count += CountFilled(*shown, row.Added() ? row.after : row.before);
-    else
-      count += CountChanged(*shown, row.before, row.after);
-  }
-  return count;
 }
 
 bool OtherSide(const KeptRow& kept, std::string_view row, bool backwards, std::string& other) {

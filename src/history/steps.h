@@ -25,12 +25,14 @@ struct KeptRow {
   std::uint64_t others = 0;       // check number of the values that are the same
 };
 
-std::string PackChanges(const Changes& changes);
+struct PackedChanges {
+  std::string bytes;
+  std::int64_t shown = 0;  // values in them that the user sees, as many as the list of a step's values has rows
+};
+PackedChanges PackChanges(const Changes& changes);
 // The rows point into the bytes. A fault (kDamaged) when these are no packed changes.
 std::vector<KeptRow> UnpackChanges(std::string_view bytes);
 
-// How many values the user sees in the rows, as the list of a step's values has rows.
-std::int64_t CountShownValues(const Changes& changes);
 // Whether a column of a table is a value to the user, and no key.
 bool IsShownColumn(std::string_view table, std::string_view column);
 

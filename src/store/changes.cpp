@@ -7,9 +7,9 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <compare>
 #include <cstring>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 #include "base/fault.h"
@@ -233,16 +233,23 @@ Changes ChangeRecorder::Take() {
   changes.bytes = std::make_unique<const std::string>(std::move(bytes_));
   bytes_ = {};
   const std::string_view bytes = *changes.bytes;
-  // what was recorded of one row stands together then, in its order
-  std::vector<std::uint32_t> order(entries_.size());
-  std::iota(order.begin(), order.end(), 0U);
-  const auto name = [this](std::uint32_t entry) { return std::pair(entries_[entry].table, entries_[entry].rowid); };
-  const auto before = [&name](std::uint32_t a, std::uint32_t b) { return name(a) < name(b); };
-  if (!std::is_sorted(order.begin(), order.end(), before)) std::stable_sort(order.begin(), order.end(), before);
+  // the entries of one row together, in their order
+  struct Named {
+    std::uint16_t table;
+    std::int64_t rowid;
+    std::uint32_t entry;
+    auto operator<=>(const Named&) const = default;
+    bool IsOfRow(const Named& other) const { return table == other.table && rowid == other.rowid; }
+  };
+  std::vector<Named> named;
+  named.reserve(entries_.size());
+  for (const Entry& entry : entries_)
+    named.push_back({entry.table, entry.rowid, static_cast<std::uint32_t>(named.size())});
+  if (!std::is_sorted(named.begin(), named.end())) std::sort(named.begin(), named.end());
   std::vector<std::uint32_t> last(entries_.size(), kNone);  // by the first entry of each row
-  for (std::size_t i = 0, end = 0; i < order.size(); i = end) {
-    for (end = i + 1; end < order.size() && name(order[end]) == name(order[i]);) ++end;
-    last[order[i]] = order[end - 1];
+  for (std::size_t i = 0, end = 0; i < named.size(); i = end) {
+    for (end = i + 1; end < named.size() && named[end].IsOfRow(named[i]);) ++end;
+    last[named[i].entry] = named[end - 1].entry;
   }
   changes.rows.reserve(entries_.size());
   for (std::size_t i = 0; i < entries_.size(); ++i) {

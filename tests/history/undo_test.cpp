@@ -430,7 +430,7 @@ TEST(PackedSteps, survive_any_cut_and_any_changed_byte) {
   db.Open(CopyTemplate(folder));
   db.RecordChanges();
   std::string packed;
-  db.Listen([&](const Changes& changes) { packed = PackChanges(changes); });
+  db.Listen([&](const Changes& changes) { packed = PackChanges(changes).bytes; });
   db.Execute("INSERT INTO QC (FieldID,[Desc]) VALUES ('a','b'),('c','d')");
   {
     WriteBatch batch(db);
