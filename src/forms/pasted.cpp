@@ -33,6 +33,22 @@ bool IsThousandsMark(const std::string& text, std::size_t at) {
   return digits == 3;
 }
 
+// What may follow a number: a unit such as "Mscf/day", "ft3" or "° F". No second number, no remark in brackets, and no
+// rest of a power or of another base ("1d3", "0x10").
+bool IsUnit(const std::string& text, bool after_blank) {
+  if (text.empty()) return true;
+  const auto first = static_cast<unsigned char>(text.front());
+  const bool letter = (first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z') || first >= 0x80;
+  if (!letter && std::string_view("%'\"").find(text.front()) == std::string_view::npos) return false;
+  const auto is_one_of = [&text](std::size_t at, std::string_view any) {
+    return at < text.size() && any.find(text[at]) != std::string_view::npos;
+  };
+  if (!after_blank && is_one_of(0, "eEdDxX") && (text.size() == 1 || is_one_of(1, "0123456789+-"))) return false;
+  for (std::size_t at = 1; at < text.size(); ++at)
+    if (is_one_of(at, "0123456789.+-") && text[at - 1] == ' ') return false;
+  return text.find_first_of("(;|_=") == std::string::npos;
+}
+
 }  // namespace
 
 std::string PastedNumber(std::string_view pasted) {
@@ -64,12 +80,8 @@ std::string PastedNumber(std::string_view pasted) {
     number += text.substr(at, 1 + sign);
     for (at += 1 + sign; at < text.size() && IsDigit(text[at]); ++at) number += text[at];
   }
-  // only a unit may follow: anything with a digit or another separator is none
-  const std::string rest = Trimmed(text.substr(at));
-  if (!rest.empty() && (rest.find_first_of("0123456789") == 0 || rest.front() == ',' || rest.front() == '.' ||
-                        rest.front() == '-' || rest.front() == '+' || rest.front() == '/'))
-    return std::string(pasted);
-  return number;
+  const bool after_blank = at < text.size() && text[at] == ' ';
+  return IsUnit(Trimmed(text.substr(at)), after_blank) ? number : std::string(pasted);
 }
 
 std::vector<std::string> PastedCells(std::string_view text, bool numbers) {

@@ -31,13 +31,17 @@ TEST(PastedNumber, comes_without_what_stands_around_its_digits) {
                                                                                       {"1e3", "1e3"},
                                                                                       {"2.5E-3 ft", "2.5E-3"},
                                                                                       {".5", ".5"},
-                                                                                      {"5 e", "5"}})
+                                                                                      {"5 e", "5"},
+                                                                                      {"20Mscf/day", "20"},
+                                                                                      {"35 ft3", "35"},
+                                                                                      {"12\"", "12"}})
     EXPECT_EQ(PastedNumber(pasted), typed) << pasted;
 }
 
 TEST(PastedNumber, is_left_alone_when_it_is_none_or_more_than_one) {
-  for (const char* text : {"", "abc", "12,5", "1,2,3", "1,20", "1287,002", "1234 567", "12 50", "1.2.3", "2017/03/01",
-                           "-", "5-6", "F-104"})
+  for (const char* text : {"",      "abc",        "12,5", "1,2,3",    "1,20",         "1287,002",  "1234 567", "12 50",
+                           "1.2.3", "2017/03/01", "-",    "5-6",      "F-104",        "5;6",       "1_200",    "1|2",
+                           "0x10",  "1d3",        "1e+",  "12 to 14", "5 hrs 30 min", "12 (est.)", "7 = 7"})
     EXPECT_EQ(PastedNumber(text), text);
 }
 
