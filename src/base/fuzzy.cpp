@@ -7,7 +7,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kTogether = 1000, kScattered = 400, kBeginsWord = 200, kBeginsText = 100, kWhole = 100;
+constexpr int kTogether = 1000, kScattered = 400, kBeginsWord = 200, kWholeWord = 100, kBeginsText = 100, kWhole = 100;
 
 bool IsLetterOrDigit(char c) {
   return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || static_cast<unsigned char>(c) >= 0x80;
@@ -26,9 +26,13 @@ bool BeginsWord(const std::string& text, std::size_t at) {
   return at == 0 || !IsLetterOrDigit(text[at - 1]);
 }
 
+bool EndsWord(const std::string& text, std::size_t end) {
+  return end == text.size() || !IsLetterOrDigit(text[end]);
+}
+
 int TogetherAt(const std::string& text, std::size_t at, std::size_t length) {
   int fit = kTogether - static_cast<int>(std::min<std::size_t>(at, 50));
-  if (BeginsWord(text, at)) fit += kBeginsWord;
+  if (BeginsWord(text, at)) fit += EndsWord(text, at + length) ? kBeginsWord + kWholeWord : kBeginsWord;
   if (at == 0) fit += kBeginsText;
   if (at == 0 && length == text.size()) fit += kWhole;
   return fit;
@@ -52,7 +56,7 @@ int FitOf(const FuzzyText& text, const FuzzyText& word) {
   const std::string& lower = text.lower;
   for (std::size_t at = lower.find(word.lower); at != std::string::npos; at = lower.find(word.lower, at + 1)) {
     best = std::max(best, TogetherAt(lower, at, word.lower.size()));
-    if (BeginsWord(lower, at)) break;
+    if (BeginsWord(lower, at) && EndsWord(lower, at + word.lower.size())) break;
   }
   return best > 0 ? best : Scattered(lower, word.lower);
 }

@@ -23,13 +23,15 @@ constexpr const char* kStructure = "Structure";
 constexpr const char* kNoEmissions = "No Emissions to Report";
 
 void Add(std::vector<Thing>& things, Thing thing) {
-  thing.name = FuzzyText(thing.what);
+  // nobody types the dots of a command that asks for more
+  const std::string_view what = thing.what;
+  thing.name = FuzzyText(what.ends_with("...") ? what.substr(0, what.size() - 3) : what);
   thing.place = FuzzyText(thing.where);
   things.push_back(std::move(thing));
 }
 
 ThingKind KindOfNode(const std::string& key) {
-  switch (key.size()) {
+  switch (CountCharacters(key)) {
     case kSurveyKeyLength: return ThingKind::kMonth;
     case kEquipmentMonthKeyLength:
     case kEquipmentKeyLength: return ThingKind::kEquipment;
@@ -43,7 +45,7 @@ void AddNodes(const Session& s, std::vector<Thing>& things) {
   const int here = s.current.Month;
   const auto month_of = [&](int node) {
     const TreeNode& at = s.tree.nodes[static_cast<std::size_t>(node)];
-    return at.key.size() < kSurveyKeyLength ? 0 : ParseNodeKey(at.key).Month;
+    return CountCharacters(at.key) < kSurveyKeyLength ? 0 : ParseNodeKey(at.key).Month;
   };
   if (s.InActv() && here > 0)
     std::stable_partition(order.begin(), order.end(), [&](int node) { return month_of(node) == here; });

@@ -29,6 +29,11 @@ TEST(Fuzzy, prefers_the_beginning_of_the_text_then_of_a_word) {
   EXPECT_GT(Fit("f1", "Flare: F1"), Fit("f1", "Flare: F12"));
 }
 
+TEST(Fuzzy, prefers_a_whole_word_to_the_beginning_of_one) {
+  EXPECT_GT(Fit("f 1", "Combustion Flare: F 1"), Fit("f 1", "Fuel H2S Content (ppmv): required, 0 to 10000"));
+  EXPECT_GT(Fit("oil", "Throughput of oil"), Fit("oil", "Throughput oilfield"));
+}
+
 TEST(Fuzzy, wants_every_word_and_looks_at_the_place_too) {
   EXPECT_GT(Fit("f1 1001", "Flare: F1", "1001/1"), 0);
   EXPECT_EQ(Fit("f1 1002", "Flare: F1", "1001/1"), 0);

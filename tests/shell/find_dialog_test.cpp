@@ -62,6 +62,18 @@ TEST_F(GoToDialog, finds_every_kind_of_thing) {
   EXPECT_EQ(FirstFor("survey 2017/01"), "Month|Monthly Survey 2017/01|");
 }
 
+TEST_F(GoToDialog, calls_equipment_so_whatever_letters_its_id_has) {
+  run.Select(run.Key());
+  run.AddEquipment("FLA", "\xC3\x89'1");
+  EXPECT_EQ(FirstFor("flare \xC3\xA9'1"), "Equipment|Combustion Flare: \xC3\x89'1|GI, 43, A");
+  run.ChangeTo(Mode::kActv);
+  EXPECT_EQ(FirstFor("flare \xC3\xA9'1"), "Equipment|Combustion Flare: \xC3\x89'1|GI, 43, A · Monthly Survey 2017/01");
+}
+
+TEST_F(GoToDialog, puts_a_command_before_the_help_on_it) {
+  EXPECT_EQ(FirstFor("backups"), "Command|Backups...|File");
+}
+
 TEST_F(GoToDialog, finds_what_the_tree_of_the_other_mode_holds) {
   EXPECT_EQ(FirstFor("survey 2017/01"), "Month|Monthly Survey 2017/01|");
   run.Select(run.Key());
