@@ -119,9 +119,12 @@ class Planner {
   }
 
   static std::string PlaceOf(const ReadSheet& sheet, const ReadRecord& record) {
-    const std::string type = sheet.code == kStructureSheet ? "" : TreeTypeName(sheet.code) + ": ";
-    return JoinPlace(sheet.month, sheet.year, Trim(record.structure),
-                     type.empty() ? "" : type + Trim(record.equipment));
+    return PlaceOf(sheet, Trim(record.structure), Trim(record.equipment));
+  }
+  static std::string PlaceOf(const ReadSheet& sheet, const std::string& structure, const std::string& id) {
+    if (sheet.code == kStructureSheet) return JoinPlace(sheet.month, sheet.year, structure, "");
+    const std::string type = TreeTypeName(sheet.code);
+    return JoinPlace(sheet.month, sheet.year, structure, type.empty() ? id : type + ": " + id);
   }
 
   // As the workbook calls it.
@@ -135,7 +138,7 @@ class Planner {
   }
 
   void PlanRecord(const ReadSheet& sheet, int row, const ReadRecord& record) {
-    const std::string place = PlaceOf(sheet, record);
+    const std::string place = PlaceOf(sheet, grid_.Cell(row, 0).text, grid_.Cell(row, 1).text);
     const int status = static_cast<int>(grid_.Columns().size()) - 2;
     const std::size_t first = changes.size();
     std::vector<int> columns;

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/host.h"
@@ -269,15 +270,14 @@ ReadSheet ReadOne(const ForeignSheet& sheet) {
   read.operator_number = Trim(sheet.Text(0, 2));
   read.code = Trim(sheet.Text(0, 3));
   const Merged merged(sheet);
-  std::map<int, std::string> names;  // by column
+  std::map<int, std::string> names;  // by column, wherever it has been moved to
+  int row = -1;
   for (const ForeignCell& cell : sheet.cells) {
-    if (cell.row == kNames && cell.column >= kFields && (cell.column - kFields) % kEach == 0)
-      names[cell.column] = Trim(cell.text);
+    if (cell.row == kNames && cell.column >= kFields && !Trim(cell.text).empty()) names[cell.column] = Trim(cell.text);
     if (cell.row < kRecords) continue;
-    // cells come row by row, the key before the fields
-    if (cell.column == kKey)
-      read.records.push_back({cell.text, sheet.Text(cell.row, kStructure), sheet.Text(cell.row, kEquipment), {}});
-    if (cell.column < kFields || sheet.Text(cell.row, kKey).empty()) continue;
+    // cells come row by row; a row without a key is no record's, which the plan tells
+    if (std::exchange(row, cell.row) != cell.row)
+      read.records.push_back({sheet.Text(row, kKey), sheet.Text(row, kStructure), sheet.Text(row, kEquipment), {}});
     const auto name = names.find(cell.column);
     if (name == names.end()) continue;
     if (cell.kind != ForeignCell::Kind::kFormula && Trim(cell.text).empty()) continue;

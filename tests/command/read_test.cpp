@@ -115,6 +115,34 @@ TEST_F(ReadCommand, needs_the_file_for_itself) {
   EXPECT_EQ(Hours(), Value(700.0));
 }
 
+TEST_F(ReadCommand, tells_what_stands_in_a_row_without_a_key) {
+  const std::string file = elsewhere.path("sheet.csv");
+  std::ofstream(file) << "MERLU-2017 month workbook,month 1 of 2017,12345,FLA\n"
+                         "Structure,Equipment,Key,txtFLA_HrsOperated\n"
+                         "Structure,Equipment,Key,Hours\n"
+                         "\"GI, 43, A\",F1,K12345 12017   1001 1FLA      F1,701\n"
+                         "\"GI, 43, A\",F9,,702\n";
+  EXPECT_EQ(Play("read", {"--from", file}), Status::kSomething) << err;
+  EXPECT_NE(Changes().find("\"place\":\"2017/01 · GI, 43, A · Combustion Flare: F9\",\"field\":\"Hours\","
+                           "\"control\":\"txtFLA_HrsOperated\",\"old\":\"\",\"new\":\"702\","
+                           "\"action\":\"no such record\""),
+            std::string::npos)
+      << out;
+  EXPECT_EQ(Hours(), Value(701.0));
+}
+
+TEST_F(ReadCommand, finds_a_field_in_whatever_column_it_was_moved_to) {
+  const std::string file = elsewhere.path("sheet.csv");
+  std::ofstream(file) << "MERLU-2017 month workbook,month 1 of 2017,12345,FLA,\n"
+                         "Structure,Equipment,Key,,txtFLA_HrsOperated\n"
+                         "Structure,Equipment,Key,,Hours\n"
+                         "renamed,F1,K12345 12017   1001 1FLA      F1,,702\n";
+  EXPECT_EQ(Play("read", {"--from", file}), Status::kWell) << err;
+  EXPECT_EQ(Hours(), Value(702.0));
+  EXPECT_NE(out.find("\"place\":\"2017/01 · GI, 43, A · Combustion Flare: F1\""), std::string::npos)
+      << "the place is the record's, not what the file calls it: " << out;
+}
+
 TEST_F(ReadCommand, tells_what_is_no_workbook) {
   const Files before = Folder();
   const std::string file = elsewhere.path("text.xlsx");
