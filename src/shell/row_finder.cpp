@@ -119,6 +119,21 @@ std::string RowFinder::PlaceOfFinding(Database& db, const Named& row) {
                    type == "NA" || type.empty() ? "" : EquipmentText(type, id));
 }
 
+// Where the step that changed the row says that it was: another program has deleted the record.
+std::string RowFinder::PlaceOfItsStep(const std::string& table, std::int64_t rowid) {
+  std::vector<HistoryStep> steps = Steps(s_.companion);
+  std::reverse(steps.begin(), steps.end());
+  const auto is_the_row = [&](const KeptRow& row) { return row.rowid == rowid && row.table == table; };
+  for (const HistoryStep& step : steps) {
+    if (step.id < step_) continue;
+    for (const std::string& part : PartsOf(s_.companion, step.id)) {
+      const std::vector<KeptRow> rows = UnpackChanges(part);
+      if (std::any_of(rows.begin(), rows.end(), is_the_row)) return step.title.place;
+    }
+  }
+  return "";
+}
+
 std::string RowFinder::FieldOf(std::int64_t qc_row) {
   const Named* row = Find("QC", qc_row);
   return row == nullptr ? "" : TrimRight(TextAt(*row, "FieldID"));
@@ -154,6 +169,7 @@ std::string RowFinder::PlaceOf(const std::string& table, std::int64_t rowid) {
   } else if (table.starts_with("list")) {
     place = "Look-up list";
   }
+  if (place.empty() && table != "CO_COMPANY" && table != "SYS_CONFIG") place = PlaceOfItsStep(table, rowid);
   if (place.empty()) place = "Operator: " + Trim(s_.current.UserID);
   return known->second = place;
 }

@@ -37,6 +37,7 @@ class RowFinder {
   std::string PlaceOfEquipment(int month, int year, std::int64_t ed_id);
   std::string Structure(std::int64_t pd_id);
   static std::string PlaceOfFinding(Database& db, const Named& row);
+  std::string PlaceOfItsStep(const std::string& table, std::int64_t rowid);
 
   Session& s_;
   std::int64_t step_;

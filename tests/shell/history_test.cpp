@@ -119,6 +119,21 @@ TEST_F(OnScreen, what_another_program_wrote_is_not_undone) {
   EXPECT_EQ(ToInteger(run.Sql("SELECT OP_HR FROM EA_FLA")), 200);
 }
 
+TEST_F(OnScreen, a_record_that_another_program_deleted_is_named_by_its_place) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "100");
+  run.Click("cmdSaveEdits");
+  run.Click("cmdCANCEL");
+  Raw(run.s.path, {"PRAGMA foreign_keys=ON", "DELETE FROM EA_EQUIP_ACTV"});
+  run.TakeBoxes();
+  run.Click("mnuEUndo");
+  EXPECT_EQ(run.TakeBoxes(),
+            (std::vector<std::string>{
+                "This cannot be undone: 2017/01 · GI, 43, A · Combustion Flare: F1 was changed by another program."}));
+}
+
 TEST_F(OnScreen, the_list_tells_each_step_and_its_values) {
   run.StartWith("FLA", "F1");
   run.GoTo("FLA", "F1", Mode::kActv);
