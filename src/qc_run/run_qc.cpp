@@ -3,6 +3,7 @@
 #include "qc/qc_log.h"
 #include "qc_run/run_record.h"
 #include "qc_run/walks.h"
+#include "session/records.h"
 #include "sheets/contract.h"
 #include "sheets/structure.h"
 #include "sheets/survey.h"
@@ -54,7 +55,7 @@ QCResult RunQC(Session& s, QCLocation location) {
   int count = 0;
   try {
     s.EquipmentInactive = s.StructureInactive = s.record_checked = false;
-    s.db.NoticeOthers();
+    NoticeOthers(s);
     if (location.Is(level::kUser)) return {QCResult::End::kNothingToCheck};
     if (!s.db.IsOpen()) throw Fault(fault_number::kNotSet, "MERLU QC", "No inventory is open.");
     WriteBatch batch(s.db);

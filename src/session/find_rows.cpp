@@ -6,6 +6,7 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "session/notices.h"
+#include "session/types.h"
 #include "store/engine.h"
 
 namespace merlu {
@@ -118,6 +119,23 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
   if (!MoveToPDRecord(s, structure)) return false;
   if (s.InActv() && !ea_table.empty()) return MoveToPAActvRecordByMo(s, structure, location.Month, location.Year);
   return true;
+}
+
+void NoticeOthers(Session& s) {
+  const std::int64_t before = s.db.ChangeCount();
+  s.db.NoticeOthers();
+  if (s.db.ChangeCount() == before || !s.cursors.IsOpen()) return;
+  const QCLocation& at = s.current;
+  try {
+    for (const char* table : {"PD_PLATFORM_DESC", "PA_PLATFORM_ACTV", "ED_EQUIP_DESC", "EA_EQUIP_ACTV"})
+      s.At(table).Requery();
+    const EquipmentType* type = FindType(Trim(at.EquipType));
+    if (type == nullptr) return;
+    s.At("ED_" + std::string(type->code)).Requery();
+    if (type->has_activity) s.At("EA_" + std::string(type->code)).Requery();
+  } catch (const Fault&) {
+    // the look-up that follows meets the same failure and reports it
+  }
 }
 
 bool FindStructureRecord(Session& s) {

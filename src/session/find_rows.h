@@ -27,6 +27,9 @@ bool FindEquipRecord(Session& s, const QCLocation& location, std::string_view ed
 bool FindStructureRecord(Session& s);
 bool FindOperatorRecord(Session& s);
 
+// Notices what other programs have written since; the rows at hand are looked up again then, as one may be gone.
+void NoticeOthers(Session& s);
+
 // A fault while another program holds the file: it is unknown then whether what was read before is still true.
 void RequireReadable(Session& s);
 

@@ -11,6 +11,7 @@
 #include "records/judge_records.h"
 #include "session/main_names.h"
 #include "session/place.h"
+#include "sheets/contract.h"
 #include "sheets/structure.h"
 #include "sheets/units.h"
 #include "shell/dialog_form.h"
@@ -273,14 +274,16 @@ void EndDraft(Session& s) {
 
 namespace {
 
-// What the fields would be if the record were loaded now; empty when it cannot be. The sheet stays as it is.
+// What the fields would be if the record were loaded now; empty when it cannot be or is gone, which is shown. The sheet
+// stays as it is.
 std::vector<std::string> LoadedNow(Session& s, Form& form) {
   const std::vector<ControlState> typed(form.controls().begin(), form.controls().end());
   const std::string focus = form.focus;
   ClearSheet(s);
   LoadSheet(s);
   std::vector<std::string> texts;
-  if (!s.unreadable) {
+  const SheetSpec* sheet = SheetOf(s.current);
+  if (!s.unreadable && sheet != nullptr && FindRecord(s, *sheet, s.current)) {
     UnlockSheet(s);
     for (const DraftField& field : s.draft.fields) texts.push_back(TextOf(form.At(field.control)));
   }

@@ -107,7 +107,7 @@ bool LoadRecord(Session& s) {
 }  // namespace
 
 void LoadSheet(Session& s) {
-  s.db.NoticeOthers();
+  NoticeOthers(s);
   s.unreadable = !LoadRecord(s);
   if (s.unreadable) Tell(s, kUnreadable, Icon::kWarning);
   s.unreadable = s.unreadable || !HasRecord(s);
@@ -142,7 +142,7 @@ void SaveSheet(Session& s, bool after_qc) {
     s.save_failed = true;
     return Tell(s, kUnreadable, Icon::kWarning);
   }
-  s.db.NoticeOthers();
+  NoticeOthers(s);
   if (s.current.Is(level::kStructure)) {
     // the tree record is updated before the structure is saved
     TreeRecord::Row* row = s.InActv() ? s.activity_record.FindUid(s.SA_ID_AK) : nullptr;

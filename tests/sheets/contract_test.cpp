@@ -241,6 +241,14 @@ TEST_F(FlareSheet, whose_record_is_gone_says_so_and_stays_cleared) {
   EXPECT_EQ(run.Text("lblFLA_QCDate"), kNoDate);
 }
 
+TEST_F(FlareSheet, whose_record_another_program_deletes_while_it_shows_says_so_when_it_is_clicked_again) {
+  run.Keep({{"txtFLA_ConcH2S", "7"}});
+  Raw(run.s.path, {"DELETE FROM ED_FLA"});
+  run.Select(run.Key("FLA", "F1"));
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equipment record not found"});
+  EXPECT_EQ(run.Text("txtFLA_ConcH2S"), "");
+}
+
 TEST_F(FlareSheet, whose_second_row_cannot_be_saved_has_saved_the_first) {
   GoToMonth();
   run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE UPDATE ON EA_FLA BEGIN SELECT RAISE(ABORT,'no'); END");

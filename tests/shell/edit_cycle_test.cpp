@@ -206,6 +206,22 @@ TEST_F(Edit, can_run_qc_without_saving) {
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "");
 }
 
+class EditOfDeleted : public Edit, public testing::WithParamInterface<const char*> {};
+
+TEST_P(EditOfDeleted, record_says_so_once_and_stays_open) {
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "5");
+  Raw(run.s.path, {"DELETE FROM EA_FLA", "DELETE FROM EA_EQUIP_ACTV"});
+  run.Click(GetParam());
+  EXPECT_EQ(run.TakeBoxes(), Texts{"Equipment record not found"});
+  ExpectEditing();
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "5");
+  run.Click("cmdCANCEL");
+  EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Saves, EditOfDeleted, testing::Values("cmdSaveEdits", "cmdSaveExit", "mnuNNext"));
+
 TEST_F(Edit, whose_record_is_gone_cannot_be_saved_and_stays_open) {
   run.Click("cmdEdit");
   run.s.db.Execute("DELETE FROM EA_EQUIP_ACTV");
