@@ -1,5 +1,6 @@
 #include "base/dates.h"
 #include "base/fault.h"
+#include "base/text.h"
 #include "command/commands.h"
 #include "command/inventory_file.h"
 #include "command/out_file.h"
@@ -16,13 +17,13 @@ bool FindStructures(Database& db, const Request& request, Console& console, std:
   bool all = true;
   for (const NamedStructure& wanted : ReadStructures(request.Text("--structures"))) {
     bool there = false;
-    db.ForEach(
-        "SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE TRIM(CMPLX_ID_NUM)=? COLLATE NOCASE AND "
-        "TRIM(STRUCT_NUM)=? COLLATE NOCASE",
-        {wanted.complex, wanted.structure}, [&](const RowView& row) {
-          found.push_back({std::string(row.Text(0)), std::string(row.Text(1))});
-          there = true;
-        });
+    db.ForEach("SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC ORDER BY rowid", {}, [&](const RowView& row) {
+      const StructureName name{std::string(row.Text(0)), std::string(row.Text(1))};
+      if (CompareIds(Trim(name.complex), wanted.complex) != 0) return;
+      if (CompareIds(Trim(name.structure), wanted.structure) != 0) return;
+      found.push_back(name);
+      there = true;
+    });
     if (there) continue;
     Complain(console, "export", request.words.front(),
              "It has no structure " + wanted.complex + "/" + wanted.structure + ".");

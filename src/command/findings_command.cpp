@@ -2,8 +2,8 @@
 #include "command/commands.h"
 #include "command/finding_lines.h"
 #include "command/out_file.h"
-#include "exchange/workbook.h"
-#include "exchange/xlsx_book.h"
+#include "exchange/list_file.h"
+#include "review/findings_model.h"
 
 namespace merlu {
 namespace {
@@ -16,28 +16,13 @@ void KeepState(CheckedFile& file, const std::string& state) {
   if (state != "stale") file.stale = 0;
 }
 
-Cell TextCell(const std::string& text) {
-  return text.empty() ? Cell(EmptyCell()) : Cell(TextForCell(text));
-}
-
-// The columns of the list of findings.
-Sheet SheetOf(const CheckedFile& file) {
-  Sheet sheet;
-  sheet.name = "Findings";
-  sheet.frozen_rows = 1;
-  sheet.filters = true;
-  sheet.widths = {44, 28, 14, 16, 60, 40, 10};
-  SheetRow head;
-  for (const char* text : {"Place", "Field", "Value", "Expected", "Error Description", "Operator Comment", "State"})
-    head.cells.emplace_back(std::string(text));
-  head.headings = head.cells.size();
-  sheet.rows.push_back(head);
-  for (const CheckedFinding& f : file.findings) {
-    SheetRow& row = sheet.rows.emplace_back();
-    for (const std::string& text : {f.place, f.field, f.value, f.expected, f.text, f.comment, f.state})
-      row.cells.push_back(TextCell(text));
-  }
-  return sheet;
+ListToWrite ListOf(const CheckedFile& file) {
+  return {"Findings", kFindingColumns, static_cast<int>(file.findings.size()), [&file](int row, int column) {
+            const CheckedFinding& f = file.findings[static_cast<std::size_t>(row)];
+            const std::string* const cells[] = {&f.place, &f.field,   &f.value, &f.expected,
+                                                &f.text,  &f.comment, &f.state};
+            return *cells[column];
+          }};
 }
 
 }  // namespace
@@ -49,11 +34,7 @@ Status ListFindings(const Request& request, Console& console) {
   if (file.lacks_month) Complain(console, "findings", path, "It has no month " + request.Text("--month") + ".");
   KeepState(file, request.Text("--state"));
   if (request.Has("-o")) {
-    WriteOut(request, [&](const std::string& to) {
-      const auto workbook = NewXlsx(to);
-      workbook->Add(SheetOf(file));
-      workbook->Write();
-    });
+    WriteOut(request, [&](const std::string& to) { WriteListAs(request.Text("-o"), to, ListOf(file)); });
   } else {
     WriteFindingsHead(console, request.Text("--format"));
     WriteFindings(console, request.Text("--format"), path, file);

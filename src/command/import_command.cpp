@@ -27,8 +27,8 @@ std::vector<StructureName> Chosen(const Request& request, Database& file, Consol
   }
   for (const NamedStructure& wanted : ReadStructures(request.Text("--structures"))) {
     const auto found = std::find_if(listed.begin(), listed.end(), [&](const ListedStructure& one) {
-      return EqualsIgnoringCase(Trim(one.name.complex), wanted.complex) &&
-             EqualsIgnoringCase(Trim(one.name.structure), wanted.structure);
+      return CompareIds(Trim(one.name.complex), wanted.complex) == 0 &&
+             CompareIds(Trim(one.name.structure), wanted.structure) == 0;
     });
     if (found != listed.end()) {
       chosen.push_back(found->name);

@@ -63,12 +63,14 @@ void WriteWorkbook(const std::string& path, const std::vector<ListToWrite>& list
 }  // namespace
 
 void WriteList(const OwnFiles& own, const std::string& path, const ListToWrite& list) {
-  WriteNewFile(own, path, [&](const std::string& unfinished) {
-    if (Lower(path).ends_with(".csv"))
-      WriteCsv(unfinished, list);
-    else
-      WriteWorkbook(unfinished, {list});
-  });
+  WriteNewFile(own, path, [&](const std::string& unfinished) { WriteListAs(path, unfinished, list); });
+}
+
+void WriteListAs(const std::string& name, const std::string& to, const ListToWrite& list) {
+  if (Lower(name).ends_with(".csv"))
+    WriteCsv(to, list);
+  else
+    WriteWorkbook(to, {list});
 }
 
 void WriteLists(const OwnFiles& own, const std::string& path, const std::vector<ListToWrite>& lists) {

@@ -63,6 +63,12 @@ TEST_F(ExportCommand, finds_a_structure_without_regard_to_case) {
   EXPECT_EQ(Count("PD_PLATFORM_DESC"), 1);
 }
 
+TEST_F(ExportCommand, finds_a_structure_without_regard_to_the_case_of_letters_beyond_ascii) {
+  Raw(run.s.path, {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='\xC3\x89T1' WHERE CMPLX_ID_NUM='1001'"});
+  EXPECT_EQ(Play({"--structures", "\xC3\xA9t1/1"}), Status::kWell) << said;
+  EXPECT_EQ(Count("PD_PLATFORM_DESC"), 1);
+}
+
 TEST_F(ExportCommand, writes_nothing_for_a_month_or_a_structure_that_the_file_lacks) {
   EXPECT_EQ(Play({"--month", "3"}), Status::kSomething);
   EXPECT_NE(said.find("It has no month 3."), std::string::npos) << said;

@@ -1,6 +1,7 @@
 // The list of findings as the program shows it, by the command line.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "command/check.h"
@@ -108,6 +109,11 @@ TEST_F(ListedFindings, are_listed_by_state_and_written_to_a_workbook) {
   EXPECT_EQ(Play({"-o", elsewhere.path("findings.xlsx")}), Status::kSomething);
   EXPECT_EQ(out, "");
   EXPECT_GT(fs::file_size(elsewhere.path("findings.xlsx")), 1000U);
+  EXPECT_EQ(Play({"-o", elsewhere.path("findings.csv")}), Status::kSomething);
+  std::ifstream in(elsewhere.path("findings.csv"));
+  std::string head;
+  std::getline(in, head);
+  EXPECT_EQ(head, "Place,Field,Value,Expected,Error Description,Operator Comment,State\r");
   EXPECT_EQ(Play({"-o", elsewhere.path("findings.xlsx")}), Status::kFile);
 }
 
