@@ -9,15 +9,21 @@
 #include "session/main_names.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
+#include "shell/comment_dialog.h"
+#include "shell/completeness_dock.h"
 #include "shell/dialogs.h"
 #include "shell/draft.h"
 #include "shell/exchange_dialogs.h"
+#include "shell/find_dialog.h"
+#include "shell/findings_dock.h"
 #include "shell/grid_dialog.h"
+#include "shell/hand_in_dialog.h"
 #include "shell/main_program.h"
 #include "shell/messages.h"
 #include "shell/month_book_dialog.h"
 #include "shell/sheet_acts.h"
 #include "shell/status.h"
+#include "shell/strip_dock.h"
 #include "store/value_json.h"
 
 namespace merlu {
@@ -99,6 +105,14 @@ void Player::MakeScreens() {
     MakeExchangeDialogs(session_);
     MakeGridDialogs(session_);
     MakeReadPlanDialog(session_);
+    MakeHandInDialog(session_);
+    MakeGoToDialog(session_);
+    CommentDialog(session_);
+  }
+  if (session_.main != nullptr) {
+    FindingsDock(session_);
+    CompletenessDock(session_);
+    MakeStrip(session_);
   }
   for (const SheetSpec* sheet : AllSheets()) {
     if (session_.desk.Find(sheet->form()) != nullptr) continue;

@@ -109,8 +109,10 @@ void AddRows(Json& json, const Control& c) {
 
 // The control that has, or requested, the focus, on the form that contains it.
 std::string FocusOf(const Session& s) {
-  for (const Form* form : s.desk.LookUpOrder(s.main))
-    if (!form->focus.empty()) return form->focus;
+  for (const Form* form : s.desk.LookUpOrder(s.main)) {
+    const Control* control = form->focus.empty() ? nullptr : form->Find(form->focus);
+    if (control != nullptr && IsVisible(*form, *control) && IsInFront(*form, *control)) return control->name;
+  }
   return "";
 }
 

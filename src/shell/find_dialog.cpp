@@ -182,6 +182,10 @@ Form& MakeForm(Session& s) {
 
 }  // namespace
 
+void MakeGoToDialog(Session& s) {
+  MakeForm(s);
+}
+
 void OpenGoTo(Session& s) {
   Form& form = MakeForm(s);
   auto& found = static_cast<Found&>(*form.At(kList).model);

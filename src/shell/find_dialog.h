@@ -6,5 +6,7 @@
 namespace merlu {
 
 void OpenGoTo(Session& s);
+// Creates its form, so that its controls exist before it is first shown.
+void MakeGoToDialog(Session& s);
 
 }  // namespace merlu

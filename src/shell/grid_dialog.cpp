@@ -57,9 +57,8 @@ std::string CountOf(const std::vector<PastePlan>& plan) {
   return text;
 }
 
-bool Approve(Session& s, const std::vector<PastePlan>& plan) {
-  bool approved = false;
-  Form& form = DialogForm(s, names::frmPaste, "Paste", [](Form& made) {
+Form& PasteForm(Session& s) {
+  return DialogForm(s, names::frmPaste, "Paste", [](Form& made) {
     AddListView(made, names::lvwPST_Plan, "What the paste would do:", {"Row", "Field", "Old", "New", "What happens"},
                 std::make_shared<RowsModel>());
     AddLabel(made, "lblPST_Count", "");
@@ -68,6 +67,11 @@ bool Approve(Session& s, const std::vector<PastePlan>& plan) {
     made.default_button = names::cmdOK;
     made.cancel_button = names::cmdCANCEL;
   });
+}
+
+bool Approve(Session& s, const std::vector<PastePlan>& plan) {
+  bool approved = false;
+  Form& form = PasteForm(s);
   std::vector<RowsModel::Row> rows;
   for (const PastePlan& cell : plan) rows.push_back({cell.place, cell.field, cell.old_text, cell.new_text, cell.what});
   auto model = std::make_shared<RowsModel>();
@@ -293,6 +297,7 @@ Form& GridForm(Session& s) {
 
 void MakeGridDialogs(Session& s) {
   GridForm(s);
+  PasteForm(s);
 }
 
 void OpenMonthGrid(Session& s) {

@@ -176,6 +176,10 @@ Form& MakeDialog(Session& s) {
 
 }  // namespace
 
+void MakeHandInDialog(Session& s) {
+  MakeDialog(s);
+}
+
 void OpenHandIn(Session& s) {
   Form& dialog = MakeDialog(s);
   s.db.NoticeOthers();

@@ -6,5 +6,7 @@
 namespace merlu {
 
 void OpenHandIn(Session& s);
+// Creates its form, so that its controls exist before it is first shown.
+void MakeHandInDialog(Session& s);
 
 }  // namespace merlu

@@ -79,6 +79,10 @@ Form& StripForm(Session& s) {
 
 }  // namespace
 
+void MakeStrip(Session& s) {
+  StripForm(s);
+}
+
 void FollowFocus(Session& s) {
   const std::optional<MonthRecord> record = ShownMonth(s);
   if (!record) return;

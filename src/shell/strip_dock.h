@@ -15,6 +15,8 @@ inline constexpr const char* kLeast = "lblSTR_Least";  // the bounds of the fiel
 inline constexpr const char* kMost = "lblSTR_Most";
 }  // namespace strip_dock
 
+// Creates it, so that its controls exist before it is first shown.
+void MakeStrip(Session& s);
 // mnuRStrip: shows it, or hides it.
 void ToggleStrip(Session& s);
 // Has the fields of the sheet that shows take the strip with the focus.

@@ -161,6 +161,16 @@ TEST_F(ScriptTables, read_the_findings_on_each_page_of_a_tab) {
   EXPECT_EQ(Play("get tabPages\n")[0]["control"]["counts"].dump(), "[2,0]");
 }
 
+TEST_F(ScriptTables, report_no_focus_on_what_cannot_be_seen) {
+  change = [](Form& form) { form.focus = "txtPlain"; };
+  EXPECT_EQ(Play("session\n")[0]["focus"], "txtPlain");
+  change = [](Form& form) {
+    form.focus = "txtPlain";
+    form.At("txtPlain").visible = false;
+  };
+  EXPECT_EQ(Play("session\n")[0]["focus"], "");
+}
+
 TEST(ScriptJson, tells_the_detail_of_a_box_and_hidden_nodes) {
   Box box;
   box.text = "In use.";
