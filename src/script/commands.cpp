@@ -9,7 +9,6 @@
 #include "session/main_names.h"
 #include "sheets/sheet_form.h"
 #include "sheets/units.h"
-#include "shell/comment_dialog.h"
 #include "shell/completeness_dock.h"
 #include "shell/dialogs.h"
 #include "shell/draft.h"
@@ -107,7 +106,6 @@ void Player::MakeScreens() {
     MakeReadPlanDialog(session_);
     MakeHandInDialog(session_);
     MakeGoToDialog(session_);
-    CommentDialog(session_);
   }
   if (session_.main != nullptr) {
     FindingsDock(session_);
