@@ -150,6 +150,7 @@ void MakeStructure(Session& s, Form& form) {
     s.desk.Hide(form);
     ShowNewStructure(s, structure);
     keys.Advance();
+    Say(s, StructureText(structure.area, structure.block, structure.name) + " added");
   });
 }
 
@@ -211,6 +212,7 @@ void MakeEquipment(Session& s, Form& form) {
     s.desk.Hide(form);
     ShowNewEquipment(s, *type, id);
     keys.Advance();
+    Say(s, std::string(type->tree_name) + ": " + id + " added");
   } catch (const Fault& fault) {
     if (fault.number == fault_number::kDuplicateKey)
       return Refuse(s, form, "txtEquipID", "Please supply a unique Equipment ID");

@@ -327,6 +327,7 @@ TEST_F(NewStructureDialog, selects_the_new_node_among_its_sorted_neighbours) {
   EXPECT_EQ(run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].text, "GI, 43, A");
   EXPECT_EQ(run.s.current.CmplxID, "1A");
   EXPECT_EQ(run.Text("txtSTRUCTURE_Name"), "A");
+  EXPECT_EQ(run.s.message, "GI, 43, A added");
 }
 
 TEST_F(NewStructureDialog, can_be_opened_from_the_menu) {
@@ -491,6 +492,7 @@ TEST_F(NewEquipmentDialog, adds_fugitives_in_activity_mode_without_a_node) {
   EXPECT_EQ(run.TreeKeys(), tree);
   EXPECT_EQ(run.s.current.Level, "STRUCTURE");
   EXPECT_EQ(run.Count("ED_FUG"), 1);
+  EXPECT_EQ(run.s.message, "Fugitives: G1 added");
 }
 
 // ---- about ----
