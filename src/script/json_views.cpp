@@ -3,6 +3,7 @@
 #include "forms/desk.h"
 #include "forms/grid_model.h"
 #include "forms/list_model.h"
+#include "session/main_names.h"
 #include "store/files.h"
 
 namespace merlu {
@@ -107,13 +108,15 @@ void AddRows(Json& json, const Control& c) {
   json["picked"] = c.picked;
 }
 
-// The control that has, or requested, the focus, on the form that contains it.
+// The control that has, or requested, the focus, on the form that contains it; the tree when that one is gone from
+// sight.
 std::string FocusOf(const Session& s) {
   for (const Form* form : s.desk.LookUpOrder(s.main)) {
     const Control* control = form->focus.empty() ? nullptr : form->Find(form->focus);
     if (control != nullptr && IsVisible(*form, *control) && IsInFront(*form, *control)) return control->name;
   }
-  return "";
+  const bool tree = s.main != nullptr && s.main->visible && s.tree.enabled && s.desk.Dialog() == nullptr;
+  return tree ? names::tvwTree : "";
 }
 
 }  // namespace
