@@ -125,6 +125,10 @@ void RestoreBackup(Database& db, Companion& companion, const std::string& path, 
   RequireSound(path);
   Database backup;
   backup.OpenReadOnly(path);
+  for (const RecordedTable& table : *db.recorder().tables())
+    if (!table.IsAttached() && !backup.HasTable(table.name))
+      throw Fault(fault_number::kNotADatabase, kSource,
+                  "The backup is no inventory: it has no table " + table.name + ".");
   const Database::Attached source(db, backup, "source");
   const WithoutRelations loose(db);
   companion.Pause();

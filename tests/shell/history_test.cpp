@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 
 #include "forms/list_model.h"
 #include "history/backups.h"
@@ -429,6 +430,24 @@ TEST_F(OnScreen, a_restored_backup_is_what_it_was_and_ends_undo) {
   EXPECT_EQ(Everything(), before);
   EXPECT_EQ(Undo(), "Undo");
   EXPECT_EQ(run.s.tree.Find(run.Key("FLA", "F1")), -1);
+}
+
+TEST_F(OnScreen, a_file_among_the_backups_that_is_no_inventory_is_not_restored) {
+  run.StartWithStructure();
+  const std::string before = Everything();
+  fs::create_directory(run.s.path + " backups");
+  std::ofstream(run.s.path + " backups/2016-01-01 000000 by hand.mdb") << "x";
+  run.answers = {Button::kYes};
+  run.dialogs.push_back([&](Form& form) {
+    run.Pick("lvwBAK_List", form.At("lvwBAK_List").model->RowCount() - 1);
+    run.Click("cmdBAK_Restore");
+  });
+  run.TakeBoxes();
+  run.Click("mnuFBackups");
+  const auto boxes = run.TakeBoxes();
+  ASSERT_FALSE(boxes.empty());
+  EXPECT_TRUE(boxes.back().starts_with("The backup is no inventory: it has no table ")) << boxes.back();
+  EXPECT_EQ(Everything(), before);
 }
 
 TEST_F(OnScreen, without_room_for_a_backup_the_user_decides) {
