@@ -40,6 +40,9 @@ function(merlu_discover_suites target)
   foreach(word IN LISTS arg_PROPERTIES)
     string(APPEND properties " [==[${word}]==]")
   endforeach()
+  if(MERLU_SANITIZE)
+    string(APPEND properties " TIMEOUT 3000")  # the last one counts; the sanitizers take their time
+  endif()
   file(GENERATE OUTPUT ${entries} CONTENT
 "if(EXISTS [==[${listed}]==])
   include([==[${listed}]==])

@@ -6,7 +6,7 @@
 #include "support/temporary_place.h"
 
 int main(int argc, char** argv) {
-  merlu::test::UseFastTemporaryFolder();
+  merlu::test::UseTemporaryPlace();
   testing::InitGoogleTest(&argc, argv);
   merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -15,7 +15,6 @@
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
 #include <system_error>
 #include <utility>
 
@@ -181,10 +180,8 @@ bool MayWrite(const std::string& path) {
   return ::access(path.c_str(), W_OK) == 0;
 }
 
-std::string MakeTemporaryFolder() {
-  std::error_code error;
-  std::string name = (std::filesystem::temp_directory_path(error) / "merlu-XXXXXX").string();
-  return error || ::mkdtemp(name.data()) == nullptr ? "" : name;
+int MakePrivateFolder(const std::string& path) {
+  return ErrorOf(::mkdir(path.c_str(), 0700));
 }
 
 std::optional<std::uint64_t> RandomNumber() {

@@ -89,9 +89,8 @@ int RenameToFreeName(const std::string& from, const std::string& to);
 // Whether the permissions let this user write the file.
 bool MayWrite(const std::string& path);
 
-// Makes a folder for this user only, with a name that nobody else has, where temporary files belong; empty when it
-// cannot.
-std::string MakeTemporaryFolder();
+// Makes a folder for this user only; an existing name is an error (EEXIST).
+int MakePrivateFolder(const std::string& path);
 
 // A random number, none when the system has no source of them.
 std::optional<std::uint64_t> RandomNumber();

@@ -2,13 +2,15 @@
 
 #include "base/fault.h"
 #include "command/quiet.h"
+#include "session/folders.h"
 #include "store/engine.h"
 #include "store/files.h"
 
 namespace merlu {
 
 OwnFiles OwnFilesOf(const Request& request) {
-  return {request.words.front(), ""};
+  Quiet quiet;
+  return {request.words.front(), NotesFolder(quiet)};
 }
 
 std::string OutPath(const Request& request) {

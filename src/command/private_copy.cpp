@@ -1,16 +1,14 @@
 #include "command/private_copy.h"
 
+#include <filesystem>
 #include <fstream>
 
 #include "base/fault.h"
-#include "base/host.h"
 #include "command/inventory_file.h"
 #include "store/engine.h"
 #include "store/files.h"
 
 namespace merlu {
-
-namespace fs = std::filesystem;
 
 PrivateCopy::PrivateCopy(const std::string& inventory) : PrivateCopy(inventory, ReadImage(inventory)) {}
 
@@ -19,28 +17,12 @@ PrivateCopy::PrivateCopy(const std::string& inventory, const Image& image) {
     Database looked_at;
     OpenUntouched(looked_at, image);
   }
-  folder_ = host::MakeTemporaryFolder();
-  if (folder_.empty()) throw Fault(fault_number::kFileAccess, kStoreSource, "Cannot make a temporary folder.");
-  try {
-    // the companion knows its inventory by this name
-    const std::string own = fs::path(inventory).filename().string();
-    Put(image, own);
-    PutCompanion(inventory + kCompanionExtension, own + kCompanionExtension);
-    db.Open((folder_ / own).string());
-    companion.Open(db, [] { return StepTitle(); });
-  } catch (...) {
-    db.Close();
-    std::error_code error;
-    fs::remove_all(folder_, error);
-    throw;
-  }
-}
-
-PrivateCopy::~PrivateCopy() {
-  companion.Close();
-  db.Close();
-  std::error_code error;
-  fs::remove_all(folder_, error);
+  // the companion knows its inventory by this name
+  const std::string own = std::filesystem::path(inventory).filename().string();
+  Put(image, own);
+  PutCompanion(inventory + kCompanionExtension, own + kCompanionExtension);
+  db.Open(folder_.File(own));
+  companion.Open(db, [] { return StepTitle(); });
 }
 
 // One that cannot be read is none.
@@ -54,7 +36,7 @@ void PrivateCopy::PutCompanion(const std::string& from, const std::string& name)
 }
 
 void PrivateCopy::Put(const Image& image, const std::string& name) {
-  std::ofstream out(folder_ / name, std::ios::binary);
+  std::ofstream out(folder_.File(name), std::ios::binary);
   out.write(reinterpret_cast<const char*>(image.bytes.get()), static_cast<std::streamsize>(image.size));
   out.close();
   if (!out) throw Fault(fault_number::kDiskFull, kStoreSource, "There is no room for a private copy of the file.");

@@ -1,13 +1,12 @@
-// An inventory with its companion, copied into a temporary folder and read as the program reads them. The folder is
-// removed when this is destroyed.
+// An inventory with its companion, copied into a private folder and read as the program reads them.
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 #include "history/companion.h"
 #include "store/database.h"
 #include "store/image.h"
+#include "store/private_folder.h"
 
 namespace merlu {
 
@@ -17,17 +16,17 @@ class PrivateCopy {
   explicit PrivateCopy(const std::string& inventory);
   // The same of a file that was read already.
   PrivateCopy(const std::string& inventory, const Image& image);
-  ~PrivateCopy();
-  PrivateCopy(const PrivateCopy&) = delete;
-  PrivateCopy& operator=(const PrivateCopy&) = delete;
 
+ private:
+  PrivateFolder folder_;  // outlives what is open in it
+
+ public:
   Database db;
   Companion companion;
 
  private:
   void Put(const Image& image, const std::string& name);
   void PutCompanion(const std::string& from, const std::string& name);
-  std::filesystem::path folder_;
 };
 
 }  // namespace merlu

@@ -3,6 +3,8 @@
 #include "base/fault.h"
 #include "command/command_texts.h"
 #include "command/commands.h"
+#include "command/quiet.h"
+#include "session/folders.h"
 #include "store/engine.h"
 
 namespace merlu {
@@ -11,6 +13,8 @@ namespace {
 Status Run(const Request& request, Console& console) {
   const std::string name = request.command->name;
   try {
+    Quiet quiet;
+    RemoveUnfinishedFiles(NotesFolder(quiet));
     return request.command->run(request, console);
   } catch (const Fault& fault) {
     Complain(console, name, "", fault.description);

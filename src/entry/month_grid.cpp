@@ -80,19 +80,17 @@ void MonthGrid::MakeColumns() {
 // ---- what shows ----
 
 void MonthGrid::ShowMonth(const SheetSpec* sheet, int month) {
-  by_month_ = false;
-  Show(sheet, {.month = month}, 0);
+  Show(sheet, {.month = month}, 0, false);
 }
 
 void MonthGrid::ShowRecord(const SheetSpec* sheet, std::int64_t key) {
-  by_month_ = true;
   const Value structure = sheet == &StructureSheet()
                               ? Value(key)
                               : s_.db.Single("SELECT PD_ID_AK FROM ED_EQUIP_DESC WHERE ED_ID_AK=?", {key});
-  Show(sheet, {.PD_ID_AK = ToInteger(structure)}, key);
+  Show(sheet, {.PD_ID_AK = ToInteger(structure)}, key, true);
 }
 
-void MonthGrid::Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only) {
+void MonthGrid::Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only, bool by_month) {
   std::vector<RowPtr> rows;
   s_.db.NoticeOthers();
   const std::int64_t read_at = s_.db.ChangeCount();
@@ -113,11 +111,12 @@ void MonthGrid::Show(const SheetSpec* sheet, const MonthScope& scope, std::int64
         if (EqualsIgnoringCase(field.column, row->fields()[i]->column) &&
             NullToEmpty(row->stored.FieldValue(i)) == field.value)
           row->kept[i] = row->copied[i] = true;
+  ReadBefore(rows, sheet, scope.month);
   // what can fail has been read
+  by_month_ = by_month;
   sheet_ = sheet;
   rows_ = std::move(rows);
   MakeColumns();
-  ReadBefore(scope.month);
   std::vector<int> rank(s_.tree.nodes.size());
   int at = 0;
   for (int node : s_.tree.InOrder()) rank[static_cast<std::size_t>(node)] = at++;
@@ -139,8 +138,8 @@ void MonthGrid::Show(const SheetSpec* sheet, const MonthScope& scope, std::int64
   ++revision_;
 }
 
-// The month before: of rows that show, or read for the one month that does.
-void MonthGrid::ReadBefore(int month) {
+// The month before: of rows that are to show, or read for the one month that is.
+void MonthGrid::ReadBefore(const std::vector<RowPtr>& rows, const SheetSpec* sheet, int month) {
   std::map<std::pair<std::int64_t, int>, std::vector<std::string>> before;
   const auto take = [&](const MonthRow& row) {
     std::vector<std::string> texts;
@@ -149,10 +148,10 @@ void MonthGrid::ReadBefore(int month) {
     before.emplace(std::pair(row.owner(), row.at.Month), std::move(texts));
   };
   if (month == 0)
-    for (const RowPtr& row : rows_) take(row->stored);
-  else if (month > 1 && !rows_.empty())
-    ReadMonthRows(s_.db, *rows_.front()->contexts, sheet_, {.month = month - 1}, take);
-  for (const RowPtr& row : rows_)
+    for (const RowPtr& row : rows) take(row->stored);
+  else if (month > 1 && !rows.empty())
+    ReadMonthRows(s_.db, *rows.front()->contexts, sheet, {.month = month - 1}, take);
+  for (const RowPtr& row : rows)
     if (const auto found = before.find({row->stored.owner(), row->stored.at.Month - 1}); found != before.end())
       row->before = found->second;
 }

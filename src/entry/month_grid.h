@@ -67,9 +67,9 @@ class MonthGrid : public GridModel {
   struct Row;
   using RowPtr = std::shared_ptr<Row>;
 
-  void Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only);
+  void Show(const SheetSpec* sheet, const MonthScope& scope, std::int64_t only, bool by_month);
   void MakeColumns();
-  void ReadBefore(int month);
+  void ReadBefore(const std::vector<RowPtr>& rows, const SheetSpec* sheet, int month);
   // Index among the fields; -1 for another column.
   int FieldAt(int column) const;
   int StatusColumn() const { return static_cast<int>(columns_.size()) - 2; }

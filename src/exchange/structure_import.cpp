@@ -26,8 +26,12 @@ void EmptyStaging(Database& db) {
 
 // ---- keys ----
 
+std::int64_t LastKey(Database& db, const char* column, const char* table) {
+  return ToInteger(db.Single(std::string("SELECT MAX(") + column + ") FROM main." + table));
+}
+
 std::int64_t NextKey(Database& db, const char* column, const char* table) {
-  return KeyAfter(ToInteger(db.Single(std::string("SELECT MAX(") + column + ") FROM main." + table)));
+  return KeyAfter(LastKey(db, column, table));
 }
 
 void MakeKeyTable(Database& db, const std::string& name) {
@@ -39,7 +43,7 @@ void MakeKeyTable(Database& db, const std::string& name) {
 void NumberKeys(Database& db, const char* keys, const std::string& query, std::int64_t first) {
   MakeKeyTable(db, keys);
   db.Execute("CREATE TEMP TABLE numbered (number INTEGER PRIMARY KEY, old INTEGER)");
-  db.Execute("INSERT INTO temp.numbered (old) " + query);
+  RequireKeys(first - 1, db.Execute("INSERT INTO temp.numbered (old) " + query));
   db.Execute(std::string("INSERT INTO temp.") + keys + " SELECT old,?+number-1 FROM temp.numbered", {first});
   db.Execute("DROP TABLE temp.numbered");
 }
@@ -48,6 +52,7 @@ void NumberKeys(Database& db, const char* keys, const std::string& query, std::i
 void NumberStructures(Database& db, const std::vector<StructureName>& chosen) {
   MakeKeyTable(db, kStructureKeys);
   std::int64_t next = NextKey(db, "PD_ID_AK", "PD_PLATFORM_DESC");
+  RequireKeys(next - 1, static_cast<std::int64_t>(chosen.size()));
   for (const StructureName& name : chosen) {
     const Value old = db.Single(
         "SELECT PD_ID_AK FROM source.PD_PLATFORM_DESC WHERE CMPLX_ID_NUM=? COLLATE SAME_ID AND STRUCT_NUM=? COLLATE "
@@ -137,20 +142,25 @@ void FillMonths(Database& db, const Value& year, std::int64_t last) {
   const Value file_last = std::int64_t{
       ToInteger(db.Single("SELECT MAX(PA_MO) FROM source.PA_PLATFORM_ACTV WHERE PD_ID_AK IN (SELECT old FROM "
                           "temp.structure_key)"))};
-  db.Execute(months +
-                 "INSERT INTO main.PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_YR,PA_MO) SELECT ?-1+ROW_NUMBER() OVER "
-                 "(ORDER BY f.rowid,month),k.new,?,month FROM source.PD_PLATFORM_DESC AS f CROSS JOIN "
-                 "temp.structure_key AS k ON k.old=f.PD_ID_AK CROSS JOIN months WHERE (f.PD_ID_AK,month) NOT IN "
-                 "(SELECT PD_ID_AK,PA_MO FROM source.PA_PLATFORM_ACTV) ORDER BY f.rowid,month",
-             {last, last, NextKey(db, "SA_ID_AK", "PA_PLATFORM_ACTV"), year});
-  const std::int64_t first = NextKey(db, "EA_ID_AK", "EA_EQUIP_ACTV");
-  db.Execute(months +
-                 "INSERT INTO main.EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) SELECT "
-                 "?-1+ROW_NUMBER() OVER (ORDER BY f.rowid,month),k.new,?,month,f.ED_EQUIP_TYP FROM "
-                 "source.ED_EQUIP_DESC AS f CROSS JOIN temp.equipment_key AS k ON k.old=f.ED_ID_AK CROSS JOIN months "
-                 "WHERE (f.ED_ID_AK,month) NOT IN (SELECT ED_ID_AK,EA_MO FROM source.EA_EQUIP_ACTV) AND "
-                 "(f.ED_EQUIP_TYP<>'FUG' COLLATE NOCASE OR month>?) ORDER BY f.rowid,month",
-             {last, last, first, year, file_last});
+  const std::int64_t last_structure_month = LastKey(db, "SA_ID_AK", "PA_PLATFORM_ACTV");
+  int filled =
+      db.Execute(months +
+                     "INSERT INTO main.PA_PLATFORM_ACTV (SA_ID_AK,PD_ID_AK,PA_YR,PA_MO) SELECT ?-1+ROW_NUMBER() OVER "
+                     "(ORDER BY f.rowid,month),k.new,?,month FROM source.PD_PLATFORM_DESC AS f CROSS JOIN "
+                     "temp.structure_key AS k ON k.old=f.PD_ID_AK CROSS JOIN months WHERE (f.PD_ID_AK,month) NOT IN "
+                     "(SELECT PD_ID_AK,PA_MO FROM source.PA_PLATFORM_ACTV) ORDER BY f.rowid,month",
+                 {last, last, last_structure_month + 1, year});
+  RequireKeys(last_structure_month, filled);
+  const std::int64_t last_month = LastKey(db, "EA_ID_AK", "EA_EQUIP_ACTV"), first = last_month + 1;
+  filled = db.Execute(
+      months +
+          "INSERT INTO main.EA_EQUIP_ACTV (EA_ID_AK,ED_ID_AK,EA_YR,EA_MO,EA_EQUIP_TYP) SELECT "
+          "?-1+ROW_NUMBER() OVER (ORDER BY f.rowid,month),k.new,?,month,f.ED_EQUIP_TYP FROM "
+          "source.ED_EQUIP_DESC AS f CROSS JOIN temp.equipment_key AS k ON k.old=f.ED_ID_AK CROSS JOIN months "
+          "WHERE (f.ED_ID_AK,month) NOT IN (SELECT ED_ID_AK,EA_MO FROM source.EA_EQUIP_ACTV) AND "
+          "(f.ED_EQUIP_TYP<>'FUG' COLLATE NOCASE OR month>?) ORDER BY f.rowid,month",
+      {last, last, first, year, file_last});
+  RequireKeys(last_month, filled);
   for (const EquipmentType& type : EquipmentTypes())
     if (type.has_activity)
       db.Execute("INSERT INTO main.EA_" + std::string(type.code) +

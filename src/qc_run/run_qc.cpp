@@ -3,7 +3,7 @@
 #include "qc/qc_log.h"
 #include "qc_run/run_record.h"
 #include "qc_run/walks.h"
-#include "session/records.h"
+#include "session/find_rows.h"
 #include "sheets/contract.h"
 #include "sheets/structure.h"
 #include "sheets/survey.h"

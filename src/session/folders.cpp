@@ -13,9 +13,13 @@ std::string OwnFilesFolder(Session& s) {
   return WithSeparator(own);
 }
 
+std::string NotesFolder(Host& host) {
+  const std::string folder = host.DataFolder();
+  return folder.empty() ? "" : WithSeparator(folder) + "unfinished";
+}
+
 OwnFiles OwnFilesOf(Session& s) {
-  const std::string folder = s.host.DataFolder();
-  return {s.path, folder.empty() ? "" : WithSeparator(folder) + "unfinished"};
+  return {s.path, NotesFolder(s.host)};
 }
 
 }  // namespace merlu

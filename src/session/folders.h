@@ -12,6 +12,8 @@ namespace merlu {
 // (made when missing) where the program is installed or nothing can be written beside it. Ends in a separator.
 std::string OwnFilesFolder(Session& s);
 
+// Where the notes of unfinished files are; empty when the user has no folder for data.
+std::string NotesFolder(Host& host);
 // What writers of files have to know of this run.
 OwnFiles OwnFilesOf(Session& s);
 

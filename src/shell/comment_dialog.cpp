@@ -30,12 +30,20 @@ Form& MakeDialog(Session& s) {
   return form;
 }
 
-void FillDialog(Session& s, Form& dialog, const std::string& field_id) {
+// False when the log cannot be read: OK would store the empty field over the comment.
+bool FillDialog(Session& s, Form& dialog, const std::string& field_id) {
   dialog.At(names::txtFieldName).text = field_id;
   QCLocation location = s.current;
-  if (!FindQCRecord(s, location, field_id)) return Tell(s, kNotFound);
-  dialog.At(names::txtComments).text = NullToEmpty(s.At("QC").Field("Comments"));
-  dialog.At(names::txtErrorDesc).text = NullToEmpty(s.At("QC").Field("Desc"));
+  const int faults = s.notices.faults;
+  const bool found = FindQCRecord(s, location, field_id);
+  if (s.notices.faults != faults) return false;
+  if (found) {
+    dialog.At(names::txtComments).text = NullToEmpty(s.At("QC").Field("Comments"));
+    dialog.At(names::txtErrorDesc).text = NullToEmpty(s.At("QC").Field("Desc"));
+  } else {
+    Tell(s, kNotFound);
+  }
+  return true;
 }
 
 // Finds the row again: another program may have taken it meanwhile.
@@ -110,8 +118,7 @@ void EditQCComment(Session& s, Form& form, const std::string& name) {
   Form& dialog = CommentDialog(s);
   // the form of the list outlives the dialog, its rows need not
   dialog.On(names::cmdOK, Event::kClick, [&s, &dialog, &form, name] { Keep(s, dialog, form, form.At(name)); });
-  FillDialog(s, dialog, field_id);
-  OpenDialog(s, dialog);
+  if (FillDialog(s, dialog, field_id)) OpenDialog(s, dialog);
   dialog.On(names::cmdOK, Event::kClick, nullptr);
 }
 

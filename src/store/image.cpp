@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "base/fault.h"
-#include "base/host.h"
 #include "store/engine.h"
+#include "store/private_folder.h"
 
 namespace merlu {
 namespace {
@@ -107,25 +107,6 @@ class Hold {
   std::string path_;
   sqlite3* db_ = nullptr;
   sqlite3_file* file_ = nullptr;
-};
-
-// A temporary folder, removed by its destructor.
-class PrivateFolder {
- public:
-  PrivateFolder() {
-    path_ = host::MakeTemporaryFolder();
-    if (path_.empty()) throw Fault(fault_number::kFileAccess, kStoreSource, "Cannot make a temporary folder.");
-  }
-  ~PrivateFolder() {
-    std::error_code error;
-    fs::remove_all(path_, error);
-  }
-  PrivateFolder(const PrivateFolder&) = delete;
-  PrivateFolder& operator=(const PrivateFolder&) = delete;
-  std::string File(const char* name) const { return (path_ / name).string(); }
-
- private:
-  fs::path path_;
 };
 
 void WriteBytes(const std::string& path, const unsigned char* bytes, std::size_t size) {

@@ -11,6 +11,7 @@
 #include "base/host.h"
 #include "base/text.h"
 #include "store/files.h"
+#include "store/private_folder.h"
 
 namespace merlu {
 namespace fs = std::filesystem;
@@ -44,14 +45,6 @@ std::string RandomName() {
     number >>= 4U;
   }
   return digits;
-}
-
-// Whether a file name is one of an unfinished file, or of what the engine puts beside one.
-bool IsUnfinishedName(std::string_view name) {
-  if (!name.starts_with(kPrefix) || name.size() < kPrefix.size() + kDigits + kSuffix.size()) return false;
-  name.remove_prefix(kPrefix.size());
-  if (name.substr(0, kDigits).find_first_not_of("0123456789abcdef") != std::string_view::npos) return false;
-  return name.substr(kDigits).starts_with(kSuffix);
 }
 
 void RemoveWithJournals(const std::string& path) {
@@ -156,7 +149,7 @@ class UnfinishedFile {
     const std::string folder = fs::absolute(target, error).parent_path().string();
     host::File file;
     while (!file.IsOpen()) {
-      path_ = WithSeparator(folder) + std::string(kPrefix) + RandomName() + std::string(kSuffix);
+      path_ = WithSeparator(folder) + UnfinishedName();
       note_.Put(path_);
       file = host::File(path_, host::File::Mode::kNew);
       if (!file.IsOpen() && file.error() != EEXIST) FailFile(target, file.error());
@@ -200,6 +193,17 @@ void RemoveNoted(const fs::path& note) {
 
 }  // namespace
 
+std::string UnfinishedName() {
+  return std::string(kPrefix) + RandomName() + std::string(kSuffix);
+}
+
+bool IsUnfinishedName(std::string_view name) {
+  if (!name.starts_with(kPrefix) || name.size() < kPrefix.size() + kDigits + kSuffix.size()) return false;
+  name.remove_prefix(kPrefix.size());
+  if (name.substr(0, kDigits).find_first_not_of("0123456789abcdef") != std::string_view::npos) return false;
+  return name.substr(kDigits).starts_with(kSuffix);
+}
+
 std::string TargetPath(const OwnFiles& own, const std::string& name) {
   const fs::path path = WithoutLinks(name);
   if (!own.inventory.empty()) KeepClearOfInventory(own.inventory, path);
@@ -235,6 +239,7 @@ void WriteNewFile(const OwnFiles& own, const std::string& name,
 }
 
 void RemoveUnfinishedFiles(const std::string& notes) {
+  RemoveAbandonedFolders();
   if (notes.empty()) return;
   std::error_code error;
   std::vector<fs::path> found;

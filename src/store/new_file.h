@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace merlu {
 
@@ -30,6 +31,12 @@ void ReplaceFile(const OwnFiles& own, const std::string& path,
 
 // The same for a name that must still be free when the file is whole: kFileAccess otherwise.
 void MakeFile(const OwnFiles& own, const std::string& path, const std::function<void(const std::string& path)>& write);
+
+// A file name that nobody else has, of what is removed again: an unfinished file, a private folder. A fault without
+// random numbers.
+std::string UnfinishedName();
+// Whether a file name is one of these, or of what the engine puts beside such a file.
+bool IsUnfinishedName(std::string_view name);
 
 // Removes what writers that were killed have left, wherever it lies. What a running writer has begun stays.
 void RemoveUnfinishedFiles(const std::string& notes);

@@ -179,8 +179,9 @@ TEST_F(Robust, another_program_that_commits_all_the_time_loses_nothing_and_takes
 // ---- the program itself ----
 
 struct Limits {
-  long bytes = -1;         // that a file may have: a write beyond fails
-  long microseconds = -1;  // after which the program is killed
+  long bytes = -1;            // that a file may have: a write beyond fails
+  long microseconds = -1;     // after which the program is killed
+  std::string data_folder{};  // where the user's data go
 };
 
 // The exit status; -1 when it was killed.
@@ -192,6 +193,7 @@ int RunProgram(const std::string& command, const std::vector<std::string>& words
   arguments.push_back(nullptr);
   const pid_t child = ::fork();
   if (child == 0) {
+    if (!limits.data_folder.empty()) ::setenv("XDG_DATA_HOME", limits.data_folder.c_str(), 1);
     const int null = ::open("/dev/null", O_RDWR);
     ::dup2(null, 1);
     ::dup2(null, 2);
@@ -255,8 +257,21 @@ TEST_F(Robust, a_full_disk_leaves_no_half_file_and_the_inventory_as_it_was) {
   EXPECT_GT(failed, 12);
 }
 
+// What writers and readers put down for themselves.
+std::vector<std::string> LeftIn(const std::vector<std::string>& folders) {
+  std::vector<std::string> left;
+  for (const std::string& folder : folders)
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      const std::string name = entry.path().filename().string();
+      if (name.starts_with(".merlu") || name.ends_with(".note")) left.push_back(entry.path().string());
+    }
+  return left;
+}
+
 TEST_F(Robust, a_kill_leaves_no_half_file_and_the_inventory_as_before_or_after) {
   const std::string sound = FileBytes(Path("FILE"));
+  const TemporaryFolder data;
+  const std::vector<std::string> places = {fs::temp_directory_path().string(), data.path()};
   for (const Line& line : Lines()) {
     const std::string out = Out(line);
     if (out.empty() && !line.writes) continue;
@@ -272,13 +287,69 @@ TEST_F(Robust, a_kill_leaves_no_half_file_and_the_inventory_as_before_or_after) 
     for (long moment = 1; moment <= 5; ++moment) {
       fresh();
       SCOPED_TRACE(line.command);
-      RunProgram(line.command, Words(line), {-1, moment * 15000});
+      RunProgram(line.command, Words(line), {-1, moment * 15000, data.path()});
       EXPECT_TRUE(out.empty() || !fs::exists(out) || IsWhole(out));
       const std::string state = State();
       EXPECT_TRUE(state == before || state == after) << state << " is neither " << before << " nor " << after;
       EXPECT_TRUE(line.writes || FileBytes(Path("FILE")) == sound);
     }
   }
+  // the next start of any command removes what was left
+  PutFile(sound);
+  RunProgram("check", {Path("FILE")}, {-1, -1, data.path()});
+  EXPECT_EQ(LeftIn(places), std::vector<std::string>());
+}
+
+// Every command with every kind of answer, on files whose names are no text.
+TEST_F(Robust, names_that_are_no_text_are_read_and_written_like_any_others) {
+  std::vector<Line> lines = Lines();
+  for (const char* command : {"check", "findings", "ready", "diff"}) {
+    lines.push_back({command, {"FILE", "--format", "json"}});
+    lines.push_back({command, {"FILE", "--format", "csv"}});
+  }
+  for (Line& line : lines)
+    if (std::string(line.command) == "diff" && line.words.size() > 2)
+      line.words.insert(line.words.begin() + 1, "OTHER");
+  lines.push_back({"findings", {"FILE", "-o", "OUT.csv"}});
+  const std::string sound = FileBytes(Path("FILE"));
+  for (const Line& line : lines) {
+    SCOPED_TRACE(std::string(line.command) + " " + line.words.back());
+    PutFile(sound);
+    if (!Out(line).empty()) fs::remove(Out(line));
+    const int plain = RunProgram(line.command, Words(line), {});
+    PutFile(sound);
+    const std::string state = State();
+    std::vector<std::string> words = Words(line);
+    std::string out, file;
+    for (std::string& word : words) {
+      const fs::path path(word);
+      if (!path.is_absolute()) continue;
+      const std::string odd = (path.parent_path() / ("\xff\xfe" + path.filename().string())).string();
+      if (fs::exists(odd)) fs::remove(odd);
+      if (word == Out(line))
+        out = odd;
+      else
+        fs::copy_file(word, odd);
+      if (word == Path("FILE")) file = odd;
+      word = odd;
+    }
+    EXPECT_EQ(RunProgram(line.command, words, {}), plain);
+    EXPECT_EQ(!out.empty() && fs::exists(out), !out.empty() && fs::exists(Out(line)));
+    EXPECT_TRUE(out.empty() || !fs::exists(out) || out.ends_with(".csv") || IsWhole(out));
+    EXPECT_EQ(State(), state) << "the plain name was written";
+    EXPECT_TRUE(!line.writes || FileBytes(file) != sound);
+  }
+}
+
+TEST_F(Robust, a_killed_writer_s_file_is_removed_by_the_next_command) {
+  const TemporaryFolder data;
+  const std::string notes = data.path("MERLU2017/unfinished"), part = elsewhere.path(".merlu-0123456789abcdef.tmp");
+  fs::create_directories(notes);
+  std::ofstream(notes + "/0123456789abcdef.note") << part;
+  std::ofstream(part) << "half";
+  EXPECT_EQ(RunProgram("backup", {Path("FILE")}, {-1, -1, data.path()}), 0);
+  EXPECT_FALSE(fs::exists(part));
+  EXPECT_FALSE(fs::exists(notes));
 }
 
 }  // namespace

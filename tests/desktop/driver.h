@@ -153,10 +153,15 @@ class Driver {
     return nullptr;
   }
 
-  std::unique_ptr<DesktopApp> app;
-  std::deque<QString> texts;  // of the boxes that were answered
   const std::string& path() const { return path_; }
   const TemporaryFolder& folder() const { return folder_; }
+
+ private:
+  TemporaryFolder folder_;  // goes last, as the program stores its settings when it ends
+
+ public:
+  std::unique_ptr<DesktopApp> app;
+  std::deque<QString> texts;  // of the boxes that were answered
 
  private:
   // Looks for an unhandled dialog whenever the event loop is idle.
@@ -187,7 +192,6 @@ class Driver {
     modal.reject();
   }
 
-  TemporaryFolder folder_;
   std::string path_;
   std::deque<std::function<void(QWidget*)>> steps_;
   std::vector<QPointer<QWidget>> in_hand_;  // dialogs whose step is at work

@@ -313,7 +313,7 @@ int main(int count, char** words) {
         stderr);
     return 2;
   }
-  UseFastTemporaryFolder();
+  UseTemporaryPlace();
   ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
   const QGuiApplication application(count, words);
   try {

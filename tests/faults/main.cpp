@@ -7,7 +7,7 @@
 
 // Nothing here asks for a real disk.
 int main(int argc, char** argv) {
-  merlu::test::UseFastTemporaryFolder();
+  merlu::test::UseTemporaryPlace();
   testing::InitGoogleTest(&argc, argv);
   merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -385,7 +385,7 @@ int main(int count, char** words) {
     return 2;
   }
   // a process that dies loses nothing that it has written: no disk is needed, and waiting for one takes time
-  UseFastTemporaryFolder();
+  UseTemporaryPlace();
   try {
     Harness harness(options.seed, options.change, options.power);
     const auto chosen = Chosen(options.only);

@@ -10,6 +10,7 @@
 #include "session/session.h"
 #include "shell/main_program.h"
 #include "shell/sheet_acts.h"
+#include "support/temporary_place.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -70,5 +71,6 @@ int Measure() {
 }  // namespace merlu::test
 
 int main() {
+  merlu::test::UseTemporaryPlace();
   return merlu::test::Measure();
 }

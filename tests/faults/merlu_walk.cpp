@@ -82,6 +82,6 @@ int main(int count, char** words) {
     std::fputs("usage: merlu_walk [--acts N] [--seed S]\n", stderr);
     return 2;
   }
-  merlu::test::UseFastTemporaryFolder();
+  merlu::test::UseTemporaryPlace();
   return merlu::test::Walk(acts, seed);
 }

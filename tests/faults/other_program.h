@@ -27,10 +27,10 @@ class OtherProgram {
     ::waitpid(child, &status, 0);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
   }
-  // Begins to write, and goes on until LetGo.
-  void Hold() {
-    Begin([this](const auto& begun, int end) {
-      Run(Opened(), "BEGIN EXCLUSIVE");
+  // Begins to write, or what else `how` says, and goes on until LetGo.
+  void Hold(const std::string& how = "BEGIN EXCLUSIVE") {
+    Begin([this, &how](const auto& begun, int end) {
+      if (!Run(Opened(), how)) return false;
       begun();
       char byte = 0;
       return ::read(end, &byte, 1) >= 0;

@@ -265,6 +265,69 @@ TEST(Keys, that_would_run_out_add_no_equipment_without_all_of_its_months) {
   EXPECT_EQ(run.Count("EA_EQUIP_ACTV"), 1);
 }
 
+// Every act that adds rows, with each of the four keys at its end or one before it.
+TEST(Keys, at_their_end_are_told_by_every_act_and_nothing_is_added) {
+  const std::vector<std::pair<std::string, std::string>> keys = {{"PD_ID_AK", "PD_PLATFORM_DESC"},
+                                                                 {"SA_ID_AK", "PA_PLATFORM_ACTV"},
+                                                                 {"ED_ID_AK", "ED_EQUIP_DESC"},
+                                                                 {"EA_ID_AK", "EA_EQUIP_ACTV"}};
+  struct Adding {
+    const char* name;
+    std::string tables;  // that it adds two rows to, of those above
+    std::function<void(TestRun& run)> act;
+  };
+  const std::vector<Adding> acts = {
+      {"structure", "PA_PLATFORM_ACTV", [](TestRun& run) { run.AddStructure("1003"); }},
+      {"equipment", "EA_EQUIP_ACTV", [](TestRun& run) { run.Select(run.Key()), run.AddEquipment("FLA", "F9"); }},
+      {"month", "PA_PLATFORM_ACTV EA_EQUIP_ACTV",
+       [](TestRun& run) { run.ChangeTo(Mode::kActv), run.SelectRoot(), run.Click("cmdUSER_AddSurvey"); }},
+      {"import", "PD_PLATFORM_DESC PA_PLATFORM_ACTV ED_EQUIP_DESC EA_EQUIP_ACTV",
+       [](TestRun& run) {
+         run.dialogs.push_back([&run](Form&) {
+           run.Set("txtImportFilename", run.folder.path("other.mdb"));
+           run.Click("cmdLoad");
+           run.Pick("lvwStructures", std::vector<int>{0, 1});
+           run.Click("cmdImport");
+         });
+         run.Click("mnuEStructB");
+       }},
+  };
+  for (const Adding& adding : acts)
+    for (const auto& [key, table] : keys)
+      for (const std::int64_t last : {2147483647, 2147483646}) {
+        const bool one_is_enough = last == 2147483646 && adding.tables.find(table) == std::string::npos;
+        const bool none_is_needed =
+            std::string(adding.name) == "month" && !table.starts_with("PA_") && !table.starts_with("EA_");
+        const bool of_equipment = table.starts_with("E"), no_equipment = std::string(adding.name) == "structure";
+        const bool of_structure = table.starts_with("P"), no_structure = std::string(adding.name) == "equipment";
+        if (one_is_enough || none_is_needed || (of_equipment && no_equipment) || (of_structure && no_structure))
+          continue;
+        SCOPED_TRACE(std::string(adding.name) + ", " + key + " at " + std::to_string(last));
+        TestRun run;
+        run.StartWith("FLA", "F1");
+        run.Select(run.Key());
+        run.AddEquipment("VEN", "V1");
+        run.AddStructure("1002");
+        run.s.db.Execute("UPDATE SYS_CONFIG SET SYS_MAX_MO=2");
+        run.s.db.Execute("UPDATE " + table + " SET " + key + "=" + std::to_string(last) + " WHERE " + key +
+                         "=(SELECT MAX(" + key + ") FROM " + table + ")");
+        fs::copy_file(run.s.path, run.folder.path("other.mdb"));
+        Raw(run.folder.path("other.mdb"), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='X'||CMPLX_ID_NUM"});
+        run.TakeBoxes();
+        const auto counts = [&] {
+          std::string text;
+          for (const auto& [ignored, counted] : keys) text += std::to_string(run.Count(counted)) + " ";
+          return text + std::to_string(ToInteger(run.Sql("SELECT SYS_MAX_MO FROM SYS_CONFIG")));
+        };
+        const std::string before = counts();
+        adding.act(run);
+        const std::vector<std::string> boxes = run.TakeBoxes();
+        ASSERT_FALSE(boxes.empty());
+        EXPECT_NE(boxes[0].find("There is no free key left in the database."), std::string::npos) << boxes[0];
+        EXPECT_EQ(counts(), before);
+      }
+}
+
 // ---- what another program has added meanwhile ----
 
 TEST(Months, are_added_behind_the_one_that_another_program_has_added) {
