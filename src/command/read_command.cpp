@@ -28,7 +28,7 @@ void Store(QuietSession& session, MonthGrid& grid) {
   GridSaved saved;
   bool may_write = false;
   {
-    const Act act(session.s, "Month Workbook");
+    const Act act(session.s, "Month Workbook", grid.PlaceOfChanges(), session.s.current);
     may_write = act.MayWrite();
     if (may_write) saved = grid.Save();
   }

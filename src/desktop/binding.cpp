@@ -16,6 +16,7 @@
 #include "desktop/captions.h"
 #include "desktop/grid_view.h"
 #include "desktop/model_list.h"
+#include "desktop/page_tabs.h"
 #include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
 #include "forms/pasted.h"
@@ -243,7 +244,7 @@ Bound& FormBinding::AddList(const Control& control, QWidget* parent) {
 }
 
 Bound& FormBinding::AddTab(const Control& control, QWidget* parent) {
-  auto* tab = new QTabWidget(parent);
+  auto* tab = new PageTabs(parent);
   tab->setDocumentMode(false);
   const std::string name = control.name;
   connect(tab, &QTabWidget::currentChanged, this,

@@ -1,7 +1,9 @@
 #include "desktop/blocks_panel.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QResizeEvent>
+#include <QScrollBar>
 #include <QTimer>
 
 #include <algorithm>
@@ -167,7 +169,7 @@ void BlocksPanel::resizeEvent(QResizeEvent* event) {
   if (event->oldSize().width() != event->size().width()) Arrange();
 }
 
-ScrollingPage::ScrollingPage(BlocksPanel* panel, QWidget* parent) : QScrollArea(parent) {
+ScrollingPage::ScrollingPage(QWidget* panel, QWidget* parent) : QScrollArea(parent) {
   setWidgetResizable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFrameShape(QFrame::NoFrame);
@@ -178,13 +180,19 @@ ScrollingPage::ScrollingPage(BlocksPanel* panel, QWidget* parent) : QScrollArea(
   connect(qApp, &QApplication::focusChanged, this, &ScrollingPage::KeepFocusInView);
 }
 
-// The fields have their places only when the act that moved them is over.
+// The fields have their places only when the act that moved them is over. The whole field comes into view, where the
+// scroll area by itself would show the line that the cursor is in.
 void ScrollingPage::KeepFocusInView() {
   QTimer::singleShot(0, this, [this] {
     QWidget* focus = window()->focusWidget();
-    if (focus == nullptr || !isAncestorOf(focus)) return;
+    if (focus == nullptr || !isAncestorOf(focus) || !widget()->isAncestorOf(focus)) return;
+    if (qobject_cast<QComboBox*>(focus->parentWidget()) != nullptr) focus = focus->parentWidget();
     constexpr int kAround = 40;
-    ensureWidgetVisible(focus, 0, std::clamp((viewport()->height() - focus->height()) / 2, 0, kAround));
+    const int room = viewport()->height(), around = std::clamp((room - focus->height()) / 2, 0, kAround);
+    const int top = focus->mapTo(widget(), QPoint(0, 0)).y(), end = top + focus->height();
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setValue(std::max(bar.value(), end + around - room));
+    bar.setValue(std::min(bar.value(), top - around));
   });
 }
 

@@ -52,11 +52,11 @@ class BlocksPanel : public QWidget {
   bool keeps_places_ = false;
 };
 
-// A panel that scrolls inside its page.
+// Fields that scroll inside their page.
 class ScrollingPage : public QScrollArea {
   Q_OBJECT
  public:
-  ScrollingPage(BlocksPanel* panel, QWidget* parent);
+  ScrollingPage(QWidget* panel, QWidget* parent);
 
  protected:
   // The field that has the focus stays in view when page or panel get another height.

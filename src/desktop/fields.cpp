@@ -60,6 +60,17 @@ void LineField::focusInEvent(QFocusEvent* event) {
   if (IsEntered(event->reason())) selectAll();
 }
 
+bool LineField::IsTooLong() const {
+  constexpr int kAside = 9;
+  return text().size() > kMostMeasured || fontMetrics().horizontalAdvance(text()) > width() - 2 * kAside;
+}
+
+// A text that was left shows its beginning.
+void LineField::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  if (IsEntered(event->reason()) && !isClearButtonEnabled() && IsTooLong()) setCursorPosition(0);
+}
+
 void LineField::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
   // the press that entered the field would otherwise have put the caret into the selected text
@@ -94,8 +105,8 @@ void LineField::contextMenuEvent(QContextMenuEvent* event) {
 
 void LineField::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
-  constexpr int kFrame = 3, kAside = 9;
-  if (hasFocus() || !numeric_ || fontMetrics().horizontalAdvance(text()) <= width() - 2 * kAside) return;
+  constexpr int kFrame = 3;
+  if (hasFocus() || isClearButtonEnabled() || !IsTooLong()) return;
   const QString dots = QStringLiteral("…");
   const int room = fontMetrics().horizontalAdvance(dots) + 4;
   const QRect end(width() - kFrame - room, kFrame, room, height() - 2 * kFrame);
@@ -271,7 +282,9 @@ void ListField::paintEvent(QPaintEvent*) {
   const bool focused = hasFocus() || (lineEdit() != nullptr && lineEdit()->hasFocus());
   const QColor border = focused ? Accent(palette()) : plain ? Border(palette()) : Line(palette());
   painter.setBrush(ground);
-  painter.setPen(QPen(border, focused ? 2 : 1));
+  // where all grounds have the same colour the border shows what cannot be chosen
+  const bool dashed = !focused && (locked_ || !isEnabled()) && IsHighContrast(palette());
+  painter.setPen(QPen(border, focused ? 2 : 1, dashed ? Qt::DashLine : Qt::SolidLine));
   const qreal inset = focused ? 1 : 0.5;
   painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3, 3);
   if (lineEdit() == nullptr) {

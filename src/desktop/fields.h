@@ -19,7 +19,7 @@ const char* LookName(Back back);
 // Whether the field is entered: not so when a list or another window gives the focus back.
 bool IsEntered(Qt::FocusReason reason);
 
-// A line of text or a masked box. Its text is selected when the field is entered. A number too long for the field shows
+// A line of text or a masked box. Its text is selected when the field is entered. A text too long for the field shows
 // its beginning and an ellipsis while the field does not have the focus.
 class LineField : public QLineEdit {
   Q_OBJECT
@@ -33,6 +33,7 @@ class LineField : public QLineEdit {
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -40,6 +41,7 @@ class LineField : public QLineEdit {
 
  private:
   void PasteCells();
+  bool IsTooLong() const;
 
   bool entered_by_mouse_ = false, numeric_ = false;
 };

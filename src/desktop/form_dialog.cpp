@@ -3,15 +3,16 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QScrollArea>
 #include <QShowEvent>
 
 #include <algorithm>
 #include <utility>
 
 #include "desktop/about_window.h"
+#include "desktop/blocks_panel.h"
 #include "desktop/captions.h"
 #include "desktop/grid_view.h"
+#include "desktop/look.h"
 #include "desktop/model_list.h"
 #include "desktop/results_list.h"
 #include "desktop/table_panel.h"
@@ -27,18 +28,18 @@ bool IsField(Kind kind) {
   return kind == Kind::kText || kind == Kind::kMasked || kind == Kind::kList;
 }
 
-// What does not fit scrolls, and the buttons below it stay.
-class FittingPage : public QScrollArea {
+// Fields and lists in a grid. A list scrolls by itself, so the page is never higher than its lists make it at their
+// lowest.
+class DialogPage : public QWidget {
  public:
-  FittingPage(QWidget* page, QWidget* parent) : QScrollArea(parent) {
-    setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(page);
-    page->setAutoFillBackground(false);
-    viewport()->setAutoFillBackground(false);
-  }
+  using QWidget::QWidget;
+  int heightForWidth(int width) const override { return layout()->minimumHeightForWidth(width); }
+};
+
+// What does not fit scrolls, and the buttons below it stay.
+class FittingPage : public ScrollingPage {
+ public:
+  using ScrollingPage::ScrollingPage;
   QSize sizeHint() const override { return widget()->sizeHint(); }
   QSize minimumSizeHint() const override {
     constexpr int kLowest = 120;
@@ -98,15 +99,16 @@ void FormDialog::FillGrid() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  auto* page = new QWidget(this);
+  const bool low = IsLowScreen(*this);
+  auto* page = new DialogPage(this);
   grid_ = new QGridLayout(page);
-  grid_->setContentsMargins(16, 16, 16, 8);
+  grid_->setContentsMargins(low ? QMargins(10, 8, 10, 4) : QMargins(16, 16, 16, 8));
   grid_->setHorizontalSpacing(10);
-  grid_->setVerticalSpacing(8);
+  grid_->setVerticalSpacing(low ? 4 : 8);
   grid_->setColumnMinimumWidth(1, kFieldWidth);
   grid_->setColumnStretch(1, 1);
   buttons_ = new QHBoxLayout;
-  buttons_->setContentsMargins(16, 8, 16, 16);
+  buttons_->setContentsMargins(low ? QMargins(10, 4, 10, 8) : QMargins(16, 8, 16, 16));
   buttons_->setSpacing(8);
   buttons_->addStretch(1);
   const auto& controls = binding_.form().controls();

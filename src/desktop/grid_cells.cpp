@@ -15,7 +15,8 @@
 namespace merlu {
 namespace {
 
-constexpr int kAside = 6, kMarkWidth = 9, kCorner = 6;
+constexpr int kAside = 6, kMarkWidth = 11, kCorner = 9;
+constexpr QColor kUnusable(255, 170, 0);
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -28,8 +29,15 @@ QColor Tinted(const QPalette& palette, const QColor& tint) {
   return {mix(ground.red(), tint.red()), mix(ground.green(), tint.green()), mix(ground.blue(), tint.blue())};
 }
 
+// A save will make something else of what was typed.
+bool IsUnusable(const GridCell& cell) {
+  return !cell.locked && !cell.hint.empty();
+}
+
+// What is wrong shows in the cell in hand too.
 QColor GroundOf(const QPalette& palette, const GridCell& cell, bool selected) {
   if (cell.back == Back::kFlag) return kFlagBack;
+  if (IsUnusable(cell)) return Tinted(palette, kUnusable);
   if (selected) return AccentGround(palette);
   if (cell.copied) return Tinted(palette, Accent(palette));
   switch (cell.tone) {
@@ -44,8 +52,15 @@ QColor GroundOf(const QPalette& palette, const GridCell& cell, bool selected) {
 
 QColor InkOf(const QPalette& palette, const GridCell& cell, bool selected) {
   if (cell.back == Back::kFlag) return kFlagText;
+  if (IsUnusable(cell)) return palette.color(QPalette::Text);
   if (selected) return Qt::white;
   return cell.tone == Tone::kQuiet ? Quiet(palette) : palette.color(QPalette::Text);
+}
+
+// Of the cell in hand.
+QColor FrameOf(const QPalette& palette, const GridCell& cell, bool selected) {
+  if (cell.back == Back::kFlag || IsUnusable(cell)) return InkOf(palette, cell, selected);
+  return selected ? palette.color(QPalette::Base) : Accent(palette);
 }
 
 // What a state is known by where colours are not seen: a tick, a triangle, a cross or a ring. They are drawn, as a font
@@ -208,9 +223,11 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     painter->fillRect(place, QBrush(Line(option.palette), Qt::BDiagPattern));
   painter->setPen(ink);
   QRect room = place.adjusted(kAside, 0, -kAside, 0);
-  if (cell.back == Back::kFlag || !cell.finding.empty()) {
+  const bool found = cell.back == Back::kFlag || !cell.finding.empty();
+  if (found || IsUnusable(cell)) {
     painter->setFont(fonts.bold);
-    painter->drawText(QRect(place.left() + 3, place.top(), kMarkWidth, place.height()), Qt::AlignVCenter, "!");
+    painter->drawText(QRect(place.left() + 3, place.top(), kMarkWidth, place.height()), Qt::AlignVCenter,
+                      found ? "!" : "?");
     room.setLeft(room.left() + kMarkWidth);
   }
   if (HasSign(cell)) {
@@ -229,13 +246,13 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     const QPoint corner = place.bottomRight() + QPoint(1, 1);
     painter->setPen(Qt::NoPen);
     painter->setBrush(ink);
-    if (!cell.hint.empty() && !cell.locked)
+    if (IsUnusable(cell))
       painter->drawPolygon(QPolygon({corner, corner - QPoint(kCorner, 0), corner - QPoint(0, kCorner)}));
     if (cell.copied) painter->fillRect(QRect(place.left(), place.top() + 2, 2, place.height() - 4), ink);
   }
   if (option.state & QStyle::State_HasFocus) {
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(selected ? option.palette.color(QPalette::Base) : Accent(option.palette), 2));
+    painter->setPen(QPen(FrameOf(option.palette, cell, selected), 2));
     painter->drawRect(place.adjusted(2, 2, -2, -2));
   }
   painter->restore();

@@ -1,7 +1,9 @@
 #include "desktop/look.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QDialogButtonBox>
+#include <QDockWidget>
 #include <QPainter>
 #include <QScreen>
 #include <QStyleOption>
@@ -13,6 +15,7 @@
 namespace merlu {
 namespace {
 
+constexpr int kDockIcon = 16;
 constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
 
 QColor Mix(const QColor& a, const QColor& b, qreal share) {
@@ -79,7 +82,8 @@ QColor CopiedFace(const QPalette& palette) {
 }
 
 QColor RestingGround(const QPalette& palette) {
-  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.78);
+  return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window),
+             IsHighContrast(palette) ? 0.55 : 0.78);
 }
 
 QColor Line(const QPalette& palette) {
@@ -115,6 +119,38 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   if (hint == SH_EtchDisabledText) return 0;  // on a dark ground it would outshine the others
   return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+// A dock's own buttons are as easy to hit as others.
+int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  constexpr int kAroundDockIcon = 4;
+  if (metric == PM_DockWidgetTitleBarButtonMargin) return kAroundDockIcon;
+  return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+QIcon LookStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
+  if (qobject_cast<const QDockWidget*>(widget) == nullptr ||
+      (which != SP_TitleBarCloseButton && which != SP_TitleBarNormalButton))
+    return QProxyStyle::standardIcon(which, option, widget);
+  QIcon icon;
+  for (const int scale : {1, 2}) {
+    QPixmap picture(kDockIcon * scale, kDockIcon * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QApplication::palette().color(QPalette::WindowText), 1.6, Qt::SolidLine, Qt::RoundCap));
+    constexpr int kFrom = 3, kTo = kDockIcon - 3;
+    if (which == SP_TitleBarCloseButton) {
+      painter.drawLine(kFrom, kFrom, kTo, kTo);
+      painter.drawLine(kFrom, kTo, kTo, kFrom);
+    } else {
+      painter.drawRect(kFrom, kFrom + 3, kTo - kFrom - 3, kTo - kFrom - 3);
+      painter.drawPolyline(QPolygon({{kFrom + 4, kFrom}, {kTo, kFrom}, {kTo, kTo - 4}}));
+    }
+    icon.addPixmap(picture);
+  }
+  return icon;
 }
 
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -222,6 +258,8 @@ QString StyleSheet(const QPalette& palette) {
   const QString stark = QStringLiteral(R"(
     QLineEdit[look="face"], QPlainTextEdit[look="face"] { border-style: dashed; }
     QLineEdit[look="flag"], QPlainTextEdit[look="flag"] { border-width: 2px; padding: 2px 5px; }
+    QLineEdit:disabled, QPlainTextEdit:disabled { border-style: dotted; }
+    QPushButton:disabled { border-style: dashed; }
     QScrollBar { background: %2; border: 1px solid %6; }
     QScrollBar::handle { background: %6; border-radius: 0; }
   )");

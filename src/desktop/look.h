@@ -47,6 +47,8 @@ class LookStyle : public QProxyStyle {
                      const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override;
 };
 
 QString StyleSheet(const QPalette& palette);

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QSettings>
 #include <QVBoxLayout>
@@ -32,6 +33,7 @@ constexpr const char* kMainButtons[] = {names::cmdEditMode,  names::cmdQC,      
 constexpr const char* kCancel = names::cmdCANCEL;
 constexpr const char* kSave = names::cmdSaveEdits;
 constexpr int kTreeWidth = 280;
+constexpr QSize kWindowFrame(8, 40);
 
 QString Q(const std::string& text) {
   return QString::fromStdString(text);
@@ -75,8 +77,8 @@ MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s
   menus_ = new MainMenus(acts_, *this, *buttons_, tree_->tree(),
                          {[this] { ShowHelpHere(); }, [this](const char* button) { PressButton(button); },
                           [this](const std::string& act) { DoShortcut(act); }});
-  setMinimumSize(560, 320);                                     // the sheets scroll
-  const QSize room = screen()->availableSize() - QSize(8, 40);  // with its frame
+  setMinimumSize(560, 320);  // the sheets scroll
+  const QSize room = screen()->availableSize() - kWindowFrame;
   resize(QSize(1180, 760).boundedTo(room).expandedTo(minimumSize()));
   restoreGeometry(settings_.value("Window/geometry").toByteArray());
   splitter_->restoreState(settings_.value("Window/splitter").toByteArray());
@@ -345,6 +347,29 @@ std::string MainWindow::PlaceInHand() const {
   return place;
 }
 
+// Docks that are too wide to stand beside each other stand below each other. Where that makes the window too high, a
+// list takes the place of the others.
+void MainWindow::MakeRoomFor(DockWindow& opened) {
+  std::vector<DockWindow*> below;
+  QSize beside(0, 0);
+  for (const auto& [name, dock] : docks_) {
+    if (dock == nullptr || !dock->form().visible || dock->isFloating()) continue;
+    if (dockWidgetArea(dock) != Qt::BottomDockWidgetArea) continue;
+    below.push_back(dock);
+    beside += dock->minimumSizeHint();
+  }
+  const QSize room = screen()->availableSize() - kWindowFrame;
+  if (below.size() < 2 || beside.width() <= std::min(width(), room.width())) return;
+  const auto is_strip = [](DockWindow* dock) { return dock->form().name() == strip_dock::kForm; };
+  std::stable_partition(below.begin(), below.end(), is_strip);
+  for (std::size_t at = 1; at < below.size(); ++at) splitDockWidget(below[at - 1], below[at], Qt::Vertical);
+  const int sheet = IsPage(opened) ? 0 : centralWidget()->minimumSizeHint().height();
+  if (menuBar()->height() + sheet + beside.height() + statusBar()->height() <= room.height()) return;
+  for (DockWindow* dock : below)
+    if (dock != &opened && !is_strip(dock) && !is_strip(&opened))
+      QMetaObject::invokeMethod(dock, &QWidget::close, Qt::QueuedConnection);
+}
+
 void MainWindow::SyncDocks() {
   for (const auto& form : s_.desk.forms) {
     if (form->dock.empty()) continue;
@@ -357,6 +382,7 @@ void MainWindow::SyncDocks() {
     if (form->visible) dock->Sync();
     if (dock->isHidden() != form->visible) continue;
     dock->setVisible(form->visible);
+    if (form->visible) MakeRoomFor(*dock);
     if (form->visible) dock->raise();
     if (form->visible && IsLowScreen(*this)) resizeDocks({dock}, {dock->minimumSizeHint().height()}, Qt::Vertical);
     if (IsPage(*dock)) dock->FocusTable();

@@ -55,6 +55,7 @@ class MainWindow : public QMainWindow {
   bool IsPage(DockWindow& dock) const;
   bool ClosePages();
   std::string PlaceInHand() const;
+  void MakeRoomFor(DockWindow& opened);
   void SyncDocks();
   void SyncPages();
   SheetView* SheetToShow();

@@ -10,6 +10,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <numeric>
 
 #include "base/text.h"
 #include "desktop/look.h"
@@ -35,6 +36,14 @@ class EvenRows : public QStyledItemDelegate {
   using QStyledItemDelegate::QStyledItemDelegate;
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     return {QStyledItemDelegate::sizeHint(option, index).width(), option.fontMetrics.height() + 2 * kAboveAndBelow};
+  }
+
+ protected:
+  // A place that is too long keeps its end, the equipment's ID.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.model()->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole) == "Place")
+      option->textElideMode = Qt::ElideMiddle;
   }
 };
 
@@ -193,29 +202,48 @@ void ModelList::keyPressEvent(QKeyEvent* event) {
 }
 
 // As wide as what shows; the last column takes the rest. In a dialog, whose rows can be others with each key, columns
-// grow and do not shrink again.
+// grow and do not shrink again, and all of them are in sight.
 void ModelList::FitColumns() {
-  const bool in_dialog = qobject_cast<QDialog*>(window()) != nullptr;
+  const bool in_dialog = IsInDialog();
   if (chosen_ || (fitted_ && !in_dialog) || adapter_->rowCount() == 0) return;
-  fitting_ = true;
-  int widest = in_dialog || adapter_->rowCount() <= kFewRows ? kWidestOfFew : kWidestFitted;
-  // once it shows, none takes the room of the others
-  if (in_dialog && isVisible()) widest = std::min(widest, viewport()->width() * 45 / 100);
-  for (int column = 0; column + 1 < adapter_->columnCount(); ++column) {
-    const int before = fitted_ ? columnWidth(column) : 0;
+  const int widest = in_dialog || adapter_->rowCount() <= kFewRows ? kWidestOfFew : kWidestFitted;
+  const int last = adapter_->columnCount() - 1;
+  wanted_widths_.resize(last + 1);
+  for (int column = 0; column <= last; ++column) {
     const int wanted = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column)) + kBetweenColumns;
-    setColumnWidth(column, std::max(before, std::min(wanted, widest)));
+    wanted_widths_[column] = std::max(wanted_widths_[column], column == last ? wanted : std::min(wanted, widest));
   }
   fitted_ = true;
-  resizeColumnToContents(adapter_->columnCount() - 1);  // it takes what is left, and no more than it needs
-  fitting_ = false;
-  // a dialog shows the whole of the last column too
-  const int last = adapter_->columnCount() - 1;
+  ShareWidth();
   if (!in_dialog) return;
   const int around = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
-  const int widest_last = std::max(sizeHintForColumn(last), header()->sectionSizeHint(last));
-  const int wanted = header()->length() - columnWidth(last) + widest_last + kBetweenColumns + around;
+  const int wanted = std::accumulate(wanted_widths_.begin(), wanted_widths_.end(), around);
   Want(QSize(std::min(wanted, kWidestInDialog), 0));
+}
+
+bool ModelList::IsInDialog() const {
+  return qobject_cast<QDialog*>(window()) != nullptr;
+}
+
+// Gives the columns what they want; in a dialog that is too narrow for it the widest ones give way.
+void ModelList::ShareWidth() {
+  const int last = adapter_->columnCount() - 1;
+  if (chosen_ || !fitted_ || last < 0) return;
+  const auto width_of = [&](int column, int most) {
+    const int least = std::min(wanted_widths_[column], header()->sectionSizeHint(column));
+    return std::clamp(wanted_widths_[column], least, std::max(least, most));
+  };
+  int most = kWidest;
+  const auto all = [&] {
+    int sum = 0;
+    for (int column = 0; column <= last; ++column) sum += width_of(column, most);
+    return sum;
+  };
+  if (IsInDialog() && isVisible())
+    while (most > kNarrowest && all() > viewport()->width()) --most;
+  fitting_ = true;
+  for (int column = 0; column <= last; ++column) setColumnWidth(column, width_of(column, most));
+  fitting_ = false;
 }
 
 void ModelList::Want(const QSize& size) {
@@ -242,6 +270,7 @@ void ModelList::Prepare() {
 
 void ModelList::resizeEvent(QResizeEvent* event) {
   QTreeView::resizeEvent(event);
+  if (IsInDialog()) ShareWidth();
   Prepare();
 }
 

@@ -56,7 +56,9 @@ class ModelList : public QTreeView {
   void Open();
   void CopyRows() const;
   void ShowPicked();
+  bool IsInDialog() const;
   void FitColumns();
+  void ShareWidth();
   void KeepWidths();
 
   Acts& acts_;
@@ -65,6 +67,7 @@ class ModelList : public QTreeView {
   ListAdapter* adapter_;
   QString empty_text_;
   QSize wanted_;
+  QList<int> wanted_widths_;
   // columns fit the first rows that show, unless the user gave them widths
   bool fitting_ = true, fitted_ = false, chosen_ = false;
 };

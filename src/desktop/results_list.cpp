@@ -117,6 +117,12 @@ int ResultsList::WidestText(int column) const {
   return widest;
 }
 
+void ResultsList::SetEmptyText(const QString& text) {
+  if (empty_text_ == text) return;
+  empty_text_ = text;
+  viewport()->update();
+}
+
 void ResultsList::ShowPicked(const Control& control) {
   clearSelection();
   for (int row : control.picked)

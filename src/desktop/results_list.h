@@ -14,6 +14,9 @@ class ResultsList : public QTreeWidget {
   ResultsList(const Control& control, QString empty_text, QWidget* parent);
   void ShowRows(const Control& control);
   void ShowPicked(const Control& control);
+  // What shows while there are no rows.
+  void SetEmptyText(const QString& text);
+  const QString& EmptyText() const { return empty_text_; }
   QList<int> Picked() const;
   // Rows of a list that cannot be used now are still read, scrolled and copied.
   void SetUsable(bool usable) { usable_ = usable; }

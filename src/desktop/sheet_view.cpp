@@ -297,6 +297,8 @@ void SheetView::ShowCount() {
   const auto open = std::count_if(rows.begin(), rows.end(), [](const auto& row) {
     return row.back() != kSummaryMark && row.size() > kCommentColumn && !Explains(row[kCommentColumn]);
   });
+  auto* list = static_cast<ResultsList*>(binding_.Find(results_));
+  list->SetEmptyText(acts_.s.checked ? tr("No findings") : tr("Not checked yet"));
   const QString text = count == 0  ? caption
                        : open == 0 ? caption + QString(" (%1)").arg(count)
                                    : caption + tr(" (%1, %2 open)").arg(count).arg(open);

@@ -57,13 +57,13 @@ void FillTablePanel(QWidget& place, FormBinding& binding) {
   auto* fields = new FlowRow(16, low ? 2 : 6);
   auto* below = new QHBoxLayout;
   below->setSpacing(8);
-  std::vector<QWidget*> buttons;
+  std::vector<QWidget*> buttons, said;
   QWidget* way_out = nullptr;
   for (const Control& control : form.controls()) {
     if (IsField(control.kind)) {
       AddField(control, place, binding, *fields);
     } else if (control.kind == Kind::kLabel && !binding.IsCaptionOrNote(control.name)) {
-      below->addWidget(binding.AddLabel(control, &place).widget, 1);
+      said.push_back(binding.AddLabel(control, &place).widget);
     } else if (control.kind == Kind::kButton) {
       QWidget* button = binding.AddButton(control, &place).widget;
       if (control.name == form.cancel_button)
@@ -83,6 +83,12 @@ void FillTablePanel(QWidget& place, FormBinding& binding) {
     table->setMinimumSize(kTableWidth, (low ? kFewLines : kTableLines) * table->fontMetrics().height());
     column->addWidget(table, 1);
   }
+  // the last text is beside the buttons
+  for (QWidget* label : said)
+    if (label == said.back())
+      below->addWidget(label, 1);
+    else
+      column->addWidget(label);
   // as in every dialog Cancel comes before the main button, which is the last
   for (QWidget* button : buttons) {
     if (way_out != nullptr && button == buttons.back()) {

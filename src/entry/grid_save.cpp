@@ -146,11 +146,17 @@ void MonthGrid::SaveRow(RecordSaver& saver, const Row& row, const MonthRow& now,
   ++saved.records;
 }
 
+std::string MonthGrid::PlaceOfChanges() const {
+  if (changed_.empty()) return "";
+  const std::string first = changed_.begin()->second->stored.PlaceText();
+  return changed_.size() == 1 ? first : first + " and " + std::to_string(changed_.size() - 1) + " more";
+}
+
 GridSaved MonthGrid::Save() {
   GridSaved saved;
   std::erase_if(changed_, [](const auto& changed) { return changed.second->gone; });
   if (changed_.empty()) return saved;
-  const Act act(s_, "Month Grid");
+  const Act act(s_, "Month Grid", PlaceOfChanges(), s_.current);
   if (!act.MayWrite()) {
     saved.refused = "Nothing was saved: there is no backup.";
     return saved;

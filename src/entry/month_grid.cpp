@@ -8,6 +8,7 @@
 #include "history/notes.h"
 #include "session/node_keys.h"
 #include "sheets/conversions.h"
+#include "sheets/wording.h"
 
 namespace merlu {
 namespace {
@@ -16,16 +17,6 @@ std::string Bare(std::string caption) {
   while (!caption.empty() && (caption.back() == ':' || caption.back() == ' ' || caption.back() == ';'))
     caption.pop_back();
   return Trim(caption);
-}
-
-// Of two sets of fields under separate headings the second one is named by the words that its heading adds: "diesel" of
-// "Monthly activity, diesel".
-std::string SetOf(const FieldSpec& field, const std::string& first_block) {
-  const std::string start = first_block + ", ";
-  if (!field.block.starts_with(start)) return "";
-  std::string set = field.block.substr(start.size());
-  if (!set.empty()) set[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(set[0])));
-  return set;
 }
 
 std::string MonthText(const QCLocation& at) {

@@ -60,6 +60,8 @@ class MonthGrid : public GridModel {
   int Confirm(const std::vector<int>& rows);
 
   int ChangedRecords() const { return static_cast<int>(changed_.size()); }
+  // The place of the changed record; of several, of one and how many more.
+  std::string PlaceOfChanges() const;
   // All changed records in the order of the rows, or none of them.
   GridSaved Save();
 

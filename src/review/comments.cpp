@@ -1,10 +1,13 @@
 #include "review/comments.h"
 
+#include <set>
+
 #include "base/text.h"
 #include "history/notes.h"
 #include "qc/comment_key.h"
 #include "rules/judge.h"
 #include "session/act.h"
+#include "session/place.h"
 
 namespace merlu {
 namespace {
@@ -48,10 +51,19 @@ std::int64_t WriteRow(Session& s, const FindingToExplain& at) {
   return ToInteger(s.db.Single("SELECT last_insert_rowid()"));
 }
 
+// The records that are explained, which need not be the one that shows: the first, and how many more.
+std::string PlacesOf(Session& s, const std::vector<FindingToExplain>& findings) {
+  std::set<std::string> places;
+  for (const FindingToExplain& each : findings) places.insert(PackLocation(each.location, each.mode));
+  std::string place = findings.empty() ? "" : PlaceText(s.db, findings.front().location);
+  if (places.size() > 1) place += " and " + std::to_string(places.size() - 1) + " more";
+  return place;
+}
+
 }  // namespace
 
 bool ExplainFindings(Session& s, const std::vector<FindingToExplain>& findings, const std::string& comment) {
-  const Act act(s, "Comment");
+  const Act act(s, "Comment", PlacesOf(s, findings), s.current);
   if (!act.MayWrite()) return false;
   WriteBatch batch(s.db);
   AllOrNothing whole(s.db);

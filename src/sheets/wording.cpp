@@ -1,5 +1,7 @@
 #include "sheets/wording.h"
 
+#include <cctype>
+
 #include "base/numbers.h"
 #include "base/text.h"
 
@@ -15,6 +17,14 @@ std::string BareCaption(const std::string& caption) {
   std::string bare = Trim(caption);
   if (bare.ends_with(':') || bare.ends_with(';')) bare = Trim(bare.substr(0, bare.size() - 1));
   return bare;
+}
+
+std::string SetOf(const FieldSpec& field, const std::string& first_block) {
+  const std::string start = first_block + ", ";
+  if (!field.block.starts_with(start)) return "";
+  std::string set = field.block.substr(start.size());
+  if (!set.empty()) set[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(set[0])));
+  return set;
 }
 
 namespace {

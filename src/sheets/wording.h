@@ -23,6 +23,10 @@ std::string ConditionText(const std::vector<FieldSpec>& fields, std::string word
 // What a check demands: "required, 0 to 744".
 std::string DemandText(const CheckSpec& check);
 
+// Of two sets of fields under separate headings the second one is named by the words that its heading adds: "Diesel" of
+// "Monthly activity, diesel". Empty for the first set.
+std::string SetOf(const FieldSpec& field, const std::string& first_block);
+
 // Without blanks around it and the mark after it.
 std::string BareCaption(const std::string& caption);
 

@@ -22,6 +22,7 @@ namespace {
 constexpr const char* kByMonth = "One month, all equipment of a type";
 constexpr const char* kByRecord = "One piece of equipment, all months";
 constexpr const char* kStructures = "Structure";
+constexpr const char* kCell = "lblGRD_Cell";
 
 // The values behind the items of the dialog's lists, and the grid that these select.
 struct Open {
@@ -167,6 +168,23 @@ void FillLists(Open& open) {
   FillPieces(open);
 }
 
+bool IsInGrid(const Open& open, const Control& cells) {
+  return cells.at_row >= 0 && cells.at_row < open.grid->RowCount() && cells.at_column >= 0 &&
+         cells.at_column < static_cast<int>(open.grid->Columns().size());
+}
+
+// The row and the field of the cell, which may have scrolled out of sight: "GI, 43, A · F1 · Hours Operated (hrs)".
+void ShowCellName(Open& open) {
+  const Control& cells = open.form.At(names::grdGRD);
+  std::string name;
+  if (IsInGrid(open, cells)) {
+    for (int column = 0; column < open.grid->FixedColumns(); ++column)
+      if (const std::string part = open.grid->Cell(cells.at_row, column).text; !part.empty()) name += part + " · ";
+    name += open.grid->Columns()[static_cast<std::size_t>(cells.at_column)].caption;
+  }
+  open.form.At(kCell).text = open.form.At(kCell).caption = name;
+}
+
 void ShowView(Open& open) {
   Form& form = open.form;
   const bool by_record = form.At(names::cmbGRD_View).text == kByRecord;
@@ -185,6 +203,7 @@ void ShowView(Open& open) {
     }
     form.At(names::grdGRD).picked.clear();
   });
+  ShowCellName(open);
 }
 
 // What the tree shows: its month, its type, its piece.
@@ -215,8 +234,9 @@ void ChooseWhatShows(Open& open) {
 }
 
 void ShowCellMessage(Open& open) {
+  ShowCellName(open);
   const Control& grid = open.form.At(names::grdGRD);
-  if (grid.at_row < 0 || grid.at_column < 0 || grid.at_row >= open.grid->RowCount()) return;
+  if (!IsInGrid(open, grid)) return;
   const GridCell cell = open.grid->Cell(grid.at_row, grid.at_column);
   Say(open.form, !cell.finding.empty() ? cell.finding : cell.hint);
 }
@@ -267,11 +287,13 @@ void Connect(Open& open) {
   form.On(names::grdGRD, Event::kMoved, [&open] { ShowCellMessage(open); });
   form.On(names::cmdGRD_Copy, Event::kClick, [&open] {
     Say(open.form, Count(open.grid->CopyBefore(open.form.At(names::grdGRD).picked), "value") + " copied");
+    open.form.focus = names::grdGRD;
   });
   form.On(names::cmdGRD_Confirm, Event::kClick, [&open] {
     OnSheet(open.s, [&] {
       Say(open.form, Count(open.grid->Confirm(open.form.At(names::grdGRD).picked), "value") + " confirmed");
     });
+    open.form.focus = names::grdGRD;
   });
   form.On(names::cmdGRD_Save, Event::kClick, [&open] { Save(open); });
   form.On(names::cmdCANCEL, Event::kClick, [&open] { Close(open); });
@@ -284,6 +306,7 @@ Form& GridForm(Session& s) {
     AddList(form, names::cmbGRD_Type, "Type:", {});
     AddList(form, names::cmbGRD_Equipment, "Equipment:", {});
     AddGrid(form, names::grdGRD, "Month", nullptr).many = true;
+    AddLabel(form, kCell, "");
     AddLabel(form, "lblGRD_Message", "");
     AddButton(form, names::cmdGRD_Copy, "Copy Previous Month");
     AddButton(form, names::cmdGRD_Confirm, "Confirm Copied");
@@ -304,7 +327,11 @@ void OpenMonthGrid(Session& s) {
   if (s.editing || !s.InActv()) return;
   Open open{s, GridForm(s), std::make_shared<MonthGrid>(s), {}, {}};
   open.form.At(names::grdGRD).grid = open.grid;
-  open.grid->approve = [&s](const std::vector<PastePlan>& plan) { return Approve(s, plan); };
+  open.grid->approve = [&open](const std::vector<PastePlan>& plan) {
+    const bool approved = Approve(open.s, plan);
+    open.form.focus = names::grdGRD;
+    return approved;
+  };
   open.grid->on_typed = [&open] { ShowCellMessage(open); };
   FillLists(open);
   ChooseWhatShows(open);

@@ -49,7 +49,7 @@ bool Apply(Session& s, MonthGrid& grid) {
   GridSaved saved;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
-    const Act act(s, "Month Workbook");
+    const Act act(s, "Month Workbook", grid.PlaceOfChanges(), s.current);
     if (act.MayWrite()) saved = grid.Save();
   });
   if (!saved.refused.empty()) Tell(s, saved.refused, Icon::kWarning);
@@ -61,8 +61,12 @@ bool Apply(Session& s, MonthGrid& grid) {
 
 void ShowPlan(Session& s, MonthGrid& grid, const std::vector<BookChange>& changes) {
   Form& form = Dialog(s);
+  // what changes and what is refused comes before what stays as it is
+  std::vector<BookChange> ordered = changes;
+  std::stable_partition(ordered.begin(), ordered.end(),
+                        [](const BookChange& change) { return change.Applies() || change.IsRefused(); });
   std::vector<RowsModel::Row> rows;
-  for (const BookChange& change : changes)
+  for (const BookChange& change : ordered)
     rows.push_back({change.place, change.field, change.old_text, change.new_text, change.what});
   static_cast<RowsModel&>(*form.At(kPlan).model).Set(std::move(rows));
   form.At(kCount).caption = form.At(kCount).text = CountText(changes);

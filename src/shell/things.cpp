@@ -133,13 +133,25 @@ void AddField(const std::string& caption, const std::string& control, bool month
       {ThingKind::kField, BareCaption(caption), where, -1, "", control, type, monthly ? Mode::kActv : Mode::kDesc});
 }
 
+// The caption, and of fields with one caption the set that the later ones belong to.
+std::string NameOf(const std::vector<FieldSpec>& fields, const std::string& control) {
+  const std::string caption = CaptionOf(fields, control);
+  const auto field = std::find_if(fields.begin(), fields.end(), [&](const auto& f) { return f.control == control; });
+  if (field == fields.end()) return caption;
+  const auto first = std::find_if(fields.begin(), field, [&](const FieldSpec& other) {
+    return CaptionOf(fields, other.control) == caption && other.page == field->page && other.mode == field->mode;
+  });
+  const std::string set = first == field ? "" : SetOf(*field, first->block);
+  return set.empty() ? caption : set + ": " + caption;
+}
+
 void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {
   for (const FieldSpec& field : sheet.fields) {
     if (field.page == kOffPage || field.kind == Kind::kLabel) continue;
     const std::string page = static_cast<std::size_t>(field.page) < sheet.pages.size()
                                  ? " · " + sheet.pages[static_cast<std::size_t>(field.page)]
                                  : "";
-    AddField(CaptionOf(sheet.fields, field.control), field.control, field.mode == In::kActv, sheet.title + page,
+    AddField(NameOf(sheet.fields, field.control), field.control, field.mode == In::kActv, sheet.title + page,
              sheet.type, things);
   }
   const std::string where = sheet.title + " · " + sheet.pages.front();
@@ -159,7 +171,7 @@ void AddRules(const std::vector<FieldSpec>& fields, const std::vector<RuleGroup>
   for (const RuleGroup& group : rules)
     for (const Rule& rule : group.rules) {
       if (rule.check.name == "none" || rule.check.name == "WithdrawRetired") continue;
-      const std::string caption = CaptionOf(fields, rule.field);
+      const std::string caption = NameOf(fields, rule.field);
       const std::string of = caption == rule.field ? "" : BareCaption(caption) + ": ";  // not of a field
       const std::string what = of + DemandText(rule.check);
       Add(things, {ThingKind::kRule, what, title, -1, "", rule.field, type});

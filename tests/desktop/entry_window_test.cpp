@@ -5,6 +5,7 @@
 #include <QTableView>
 
 #include "desktop/grid_view.h"
+#include "desktop/look.h"
 #include "desktop/strip_bars.h"
 #include "driver.h"
 #include "inventory.h"
@@ -148,6 +149,69 @@ TEST_F(EntryWindows, a_paste_over_values_shows_its_plan_first) {
     driver->OnNextModal([&](QWidget*) { driver->Click("cmdOK"); });
     Key(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Text(1, kHours), "2");
+    driver->OnNextBox(QMessageBox::No);
+  });
+}
+
+// What a save would change is marked, in the cell in hand too, and the lines below name the cell and say what is wrong.
+TEST_F(EntryWindows, a_cell_that_cannot_be_used_has_its_mark_and_its_name_below) {
+  InGrid([&] {
+    const auto look = [&](int row) {
+      driver->Settle();
+      const QRect cell = Grid().visualRect(Grid().model()->index(row, Model().FindColumn(kHours)));
+      return Grid().viewport()->grab(cell).toImage();
+    };
+    const auto ground = [](const QImage& cell) { return cell.pixelColor(cell.width() / 2, 4); };
+    // the ink of the mark at the cell's left end
+    const auto ink = [](const QImage& cell) {
+      int marked = 0;
+      for (int x = 4; x < 16; ++x)
+        for (int y = 4; y < cell.height() - 4; ++y)
+          marked += Contrast(cell.pixelColor(x, y), cell.pixelColor(cell.width() / 2, 4)) > 3;
+      return marked;
+    };
+    GoTo(5, kHours);
+    const QImage plain = look(0);
+    for (const auto& [row, text] : {std::pair(0, "12,5"), {1, "abc"}}) {
+      GoTo(row, kHours);
+      Keys(text);
+      Key(Qt::Key_Return);
+    }
+    for (const int row : {0, 1}) {
+      GoTo(5, kHours);
+      const QImage left = look(row);
+      EXPECT_GE(Contrast(ground(left), ground(plain)), 1.1) << row;
+      EXPECT_GT(ink(left), 5) << row;
+      GoTo(row, kHours);
+      const QImage in_hand = look(row);
+      EXPECT_GT(ink(in_hand), 5) << row;
+      EXPECT_EQ(ground(in_hand).name(), ground(left).name()) << row;
+      EXPECT_EQ(driver->Text("lblGRD_Cell"),
+                QString::fromStdString(Model().Cell(row, 0).text + " · " + Model().Cell(row, 1).text) +
+                    " · Hours Operated (hrs), including upsets");
+    }
+    EXPECT_EQ(driver->Text("lblGRD_Message"), "Not a number: will be saved blank");
+    GoTo(0, kHours);
+    driver->Settle();
+    EXPECT_EQ(driver->Text("lblGRD_Message"), "Will be saved as 12");
+    driver->OnNextBox(QMessageBox::No);
+  });
+}
+
+TEST_F(EntryWindows, the_keyboard_is_in_the_cells_again_behind_a_button_and_a_plan) {
+  InGrid([&] {
+    for (const char* button : {"cmdGRD_Copy", "cmdGRD_Confirm"}) {
+      GoTo(1, kHours);
+      driver->Click(button);
+      EXPECT_EQ(QApplication::focusWidget(), &Grid()) << button;
+      EXPECT_EQ(Grid().currentIndex().row(), 1);
+    }
+    QApplication::clipboard()->setText("1\nabc\n");
+    driver->Widget("cmdGRD_Copy")->setFocus();
+    driver->OnNextModal([&](QWidget*) { driver->Click("cmdCANCEL"); });
+    QTest::keyClick(&Grid(), Qt::Key_V, Qt::ControlModifier);
+    driver->Settle();
+    EXPECT_EQ(QApplication::focusWidget(), &Grid());
     driver->OnNextBox(QMessageBox::No);
   });
 }

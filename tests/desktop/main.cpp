@@ -11,7 +11,8 @@ int main(int argc, char** argv) {
   merlu::test::UseTemporaryPlace();
   testing::InitGoogleTest(&argc, argv);
   merlu::test::UseTestFont();
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // or offscreen with a screen of another size
+  if (!qEnvironmentVariable("QT_QPA_PLATFORM").startsWith("offscreen")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   if (qEnvironmentVariableIsSet("MERLU_CONTRAST")) QApplication::setPalette(merlu::test::ContrastPalette());

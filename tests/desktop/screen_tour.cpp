@@ -163,6 +163,7 @@ class Tour {
     Look(Main(), "45-completeness-equipment");
     driver_.Command("mnuRCompleteness");
     driver_.Type("txtTREE_Filter", "pump");
+    QTest::qWait(300);  // the tree is searched when the typing pauses
     Look(Main(), "46-tree-filter");
     driver_.Find<QLineEdit>("txtTREE_Filter")->clear();
     driver_.Type("txtTREE_Filter", " ");

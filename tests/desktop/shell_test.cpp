@@ -15,6 +15,7 @@
 #include <set>
 
 #include "desktop/look.h"
+#include "desktop/results_list.h"
 #include "desktop/shortcuts.h"
 #include "desktop/wait_window.h"
 #include "driver.h"
@@ -302,8 +303,12 @@ TEST_F(Around, the_status_bar_tells_the_place_its_findings_and_what_was_done) {
   const auto status = [&] { return driver_->Text("findings").section("  ·  ", 0, 0); };
   EXPECT_EQ(driver_->Text("SB1").section("›", -1).trimmed(), "Combustion Flare: F1");
   EXPECT_EQ(status(), "Not checked yet");
+  const auto* results = driver_->app->window()->findChild<ResultsList*>("lvwFLA_QCResults");
+  ASSERT_TRUE(results != nullptr);
+  EXPECT_EQ(results->EmptyText(), "Not checked yet") << "nobody knows yet that there are none";
   driver_->OnNextBox();
   driver_->Click("cmdQC");
+  EXPECT_EQ(results->EmptyText(), "No findings");
   const auto first = ToInteger(driver_->Sql("SELECT COUNT(*) FROM QC"));
   ASSERT_GT(first, 1);
   EXPECT_EQ(status(), QString("%1 findings, %1 without comment").arg(first));

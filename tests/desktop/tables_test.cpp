@@ -225,6 +225,11 @@ TEST_F(WindowTables, a_dock_shows_beside_the_sheet_and_its_own_button_hides_it) 
   EXPECT_EQ(driver.Find<ModelList>("lvwTest")->model()->rowCount(), 2);
   driver.Type("txtTest_Filter", "x");
   EXPECT_EQ(dock.At("txtTest_Filter").text, "x");
+  for (const char* name : {"qt_dockwidget_closebutton", "qt_dockwidget_floatbutton"}) {
+    const auto* button = window->findChild<QAbstractButton*>(name);
+    ASSERT_TRUE(button != nullptr) << name;
+    EXPECT_GE(std::min(button->width(), button->height()), 22) << name;
+  }
   window->close();
   EXPECT_FALSE(window->isVisible());
   EXPECT_FALSE(dock.visible);

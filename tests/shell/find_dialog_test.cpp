@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+
 #include "forms/list_model.h"
 #include "shell/things.h"
 #include "support/test_run.h"
@@ -72,6 +75,20 @@ TEST_F(GoToDialog, calls_equipment_so_whatever_letters_its_id_has) {
 
 TEST_F(GoToDialog, puts_a_command_before_the_help_on_it) {
   EXPECT_EQ(FirstFor("backups"), "Command|Backups...|File");
+}
+
+TEST_F(GoToDialog, lists_no_two_fields_that_look_alike) {
+  std::set<std::string> seen;
+  for (const Thing& thing : CollectThings(run.s)) {
+    if (thing.kind != ThingKind::kField) continue;
+    EXPECT_TRUE(seen.insert(thing.what + "|" + thing.where + "|" + thing.control).second);
+    const std::string row = thing.what + "|" + thing.where;
+    EXPECT_TRUE(seen.insert(row).second) << row;
+  }
+  EXPECT_GT(seen.size(), 400u);
+  EXPECT_TRUE(std::any_of(seen.begin(), seen.end(), [](const std::string& row) {
+    return row.starts_with("Diesel: ") && row.find("Turbine") != std::string::npos;
+  })) << "named as in the grid";
 }
 
 TEST_F(GoToDialog, finds_what_the_tree_of_the_other_mode_holds) {

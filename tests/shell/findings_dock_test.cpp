@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <set>
 
 #include "exchange/read_workbook.h"
 #include "forms/dialog.h"
@@ -93,6 +94,35 @@ TEST_F(FindingsDockOf, takes_a_comment_of_blanks_and_lines_for_none) {
   EXPECT_EQ(Column(6), (Texts{"open", "open"}));
   UpdateStatus(run.s);
   EXPECT_EQ(run.s.unexplained, 2);
+}
+
+// The history names the record that was explained, whatever the sheet shows.
+TEST_F(FindingsDockOf, tells_the_history_which_records_were_explained) {
+  const auto explain = [&](const std::vector<int>& rows) {
+    run.Pick("lvwFND_List", rows);
+    run.dialogs.push_back([&](Form&) {
+      run.Set("txtComments", "Upset");
+      run.Click("cmdOK");
+    });
+    run.Click("cmdFND_Comment");
+    return Steps(run.s.companion).front().title;
+  };
+  run.SelectRoot();
+  run.Set("cmbFND_When", "2017/01");
+  const StepTitle one = explain({0});
+  EXPECT_EQ(one.what, "Comment");
+  EXPECT_EQ(one.place, "2017/01 · GI, 43, A · Combustion Flare: F1");
+  EXPECT_EQ(explain({0, 1}).place, "2017/01 · GI, 43, A · Combustion Flare: F1") << "one record";
+  run.Set("cmbFND_When", "All");
+  std::set<std::string> places;
+  const Texts column = Column(0);
+  std::vector<int> all;
+  for (std::size_t row = 0; row < column.size(); ++row) {
+    places.insert(column[row]);
+    all.push_back(static_cast<int>(row));
+  }
+  ASSERT_GT(places.size(), 1u);
+  EXPECT_EQ(explain(all).place, column.front() + " and " + std::to_string(places.size() - 1) + " more");
 }
 
 TEST_F(FindingsDockOf, is_walked_through_from_the_row_that_is_picked) {

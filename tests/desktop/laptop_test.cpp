@@ -1,0 +1,218 @@
+// The program on the screen of a laptop, 1366x768, at the scales that such screens are used at: what is looked at or
+// typed into is in view, and nothing is cut.
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolTip>
+
+#include <set>
+
+#include "desktop/dock_window.h"
+#include "desktop/look.h"
+#include "desktop/model_list.h"
+#include "desktop/page_tabs.h"
+#include "desktop/results_list.h"
+#include "driver.h"
+#include "screen_tour.h"
+
+namespace merlu::test {
+namespace {
+
+constexpr QSize kFrame(8, 40);
+
+bool IsWhole(const QWidget& widget) {
+  return widget.visibleRegion().boundingRect().size() == widget.size();
+}
+
+std::string Told(const QWidget& widget) {
+  const QRect seen = widget.visibleRegion().boundingRect();
+  return widget.objectName().toStdString() + ": of " + std::to_string(widget.width()) + "x" +
+         std::to_string(widget.height()) + " in view " + std::to_string(seen.width()) + "x" +
+         std::to_string(seen.height());
+}
+
+struct WalkOnALaptop : testing::Test {
+  WalkOnALaptop() : driver((MakeTourInventory(folder.path("inventory.mdb")), folder.path("inventory.mdb"))) {
+    driver.Start();
+    Main().resize(Main().screen()->availableSize() - kFrame);
+    Settle();
+  }
+  MainWindow& Main() { return *driver.app->window(); }
+  Session& S() { return driver.app->session(); }
+  void Settle() {
+    driver.Settle();
+    driver.Settle();  // the page scrolls to the focus when all have their places
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : &Main(), key, modifiers);
+    Settle();
+  }
+  // A node of each type, of months or of descriptions, and one of each level above.
+  std::vector<std::string> NodesOfEachKind() {
+    std::set<std::string> kinds;
+    std::vector<std::string> keys;
+    for (const TreeNode& node : S().tree.nodes) {
+      const std::size_t length = node.key.size();
+      const std::string type = length == 32 || length == 26 ? node.key.substr(length - 11, 3) : "";
+      if (kinds.insert(std::to_string(length) + type).second) keys.push_back(node.key);
+    }
+    return keys;
+  }
+  QTabWidget* Tabs() {
+    for (auto* tabs : Main().findChildren<QTabWidget*>())
+      if (tabs->isVisible()) return tabs;
+    return nullptr;
+  }
+  void ToDescriptions() {
+    driver.Select(S().tree.nodes.front().key);
+    driver.Command("mnuSetEditMode");
+  }
+
+  TemporaryFolder folder;
+  Driver driver;
+};
+
+// Tab through all fields of all sheets, in both modes.
+TEST_F(WalkOnALaptop, scrolls_every_field_that_gets_the_focus_wholly_into_view) {
+  int fields = 0;
+  const auto walk = [&](const std::string& key) {
+    SCOPED_TRACE(key);
+    driver.Select(key);
+    if (!driver.Widget("cmdEdit")->isVisible()) return;
+    driver.Click("cmdEdit");
+    Settle();
+    for (int page = 0; page < Tabs()->count(); ++page) {
+      if (!Tabs()->isTabEnabled(page)) continue;
+      Tabs()->setCurrentIndex(page);
+      Tabs()->tabBar()->setFocus(Qt::TabFocusReason);
+      std::set<QWidget*> seen;
+      for (Key(Qt::Key_Tab);; Key(Qt::Key_Tab)) {
+        QWidget* focus = QApplication::focusWidget();
+        if (focus == nullptr || !seen.insert(focus).second) break;
+        if (!Tabs()->currentWidget()->isAncestorOf(focus)) continue;
+        EXPECT_TRUE(IsWhole(*focus)) << Told(*focus);
+        ++fields;
+      }
+    }
+    driver.Click("cmdCANCEL");
+  };
+  for (const std::string& key : NodesOfEachKind()) walk(key);
+  ToDescriptions();
+  for (const std::string& key : NodesOfEachKind()) walk(key);
+  EXPECT_GT(fields, 300);
+}
+
+// Where the pages' names have no room they are shortened; their counts are whole.
+TEST_F(WalkOnALaptop, shows_every_page_of_a_sheet_with_its_count) {
+  const auto look = [&](const std::string& key) {
+    SCOPED_TRACE(key);
+    driver.Select(key);
+    Settle();
+    QTabWidget* tabs = Tabs();
+    ASSERT_NE(tabs, nullptr);
+    auto* bar = dynamic_cast<PageBar*>(tabs->tabBar());
+    ASSERT_NE(bar, nullptr);
+    EXPECT_TRUE(IsWhole(*bar)) << Told(*bar);
+    for (const auto* button : bar->findChildren<QAbstractButton*>()) EXPECT_FALSE(button->isVisible());
+    for (int page = 0; page < bar->count(); ++page) {
+      EXPECT_TRUE(bar->rect().contains(bar->tabRect(page))) << page;
+      const QString text = bar->tabText(page), shown = bar->Shown(page);
+      if (shown == text) continue;
+      const qsizetype count = text.lastIndexOf(" (");
+      EXPECT_TRUE(count < 0 || shown.endsWith(text.mid(count))) << shown.toStdString();
+      EXPECT_EQ(shown.left(4), text.left(4));
+      const QPoint at = bar->tabRect(page).center();
+      QHelpEvent pointed(QEvent::ToolTip, at, bar->mapToGlobal(at));
+      QCoreApplication::sendEvent(bar, &pointed);
+      EXPECT_TRUE(QToolTip::text().startsWith(text)) << QToolTip::text().toStdString();
+      QToolTip::hideText();
+    }
+  };
+  for (const std::string& key : NodesOfEachKind()) look(key);
+  ToDescriptions();
+  for (const std::string& key : NodesOfEachKind()) look(key);
+}
+
+TEST(WalkOfPages, shorten_their_names_and_never_their_counts) {
+  PageTabs tabs(nullptr);
+  for (const char* name : {"General Info. (1)", "Model Inputs", "Ventilation System (12)", "QC Results (13, 4 open)"})
+    tabs.addTab(new QWidget, name);
+  tabs.show();
+  auto* bar = static_cast<PageBar*>(tabs.tabBar());
+  for (const int width : {700, 520, 460}) {
+    tabs.resize(width, 200);
+    QCoreApplication::processEvents();
+    EXPECT_LE(bar->tabRect(3).right(), width) << width;
+    for (int page = 0; page < 4; ++page) {
+      const QString text = bar->tabText(page), shown = bar->Shown(page);
+      const QString count = text.contains('(') ? text.mid(text.indexOf(" (")) : QString();
+      EXPECT_TRUE(shown.endsWith(count)) << width << ": " << shown.toStdString();
+      EXPECT_EQ(shown == text, !shown.contains(QChar(0x2026)));
+    }
+  }
+  EXPECT_NE(bar->Shown(2), bar->tabText(2)) << "there was room for all";
+}
+
+// A dialog's lists scroll by themselves, and their columns are in sight together.
+TEST(WalkOfLaptopDialogs, scroll_once_and_show_all_columns) {
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  int lists = 0;
+  TourScreens({"grids", "dialogs"}, screen - kFrame, [&](QWidget& window, const std::string& name) {
+    SCOPED_TRACE(name);
+    if (qobject_cast<QDialog*>(&window) == nullptr || screen.width() < 600) return;
+    QCoreApplication::processEvents();
+    for (const auto* list : window.findChildren<QTreeView*>()) {
+      if (!list->isVisible()) continue;
+      ++lists;
+      EXPECT_TRUE(IsWhole(*list)) << Told(*list);
+      if (qobject_cast<const ModelList*>(list) == nullptr) continue;
+      EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0) << list->objectName().toStdString();
+    }
+  });
+  EXPECT_GE(lists, 12);
+}
+
+// Two docks, and three, beside the sheet: nothing of them is cut, and the record stays in view.
+TEST_F(WalkOnALaptop, shows_its_docks_whole) {
+  if (IsLowScreen(Main())) return;  // they take the window one by one there
+  for (const char* command : {"mnuRStrip", "mnuRFindings", "mnuRCompleteness"}) {
+    SCOPED_TRACE(command);
+    driver.Command(command);
+    Settle();
+    EXPECT_LE(Main().width(), Main().screen()->availableSize().width());
+    EXPECT_LE(Main().height(), Main().screen()->availableSize().height());
+    for (const auto* dock : Main().findChildren<DockWindow*>()) {
+      if (!dock->isVisible()) continue;
+      EXPECT_TRUE(IsWhole(*dock)) << Told(*dock);
+      for (const auto* part : dock->findChildren<QWidget*>()) {
+        const bool is_used = qobject_cast<const QAbstractButton*>(part) || qobject_cast<const QLineEdit*>(part) ||
+                             qobject_cast<const ListField*>(part) || qobject_cast<const QAbstractItemView*>(part);
+        const bool scrolls = qobject_cast<const QAbstractItemView*>(part->parentWidget()) != nullptr;
+        if (part->isVisible() && is_used && !scrolls) {
+          EXPECT_TRUE(IsWhole(*part)) << Told(*part);
+        }
+      }
+    }
+    EXPECT_TRUE(IsWhole(*driver.Widget("cmdEdit"))) << Told(*driver.Widget("cmdEdit"));
+    EXPECT_GT(Tabs()->currentWidget()->visibleRegion().boundingRect().height(), 60);
+  }
+}
+
+// All that the first question asks for is in view where the screen is not too low for it.
+TEST(WalkOfLaptopDialogs, ask_for_the_operator_without_scrolling) {
+  constexpr int kTooLow = 500;
+  if (QGuiApplication::primaryScreen()->availableSize().height() < kTooLow) return;
+  TourScreens({"first"}, QSize(), [&](QWidget& dialog, const std::string& name) {
+    SCOPED_TRACE(name);
+    QCoreApplication::processEvents();
+    const auto* email = dialog.findChild<QWidget*>("txtUSER_Email");
+    ASSERT_NE(email, nullptr);
+    EXPECT_TRUE(IsWhole(*email)) << Told(*email);
+  });
+}
+
+}  // namespace
+}  // namespace merlu::test
