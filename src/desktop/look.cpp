@@ -123,7 +123,7 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 
 // A dock's own buttons are as easy to hit as others.
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-  constexpr int kAroundDockIcon = 4;
+  constexpr int kAroundDockIcon = 6;
   if (metric == PM_DockWidgetTitleBarButtonMargin) return kAroundDockIcon;
   return QProxyStyle::pixelMetric(metric, option, widget);
 }

@@ -351,23 +351,29 @@ std::string MainWindow::PlaceInHand() const {
 // list takes the place of the others.
 void MainWindow::MakeRoomFor(DockWindow& opened) {
   std::vector<DockWindow*> below;
-  QSize beside(0, 0);
   for (const auto& [name, dock] : docks_) {
     if (dock == nullptr || !dock->form().visible || dock->isFloating()) continue;
-    if (dockWidgetArea(dock) != Qt::BottomDockWidgetArea) continue;
-    below.push_back(dock);
-    beside += dock->minimumSizeHint();
+    if (dockWidgetArea(dock) == Qt::BottomDockWidgetArea) below.push_back(dock);
   }
-  const QSize room = screen()->availableSize() - kWindowFrame;
-  if (below.size() < 2 || beside.width() <= std::min(width(), room.width())) return;
+  const QSize room = (screen()->availableSize() - kWindowFrame).boundedTo(size());
+  const auto all = [&below] {
+    QSize sum(0, 0);
+    for (const DockWindow* dock : below) sum += dock->minimumSizeHint();
+    return sum;
+  };
+  if (below.size() < 2 || all().width() <= room.width()) return;
   const auto is_strip = [](DockWindow* dock) { return dock->form().name() == strip_dock::kForm; };
   std::stable_partition(below.begin(), below.end(), is_strip);
-  for (std::size_t at = 1; at < below.size(); ++at) splitDockWidget(below[at - 1], below[at], Qt::Vertical);
   const int sheet = IsPage(opened) ? 0 : centralWidget()->minimumSizeHint().height();
-  if (menuBar()->height() + sheet + beside.height() + statusBar()->height() <= room.height()) return;
-  for (DockWindow* dock : below)
-    if (dock != &opened && !is_strip(dock) && !is_strip(&opened))
-      QMetaObject::invokeMethod(dock, &QWidget::close, Qt::QueuedConnection);
+  if (menuBar()->height() + sheet + all().height() + statusBar()->height() > room.height()) {
+    DockWindow* stays = is_strip(&opened) ? below.back() : &opened;
+    const auto goes = [&](DockWindow* dock) { return dock != stays && !is_strip(dock); };
+    for (DockWindow* dock : below)
+      if (goes(dock)) QMetaObject::invokeMethod(dock, &QWidget::close, Qt::QueuedConnection);
+    std::erase_if(below, goes);
+  }
+  const Qt::Orientation side = all().width() <= room.width() ? Qt::Horizontal : Qt::Vertical;
+  for (std::size_t at = 1; at < below.size(); ++at) splitDockWidget(below[at - 1], below[at], side);
 }
 
 void MainWindow::SyncDocks() {
