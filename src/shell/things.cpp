@@ -133,16 +133,23 @@ void AddField(const std::string& caption, const std::string& control, bool month
       {ThingKind::kField, BareCaption(caption), where, -1, "", control, type, monthly ? Mode::kActv : Mode::kDesc});
 }
 
-// The caption, and of fields with one caption the set that the later ones belong to.
+// The caption. Of fields with one caption on a page the later ones are named by their set or their heading too, lists
+// under one heading by what they offer.
 std::string NameOf(const std::vector<FieldSpec>& fields, const std::string& control) {
   const std::string caption = CaptionOf(fields, control);
   const auto field = std::find_if(fields.begin(), fields.end(), [&](const auto& f) { return f.control == control; });
   if (field == fields.end()) return caption;
-  const auto first = std::find_if(fields.begin(), field, [&](const FieldSpec& other) {
-    return CaptionOf(fields, other.control) == caption && other.page == field->page && other.mode == field->mode;
+  const auto other = std::find_if(fields.begin(), fields.end(), [&](const FieldSpec& each) {
+    return each.control != control && each.page == field->page && CaptionOf(fields, each.control) == caption;
   });
-  const std::string set = first == field ? "" : SetOf(*field, first->block);
-  return set.empty() ? caption : set + ": " + caption;
+  if (other == fields.end()) return caption;
+  if (other->block != field->block) {
+    const std::string set = SetOf(*field, other->block);
+    return other > field ? caption : (set.empty() ? field->block : set) + ": " + caption;
+  }
+  std::string items;
+  for (const Item& item : field->items) items += (items.empty() ? "" : ", ") + item.text;
+  return items.empty() ? caption : BareCaption(caption) + " (" + items + ")";
 }
 
 void AddFields(const SheetSpec& sheet, std::vector<Thing>& things) {

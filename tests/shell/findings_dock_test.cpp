@@ -99,6 +99,7 @@ TEST_F(FindingsDockOf, takes_a_comment_of_blanks_and_lines_for_none) {
 // The history names the record that was explained, whatever the sheet shows.
 TEST_F(FindingsDockOf, tells_the_history_which_records_were_explained) {
   const auto explain = [&](const std::vector<int>& rows) {
+    Rows();
     run.Pick("lvwFND_List", rows);
     run.dialogs.push_back([&](Form&) {
       run.Set("txtComments", "Upset");
