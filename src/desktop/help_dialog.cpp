@@ -67,6 +67,18 @@ void HelpView::Draw() {
   document()->setDocumentMargin(kMargin);
   document()->setIndentWidth(kIndent);
   drawing_ = false;
+  FitBar();
+}
+
+// What exceeds the width by less than the margin is all seen: no bar for it.
+void HelpView::FitBar() {
+  const bool needed = document()->size().width() - viewport()->width() > kMargin;
+  setHorizontalScrollBarPolicy(needed ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+void HelpView::resizeEvent(QResizeEvent* event) {
+  QTextBrowser::resizeEvent(event);
+  FitBar();
 }
 
 void HelpView::changeEvent(QEvent* event) {

@@ -22,9 +22,11 @@ class HelpView : public QTextBrowser {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void Draw();
+  void FitBar();
   QString html_;
   bool drawing_ = false;
 };

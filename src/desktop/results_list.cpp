@@ -150,9 +150,23 @@ void ResultsList::FitColumns() {
       setColumnWidth(column, std::min(WidestText(column) + kBetweenColumns, std::max(widest, width / 2)));
     }
   }
+  if (!findings) NarrowWidest();
   // it takes what is left, but no less than its head
   if (columnCount() > 0 && !findings) setColumnWidth(columnCount() - 1, header()->sectionSizeHint(columnCount() - 1));
   fitting_ = false;
+}
+
+// Where the columns are too wide together, the widest one gives way and wraps, but never its head.
+void ResultsList::NarrowWidest() {
+  const int last = columnCount() - 1;
+  if (last < 1 || !isVisible()) return;
+  int beyond = header()->sectionSizeHint(last) - viewport()->width(), at = -1;
+  for (int column = 0; column < last; ++column) {
+    beyond += columnWidth(column);
+    const bool fits = chosen_[column] == 0 && columnWidth(column) > header()->sectionSizeHint(column);
+    if (fits && (at < 0 || columnWidth(column) > columnWidth(at))) at = column;
+  }
+  if (beyond > 0 && at >= 0) setColumnWidth(at, std::max(header()->sectionSizeHint(at), columnWidth(at) - beyond));
 }
 
 void ResultsList::KeepWidth(int column, int width) {

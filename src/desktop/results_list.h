@@ -40,6 +40,7 @@ class ResultsList : public QTreeWidget {
 
  private:
   void FitColumns();
+  void NarrowWidest();
   void ShowHeads(const Control& control);
   int WidestText(int column) const;
   void Copy() const;

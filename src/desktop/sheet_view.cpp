@@ -129,6 +129,15 @@ void SheetView::Say(const QString& text) {
   line_->setText(text);
 }
 
+// A low screen keeps no room for the line while the record has nothing for it. Whatever is pointed at, nothing moves.
+bool SheetView::NeedsLine() const {
+  if (!IsLowScreen(*this) || acts_.s.editing) return true;
+  const auto& controls = const_cast<SheetView*>(this)->binding_.form().controls();
+  return std::any_of(controls.begin(), controls.end(), [](const Control& control) {
+    return !control.finding.empty() || !control.hint.empty() || control.back == Back::kFlag;
+  });
+}
+
 // The finding, or else the remark, of the field that is pointed at or has the focus.
 void SheetView::ShowLine() {
   const QWidget* focus = QApplication::focusWidget();
@@ -316,6 +325,7 @@ void SheetView::Sync(const QString& where) {
     }
   }
   ShowCount();
+  line_->setVisible(NeedsLine());
   ShowLine();
 }
 

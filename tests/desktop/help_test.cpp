@@ -111,6 +111,26 @@ TEST_F(HelpWindow, finds_text_and_begins_again_at_the_end) {
   });
 }
 
+using WalkOfHelp = HelpWindow;  // in a narrow and in a wide font too
+
+TEST_F(WalkOfHelp, has_no_bar_at_its_foot_while_all_of_its_text_is_in_sight) {
+  OnF1([&](QWidget* dialog) {
+    QTextBrowser* text = TextOf(dialog);
+    for (int width = 640; width < 900; width += 13) {
+      dialog->resize(width, 500);
+      driver_->Settle();
+      const qreal beyond = text->document()->size().width() - text->viewport()->width();
+      EXPECT_LE(beyond, text->document()->documentMargin()) << "its tables fit";
+      EXPECT_FALSE(text->horizontalScrollBar()->isVisible()) << width << ", beyond " << beyond;
+    }
+    text->document()->setPlainText(QString(400, 'x'));
+    text->setLineWrapMode(QTextEdit::NoWrap);
+    dialog->resize(700, 500);
+    driver_->Settle();
+    EXPECT_TRUE(text->horizontalScrollBar()->isVisible()) << "where there is more, it is reached";
+  });
+}
+
 TEST_F(HelpWindow, keeps_its_size_for_the_next_time) {
   OnF1([&](QWidget* dialog) {
     EXPECT_EQ(dialog->size(), QSize(760, 640));

@@ -96,6 +96,28 @@ TEST_F(WalkOnALowScreen, shows_the_months_of_a_field_below_its_sheet) {
   }
 }
 
+// The line for findings and hints takes no room where a record has none; what shows in it moves nothing.
+TEST_F(WalkOnALowScreen, keeps_no_empty_line_above_the_buttons) {
+  const bool low = IsLowScreen(Main());
+  bool clean = false, flagged = false;
+  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
+    if (node.key.size() != 32 || node.key.substr(21, 3) != "FLA") continue;
+    driver.Select(node.key);
+    driver.Settle();
+    const auto& controls = S().desk.Find("frmFLA")->controls();
+    const bool has = std::any_of(controls.begin(), controls.end(), [](const Control& c) { return !c.finding.empty(); });
+    (has ? flagged : clean) = true;
+    const auto* sheet = Main().findChild<SheetView*>("frmFLA");
+    const auto* line = sheet->findChild<QWidget*>("sheetLine");
+    ASSERT_TRUE(line != nullptr);
+    EXPECT_EQ(line->isVisible(), has || !low) << node.key;
+    driver.Click("cmdEdit");
+    EXPECT_TRUE(line->isVisible()) << "no field moves while it is typed in";
+    driver.Click("cmdCANCEL");
+  }
+  EXPECT_TRUE(clean && flagged);
+}
+
 TEST_F(WalkOnALowScreen, shows_at_least_three_rows_of_fields) {
   MainWindow* window = &Main();
   for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
