@@ -1,5 +1,6 @@
 // The program on the screen of a laptop, 1366x768, at the scales that such screens are used at: what is looked at or
 // typed into is in view, and nothing is cut.
+#include <QClipboard>
 #include <QHeaderView>
 #include <QScreen>
 #include <QScrollBar>
@@ -204,6 +205,103 @@ TEST_F(LaptopScreen, shows_its_docks_whole) {
     EXPECT_TRUE(IsWhole(*driver.Widget("cmdEdit"))) << Told(*driver.Widget("cmdEdit"));
     EXPECT_GT(Tabs()->currentWidget()->visibleRegion().boundingRect().height(), 60);
   }
+}
+
+// An hour of work by keys alone: what has the focus is in view behind every key, in the window and in the dialogs.
+struct LaptopEvening : LaptopScreen {
+  void LookAtFocus(const char* keys) {
+    const QWidget* focus = QApplication::focusWidget();
+    ASSERT_TRUE(focus != nullptr) << keys;
+    if (const auto* list = qobject_cast<const QComboBox*>(focus->parentWidget())) focus = list;
+    const QRect window = focus->window()->rect();
+    const QRect place(focus->mapTo(focus->window(), QPoint(0, 0)), focus->size());
+    EXPECT_TRUE(IsWhole(*focus)) << keys << ": " << Told(*focus);
+    EXPECT_TRUE(window.contains(place)) << keys << ": " << focus->objectName().toStdString();
+    const QSize screen = focus->screen()->availableSize();
+    EXPECT_TRUE(window.width() <= screen.width() && window.height() <= screen.height()) << keys;
+  }
+  void Press(const char* keys, int times = 1) {
+    for (int time = 0; time < times; ++time) {
+      QWidget* focus = QApplication::focusWidget();
+      QTest::keySequence(focus != nullptr ? focus : &Main(), QKeySequence(keys));
+      Settle();
+      LookAtFocus(keys);
+    }
+  }
+  void Write(const QString& text) {
+    for (const QChar c : text) QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+    Settle();
+    LookAtFocus("typing");
+  }
+  // The keys open a dialog; the work is done in it, then Escape closes it.
+  void InDialog(const char* keys, const std::function<void()>& work) {
+    driver.OnNextModal([&](QWidget*) {
+      Settle();
+      LookAtFocus(keys);
+      work();
+      QTest::keySequence(QApplication::focusWidget(), QKeySequence("Esc"));
+    });
+    QTest::keySequence(QApplication::focusWidget(), QKeySequence(keys));
+    Settle();
+    EXPECT_TRUE(driver.AllModalsCame()) << keys;
+    LookAtFocus(keys);
+  }
+};
+
+TEST_F(LaptopEvening, keeps_what_has_the_focus_in_view_behind_every_key) {
+  Main().tree().setFocus();
+  Press("F6", 3);
+  Press("Ctrl+PgDown", 12);
+  Press("Return");
+  Press("Ctrl+E");
+  ASSERT_TRUE(S().editing);
+  Write("12,5");
+  Press("Tab", 4);
+  Press("Ctrl+S");
+  Press("Ctrl+PgDown", 3);
+  Press("Return", 6);
+  Press("Esc");
+  if (S().editing) Press("Esc");
+  ASSERT_FALSE(S().editing);
+  Press("F8", 6);
+  Press("Ctrl+Shift+T");
+  Press("Ctrl+E");
+  Press("Tab", 3);
+  Press("Esc");
+  Press("Ctrl+Shift+F");
+  Press("F8", 2);
+  Press("Ctrl+Shift+M");
+  Press("Ctrl+Shift+M");
+  Press("F6", 3);
+  InDialog("Ctrl+G", [&] {
+    Write("abc");
+    Press("Return");
+    Press("Up");
+    EXPECT_FALSE(driver.Text("lblGRD_Cell").isEmpty());
+    driver.OnNextModal([&](QWidget*) {
+      LookAtFocus("Ctrl+V");
+      Press("Tab", 3);
+      QTest::keySequence(QApplication::focusWidget(), QKeySequence("Esc"));
+    });
+    QApplication::clipboard()->setText("1\t2\nabc\tq\n");
+    QTest::keySequence(QApplication::focusWidget(), QKeySequence("Ctrl+V"));
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "grdGRD");
+    Press("Delete");
+    driver.OnNextBox(QMessageBox::No);
+  });
+  InDialog("Ctrl+K", [&] {
+    Write("hours");
+    Press("Down", 3);
+  });
+  InDialog("Ctrl+H", [&] { Press("Tab", 8); });
+  InDialog("F1", [&] { Press("PgDown", 2); });
+  ToDescriptions();
+  Main().tree().setFocus();
+  Press("Ctrl+PgDown", 3);
+  Press("Ctrl+E");
+  Press("Tab", 12);
+  Press("Esc");
 }
 
 // All that the first question asks for is in view where the screen is not too low for it.
