@@ -42,8 +42,8 @@ class EvenRows : public QStyledItemDelegate {
   // A place that is too long keeps its end, the equipment's ID.
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.model()->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole) == "Place")
-      option->textElideMode = Qt::ElideMiddle;
+    const QString head = index.model()->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString();
+    if (head == "Place" || head == "Row") option->textElideMode = Qt::ElideMiddle;
   }
 };
 
