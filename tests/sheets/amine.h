@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers.h"
-#include "rules/bounds.h"
 #include "forms/desk.h"
+#include "rules/bounds.h"
 
 namespace merlu::test::amine_unit {
 
