@@ -129,6 +129,7 @@ bool AddStructure(Session& s, const NewStructure& structure) {
   batch.Commit();
   s.PD_ID_AK = keys.PD_ID_AK;
   if (keys.SA_ID_AK != 0) s.SA_ID_AK = keys.SA_ID_AK;
+  Say(s, name + " added");
   return true;
 }
 
@@ -150,7 +151,6 @@ void MakeStructure(Session& s, Form& form) {
     s.desk.Hide(form);
     ShowNewStructure(s, structure);
     keys.Advance();
-    Say(s, StructureText(structure.area, structure.block, structure.name) + " added");
   });
 }
 
@@ -196,6 +196,7 @@ bool AddEquipment(Session& s, const EquipmentType& type, const std::string& id) 
   batch.Commit();
   s.ED_ID_AK = keys.ED_ID_AK;
   if (keys.EA_ID_AK != 0) s.EA_ID_AK = keys.EA_ID_AK;
+  Say(s, std::string(type.tree_name) + ": " + id + " added");
   return true;
 }
 
@@ -212,7 +213,6 @@ void MakeEquipment(Session& s, Form& form) {
     s.desk.Hide(form);
     ShowNewEquipment(s, *type, id);
     keys.Advance();
-    Say(s, std::string(type->tree_name) + ": " + id + " added");
   } catch (const Fault& fault) {
     if (fault.number == fault_number::kDuplicateKey)
       return Refuse(s, form, "txtEquipID", "Please supply a unique Equipment ID");

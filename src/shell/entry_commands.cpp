@@ -62,20 +62,22 @@ int NextRecord(Session& s, int from, int step) {
 void SaveAndGo(Session& s, int step) {
   const bool record = s.current.Is(level::kStructure) || s.current.Is(level::kEquipment);
   if (!s.editing || !record) return;
-  const std::string name = NameOfRecord(s);
+  const std::string name = NameOfRecord(s), before = s.message;
   const std::vector<std::string> messages = SaveExitWithoutBox(s);
   if (s.save_failed) return;
+  const std::string news = NewsSince(s, before);
   UpdateStatus(s);  // by what is stored: a text that was no number has become a blank
   std::string saved = name + " saved, " + Count(s.findings, "finding");
   for (const std::string& text : messages) saved += ". " + text;
   const int next = NextRecord(s, s.tree.selected, step);
   if (next < 0) {
-    s.message = saved + (step > 0 ? ". It is the last record." : ". It is the first record.");
+    s.message =
+        saved + (step > 0 ? ". It is the last record" : ". It is the first record") + (news.empty() ? "." : news);
     return;
   }
   ClickNode(s, next);
   BeginEdit(s);
-  s.message = saved;
+  s.message = saved + news;
 }
 
 }  // namespace

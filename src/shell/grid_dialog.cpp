@@ -15,6 +15,7 @@
 #include "shell/dialog_names.h"
 #include "shell/messages.h"
 #include "shell/sheet_acts.h"
+#include "shell/status.h"
 
 namespace merlu {
 namespace {
@@ -256,6 +257,7 @@ void StandOnRecord(Open& open) {
 
 bool Save(Open& open) {
   GridSaved saved;
+  const std::string before = open.s.message;
   const bool done = OnSheet(open.s, [&] { saved = open.grid->Save(); });
   if (!done) return false;
   if (!saved.refused.empty()) {
@@ -264,7 +266,7 @@ bool Save(Open& open) {
   }
   std::string text = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
   for (const std::string& message : saved.messages) text += ". " + message;
-  open.s.message = text;
+  Say(open.s, text + NewsSince(open.s, before));
   ShowView(open);
   Say(open.form, text);
   return true;

@@ -66,6 +66,7 @@ void Fill(Session& s, Form& dialog) {
 void CheckAll(Session& s, Form& dialog) {
   if (!MayMove(s)) return;  // what is typed is not stored yet
   CheckedRecords checked;
+  const std::string before = s.message;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
     s.progress.AllowStop();
@@ -79,8 +80,8 @@ void CheckAll(Session& s, Form& dialog) {
     HideWait(s);
   });
   if (done)
-    s.message = std::to_string(checked.done) + (checked.done == 1 ? " record checked" : " records checked") +
-                (checked.stopped ? " of " + std::to_string(checked.of) + ", stopped" : "");
+    Say(s, std::to_string(checked.done) + (checked.done == 1 ? " record checked" : " records checked") +
+               (checked.stopped ? " of " + std::to_string(checked.of) + ", stopped" : "") + NewsSince(s, before));
   // the sheet behind the dialog shows dates and findings
   if (checked.done > 0 && s.tree.selected >= 0) ClickNode(s, s.tree.selected);
   Fill(s, dialog);

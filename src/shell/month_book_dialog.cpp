@@ -47,6 +47,7 @@ std::string CountText(const std::vector<BookChange>& changes) {
 // False, after a message, when nothing was stored.
 bool Apply(Session& s, MonthGrid& grid) {
   GridSaved saved;
+  const std::string before = s.message;
   const bool done = OnSheet(s, [&] {
     const Busy busy(s);
     const Act act(s, "Month Workbook", grid.PlaceOfChanges(), s.current);
@@ -54,8 +55,9 @@ bool Apply(Session& s, MonthGrid& grid) {
   });
   if (!saved.refused.empty()) Tell(s, saved.refused, Icon::kWarning);
   if (!done || saved.records == 0) return false;
-  s.message = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
-  for (const std::string& message : saved.messages) s.message += ". " + message;
+  std::string text = Count(saved.records, "record") + " saved, " + Count(saved.findings, "finding");
+  for (const std::string& message : saved.messages) text += ". " + message;
+  Say(s, text + NewsSince(s, before));
   return true;
 }
 

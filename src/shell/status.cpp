@@ -99,6 +99,11 @@ void Say(Session& s, const std::string& message) {
   s.message = message;
 }
 
+std::string NewsSince(const Session& s, const std::string& before) {
+  const std::string& why_not = s.companion.why_not();
+  return !why_not.empty() && s.message == why_not && s.message != before ? ". " + why_not : "";
+}
+
 void UpdateStatus(Session& s) {
   const QCLocation& at = s.current;
   if (s.status_of == at && s.status_changes == s.db.ChangeCount()) return;

@@ -45,6 +45,28 @@ TEST_F(OnScreen, nothing_can_be_undone_at_first) {
   EXPECT_FALSE(fs::exists(run.s.path + ".history"));
 }
 
+TEST_F(OnScreen, why_nothing_is_kept_is_told_beside_what_an_act_says_of_itself) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  CloseDatabase(run.s);
+  run.Start(run.s.path);
+  run.GoTo("FLA", "F1", Mode::kActv);
+  fs::remove(run.s.path + ".history");
+  fs::create_directory(run.s.path + ".history");
+  run.Click("cmdEdit");
+  run.Set("txtFLA_HrsOperated", "5");
+  run.Click("mnuNNext");
+  EXPECT_EQ(run.s.message,
+            "Flare F1 saved, 1 finding. It is the last record. No history is being kept: "
+            "inventory.mdb.history cannot be written.");
+  run.dialogs.push_back([&](Form& form) {
+    EXPECT_EQ(act::TypeCell(run.s.desk, form, "grdGRD", 0, 2, "6"), "");
+    run.Click("cmdGRD_Save");
+  });
+  run.Click("mnuNGrid");
+  EXPECT_EQ(run.s.message, "1 record saved, 1 finding") << "once";
+}
+
 TEST_F(OnScreen, a_deleted_structure_comes_back_with_all_its_rows_and_the_place) {
   run.StartWith("FLA", "F1");
   const std::string node = run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].key;
