@@ -12,6 +12,7 @@
 #include "desktop/captions.h"
 #include "desktop/fields.h"
 #include "desktop/grid_view.h"
+#include "desktop/long_line.h"
 #include "desktop/look.h"
 #include "desktop/model_list.h"
 #include "desktop/results_list.h"
@@ -29,22 +30,37 @@ QString HiddenPart(const QWidget& widget) {
   const auto* line = qobject_cast<const QLineEdit*>(&widget);
   constexpr int kMargins = 18, kMostMeasured = 1000;
   if (line == nullptr) return {};
-  const QString text = line->text();
+  const QString text = WholeText(*line);
   const bool hides =
       text.size() > kMostMeasured || line->fontMetrics().horizontalAdvance(text) > line->width() - kMargins;
-  return hides ? text : QString();
+  return hides ? Beginning(text) : QString();
+}
+
+// Of long notes that cannot be changed the beginning; others are not wrapped, as that takes a time that grows faster
+// than they do.
+void ShowNotes(QPlainTextEdit& notes, const QString& text, bool locked) {
+  constexpr qsizetype kLongest = 50000;
+  const bool is_long = text.size() > kLongest, cut = locked && is_long;
+  const QString shown = cut ? text.left(kLongest) + QStringLiteral("…") : text;
+  if (notes.toPlainText() == shown) return;
+  const bool wraps = !is_long || cut;
+  if (!wraps) notes.setLineWrapMode(QPlainTextEdit::NoWrap);
+  const bool quiet = notes.blockSignals(cut);  // nobody has typed it
+  notes.setPlainText(shown);
+  notes.blockSignals(quiet);
+  if (wraps) notes.setLineWrapMode(QPlainTextEdit::WidgetWidth);
 }
 
 void ShowText(QWidget& widget, const Control& now) {
   const QString text = Q(now.text);
   if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
-    if (line->text() != text) line->setText(text);
+    ShowLine(*line, text);
     if (!line->hasFocus()) line->setCursorPosition(0);  // a long text shows its beginning
   } else if (auto* notes = qobject_cast<QPlainTextEdit*>(&widget)) {
-    if (notes->toPlainText() != text) notes->setPlainText(text);
+    ShowNotes(*notes, text, now.locked);
   } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
     // a date that is not known leaves blanks behind its caption
-    label->setText(Q(now.text.substr(0, now.text.find_last_not_of(' ') + 1)));
+    label->setText(Beginning(Q(now.text.substr(0, now.text.find_last_not_of(' ') + 1))));
   }
 }
 
@@ -67,7 +83,7 @@ void ShowFinding(Bound& bound, const Control& now) {
   for (const QString& text :
        {finding, Q(now.hint), now.copied ? QObject::tr("Copied from the month before, not yet confirmed") : ""})
     if (!text.isEmpty()) said << text;
-  bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : said.join('\n'));
+  bound.widget->setToolTip(said.isEmpty() ? HiddenPart(*bound.widget) : Beginning(said.join('\n')));
   if (!now.unit.empty()) said.prepend(Q(now.unit));
   bound.widget->setAccessibleDescription(said.join('\n'));
   if (bound.mark == nullptr) return;
@@ -115,7 +131,7 @@ bool ShowRemarks(Bound& bound, const Control& now) {
     row->insertWidget(row->indexOf(bound.mark) + 1, bound.was);
   }
   if (bound.was != nullptr) {
-    bound.was->setText(Q(now.was));
+    bound.was->setText(Beginning(Q(now.was)));
     bound.was->setVisible(!now.was.empty());
   }
   const bool has_remark = !now.hint.empty() && bound.caption != nullptr;
@@ -124,8 +140,10 @@ bool ShowRemarks(Bound& bound, const Control& now) {
     bound.remark->setWordWrap(true);
   }
   if (bound.remark == nullptr) return false;
-  const bool changes = bound.remark->text() != Q(now.hint) || bound.remark->isHidden() == has_remark;
-  bound.remark->setText(Q(now.hint));
+  constexpr qsizetype kLongest = 300;
+  const QString hint = Beginning(Q(now.hint), kLongest);
+  const bool changes = bound.remark->text() != hint || bound.remark->isHidden() == has_remark;
+  bound.remark->setText(hint);
   bound.remark->setVisible(has_remark);
   return changes;
 }

@@ -12,6 +12,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "desktop/long_line.h"
 #include "desktop/look.h"
 #include "forms/pasted.h"
 
@@ -28,11 +29,6 @@ namespace {
 
 // No line on a screen shows more characters; the time to measure a text grows faster than the text.
 constexpr int kMostMeasured = 1000;
-
-QString WithoutMiddle(const QString& text) {
-  if (text.size() <= 2 * kMostMeasured) return text;
-  return text.left(kMostMeasured) + QChar(0x2026) + text.right(kMostMeasured);
-}
 
 // The background that the style sheet paints for the field.
 QColor GroundOf(const QWidget& field) {
@@ -127,6 +123,10 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
 }
 
+QSize ElidedLabel::sizeHint() const {
+  return text().size() > kMostMeasured ? QSize(0, fontMetrics().height()) : QLabel::sizeHint();
+}
+
 QString ElidedLabel::Shown() const {
   return fontMetrics().elidedText(WithoutMiddle(text()), Qt::ElideMiddle, contentsRect().width());
 }
@@ -139,7 +139,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip || Shown() == text()) return QLabel::event(event);
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), WithoutMiddle(text()), this);
   return true;
 }
 

@@ -55,7 +55,8 @@ class ElidedLabel : public QLabel {
   Q_OBJECT
  public:
   explicit ElidedLabel(QWidget* parent);
-  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

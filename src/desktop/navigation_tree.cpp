@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "desktop/long_line.h"
+
 namespace merlu {
 namespace {
 
@@ -29,6 +31,7 @@ class TreeRows : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     constexpr int kAside = 10;
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text = WithoutMiddle(option->text);
     if (option->rect.width() > kAside)
       option->text = ShortNodeText(option->text, option->fontMetrics, option->rect.width() - kAside);
   }
@@ -42,7 +45,8 @@ bool Begins(const QString& text, const QString& sought) {
 
 }  // namespace
 
-QString ShortNodeText(const QString& text, const QFontMetrics& metrics, int width) {
+QString ShortNodeText(const QString& whole, const QFontMetrics& metrics, int width) {
+  const QString text = WithoutMiddle(whole);
   if (metrics.horizontalAdvance(text) <= width) return text;
   const qsizetype id = IdOf(text);
   if (id < 0) return metrics.elidedText(text, Qt::ElideMiddle, width);

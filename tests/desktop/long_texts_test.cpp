@@ -46,6 +46,10 @@ std::vector<Piece> ShowWindows(int bytes) {
     EXPECT_TRUE(driver.AllModalsCame());
     pieces.push_back({opens, ProcessorSeconds() - began});
   };
+  time("operator", [&] { driver.Select(s.tree.nodes.front().key); });
+  time("edit of the operator", [&] { driver.Click("cmdEdit"); });
+  time("its save", [&] { driver.Click("cmdSaveEdits"); });
+  time("its end", [&] { driver.Click("cmdCANCEL"); });
   select("month", " 12017");
   time("findings", [&] { driver.Command("mnuRFindings"); });
   time("completeness", [&] { driver.Command("mnuRCompleteness"); });
@@ -55,6 +59,11 @@ std::vector<Piece> ShowWindows(int bytes) {
   time("save", [&] { driver.Click("cmdSaveEdits"); });
   time("end of the edit", [&] { driver.Click("cmdCANCEL"); });
   select("structure", "10001 1");
+  time("edit of the structure", [&] { driver.Click("cmdEdit"); });
+  time("keys in its comments", [&] { QTest::keyClicks(driver.Widget("txtSTRUCTURE_Comments"), "abc"); });
+  time("save of the structure", [&] { driver.Click("cmdSaveEdits"); });
+  time("end of its edit", [&] { driver.Click("cmdCANCEL"); });
+  time("another size", [&] { driver.app->window()->resize(1300, 800); });
   select("flare again", "FLA1");
   in_dialog("mnuNGrid", "cmdCANCEL");
   in_dialog("mnuRHandIn", "cmdClose");
