@@ -167,7 +167,8 @@ void ModelList::ShowPicked() {
 
 void ModelList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
-  if (acts_.IsDrawing()) return;
+  // a view that is being made reports a change of nothing
+  if (acts_.IsDrawing() || (selected.isEmpty() && deselected.isEmpty())) return;
   std::vector<int> rows;
   for (const QItemSelectionRange& range : selectionModel()->selection())
     for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);

@@ -294,7 +294,12 @@ TEST_F(LaptopEvening, keeps_what_has_the_focus_in_view_behind_every_key) {
     Write("hours");
     Press("Down", 3);
   });
-  InDialog("Ctrl+H", [&] { Press("Tab", 8); });
+  InDialog("Ctrl+H", [&] {
+    const auto* steps = driver.Find<QAbstractItemView>("lvwHIS_Steps");
+    EXPECT_EQ(steps->selectionModel()->selectedRows().size(), 1) << "the step whose values show";
+    EXPECT_EQ(S().desk.Find("frmHistory")->At("lvwHIS_Steps").picked, std::vector<int>{0});
+    Press("Tab", 8);
+  });
   InDialog("F1", [&] { Press("PgDown", 2); });
   ToDescriptions();
   Main().tree().setFocus();
