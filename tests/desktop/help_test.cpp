@@ -56,6 +56,16 @@ TEST_F(HelpWindow, opens_at_the_top_without_a_field) {
   });
 }
 
+TEST_F(HelpWindow, of_a_structure_tells_what_saving_it_does_to_its_equipment) {
+  driver_->Select("K12345   1001 1");
+  driver_->app->window()->tree().setFocus();
+  OnF1([&](QWidget* dialog) {
+    EXPECT_EQ(TextOf(dialog)->document()->firstBlock().text(), "Structure");
+    EXPECT_TRUE(TextOf(dialog)->toPlainText().contains("status of its equipment anew"));
+    EXPECT_TRUE(TextOf(dialog)->toPlainText().contains("12000.5")) << "how decimals are typed";
+  });
+}
+
 TEST_F(HelpWindow, opens_at_the_field_that_has_the_focus_also_while_editing) {
   driver_->Click("cmdEdit");
   driver_->Type("txtFLA_StackInnerDiam", "77");

@@ -61,6 +61,12 @@ struct LaptopScreen : testing::Test {
     }
     return keys;
   }
+  void ExpectWholeTitle() {
+    for (const auto* title : Main().findChildren<TitleLabel*>()) {
+      const int needed = title->fontMetrics().horizontalAdvance(title->text());
+      EXPECT_TRUE(!title->isVisible() || needed <= title->contentsRect().width()) << title->text().toStdString();
+    }
+  }
   QTabWidget* Tabs() {
     for (auto* tabs : Main().findChildren<QTabWidget*>())
       if (tabs->isVisible()) return tabs;
@@ -82,8 +88,10 @@ TEST_F(LaptopScreen, scrolls_every_field_that_gets_the_focus_wholly_into_view) {
     SCOPED_TRACE(key);
     driver.Select(key);
     if (!driver.Widget("cmdEdit")->isVisible()) return;
+    ExpectWholeTitle();
     driver.Click("cmdEdit");
     Settle();
+    ExpectWholeTitle();
     for (int page = 0; page < Tabs()->count(); ++page) {
       if (!Tabs()->isTabEnabled(page)) continue;
       Tabs()->setCurrentIndex(page);
