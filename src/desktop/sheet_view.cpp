@@ -9,6 +9,7 @@
 
 #include "desktop/captions.h"
 #include "desktop/look.h"
+#include "desktop/results_list.h"
 #include "qc/comment_key.h"
 #include "qc/qc_list.h"
 #include "session/main_names.h"
