@@ -1,6 +1,7 @@
 #include "support/temporary_place.h"
 
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -20,7 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kPrefix = "merlu-tests-";
-constexpr int kDigits = 7;  // as a process number has: names are as long in every run
+constexpr const char* kRuntime = "run";  // Qt's runtime folder, the user's alone
+constexpr int kDigits = 7;               // as a process number has: names are as long in every run
 
 struct Place {
   fs::path path;
@@ -62,6 +64,7 @@ void Clear() {
   if (::getpid() != Own().owner) return;
   std::string left;
   std::error_code error;
+  fs::remove_all(Own().path / kRuntime, error);
   for (const auto& entry : fs::directory_iterator(Own().path, error)) left += " " + entry.path().filename().string();
   fs::remove_all(Own().path, error);
   if (left.empty()) return;
@@ -80,9 +83,12 @@ void UseTemporaryPlace() {
   std::snprintf(digits.data(), digits.size(), "%0*d", kDigits, static_cast<int>(::getpid()));
   std::string path = (folder / (kPrefix + std::string(digits.data()) + "-XXXXXX")).string();
   if (::mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  ::chmod(path.c_str(), 0711);  // tests that go on as another user find their files
   Own() = {path, ::getpid()};
   ::setenv("TMPDIR", path.c_str(), 1);
-  ::setenv("XDG_RUNTIME_DIR", path.c_str(), 0);  // Qt would make one among the temporary files
+  // Qt would make one among the temporary files
+  const fs::path runtime = fs::path(path) / kRuntime;
+  if (::mkdir(runtime.c_str(), 0700) == 0) ::setenv("XDG_RUNTIME_DIR", runtime.c_str(), 0);
   std::atexit(Clear);
 }
 
