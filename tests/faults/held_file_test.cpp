@@ -7,7 +7,7 @@
 #include "entry/month_book.h"
 #include "faults/inventory_checks.h"
 #include "faults/other_program.h"
-#include "inventory.h"
+#include "faults/two_inventories.h"
 #include "session/node_keys.h"
 #include "shell/last_resort.h"
 #include "support/test_run.h"
@@ -28,20 +28,8 @@ class HeldFile : public testing::Test {
   }
   void LetGo() { other->LetGo(); }
 
-  // Two structures of two months; the first piece is a flare with a finding that is explained.
   void Make() {
-    path = run.folder.path("inventory.mdb");
-    InventoryPlan plan;
-    plan.structures = 2;
-    plan.equipment = 10;
-    plan.months = 2;
-    plan.operator_number = "12345";
-    plan.types = {"FLA", "STO", "LOA", "MUD", "VEN"};
-    MakeInventory(TemplatePath(), path, plan);
-    MakeInventory(TemplatePath(), run.folder.path("other.mdb"), plan);
-    Raw(run.folder.path("other.mdb"), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='X'||CMPLX_ID_NUM"});
-    Raw(path, {"UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='FLA5' WHERE ED_ID_AK=1"});
-    run.Start(path);
+    path = StartOnTwoStructures(run);
     run.ChangeTo(Mode::kActv);
     run.boxes.clear();
     other.emplace(path);

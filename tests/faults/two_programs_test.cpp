@@ -7,8 +7,8 @@
 #include "entry/month_book.h"
 #include "faults/inventory_checks.h"
 #include "faults/other_program.h"
+#include "faults/two_inventories.h"
 #include "history/backups.h"
-#include "inventory.h"
 #include "session/node_keys.h"
 #include "support/test_run.h"
 
@@ -241,22 +241,7 @@ std::string AllSaid(const TestRun& run) {
 
 class TwoPrograms : public testing::Test {
  protected:
-  // Two structures of two months, the first of whose pieces is a flare whose first month has the key 1.
-  void Make(TestRun& run) {
-    path = run.folder.path("inventory.mdb");
-    InventoryPlan plan;
-    plan.structures = 2;
-    plan.equipment = 10;
-    plan.months = 2;
-    plan.operator_number = "12345";
-    plan.types = {"FLA", "STO", "LOA", "MUD", "VEN"};
-    MakeInventory(TemplatePath(), path, plan);
-    MakeInventory(TemplatePath(), run.folder.path("other.mdb"), plan);
-    Raw(run.folder.path("other.mdb"), {"UPDATE PD_PLATFORM_DESC SET CMPLX_ID_NUM='X'||CMPLX_ID_NUM"});
-    Raw(path, {"UPDATE ED_EQUIP_DESC SET ED_MERLU_EQUIP_ID='FLA5' WHERE ED_ID_AK=1"});
-    run.Start(path);
-    run.boxes.clear();
-  }
+  void Make(TestRun& run) { path = StartOnTwoStructures(run); }
   bool Has(const std::string& file, const std::string& rows) const {
     return ToInteger(RawValue(file, "SELECT EXISTS (SELECT 1 FROM " + rows + ")")) == 1;
   }
