@@ -11,9 +11,10 @@ constexpr QChar kWordJoiner(0x2060);
 
 QString WithWholeUnit(QString caption, const std::string& unit) {
   constexpr qsizetype kLongest = 16;
-  const QString shown = "(" + QString::fromStdString(unit) + ")";
+  static const QRegularExpression choice("\\([A-Z]/[A-Z]\\)");
+  const QString shown = unit.empty() ? choice.match(caption).captured() : "(" + QString::fromStdString(unit) + ")";
   const qsizetype open = caption.indexOf(shown);
-  if (unit.empty() || open < 0 || shown.size() > kLongest) return caption;
+  if (shown.isEmpty() || open < 0 || shown.size() > kLongest) return caption;
   for (qsizetype at = open + shown.size() - 2; at > open; --at) {
     if (caption[at] == ' ') caption[at] = QChar::Nbsp;
     if (caption[at] == '/' || caption[at] == '-') caption.insert(at + 1, kWordJoiner);

@@ -12,7 +12,7 @@ namespace merlu {
 // The control's caption as a label shows it ('&&' is one '&'); the tag and a colon for a field without a caption.
 QString LabelText(const Control& control);
 // Keeps the unit that the caption shows in brackets on one line, which otherwise breaks at its blanks, slashes and
-// hyphens.
+// hyphens; without a unit a choice such as (Y/N).
 QString WithWholeUnit(QString caption, const std::string& unit);
 // The plain text of such a caption.
 QString WithoutJoints(QString caption);

@@ -168,13 +168,20 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     painter->setBrush(Qt::NoBrush);
     return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
   }
+  if (element == PE_PanelMenu) {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    painter->setPen(Line(option->palette));
+    painter->setBrush(Qt::NoBrush);
+    return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  }
   const bool box = element == PE_IndicatorCheckBox, round = element == PE_IndicatorRadioButton;
   if (!box && !round) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool on = option->state & State_On, enabled = option->state & State_Enabled;
   const QColor accent = enabled ? Accent(option->palette) : Quiet(option->palette);
+  // the ink of what is disabled is dimmed already: a line of it would not be seen
   const QColor border = option->state & State_HasFocus ? accent
                         : enabled                      ? Border(option->palette)
-                                                       : Line(option->palette);
+                                                       : Line(QApplication::palette());
   const QRectF place = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
@@ -242,6 +249,7 @@ QString StyleSheet(const QPalette& palette) {
     QHeaderView::section { padding: 5px 4px; border: none; border-bottom: 1px solid %6; background: %5; color: %3; }
     QProgressBar { border: 1px solid %6; border-radius: 4px; background: %2; min-height: 10px; max-height: 10px; }
     QProgressBar::chunk { border-radius: 3px; background: %4; }
+    QMenu::separator { height: 1px; margin: 2px 5px; background: %6; }
     QStatusBar QLabel { padding: 2px 10px; }
     QScrollArea { border: none; background: transparent; }
     QScrollBar { background: %8; border: none; }
