@@ -21,6 +21,11 @@ int NoteWidth(const QLabel& note) {
   return note.fontMetrics().horizontalAdvance(note.text()) + 4;
 }
 
+// Free text takes the room there is, other fields are as wide as what they hold.
+bool TakesWidth(const Control& control) {
+  return control.kind == Kind::kMasked || (control.kind == Kind::kText && !control.numeric);
+}
+
 }  // namespace
 
 BlocksPanel::BlocksPanel(QWidget* parent)
@@ -103,9 +108,11 @@ int BlocksPanel::PlaceRow(const Row& row, int x, int y, int width, int caption_w
   const int remark_height = remark == nullptr || remark->isHidden() ? 0 : remark->heightForWidth(room) + kNoteGap;
   if (!move) return height + note_height + remark_height;
   if (remark_height > 0) remark->setGeometry(left, y + height + note_height + kNoteGap, room, remark_height - kNoteGap);
-  field->setGeometry(left, y + (height - field_height) / 2, room - note_width, field_height);
+  int field_width = room - note_width;
+  if (note_width > 0 && !TakesWidth(*row.bound->control)) field_width = field->sizeHint().width();
+  field->setGeometry(left, y + (height - field_height) / 2, field_width, field_height);
   if (below) row.note->setGeometry(left, y + height + kNoteGap, room, note_height - kNoteGap);
-  if (note_width > 0) row.note->setGeometry(x + width - note_width + kToField, y, note_width - kToField, height);
+  if (note_width > 0) row.note->setGeometry(left + field_width + kToField, y, note_width - kToField, height);
   if (caption != nullptr) caption->setGeometry(x, y, caption_width, height);
   return height + note_height + remark_height;
 }

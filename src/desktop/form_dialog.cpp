@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShowEvent>
 
 #include <algorithm>
@@ -140,10 +142,16 @@ void FormDialog::FillGrid() {
   column->addLayout(buttons_);
 }
 
-// As large as its contents, up to the size of the screen.
+// As large as its contents, up to the size of the screen; where they are higher than that, with room for the bar that
+// scrolls them.
 void FormDialog::showEvent(QShowEvent* event) {
   const QSize room = screen()->availableSize() - QSize(16, 48);  // with the frame of the window
-  if (grid_ != nullptr && !event->spontaneous()) resize(sizeHint().boundedTo(room));
+  if (grid_ != nullptr && !event->spontaneous()) {
+    QSize wanted = sizeHint();
+    const auto* page = findChild<QScrollArea*>();
+    if (wanted.height() > room.height()) wanted.rwidth() += page->verticalScrollBar()->sizeHint().width();
+    resize(wanted.boundedTo(room));
+  }
   DialogWindow::showEvent(event);
 }
 

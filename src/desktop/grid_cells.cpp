@@ -15,7 +15,7 @@
 namespace merlu {
 namespace {
 
-constexpr int kAside = 6, kMarkWidth = 11, kCorner = 9;
+constexpr int kAside = 6, kCorner = 9;
 constexpr QColor kUnusable(255, 170, 0);
 
 QString Q(const std::string& text) {

@@ -11,8 +11,8 @@
 
 namespace merlu {
 
-// A cell that shows a state, with a sign in front of its text.
-inline constexpr int kSignWidth = 15;
+// A cell that shows a state, with a sign in front of its text, and the mark of a finding.
+inline constexpr int kSignWidth = 15, kMarkWidth = 11;
 bool HasSign(const GridCell& cell);
 
 // The cells of a grid as Qt asks for them.

@@ -78,15 +78,20 @@ void GridView::FitColumns() {
     for (const std::string& item : head.items) width = std::max(width, metrics.horizontalAdvance(Q(item)));
     for (int row = 0; row < std::min(adapter_->rowCount(), 40); ++row) {
       const QModelIndex at = adapter_->index(row, column);
-      const int sign = HasSign(adapter_->At(at)) ? kSignWidth : 0;
+      // a number can be marked as soon as it is typed
+      const int sign = (HasSign(adapter_->At(at)) ? kSignWidth : 0) + (head.numeric ? kMarkWidth : 0);
       width = std::max(width, sign + metrics.horizontalAdvance(adapter_->data(at, Qt::DisplayRole).toString()));
     }
     const bool is_written = column == last && !head.numeric && head.items.empty() && adapter_->rowCount() > 0 &&
                             !adapter_->At(adapter_->index(0, column)).locked;
     width = std::max(std::min(width, kWidest), is_written ? kWritten : 0) + 2 * kAside + 4;
+    const auto head_height = [&] {
+      const QRect room(0, 0, width - 2 * kAside, 1000);
+      return metrics.boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, caption).height();
+    };
+    while (width < kWidest && head_height() > kHeadLines * metrics.lineSpacing()) width += kAside;
     setColumnWidth(column, width);
-    const QRect room(0, 0, width - 2 * kAside, 1000);
-    lines = std::max(lines, metrics.boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, caption).height());
+    lines = std::max(lines, head_height());
   }
   horizontalHeader()->setFixedHeight(lines + 12);
 }

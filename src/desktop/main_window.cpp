@@ -39,6 +39,36 @@ QString Q(const std::string& text) {
   return QString::fromStdString(text);
 }
 
+using Docks = std::map<std::string, DockWindow*>;
+
+// Of docks beside each other the months of a field take a third at most, lists the rest.
+void ShareWidth(QMainWindow& window, const Docks& docks) {
+  QList<QDockWidget*> beside;
+  QList<int> widths;
+  int needed = 0;
+  for (const auto& [name, dock] : docks) {
+    if (dock == nullptr || dock->isHidden() || dock->isFloating()) continue;
+    if (window.dockWidgetArea(dock) != Qt::BottomDockWidgetArea) continue;
+    beside << dock;
+    widths << dock->minimumSizeHint().width();
+    needed += widths.last();
+  }
+  const int spare = window.width() - needed;
+  if (beside.size() < 2 || spare < 0) return;
+  int lists = 0, left = spare;
+  for (qsizetype at = 0; at < beside.size(); ++at) {
+    const bool is_strip = beside[at]->objectName() == strip_dock::kForm;
+    lists += is_strip ? 0 : 1;
+    if (!is_strip) continue;
+    const int more = std::clamp(window.width() / 3 - widths[at], 0, spare);
+    widths[at] += more;
+    left -= more;
+  }
+  for (qsizetype at = 0; at < beside.size(); ++at)
+    if (beside[at]->objectName() != strip_dock::kForm) widths[at] += left / lists;
+  window.resizeDocks(beside, widths, Qt::Horizontal);
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Acts& acts, QSettings& settings) : acts_(acts), s_(acts.s), settings_(settings) {
@@ -389,6 +419,7 @@ void MainWindow::SyncDocks() {
     if (dock->isHidden() != form->visible) continue;
     dock->setVisible(form->visible);
     if (form->visible) MakeRoomFor(*dock);
+    if (form->visible) ShareWidth(*this, docks_);
     if (form->visible) dock->raise();
     if (form->visible && IsLowScreen(*this)) resizeDocks({dock}, {dock->minimumSizeHint().height()}, Qt::Vertical);
     if (IsPage(*dock)) dock->FocusTable();
@@ -404,6 +435,9 @@ void MainWindow::SyncPages() {
     SheetView* view = SheetInView();
     if (!shows && view != nullptr) view->TakeFocus();
     if (!shows && view != nullptr && !sheets_->isAncestorOf(focusWidget())) view->FocusAnything();
+    DockWindow* strip = docks_[strip_dock::kForm];
+    const bool was_beside_page = !shows && strip != nullptr && !strip->isHidden() && !strip->isFloating();
+    if (was_beside_page) resizeDocks({strip}, {strip->minimumSizeHint().height()}, Qt::Vertical);
     for (Form* form : s_.desk.showing)
       if (shows && !form->modal && form->dock.empty()) form->focus.clear();
   } else if (shows && PlaceInHand() != place_) {

@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kWidthsSection = "Columns";
 constexpr std::size_t kLongestLine = 300, kLongestTip = 3000;  // characters
-constexpr int kAboveAndBelow = 3, kBetweenColumns = 16;
+constexpr int kAboveAndBelow = 3, kBetweenColumns = 16, kLeastBetween = 6;
 constexpr int kNarrowest = 40, kWidest = 2000, kWidestFitted = 320, kFewRows = 20, kWidestOfFew = 460,
               kWidestInDialog = 1300;
 constexpr QSize kSmallest(160, 76);
@@ -226,24 +226,28 @@ bool ModelList::IsInDialog() const {
   return qobject_cast<QDialog*>(window()) != nullptr;
 }
 
-// Gives the columns what they want; in a dialog that is too narrow for it the widest ones give way.
+// Gives the columns what they want; in a dialog that is too narrow for it they come closer, then the widest ones give
+// way.
 void ModelList::ShareWidth() {
   const int last = adapter_->columnCount() - 1;
   if (chosen_ || !fitted_ || last < 0) return;
-  const auto width_of = [&](int column, int most) {
-    const int least = std::min(wanted_widths_[column], header()->sectionSizeHint(column));
-    return std::clamp(wanted_widths_[column], least, std::max(least, most));
+  int most = kWidest, closer = 0;
+  const auto width_of = [&](int column) {
+    const int wanted = wanted_widths_[column] - closer;
+    const int least = std::min(wanted, header()->sectionSizeHint(column));
+    return std::clamp(wanted, least, std::max(least, most));
   };
-  int most = kWidest;
   const auto all = [&] {
     int sum = 0;
-    for (int column = 0; column <= last; ++column) sum += width_of(column, most);
+    for (int column = 0; column <= last; ++column) sum += width_of(column);
     return sum;
   };
-  if (IsInDialog() && isVisible())
+  if (IsInDialog() && isVisible()) {
+    while (closer < kBetweenColumns - kLeastBetween && all() > viewport()->width()) ++closer;
     while (most > kNarrowest && all() > viewport()->width()) --most;
+  }
   fitting_ = true;
-  for (int column = 0; column <= last; ++column) setColumnWidth(column, width_of(column, most));
+  for (int column = 0; column <= last; ++column) setColumnWidth(column, width_of(column));
   fitting_ = false;
 }
 

@@ -215,6 +215,78 @@ TEST_F(LaptopScreen, shows_its_docks_whole) {
   }
 }
 
+// The words behind a field stand beside it, not at the end of the column.
+TEST_F(LaptopScreen, keeps_a_note_at_its_field) {
+  constexpr int kBeside = 40;
+  ToDescriptions();
+  int notes = 0;
+  for (const std::string& key : NodesOfEachKind()) {
+    driver.Select(key);
+    for (int page = 0; page < Tabs()->count(); ++page) {
+      if (!Tabs()->isTabEnabled(page)) continue;
+      Tabs()->setCurrentIndex(page);
+      Settle();
+      for (const auto* note : Main().findChildren<QLabel*>()) {
+        if (!note->isVisible() || note->text() != "(selected from current structure)") continue;
+        ++notes;
+        // below the field, or right of it
+        const auto* field = Main().findChild<QWidget*>("cmbAMI_VentedToID");
+        ASSERT_TRUE(field != nullptr);
+        const QPoint end = field->mapTo(&Main(), QPoint(field->width(), field->height()));
+        const QPoint place = note->mapTo(&Main(), QPoint(0, 0));
+        EXPECT_TRUE(place.y() >= end.y() || (place.x() >= end.x() && place.x() <= end.x() + kBeside)) << place.x();
+      }
+    }
+  }
+  EXPECT_GT(notes, 0);
+}
+
+// The bars of the months leave the list beside them the most of the width.
+TEST_F(LaptopScreen, gives_a_list_more_width_than_the_months_beside_it) {
+  driver.Command("mnuRStrip");
+  driver.Command("mnuRFindings");
+  Settle();
+  const auto* strip = Main().findChild<DockWindow*>("frmStrip");
+  const auto* findings = Main().findChild<DockWindow*>("frmFindings");
+  ASSERT_TRUE(strip != nullptr && findings != nullptr && findings->isVisible());
+  if (!strip->isVisible() || strip->y() != findings->y()) return;  // not beside each other
+  EXPECT_GT(findings->width(), strip->width());
+}
+
+// The heads of the grid take three lines at most: what they take is missing below. Numbers are whole beside their
+// marks.
+TEST_F(LaptopScreen, shows_the_heads_of_each_grid_on_three_lines_and_its_numbers_whole) {
+  constexpr int kAboveAndBelow = 12, kAsideAndMark = 2 * 6 + 11;
+  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
+    if (node.key.size() != 32) continue;
+    driver.Select(node.key);
+    break;
+  }
+  int grids = 0;
+  driver.OnNextModal([&](QWidget* dialog) {
+    const auto* types = driver.Find<ListField>("cmbGRD_Type");
+    for (int type = 0; type < types->count(); ++type) {
+      driver.Choose("cmbGRD_Type", types->itemText(type));
+      const auto* grid = driver.Find<QTableView>("grdGRD");
+      const QHeaderView* heads = grid->horizontalHeader();
+      EXPECT_LE(heads->height(), 3 * heads->fontMetrics().lineSpacing() + kAboveAndBelow)
+          << types->itemText(type).toStdString();
+      for (int column = 2; column < grid->model()->columnCount(); ++column) {
+        const QString text = grid->model()->index(0, column).data().toString();
+        bool is_number = false;
+        text.toDouble(&is_number);
+        if (is_number) {
+          EXPECT_GE(grid->columnWidth(column), grid->fontMetrics().horizontalAdvance(text) + kAsideAndMark);
+        }
+      }
+      ++grids;
+    }
+    static_cast<QDialog*>(dialog)->reject();
+  });
+  driver.Command("mnuNGrid");
+  EXPECT_GE(grids, 15);
+}
+
 // An hour of work by keys alone: what has the focus is in view behind every key, in the window and in the dialogs.
 struct LaptopEvening : LaptopScreen {
   void LookAtFocus(const char* keys) {
@@ -325,6 +397,10 @@ TEST(LaptopDialogs, ask_for_the_operator_in_view) {
   TourScreens({"first"}, QSize(), [&](QWidget& dialog, const std::string& name) {
     SCOPED_TRACE(name);
     QCoreApplication::processEvents();
+    for (const auto* label : dialog.findChildren<QLabel*>())
+      if (!label->visibleRegion().isEmpty()) {
+        EXPECT_EQ(label->visibleRegion().boundingRect().width(), label->width()) << label->text().toStdString();
+      }
     const auto* email = dialog.findChild<QWidget*>("txtUSER_Email");
     ASSERT_NE(email, nullptr);
     EXPECT_TRUE(low || IsWhole(*email)) << Told(*email);

@@ -96,6 +96,24 @@ TEST_F(WalkOnALowScreen, shows_the_months_of_a_field_below_its_sheet) {
   }
 }
 
+// A list that had the window and gave way to its record leaves the months below the sheet as low as they were.
+TEST_F(WalkOnALowScreen, keeps_the_months_as_low_when_a_list_has_given_way) {
+  if (!IsLowScreen(Main())) return;
+  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
+    if (node.key.size() != 32 || node.key.substr(21, 3) != "FLA") continue;
+    driver.Select(node.key);
+    break;
+  }
+  Key(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+  const auto* strip = Main().findChild<DockWindow*>("frmStrip");
+  ASSERT_TRUE(strip != nullptr && strip->isVisible());
+  const int height = strip->height();
+  Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  Key(Qt::Key_F8);
+  ASSERT_TRUE(Main().tree().isVisible() && strip->isVisible());
+  EXPECT_LE(strip->height(), height + 2);
+}
+
 // The line for findings and hints takes no room where a record has none; what shows in it moves nothing.
 TEST_F(WalkOnALowScreen, keeps_no_empty_line_above_the_buttons) {
   const bool low = IsLowScreen(Main());
