@@ -69,8 +69,8 @@ class DesktopApp : public QObject, public Platform, public RealHost {
   QElapsedTimer painted_, waiting_;
   bool was_painted_ = false;
   bool holding_ = false;
-  bool can_stop_ = false;      // the work of the wait screen
-  std::vector<HeldKey> held_;  // typed while the program was at work
+  bool can_stop_ = false;      // whether the wait screen has a Stop button
+  std::vector<HeldKey> held_;  // typed while the program was busy
 };
 
 }  // namespace merlu

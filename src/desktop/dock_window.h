@@ -23,7 +23,7 @@ class DockWindow : public QDockWidget {
  private:
   Acts& acts_;
   FormBinding binding_;
-  class StripBars* bars_ = nullptr;  // of the strip
+  class StripBars* bars_ = nullptr;  // in the strip's dock only
 };
 
 }  // namespace merlu

@@ -48,7 +48,7 @@ class FormDialog : public DialogWindow {
   void AddField(const Control& control);
   void AddLabel(const Control& control);
   void AddList(const Control& control);
-  // Beside its field, or in the row at the bottom, the main one last.
+  // Places it beside its field, or in the row at the bottom, where the main button comes last.
   void AddButton(const Control& control);
 
   QGridLayout* grid_ = nullptr;

@@ -76,7 +76,7 @@ class MainWindow : public QMainWindow {
   std::map<std::string, SheetView*> views_;
   std::unique_ptr<FormBinding> buttons_;
   std::map<std::string, DockWindow*> docks_;  // by the name of the form
-  std::string place_;                         // when a page came in front of the sheet
+  std::string place_;                         // the user's place at the last update
 };
 
 }  // namespace merlu

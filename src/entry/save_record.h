@@ -59,14 +59,14 @@ class RecordSaver {
   RecordKeys keys_;
   std::string status_;
   bool editing_, failed_;
-  Value now_;  // as it is stored as a date
+  Value now_;  // the present time as a stored date
   std::optional<EquipmentWithFindings> known_;
-  const Context* context_ = nullptr;  // that the records are judged against, and the same as while saving
+  const Context* context_ = nullptr;  // of the record before; `saving_` is a copy with `saving` set
   Context saving_;
   std::optional<TypedView> typed_;
-  std::vector<std::int64_t> dated_;                      // equipment that StoreDates dates
-  bool propagated_ = false;                              // equipment has the statuses of all structures
-  std::vector<std::pair<std::int64_t, bool>> statuses_;  // of structures' months that were saved
+  std::vector<std::int64_t> dated_;                      // months of equipment that StoreDates dates
+  bool propagated_ = false;                              // the equipment of all structures has their statuses
+  std::vector<std::pair<std::int64_t, bool>> statuses_;  // of the structures' months that were saved
 };
 
 }  // namespace merlu

@@ -21,7 +21,7 @@ class SettingsStore {
 
  private:
   std::unique_ptr<QSettings> settings_;
-  bool reported_ = false;  // that they cannot be written
+  bool reported_ = false;  // the failure to write them was reported
 };
 
 }  // namespace merlu

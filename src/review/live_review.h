@@ -45,8 +45,8 @@ class LiveReview {
   std::shared_ptr<ChangedRecords> changed_;
   Database* listened_to_ = nullptr;
   std::string path_;
-  std::shared_ptr<const std::vector<RecordedTable>> tables_;  // of the connection
-  std::int64_t changes_ = -1;                                 // counted where none are recorded
+  std::shared_ptr<const std::vector<RecordedTable>> tables_;  // what the connection records
+  std::int64_t changes_ = -1;  // the store's change count at the last update, for a connection that records nothing
   bool had_companion_ = false;
   std::string unreadable_;
   std::uint64_t revision_ = 0;

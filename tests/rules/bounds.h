@@ -2,14 +2,12 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "rules/sheet_record.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
-
-using Values = std::vector<std::pair<std::string, std::string>>;
 
 struct Bound {
   std::string control;
@@ -21,11 +19,13 @@ struct Bound {
 struct BoundCase {
   std::string type;
   Mode mode;
-  Values description;            // of the description, which a month shows too
-  Values base;                   // set before the bounds are tried
-  std::vector<Bound> required;   // blank fails
-  std::vector<Bound> if_filled;  // blank passes
-  double step = 0.01;            // how far outside a value is tried
+  Values description;                  // of the description, which a month shows too
+  Values base;                         // set before the bounds are tried
+  std::vector<Bound> required;         // blank fails
+  std::vector<Bound> if_filled;        // blank passes
+  double step = 0.01;                  // how far outside a value is tried
+  std::vector<std::string> checked{};  // options that are on
+  bool forgets = false;                // each run begins with no finding, so that a blank that is not required has none
 };
 
 // Tries every bound: the bound itself passes, a step outside fails with the range text, and a blank fails
@@ -34,7 +34,5 @@ void TryBounds(const BoundCase& bound_case);
 
 // "Value not in expected range (0 to 744)"
 std::string RangeFinding(double low, double high);
-
-inline const char* const kBlankFinding = "Required field left blank";
 
 }  // namespace merlu::test

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/numbers.h"
 #include "forms/desk.h"
 #include "rules/bounds.h"
 
@@ -160,30 +159,6 @@ inline bool IsStoredNull(TestRun& run, const std::string& column) {
 inline void SelectAgain(TestRun& run) {
   run.Select(run.Key());
   run.Select(run.Key("AMI", "A1"));
-}
-
-// In the edit that is open. Unexplained findings go at the start of a run, so that nothing stands from before.
-inline void TryInEdit(TestRun& run, const std::vector<Bound>& bounds, const std::string& blank_finding) {
-  const auto attempt = [&](const char* what, auto value, auto expected) {
-    for (const Bound& bound : bounds) run.Set(bound.control, value(bound));
-    run.Click("cmdQC");
-    run.TakeBoxes();
-    for (const Bound& bound : bounds)
-      EXPECT_EQ(run.Finding(bound.tag), expected(bound)) << bound.control << " " << what;
-  };
-  const auto none = [](const Bound&) { return std::string(); };
-  const auto range = [](const Bound& bound) { return RangeFinding(bound.low, bound.high); };
-  attempt(
-      "at the low bound", [](const Bound& b) { return GeneralNumber(b.low); }, none);
-  attempt(
-      "at the high bound", [](const Bound& b) { return GeneralNumber(b.high); }, none);
-  attempt(
-      "below", [](const Bound& b) { return GeneralNumber(b.low - 0.01); }, range);
-  attempt(
-      "above", [](const Bound& b) { return GeneralNumber(b.high + 0.01); }, range);
-  attempt("blank", none, [&](const Bound&) { return blank_finding; });
-  attempt(
-      "at the low bound again", [](const Bound& b) { return GeneralNumber(b.low); }, none);
 }
 
 // Twelve concentrations: the first two as given, the others 0.

@@ -380,29 +380,6 @@ TEST(Amine, turns_condenser_and_sulfur_recovery_on_and_off_by_the_control_equipm
   }
 }
 
-TEST(Amine, withdraws_the_findings_of_equipment_that_is_not_installed) {
-  TestRun run;
-  run.StartWith("AMI", "A1");
-  run.Click("cmdEdit");
-  run.Set(kTechnology, "SR + VR/C");
-  run.Click("cmdQC");
-  run.s.db.Execute("UPDATE QC SET Comments='known'");
-  const auto findings = [&] {
-    return Texts{run.Finding("Condenser Temperature"), run.Finding("Condenser Pressure"),
-                 run.Finding("Sulfur Recovery Efficiency")};
-  };
-  EXPECT_EQ(findings(), (Texts{kBlankFinding, kBlankFinding, kBlankFinding}));
-  run.Set(kTechnology, kRecovery);
-  run.Click("cmdQC");
-  EXPECT_EQ(findings(), (Texts{kBlankFinding, kBlankFinding, ""}));
-  run.Set(kTechnology, "Sulfur Recovery (SR)");
-  run.Click("cmdQC");
-  EXPECT_EQ(findings(), (Texts{"", "", kBlankFinding}));
-  run.Set(kTechnology, "None");
-  run.Click("cmdQC");
-  EXPECT_EQ(findings(), (Texts{"", "", ""}));
-}
-
 TEST(Amine, turns_the_other_device_s_fields_on_with_the_device_and_keeps_their_texts) {
   TestRun run;
   run.StartWith("AMI", "A1");

@@ -10,18 +10,12 @@ namespace {
 using Names = std::vector<std::string>;
 
 const char* const kFuel = "cmbBOI_FuelType";
-const char* const kOverTotal = "Value exceeds total fuel used for structure";
 const Names kGasSet = {"txtBOI_FuelH2SContent", "txtBOI_FuelHeatingValue", "txtBOI_MaxRatedFuelUsage",
                        "txtBOI_FuelUsageRate"};
 const Names kOilSet = {"txtBOI_FuelH2SContentOil", "txtBOI_FuelHeatingValueOil", "txtBOI_MaxRatedFuelUsageOil"};
 const Names kMonthlyOilSet = {"txtBOI_FuelUsageRateOil", "txtBOI_TotalFuelUsedOil"};
 const Names kGasFuels = {"Natural Gas", "Process Gas", "Waste Gas"};
 const Names kOilFuels = {"Diesel", "Waste Oil"};
-
-// FieldIDs of the open findings, in the order of the log.
-std::string Fields(TestRun& run) {
-  return NullToEmpty(run.Sql("SELECT group_concat(FieldID,'|') FROM (SELECT FieldID FROM QC ORDER BY rowid)"));
-}
 
 void ExpectEnabled(TestRun& run, const Names& fields, bool enabled) {
   for (const std::string& field : fields) EXPECT_EQ(run.At(field).enabled, enabled) << field;
@@ -33,199 +27,6 @@ void ExpectBack(TestRun& run, const Names& fields, Back back) {
 
 void ExpectLocked(TestRun& run, const Names& fields, bool locked) {
   for (const std::string& field : fields) EXPECT_EQ(run.At(field).locked, locked) << field;
-}
-
-// In the first month of a boiler with that fuel, on a structure with that total.
-void StartMonth(TestRun& run, const std::string& fuel, const std::string& column, const std::string& total) {
-  run.StartWith("BOI", "B1");
-  run.Keep({{kFuel, fuel}});
-  run.GoTo("BOI", "B1", Mode::kActv);
-  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET " + column + "=" + total);
-  run.Click("cmdEdit");
-}
-
-// The finding of the month's gas total at that value.
-std::string FindingAt(TestRun& run, const std::string& value) {
-  run.Set("txtBOI_TotalFuelUsed", value);
-  run.Click("cmdQC");
-  return run.Finding("Total Fuel Used");
-}
-
-TEST(Boiler, misses_these_fields_of_a_blank_description_in_this_order) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdQC");
-  EXPECT_EQ(Fields(run),
-            "Fuel Type|Max Rated Fuel Usage|Fuel Heating Value|Fuel H2S Content|Average Fuel Usage|Average Heat Input|"
-            "Max Rated Heat Input|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
-            "Exhaust Exit Temperature|Exhaust Outlet Orientation|Emissions Controls");
-  EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
-}
-
-TEST(Boiler, on_oil_misses_these_fields_of_a_blank_description_in_this_order) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Put({{kFuel, "Waste Oil"}, {"cmbBOI_OtherControlDevice", "Yes"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(Fields(run),
-            "Max Rated Fuel Usage|Fuel Heating Value|Fuel H2S Content|Average Heat Input|Max Rated Heat Input|"
-            "Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|Exhaust Exit Temperature|"
-            "Exhaust Outlet Orientation|Emissions Controls|Other Control Device Descrip.");
-  EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank'"), 0);
-}
-
-TEST(Boiler, misses_these_fields_of_a_blank_month_in_this_order) {
-  for (const auto& [fuel, fields] : Values{{"Process Gas", "Total Fuel Used|Hours Operated"},
-                                           {"Diesel", "Average Fuel Usage|Total Fuel Used|Hours Operated"}}) {
-    TestRun run;
-    run.StartWith("BOI", "B1");
-    run.Keep({{kFuel, fuel}});
-    run.GoTo("BOI", "B1", Mode::kActv);
-    run.Click("cmdQC");
-    EXPECT_EQ(Fields(run), fields) << fuel;
-    EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'ACTV'"), 0) << fuel;
-  }
-}
-
-TEST(Boiler, loses_four_texts_that_are_no_numbers_to_a_run_and_then_misses_them) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Put({{"txtBOI_HeatInputRate", "about 5"},
-           {"txtBOI_MaxRatedHeatInputRate", "5x"},
-           {"txtBOI_FuelUsageRate", "."},
-           {"txtBOI_MaxRatedFuelUsage", "1 000"},
-           {"txtBOI_FuelHeatingValue", "900x"}});
-  run.Click("cmdQC");
-  for (const auto& [field, tag] : Values{{"txtBOI_HeatInputRate", "Average Heat Input"},
-                                         {"txtBOI_MaxRatedHeatInputRate", "Max Rated Heat Input"},
-                                         {"txtBOI_FuelUsageRate", "Average Fuel Usage"},
-                                         {"txtBOI_MaxRatedFuelUsage", "Max Rated Fuel Usage"}}) {
-    EXPECT_EQ(run.Text(field), "") << field;
-    EXPECT_EQ(run.Finding(tag), kBlankFinding) << field;
-  }
-  EXPECT_EQ(run.Text("txtBOI_FuelHeatingValue"), "900x");
-  EXPECT_EQ(run.Finding("Fuel Heating Value"), "");
-}
-
-TEST(Boiler, may_average_its_maximum_and_not_more) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Put({{kFuel, "Natural Gas"},
-           {"txtBOI_HeatInputRate", "5.01"},
-           {"txtBOI_MaxRatedHeatInputRate", "5"},
-           {"txtBOI_FuelUsageRate", "200.01"},
-           {"txtBOI_MaxRatedFuelUsage", "200"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Average Heat Input"), "Average Heat Input exceeds Max Rated Heat Input");
-  EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
-  ExpectBack(run, {"txtBOI_HeatInputRate", "txtBOI_FuelUsageRate"}, Back::kFlag);
-  ExpectBack(run, {"txtBOI_MaxRatedHeatInputRate", "txtBOI_MaxRatedFuelUsage"}, Back::kWindow);
-  run.Put({{"txtBOI_HeatInputRate", "5"}, {"txtBOI_FuelUsageRate", "200"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Average Heat Input") + run.Finding("Average Fuel Usage"), "");
-  ExpectBack(run, {"txtBOI_HeatInputRate", "txtBOI_FuelUsageRate"}, Back::kWindow);
-}
-
-TEST(Boiler, compares_the_gas_fuel_usages_on_oil_too) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Put({{"txtBOI_FuelUsageRate", "201"}, {"txtBOI_MaxRatedFuelUsage", "200"}, {kFuel, "Diesel"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Average Fuel Usage"), "Average Fuel Usage exceeds Max Rated Fuel Usage");
-}
-
-TEST(Boiler, keeps_the_comparison_s_finding_while_the_maximum_heat_input_is_blank) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Put({{"txtBOI_HeatInputRate", "6"}, {"txtBOI_MaxRatedHeatInputRate", "5"}});
-  run.Click("cmdQC");
-  run.Set("txtBOI_MaxRatedHeatInputRate", "");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Average Heat Input"), "Average Heat Input exceeds Max Rated Heat Input");
-  EXPECT_EQ(run.Finding("Max Rated Heat Input"), kBlankFinding);
-}
-
-TEST(Boiler, neither_checks_nor_clears_the_set_that_its_fuel_does_not_choose) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Put({{kFuel, "Diesel"},
-           {"txtBOI_MaxRatedFuelUsageOil", "4999"},
-           {"txtBOI_FuelHeatingValueOil", "900"},
-           {"txtBOI_FuelH2SContentOil", "1"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Max Rated Fuel Usage"), "Value not in expected range (5000 to 20000)");
-  run.Put({{kFuel, "Natural Gas"},
-           {"txtBOI_MaxRatedFuelUsage", "200"},
-           {"txtBOI_FuelHeatingValue", "400"},
-           {"txtBOI_FuelH2SContent", "1"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Max Rated Fuel Usage"), "Value not in expected range (5000 to 20000)");
-  EXPECT_EQ(run.Finding("Fuel Heating Value"), "Value not in expected range (500 to 1500)");
-  EXPECT_EQ(run.Finding("Fuel H2S Content"), "");
-  run.Set(kFuel, "Diesel");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Fuel Heating Value"), "Value not in expected range (500 to 1500)");
-}
-
-TEST(Boiler, on_natural_gas_may_use_the_structure_s_total_and_not_more) {
-  TestRun run;
-  StartMonth(run, "Natural Gas", "TOT_FUEL_USE_NG", "100");
-  EXPECT_EQ(FindingAt(run, "100.01"), kOverTotal);
-  EXPECT_EQ(run.At("txtBOI_TotalFuelUsed").back, Back::kFlag);
-  EXPECT_EQ(FindingAt(run, "100"), "");
-  EXPECT_EQ(run.At("txtBOI_TotalFuelUsed").back, Back::kWindow);
-}
-
-TEST(Boiler, is_compared_with_the_structure_in_single_precision) {
-  TestRun run;
-  StartMonth(run, "Natural Gas", "TOT_FUEL_USE_NG", "16777216");
-  EXPECT_EQ(FindingAt(run, "16777217"), "");
-  EXPECT_EQ(FindingAt(run, "16777218"), kOverTotal);
-}
-
-TEST(Boiler, is_not_compared_with_a_total_that_rounds_to_none) {
-  for (const char* total : {"NULL", "0", "0.4", "0.5"}) {
-    TestRun run;
-    StartMonth(run, "Natural Gas", "TOT_FUEL_USE_NG", total);
-    EXPECT_EQ(FindingAt(run, "5000"), "") << total;
-  }
-  TestRun run;
-  StartMonth(run, "Natural Gas", "TOT_FUEL_USE_NG", "0.51");
-  EXPECT_EQ(FindingAt(run, "5000"), kOverTotal);
-}
-
-TEST(Boiler, on_another_gas_is_compared_with_no_total) {
-  for (const char* fuel : {"Process Gas", "Waste Gas"}) {
-    TestRun run;
-    StartMonth(run, fuel, "TOT_FUEL_USE_NG", "1");
-    run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET TOT_FUEL_USE_DIE=1,TOT_FUEL_USE_GAS=1");
-    EXPECT_EQ(FindingAt(run, "5000"), "") << fuel;
-  }
-}
-
-TEST(Boiler, on_oil_is_not_compared_with_the_structure) {
-  for (const std::string& fuel : kOilFuels) {
-    TestRun run;
-    StartMonth(run, fuel, "TOT_FUEL_USE_DIE", "1");
-    run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET TOT_FUEL_USE_NG=1,TOT_FUEL_USE_GAS=1");
-    run.Put({{"txtBOI_TotalFuelUsedOil", "5000"}, {"txtBOI_FuelUsageRateOil", "10"}});
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Total Fuel Used"), "") << fuel;
-  }
-}
-
-TEST(Boiler, of_too_much_fuel_and_of_a_range_failure_tells_the_structure_s_finding) {
-  TestRun run;
-  StartMonth(run, "Natural Gas", "TOT_FUEL_USE_NG", "100");
-  EXPECT_EQ(FindingAt(run, "300000100"), kOverTotal);
-  EXPECT_EQ(FindingAt(run, "-1"), "Value not in expected range (0 to 300000000)");
-  EXPECT_EQ(run.At("txtBOI_TotalFuelUsed").back, Back::kFlag);
 }
 
 TEST(Boiler, turns_one_set_off_at_a_click_on_the_fuel) {
@@ -353,20 +154,6 @@ TEST(Boiler, keeps_the_description_s_old_set_when_its_fuel_changes) {
                             "MaxRatedFuelUsageOil", "FuelHeatingValueOil", "FuelH2SContentOil"})
     texts += run.Text(std::string("txtBOI_") + field) + " ";
   EXPECT_EQ(texts, "1.5 2.5 3.5 4.5 5.5 6.5 7.5 ");
-}
-
-TEST(Boiler, needs_its_emission_controls_and_marks_them_either_way) {
-  TestRun run;
-  run.StartWith("BOI", "B1");
-  run.Click("cmdEdit");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Emissions Controls"), kBlankFinding);
-  ExpectBack(run, {"cmbBOI_EmissionControls", kFuel}, Back::kFlag);
-  run.Put({{"cmbBOI_EmissionControls", "Low NOx Burner"}, {kFuel, "Diesel"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Emissions Controls") + run.Finding("Fuel Type"), "");
-  ExpectBack(run, {"cmbBOI_EmissionControls"}, Back::kWindow);
-  ExpectBack(run, {kFuel}, Back::kFlag);
 }
 
 TEST(Boiler, keeps_its_heat_inputs_and_its_lists_by_code) {

@@ -2,39 +2,16 @@
 
 #include <array>
 
-#include "rules/bounds.h"
+#include "support/test_run.h"
 
 namespace merlu::test {
 namespace {
-
-const char* const kOverTotal = "Value exceeds total fuel used for structure";
-
-struct Fuel {
-  const char* control;
-  const char* tag;
-  const char* column;
-};
-
-constexpr Fuel kFuels[] = {{"txtJAC_DieselUsage", "Total Diesel Fuel Usage", "TOT_FUEL_USE_DIE"},
-                           {"txtJAC_GasolineUsage", "Total Gasoline Fuel Usage", "TOT_FUEL_USE_GAS"},
-                           {"txtJAC_NGUsage", "Total Natural Gas Usage", "TOT_FUEL_USE_NG"}};
 
 // Editing the first month of a rig.
 void StartMonth(TestRun& run) {
   run.StartWith("DRI", "R1");
   run.GoTo("DRI", "R1", Mode::kActv);
   run.Click("cmdEdit");
-}
-
-void SetTotal(TestRun& run, const Fuel& fuel, const std::string& total) {
-  run.s.db.Execute(std::string("UPDATE PA_PLATFORM_ACTV SET ") + fuel.column + "=" + total);
-}
-
-// The fuel's finding at that value.
-std::string FindingAt(TestRun& run, const Fuel& fuel, const std::string& value) {
-  run.Set(fuel.control, value);
-  run.Click("cmdQC");
-  return run.Finding(fuel.tag);
 }
 
 TEST(DrillingEquipment, is_kept_under_the_code_dri) {
@@ -48,79 +25,6 @@ TEST(DrillingEquipment, is_kept_under_the_code_dri) {
   EXPECT_GT(run.Count("QC WHERE EquipType='DRI'"), 0);
   EXPECT_EQ(run.Count("QC WHERE EquipType<>'DRI'"), 0);
   EXPECT_EQ(run.s.desk.showing.back()->name(), "frmJAC");
-}
-
-TEST(DrillingEquipment, misses_these_fields_of_a_blank_month_in_this_order_and_no_rig_name) {
-  TestRun run;
-  StartMonth(run);
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Findings(), (Values{{"Hours Operated", kBlankFinding},
-                                    {"Total Diesel Fuel Usage", kBlankFinding},
-                                    {"Total Gasoline Fuel Usage", kBlankFinding},
-                                    {"Total Natural Gas Usage", kBlankFinding}}));
-}
-
-TEST(DrillingEquipment, misses_these_fields_of_a_blank_description_in_this_order) {
-  TestRun run;
-  run.StartWith("DRI", "R1");
-  run.Click("cmdEdit");
-  run.Set("cmbJAC_OtherControlDevice", "Yes");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Findings(), (Values{{"Exhaust Outlet Height", kBlankFinding},
-                                    {"Exhaust Outlet Inner Diameter", kBlankFinding},
-                                    {"Exhaust Exit Velocity", kBlankFinding},
-                                    {"Exhaust Exit Temperature", kBlankFinding},
-                                    {"Exhaust Outlet Orientation", kBlankFinding},
-                                    {"Other Control Equipment Descript.", kBlankFinding}}));
-}
-
-TEST(DrillingEquipment, needs_every_fuel_of_every_month_and_zero_will_do) {
-  TestRun run;
-  StartMonth(run);
-  for (const Fuel& fuel : kFuels) {
-    EXPECT_EQ(FindingAt(run, fuel, ""), kBlankFinding);
-    EXPECT_EQ(run.At(fuel.control).back, Back::kFlag);
-    EXPECT_EQ(FindingAt(run, fuel, "0"), "");
-    EXPECT_EQ(run.At(fuel.control).back, Back::kWindow);
-  }
-}
-
-TEST(DrillingEquipment, may_use_any_amount_of_a_fuel_that_the_structure_has_no_total_of) {
-  TestRun run;
-  StartMonth(run);
-  for (const Fuel& fuel : kFuels) {
-    for (const Fuel& other : kFuels) SetTotal(run, other, "1");
-    for (const char* total : {"NULL", "0", "0.4", "0.5"}) {
-      SetTotal(run, fuel, total);
-      EXPECT_EQ(FindingAt(run, fuel, "1E9"), "") << fuel.column << " " << total;
-      EXPECT_EQ(FindingAt(run, fuel, "-5"), "") << fuel.column << " " << total;
-    }
-    SetTotal(run, fuel, "0.51");
-    EXPECT_EQ(FindingAt(run, fuel, "1E9"), kOverTotal);
-  }
-}
-
-TEST(DrillingEquipment, may_use_the_structure_s_total_of_a_fuel_and_not_more) {
-  TestRun run;
-  StartMonth(run);
-  for (const Fuel& fuel : kFuels) {
-    for (const Fuel& other : kFuels) SetTotal(run, other, "1");
-    SetTotal(run, fuel, "100");
-    EXPECT_EQ(FindingAt(run, fuel, "100.01"), kOverTotal) << fuel.column;
-    EXPECT_EQ(run.At(fuel.control).back, Back::kFlag);
-    EXPECT_EQ(FindingAt(run, fuel, "100"), "") << fuel.column;
-    EXPECT_EQ(run.At(fuel.control).back, Back::kWindow);
-  }
-}
-
-TEST(DrillingEquipment, is_compared_with_the_structure_in_single_precision) {
-  TestRun run;
-  StartMonth(run);
-  for (const Fuel& fuel : kFuels) {
-    SetTotal(run, fuel, "16777216");
-    EXPECT_EQ(FindingAt(run, fuel, "16777217"), "");
-    EXPECT_EQ(FindingAt(run, fuel, "16777218"), kOverTotal);
-  }
 }
 
 TEST(DrillingEquipment, keeps_a_rig_name_per_month) {

@@ -6,14 +6,11 @@ namespace merlu::test {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Found = std::vector<std::pair<std::string, std::string>>;
 
 constexpr const char* kVessel = "cmbLOS_VesselType";
 constexpr const char* kDestination = "cmbLOS_GasesVentOrFlare";
 constexpr const char* kDownstream = "txtLOS_DSOpPressure";
-constexpr const char* kUpstream = "txtLOS_USOpPressure";
 constexpr const char* kDownstreamTag = "Op pressure of Vessel";
-constexpr const char* kUpstreamTag = "Op Press upstream of Vessel";
 
 // A field, and a text typed into it with what its column holds then.
 struct Field {
@@ -156,63 +153,7 @@ TEST(FlashingLosses, tells_a_missing_record_in_words_of_its_own) {
   EXPECT_EQ(run.TakeBoxes(), Texts{"Equipment record not found in LoadLOSFrame"});
 }
 
-// ---- bounds ----
-
-TEST(FlashingLosses, of_50_psig_suit_a_separator_and_a_heater_and_no_tank) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  const std::pair<const char*, const char*> vessels[] = {{"Separator", ""},
-                                                         {"Heater Treater", ""},
-                                                         {"Other", ""},
-                                                         {"Surge Tank", "Value not in expected range (0 to 40)"},
-                                                         {"Storage Tank", "Value not in expected range (0 to 0.25)"}};
-  for (const auto& [vessel, finding] : vessels) {
-    EditMonthOf(run, vessel);
-    run.s.db.Execute("DELETE FROM QC");
-    run.Put({{kDownstream, "50"}, {kUpstream, "50"}});
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding(kDownstreamTag), finding) << vessel;
-    EXPECT_EQ(run.Finding(kUpstreamTag), finding) << vessel;
-  }
-}
-
 // ---- blank records ----
-
-TEST(FlashingLosses, blank_in_a_month_lacks_its_pressures_only_with_a_vessel) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  for (const std::string vessel : {"", "Surge Tank", "Kettle"}) {
-    EditMonthOf(run, vessel);
-    run.s.db.Execute("DELETE FROM QC");
-    run.Click("cmdQC");
-    Found expected = {{"Oil/Condensate Throughput", kBlankFinding},
-                      {"Op temp of Vessel", kBlankFinding},
-                      {"Op Temp upstream of Vessel", kBlankFinding}};
-    if (vessel == "Surge Tank") {
-      expected.emplace_back(kDownstreamTag, kBlankFinding);
-      expected.emplace_back(kUpstreamTag, kBlankFinding);
-    }
-    EXPECT_EQ(run.Findings(), expected) << vessel;
-  }
-}
-
-TEST(FlashingLosses, without_a_vessel_passes_any_pressure_and_keeps_what_was_found) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  EditMonthOf(run, "");
-  run.Put({{kDownstream, "99999"}, {kUpstream, "-5"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(kDownstreamTag), "");
-  EXPECT_EQ(run.Finding(kUpstreamTag), "");
-  EXPECT_EQ(run.At(kDownstream).back, Back::kWindow);
-  EditMonthOf(run, "Surge Tank");
-  run.Put({{kDownstream, "41"}, {kUpstream, "40"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(kDownstreamTag), RangeFinding(0, 40));
-  EditMonthOf(run, "");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(kDownstreamTag), RangeFinding(0, 40)) << "no rule looks at it any more";
-}
 
 TEST(FlashingLosses, keeps_the_finding_of_the_vessel_that_it_was_when_the_new_one_passes) {
   TestRun run;
@@ -228,90 +169,7 @@ TEST(FlashingLosses, keeps_the_finding_of_the_vessel_that_it_was_when_the_new_on
   EXPECT_EQ(run.At(kDownstream).back, Back::kWindow);
 }
 
-TEST(FlashingLosses, asks_nothing_of_the_flash_per_barrel) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  EditMonthOf(run, "Separator");
-  for (const char* text : {"", "-1", "1e9"}) {
-    run.Set("txtLOS_SCFperBarrel", text);
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("SCF per bbl Flash"), "") << text;
-  }
-}
-
-TEST(FlashingLosses, blank_in_its_description_lacks_these_in_their_order) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  run.Click("cmdEdit");
-  const auto findings = [&](const Texts& more) {
-    run.s.db.Execute("DELETE FROM QC");
-    run.Click("cmdQC");
-    Found expected = {{"Type of Vessel", kBlankFinding}, {"API gravity", kBlankFinding}};
-    for (const std::string& tag : more) expected.emplace_back(tag, kBlankFinding);
-    EXPECT_EQ(run.Findings(), expected);
-  };
-  const Texts outlet = {"Outlet Height", "Outlet Diameter", "Exhaust Exit Velocity", "Exhaust Exit Temperature",
-                        "Exhaust Outlet Orientation"};
-  findings({"Emissions Destination"});
-  run.Set(kDestination, "Vented Locally");
-  findings(outlet);
-  run.Set(kDestination, "Flared Locally");
-  findings(outlet);
-  run.Set(kDestination, "Flared Remotely");
-  findings({"Low Pressure Vent/Flare ID"});
-  run.Set(kDestination, "Routed to System");
-  findings({});
-}
-
 // ---- conditions ----
-
-TEST(FlashingLosses, keeps_the_outlet_s_findings_when_the_destination_stops_being_local) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  run.Click("cmdEdit");
-  for (const char* other : {"Vented Remotely", "Flared Remotely", "Routed to System"}) {
-    run.Set(kDestination, "Vented Locally");
-    run.Set("txtLOS_ExhaustOutletHgt", "20");
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Outlet Height"), RangeFinding(30, 100));
-    run.Set(kDestination, other);
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Outlet Height"), RangeFinding(30, 100)) << other;
-    EXPECT_EQ(run.Finding("Exhaust Exit Temperature"), kBlankFinding) << other;
-  }
-  // the next local run looks again
-  run.Put({{kDestination, "Flared Locally"}, {"txtLOS_ExhaustOutletHgt", "30"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Outlet Height"), "");
-}
-
-TEST(FlashingLosses, of_an_outlet_at_20_feet_fail_where_an_amine_unit_passes) {
-  struct {
-    const char *type, *height, *tag, *finding;
-  } const cases[] = {{"LOS", "txtLOS_ExhaustOutletHgt", "Outlet Height", "Value not in expected range (30 to 100)"},
-                     {"AMI", "txtAMI_ExhaustOutletHgt", "Ventilation Outlet Height", ""}};
-  for (const auto& one : cases) {
-    TestRun run;
-    run.StartWith(one.type, "X1");
-    run.Keep({{std::string("cmb") + one.type + "_GasesVentOrFlare", "Vented Locally"}, {one.height, "20"}});
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding(one.tag), one.finding) << one.type;
-  }
-}
-
-TEST(FlashingLosses, look_at_no_outlet_in_a_month) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  run.Keep({{kDestination, "Vented Locally"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Count("QC WHERE FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%'"), 5);
-  run.GoTo("LOS", "S1", Mode::kActv);
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND (FieldID LIKE 'Outlet%' OR FieldID LIKE 'Exhaust%' OR FieldID LIKE "
-                      "'Emissions%')"),
-            0);
-  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV'"), 3);
-}
 
 TEST(FlashingLosses, drop_the_remote_vent_when_the_destination_stops_being_remote) {
   TestRun run;
@@ -330,19 +188,6 @@ TEST(FlashingLosses, drop_the_remote_vent_when_the_destination_stops_being_remot
     run.Click("cmdSaveEdits");
     EXPECT_TRUE(IsNull(run.Sql("SELECT SENT_TO_ID FROM ED_LOS"))) << other;
   }
-}
-
-// ---- colours ----
-
-TEST(FlashingLosses, look_passed_again_once_the_vessel_is_chosen) {
-  TestRun run;
-  run.StartWith("LOS", "S1");
-  run.Click("cmdEdit");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.At(kVessel).back, Back::kFlag);
-  run.Set(kVessel, "Other");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.At(kVessel).back, Back::kWindow);
 }
 
 }  // namespace

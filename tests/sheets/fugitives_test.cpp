@@ -1,56 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers.h"
-#include "rules/bounds.h"
+#include "fugitives.h"
 
 namespace merlu::test {
 namespace {
 
-struct Component {
-  const char* control;
-  const char* tag;
-  const char* column;
-};
-
-// In the order in which a run looks at them.
-constexpr Component kComponents[] = {
-    {"txtFUG_Valves", "No. Valves", "VALVES_QTY"},
-    {"txtFUG_PumpSeals", "No. Pump Seals", "PUMP_SEALS_QTY"},
-    {"txtFUG_Connectors", "No. Connectors", "Connectors_qty"},
-    {"txtFUG_Flanges", "No. Flanges", "Flanges_qty"},
-    {"txtFUG_OpenEndedLines", "No. Open Ended Lines", "Open_Ended_Lines_qty"},
-    {"txtFUG_CentCompWetSeals", "No. Compressor wet seals", "CENTCOMPWET_SEALS_QTY"},
-    {"txtFUG_CentCompDrySeals", "No. Compressor dry seals", "CENTCOMPDRY_SEALS_QTY"},
-    {"txtFUG_RecipCompSeals", "No. Recip Compressor seals", "RECIPCOMP_SEALS_QTY"},
-    {"txtFUG_OtherCompSeals", "No. Other Compressor seals", "OTH_COMP_SEALS_QTY"},
-    {"txtFUG_Diaphragms", "No. Diaphragms", "Diaphragms_qty"},
-    {"txtFUG_Drains", "No. Drains", "Drains_qty"},
-    {"txtFUG_DumpArms", "No. Dump Arms", "Dump_Arms_qty"},
-    {"txtFUG_Hatches", "No. Hatches", "Hatches_qty"},
-    {"txtFUG_Instruments", "No. Instruments", "Instruments_qty"},
-    {"txtFUG_Meters", "No. Meters", "Meters_qty"},
-    {"txtFUG_PressureReliefValves", "No. Pressure Relief Valves", "PRES_RELIEF_VALVES_QTY"},
-    {"txtFUG_PolishedRods", "No. Polished Rods", "POLISHED_RODS_QTY"},
-    {"txtFUG_OtherReliefValves", "No. Other Relief Valves", "OTH_RELIEF_VALVES_QTY"},
-};
-
-constexpr const char* kSize = "cmbFUG_FacilitySize";
-constexpr const char* kSmall = "Small (<=1000 components)";
-constexpr const char* kMedium = "Medium (1000-10,000 components)";
-constexpr const char* kLarge = "Large (>10,000 components)";
-constexpr const char* kInspected = "cmbFUG_IsLDARInPlace";
-constexpr const char* kMonths = "txtFUG_MonthsBetweenInspections";
-constexpr const char* kMethod = "cmbFUG_MethodOfInspection";
-constexpr const char* kNoMatch = "Facility Size doesn't match inventory";
-
-// A record that no rule finds fault with.
-Values Sound() {
-  Values values = {{"cmbFUG_StreamType", "Gas"},     {kSize, kSmall},
-                   {"txtFUG_WeightPercentVOC", "3"}, {"txtFUG_EquipElev", "60"},
-                   {"cmbFUG_CountType", "Actual"},   {kInspected, "No"}};
-  for (const Component& component : kComponents) values.emplace_back(component.control, "0");
-  return values;
-}
+using namespace fugitives;
 
 // An edit of a new record with sound values.
 struct Sheet {
@@ -67,15 +23,6 @@ struct Sheet {
   }
   TestRun run;
 };
-
-TEST(Fugitives, stand_from_10_to_350_feet_above_the_sea) {
-  Sheet sheet;
-  for (const auto& [elevation, finding] :
-       Values{{"9", RangeFinding(10, 350)}, {"10", ""}, {"350", ""}, {"351", RangeFinding(10, 350)}}) {
-    sheet.run.Set("txtFUG_EquipElev", elevation);
-    EXPECT_EQ(sheet.Finding("Equipment Elevation"), finding) << elevation;
-  }
-}
 
 TEST(Fugitives, of_a_blank_record_lack_every_required_field_in_the_order_of_the_rules) {
   TestRun run;
@@ -96,120 +43,6 @@ TEST(Fugitives, without_a_single_component_are_accepted_on_a_small_facility) {
   EXPECT_EQ(sheet.run.TakeBoxes(), std::vector<std::string>{"QC completed, no errors found"});
 }
 
-TEST(Fugitives, demand_each_count_and_accept_none_below_zero) {
-  Sheet sheet;
-  for (const Component& component : kComponents) {
-    sheet.run.Set(component.control, "");
-    EXPECT_EQ(sheet.Finding(component.tag), kBlankFinding) << component.control;
-    EXPECT_EQ(sheet.run.At(component.control).back, Back::kFlag) << component.control;
-    sheet.run.Set(component.control, "-1");
-    EXPECT_EQ(sheet.Finding(component.tag), "Value under minimum of 0") << component.control;
-    EXPECT_EQ(sheet.run.At(component.control).back, Back::kFlag) << component.control;
-    sheet.run.Set(component.control, "0");
-    EXPECT_EQ(sheet.Finding(component.tag), "") << component.control;
-    EXPECT_EQ(sheet.run.At(component.control).back, Back::kWindow) << component.control;
-  }
-}
-
-TEST(Fugitives, match_their_facility_size_by_the_sum_of_all_components) {
-  struct Case {
-    const char* size;
-    const char* total;
-    bool matches;
-  };
-  Sheet sheet;
-  for (const Case& c :
-       {Case{kSmall, "0", true}, Case{kSmall, "1000", true}, Case{kSmall, "1001", false}, Case{kMedium, "999", false},
-        Case{kMedium, "1000", true}, Case{kMedium, "10000", true}, Case{kMedium, "10001", false},
-        Case{kLarge, "9999", false}, Case{kLarge, "10000", true}, Case{kLarge, "10001", true}}) {
-    sheet.run.Put({{kSize, c.size}, {"txtFUG_Valves", c.total}});
-    EXPECT_EQ(sheet.Finding("Facility Size"), c.matches ? "" : kNoMatch) << c.size << " with " << c.total;
-  }
-}
-
-TEST(Fugitives, count_each_of_the_eighteen_kinds_into_the_sum) {
-  Sheet sheet;
-  for (const Component& component : kComponents) {
-    sheet.run.Set(component.control, "1001");
-    EXPECT_EQ(sheet.Finding("Facility Size"), kNoMatch) << component.control;
-    sheet.run.Set(component.control, "0");
-    EXPECT_EQ(sheet.Finding("Facility Size"), "") << component.control;
-  }
-}
-
-TEST(Fugitives, add_nothing_for_a_blank_count) {
-  Sheet sheet;
-  sheet.run.Put({{"txtFUG_Valves", "1000"}, {"txtFUG_Drains", ""}});
-  EXPECT_EQ(sheet.Finding("Facility Size"), "");
-  EXPECT_EQ(sheet.run.Finding("No. Drains"), kBlankFinding);
-}
-
-TEST(Fugitives, lower_the_sum_by_a_negative_count) {
-  Sheet sheet;
-  sheet.run.Put({{"txtFUG_Valves", "1001"}, {"txtFUG_Drains", "-1"}});
-  EXPECT_EQ(sheet.Finding("Facility Size"), "");
-  EXPECT_EQ(sheet.run.Finding("No. Drains"), "Value under minimum of 0");
-}
-
-TEST(Fugitives, read_a_count_only_as_far_as_its_thousands_comma) {
-  Sheet sheet;
-  sheet.run.Set("txtFUG_Valves", "1,200");
-  EXPECT_EQ(sheet.Finding("Facility Size"), "");
-  sheet.run.Set(kSize, kMedium);
-  EXPECT_EQ(sheet.Finding("Facility Size"), kNoMatch);
-}
-
-TEST(Fugitives, keep_the_sum_in_single_precision) {
-  Sheet sheet;
-  sheet.run.Set("txtFUG_Valves", "1000.00001");
-  EXPECT_EQ(sheet.Finding("Facility Size"), "");
-  sheet.run.Set("txtFUG_Valves", "1000.001");
-  EXPECT_EQ(sheet.Finding("Facility Size"), kNoMatch);
-}
-
-TEST(Fugitives, without_a_facility_size_are_found_blank_and_not_mismatched) {
-  TestRun run;
-  run.StartWith("FUG", "L1");
-  run.Click("cmdEdit");
-  run.Set("txtFUG_Valves", "20000");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Facility Size"), kBlankFinding);
-}
-
-TEST(Fugitives, whose_size_is_put_right_are_no_longer_marked) {
-  Sheet sheet;
-  sheet.run.Set("txtFUG_Valves", "1001");
-  EXPECT_EQ(sheet.Finding("Facility Size"), kNoMatch);
-  EXPECT_EQ(sheet.run.At(kSize).back, Back::kFlag);
-  sheet.run.Set(kSize, kMedium);
-  EXPECT_EQ(sheet.Finding("Facility Size"), "");
-  EXPECT_EQ(sheet.run.At(kSize).back, Back::kWindow);
-}
-
-TEST(Fugitives, lose_the_mark_of_a_list_that_was_blank_at_the_run_before) {
-  TestRun run;
-  run.StartWith("FUG", "L1");
-  run.Click("cmdEdit");
-  run.Set(kInspected, "Yes");
-  run.Click("cmdQC");
-  const Values lists = {
-      {"cmbFUG_StreamType", "Gas"}, {"cmbFUG_CountType", "Actual"}, {kMethod, "Vapor Analyzer"}, {kMonths, "6"}};
-  for (const auto& [list, value] : lists) EXPECT_EQ(run.At(list).back, Back::kFlag) << list;
-  run.Put(lists);
-  run.Click("cmdQC");
-  for (const auto& [list, value] : lists) EXPECT_EQ(run.At(list).back, Back::kWindow) << list;
-}
-
-TEST(Fugitives, under_inspection_need_months_and_method) {
-  Sheet sheet;
-  sheet.run.Set(kInspected, "Yes");
-  EXPECT_EQ(sheet.Finding("Months Between Inspections"), kBlankFinding);
-  EXPECT_EQ(sheet.run.Finding("Method of Inspection"), kBlankFinding);
-  sheet.run.Put({{kMonths, "6"}, {kMethod, "Visual Inspection"}});
-  EXPECT_EQ(sheet.Finding("Months Between Inspections"), "");
-  EXPECT_EQ(sheet.run.Finding("Method of Inspection"), "");
-}
-
 TEST(Fugitives, taken_out_of_inspection_lose_months_and_method_and_their_findings) {
   Sheet sheet;
   sheet.run.Put({{kInspected, "Yes"}, {kMonths, "6"}});
@@ -223,24 +56,6 @@ TEST(Fugitives, taken_out_of_inspection_lose_months_and_method_and_their_finding
   EXPECT_EQ(sheet.run.WhyNotSet(kMethod), "is locked");
   EXPECT_EQ(sheet.Finding("Method of Inspection"), "");
   EXPECT_EQ(sheet.run.Finding("Months Between Inspections"), "");
-}
-
-TEST(Fugitives, taken_out_of_inspection_keep_a_finding_of_another_text) {
-  Sheet sheet;
-  for (const std::string field : {"Months Between Inspections", "Method of Inspection"}) {
-    sheet.run.s.db.Execute(
-        "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
-        "VALUES ('12345',0,0,'EQUIPMENT','1001','1','FUG','L1',?,'Seldom enough','','DESC')",
-        {field});
-    EXPECT_EQ(sheet.Finding(field), "Seldom enough");
-  }
-}
-
-TEST(Fugitives, with_months_that_are_no_number_are_found_without_months) {
-  Sheet sheet;
-  sheet.run.Put({{kInspected, "Yes"}, {kMonths, "abc"}});
-  EXPECT_EQ(sheet.Finding("Months Between Inspections"), kBlankFinding);
-  EXPECT_EQ(sheet.run.Text(kMonths), "");
 }
 
 TEST(Fugitives, open_for_inspection_only_what_inspection_needs) {
@@ -417,21 +232,6 @@ TEST(Fugitives, keep_the_control_device_out_of_sight) {
   run.Click("cmdEdit");
   EXPECT_EQ(run.WhyNotSet("cmbFUG_OtherControlDevice"), "is hidden");
   EXPECT_EQ(run.WhyNotSet("txtFUG_OtherControlEffVOC"), "is hidden");
-}
-
-TEST(Fugitives, add_the_seals_of_compressors_up_first) {
-  TestRun run;
-  run.StartWith("FUG", "F1");
-  run.Click("cmdEdit");
-  run.Put({{"cmbFUG_FacilitySize", "Small (<=1000 components)"},
-           {"txtFUG_CentCompWetSeals", "2000"},
-           {"txtFUG_Valves", "1e20"},
-           {"txtFUG_PumpSeals", "-1e20"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Facility Size"), "") << "2000 is lost beside 1E+20, which the pump seals take away again";
-  run.Put({{"txtFUG_Valves", "0"}, {"txtFUG_PumpSeals", "0"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Facility Size"), "Facility Size doesn't match inventory");
 }
 
 }  // namespace

@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "same_rules.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Found = std::vector<std::pair<std::string, std::string>>;
 
-constexpr const char* kExceeds = "Value exceeds N.G. throughput for structure";
 constexpr const char* kThroughput = "txtGLY_TotalGasThru";
 constexpr const char* kDestination = "cmbGLY_GasesVentOrFlare";
 constexpr const char* kTechnology = "cmbGLY_ControlTechnology";
@@ -204,60 +202,6 @@ TEST(Glycol, shows_no_choice_for_a_code_that_no_item_has) {
   EXPECT_EQ(StoredText(run, "STRIPPING_GAS"), "NONE");
 }
 
-// ---- blank records ----
-
-TEST(Glycol, blank_in_a_month_lacks_its_throughput) {
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.GoTo("GLY", "G1", Mode::kActv);
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Findings(), (Found{{"Processed Throughput", kBlankFinding}}));
-}
-
-TEST(Glycol, blank_in_its_description_lacks_these_in_their_order) {
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  const auto findings = [&](std::initializer_list<const char*> tags) {
-    run.s.db.Execute("DELETE FROM QC");
-    run.Click("cmdQC");
-    Found expected;
-    for (const char* tag : tags) expected.emplace_back(tag, kBlankFinding);
-    EXPECT_EQ(run.Findings(), expected);
-  };
-  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Equipped with flash tank?",
-            "Uses stripping gas?", "Emissions Destination", "Installed Control Equipment"});
-  run.Click("cmdEdit");
-  run.Put({{kFlashTank, "Yes"},
-           {kStripping, "Nitrogen"},
-           {kDestination, "Vented Locally"},
-           {kTechnology, kCondenser},
-           {kDevice, "Yes"}});
-  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Flash Tank Temperature",
-            "Flash Tank Pressure", "Stripping Gas Flowrate", "Ventilation Outlet Height",
-            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Exit Temperature",
-            "Ventilation Outlet Orientation", "Condenser Temperature", "Condenser Pressure",
-            "Other Control Equipment Descript."});
-  run.Put({{kDestination, "Flared Locally"},
-           {kTechnology, "None"},
-           {kDevice, "No"},
-           {kFlashTank, "No"},
-           {kStripping, "None"}});
-  findings({"Destination of Flash Gas", "Wet Gas Temperature", "Wet Gas Pressure", "Ventilation Outlet Height",
-            "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity", "Ventilation Outlet Orientation",
-            "Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"});
-}
-
-TEST(Glycol, without_a_flash_tank_still_needs_a_destination_of_the_flash_gas) {
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.Keep({{kFlashTank, "No"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Destination of Flash Gas"), kBlankFinding);
-  run.Keep({{"cmbGLY_Disposition", "vented to atm"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Destination of Flash Gas"), "");
-}
-
 // ---- conditions ----
 
 TEST(Glycol, locks_flash_tank_and_stripping_gas_fields_that_do_not_apply_and_keeps_their_texts) {
@@ -295,26 +239,6 @@ TEST(Glycol, locks_flash_tank_and_stripping_gas_fields_that_do_not_apply_and_kee
   EXPECT_EQ(StoredText(run, "STRIPPING_GAS_FLOWRATE"), "7");
 }
 
-TEST(Glycol, withdraws_the_findings_of_fields_that_no_longer_apply) {
-  const std::vector<ListCase> cases = {
-      {kFlashTank, "Yes", "No", {"Flash Tank Temperature", "Flash Tank Pressure"}},
-      {kStripping, "Dry Gas", "None", {"Stripping Gas Flowrate"}},
-      {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
-      {kDevice, "Yes", "No", {"Other Control Equipment Descript."}},
-      {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
-      {kDestination,
-       "Flared Locally",
-       "Vented Locally",
-       {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}},
-      {kDestination,
-       "Vented Locally",
-       "Vented Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-        "Ventilation Outlet Orientation"}},
-  };
-  ExpectWithdrawnWithoutTheChoice({"GLY", "G1"}, cases);
-}
-
 TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_their_values) {
   TestRun run;
   run.StartWith("GLY", "G1");
@@ -331,17 +255,6 @@ TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_t
   for (const char* column :
        {"OTH_CTRL_EFFIC_SOX", "OTH_CTRL_EFFIC_NOX", "OTH_CTRL_EFFIC_CO", "OTH_CTRL_EFFIC_VOC", "OTH_CTRL_EFFIC_PM10"})
     EXPECT_EQ(StoredText(run, column), "99.91") << column;
-}
-
-TEST(Glycol, looks_after_the_condenser_of_a_combined_recovery_too) {
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.Click("cmdEdit");
-  run.At(kTechnology).text = "SR + VR/C";  // no item of this list
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Installed Control Equipment"), "");
-  EXPECT_EQ(run.Finding("Condenser Temperature"), kBlankFinding);
-  EXPECT_EQ(run.Finding("Condenser Pressure"), kBlankFinding);
 }
 
 TEST(Glycol, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts) {
@@ -369,38 +282,6 @@ TEST(Glycol, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts) 
   expect(device, false, "No");
   for (const std::string& name : condenser) EXPECT_EQ(run.Text(name), "50") << name;
   for (const std::string& name : device) EXPECT_EQ(run.Text(name), "60") << name;
-}
-
-// ---- the structure's throughput ----
-
-TEST(Glycol, may_not_process_more_than_its_structure) {
-  ExpectNoMoreThanTheStructure(
-      {"GLY", "G1"},
-      {"THRU_NG", kThroughput, "Processed Throughput", kExceeds, 15500, {"1000", "1000.00001", "1000.001"}});
-}
-
-// ---- colours ----
-
-TEST(Glycol, looks_passed_again_once_a_required_field_is_filled) {
-  const Values fields = {{"cmbGLY_Disposition", "routed to system"},
-                         {kFlashTank, "No"},
-                         {kStripping, "None"},
-                         {kTechnology, "None"},
-                         {"txtGLY_OtherControlDesc", "scrubber"}};
-  ExpectPassedOnceFilled({"GLY", "G1"}, {{kDevice, "Yes"}}, fields);
-}
-
-TEST(Glycol, marks_an_efficiency_only_while_it_is_filled) {
-  TestRun run;
-  run.StartWith("GLY", "G1");
-  run.Click("cmdEdit");
-  run.Put({{kDevice, "Yes"}, {"txtGLY_OtherControlEffCO", "100"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.At("txtGLY_OtherControlEffCO").back, Back::kFlag);
-  EXPECT_EQ(run.At("txtGLY_OtherControlEffVOC").back, Back::kWindow);
-  run.Set("txtGLY_OtherControlEffCO", "99.9");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.At("txtGLY_OtherControlEffCO").back, Back::kWindow);
 }
 
 }  // namespace

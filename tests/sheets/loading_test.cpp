@@ -1,21 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "base/numbers.h"
-#include "same_rules.h"
+#include "rules/bounds.h"
 
 namespace merlu::test {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Found = std::vector<std::pair<std::string, std::string>>;
 
-constexpr const char* kVolume = "txtLOA_VolLoaded";
 constexpr const char* kDestination = "cmbLOA_GasesVentOrFlare";
-constexpr const char* kDestinationTag = "Gases Vented/Flared?";
 constexpr const char* kTechnology = "cmbLOA_ControlTechnology";
 constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
 constexpr const char* kDevice = "cmbLOA_OtherControlDevice";
-constexpr const char* kExceeds = "Value exceeds crude oil throughput for structure";
 
 // A field, and a text typed into it with what its column holds then.
 struct Field {
@@ -66,17 +61,6 @@ const Field kDescription[] = {
     {"txtLOA_OtherControlEffVOC", "VOC Efficiency (%):", "VOC Control Efficiency", "OTH_CTRL_EFFIC_VOC", "21.5",
      "21.5"},
 };
-
-// The numbers of the description that a month is checked for too.
-struct Standing {
-  Bound bound;
-  const char* column;
-};
-const Standing kStanding[] = {
-    {{"txtLOA_EquipElev", "Average Elevation", 10, 350}, "EQUIP_ELEV"},
-    {{"txtLOA_ReidVP", "Product Reid Vapor Pressure", 0.1, 20}, "REID_VP"},
-    {{"txtLOA_TankVaporWeightPercentVOC", "Avg. % by Weight VOCs", 0, 100}, "TANK_VAPWGT_PVOC"},
-    {{"txtLOA_TankVOCMolWeight", "Avg. Molecular Weight of VOCs", 16, 254}, "TANK_VOC_MOLEWGT"}};
 
 std::string StoredText(TestRun& run, const std::string& column, const std::string& table = "ED_LOA") {
   return NullToEmpty(run.Sql("SELECT " + column + " FROM " + table));
@@ -180,79 +164,7 @@ TEST(Loading, keeps_each_item_of_its_lists_as_its_code) {
   }
 }
 
-// ---- bounds ----
-
-TEST(Loading, is_held_in_a_month_to_the_bounds_of_its_description_too) {
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  run.GoTo("LOA", "L1", Mode::kActv);
-  const auto attempt = [&](const char* what, auto value, auto expected) {
-    for (const Standing& one : kStanding)
-      run.s.db.Execute(std::string("UPDATE ED_LOA SET ") + one.column + "=" + value(one.bound));
-    run.Select(run.Key("", "", 1));
-    run.Select(run.Key("LOA", "L1", 1));
-    run.Click("cmdQC");
-    for (const Standing& one : kStanding)
-      EXPECT_EQ(run.Finding(one.bound.tag), expected(one.bound)) << one.bound.control << " " << what;
-  };
-  const auto none = [](const Bound&) { return std::string(); };
-  const auto range = [](const Bound& bound) { return RangeFinding(bound.low, bound.high); };
-  attempt(
-      "blank", [](const Bound&) { return std::string("NULL"); },
-      [](const Bound&) { return std::string(kBlankFinding); });
-  attempt(
-      "at the low bound", [](const Bound& b) { return GeneralNumber(b.low); }, none);
-  attempt(
-      "below", [](const Bound& b) { return GeneralNumber(b.low - 0.01); }, range);
-  attempt(
-      "at the high bound", [](const Bound& b) { return GeneralNumber(b.high); }, none);
-  attempt(
-      "above", [](const Bound& b) { return GeneralNumber(b.high + 0.01); }, range);
-  EXPECT_EQ(run.Count("QC WHERE EditMode<>'ACTV' OR [Month]<>1"), 0) << "the findings are the month's";
-}
-
 // ---- blank records ----
-
-TEST(Loading, blank_in_a_month_lacks_its_description_as_well) {
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  run.GoTo("LOA", "L1", Mode::kActv);
-  run.Click("cmdQC");
-  Found expected;
-  for (const char* tag : {"Volume Loaded", "Average Elevation", "Storage Tank Paint Color",
-                          "Storage Tank Paint Condition", "Bulk Liquid Temperature", "Product Reid Vapor Pressure",
-                          "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
-    expected.emplace_back(tag, kBlankFinding);
-  EXPECT_EQ(run.Findings(), expected);
-  EXPECT_EQ(run.Count("QC WHERE EditMode='ACTV' AND [Month]=1"), 8);
-}
-
-TEST(Loading, blank_in_its_description_lacks_these_in_their_order_and_no_destination) {
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  run.Click("cmdEdit");
-  const auto findings = [&](const Texts& more) {
-    run.s.db.Execute("DELETE FROM QC");
-    run.Click("cmdQC");
-    Found expected;
-    for (const char* tag : {"Average Elevation", "Storage Tank Paint Color", "Storage Tank Paint Condition",
-                            "Product Reid Vapor Pressure", "Avg. % by Weight VOCs", "Avg. Molecular Weight of VOCs"})
-      expected.emplace_back(tag, kBlankFinding);
-    for (const std::string& tag : more) expected.emplace_back(tag, kBlankFinding);
-    EXPECT_EQ(run.Findings(), expected);
-  };
-  findings({"Installed Control Equipment"});
-  run.Put({{kDestination, "Vented Locally"}, {kTechnology, kCondenser}, {kDevice, "Yes"}});
-  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-            "Ventilation Exit Temperature", "Ventilation Outlet Orientation", "Condenser Temperature",
-            "Condenser Pressure", "Other Control Equipment Descript."});
-  run.Put({{kDestination, "Flared Locally"}, {kTechnology, "None"}, {kDevice, "No"}});
-  findings({"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-            "Ventilation Outlet Orientation", "Flare Feed Rate", "Flare Combustion Temperature",
-            "Flare Combustion Efficiency"});
-  run.Set(kDestination, "Vented Remotely");
-  findings({"Low Pressure Vent/Flare ID"});
-}
 
 TEST(Loading, is_asked_for_its_description_in_each_mode_by_a_finding_of_that_mode) {
   TestRun run;
@@ -274,46 +186,6 @@ TEST(Loading, is_asked_for_its_description_in_each_mode_by_a_finding_of_that_mod
 }
 
 // ---- conditions ----
-
-TEST(Loading, withdraws_what_stands_on_its_destination_unless_that_is_local) {
-  TestRun run;
-  run.StartWith("LOA", "L1");
-  const auto leave_finding = [&] {
-    run.s.db.Execute("DELETE FROM QC");
-    run.Click("cmdQC");
-    run.s.db.Execute(std::string("UPDATE QC SET FieldID='") + kDestinationTag +
-                     "', [Desc]='as in an old run' WHERE FieldID='Average Elevation'");
-    run.Click("cmdQC");
-    return run.Finding(kDestinationTag);
-  };
-  EXPECT_EQ(leave_finding(), "") << "blank";
-  for (const char* local : {"Vented Locally", "Flared Locally"}) {
-    run.Keep({{kDestination, local}});
-    EXPECT_EQ(leave_finding(), "as in an old run") << local;
-  }
-  for (const char* remote : {"Vented Remotely", "Flared Remotely"}) {
-    run.Keep({{kDestination, remote}});
-    EXPECT_EQ(leave_finding(), "") << remote;
-  }
-}
-
-TEST(Loading, withdraws_the_findings_of_fields_that_no_longer_apply) {
-  const std::vector<ListCase> cases = {
-      {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
-      {kDevice, "Yes", "No", {"Other Control Equipment Descript."}},
-      {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
-      {kDestination,
-       "Flared Locally",
-       "Vented Locally",
-       {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}},
-      {kDestination,
-       "Vented Locally",
-       "Flared Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-        "Ventilation Outlet Orientation"}},
-  };
-  ExpectWithdrawnWithoutTheChoice({"LOA", "L1"}, cases);
-}
 
 TEST(Loading, without_another_control_device_keeps_its_efficiency_and_raises_nothing) {
   TestRun run;
@@ -356,23 +228,6 @@ TEST(Loading, turns_condenser_and_other_device_on_and_off_and_keeps_their_texts)
     expect(one.fields, false, std::string("opened with ") + one.without);
     for (const std::string& name : one.fields) EXPECT_EQ(run.Text(name), "7") << name << " after the save";
   }
-}
-
-// ---- the structure's throughput ----
-
-TEST(Loading, may_not_load_more_than_its_structure_passes) {
-  ExpectNoMoreThanTheStructure(
-      {"LOA", "L1"}, {"THRU_OIL", kVolume, "Volume Loaded", kExceeds, 5000000, {"4000000", "4000000.1", "4000000.5"}});
-}
-
-// ---- colours ----
-
-TEST(Loading, looks_passed_again_once_a_required_field_is_filled) {
-  const Values fields = {{"cmbLOA_TankPaintColor", "Grey/Light"},
-                         {"cmbLOA_TankPaintCondition", "Good"},
-                         {kTechnology, "None"},
-                         {"txtLOA_OtherControlDesc", "scrubber"}};
-  ExpectPassedOnceFilled({"LOA", "L1"}, {{kDevice, "Yes"}}, fields);
 }
 
 }  // namespace

@@ -11,25 +11,6 @@ using Names = std::vector<std::string>;
 
 const char* const kMud = "cmbMud_MudType";
 
-TEST(MudDegassing, may_take_31_days_of_february_and_neither_0_nor_32) {
-  TestRun run;
-  run.StartWith("MUD", "M1");
-  run.AddMonth();
-  for (int month : {1, 2}) {
-    run.GoTo("MUD", "M1", Mode::kActv, month);
-    run.Click("cmdEdit");
-    for (const auto& [days, finding] : Values{{"0", "Value not in expected range (1 to 31)"},
-                                              {"31", ""},
-                                              {"32", "Value not in expected range (1 to 31)"},
-                                              {"", "Required field left blank"}}) {
-      run.Set("txtMUD_DaysPerMonth", days);
-      run.Click("cmdQC");
-      EXPECT_EQ(run.Finding("Days per Month", "[Month]=" + std::to_string(month)), finding) << month << ": " << days;
-    }
-    run.Click("cmdCANCEL");
-  }
-}
-
 TEST(MudDegassing, shows_water_for_any_mud_that_it_does_not_know) {
   TestRun run;
   run.StartWith("MUD", "M1");

@@ -10,7 +10,6 @@ constexpr const char* kMake = "cmbPRE_Mfr";
 constexpr const char* kModel = "cmbPRE_Model";
 constexpr const char* kHours = "txtPRE_HrsOperated";
 constexpr const char* kRate = "txtPRE_FuelUsageRate";
-constexpr const char* kNotOverZero = "Required value should be greater than 0";
 constexpr const char* kAdding = "Adding new Make-Model to lookup.";
 
 using Texts = std::vector<std::string>;
@@ -34,76 +33,6 @@ struct Month {
 void Reload(TestRun& run) {
   run.Select(run.Key());
   run.Select(run.Key("PRE", "C1"));
-}
-
-TEST(PneumaticControllers, need_make_model_bleed_rate_and_quantity) {
-  TestRun run;
-  run.StartWith("PRE", "C1");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Findings(), (Values{{"Equipment Manufacturer", kBlankFinding},
-                                    {"Equipment Model", kBlankFinding},
-                                    {"Bleed Rate", kBlankFinding},
-                                    {"Number of Units", kBlankFinding}}));
-  run.Keep({{kMake, "Generic"},
-            {kModel, "Pilot controller"},
-            {"cmbPRE_BleedRate", "Zero-bleed"},
-            {"txtPRE_Quantity", "-3"},
-            {"txtPRE_EquipElev", "-99999"}});
-  run.TakeBoxes();
-  run.Click("cmdQC");
-  EXPECT_EQ(run.TakeBoxes(), Texts{"QC completed, no errors found"});
-}
-
-TEST(PneumaticControllers, need_a_service_type) {
-  TestRun run;
-  run.StartWith("PRE", "C1");
-  run.Click("cmdEdit");
-  SelectItem(*run.s.desk.Find("frmPRE"), kService, -1);
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Service Type"), kBlankFinding);
-  run.Set(kService, "LC");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Service Type"), "");
-}
-
-TEST(PneumaticControllers, lose_the_marks_of_what_was_blank_at_the_run_before) {
-  TestRun run;
-  run.StartWith("PRE", "C1");
-  run.Click("cmdEdit");
-  run.Click("cmdQC");
-  const Values values = {
-      {kMake, "Generic"}, {kModel, "Pilot controller"}, {"cmbPRE_BleedRate", "Zero-bleed"}, {"txtPRE_Quantity", "3"}};
-  for (const auto& [field, value] : values) EXPECT_EQ(run.At(field).back, Back::kFlag) << field;
-  run.Put(values);
-  run.Click("cmdQC");
-  for (const auto& [field, value] : values) EXPECT_EQ(run.At(field).back, Back::kWindow) << field;
-}
-
-TEST(PneumaticControllers, that_run_need_a_rate_over_zero) {
-  Month month;
-  EXPECT_EQ(month.Rate("5", "0"), kNotOverZero);
-  EXPECT_EQ(month.run.At(kRate).back, Back::kFlag);
-  EXPECT_EQ(month.Rate("5", ""), kNotOverZero);
-  EXPECT_EQ(month.Rate("5", "-1"), kNotOverZero);
-  EXPECT_EQ(month.Rate("5", "0.1"), "");
-  EXPECT_EQ(month.run.At(kRate).back, Back::kWindow);
-}
-
-TEST(PneumaticControllers, that_stand_still_lose_the_finding_of_their_rate) {
-  for (const char* hours : {"0", "", "-2"}) {
-    Month month;
-    EXPECT_EQ(month.Rate("5", ""), kNotOverZero);
-    EXPECT_EQ(month.Rate(hours, ""), "") << "hours " << hours;
-    EXPECT_EQ(month.run.At(kRate).back, Back::kWindow) << "hours " << hours;
-  }
-}
-
-TEST(PneumaticControllers, hold_nobody_to_the_hours_of_a_month) {
-  Month month;
-  for (const char* hours : {"", "99999", "-1"}) {
-    month.Rate(hours, "5");
-    EXPECT_EQ(month.run.Count("QC"), 0) << "hours " << hours;
-  }
 }
 
 TEST(PneumaticControllers, without_emissions_are_not_looked_at) {

@@ -7,54 +7,6 @@ using namespace routing;
 
 class RoutingRules : public Routing {};
 
-// ---- the rules of destination and remote one ----
-
-TEST_P(RoutingRules, asks_for_a_destination_where_its_sheet_does) {
-  StartOnSheet();
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(sheet().destination_tag), sheet().required ? kBlankFinding : "");
-  EXPECT_EQ(Destination().back, sheet().required ? Back::kFlag : Back::kFace);
-  run.Click("cmdEdit");
-  Go("Vented Locally");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding(sheet().destination_tag), "");
-  EXPECT_EQ(Destination().back, Back::kWindow);
-}
-
-TEST_P(RoutingRules, asks_for_the_remote_one_and_withdraws_that_for_any_other_destination) {
-  StartAmongVentsAndFlares();
-  run.Click("cmdEdit");
-  Texts others = {"Vented Locally", "Flared Locally"};
-  if (sheet().to_system) others.push_back("Routed to System");
-  for (const char* remote : {"Vented Remotely", "Flared Remotely"}) {
-    for (const std::string& other : others) {
-      Go(remote);
-      run.Click("cmdQC");
-      EXPECT_EQ(RemoteFinding(), kBlankFinding) << remote;
-      EXPECT_EQ(SentTo().back, Back::kFlag) << remote;
-      Go(other);
-      run.Click("cmdQC");
-      EXPECT_EQ(RemoteFinding(), "") << other;
-    }
-    Go(remote);
-    run.Click("cmdQC");
-    run.Set(sheet().sent_to(), SentTo().items.at(1));
-    run.Click("cmdQC");
-    EXPECT_EQ(RemoteFinding(), "") << remote;
-  }
-}
-
-TEST_P(RoutingRules, looks_passed_again_once_the_remote_one_is_given) {
-  StartAmongVentsAndFlares();
-  run.Click("cmdEdit");
-  Go("Vented Remotely");
-  run.Click("cmdQC");
-  ASSERT_EQ(SentTo().back, Back::kFlag);
-  run.Set(sheet().sent_to(), "Vent: V1");
-  run.Click("cmdQC");
-  EXPECT_EQ(SentTo().back, Back::kWindow);
-}
-
 TEST_P(RoutingRules, without_the_remote_one_changes_the_destination_in_the_save_s_own_run_only) {
   struct {
     const char *remote, *code, *box, *local, *local_code;

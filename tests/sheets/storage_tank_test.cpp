@@ -168,19 +168,6 @@ TEST(StorageTank, offers_no_dimension_before_both_lists_are_chosen) {
   EXPECT_TRUE(run.At("txtSTO_TankShellHgt").enabled);
 }
 
-TEST(StorageTank, asks_for_the_dimensions_of_its_shape_and_orientation) {
-  TestRun run;
-  run.StartWith("STO", "T1");
-  for (int round = 0; round < 2; ++round)
-    for (const Geometry& geometry : kGeometries) {
-      Shape(run, geometry, "NULL");
-      run.Click("cmdQC");
-      for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(run.Finding(kDimensions[i].tag), geometry.in_rules[i] != '.' ? kBlankFinding : "")
-            << kDimensions[i].tag << " of " << Words(geometry);
-    }
-}
-
 TEST(StorageTank, stores_the_dimensions_of_its_shape_and_orientation_and_drops_the_others) {
   TestRun run;
   run.StartWith("STO", "T1");
@@ -261,15 +248,44 @@ TEST(StorageTank, in_a_month_leaves_what_its_lists_turn_on_and_off_alone) {
   }
 }
 
-TEST(StorageTank, depends_on_its_flash_tank_in_nothing) {
+// ---- what a run leaves ----
+
+TEST(StorageTank, without_another_control_device_keeps_its_efficiency_and_raises_nothing) {
   TestRun run;
   run.StartWith("STO", "T1");
+  run.Keep({{"cmbSTO_OtherControlDevice", "Yes"}, {"txtSTO_OtherControlEffVOC", "100"}});
   run.Click("cmdQC");
-  const Found blank = run.Findings();
-  run.Keep({{"cboEquippedWithFlashTank", "Yes"}});
+  EXPECT_EQ(run.Finding("VOC Efficiency"), RangeFinding(0, 99.9));
+  run.Keep({{"cmbSTO_OtherControlDevice", "No"}});
   run.Click("cmdQC");
-  EXPECT_EQ(run.Findings(), blank);
-  EXPECT_EQ(run.Finding("Equipped with flash tank"), "");
+  EXPECT_EQ(run.Finding("VOC Efficiency"), "");
+  EXPECT_EQ(StoredText(run, "OTH_CTRL_EFFIC_VOC"), "100");
+}
+
+// Dimensions as stored, then the month of the tank in an edit.
+void GoToMonthOf(TestRun& run, const char* shape, const char* orientation, const char* diameter, const char* height) {
+  const auto code = [](const char* text) {
+    return *text == '\0' ? std::string("NULL") : "'" + std::string(1, *text) + "'";
+  };
+  run.s.db.Execute("UPDATE ED_STO SET TANK_SHAPE=" + code(shape) + ", TANK_ORIENTATION=" + code(orientation) +
+                   ", TANK_SHELL_DIAM=" + diameter + ", TANK_SHELL_HGT=" + height);
+  run.GoTo("STO", "T1", Mode::kActv);
+  run.Select(run.Key("", "", 1));
+  run.Select(run.Key("STO", "T1", 1));
+  run.Click("cmdEdit");
+}
+
+TEST(StorageTank, forgets_what_explained_a_low_liquid_height_at_the_next_run) {
+  TestRun run;
+  run.StartWith("STO", "T1");
+  GoToMonthOf(run, "Cylindrical", "Vertical", "NULL", "30");
+  run.Set(kLiquid, "0.5");
+  run.Click("cmdQC");
+  run.s.db.Execute("UPDATE QC SET Comments='being emptied'");
+  run.Click("cmdQC");
+  EXPECT_EQ(run.Finding("Avg Liquid Height"), "Value not in expected range (1 to 50)");
+  EXPECT_EQ(run.Count("QC WHERE FieldID='Avg Liquid Height' AND Comments=''"), 1);
+  EXPECT_EQ(run.Count("QC WHERE FieldID='API Gravity' AND Comments='being emptied'"), 1) << "as other fields do not";
 }
 
 }  // namespace

@@ -2,107 +2,12 @@
 
 #include <array>
 
-#include "rules/bounds.h"
+#include "support/test_run.h"
 
 namespace merlu::test {
 namespace {
 
 const char* const kTechnology = "cmbVEN_ControlTechnology";
-
-// FieldIDs of the open findings, in the order of the log.
-std::string Fields(TestRun& run) {
-  return NullToEmpty(run.Sql("SELECT group_concat(FieldID,'|') FROM (SELECT FieldID FROM QC ORDER BY rowid)"));
-}
-
-TEST(Vent, misses_these_fields_of_a_blank_description_in_this_order) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.Click("cmdQC");
-  EXPECT_EQ(Fields(run),
-            "Vent Type|Stack Outlet Elevation|Stack Orientation|Stack Inner Diameter|Exit Velocity|Exit Temperature|"
-            "Installed Control Equipment");
-  EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'DESC'"), 0);
-}
-
-TEST(Vent, misses_these_fields_of_a_blank_month_in_this_order) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.GoTo("VEN", "V1", Mode::kActv);
-  run.Click("cmdQC");
-  EXPECT_EQ(
-      Fields(run),
-      "Hours Operated, excl upsets|Volume Vented, incl upsets|Vent Gas H2S Concentration|Vent Gas VOC Concentration|"
-      "Avg Molecular Weight of VOCs");
-  EXPECT_EQ(run.Count("QC WHERE [Desc]<>'Required field left blank' OR EditMode<>'ACTV'"), 0);
-}
-
-TEST(Vent, is_asked_for_its_molecular_weight_in_every_month) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.AddMonth();
-  for (int month : {1, 2}) {
-    run.GoTo("VEN", "V1", Mode::kActv, month);
-    run.Click("cmdQC");
-    EXPECT_EQ(run.Finding("Avg Molecular Weight of VOCs", "[Month]=" + std::to_string(month)), kBlankFinding);
-  }
-}
-
-TEST(Vent, fails_at_a_stack_temperature_that_is_far_below_a_flare_s) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.Click("cmdEdit");
-  run.Set("txtVEN_StackT", "201");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Exit Temperature"), "Value not in expected range (0 to 200)");
-  run.Set("txtVEN_StackT", "200");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Exit Temperature"), "");
-  run.Click("cmdCANCEL");
-  run.Select(run.Key());
-  run.AddEquipment("FLA", "F1");
-  run.Click("cmdEdit");
-  run.Set("txtFLA_StackExitT", "1099");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Avg. Combustion Temperature"), "Value not in expected range (1100 to 2000)");
-  run.Set("txtFLA_StackExitT", "1100");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Avg. Combustion Temperature"), "");
-}
-
-TEST(Vent, with_a_condenser_of_blank_temperature_and_pressure_passes) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.Click("cmdEdit");
-  run.Set(kTechnology, "Condenser");
-  run.Click("cmdQC");
-  EXPECT_GT(run.Count("QC"), 0);
-  EXPECT_EQ(run.Count("QC WHERE FieldID LIKE 'Condenser%'"), 0);
-}
-
-TEST(Vent, without_a_condenser_loses_the_condenser_s_findings) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.Click("cmdEdit");
-  run.Put({{kTechnology, "Condenser"}, {"txtVEN_CondenserT", "31"}, {"txtVEN_CondenserP", "1001"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Condenser Temperature"), "Value not in expected range (32 to 212)");
-  EXPECT_EQ(run.Finding("Condenser Pressure"), "Value not in expected range (0.5 to 1000)");
-  run.Set(kTechnology, "None");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Count("QC WHERE FieldID LIKE 'Condenser%'"), 0);
-  EXPECT_GT(run.Count("QC"), 0);
-}
-
-TEST(Vent, keeps_a_standing_condenser_finding_while_the_field_is_blank) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.Click("cmdEdit");
-  run.Put({{kTechnology, "Condenser"}, {"txtVEN_CondenserT", "31"}});
-  run.Click("cmdQC");
-  run.Set("txtVEN_CondenserT", "");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Condenser Temperature"), "Value not in expected range (32 to 212)");
-}
 
 TEST(Vent, turns_the_condenser_s_fields_on_and_off_without_losing_their_texts) {
   TestRun run;
@@ -140,23 +45,6 @@ TEST(Vent, turns_the_condenser_s_fields_on_when_an_edit_begins_in_either_mode) {
     }
     run.Click("cmdCANCEL");
   }
-}
-
-TEST(Vent, leaves_a_required_list_flagged_when_it_passes) {
-  TestRun run;
-  run.StartWith("VEN", "V1");
-  run.Click("cmdEdit");
-  run.Click("cmdQC");
-  EXPECT_EQ(run.At("cmbVEN_VentType").back, Back::kFlag);
-  EXPECT_EQ(run.At(kTechnology).back, Back::kFlag);
-  EXPECT_EQ(run.At("txtVEN_StackT").back, Back::kFlag);
-  run.Put({{"cmbVEN_VentType", "Low Pressure"}, {kTechnology, "None"}, {"txtVEN_StackT", "100"}});
-  run.Click("cmdQC");
-  EXPECT_EQ(run.Finding("Vent Type") + run.Finding("Installed Control Equipment") + run.Finding("Exit Temperature"),
-            "");
-  EXPECT_EQ(run.At("cmbVEN_VentType").back, Back::kFlag);
-  EXPECT_EQ(run.At(kTechnology).back, Back::kFlag);
-  EXPECT_EQ(run.At("txtVEN_StackT").back, Back::kWindow);
 }
 
 TEST(Vent, unlocks_the_hidden_comment_with_the_description) {

@@ -1,4 +1,4 @@
-// Rules that several sheets share, tried on the sheet of one of them.
+// Rules that several sheets share, tried on a record of one of them.
 #pragma once
 
 #include <string>
@@ -8,18 +8,13 @@
 
 namespace merlu::test {
 
-// The equipment that the rules are tried on.
-struct Piece {
-  const char *type, *id;
-};
-
 // Fields that apply with one choice of a list and not with the other.
 struct ListCase {
   const char *list, *with, *without;
   std::vector<std::string> tags;
 };
-// With the choice the blank fields are found; without it a run withdraws the findings, explained ones too.
-void ExpectWithdrawnWithoutTheChoice(const Piece& piece, const std::vector<ListCase>& cases);
+// With the choice the blank fields are found; without it the findings are withdrawn.
+void ExpectWithdrawnWithoutTheChoice(const std::string& type, const std::vector<ListCase>& cases);
 
 // A month's value that may not exceed what its structure passes.
 struct TotalRule {
@@ -31,10 +26,10 @@ struct TotalRule {
     const char *total, *same, *more;  // two values around a total, of which single precision tells only one from it
   } single;
 };
-void ExpectNoMoreThanTheStructure(const Piece& piece, const TotalRule& rule);
+void ExpectNoMoreThanTheStructure(const std::string& type, const TotalRule& rule);
 
 // Fields that are flagged while they are blank are no longer flagged once they hold these values. `setting` makes them
 // required.
-void ExpectPassedOnceFilled(const Piece& piece, const Values& setting, const Values& fields);
+void ExpectPassedOnceFilled(const std::string& type, const Values& setting, const Values& fields);
 
 }  // namespace merlu::test
