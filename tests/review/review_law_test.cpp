@@ -74,16 +74,27 @@ class PlainModel {
     return true;
   }
 
+  struct Structure {
+    std::string complex, number, text;
+  };
+  const Structure& StructureOf(std::int64_t key) {
+    const auto [found, is_new] = structures_.try_emplace(key);
+    Structure& structure = found->second;
+    if (!is_new) return structure;
+    const Rows rows = s_.db.Query("SELECT CMPLX_ID_NUM,STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {key});
+    structure.complex = Trim(NullToEmpty(rows.rows.at(0)[0]));
+    structure.number = Trim(NullToEmpty(rows.rows.at(0)[1]));
+    structure.text = StructureTextOf(s_.db, structure.complex, structure.number);
+    return structure;
+  }
+
   void Take(Mode mode, const JudgedRecord& judged) {
     PlainRecord record;
     const bool months = mode == Mode::kActv, equipment = !judged.IsOfStructure();
     const auto one = [&](const std::string& sql, std::int64_t key) { return s_.db.Single(sql, {key}); };
-    const std::string complex = Trim(NullToEmpty(
-                          one("SELECT CMPLX_ID_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", judged.keys.PD_ID_AK))),
-                      number = Trim(NullToEmpty(
-                          one("SELECT STRUCT_NUM FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", judged.keys.PD_ID_AK)));
+    const auto& [complex, number, structure_text] = StructureOf(judged.keys.PD_ID_AK);
     record.structure = complex + "/" + number;
-    record.structure_text = StructureTextOf(s_.db, complex, number);
+    record.structure_text = structure_text;
     const std::string type = equipment ? judged.sheet->type : "NA";
     const std::string id = equipment ? Trim(std::string(judged.id)) : "NA";
     if (equipment) record.equipment = type + "/" + id;
@@ -157,6 +168,7 @@ class PlainModel {
   }
 
   Session& s_;
+  std::map<std::int64_t, Structure> structures_;
 };
 
 std::string CellText(const std::string& state, int number) {
