@@ -200,8 +200,9 @@ std::string WhyNoCell(const Control& control, int row, int column) {
   return "";
 }
 
+// A row of a list view that is picked again may be another one by now: the list was filled anew.
 void MoveTo(Form& form, Control& control, int row, int column) {
-  if (control.at_row == row && control.at_column == column) return;
+  if (control.grid != nullptr && control.at_row == row && control.at_column == column) return;
   control.at_row = row;
   control.at_column = column;
   form.Raise(control.name, Event::kMoved);

@@ -365,6 +365,19 @@ TEST_F(Tables, hear_when_another_cell_is_in_hand) {
   EXPECT_EQ(moves, 2);
 }
 
+TEST_F(Tables, hear_every_pick_of_a_row_and_of_none) {
+  std::vector<std::vector<int>> heard;
+  form.On("lvwRows", Event::kMoved, [&] { heard.push_back(At("lvwRows").picked); });
+  EXPECT_EQ(act::Pick(desk, form, "lvwRows", {1}), "");
+  rows->Set({{"d", "4"}, {"e", "5"}});
+  At("lvwRows").picked.clear();
+  EXPECT_EQ(act::Pick(desk, form, "lvwRows", {1}), "");
+  EXPECT_EQ(act::Pick(desk, form, "lvwRows", {}), "");
+  At("lvwRows").picked = {0};  // as a dialog opens
+  EXPECT_EQ(act::Pick(desk, form, "lvwRows", {}), "");
+  EXPECT_EQ(heard, (std::vector<std::vector<int>>{{1}, {1}, {}, {}}));
+}
+
 TEST_F(Tables, paste_a_block_at_a_cell) {
   EXPECT_EQ(act::Paste(desk, form, "grdCells", 0, 1, "1\ton\n2"), "");
   ASSERT_EQ(grid->pasted.size(), 1U);

@@ -142,6 +142,19 @@ TEST_F(FindingsDockOf, is_walked_through_from_the_row_that_is_picked) {
   EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated") << "where the user has gone since";
 }
 
+TEST_F(FindingsDockOf, is_walked_through_from_a_row_that_is_picked_after_a_filter) {
+  run.Set("cmbFND_When", "All");
+  RefreshDocks(run.s);
+  run.Pick("lvwFND_List", {0});
+  ASSERT_FALSE(Rows().Text(0, 0).starts_with("2017/01"));
+  run.Set("txtFND_Filter", "2017/01");
+  RefreshDocks(run.s);
+  ASSERT_TRUE(Dock().At("lvwFND_List").picked.empty());
+  run.Pick("lvwFND_List", {0});
+  run.Click("mnuRNext");
+  EXPECT_EQ(Dock().At("lvwFND_List").picked, (std::vector<int>{1}));
+}
+
 TEST_F(FindingsDockOf, keeps_the_structures_of_an_operator_together) {
   run.s.db.Execute("INSERT INTO CO_COMPANY (RIMA_CO_NUM) VALUES ('99')");
   run.s.db.Execute(
