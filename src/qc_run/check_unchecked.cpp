@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "qc_run/run_record.h"
 #include "session/act.h"
+#include "session/place.h"
 #include "session/wait.h"
 
 namespace merlu {
@@ -59,7 +60,8 @@ std::vector<Unchecked> UncheckedOf(Session& s, int month) {
 }  // namespace
 
 CheckedRecords CheckUnchecked(Session& s, int month) {
-  const Act act(s, "Check What Was Not");
+  const std::string year = std::to_string(s.year);
+  const Act act(s, "Check What Was Not", month == 0 ? year : JoinPlace(month, s.year, "", ""), s.current);
   CheckedRecords checked;
   if (!act.MayWrite()) return checked;
   const Standing standing(s);

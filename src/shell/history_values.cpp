@@ -124,8 +124,8 @@ int CountShown(const RecordedTable& table, const KeptRow& row) {
   return count;
 }
 
-// A finding that came or went by its text, one that was explained by its comment. The field says which of them it is,
-// as its own values stand in the same list.
+// A finding that came or went by its text, one that was explained by its comment, also when its row came with the
+// comment. The field says which of them it is, as its own values stand in the same list.
 void TellFinding(const RecordedTable& table, const KeptRow& row, ShownChange& change) {
   const auto column = [&table](const char* name) {
     return static_cast<std::size_t>(std::find(table.columns.begin(), table.columns.end(), name) -
@@ -142,10 +142,14 @@ void TellFinding(const RecordedTable& table, const KeptRow& row, ShownChange& ch
     change.field += what;
     return;
   }
-  change.field += what;
+  const bool added = row.kind == KeptRow::Kind::kAdded;
   const std::vector<StoredValue> values = RowValues(row.row);
-  const std::string text = values.size() > column("Desc") ? TextOf(values[column("Desc")]) : "";
-  (row.kind == KeptRow::Kind::kAdded ? change.after : change.before) = text;
+  const auto text = [&](const char* name) {
+    return values.size() > column(name) ? TextOf(values[column(name)]) : std::string();
+  };
+  const std::string comment = added ? text("Comments") : "";
+  (added ? change.after : change.before) = Trim(comment).empty() ? text("Desc") : comment;
+  change.field += Trim(comment).empty() ? what : " (comment)";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "forms/list_model.h"
 #include "history/backups.h"
 #include "history/notes.h"
+#include "shell/docks.h"
 #include "shell/draft.h"
 #include "shell/main_program.h"
 #include "shell/program_end.h"
@@ -255,6 +256,52 @@ TEST_F(OnScreen, a_finding_and_its_comment_are_told_from_the_values_of_their_fie
   }();
   EXPECT_EQ(values, (std::vector<std::string>{tag + " (comment):  > because",
                                               tag + " (finding):  > " + run.Finding(tag), tag + ":  > 745"}));
+}
+
+TEST_F(OnScreen, a_comment_on_a_finding_that_the_log_lacked_is_told) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "800"}});
+  run.s.db.Execute("DELETE FROM QC");
+  run.Click("mnuRFindings");
+  run.Set("txtFND_Filter", "2017/01 hours");
+  RefreshDocks(run.s);
+  run.Pick("lvwFND_List", 0);
+  run.dialogs.push_back([&](Form&) { run.Set("txtComments", "because"), run.Click("cmdOK"); });
+  run.Click("cmdFND_Comment");
+  run.dialogs.push_back([&](Form& form) {
+    run.Pick("lvwHIS_Steps", 0);
+    const Control& values = form.At("lvwHIS_Values");
+    ASSERT_EQ(values.model->RowCount(), 1);
+    EXPECT_EQ(Cell(values, 0, 1), "Hours Operated, excl. upsets (comment)");
+    EXPECT_EQ(Cell(values, 0, 2), "");
+    EXPECT_EQ(Cell(values, 0, 3), "because");
+  });
+  run.Click("mnuRHistory");
+  EXPECT_TRUE(run.dialogs.empty());
+}
+
+TEST_F(OnScreen, a_step_that_is_picked_shows_its_values_after_the_list_was_filled_anew) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  run.Keep({{"txtFLA_HrsOperated", "100"}});
+  run.dialogs.push_back([&](Form& form) {
+    const Control& steps = form.At("lvwHIS_Steps");
+    const Control& values = form.At("lvwHIS_Values");
+    const auto all_shown = [&](int row) { return std::to_string(values.model->RowCount()) == Cell(steps, row, 4); };
+    run.Pick("lvwHIS_Steps", 0);
+    EXPECT_TRUE(all_shown(0));
+    run.Set("txtHIS_Filter", "new");
+    run.Pick("lvwHIS_Steps", 0);
+    EXPECT_TRUE(all_shown(0));
+    run.Click("cmdHIS_Undo");
+    run.Pick("lvwHIS_Steps", 0);
+    EXPECT_TRUE(all_shown(0));
+    run.Pick("lvwHIS_Steps", std::vector<int>{});
+    EXPECT_EQ(values.model->RowCount(), 0);
+  });
+  run.Click("mnuRHistory");
+  EXPECT_TRUE(run.dialogs.empty());
 }
 
 TEST_F(OnScreen, the_values_of_a_large_step_are_made_as_they_are_asked_for) {
