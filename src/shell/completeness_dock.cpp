@@ -61,10 +61,17 @@ void OfferStructures(Form& dock, const Review& review) {
   show.text = show.items[static_cast<std::size_t>(show.index)];
 }
 
+// The rows are other ones.
+void PickNone(Control& grid) {
+  grid.picked.clear();
+  grid.at_row = grid.at_column = -1;
+}
+
 void Refresh(Session& s, Form& dock, Made& made) {
   const LiveReview& live = Findings(s).live();
   if (made.review == live.revision() && made.show == dock.At(kShow).text) return;
   OfferStructures(dock, live.review());
+  if (made.show != dock.At(kShow).text) PickNone(dock.At(kGrid));
   made = {live.revision(), dock.At(kShow).text};
   CompletenessModel& model = ModelOf(dock);
   model.Set(CompletenessOf(live.review(), StructureAt(live.review(), dock.At(kShow).index - 1)));

@@ -60,7 +60,10 @@ void ShowImportPlan(Session& s, const ImportPlan& plan) {
                          MonthsText(planned.months_there)});
   const auto details = [&form, &plan] {
     const std::vector<int>& picked = form.At(kStructures).picked;
-    if (!picked.empty()) ShowDetails(form.At(kDetails), plan.structures.at(static_cast<std::size_t>(picked.front())));
+    if (picked.empty())
+      form.At(kDetails).rows.clear();
+    else
+      ShowDetails(form.At(kDetails), plan.structures.at(static_cast<std::size_t>(picked.front())));
   };
   form.On(kStructures, Event::kMoved, details);
   if (!list.rows.empty()) list.picked = {0};

@@ -145,6 +145,17 @@ TEST_F(HandIn, matrix_leads_to_the_record_behind_a_cell) {
   EXPECT_EQ(run.s.current.Month, 1);
 }
 
+TEST_F(HandIn, matrix_picks_no_row_of_another_choice) {
+  const Control& matrix = CompletenessDock(run.s).At("grdCMP_Matrix");
+  Matrix();
+  run.Pick("grdCMP_Matrix", {0});
+  Matrix();
+  EXPECT_EQ(matrix.picked, (std::vector<int>{0}));
+  run.Set("cmbCMP_Show", "GI, 43, A");
+  Matrix();
+  EXPECT_TRUE(matrix.picked.empty());
+}
+
 TEST_F(HandIn, counts_what_is_still_to_be_settled) {
   const Texts year = Checks("Whole year");
   ASSERT_EQ(year.size(), 10u);
@@ -166,6 +177,8 @@ TEST_F(HandIn, checks_what_was_not_as_one_step) {
   EXPECT_EQ(run.Count("PD_PLATFORM_DESC WHERE PD_QC_DT IS NOT NULL"), 1);
   EXPECT_TRUE(run.s.InActv());
   EXPECT_EQ(run.s.current.EquipID, "M1");
+  EXPECT_EQ(run.s.db.Single("SELECT place FROM history.step ORDER BY rowid DESC"), Value(std::string("2017/01")))
+      << "all that was run, not where the user stands";
 }
 
 TEST_F(HandIn, shows_what_a_row_counts) {

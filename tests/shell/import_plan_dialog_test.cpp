@@ -80,6 +80,20 @@ TEST_F(ImportPreview, says_what_the_import_does_then) {
   EXPECT_EQ(ImportBackups(), 1);
 }
 
+TEST_F(ImportPreview, shows_no_details_while_no_structure_is_picked) {
+  inside = [this] {
+    here.dialogs.emplace_front([this](Form& form) {
+      here.Pick("lvwPLN_Structures", 0);
+      EXPECT_EQ(form.At("lvwPLN_Details").rows.size(), 2u);
+      here.Pick("lvwPLN_Structures", std::vector<int>{});
+      EXPECT_TRUE(form.At("lvwPLN_Details").rows.empty());
+      here.Click("cmdClose");
+    });
+    here.Click("cmdPlan");
+  };
+  Open({0, 1});
+}
+
 TEST_F(ImportPreview, says_which_months_the_structure_gets) {
   here.AddMonth();
   here.AddMonth();
