@@ -37,6 +37,12 @@ std::optional<int> WholeNumber(const std::string& text) {
   return number;
 }
 
+// Whether the list takes the text, asked before the focus goes there.
+bool HasChoice(const Control& control, const std::string& text) {
+  return control.kind != Kind::kList || control.free_text ||
+         std::find(control.items.begin(), control.items.end(), text) != control.items.end();
+}
+
 // The text of a pasted block, in which tabs and line ends are written as \t and \n.
 std::string Unescaped(const std::string& text) {
   std::string plain;
@@ -242,6 +248,7 @@ void Player::Set(const Words& words) {
     case Kind::kMasked:
     case Kind::kList:
       Done(name, WhyNot(desk, *form, *control, true));
+      if (!HasChoice(*control, value)) Fail(name + " has no item \"" + value + "\"");
       act::GotFocus(desk, *form, name);
       Done(name,
            control->kind == Kind::kList ? act::Choose(desk, *form, name, value) : act::Type(desk, *form, name, value));

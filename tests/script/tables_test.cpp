@@ -69,6 +69,19 @@ TEST_F(ScriptTables, sort_a_list_by_the_name_of_a_head_or_its_number) {
   EXPECT_EQ(replies[5]["error"], "lvwRows has no column X");
 }
 
+TEST_F(ScriptTables, do_not_go_to_a_list_whose_choice_is_refused) {
+  int visits = 0;
+  change = [&visits](Form& form) {
+    AddList(form, "cmbChoice", "", {"Yes", "No"});
+    form.On("cmbChoice", Event::kGotFocus, [&visits] { ++visits; });
+  };
+  const auto replies = Play("set cmbChoice Maybe\nget cmbChoice\n");
+  EXPECT_EQ(replies[0]["error"], "cmbChoice has no item \"Maybe\"");
+  EXPECT_EQ(visits, 0);
+  EXPECT_TRUE(Play("set cmbChoice No\n")[0]["ok"].get<bool>());
+  EXPECT_EQ(visits, 1);
+}
+
 TEST_F(ScriptTables, read_a_grid_without_what_is_at_its_default) {
   grid->rows[1].second[1] = {"745", false, Back::kFlag, "31", true, "12", "Out of range"};
   const Json list = Play("get grdCells\n")[0]["control"];
