@@ -91,7 +91,8 @@ int Play(std::istream& in, const PlayOptions& options) {
 }
 
 bool AsksForHelp(int argc, char** argv) {
-  return std::any_of(argv + 2, argv + argc, [](const char* word) { return std::string_view(word) == "--help"; });
+  return std::any_of(argv + 2, argv + argc,
+                     [](const std::string_view word) { return word == "--help" || word == "-h"; });
 }
 
 int RunScript(int argc, char** argv) {

@@ -70,6 +70,15 @@ std::string OptionNames(const CommandSpec& command) {
   return names + "--help";
 }
 
+// Of options that exclude one another the command needs one.
+std::string NeedOf(const CommandSpec& command, const CommandOption& option) {
+  if (!option.needed) return "";
+  const bool alone =
+      option.group == 0 || std::count_if(command.options.begin(), command.options.end(),
+                                         [&](const auto& other) { return other.group == option.group; }) == 1;
+  return alone ? "; needed" : "; one of these is needed";
+}
+
 }  // namespace
 
 std::string CommandList() {
@@ -102,8 +111,7 @@ std::string ManualCommands() {
   for (const CommandSpec& command : Commands()) {
     text += ".SS merlu " + std::string(command.name) + " " + Roff(command.words) + "\n" + Roff(command.text) + "\n";
     for (const CommandOption& option : command.options)
-      text +=
-          ".TP\n.B " + Roff(OptionText(option)) + "\n" + Roff(option.what) + (option.needed ? "; needed" : "") + ".\n";
+      text += ".TP\n.B " + Roff(OptionText(option)) + "\n" + Roff(option.what) + NeedOf(command, option) + ".\n";
   }
   return text;
 }
@@ -118,6 +126,10 @@ std::string BashCompletion() {
         options += "    '" + std::string(command.name) + " " + option.name + "') mapfile -t COMPREPLY < <(" +
                    CompletionOf(option) + " -- \"$now\") && return ;;\n";
   }
+  // a script and the settings may have any name
+  options +=
+      "    *' --settings') mapfile -t COMPREPLY < <(compgen -f -- \"$now\") && return ;;\n"
+      "    *' --clock') return ;;\n";
   return "# Completion of merlu for bash.\n"
          "_merlu_files() {\n"
          "  compgen -d -S / -- \"$3\"\n"
@@ -137,13 +149,16 @@ std::string BashCompletion() {
          options +
          "  esac\n"
          "  case \"$command\" in\n"
-         "    script) words='--settings --clock --stop-on-error' ;;\n" +
+         "    script) words='--settings --clock --stop-on-error --help' ;;\n"
+         "    catalogue) words='--help' ;;\n" +
          commands +
          "    *) words='' ;;\n"
          "  esac\n"
          "  if [[ \"$now\" == -* ]]; then\n"
          "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$now\")\n"
-         "  else\n"
+         "  elif [[ \"$command\" == script ]]; then\n"
+         "    mapfile -t COMPREPLY < <(compgen -f -- \"$now\")\n"
+         "  elif [[ \"$command\" != catalogue ]]; then\n"
          "    mapfile -t COMPREPLY < <(_merlu_files mdb -- \"$now\")\n"
          "  fi\n"
          "}\n"

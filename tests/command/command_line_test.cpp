@@ -115,6 +115,13 @@ TEST(CommandTexts, tell_every_command_and_option_everywhere) {
   }
 }
 
+TEST(CommandTexts, tell_in_the_manual_what_is_needed_and_what_is_one_of_several) {
+  const std::string manual = ManualCommands();
+  EXPECT_NE(manual.find("everything; one of these is needed.\n"), std::string::npos);
+  EXPECT_NE(manual.find("the file that is written; needed.\n"), std::string::npos);
+  EXPECT_EQ(manual.find("everything; needed."), std::string::npos);
+}
+
 TEST(CommandTexts, keep_the_lines_of_help_short) {
   for (const CommandSpec& command : Commands()) {
     std::istringstream lines(CommandHelp(command));
@@ -148,6 +155,12 @@ TEST(BashCompletion, offers_commands_options_choices_and_files) {
   EXPECT_EQ(Offered(folder, "merlu diff --f"), (std::set<std::string>{"--format"}));
   EXPECT_EQ(Offered(folder, "merlu diff --format ''"), (std::set<std::string>{"text", "json"}));
   EXPECT_EQ(Offered(folder, "merlu diff ''"), (std::set<std::string>{"one.mdb", "two.MDB"}));
+  EXPECT_TRUE(Offered(folder, "merlu script ''").contains("other.txt"));
+  EXPECT_TRUE(Offered(folder, "merlu script --settings ''").contains("other.txt"));
+  EXPECT_TRUE(Offered(folder, "merlu --settings ''").contains("other.txt"));
+  EXPECT_TRUE(Offered(folder, "merlu script --clock ''").empty());
+  EXPECT_TRUE(Offered(folder, "merlu catalogue ''").empty());
+  EXPECT_EQ(Offered(folder, "merlu catalogue -"), (std::set<std::string>{"--help"}));
 }
 
 }  // namespace

@@ -67,5 +67,19 @@ TEST_F(ImportCommand, refuses_what_is_there_already_and_what_the_other_file_lack
   EXPECT_NE(err.find("It has no structure 9999/1."), std::string::npos) << err;
 }
 
+TEST_F(ImportCommand, names_the_file_that_cannot_be_read) {
+  const std::string good = there.s.path, bad = here.folder.path("bad.mdb");
+  const auto refused = [&](const std::string& file, const std::string& from) {
+    std::ostringstream out_stream, err_stream;
+    Console console{out_stream, err_stream};
+    EXPECT_EQ(RunCommand(*FindCommand("import"), {file, "--from", from}, console), Status::kFile);
+    return err_stream.str();
+  };
+  std::ofstream(bad) << "no inventory";
+  EXPECT_TRUE(refused(here.s.path, bad).starts_with("merlu import: " + bad + ": ")) << refused(here.s.path, bad);
+  EXPECT_TRUE(refused(bad, good).starts_with("merlu import: " + bad + ": ")) << refused(bad, good);
+  EXPECT_EQ(Structures(), 1);
+}
+
 }  // namespace
 }  // namespace merlu::test
