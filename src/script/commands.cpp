@@ -20,6 +20,7 @@
 #include "shell/main_program.h"
 #include "shell/messages.h"
 #include "shell/month_book_dialog.h"
+#include "shell/results.h"
 #include "shell/sheet_acts.h"
 #include "shell/status.h"
 #include "shell/strip_dock.h"
@@ -183,6 +184,10 @@ void Player::DoubleClick(const Words& words) {
   if (words.size() > 3 && control->kind != Kind::kGrid) Fail(control->name + " is not a grid");
   const int row = words.size() > 2 ? RowOf(*control, words[2]) : -1;
   const int column = words.size() > 3 ? ColumnOf(*control, words[3]) : -1;
+  // the month's summary cannot be used in view, and leads on all the same, as in the windows
+  const bool summary = control->name == names::lvwSURVEY_QCResults && row >= 0 && !control->enabled;
+  if (summary && WhyNot(session_.desk, *form, *control, false) == "is disabled")
+    return OpenResult(session_, *form, control->name, row);
   Done(control->name, act::DoubleClick(session_.desk, *form, control->name, row, column));
 }
 
