@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <vector>
 
 #include "base/text.h"
 #include "desktop/look.h"
@@ -232,9 +233,11 @@ void ModelList::ShareWidth() {
   const int last = adapter_->columnCount() - 1;
   if (chosen_ || !fitted_ || last < 0) return;
   int most = kWidest, closer = 0;
+  std::vector<int> heads;  // the widths of the captions, which take a while to find out
+  for (int column = 0; column <= last; ++column) heads.push_back(header()->sectionSizeHint(column));
   const auto width_of = [&](int column) {
     const int wanted = wanted_widths_[column] - closer;
-    const int least = std::min(wanted, header()->sectionSizeHint(column));
+    const int least = std::min(wanted, heads[static_cast<std::size_t>(column)]);
     return std::clamp(wanted, least, std::max(least, most));
   };
   const auto all = [&] {
