@@ -69,17 +69,18 @@ void Fill(Form& form, Found& found) {
   list.at_row = -1;
 }
 
-// The first piece of equipment of the type in the mode, from the user's place on.
+// The piece of equipment of the type that is nearest to the user's place in the mode.
 QCLocation FirstOf(Session& s, const std::string& type, Mode mode) {
   const bool months = mode == Mode::kActv;
   const std::string sql =
       months
           ? "SELECT p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_MERLU_EQUIP_ID,a.EA_MO,a.EA_YR FROM EA_EQUIP_ACTV a "
             "JOIN ED_EQUIP_DESC d ON d.ED_ID_AK=a.ED_ID_AK JOIN PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK WHERE "
-            "d.ED_EQUIP_TYP=? ORDER BY a.EA_MO<>?,p.CMPLX_ID_NUM<>? OR p.STRUCT_NUM<>?,a.EA_MO,a.EA_ID_AK LIMIT 1"
+            "d.ED_EQUIP_TYP=? ORDER BY a.EA_MO<>?,p.CMPLX_ID_NUM<>? OR p.STRUCT_NUM<>?,d.ED_MERLU_EQUIP_ID<>?,a.EA_MO,"
+            "a.EA_ID_AK LIMIT 1"
           : "SELECT p.RIMA_CO_NUM,p.CMPLX_ID_NUM,p.STRUCT_NUM,d.ED_MERLU_EQUIP_ID,0,0 FROM ED_EQUIP_DESC d JOIN "
             "PD_PLATFORM_DESC p ON p.PD_ID_AK=d.PD_ID_AK WHERE d.ED_EQUIP_TYP=? AND ?=? ORDER BY p.CMPLX_ID_NUM<>? OR "
-            "p.STRUCT_NUM<>?,d.ED_ID_AK LIMIT 1";
+            "p.STRUCT_NUM<>?,d.ED_MERLU_EQUIP_ID<>?,d.ED_ID_AK LIMIT 1";
   const Value month = std::int64_t{s.current.Month};
   Values values;
   values.emplace_back(type);
@@ -87,6 +88,7 @@ QCLocation FirstOf(Session& s, const std::string& type, Mode mode) {
   if (!months) values.push_back(month);
   values.emplace_back(s.current.CmplxID);
   values.emplace_back(s.current.StructID);
+  values.emplace_back(s.current.EquipID);
   QCLocation place;
   s.db.ForEach(sql, values, [&](const RowView& row) {
     place = {level::kEquipment,
@@ -140,17 +142,19 @@ void GoToFieldOf(Session& s, const Thing& thing) {
   GoTo(s, place, thing.mode, thing.control);
 }
 
+bool GoToNodeOf(Session& s, const Thing& thing) {
+  if (thing.node < 0)
+    return GoTo(s, thing.mode == Mode::kActv ? ParseNodeKey(thing.key) : ParseDescNodeKey(thing.key), thing.mode);
+  s.tree.ExpandAncestors(thing.node);
+  return GoToNode(s, thing.node);
+}
+
 void Do(Session& s, const Thing& thing) {
   switch (thing.kind) {
     case ThingKind::kStructure:
     case ThingKind::kEquipment:
     case ThingKind::kMonth:
-      if (thing.node < 0) {
-        GoTo(s, thing.mode == Mode::kActv ? ParseNodeKey(thing.key) : ParseDescNodeKey(thing.key), thing.mode);
-        return;
-      }
-      s.tree.ExpandAncestors(thing.node);
-      GoToNode(s, thing.node);
+      if (GoToNodeOf(s, thing)) FocusTree(s);
       return;
     case ThingKind::kField: return GoToFieldOf(s, thing);
     case ThingKind::kHelp:

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "forms/desk.h"
+#include "session/main_names.h"
 #include "session/node_keys.h"
 #include "sheets/units.h"
 #include "shell/edit_modes.h"
@@ -91,6 +92,12 @@ bool GoToField(Session& s, const std::string& field) {
   TurnToPageOf(s, *sheet.form, *control);
   sheet.form->focus = control->name;
   return true;
+}
+
+void FocusTree(Session& s) {
+  for (Form* form : s.desk.showing)
+    if (!form->modal) form->focus.clear();
+  s.main->focus = names::tvwTree;
 }
 
 bool GoTo(Session& s, const QCLocation& place, Mode mode, const std::string& field) {

@@ -21,6 +21,9 @@ bool GoTo(Session& s, const QCLocation& place, Mode mode, const std::string& fie
 // Turns to the page of a field of the sheet that shows, and gives it the focus. False without such a field.
 bool GoToField(Session& s, const std::string& field);
 
+// Gives the tree the focus, whichever dock or field had it.
+void FocusTree(Session& s);
+
 // The form and the frame of the sheet that shows; no form without one.
 struct ShowingSheet {
   Form* form = nullptr;

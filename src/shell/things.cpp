@@ -19,6 +19,7 @@ namespace merlu {
 namespace {
 
 constexpr int kRecentBonus = 150;
+constexpr int kShowingBonus = 100;  // more than a longer name costs
 constexpr const char* kStructure = "Structure";
 constexpr const char* kNoEmissions = "No Emissions to Report";
 
@@ -39,16 +40,23 @@ ThingKind KindOfNode(const std::string& key) {
   }
 }
 
-// Nodes of the user's present month come first.
-void AddNodes(const Session& s, std::vector<Thing>& things) {
+// The nodes in the order of the tree; those of the user's structure in the present month come first, then the month's.
+std::vector<int> NearestFirst(const Session& s) {
   std::vector<int> order = s.tree.InOrder();
-  const int here = s.current.Month;
-  const auto month_of = [&](int node) {
-    const TreeNode& at = s.tree.nodes[static_cast<std::size_t>(node)];
-    return CountCharacters(at.key) < kSurveyKeyLength ? 0 : ParseNodeKey(at.key).Month;
+  QCLocation above = s.current;
+  const auto below = [&](const char* at) {
+    above.Level = at;
+    const std::string key = KeyOf(above, s.mode);
+    const auto is_below = [&](int node) { return s.tree.nodes[static_cast<std::size_t>(node)].key.starts_with(key); };
+    std::stable_partition(order.begin(), order.end(), is_below);
   };
-  if (s.InActv() && here > 0)
-    std::stable_partition(order.begin(), order.end(), [&](int node) { return month_of(node) == here; });
+  if (s.InActv() && s.current.Month > 0) below(level::kSurvey);
+  if (s.current.Is(level::kStructure) || s.current.Is(level::kEquipment)) below(level::kStructure);
+  return order;
+}
+
+void AddNodes(const Session& s, std::vector<Thing>& things) {
+  const std::vector<int> order = NearestFirst(s);
   for (const int node : order) {
     const TreeNode& at = s.tree.nodes[static_cast<std::size_t>(node)];
     if (at.key.size() <= kUserKeyLength) continue;
@@ -207,6 +215,10 @@ std::vector<Thing> CollectThings(Session& s) {
   for (const SheetSpec* sheet : AllSheets()) AddFields(*sheet, things);
   AddRules(StructureSheet().fields, StructureSheet().rules, kStructure, "", things);
   for (const SheetSpec* sheet : AllSheets()) AddRules(sheet->fields, sheet->rules, sheet->title, sheet->type, things);
+  const bool structure = s.current.Is(level::kStructure);
+  for (Thing& thing : things)
+    if (thing.kind == ThingKind::kField || thing.kind == ThingKind::kRule)
+      thing.shows = thing.sheet.empty() ? structure : thing.sheet == s.current.EquipType;
   return things;
 }
 
@@ -220,6 +232,7 @@ std::vector<int> FindThings(const std::vector<Thing>& things, const std::string&
     const Thing& thing = things[i];
     int fit = words.empty() ? 1 : words.Fit(thing.name, thing.place);
     if (fit == 0) continue;
+    if (thing.shows && !words.empty()) fit += kShowingBonus;
     if (!known.empty())
       if (const auto before = known.find(RecentText(thing)); before != known.end())
         fit += kRecentBonus + before->second;

@@ -22,6 +22,7 @@ struct Thing {
   // Type of the sheet that a field or a rule is of, empty for a structure's; file of a page of help without a command.
   std::string sheet;
   Mode mode = Mode::kNone;
+  bool shows = false;  // a field or a rule of the sheet that shows
   FuzzyText name, place;
 };
 

@@ -152,6 +152,37 @@ TEST_F(GoToDialog, goes_to_a_field_in_its_mode) {
   EXPECT_EQ(run.s.desk.Find("frmFLA")->focus, "txtFLA_HrsOperated");
 }
 
+TEST_F(GoToDialog, puts_what_is_near_first) {
+  run.AddStructure("1002", "1", "B");
+  const std::string other = run.Key("", "", 0, "1002");
+  for (const char* id : {"F1", "F2"}) {
+    run.Select(other);
+    run.AddEquipment("FLA", id);
+  }
+  EXPECT_EQ(FirstFor("flare f1"), "Equipment|Combustion Flare: F1|GI, 43, B");
+  run.SelectRoot();
+  EXPECT_EQ(FirstFor("flare f1"), "Equipment|Combustion Flare: F1|GI, 43, A");
+  EXPECT_NE(FirstFor("hours operated").find("|Amine Unit"), std::string::npos);
+  run.Select(run.Key("FLA", "F2", 0, "1002"));
+  EXPECT_NE(FirstFor("hours operated").find("|Combustion Flare"), std::string::npos);
+  EXPECT_NE(FirstFor("0 to 744").find("|Combustion Flare"), std::string::npos);
+  Type("hours operated");
+  EXPECT_EQ(run.s.mode, Mode::kActv);
+  EXPECT_EQ(run.s.current.CmplxID, "1002");
+  EXPECT_EQ(run.s.current.EquipID, "F2") << "a month of the same piece";
+}
+
+TEST_F(GoToDialog, leaves_the_focus_in_the_tree_or_in_the_field) {
+  run.Click("mnuRFindings");
+  run.s.desk.Find("frmFindings")->focus = "txtFND_Filter";
+  Type("v7");
+  EXPECT_EQ(run.s.current.EquipID, "V7");
+  EXPECT_EQ(run.s.desk.Find("frmFindings")->focus, "");
+  EXPECT_EQ(run.s.main->focus, "tvwTree");
+  Type("comments cold vent");
+  EXPECT_EQ(run.s.desk.Find("frmVEN")->focus, "txtVEN_Comments");
+}
+
 TEST_F(GoToDialog, gives_a_command_when_it_has_closed) {
   run.dialogs.push_back([&](Form&) {
     run.Set("txtGOT_Text", "about merlu");
