@@ -5,6 +5,8 @@
 #include <ostream>
 #include <string>
 
+#include "base/fault.h"
+
 namespace merlu {
 
 // Exit statuses, from the best to the gravest.
@@ -26,6 +28,22 @@ struct Console {
   bool progress = false;               // err is a terminal and out is none: progress can be shown
   std::function<void()> need_fonts{};  // called before the first page is painted
 };
+
+// What is wrong with a file that is not the command's own: with the one of --from.
+struct FaultOfFile : Fault {
+  FaultOfFile(const std::string& of, const Fault& fault) : Fault(fault), file(of) {}
+  std::string file;
+};
+
+// Does the work on that file; its faults name it.
+template <typename Work>
+void OnFile(const std::string& file, Work&& work) {
+  try {
+    work();
+  } catch (const Fault& fault) {
+    throw FaultOfFile(file, fault);
+  }
+}
 
 // A line on the run: "merlu check: FILE: why".
 void Complain(Console& console, const std::string& command, const std::string& file, const std::string& why);

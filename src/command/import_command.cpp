@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "base/fault.h"
 #include "base/text.h"
 #include "command/commands.h"
 #include "command/inventory_file.h"
@@ -51,16 +50,6 @@ void WritePlan(const ImportPlan& plan, Console& console) {
                              {"months_there", one.months_there}});
 }
 
-// Two files take part: what is wrong with one of them names it.
-template <typename Open>
-void OpenNamed(const std::string& name, Open&& open) {
-  try {
-    open();
-  } catch (const Fault& fault) {
-    throw Fault(fault.number, fault.source, name + ": " + fault.description);
-  }
-}
-
 ImportPlan DoImport(const std::string& path, Database& file, const std::vector<StructureName>& chosen) {
   QuietSession session;
   session.OpenFile(path);
@@ -74,10 +63,10 @@ ImportPlan DoImport(const std::string& path, Database& file, const std::vector<S
 Status ImportInto(const Request& request, Console& console) {
   const std::string& path = request.words.front();
   Database working, file;
-  OpenNamed(path, [&] { OpenUntouched(working, path); });
+  OpenUntouched(working, path);
   const ImportLayout layout = ReadImportLayout(working);
   const std::string from = request.Text("--from");
-  OpenNamed(from, [&] {
+  OnFile(from, [&] {
     file.OpenPrivateCopy(from);
     CheckImportFile(file, layout);
   });

@@ -44,7 +44,9 @@ void Store(QuietSession& session, MonthGrid& grid) {
 Status ReadWorkbook(const Request& request, Console& console) {
   const std::string& file = request.words.front();
   const bool dry = request.Has("--dry-run");
-  const std::vector<ReadSheet> sheets = ReadMonthBook(request.Text("--from"));
+  const std::string from = request.Text("--from");
+  std::vector<ReadSheet> sheets;
+  OnFile(from, [&] { sheets = ReadMonthBook(from); });
   QuietSession session;
   if (dry)
     session.OpenCopy(file);

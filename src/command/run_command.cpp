@@ -12,14 +12,17 @@ namespace {
 
 Status Run(const Request& request, Console& console) {
   const std::string name = request.command->name;
+  const std::string own = request.words.size() == 1 ? request.words.front() : "";
   try {
     Quiet quiet;
     RemoveUnfinishedFiles(NotesFolder(quiet));
     return request.command->run(request, console);
+  } catch (const FaultOfFile& fault) {
+    Complain(console, name, fault.file, fault.description);
   } catch (const Fault& fault) {
-    Complain(console, name, "", fault.description);
+    Complain(console, name, own, fault.description);
   } catch (const std::bad_alloc&) {
-    Complain(console, name, "", "There is not enough memory.");
+    Complain(console, name, own, "There is not enough memory.");
   }
   return Status::kFile;
 }

@@ -4,11 +4,13 @@
 
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <set>
 #include <sstream>
 
 #include "command/command_texts.h"
 #include "command/commands.h"
+#include "shell/program_end.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -161,6 +163,42 @@ TEST(BashCompletion, offers_commands_options_choices_and_files) {
   EXPECT_TRUE(Offered(folder, "merlu script --clock ''").empty());
   EXPECT_TRUE(Offered(folder, "merlu catalogue ''").empty());
   EXPECT_EQ(Offered(folder, "merlu catalogue -"), (std::set<std::string>{"--help"}));
+}
+
+TEST(CommandLine, names_the_file_that_cannot_be_read) {
+  const TemporaryFolder folder;
+  const std::string text = folder.path("text.mdb"), to = folder.path("to");
+  std::ofstream(text) << "no inventory";
+  TestRun good;
+  good.StartWithStructure();
+  CloseDatabase(good.s);
+  const std::string sound = good.s.path;
+  const auto complaint = [](const std::string& command, const std::vector<std::string>& words) {
+    std::ostringstream out, err;
+    Console console{out, err};
+    EXPECT_EQ(RunCommand(*FindCommand(command), words, console), Status::kFile) << command;
+    EXPECT_EQ(out.str(), "") << command;
+    return err.str();
+  };
+  const std::map<std::string, std::vector<std::string>> commands = {{"check", {}},
+                                                                    {"findings", {}},
+                                                                    {"ready", {}},
+                                                                    {"report", {"-o", to + ".pdf"}},
+                                                                    {"export", {"--inventory", "-o", to + ".mdb"}},
+                                                                    {"import", {"--from", sound}},
+                                                                    {"workbook", {"--month", "1", "-o", to + ".xlsx"}},
+                                                                    {"diff", {sound}},
+                                                                    {"backup", {}}};
+  for (const auto& [command, options] : commands) {
+    std::vector<std::string> words = options;
+    words.insert(words.begin(), text);
+    const std::string begin = "merlu " + command + ": " + text + ": ";
+    EXPECT_EQ(complaint(command, words).substr(0, begin.size()), begin);
+  }
+  for (const std::string command : {"import", "read"}) {
+    const std::string begin = "merlu " + command + ": " + text + ": ";
+    EXPECT_EQ(complaint(command, {sound, "--from", text}).substr(0, begin.size()), begin);
+  }
 }
 
 }  // namespace

@@ -108,7 +108,8 @@ TEST_F(ReadCommand, needs_the_file_for_itself) {
   TestRun window;
   window.Start(run.s.path);
   EXPECT_EQ(Play("read", {"--from", file}), Status::kFile);
-  const std::string why = "merlu read: The database is open in another run of this program. Opened by ";
+  const std::string why =
+      "merlu read: " + run.s.path + ": The database is open in another run of this program. Opened by ";
   EXPECT_EQ(err.substr(0, why.size()), why);
   EXPECT_EQ(Play("read", {"--from", file, "--dry-run"}), Status::kWell) << err;
   EXPECT_EQ(Play("workbook", {"--month", "1", "-o", elsewhere.path("m.xlsx")}), Status::kWell) << err;
@@ -148,7 +149,7 @@ TEST_F(ReadCommand, tells_what_is_no_workbook) {
   const std::string file = elsewhere.path("text.xlsx");
   std::ofstream(file) << "no workbook";
   EXPECT_EQ(Play("read", {"--from", file}), Status::kFile);
-  EXPECT_EQ(err, "merlu read: The file is not a workbook.\n");
+  EXPECT_EQ(err, "merlu read: " + file + ": The file is not a workbook.\n");
   EXPECT_EQ(Play("read", {"--from", elsewhere.path("none.csv")}), Status::kFile);
   EXPECT_EQ(Folder(), before);
   EXPECT_EQ(Play("read", {}), Status::kWrongUsage);
