@@ -3,10 +3,12 @@
 #include <QGuiApplication>
 
 #include "support/fonts.h"
+#include "support/pauses.h"
 #include "support/temporary_place.h"
 
 int main(int argc, char** argv) {
   merlu::test::UseTemporaryPlace();
+  merlu::test::WatchPauses();
   testing::InitGoogleTest(&argc, argv);
   merlu::test::UseTestFont();
   qputenv("QT_QPA_PLATFORM", "offscreen");

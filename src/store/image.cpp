@@ -3,11 +3,9 @@
 #include <sqlite3.h>
 
 #include <array>
-#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 #include <vector>
 
 #include "base/fault.h"
@@ -100,7 +98,7 @@ class Hold {
       if (code == SQLITE_OK) return;
       if ((code & 0xFF) != SQLITE_BUSY) CannotRead(path_, "it cannot be locked");
       if (waited >= kPatience) IsInUse(path_);
-      std::this_thread::sleep_for(std::chrono::milliseconds(kPause));
+      sqlite3_sleep(kPause);
     }
   }
 

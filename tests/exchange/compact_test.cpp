@@ -8,6 +8,7 @@
 
 #include "base/fault.h"
 #include "store/files.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -117,6 +118,7 @@ TEST_F(CompactingAFile, that_another_program_holds_changes_nothing) {
   holder.Open(source_);
   holder.Execute("PRAGMA locking_mode=EXCLUSIVE");
   holder.Execute("BEGIN EXCLUSIVE");
+  const WithoutPauses without_pauses;
   EXPECT_EQ(WriteCompact({"", folder_.path("notes")}, db, source_, size_), Compaction::kNotCompacted);
   holder.Close();
   ExpectUnchanged();

@@ -9,6 +9,7 @@
 #include "inventory.h"
 #include "store/files.h"
 #include "store/image.h"
+#include "support/pauses.h"
 #include "support/tampered.h"
 #include "support/test_run.h"
 
@@ -91,6 +92,7 @@ TEST_F(ForeignFile, that_another_program_holds_cannot_be_opened) {
   Database other;
   other.Open(path());
   other.Execute("BEGIN EXCLUSIVE");
+  const WithoutPauses without_pauses;
   EXPECT_EQ(Loaded(), Texts{"Failed to open Import database"});
 }
 

@@ -7,6 +7,7 @@
 #include "history/layout.h"
 #include "history/notes.h"
 #include "history/steps.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -318,6 +319,7 @@ TEST_F(History, that_another_program_holds_costs_no_save) {
   holder.Open(File());
   {
     WriteBatch lock(holder);
+    const WithoutPauses without_pauses;
     DoStep("save", {"UPDATE EA_FLA SET OP_HR=7"});
     EXPECT_EQ(ToInteger(db.Single("SELECT OP_HR FROM EA_FLA")), 7);
     EXPECT_EQ(companion.why_not(), "No history is being kept: inventory.mdb.history is locked by another program.");
@@ -332,6 +334,7 @@ TEST_F(History, is_not_blamed_for_a_lock_on_the_inventory) {
   AddStructure();
   Database holder;
   holder.Open(path);
+  const WithoutPauses without_pauses;
   for (const bool writes : {true, false}) {
     holder.Execute(writes ? "BEGIN IMMEDIATE" : "BEGIN");
     if (!writes) holder.Query("SELECT COUNT(*) FROM EA_FLA");
@@ -354,6 +357,7 @@ TEST_F(History, opened_while_the_inventory_is_locked_names_the_inventory) {
   WriteBatch lock(holder);
   holder.Execute("UPDATE EA_FLA SET OP_HR=7");
   fs::remove(File());
+  const WithoutPauses without_pauses;
   companion.Open(db, {});
   EXPECT_FALSE(companion.Want());
   EXPECT_EQ(companion.why_not(), "No history is being kept: inventory.mdb is locked by another program.");

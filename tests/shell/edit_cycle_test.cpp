@@ -4,6 +4,7 @@
 
 #include "shell/sheet_acts.h"
 #include "shell/trees.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -303,7 +304,7 @@ TEST_F(Edit, is_over_when_another_node_is_selected) {
 
 constexpr const char* kUnreadable = "This record could not be read.";
 
-// Holds the file as another program does, as long as it lives.
+// Holds the file as another program does, as long as it lives. Nobody waits for its end.
 class Hold {
  public:
   explicit Hold(TestRun& run) {
@@ -313,6 +314,7 @@ class Hold {
 
  private:
   Database other_;
+  WithoutPauses without_pauses_;
 };
 
 TEST_F(Edit, does_not_begin_on_a_record_that_could_not_be_read) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -163,6 +164,7 @@ TEST(ModeChange, on_a_file_that_another_program_holds_is_told_and_not_done) {
   Database other;
   other.Open(run.s.path);
   other.Execute("BEGIN EXCLUSIVE");
+  const WithoutPauses without_pauses;
   run.Click("mnuSetEditMode");
   EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"The database is locked by another program. 3261"});
   EXPECT_EQ(run.s.mode, Mode::kDesc);
@@ -181,6 +183,7 @@ TEST(EditModes, stay_as_they_are_with_one_box_while_another_program_holds_the_fi
       Database other;
       other.Open(run.s.path);
       other.Execute("BEGIN EXCLUSIVE");
+      const WithoutPauses without_pauses;
       run.Click("mnuSetEditMode");
     }
     EXPECT_EQ(run.TakeBoxes(), Texts{"The database is locked by another program. 3261"});

@@ -14,6 +14,7 @@
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
 #include "shell/program_end.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -182,7 +183,8 @@ TEST_F(BadFile, leaves_a_window_whose_commands_say_what_is_wrong_and_nothing_wor
 
 // ---- a file that another program holds ----
 
-// Another program that holds the file from its beginning until it is told to let go.
+// Another program that holds the file from its beginning until it is told to let go, which is never in the midst of a
+// wait.
 class Holder {
  public:
   explicit Holder(const std::string& path, const char* how = "BEGIN EXCLUSIVE") {
@@ -220,6 +222,7 @@ class Holder {
  private:
   pid_t child_ = -1;
   int release_ = -1;
+  WithoutPauses without_pauses_;
 };
 
 // A run whose boxes are answered by what happens in the meantime.

@@ -5,11 +5,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "base/fault.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -221,6 +224,7 @@ TEST_F(DatabaseFile, held_by_another_program_is_in_use_at_the_open) {
   OtherProgram other(path);
   const std::string before = FileBytes(path);
   other.HoldAll();
+  const WithoutPauses without_pauses;
   EXPECT_EQ(Open(path), 3356);
   EXPECT_FALSE(db.IsOpen());
   other.Release();
@@ -276,6 +280,7 @@ TEST_F(DatabaseFile, locked_by_another_program_during_the_work_is_in_use) {
   OtherProgram other(path);
   db.Open(path);
   other.HoldWrites();
+  const WithoutPauses without_pauses;
   EXPECT_EQ(Execute("INSERT INTO SYS_CONFIG (sys_yr) VALUES (2017)"), 3261);
   EXPECT_EQ(ToInteger(db.Single("SELECT COUNT(*) FROM SYS_CONFIG")), 0);
   other.Release();
@@ -285,9 +290,39 @@ TEST_F(DatabaseFile, locked_by_another_program_during_the_work_is_in_use) {
   EXPECT_EQ(Execute("INSERT INTO SYS_CONFIG (sys_yr) VALUES (2017)"), 0);
 }
 
+TEST_F(DatabaseFile, locked_for_a_moment_is_waited_for) {
+  OtherProgram other(path);
+  db.Open(path);
+  for (const bool writes : {true, false}) {
+    writes ? other.HoldWrites() : other.HoldAll();
+    bool held = true;
+    const WithoutPauses instead([&](int milliseconds) {
+      if (milliseconds >= 200 && std::exchange(held, false)) other.Release();
+    });
+    EXPECT_EQ(Execute(writes ? "INSERT INTO SYS_CONFIG (sys_yr) VALUES (2017)" : "SELECT COUNT(*) FROM SYS_CONFIG"), 0);
+    EXPECT_FALSE(held);
+    EXPECT_LE(instead.milliseconds(), 250);
+  }
+}
+
+TEST_F(DatabaseFile, locked_for_longer_is_waited_for_a_quarter_of_a_second) {
+  OtherProgram other(path);
+  db.Open(path);
+  other.HoldAll();
+  {
+    const WithoutPauses counted;
+    EXPECT_EQ(Execute("SELECT COUNT(*) FROM SYS_CONFIG"), 3261);
+    EXPECT_EQ(counted.milliseconds(), 250);
+  }
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(Execute("SELECT COUNT(*) FROM SYS_CONFIG"), 3261);
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(250));
+}
+
 TEST_F(DatabaseFile, says_in_words_what_a_lock_is) {
   OtherProgram other(path);
   other.HoldAll();
+  const WithoutPauses without_pauses;
   try {
     db.Open(path);
     FAIL() << "opened under an exclusive lock";

@@ -12,6 +12,7 @@
 
 #include "base/fault.h"
 #include "store/database.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -103,6 +104,27 @@ TEST_F(ImageOfFile, shows_the_last_commit_while_another_program_is_writing) {
   EXPECT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK) << "the reader holds nothing";
   EXPECT_EQ(Count("old"), 0);
   sqlite3_close(other);
+}
+
+TEST_F(ImageOfFile, waits_five_seconds_for_a_file_that_is_held) {
+  Database other;
+  other.Open(path);
+  other.Execute("BEGIN EXCLUSIVE");
+  {
+    const WithoutPauses counted;
+    try {
+      ReadImage(path);
+      ADD_FAILURE() << "read while it was held";
+    } catch (const Fault& fault) {
+      EXPECT_EQ(fault.number, fault_number::kInUse);
+    }
+    EXPECT_EQ(counted.milliseconds(), 5000);
+  }
+  const WithoutPauses instead([&](int milliseconds) {
+    if (milliseconds == 4900) other.Execute("COMMIT");
+  });
+  EXPECT_EQ(Count("old"), 300);
+  EXPECT_EQ(instead.milliseconds(), 4910);
 }
 
 TEST_F(ImageOfFile, takes_a_write_ahead_log_in) {

@@ -7,6 +7,7 @@
 
 #include "base/fault.h"
 #include "store/database.h"
+#include "support/pauses.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -109,6 +110,7 @@ TEST_F(Batch, on_a_file_that_another_connection_writes_to_is_in_use_and_can_be_b
   int number = 0;
   {
     const WriteBatch theirs(other);
+    const WithoutPauses without_pauses;
     try {
       const WriteBatch ours(db);
     } catch (const Fault& fault) {
@@ -130,6 +132,7 @@ TEST_F(Batch, that_cannot_commit_tells_it_and_leaves_the_database_usable) {
   {
     WriteBatch batch(db);
     Add(1);
+    const WithoutPauses without_pauses;
     int number = 0;
     try {
       batch.Commit();
