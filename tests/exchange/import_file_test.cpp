@@ -136,7 +136,7 @@ TEST_P(HostileDatabase, is_refused_before_anything_is_staged) {
 }
 
 TEST_F(ForeignFile, with_a_value_larger_than_any_that_is_read_is_refused) {
-  Raw(path(), {"UPDATE PA_PLATFORM_ACTV SET COMNT_TXT=hex(zeroblob(32100000))"});
+  Raw(path(), {"UPDATE PA_PLATFORM_ACTV SET COMNT_TXT=hex(zeroblob(32100000)) WHERE SA_ID_AK=1"});
   EXPECT_EQ(Loaded(), Texts{"Invalid Import file!"});
 }
 

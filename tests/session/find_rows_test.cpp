@@ -292,6 +292,12 @@ TEST(Keys, at_their_end_are_told_by_every_act_and_nothing_is_added) {
          run.Click("mnuEStructB");
        }},
   };
+  TestRun first;
+  first.StartWith("FLA", "F1");
+  first.Select(first.Key());
+  first.AddEquipment("VEN", "V1");
+  first.AddStructure("1002");
+  first.s.db.Close();
   for (const Adding& adding : acts)
     for (const auto& [key, table] : keys)
       for (const std::int64_t last : {2147483647, 2147483646}) {
@@ -304,10 +310,9 @@ TEST(Keys, at_their_end_are_told_by_every_act_and_nothing_is_added) {
           continue;
         SCOPED_TRACE(std::string(adding.name) + ", " + key + " at " + std::to_string(last));
         TestRun run;
-        run.StartWith("FLA", "F1");
-        run.Select(run.Key());
-        run.AddEquipment("VEN", "V1");
-        run.AddStructure("1002");
+        fs::copy_file(first.s.path, run.folder.path("inventory.mdb"));
+        run.Start();
+        run.ChangeTo(Mode::kDesc);
         run.s.db.Execute("UPDATE SYS_CONFIG SET SYS_MAX_MO=2");
         run.s.db.Execute("UPDATE " + table + " SET " + key + "=" + std::to_string(last) + " WHERE " + key +
                          "=(SELECT MAX(" + key + ") FROM " + table + ")");
