@@ -107,15 +107,23 @@ WithoutRelations::~WithoutRelations() {
 
 void Database::RecordChanges(std::vector<RecordedTable> more) {
   std::vector<RecordedTable> tables;
+  bool has_wide_key = false;  // of several columns, none of which is the row number
   ForEach(
-      "SELECT t.name,c.name,c.pk=1 AND upper(c.type)='INTEGER' AND "
-      "(SELECT MAX(pk) FROM pragma_table_info(t.name,'main'))=1 FROM pragma_table_list AS t "
+      "SELECT t.name,c.name,c.pk,c.type FROM pragma_table_list AS t "
       "JOIN pragma_table_info(t.name,'main') AS c WHERE t.schema='main' AND t.type='table' AND t.wr=0 AND "
       "t.name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND t.name NOT LIKE 'H\\_%' ESCAPE '\\' ORDER BY t.name,c.cid",
       {}, [&](const RowView& row) {
-        if (tables.empty() || tables.back().name != row.Text(0)) tables.push_back({std::string(row.Text(0)), {}, -1});
+        if (tables.empty() || tables.back().name != row.Text(0)) {
+          tables.push_back({std::string(row.Text(0)), {}, -1});
+          has_wide_key = false;
+        }
         RecordedTable& table = tables.back();
-        if (row.Integer(2) != 0) table.key = static_cast<int>(table.columns.size());
+        const std::int64_t place = row.Integer(2);  // in the primary key, from 1
+        has_wide_key = has_wide_key || place > 1;
+        if (has_wide_key)
+          table.key = -1;
+        else if (place == 1 && EqualsIgnoringCase(row.Text(3), "INTEGER"))
+          table.key = static_cast<int>(table.columns.size());
         table.columns.emplace_back(row.Text(1));
       });
   tables.insert(tables.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
