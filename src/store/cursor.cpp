@@ -7,13 +7,20 @@
 #include "store/engine.h"
 
 namespace merlu {
+namespace {
+
+constexpr const char* kFirst = "ORDER BY rowid LIMIT 1";
+
+}  // namespace
 
 Cursor::Cursor(Database& db, std::string table) : db_(db), changes_(db.ChangesOf(table)), table_(std::move(table)) {
-  const std::string none = "SELECT * FROM [" + table_ + "] LIMIT 0";
-  columns_ = db_.Query(none).columns;
-  booleans_ = db_.BooleansOf(none);
-  for (std::size_t i = 0; i < columns_.size(); ++i) places_.emplace(columns_[i], i);
   select_ = "SELECT rowid,* FROM [" + table_ + "] ";
+  // by the statement that goes to the first row, without the row number
+  columns_ = db_.Query(select_ + kFirst).columns;
+  booleans_ = db_.BooleansOf(select_ + kFirst);
+  columns_.erase(columns_.begin());
+  booleans_.erase(booleans_.begin());
+  for (std::size_t i = 0; i < columns_.size(); ++i) places_.emplace(columns_[i], i);
   refresh_.sql = select_ + "WHERE rowid=?";
   MoveFirst();
 }
@@ -46,7 +53,7 @@ bool Cursor::Fetch(Database::KeptQuery& query, const std::vector<const Value*>& 
 }
 
 void Cursor::MoveFirst() {
-  if (!Load("ORDER BY rowid LIMIT 1", {})) position_ = Position::kEmpty;
+  if (!Load(kFirst, {})) position_ = Position::kEmpty;
 }
 
 bool Cursor::FindFirst(const Criteria& criteria) {
