@@ -1,9 +1,11 @@
 #include "shell/open_database.h"
 
 #include <filesystem>
+#include <set>
 
 #include "base/dates.h"
 #include "base/host.h"
+#include "base/text.h"
 #include "history/layout.h"
 #include "session/act.h"
 #include "session/types.h"
@@ -30,9 +32,14 @@ std::vector<std::string> OtherTables() {
   return tables;
 }
 
-void RequireTables(Session& s, const std::vector<std::string>& tables) {
+void RequireTables(Session& s, const std::vector<std::string>& others) {
+  std::vector<std::string> tables = {"SYS_CONFIG", "CO_COMPANY"};
+  tables.insert(tables.end(), others.begin(), others.end());
+  std::set<std::string> present;
+  s.db.ForEach("SELECT name FROM sqlite_master WHERE type='table'", {},
+               [&](const RowView& row) { present.insert(Lower(row.Text(0))); });
   for (const std::string& table : tables)
-    if (!s.db.HasTable(table))
+    if (!present.contains(Lower(table)))
       throw Fault(fault_number::kNoSuchTable, kStoreSource,
                   "The database engine cannot find the input table '" + table + "'.");
 }
@@ -61,7 +68,6 @@ void OpenAll(Session& s) {
   const std::vector<std::string> tables = OtherTables();
   s.save_failed = false;
   s.db.Open(s.path);
-  RequireTables(s, {"SYS_CONFIG", "CO_COMPANY"});
   RequireTables(s, tables);
   s.db.RecordChanges(RecordedCompanionTables());
   OpenConfiguration(s);
@@ -152,13 +158,17 @@ bool OpenDatabaseAndCursors(Session& s, bool repair) {
 }
 
 void RepairOnFirstOpen(Session& s) {
+  Database db;
   bool repaired = true;
   Plainly(
-      s, [&] { repaired = TableExists(s.path, "QC_XREF"); }, s.path);
+      s,
+      [&] {
+        db.Open(s.path);
+        repaired = db.HasTable("QC_XREF");
+      },
+      s.path);
   if (repaired) return;
   try {
-    Database db;
-    db.Open(s.path);
     for (const char* table : {"QC", "PD_PLATFORM_DESC", "ED_EQUIP_DESC", "SYS_CONFIG", "CO_COMPANY"})
       if (!db.HasTable(table)) return;
     const WriteBatch batch(db);
