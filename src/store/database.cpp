@@ -310,7 +310,8 @@ void Database::CopyTo(const std::string& path) {
   if (code != SQLITE_OK) FailWith(code, sqlite3_errstr(code));
   sqlite3_exec(copy, "PRAGMA synchronous=OFF; PRAGMA journal_mode=OFF", nullptr, nullptr, nullptr);
   CopyPages(copy, "main");
-  // whatever journal mode the file has, the copy is a single file
+  // a copy of a file with a write-ahead log would ask for one too
+  if (NullToEmpty(Single("PRAGMA journal_mode")) == "delete") return;
   code = sqlite3_exec(copy, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) FailWith(code, sqlite3_errmsg(copy));
 }
