@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/text.h"
 #include "sheets/record_rows.h"
 #include "sheets/structure.h"
 #include "sheets/units.h"
@@ -75,6 +76,13 @@ Contexts::Contexts(Database& db, std::int64_t only, int month) {
 const StructureFacts* Contexts::Structure(std::int64_t PD_ID_AK) const {
   const auto found = structures_.find(PD_ID_AK);
   return found == structures_.end() ? nullptr : &found->second;
+}
+
+bool Contexts::MayHave(std::int64_t PD_ID_AK, std::string_view type) const {
+  const StructureFacts* structure = fault_ == nullptr ? Structure(PD_ID_AK) : nullptr;
+  if (structure == nullptr) return true;
+  return std::any_of(structure->types.begin(), structure->types.end(),
+                     [&](const std::string& present) { return EqualsIgnoringCase(present, type); });
 }
 
 const StructureMonth* Contexts::Month(std::int64_t PD_ID_AK, int year, int month) const {
@@ -258,7 +266,8 @@ void JudgeRecords(Database& db, Contexts& contexts, const SheetSpec& sheet, cons
 void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each) {
   Contexts contexts(db, scope.PD_ID_AK);
   JudgeRecords(db, contexts, StructureSheet(), scope, each);
-  for (const SheetSpec* sheet : AllSheets()) JudgeRecords(db, contexts, *sheet, scope, each);
+  for (const SheetSpec* sheet : AllSheets())
+    if (contexts.MayHave(scope.PD_ID_AK, sheet->type)) JudgeRecords(db, contexts, *sheet, scope, each);
 }
 
 Context ContextOf(Database& db, Mode mode, const RecordKeys& keys) {

@@ -51,6 +51,8 @@ class Contexts {
   const Context& Of(std::int64_t PD_ID_AK, int year, int month);
   const StructureFacts* Structure(std::int64_t PD_ID_AK) const;
   const StructureMonth* Month(std::int64_t PD_ID_AK, int year, int month) const;
+  // False for a structure without equipment of the type; true as well where that is not known, as for no structure.
+  bool MayHave(std::int64_t PD_ID_AK, std::string_view type) const;
 
  private:
   using MonthKey = std::pair<std::int64_t, int>;  // the structure; year and month
