@@ -7,6 +7,7 @@ Reads the workbook with readers that others wrote: xlrd and olefile for .xls, op
 difference, and at the end the number of cells that were compared; the exit status is 1 when there are differences.
 """
 import datetime
+import functools
 import math
 import re
 import sqlite3
@@ -27,6 +28,7 @@ ESCAPED = re.compile("_x([0-9A-Fa-f]{4})_")
 FIRST_DATE = datetime.datetime(1900, 3, 1)  # programs disagree about those before
 
 
+@functools.lru_cache(maxsize=None)
 def as_date(text):
     for form in ("%Y-%m-%d %H:%M:%S", "%Y-%m-%d %H:%M", "%Y-%m-%d"):
         try:
@@ -87,16 +89,16 @@ class Xls:
 
     def rows(self, name):
         sheet = self.book.sheet_by_name(name)
-        return [[self.value(cell) for cell in sheet.row(row)] for row in range(sheet.nrows)]
+        return [list(map(self.value, sheet.row_types(row), sheet.row_values(row))) for row in range(sheet.nrows)]
 
-    def value(self, cell):
-        if cell.ctype in (self.xlrd.XL_CELL_EMPTY, self.xlrd.XL_CELL_BLANK):
+    def value(self, kind, value):
+        if kind in (self.xlrd.XL_CELL_EMPTY, self.xlrd.XL_CELL_BLANK):
             return None
-        if cell.ctype == self.xlrd.XL_CELL_BOOLEAN:
-            return bool(cell.value)
-        if cell.ctype == self.xlrd.XL_CELL_DATE:
-            return self.xlrd.xldate.xldate_as_datetime(cell.value, self.book.datemode)
-        return cell.value
+        if kind == self.xlrd.XL_CELL_BOOLEAN:
+            return bool(value)
+        if kind == self.xlrd.XL_CELL_DATE:
+            return self.xlrd.xldate.xldate_as_datetime(value, self.book.datemode)
+        return value
 
     def look(self, name, row, column):
         """Font, bold, colour of the background."""

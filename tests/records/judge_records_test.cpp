@@ -103,6 +103,7 @@ TEST_F(JudgedRows, of_all_types_say_what_their_sheets_say) {
       if (mode == Mode::kActv && !sheet->has_activity) continue;
       run.GoTo(sheet->type, "X1", mode);
       for (int round = 0; round < 8; ++round) {
+        WriteBatch batch(s.db);
         Fill(sheet->fields, In::kDesc, sheet->ed_table(), "ED_ID_AK", s.ED_ID_AK, odd);
         if (mode == Mode::kActv) {
           Fill(sheet->fields, In::kActv, sheet->ea_table(), "EA_ID_AK", s.EA_ID_AK, odd);
@@ -115,6 +116,7 @@ TEST_F(JudgedRows, of_all_types_say_what_their_sheets_say) {
                          {s.SA_ID_AK});
           }
         }
+        batch.Commit();
         ClearFrame(s, *sheet);
         LoadFrame(s, *sheet);
         const RecordKeys keys{s.PD_ID_AK, s.SA_ID_AK, s.ED_ID_AK, s.EA_ID_AK};
@@ -133,9 +135,11 @@ TEST_F(JudgedRows, of_a_structure_say_what_its_sheet_says) {
     run.ChangeTo(mode);
     run.Select(run.Key("", "", mode == Mode::kActv ? 1 : 0));
     for (int round = 0; round < 20; ++round) {
+      WriteBatch batch(s.db);
       Fill(StructureSheet().fields, In::kDesc, "PD_PLATFORM_DESC", "PD_ID_AK", s.PD_ID_AK, odd);
       if (mode == Mode::kActv)
         Fill(StructureSheet().fields, In::kActv, "PA_PLATFORM_ACTV", "SA_ID_AK", s.SA_ID_AK, odd);
+      batch.Commit();
       ClearFrame(s, StructureSheet());
       LoadFrame(s, StructureSheet());
       EXPECT_TRUE(

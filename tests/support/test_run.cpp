@@ -91,8 +91,9 @@ void TestRun::FillNewOperator(Form&) {
 
 void TestRun::Start() {
   const std::string path = folder.path("inventory.mdb");
-  if (!fs::exists(path)) CopyTemplate(folder);
-  if (ToInteger(RawValue(path, "SELECT COUNT(*) FROM CO_COMPANY")) == 0)
+  const bool is_new = !fs::exists(path);
+  if (is_new) CopyTemplate(folder);
+  if (is_new || ToInteger(RawValue(path, "SELECT COUNT(*) FROM CO_COMPANY")) == 0)
     dialogs.push_back([this](Form& form) { FillNewOperator(form); });
   Start(path);
 }
