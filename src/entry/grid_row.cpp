@@ -26,6 +26,7 @@ TypedRecord MonthGrid::Row::Typed() const {
   typed.at = stored.at;
   typed.keys = stored.keys;
   typed.structure_inactive = stored.structure_inactive;
+  typed.texts.reserve(4);  // seldom more
   for (std::size_t i = 0; i < fields().size(); ++i)
     if (IsTyped(i)) typed.texts.emplace_back(fields()[i]->control, view.Text(IndexOf(i)));
   if (comments != stored.Comments()) typed.texts.emplace_back(stored.kind->comments, comments);

@@ -1,7 +1,9 @@
 // The month grid's way into the store: its changed records in one commit, all or none, and what is confirmed.
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "entry/grid_row.h"
 #include "history/notes.h"
@@ -64,22 +66,53 @@ class MonthGrid::Saving {
   std::map<std::int64_t, MonthRow> now_;
 };
 
+namespace {
+
+// The nodes and those above them, in the order that shows.
+std::vector<int> InOrderTo(const Tree& tree, const std::vector<int>& nodes) {
+  std::vector<bool> wanted(tree.nodes.size());
+  for (int node : nodes)
+    for (; node >= 0 && !wanted[static_cast<std::size_t>(node)];
+         node = tree.nodes[static_cast<std::size_t>(node)].parent)
+      wanted[static_cast<std::size_t>(node)] = true;
+  std::vector<int> order, waiting;
+  const auto wait = [&](const std::vector<int>& siblings) {
+    std::copy_if(siblings.rbegin(), siblings.rend(), std::back_inserter(waiting),
+                 [&](int node) { return wanted[static_cast<std::size_t>(node)]; });
+  };
+  wait(tree.roots);
+  while (!waiting.empty()) {
+    order.push_back(waiting.back());
+    waiting.pop_back();
+    wait(tree.nodes[static_cast<std::size_t>(order.back())].children);
+  }
+  return order;
+}
+
+}  // namespace
+
 // The structures, then the types in their order; in each as the tree.
 std::vector<MonthGrid::RowPtr> MonthGrid::ChangedInOrder() const {
   std::map<const SheetSpec*, int> types;
   int type = 0;
   types[&StructureSheet()] = type++;
   for (const SheetSpec* sheet : AllSheets()) types[sheet] = type++;
+  std::vector<int> nodes;
+  nodes.reserve(changed_.size());
+  for (const auto& [key, row] : changed_) nodes.push_back(s_.tree.Find(key));
   std::vector<int> rank(s_.tree.nodes.size());
   int at = 0;
-  for (int node : s_.tree.InOrder()) rank[static_cast<std::size_t>(node)] = at++;
+  for (int node : InOrderTo(s_.tree, nodes)) rank[static_cast<std::size_t>(node)] = at++;
   std::vector<std::pair<std::pair<int, int>, RowPtr>> order;
+  order.reserve(changed_.size());
+  auto next = nodes.begin();
   for (const auto& [key, row] : changed_) {
-    const int node = s_.tree.Find(key);
+    const int node = *next++;
     order.push_back({{types[row->sheet()], node < 0 ? at : rank[static_cast<std::size_t>(node)]}, row});
   }
   std::stable_sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<RowPtr> rows;
+  rows.reserve(order.size());
   for (auto& [place, row] : order) rows.push_back(std::move(row));
   return rows;
 }
@@ -102,10 +135,10 @@ bool Any(const std::vector<bool>& flags) {
 
 std::vector<MonthGrid::Saving> MonthGrid::ReadChanged() const {
   std::vector<Saving> types;
-  const std::vector<RowPtr> order = ChangedInOrder();
+  std::vector<RowPtr> order = ChangedInOrder();
   for (auto begin = order.begin(), end = begin; begin != order.end(); begin = end) {
     end = std::find_if(begin, order.end(), [&](const RowPtr& row) { return row->sheet() != (*begin)->sheet(); });
-    types.emplace_back(s_.db, std::vector<RowPtr>(begin, end));
+    types.emplace_back(s_.db, std::vector<RowPtr>(std::move_iterator(begin), std::move_iterator(end)));
   }
   return types;
 }
@@ -170,10 +203,11 @@ GridSaved MonthGrid::Save() {
     RefuseChanged(types, saved);
     if (!saved.refused.empty()) return saved;
     RecordSaver saver(s_);
-    if (changed_.size() > kFewRecords) saver.ExpectMany();
+    bool expects = changed_.size() <= kFewRecords;
     for (Saving& type : types) {
-      // structures that were saved have given their equipment their status
+      // structures that were saved have given their equipment their status, and checked it
       if (types.front().IsOfStructures() && !type.IsOfStructures()) type.Read();
+      if (!type.IsOfStructures() && !std::exchange(expects, true)) saver.ExpectMany();
       for (const RowPtr& row : type.rows()) {
         at = row;
         const MonthRow& now = *type.Now(*row);

@@ -35,6 +35,16 @@ const std::string* TextTyped(const TypedRecord& record, std::string_view control
   return nullptr;
 }
 
+// As ValueToStore. The stored number is compared by the text that its sheet shows, and is not formatted again.
+std::optional<Value> ToStore(const FieldSpec& field, const Value& stored, const std::string& shown,
+                             const FieldContent& content) {
+  const bool number = field.stored == Stored::kNumber || field.stored == Stored::kComputed;
+  if (!number || !field.loads || shown.empty() || !std::holds_alternative<double>(stored))
+    return ValueToStore(field, stored, content);
+  if (content.text == shown) return std::nullopt;
+  return FieldNumber(content.text);
+}
+
 // An update of the row with that key; nothing for no columns.
 void Update(Session& s, const std::string& table, std::string_view sets, const char* key_column, Values values,
             std::int64_t key) {
@@ -95,7 +105,7 @@ SavedRecord RecordSaver::Save(const TypedRecord& record, const MonthRow& stored,
   TypedView& typed = *typed_;
   typed.inactive = inactive;
   typed.messages.clear();
-  typed.untouched = false;
+  typed.findings.reset();
   std::vector<bool> touched(kind.fields.size());
   for (std::size_t i = 0; i < kind.fields.size(); ++i) {
     const std::string* text = TextTyped(record, kind.fields[i]->control);
@@ -122,8 +132,8 @@ Values RecordSaver::Store(const TypedRecord& record, const MonthRow& stored, con
   for (std::size_t i = 0; i < kind.fields.size(); ++i) {
     const FieldSpec& field = *kind.fields[i];
     const int index = kind.indexes[i];
-    const std::optional<Value> value =
-        ValueToStore(field, stored.FieldValue(i), {typed.view.Text(index), typed.view.IsChecked(index), touched[i]});
+    const std::optional<Value> value = ToStore(field, stored.FieldValue(i), stored.view.Text(index),
+                                               {typed.view.Text(index), typed.view.IsChecked(index), touched[i]});
     now.push_back(value.value_or(stored.FieldValue(i)));
     if (!value || *value == stored.FieldValue(i)) continue;
     sets.append(",[").append(field.column).append("]=?");

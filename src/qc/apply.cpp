@@ -81,7 +81,25 @@ void Change(Session& s, const Finding& finding) {
   s.db.ExecuteOn(s.db.ChangesOf("QC"), "UPDATE QC SET [Desc]=?,Comments='' WHERE rowid=?", {finding.text, finding.row});
 }
 
+// Where the log had none.
+int AddAll(Session& s, const QCLocation& location, const Log& log) {
+  int added = 0;
+  for (const std::size_t number : log.written) {
+    const Finding& finding = log.findings[number];
+    if (finding.gone) continue;
+    NotingSheetFaults(s.notices, [&] { Add(s, location, finding); });
+    ++added;
+  }
+  return added;
+}
+
 }  // namespace
+
+int RaiseFirst(Session& s, const QCLocation& at, const Verdicts& verdicts) {
+  Log log;
+  for (const Verdict& verdict : verdicts.all) Play(verdict, log);
+  return AddAll(s, Kept(at), log);
+}
 
 void ApplyVerdicts(Session& s, const QCLocation& at, const Verdicts& verdicts, PiecesWithFindings* known) {
   const QCLocation location = Kept(at);

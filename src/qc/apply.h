@@ -15,5 +15,7 @@ namespace merlu {
 // `known` are the pieces that have findings, for a record of equipment among many; null when they are not known.
 void ApplyVerdicts(Session& s, const QCLocation& location, const Verdicts& verdicts,
                    PiecesWithFindings* known = nullptr);
+// The same for equipment that has no findings in any month; returns how many it has then.
+int RaiseFirst(Session& s, const QCLocation& location, const Verdicts& verdicts);
 
 }  // namespace merlu

@@ -113,11 +113,17 @@ EquipmentWithFindings::EquipmentWithFindings(Database& db) {
   });
 }
 
-std::string EquipmentWithFindings::KeyOf(const QCLocation& l) {
-  std::string key;
-  for (const std::string* part : {&l.UserID, &l.CmplxID, &l.StructID, &l.EquipType, &l.EquipID})
-    key.append(Trim(*part)) += '\x1f';
-  return Lower(key);
+const std::string& EquipmentWithFindings::KeyOf(const QCLocation& l) {
+  key_.clear();
+  for (const std::string* part : {&l.UserID, &l.CmplxID, &l.StructID, &l.EquipType, &l.EquipID}) {
+    const std::size_t first = std::min(part->find_first_not_of(' '), part->size());
+    key_.append(*part, first);
+    while (!key_.empty() && key_.back() == ' ') key_.pop_back();
+    key_ += '\x1f';
+  }
+  for (char& c : key_)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return key_;
 }
 
 PiecesWithFindings::PiecesWithFindings(Database& db, const QCLocation& l) {

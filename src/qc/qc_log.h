@@ -37,12 +37,14 @@ bool DelQCRecordsForLocAndBelowAnyMode(Session& s, const QCLocation& location);
 class EquipmentWithFindings {
  public:
   explicit EquipmentWithFindings(Database& db);
-  bool Has(const QCLocation& location) const { return !known_.empty() && known_.contains(KeyOf(location)); }
+  bool Has(const QCLocation& location) { return !known_.empty() && known_.contains(KeyOf(location)); }
   void Add(const QCLocation& location) { known_.insert(KeyOf(location)); }
 
  private:
-  static std::string KeyOf(const QCLocation& location);
+  // Valid until the next call.
+  const std::string& KeyOf(const QCLocation& location);
   std::unordered_set<std::string> known_;
+  std::string key_;
 };
 
 // The pieces of equipment on a structure that have findings in a month: read once where all of them run, so that those

@@ -78,7 +78,7 @@ int RunQCAmongMany(Session& s, const SheetSpec& sheet, const QCLocation& at, Typ
   else
     RunTypedEquipment(s, sheet, at, typed);
   s.current = at;
-  if (typed.untouched) return 0;
+  if (typed.findings) return *typed.findings;
   const int count = CountQCErrors(s, at);
   WithdrawByResult(s, at, count);
   return s.EquipmentInactive || s.StructureInactive ? CountQCErrors(s, at) : count;

@@ -85,13 +85,18 @@ void RunJudgedStructure(Session& s, const QCLocation& location, const JudgedReco
 
 }  // namespace
 
-int DateEquipment(Session& s, const std::vector<std::int64_t>& keys, const Value& date) {
-  if (keys.empty()) return 0;
-  std::string list;
-  for (const std::int64_t key : keys) list.append(list.empty() ? "[" : ",").append(std::to_string(key));
-  return s.db.ExecuteOn(s.db.ChangesOf("EA_EQUIP_ACTV"),
-                        "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK IN (SELECT value FROM json_each(?))",
-                        {date, list + "]"});
+int DateEquipment(Session& s, std::vector<std::int64_t> keys, const Value& date) {
+  std::sort(keys.begin(), keys.end());
+  int dated = 0;
+  for (auto first = keys.begin(), next = first; first != keys.end(); first = next) {
+    // those of one month mostly follow each other
+    while (++next != keys.end() && *next == *(next - 1) + 1) {
+    }
+    dated += s.db.ExecuteOn(s.db.ChangesOf("EA_EQUIP_ACTV"),
+                            "UPDATE EA_EQUIP_ACTV SET EA_QC_DT=? WHERE EA_ID_AK BETWEEN ? AND ?",
+                            {date, *first, *(next - 1)});
+  }
+  return dated;
 }
 
 void RunJudged(Session& s, const QCLocation& at, const JudgedRecord& record, StructureWalk* walk) {
@@ -153,10 +158,12 @@ void RunTypedEquipment(Session& s, const SheetSpec& sheet, QCLocation location, 
   s.record_checked = true;
   const bool raises = std::any_of(verdicts.all.begin(), verdicts.all.end(),
                                   [](const Verdict& verdict) { return verdict.log == Verdict::Log::kRaise; });
-  typed.untouched = !raises && !sheet.before_rules && typed.known != nullptr && !typed.known->Has(location);
-  if (typed.untouched) return;
-  ApplyVerdicts(s, location, verdicts);
-  if (raises && typed.known != nullptr) typed.known->Add(location);
+  if (typed.known == nullptr || sheet.before_rules || typed.known->Has(location)) {
+    ApplyVerdicts(s, location, verdicts);
+  } else {
+    typed.findings = raises ? RaiseFirst(s, location, verdicts) : 0;
+    if (*typed.findings > 0) typed.known->Add(location);
+  }
 }
 
 bool RunTypedStructureRules(Session& s, const QCLocation& location, TypedView& typed) {

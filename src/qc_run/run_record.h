@@ -3,6 +3,7 @@
 // one.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,14 +15,14 @@ namespace merlu {
 
 // A month's record that is typed elsewhere than on its sheet, before it is stored.
 struct TypedView {
-  RecordView view;                    // what its sheet would show; takes what the rules change
-  bool inactive = false;              // its box "No Emissions to Report"
-  const Context* context;             // of its month, as while saving; a structure's is read by the run
-  std::vector<std::string> messages;  // of the rules, on what they changed
-  // That the log knows: a record that raises nothing and is not among them has nothing to be withdrawn. Null: look.
+  RecordView view;                      // what its sheet would show; takes what the rules change
+  bool inactive = false;                // its box "No Emissions to Report"
+  const Context* context;               // of its month, as while saving; a structure's is read by the run
+  std::vector<std::string> messages{};  // of the rules, on what they changed
+  // That the log knows: a record that is not among them has nothing to be withdrawn, in any month. Null: look.
   EquipmentWithFindings* known = nullptr;
-  bool untouched = false;  // nothing in the log was its, and nothing came to it
-  Verdicts verdicts{};     // what its rules said
+  std::optional<int> findings{};  // that it has now, where it had none in any month
+  Verdicts verdicts{};            // what its rules said
 };
 
 // The equipment at the location in the session's mode: from its sheet if that is shown, with what the user has typed,
@@ -36,8 +37,8 @@ struct StructureWalk {
 // The same for a record that was judged from its rows. Among those of a structure, its date is left to DateEquipment.
 void RunJudged(Session& s, const QCLocation& location, const JudgedRecord& record, StructureWalk* walk = nullptr);
 
-// Gives these months of equipment the date of last QC in one statement; returns how many there are.
-int DateEquipment(Session& s, const std::vector<std::int64_t>& keys, const Value& date);
+// Gives these months of equipment the date of last QC; returns how many there are.
+int DateEquipment(Session& s, std::vector<std::int64_t> keys, const Value& date);
 
 // The same for equipment that is typed and not yet stored, as the run that its save begins with; it is dated by what
 // stores it. A group of rules that met a fault passes it on.

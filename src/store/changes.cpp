@@ -40,21 +40,42 @@ void AppendTag(std::string& row, StoredValue::Kind kind) {
   row += static_cast<char>(kind);
 }
 
+constexpr std::size_t kMostNumberBytes = 10;  // 64 bits, 7 in each
+
+char* WriteNumber(char* to, std::uint64_t number) {
+  for (; number >= 0x80U; number >>= 7U) *to++ = static_cast<char>((number & 0x7FU) | 0x80U);
+  *to++ = static_cast<char>(number);
+  return to;
+}
+
+// Every value that changes passes here: it is put together first and appended once.
+void AppendTagged(std::string& row, StoredValue::Kind kind, std::uint64_t number) {
+  char bytes[1 + kMostNumberBytes] = {static_cast<char>(kind)};
+  row.append(bytes, static_cast<std::size_t>(WriteNumber(bytes + 1, number) - bytes));
+}
+
 void AppendInteger(std::string& row, std::int64_t number) {
-  AppendTag(row, StoredValue::Kind::kInteger);
-  AppendNumber(row, ZigZag(number));
+  AppendTagged(row, StoredValue::Kind::kInteger, ZigZag(number));
 }
 
 void AppendReal(std::string& row, double number) {
   if (IsWhole(number)) return AppendInteger(row, static_cast<std::int64_t>(number));
-  AppendTag(row, StoredValue::Kind::kReal);
-  row.append(reinterpret_cast<const char*>(&number), sizeof number);
+  char bytes[1 + sizeof number] = {static_cast<char>(StoredValue::Kind::kReal)};
+  std::memcpy(bytes + 1, &number, sizeof number);
+  row.append(bytes, sizeof bytes);
 }
 
 void AppendBytes(std::string& row, StoredValue::Kind kind, std::string_view bytes) {
-  AppendTag(row, kind);
-  AppendNumber(row, bytes.size());
+  AppendTagged(row, kind, bytes.size());
   row.append(bytes);
+}
+
+// The engine copies a text that has no zero byte behind it, a blob it does not.
+std::string_view TextOf(sqlite3_value* value) {
+  const void* text = sqlite3_value_encoding(value) == SQLITE_UTF8 ? sqlite3_value_blob(value)
+                                                                  : static_cast<const void*>(sqlite3_value_text(value));
+  if (text == nullptr) return {};
+  return {static_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 bool TakeReal(std::string_view& row, double& number) {
@@ -75,11 +96,8 @@ bool TakeBytes(std::string_view& row, std::string_view& bytes) {
 }  // namespace
 
 void AppendNumber(std::string& bytes, std::uint64_t number) {
-  while (number >= 0x80U) {
-    bytes += static_cast<char>((number & 0x7FU) | 0x80U);
-    number >>= 7U;
-  }
-  bytes += static_cast<char>(number);
+  char written[kMostNumberBytes];
+  bytes.append(written, static_cast<std::size_t>(WriteNumber(written, number) - written));
 }
 
 bool TakeNumber(std::string_view& bytes, std::uint64_t& number) {
@@ -95,17 +113,14 @@ bool TakeNumber(std::string_view& bytes, std::uint64_t& number) {
 
 void AppendValue(std::string& row, sqlite3_value* value) {
   using Kind = StoredValue::Kind;
-  const auto size = [value] { return static_cast<std::size_t>(sqlite3_value_bytes(value)); };
   switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER: return AppendInteger(row, sqlite3_value_int64(value));
     case SQLITE_FLOAT: return AppendReal(row, sqlite3_value_double(value));
-    case SQLITE_TEXT: {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-      return AppendBytes(row, Kind::kText, text == nullptr ? std::string_view() : std::string_view(text, size()));
-    }
+    case SQLITE_TEXT: return AppendBytes(row, Kind::kText, TextOf(value));
     case SQLITE_BLOB: {
       const auto* blob = static_cast<const char*>(sqlite3_value_blob(value));
-      return AppendBytes(row, Kind::kBlob, blob == nullptr ? std::string_view() : std::string_view(blob, size()));
+      const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+      return AppendBytes(row, Kind::kBlob, blob == nullptr ? std::string_view() : std::string_view(blob, size));
     }
     default: return AppendTag(row, Kind::kNull);
   }

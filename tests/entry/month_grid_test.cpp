@@ -147,6 +147,25 @@ TEST_F(Grid, counts_the_findings_of_the_records_that_it_saves_and_of_no_other) {
   EXPECT_GT(ToInteger(run.Sql("SELECT COUNT(*) FROM QC WHERE Level='EQUIPMENT'")), 0) << "the run reached them";
 }
 
+TEST_F(Grid, leaves_no_finding_that_its_structure_raised_before_the_equipment_was_stored) {
+  run.ChangeTo(Mode::kDesc);
+  for (int number = 3; number <= 21; ++number) {
+    run.Select(run.Key());
+    run.AddEquipment("FLA", "F" + std::to_string(number));
+  }
+  run.ChangeTo(Mode::kActv);
+  grid.ShowMonth(&StructureSheet(), 2);
+  grid.SetCell(0, ColumnOf(grid, "txtSTRUCTURE_ProdOil"), "60");
+  grid.ShowMonth(&TARNE_FLA(), 2);
+  for (int row = 1; row < grid.RowCount(); ++row) {
+    grid.SetCell(row, hours, "100");
+    grid.SetCell(row, volume, "12.5");
+  }
+  EXPECT_EQ(grid.Save().records, 21);
+  EXPECT_GT(run.Count("QC WHERE EquipID='F1'"), 0) << "not typed: blank";
+  EXPECT_EQ(run.Count("QC WHERE EquipType='FLA' AND EquipID<>'F1'"), 0);
+}
+
 TEST_F(Grid, saves_nothing_when_another_program_has_changed_a_record) {
   grid.SetCell(0, hours, "700");
   grid.SetCell(1, hours, "701");
