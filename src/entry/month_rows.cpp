@@ -74,7 +74,7 @@ void ReadMonthRows(Database& db, Contexts& contexts, const SheetSpec* sheet, con
     row.node = StructureMonthKey(facts.user, record.month, record.year, facts.complex, facts.structure);
     if (!of_structure) row.node += EquipmentSuffix(sheet->type, row.id);
     row.at = ParseNodeKey(row.node);
-    row.structure = facts.area + ", " + facts.block + ", " + facts.name;
+    row.structure = StructureText(facts.area, facts.block, facts.name);
     row.inactive = record.inactive;
     row.structure_inactive = !of_structure && record.structure_inactive;
     for (int column = 0; column < 2 + static_cast<int>(fields.size()); ++column)

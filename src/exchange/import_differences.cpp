@@ -118,9 +118,8 @@ std::vector<ImportDifference> FindDifferences(Database& working, std::int64_t he
   std::vector<ImportDifference> differences;
   const auto year = static_cast<int>(ToInteger(working.Single("SELECT sys_yr FROM SYS_CONFIG LIMIT 1")));
   std::string structure;
-  working.ForEach("SELECT Area,Block,Name FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {here}, [&](const RowView& row) {
-    structure = std::string(row.Text(0)).append(", ").append(row.Text(1)).append(", ").append(row.Text(2));
-  });
+  working.ForEach("SELECT Area,Block,Name FROM PD_PLATFORM_DESC WHERE PD_ID_AK=?", {here},
+                  [&](const RowView& row) { structure = StructureText(row.Text(0), row.Text(1), row.Text(2)); });
   const auto words = [&](const RowPlace& place) { return JoinPlace(place.first, year, structure, place.second); };
   for (const Compared& table : ComparedTables()) {
     const PlacedRows ours = Read(working, table, here), theirs = Read(file, table, there);

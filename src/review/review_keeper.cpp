@@ -5,6 +5,7 @@
 
 #include "history/all_comments.h"
 #include "qc/comment_key.h"
+#include "session/place.h"
 #include "sheets/units.h"
 
 namespace merlu {
@@ -134,7 +135,7 @@ void ReviewKeeper::ReadNames(Database& db) {
         structure_of_name_.try_emplace(StructureName(Trim(row.Text(1)), complex, structure), index);
         // when it is unknown whose it is
         structure_of_name_.try_emplace(StructureName("", complex, structure), index);
-        structures.push_back({row.Integer(0), text(1), text(2), text(3), text(4) + ", " + text(5) + ", " + text(6), 0});
+        structures.push_back({row.Integer(0), text(1), text(2), text(3), StructureText(text(4), text(5), text(6)), 0});
       });
   Rank(structures, [](const ReviewedStructure& structure) { return structure.text; });
   RankByOperators(db, structures);

@@ -30,7 +30,7 @@ struct Open {
   Session& s;
   Form& form;
   std::shared_ptr<MonthGrid> grid;
-  std::vector<const SheetSpec*> types;                            // by item, null for the structures
+  std::vector<const SheetSpec*> types;                            // by item, the structures first
   std::vector<std::pair<const SheetSpec*, std::int64_t>> pieces;  // by item: the type and the key
 };
 

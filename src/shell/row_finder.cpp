@@ -95,7 +95,7 @@ const RowFinder::Named* RowFinder::Find(const std::string& table, std::int64_t r
 
 std::string RowFinder::Structure(std::int64_t pd_id) {
   const Named* row = Find("PD_PLATFORM_DESC", pd_id);
-  return row == nullptr ? "" : Part(*row, "Area") + ", " + Part(*row, "Block") + ", " + Part(*row, "Name");
+  return row == nullptr ? "" : StructureText(Part(*row, "Area"), Part(*row, "Block"), Part(*row, "Name"));
 }
 
 std::string RowFinder::PlaceOfEquipment(int month, int year, std::int64_t ed_id) {
