@@ -366,6 +366,7 @@ TEST(QcRun, can_be_asked_for_while_editing) {
   FlareMonth flare;
   EXPECT_EQ(flare.run.WhyNotClick("cmdQC"), "");
   flare.run.Click("cmdQC");
+  EXPECT_EQ(flare.run.TakeBoxes(), Texts{"QC completed with 2 errors found"});
   EXPECT_TRUE(flare.run.s.editing);
   EXPECT_EQ(flare.run.At(kHours).back, Back::kFlag);
   EXPECT_FALSE(flare.run.At(kHours).locked);

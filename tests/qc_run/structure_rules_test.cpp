@@ -34,6 +34,7 @@ TEST(StructureRules, of_a_description_name_what_is_blank_in_their_order) {
   Sheet sheet(Mode::kDesc);
   sheet.run.Put({{"txtSTRUCTURE_Area", ""}, {"txtSTRUCTURE_Block", " "}, {"txtSTRUCTURE_Name", ""}});
   sheet.run.Click("cmdQC");
+  EXPECT_EQ(sheet.run.TakeBoxes(), Texts{"QC completed with 8 errors found"});
   Values expected;
   for (const char* tag :
        {"Area", "Block", "Name", "Lease Number", "Longitude", "Latitude", "Distance to Shore", "Water Depth"})
@@ -116,6 +117,22 @@ TEST(SalesGas, cannot_have_its_total_typed) {
   Sheet sheet(Mode::kDesc);
   EXPECT_EQ(sheet.run.WhyNotSet(kTotal), "is locked");
   EXPECT_EQ(sheet.run.WhyNotSet("txtSTRUCTURE_SalesGasC1Content"), "");
+}
+
+TEST(RetiredFinding, of_the_equipment_sum_goes_away_in_a_month_though_it_is_explained) {
+  const Texts tags = {"Total Fuel Usage, Diesel", "Total Fuel Usage, Gasoline", "Total Fuel Usage, Natural Gas"};
+  TestRun run;
+  run.StartWith("MUD", "M1");
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET TOT_FUEL_USE_NG=1,TOT_FUEL_USE_GAS=1,TOT_FUEL_USE_DIE=1");
+  for (const std::string& tag : tags)
+    run.s.db.Execute(
+        "INSERT INTO QC (UserID,Month,Year,Level,CmplxID,StructID,EquipType,EquipID,FieldID,[Desc],Comments,EditMode) "
+        "VALUES ('12345',1,2017,'STRUCTURE','1001','1','NA','NA',?,'Value exceeded by equipment sum','known','ACTV')",
+        {tag});
+  run.ChangeTo(Mode::kActv);
+  run.Select(run.Key("", "", 1));
+  run.Click("cmdQC");
+  for (const std::string& tag : tags) EXPECT_EQ(run.Finding(tag), "") << tag;
 }
 
 // ---- the operator ----

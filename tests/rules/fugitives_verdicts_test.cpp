@@ -7,7 +7,7 @@ namespace {
 
 using namespace fugitives;
 
-// Sound values.
+// A record that no rule finds fault with.
 struct Sheet {
   // Judges the record and gives the finding of the field.
   std::string Finding(const std::string& tag) {

@@ -32,7 +32,7 @@ constexpr Kept kKept[] = {
 
 class KeptValue : public testing::TestWithParam<Kept> {
  protected:
-  Value StoredText() { return run.Sql(std::string("SELECT ") + GetParam().column + " FROM " + GetParam().table); }
+  Value StoredNow() { return run.Sql(std::string("SELECT ") + GetParam().column + " FROM " + GetParam().table); }
   void Show(const Value& value) {
     const Kept& kept = GetParam();
     run.StartWith(kept.type, "X1");
@@ -49,7 +49,7 @@ TEST_P(KeptValue, that_is_an_empty_text_is_blank_and_is_stored_as_Null) {
   Show(std::string());
   EXPECT_EQ(run.Text(GetParam().control), "");
   run.Keep({{GetParam().other, "5"}});
-  EXPECT_EQ(StoredText(), Value(Null{}));
+  EXPECT_EQ(StoredNow(), Value(Null{}));
 }
 
 TEST_P(KeptValue, shows_as_it_is_stored_and_outlasts_a_save_of_something_else) {
@@ -61,15 +61,15 @@ TEST_P(KeptValue, shows_as_it_is_stored_and_outlasts_a_save_of_something_else) {
   run.Click("cmdEdit");
   run.Set(kept.other, "5");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(StoredText(), brought);
+  EXPECT_EQ(StoredNow(), brought);
   EXPECT_EQ(run.Text(kept.control), "as they call it, 12");
   run.Click("cmdSaveExit");
-  EXPECT_EQ(StoredText(), brought);
+  EXPECT_EQ(StoredNow(), brought);
   if (kept.item == nullptr) return;
   run.Click("cmdEdit");
   run.Set(kept.control, kept.item);
   run.Click("cmdSaveEdits");
-  EXPECT_NE(StoredText(), brought);
+  EXPECT_NE(StoredNow(), brought);
   EXPECT_EQ(run.Text(kept.control), kept.item);
 }
 

@@ -40,7 +40,7 @@ class Edit : public testing::Test {
     EXPECT_FALSE(main.At("cmdEdit").visible);
     for (const char* name : {"cmdSaveExit", "cmdSaveEdits", "cmdCANCEL"}) EXPECT_TRUE(main.At(name).visible) << name;
   }
-  Value StoredText(const std::string& column) { return run.Sql("SELECT " + column + " FROM EA_FLA WHERE EA_ID_AK=1"); }
+  Value StoredNow(const std::string& column) { return run.Sql("SELECT " + column + " FROM EA_FLA WHERE EA_ID_AK=1"); }
   Value Date(int month = 1) {
     return run.Sql("SELECT EA_QC_DT FROM EA_EQUIP_ACTV WHERE EA_MO=" + std::to_string(month));
   }
@@ -88,7 +88,7 @@ TEST_F(Edit, that_is_saved_goes_on_with_what_was_stored) {
   run.Put({{"txtFLA_HrsOperated", "1,200"}, {"txtFLA_VolFlared", "lots"}});
   run.Click("cmdSaveEdits");
   ExpectEditing();
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 1);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 1);
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "1");
   EXPECT_EQ(run.Text("txtFLA_VolFlared"), "");
   EXPECT_EQ(run.WhyNotSet("txtFLA_HrsOperated"), "");
@@ -103,7 +103,7 @@ TEST_F(Edit, that_is_cancelled_after_a_save_shows_what_was_saved) {
   run.Set("txtFLA_HrsOperated", "6");
   run.Click("cmdCANCEL");
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "5");
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 5);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 5);
 }
 
 TEST_F(Edit, that_ends_runs_qc_on_the_values_of_the_screen_saves_and_goes_back_to_view) {
@@ -113,7 +113,7 @@ TEST_F(Edit, that_ends_runs_qc_on_the_values_of_the_screen_saves_and_goes_back_t
   ExpectBrowsing();
   EXPECT_EQ(run.TakeBoxes(), Texts{"QC completed with 1 errors found"});
   EXPECT_EQ(run.Finding("Hours Operated, excl. upsets"), "Value not in expected range (0 to 744)");
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 745);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 745);
   EXPECT_FALSE(run.s.InSaveQC);
   EXPECT_FALSE(run.s.save_failed);
   EXPECT_EQ(run.At("fraFLA").caption, "Combustion Flare");
@@ -201,7 +201,7 @@ TEST_F(Edit, can_run_qc_without_saving) {
   ExpectEditing();
   EXPECT_EQ(run.Finding("Hours Operated, excl. upsets"), "Value not in expected range (0 to 744)");
   EXPECT_EQ(run.At("txtFLA_HrsOperated").back, Back::kFlag);
-  EXPECT_TRUE(IsNull(StoredText("OP_HR")));
+  EXPECT_TRUE(IsNull(StoredNow("OP_HR")));
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "745");
   run.Click("cmdCANCEL");
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "");
@@ -247,7 +247,7 @@ TEST_F(Edit, that_could_not_be_saved_can_be_saved_when_the_reason_is_gone) {
   run.s.db.Execute("DROP TRIGGER stop");
   run.Click("cmdSaveEdits");
   EXPECT_FALSE(run.s.save_failed);
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 5);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 5);
 }
 
 TEST_F(Edit, on_a_survey_is_saved_by_reloading_its_sheet) {
@@ -328,7 +328,7 @@ TEST_F(Edit, does_not_begin_on_a_record_that_could_not_be_read) {
     EXPECT_EQ(run.TakeBoxes().back(), kUnreadable);
     ExpectBrowsing();
   }
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 700);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 700);
 }
 
 TEST_F(Edit, reads_the_record_again_when_it_begins) {
@@ -343,7 +343,7 @@ TEST_F(Edit, reads_the_record_again_when_it_begins) {
   ExpectEditing();
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "700");
   run.Click("cmdSaveEdits");
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 700);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 700);
 }
 
 TEST_F(Edit, of_every_level_does_not_begin_while_it_cannot_be_read) {
@@ -369,7 +369,7 @@ TEST_F(Edit, of_a_record_that_could_not_be_read_is_neither_saved_nor_judged) {
   EXPECT_TRUE(IsNull(Date()));
   SaveSheet(run.s, false);
   EXPECT_TRUE(run.s.save_failed);
-  EXPECT_EQ(ToNumber(StoredText("OP_HR")), 700);
+  EXPECT_EQ(ToNumber(StoredNow("OP_HR")), 700);
 }
 
 TEST_F(Edit, that_was_cancelled_into_a_record_that_cannot_be_read_has_ended) {

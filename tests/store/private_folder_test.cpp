@@ -83,7 +83,7 @@ TEST_F(PrivateFolders, of_killed_programs_are_removed_and_those_of_running_ones_
   EXPECT_TRUE(Names().empty());
 }
 
-TEST_F(PrivateFolders, alone_are_removed) {
+TEST_F(PrivateFolders, are_told_from_files_links_and_other_folders) {
   std::ofstream(elsewhere.path("theirs")) << "kept";
   fs::create_directory(place.path(".merlu-notes"));
   std::ofstream(place.path(".merlu-0123456789abcdef.tmp")) << "a file";
