@@ -172,6 +172,7 @@ void FillMonths(Database& db, const Value& year, std::int64_t last) {
 // The months that the inventory lacks, and everything chosen: all of it or nothing.
 void TakeOver(Session& s, const std::vector<StructureName>& chosen, const ImportPlan& plan) {
   const int before = s.last_month;
+  CurrentKeys keys(s);
   try {
     AllOrNothing whole(s.db);
     while (s.last_month < plan.last_month) {
@@ -190,6 +191,7 @@ void TakeOver(Session& s, const std::vector<StructureName>& chosen, const Import
     const int last = std::max(plan.last_month, s.last_month);
     if (LacksMonths(plan, last)) FillMonths(s.db, identity.year, last);
     whole.Keep();
+    keys.Advance();
   } catch (const Fault&) {
     s.last_month = before;
     throw;

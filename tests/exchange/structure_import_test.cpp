@@ -252,6 +252,20 @@ TEST_F(Import, adds_the_months_that_the_inventory_lacks_with_one_message) {
       << "no two runs of keys mix";
 }
 
+TEST_F(Import, that_fails_after_it_has_added_months_leaves_the_month_that_was_current) {
+  Make(Plan(1, 2, 2), Plan(1, 2, 5));
+  run.s.PD_ID_AK = 1;
+  run.s.SA_ID_AK = 2;
+  run.s.db.Execute("CREATE TEMP TRIGGER stop BEFORE INSERT ON PD_PLATFORM_DESC BEGIN SELECT RAISE(ABORT,'no'); END");
+  run.s.exchange.OpenPrivateCopy(Other());
+  std::vector<StructureName> all;
+  for (const ListedStructure& structure : ListStructures(run.s.exchange)) all.push_back(structure.name);
+  EXPECT_THROW(ImportStructures(run.s, run.s.exchange, all, merlu::Import::kDo), Fault);
+  EXPECT_EQ(run.s.last_month, 2);
+  EXPECT_EQ(run.s.PD_ID_AK, 1);
+  EXPECT_EQ(run.s.SA_ID_AK, 2);
+}
+
 TEST_F(Import, fills_the_further_months_of_a_longer_inventory_with_empty_rows) {
   Make(Plan(1, 16, 4), Plan(2, 32, 2));
   EXPECT_EQ(ImportRows({0, 1}), Texts{"Done."});
