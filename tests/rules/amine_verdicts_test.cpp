@@ -22,7 +22,6 @@ TEST(Amine, is_held_to_the_bounds_of_the_efficiencies_that_are_given) {
   TryBounds({.type = "AMI",
              .mode = Mode::kDesc,
              .base = {{"cmbAMI_OtherControlDevice", "Yes"}},
-             .required = {},
              .if_filled = {{"txtAMI_OtherControlEffSOx", "SOx Efficiency", 0, 99.9},
                            {"txtAMI_OtherControlEffNOx", "NOx Efficiency", 0, 99.9},
                            {"txtAMI_OtherControlEffCO", "CO Efficiency", 0, 99.9},

@@ -22,13 +22,10 @@ TEST_P(ExhaustOutletRules, hold_it_to_the_bounds_of_its_type) {
   BoundCase bounds{
       .type = b.type,
       .mode = Mode::kDesc,
-      .description = {},
-      .base = {},
       .required = {{b.Named("Hgt"), "Exhaust Outlet Height", -30, b.height},
                    {b.Named("InnerDiam"), "Exhaust Outlet Inner Diameter", b.diameter_low, b.diameter},
                    {b.Named("ExitVel"), "Exhaust Exit Velocity", 0, b.velocity},
-                   {b.Named(b.temperature), "Exhaust Exit Temperature", b.temperature_low, b.temperature_high}},
-      .if_filled = {}};
+                   {b.Named(b.temperature), "Exhaust Exit Temperature", b.temperature_low, b.temperature_high}}};
   if (b.has_orientation_rule) bounds.required.push_back({b.Named("Angle"), "Exhaust Outlet Orientation", 0, 180});
   TryBounds(bounds);
 }
@@ -70,10 +67,7 @@ class OtherControlDeviceRules : public testing::TestWithParam<DeviceCase> {
 TEST_P(OtherControlDeviceRules, hold_its_efficiencies_to_0_to_99_9_percent_or_none) {
   BoundCase bounds{.type = block().type,
                    .mode = Mode::kDesc,
-                   .description = {},
-                   .base = {{block().Device(), "Yes"}, {block().Description(), "scrubber"}},
-                   .required = {},
-                   .if_filled = {}};
+                   .base = {{block().Device(), "Yes"}, {block().Description(), "scrubber"}}};
   for (const std::string& gas : block().gases)
     bounds.if_filled.push_back({block().Efficiency(gas), gas + " Control Efficiency", 0, 99.9});
   TryBounds(bounds);

@@ -10,25 +10,21 @@ const char* const kFuel = "cmbDIE_FuelType";
 void TryDescription(const Values& base, double heating_low, double heating_high) {
   TryBounds({.type = "DIE",
              .mode = Mode::kDesc,
-             .description = {},
              .base = base,
              .required = {{"txtDIE_OperatingHP", "Operating Horsepower", 5, 3000},
                           {"txtDIE_FuelUsageRate", "Average Fuel Usage", 0, 8500},
                           {"txtDIE_MaxHP", "Max Rated Horsepower", 10, 3000},
                           {"txtDIE_FuelHeatingValue", "Fuel Heating Value", heating_low, heating_high},
                           {"txtDIE_FuelSulfurContent", "Fuel Sulfur Content", 0, 5},
-                          {"txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage", 0, 20000}},
-             .if_filled = {}});
+                          {"txtDIE_MaxRatedFuelUsage", "Max Rated Fuel Usage", 0, 20000}}});
 }
 
 void TryMonth(const Values& description, double total) {
   TryBounds({.type = "DIE",
              .mode = Mode::kActv,
              .description = description,
-             .base = {},
              .required = {{"txtDIE_HrsOperated", "Hours Operated", 0, 744},
-                          {"txtDIE_TotalFuelUsed", "Total Fuel Used", 0, total}},
-             .if_filled = {}});
+                          {"txtDIE_TotalFuelUsed", "Total Fuel Used", 0, total}}});
 }
 
 TEST(DieselEngine, on_gasoline_is_held_to_the_bounds_of_gasoline) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "rules/same_rules.h"
 
 namespace merlu::test {
 namespace {
@@ -21,21 +21,15 @@ std::string FindingAt(SheetRecord& record, const std::string& value) {
 }
 
 TEST(DieselEngine, misses_these_fields_of_a_blank_description_in_this_order) {
-  SheetRecord record("DIE", Mode::kDesc);
-  record.Run();
-  EXPECT_EQ(
-      record.Fields(),
+  ExpectMissing(
+      "DIE", Mode::kDesc,
       "Operating Horsepower|Average Fuel Usage|Fuel Type|Max Rated Horsepower|Fuel Heating Value|Fuel Sulfur Content|"
       "Max Rated Fuel Usage|Exhaust Outlet Height|Exhaust Outlet Inner Diameter|Exhaust Exit Velocity|"
       "Exhaust Exit Temperature|Exhaust Outlet Orientation");
-  EXPECT_TRUE(record.FindsOnlyBlanks());
 }
 
 TEST(DieselEngine, misses_these_fields_of_a_blank_month_in_this_order) {
-  SheetRecord record("DIE", Mode::kActv);
-  record.Run();
-  EXPECT_EQ(record.Fields(), "Hours Operated|Total Fuel Used");
-  EXPECT_TRUE(record.FindsOnlyBlanks());
+  ExpectMissing("DIE", Mode::kActv, "Hours Operated|Total Fuel Used");
 }
 
 TEST(DieselEngine, loses_four_texts_that_are_no_numbers_to_a_run_and_then_misses_them) {

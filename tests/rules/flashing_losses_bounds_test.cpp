@@ -1,16 +1,12 @@
-#include "rules/bounds.h"
+#include "sheets/flashing_losses.h"
 
 #include <gtest/gtest.h>
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kVessel = "cmbLOS_VesselType";
-constexpr const char* kDestination = "cmbLOS_GasesVentOrFlare";
-constexpr const char* kDownstream = "txtLOS_DSOpPressure";
-constexpr const char* kUpstream = "txtLOS_USOpPressure";
-constexpr const char* kDownstreamTag = "Op pressure of Vessel";
-constexpr const char* kUpstreamTag = "Op Press upstream of Vessel";
+using namespace flashing;
+
 const std::vector<Bound> kOutlet = {{"txtLOS_ExhaustOutletHgt", "Outlet Height", 30, 100},
                                     {"txtLOS_ExhaustOutletInnerDiam", "Outlet Diameter", 2, 36},
                                     {"txtLOS_ExhaustOutletExitVel", "Exhaust Exit Velocity", 0, 1100},

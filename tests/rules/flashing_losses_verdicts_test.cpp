@@ -1,18 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "sheets/flashing_losses.h"
 
 namespace merlu::test {
 namespace {
 
-using Texts = std::vector<std::string>;
+using namespace flashing;
 
-constexpr const char* kVessel = "cmbLOS_VesselType";
-constexpr const char* kDestination = "cmbLOS_GasesVentOrFlare";
-constexpr const char* kDownstream = "txtLOS_DSOpPressure";
-constexpr const char* kUpstream = "txtLOS_USOpPressure";
-constexpr const char* kDownstreamTag = "Op pressure of Vessel";
-constexpr const char* kUpstreamTag = "Op Press upstream of Vessel";
+using Texts = std::vector<std::string>;
 
 TEST(FlashingLosses, of_50_psig_suit_a_separator_and_a_heater_and_no_tank) {
   SheetRecord record("LOS", Mode::kActv);

@@ -1,17 +1,11 @@
-#include "rules/bounds.h"
+#include "sheets/glycol.h"
 
 #include <gtest/gtest.h>
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kThroughput = "txtGLY_TotalGasThru";
-constexpr const char* kDestination = "cmbGLY_GasesVentOrFlare";
-constexpr const char* kTechnology = "cmbGLY_ControlTechnology";
-constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
-constexpr const char* kFlashTank = "cmbGLY_UseFlashTank";
-constexpr const char* kStripping = "cmbGLY_StrippingGas";
-constexpr const char* kDevice = "cmbGLY_OtherControlDevice";
+using namespace glycol;
 
 TEST(Glycol, is_held_to_the_bounds_of_a_month) {
   TryBounds({.type = "GLY", .mode = Mode::kActv, .required = {{kThroughput, "Processed Throughput", 0, 15500}}});

@@ -1,15 +1,11 @@
-#include "rules/bounds.h"
+#include "sheets/loading.h"
 
 #include <gtest/gtest.h>
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kVolume = "txtLOA_VolLoaded";
-constexpr const char* kDestination = "cmbLOA_GasesVentOrFlare";
-constexpr const char* kTechnology = "cmbLOA_ControlTechnology";
-constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
-constexpr const char* kDevice = "cmbLOA_OtherControlDevice";
+using namespace loading;
 
 TEST(Loading, is_held_to_every_bound_of_a_month) {
   TryBounds({.type = "LOA",

@@ -2,18 +2,16 @@
 
 #include "base/numbers.h"
 #include "rules/same_rules.h"
+#include "sheets/loading.h"
 
 namespace merlu::test {
 namespace {
 
+using namespace loading;
+
 using Texts = std::vector<std::string>;
 
-constexpr const char* kVolume = "txtLOA_VolLoaded";
-constexpr const char* kDestination = "cmbLOA_GasesVentOrFlare";
 constexpr const char* kDestinationTag = "Gases Vented/Flared?";
-constexpr const char* kTechnology = "cmbLOA_ControlTechnology";
-constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
-constexpr const char* kDevice = "cmbLOA_OtherControlDevice";
 constexpr const char* kExceeds = "Value exceeds crude oil throughput for structure";
 
 // The numbers of the description that a month is checked for too.
@@ -104,18 +102,9 @@ TEST(Loading, withdraws_the_findings_of_fields_that_no_longer_apply) {
   const std::vector<ListCase> cases = {
       {kTechnology, kCondenser, "None", {"Condenser Temperature", "Condenser Pressure"}},
       {kDevice, "Yes", "No", {"Other Control Equipment Descript."}},
-      {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
-      {kDestination,
-       "Flared Locally",
-       "Vented Locally",
-       {"Flare Feed Rate", "Flare Combustion Temperature", "Flare Combustion Efficiency"}},
-      {kDestination,
-       "Vented Locally",
-       "Flared Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-        "Ventilation Outlet Orientation"}},
   };
   ExpectWithdrawnWithoutTheChoice("LOA", cases);
+  ExpectWithdrawnWithoutTheChoice("LOA", CasesOfDestination(kDestination, "Flared Remotely", "Flare Combustion"));
 }
 
 TEST(Loading, may_not_load_more_than_its_structure_passes) {

@@ -6,12 +6,7 @@ namespace merlu::test {
 namespace {
 
 TEST(MudDegassing, is_held_to_1_to_31_days) {
-  TryBounds({.type = "MUD",
-             .mode = Mode::kActv,
-             .description = {},
-             .base = {},
-             .required = {{"txtMUD_DaysPerMonth", "Days per Month", 1, 31}},
-             .if_filled = {}});
+  TryBounds({.type = "MUD", .mode = Mode::kActv, .required = {{"txtMUD_DaysPerMonth", "Days per Month", 1, 31}}});
 }
 
 }  // namespace

@@ -1,15 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "sheets/pneumatic_controllers.h"
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kService = "cmbPRE_ServiceType";
-constexpr const char* kMake = "cmbPRE_Mfr";
-constexpr const char* kModel = "cmbPRE_Model";
-constexpr const char* kHours = "txtPRE_HrsOperated";
-constexpr const char* kRate = "txtPRE_FuelUsageRate";
+using namespace controllers;
+
 constexpr const char* kNotOverZero = "Required value should be greater than 0";
 
 // The first month of controllers.

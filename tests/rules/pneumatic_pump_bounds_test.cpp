@@ -1,12 +1,11 @@
-#include "rules/bounds.h"
+#include "sheets/pneumatic_pump.h"
 
 #include <gtest/gtest.h>
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kHours = "txtPNE_HrsOperated";
-constexpr const char* kRate = "txtPNE_FuelUsageRate";
+using namespace pump;
 
 TEST(PneumaticPump, is_held_to_the_hours_of_a_month) {
   TryBounds({.type = "PNE",

@@ -1,19 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "sheets/pneumatic_pump.h"
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kMake = "cmbPNE_Mfr";
-constexpr const char* kModel = "cmbPNE_Model";
-constexpr const char* kHours = "txtPNE_HrsOperated";
-constexpr const char* kRate = "txtPNE_FuelUsageRate";
-constexpr const char* kDestination = "cmbPNE_GasesVentOrFlare";
-constexpr const char* kRemote = "cmbPNE_VentedToID";
-constexpr const char* kRateTag = "Fuel Usage Rate (SCF/hr)";
-constexpr const char* kRemoteTag = "Low Pressure Vent/Flare ID";
-constexpr const char* kNotOverZero = "Value should be greater than 0";
+using namespace pump;
 
 // The first month of a pump.
 struct Month {
@@ -52,9 +44,7 @@ TEST(PneumaticPump, loses_the_marks_of_what_was_blank_at_the_run_before) {
 TEST(PneumaticPump, puts_no_bounds_to_its_outlet) {
   SheetRecord record("PNE", Mode::kDesc);
   record.Put({{kMake, "Generic"}, {kModel, "Piston pump"}, {kDestination, "Vented Locally"}});
-  for (const char* outlet : {"txtPNE_ExhaustOutletHgt", "txtPNE_ExhaustOutletInnerDiam", "txtPNE_ExhaustOutletExitVel",
-                             "txtPNE_ExhaustOutletExitT", "txtPNE_ExhaustOutletAngle"})
-    record.Set(outlet, "-99999");
+  for (const std::string& outlet : kOutlets) record.Set(outlet, "-99999");
   record.Run();
   EXPECT_EQ(record.Findings(), Values());
 }

@@ -4,6 +4,26 @@
 
 namespace merlu::test {
 
+void ExpectMissing(const std::string& type, Mode mode, const std::string& fields) {
+  SheetRecord record(type, mode);
+  record.Run();
+  EXPECT_EQ(record.Fields(), fields);
+  EXPECT_TRUE(record.FindsOnlyBlanks());
+}
+
+std::vector<ListCase> CasesOfDestination(const char* list, const char* remote, const std::string& combustion) {
+  return {{list, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
+          {list,
+           "Flared Locally",
+           "Vented Locally",
+           {"Flare Feed Rate", combustion + " Temperature", combustion + " Efficiency"}},
+          {list,
+           "Vented Locally",
+           remote,
+           {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+            "Ventilation Outlet Orientation"}}};
+}
+
 void ExpectWithdrawnWithoutTheChoice(const std::string& type, const std::vector<ListCase>& cases) {
   SheetRecord record(type, Mode::kDesc);
   for (const ListCase& one : cases) {

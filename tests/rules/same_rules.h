@@ -8,11 +8,17 @@
 
 namespace merlu::test {
 
+// A blank record is found to miss exactly these fields, in this order: "Hours Operated|Total Fuel Used".
+void ExpectMissing(const std::string& type, Mode mode, const std::string& fields);
+
 // Fields that apply with one choice of a list and not with the other.
 struct ListCase {
   const char *list, *with, *without;
   std::vector<std::string> tags;
 };
+// Those of a destination: which fields of outlet and flare apply to gas that is vented or flared locally, and none to a
+// remote one. `combustion` begins the tags of the flare's temperature and efficiency.
+std::vector<ListCase> CasesOfDestination(const char* list, const char* remote, const std::string& combustion);
 // With the choice the blank fields are found; without it the findings are withdrawn.
 void ExpectWithdrawnWithoutTheChoice(const std::string& type, const std::vector<ListCase>& cases);
 

@@ -64,18 +64,9 @@ TEST(StorageTank, withdraws_the_findings_of_fields_that_no_longer_apply) {
   const std::vector<ListCase> cases = {
       {"cmbSTO_FixedRoof", "Yes", "No", {"Roof Height"}},
       {"cmbSTO_OtherControlDevice", "Yes", "No", {"Other Control Device Descript."}},
-      {kDestination, "Vented Locally", "Flared Locally", {"Ventilation Exit Temperature"}},
-      {kDestination,
-       "Flared Locally",
-       "Vented Locally",
-       {"Flare Feed Rate", "Combustion Temperature", "Combustion Efficiency"}},
-      {kDestination,
-       "Vented Locally",
-       "Flared Remotely",
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-        "Ventilation Outlet Orientation"}},
   };
   ExpectWithdrawnWithoutTheChoice("STO", cases);
+  ExpectWithdrawnWithoutTheChoice("STO", CasesOfDestination(kDestination, "Flared Remotely", "Combustion"));
 }
 
 TEST(StorageTank, checks_no_condenser_and_withdraws_what_stands_on_one_that_is_not_installed) {

@@ -1,19 +1,15 @@
-#include "rules/bounds.h"
+#include "sheets/turbine.h"
 
 #include <gtest/gtest.h>
 
 namespace merlu::test {
 namespace {
 
-const char* const kGasTotal = "txtNGT_TotalFuelUsed";
-const char* const kDieselTotal = "txtNGT_TotalFuelUsed_Diesel";
-const char* const kDieselTotalTag = "Diesel Total Fuel Used (Diesel)";
+using namespace turbine;
 
 TEST(Turbine, is_held_to_every_bound_of_the_description) {
   TryBounds({.type = "NGT",
              .mode = Mode::kDesc,
-             .description = {},
-             .base = {},
              .required = {{"txtNGT_OperatingHP", "Opeating Horsepower", 0, 30000},
                           {"txtNGT_FuelUsageRate", "Average Fuel Usage", 0, 11000},
                           {"txtNGT_MaxHP", "Max Rated Horsepower", 500, 30000},
@@ -31,8 +27,6 @@ TEST(Turbine, is_held_to_every_bound_of_the_description) {
 TEST(Turbine, is_held_to_every_bound_of_a_month) {
   TryBounds({.type = "NGT",
              .mode = Mode::kActv,
-             .description = {},
-             .base = {},
              .required = {{"txtNGT_HrsOperated", "Hours Operated", 0, 744}, {kGasTotal, "Total Fuel Used", 0, 500000}},
              .if_filled = {{"txtNGT_HrsOperated_Diesel", "Hours Operated (Diesel)", 0, 744},
                            {kDieselTotal, kDieselTotalTag, 0, 2400000}}});

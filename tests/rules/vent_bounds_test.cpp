@@ -10,20 +10,16 @@ const char* const kTechnology = "cmbVEN_ControlTechnology";
 TEST(Vent, is_held_to_every_bound_of_a_month) {
   TryBounds({.type = "VEN",
              .mode = Mode::kActv,
-             .description = {},
-             .base = {},
              .required = {{"txtVEN_HrsOperated", "Hours Operated, excl upsets", 0, 744},
                           {"txtVEN_VolVented", "Volume Vented, incl upsets", 0, 20000},
                           {"txtVEN_ConcH2S", "Vent Gas H2S Concentration", 0, 120000},
                           {"txtVEN_ConcVOC", "Vent Gas VOC Concentration", 0, 1000000},
-                          {"txtVEN_VOCMolWeight", "Avg Molecular Weight of VOCs", 0, 200}},
-             .if_filled = {}});
+                          {"txtVEN_VOCMolWeight", "Avg Molecular Weight of VOCs", 0, 200}}});
 }
 
 TEST(Vent, is_held_to_every_bound_of_the_description) {
   TryBounds({.type = "VEN",
              .mode = Mode::kDesc,
-             .description = {},
              .base = {{kTechnology, "Condenser"}},
              .required = {{"txtVEN_StackOutletElev", "Stack Outlet Elevation", -30, 300},
                           {"txtVEN_StackAngle", "Stack Orientation", 0, 180},

@@ -327,19 +327,30 @@ TEST(Amine, without_a_flash_tank_keeps_the_findings_that_were_explained) {
   EXPECT_EQ(run.Count("QC WHERE Comments='being fitted'"), 2);
 }
 
-TEST(Amine, withdraws_an_explained_outlet_finding_when_the_destination_asks_for_none) {
+// Findings of fields that one choice of the list asks for, and another does not: explained ones go, too.
+void ExpectExplainedWithdrawn(const char* list, const char* with, const char* without, const Texts& tags) {
   TestRun run;
   run.StartWith("AMI", "A1");
   run.Click("cmdEdit");
-  run.Set(kDestination, "Flared Locally");
+  run.Set(list, with);
   run.Click("cmdQC");
+  for (const std::string& tag : tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
   run.s.db.Execute("UPDATE QC SET Comments='being fitted'");
-  run.Set(kDestination, "Flared Remotely");
+  run.Set(list, without);
   run.Click("cmdQC");
-  for (const char* tag :
-       {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
-        "Ventilation Outlet Orientation", "Flare Feed Rate", "Flare Combustion Temperature", "Combustion Efficiency"})
-    EXPECT_EQ(run.Finding(tag), "") << tag;
+  for (const std::string& tag : tags) EXPECT_EQ(run.Finding(tag), "") << tag;
+}
+
+TEST(Amine, withdraws_an_explained_outlet_finding_when_the_destination_asks_for_none) {
+  ExpectExplainedWithdrawn(
+      kDestination, "Flared Locally", "Flared Remotely",
+      {"Ventilation Outlet Height", "Ventilation Outlet Inner Diameter", "Ventilation Exit Velocity",
+       "Ventilation Outlet Orientation", "Flare Feed Rate", "Flare Combustion Temperature", "Combustion Efficiency"});
+}
+
+TEST(Amine, withdraws_explained_findings_of_equipment_that_is_not_installed) {
+  ExpectExplainedWithdrawn(kTechnology, "SR + VR/C", "None",
+                           {"Condenser Temperature", "Condenser Pressure", "Sulfur Recovery Efficiency"});
 }
 
 // ---- control equipment and destination on the screen ----

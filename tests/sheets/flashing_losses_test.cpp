@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "flashing_losses.h"
 
 namespace merlu::test {
 namespace {
 
-using Texts = std::vector<std::string>;
+using namespace flashing;
 
-constexpr const char* kVessel = "cmbLOS_VesselType";
-constexpr const char* kDestination = "cmbLOS_GasesVentOrFlare";
-constexpr const char* kDownstream = "txtLOS_DSOpPressure";
-constexpr const char* kDownstreamTag = "Op pressure of Vessel";
+using Texts = std::vector<std::string>;
 
 // A field, and a text typed into it with what its column holds then.
 struct Field {

@@ -1,19 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "glycol.h"
 
 namespace merlu::test {
 namespace {
 
-using Texts = std::vector<std::string>;
+using namespace glycol;
 
-constexpr const char* kThroughput = "txtGLY_TotalGasThru";
-constexpr const char* kDestination = "cmbGLY_GasesVentOrFlare";
-constexpr const char* kTechnology = "cmbGLY_ControlTechnology";
-constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
-constexpr const char* kFlashTank = "cmbGLY_UseFlashTank";
-constexpr const char* kStripping = "cmbGLY_StrippingGas";
-constexpr const char* kDevice = "cmbGLY_OtherControlDevice";
+using Texts = std::vector<std::string>;
 
 // A field, and a text typed into it with what its column holds then.
 struct Field {
@@ -237,6 +231,30 @@ TEST(Glycol, locks_flash_tank_and_stripping_gas_fields_that_do_not_apply_and_kee
   EXPECT_EQ(StoredText(run, "FLASH_TANK_TEMP"), "100");
   EXPECT_EQ(StoredText(run, "FLASH_TANK_PRES"), "50");
   EXPECT_EQ(StoredText(run, "STRIPPING_GAS_FLOWRATE"), "7");
+}
+
+TEST(Glycol, withdraws_explained_findings_of_fields_that_no_longer_apply) {
+  TestRun run;
+  run.StartWith("GLY", "G1");
+  run.Click("cmdEdit");
+  run.Put({{kFlashTank, "Yes"},
+           {kStripping, "Dry Gas"},
+           {kTechnology, kCondenser},
+           {kDevice, "Yes"},
+           {kDestination, "Vented Locally"}});
+  run.Click("cmdQC");
+  const Texts tags = {"Flash Tank Temperature", "Stripping Gas Flowrate", "Condenser Temperature",
+                      "Other Control Equipment Descript.", "Ventilation Exit Temperature"};
+  for (const std::string& tag : tags) EXPECT_EQ(run.Finding(tag), kBlankFinding) << tag;
+  run.s.db.Execute("UPDATE QC SET Comments='known'");
+  run.Put({{kFlashTank, "No"},
+           {kStripping, "None"},
+           {kTechnology, "None"},
+           {kDevice, "No"},
+           {kDestination, "Flared Locally"}});
+  run.Click("cmdQC");
+  for (const std::string& tag : tags) EXPECT_EQ(run.Finding(tag), "") << tag;
+  EXPECT_GT(run.Count("QC WHERE Comments='known'"), 0) << "what still applies keeps its comment";
 }
 
 TEST(Glycol, withdraws_the_findings_of_efficiencies_without_a_device_and_keeps_their_values) {

@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "loading.h"
 
 namespace merlu::test {
 namespace {
 
-using Texts = std::vector<std::string>;
+using namespace loading;
 
-constexpr const char* kDestination = "cmbLOA_GasesVentOrFlare";
-constexpr const char* kTechnology = "cmbLOA_ControlTechnology";
-constexpr const char* kCondenser = "Vapor Recovery and/or Condenser (VR/C)";
-constexpr const char* kDevice = "cmbLOA_OtherControlDevice";
+using Texts = std::vector<std::string>;
 
 // A field, and a text typed into it with what its column holds then.
 struct Field {

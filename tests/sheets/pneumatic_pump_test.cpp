@@ -1,24 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "rules/bounds.h"
+#include "pneumatic_pump.h"
 #include "shell/qc_command.h"
 
 namespace merlu::test {
 namespace {
 
-constexpr const char* kMake = "cmbPNE_Mfr";
-constexpr const char* kModel = "cmbPNE_Model";
-constexpr const char* kHours = "txtPNE_HrsOperated";
-constexpr const char* kRate = "txtPNE_FuelUsageRate";
-constexpr const char* kDestination = "cmbPNE_GasesVentOrFlare";
-constexpr const char* kRemote = "cmbPNE_VentedToID";
-constexpr const char* kRateTag = "Fuel Usage Rate (SCF/hr)";
-constexpr const char* kRemoteTag = "Low Pressure Vent/Flare ID";
-constexpr const char* kNotOverZero = "Value should be greater than 0";
+using namespace pump;
+
 constexpr const char* kAdding = "Adding new Make-Model to lookup.";
-const std::vector<std::string> kOutlets = {"txtPNE_ExhaustOutletHgt", "txtPNE_ExhaustOutletInnerDiam",
-                                           "txtPNE_ExhaustOutletExitVel", "txtPNE_ExhaustOutletExitT",
-                                           "txtPNE_ExhaustOutletAngle"};
 
 // An edit of the first month of a new pump.
 struct Month {

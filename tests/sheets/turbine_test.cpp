@@ -2,16 +2,14 @@
 
 #include <array>
 
-#include "rules/bounds.h"
+#include "turbine.h"
 
 namespace merlu::test {
 namespace {
 
-using Names = std::vector<std::string>;
+using namespace turbine;
 
-const char* const kGasTotal = "txtNGT_TotalFuelUsed";
-const char* const kDieselTotal = "txtNGT_TotalFuelUsed_Diesel";
-const char* const kDieselTotalTag = "Diesel Total Fuel Used (Diesel)";
+using Names = std::vector<std::string>;
 
 TEST(Turbine, keeps_its_description_and_reads_it_back) {
   TestRun run;
