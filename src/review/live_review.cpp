@@ -63,14 +63,9 @@ bool LiveReview::Refresh(Database* db, const Companion& companion) {
 
 void LiveReview::Update(Database& db, const Companion& companion) {
   unreadable_.clear();
-  renewed_ = 0;
-  made_anew_ = false;
   try {
     if (!changed_->all) UpdateParts(db, companion);
-    if (changed_->all) {
-      keeper_.Build(db, companion);
-      made_anew_ = true;
-    }
+    if (changed_->all) keeper_.Build(db, companion);
   } catch (const Fault& fault) {
     keeper_.Clear();
     unreadable_ = fault.description;
@@ -120,13 +115,11 @@ void LiveReview::UpdateParts(Database& db, const Companion& companion) {
     if (const int record = keeper_.Find(place.at); record >= 0)
       records[record].insert(place.rows.begin(), place.rows.end());
   ReviewKeeper::ContextsOf contexts;
-  for (const auto& [record, rows] : records) {
+  for (const auto& [record, rows] : records)
     if (!keeper_.Renew(db, companion, record, rows, contexts)) {
       changed.all = true;
       return;
     }
-    ++renewed_;
-  }
   if (!changed.rows.empty()) keeper_.RenewGone(db, companion, changed.rows);
 }
 

@@ -30,11 +30,6 @@ class LiveReview {
   int Find(const QCLocation& location) const { return keeper_.Find(location); }
   int Find(RecordKind kind, std::int64_t key) const { return keeper_.Find(kind, key); }
 
-  // How the last change was followed: for those who count the work.
-  int records_renewed() const { return renewed_; }
-  bool made_anew() const { return made_anew_; }
-  std::size_t log_rows_read() const { return keeper_.log_rows_read(); }
-
  private:
   void ListenTo(Database& db);
   bool IsOther(const Database& db) const;
@@ -50,8 +45,6 @@ class LiveReview {
   bool had_companion_ = false;
   std::string unreadable_;
   std::uint64_t revision_ = 0;
-  int renewed_ = 0;
-  bool made_anew_ = false;
 };
 
 }  // namespace merlu

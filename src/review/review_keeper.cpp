@@ -244,7 +244,6 @@ LoggedRows ReviewKeeper::ReadLog(Database& db) {
     }
     log.Add(RowOfLog(row, named.place));
   });
-  log_rows_read_ = log.rows().size();
   log.Arrange();
   return log;
 }
@@ -270,7 +269,6 @@ LoggedRows ReviewKeeper::ReadLogOf(Database& db, const std::set<int>& structures
     for (const ReviewedFinding& finding : record.findings)
       if (finding.row != 0 && !rows.contains(finding.row)) db.ForEach(one, {finding.row}, take);
   }
-  log_rows_read_ = rows.size();
   LoggedRows log;
   for (auto& [key, row] : rows) log.Add(std::move(row));
   log.Arrange();

@@ -91,9 +91,6 @@ class ReviewKeeper {
   int Find(RecordKind kind, std::int64_t key) const;
   int Find(const QCLocation& location) const;
 
-  // How many rows of the log were read for the last Build or Replace: for those who count the work.
-  std::size_t log_rows_read() const { return log_rows_read_; }
-
  private:
   struct Named {
     std::int64_t place = -1;
@@ -151,7 +148,6 @@ class ReviewKeeper {
   std::unordered_map<std::int64_t, int> structure_of_key_, piece_of_key_;
   std::unordered_map<std::string, int, TextHash, std::equal_to<>> structure_of_name_, piece_of_name_;
   mutable LastStructure last_structure_;
-  std::size_t log_rows_read_ = 0;
   // The numbers of the records, made when one is looked for.
   mutable bool numbered_ = false;
   mutable std::unordered_map<std::int64_t, int> record_at_;                 // by place

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "base/text.h"
 #include "qc/qc_log.h"
@@ -12,42 +13,11 @@
 #include "session/types.h"
 #include "sheets/structure.h"
 #include "sheets/units.h"
+#include "support/heard_sql.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
 namespace {
-
-// The statements of every connection that is opened while one of these lives.
-class Listener {
- public:
-  Listener() { sqlite3_auto_extension(Entry()); }
-  ~Listener() { sqlite3_cancel_auto_extension(Entry()); }
-  Listener(const Listener&) = delete;
-  Listener& operator=(const Listener&) = delete;
-
-  // The searching statements since the last call.
-  static std::vector<std::string> Take() {
-    std::vector<std::string> heard = std::exchange(Heard(), {});
-    std::erase_if(heard, [](const std::string& sql) { return sql.find("WHERE") == std::string::npos; });
-    return heard;
-  }
-
- private:
-  using Extension = void (*)();
-  static Extension Entry() { return reinterpret_cast<Extension>(&Attach); }
-  static int Attach(sqlite3* db, const char**, const void*) {
-    return sqlite3_trace_v2(db, SQLITE_TRACE_STMT, &Hear, nullptr);
-  }
-  static int Hear(unsigned, void*, void* statement, void*) {
-    const char* sql = sqlite3_sql(static_cast<sqlite3_stmt*>(statement));
-    if (sql != nullptr) Heard().emplace_back(sql);
-    return 0;
-  }
-  static std::vector<std::string>& Heard() {
-    static std::vector<std::string> heard;
-    return heard;
-  }
-};
 
 class Template : public testing::Test {
  protected:
@@ -284,9 +254,9 @@ class Lookups : public testing::Test {
   // The finds of the work, each searched by an index and none by walking its table.
   template <typename Work>
   void ExpectSearches(const char* what, Work&& work) {
-    Listener::Take();
+    heard_.clear();
     work();
-    const std::vector<std::string> finds = Listener::Take();
+    const std::vector<std::string> finds = std::exchange(heard_, {});
     EXPECT_FALSE(finds.empty()) << what;
     for (const std::string& sql : finds) {
       std::string plan;
@@ -294,7 +264,6 @@ class Lookups : public testing::Test {
       EXPECT_NE(plan.find("SEARCH"), std::string::npos) << what << ": " << sql << "\n" << plan;
       EXPECT_EQ(plan.find("SCAN"), std::string::npos) << what << ": " << sql << "\n" << plan;
     }
-    Listener::Take();
   }
   // No cursor is on the row already, so that every find looks its row up.
   void Wander() {
@@ -303,7 +272,11 @@ class Lookups : public testing::Test {
       run.s.At(table).FindFirstWhere("0", {});
   }
 
-  Listener listener;
+  // Those that search.
+  std::vector<std::string> heard_;
+  HeardSql listener_{HeardSql::Of::kStatements, [this](std::string_view sql) {
+                       if (sql.find("WHERE") != std::string_view::npos) heard_.emplace_back(sql);
+                     }};
   TestRun run;
 };
 
