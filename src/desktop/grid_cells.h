@@ -11,7 +11,7 @@
 
 namespace merlu {
 
-// A cell that shows a state, with a sign in front of its text, and the mark of a finding.
+// The room in front of a cell's text for the sign of its state, and for the mark of a finding.
 inline constexpr int kSignWidth = 15, kMarkWidth = 11;
 bool HasSign(const GridCell& cell);
 

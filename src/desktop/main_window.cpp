@@ -418,10 +418,11 @@ void MainWindow::SyncDocks() {
     if (form->visible) dock->Sync();
     if (dock->isHidden() != form->visible) continue;
     dock->setVisible(form->visible);
-    if (form->visible) MakeRoomFor(*dock);
-    if (form->visible) ShareWidth(*this, docks_);
-    if (form->visible) dock->raise();
-    if (form->visible && IsLowScreen(*this)) resizeDocks({dock}, {dock->minimumSizeHint().height()}, Qt::Vertical);
+    if (!form->visible) continue;
+    MakeRoomFor(*dock);
+    ShareWidth(*this, docks_);
+    dock->raise();
+    if (IsLowScreen(*this)) resizeDocks({dock}, {dock->minimumSizeHint().height()}, Qt::Vertical);
     if (IsPage(*dock)) dock->FocusTable();
   }
   SyncPages();

@@ -131,9 +131,9 @@ void SheetView::Say(const QString& text) {
 }
 
 // A low screen keeps no room for the line while the record has nothing for it. Whatever is pointed at, nothing moves.
-bool SheetView::NeedsLine() const {
+bool SheetView::NeedsLine() {
   if (!IsLowScreen(*this) || acts_.s.editing) return true;
-  const auto& controls = const_cast<SheetView*>(this)->binding_.form().controls();
+  const auto& controls = binding_.form().controls();
   return std::any_of(controls.begin(), controls.end(), [](const Control& control) {
     return !control.finding.empty() || !control.hint.empty() || control.back == Back::kFlag;
   });

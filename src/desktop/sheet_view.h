@@ -50,7 +50,7 @@ class SheetView : public QWidget {
   bool EnterFrom(QWidget* field);
   const QWidget* LastField() const;
   std::vector<std::string> Texts() const;
-  bool NeedsLine() const;
+  bool NeedsLine();
   void ShowLine();
   void MakeBand();
   void MakePages();

@@ -1,8 +1,7 @@
 // Long texts in lines and notes: a view shows the beginning, an edit has all of it.
 #include "desktop/long_line.h"
 #include "driver.h"
-#include "inventory.h"
-#include "support/long_texts.h"
+#include "long_inventory.h"
 
 namespace merlu::test {
 namespace {
@@ -74,21 +73,11 @@ TEST_F(LongLine, keeps_its_whole_text_under_its_menu) {
 
 TEST(LongTextsInWindows, are_edited_whole) {
   TemporaryFolder folder;
-  const std::string path = folder.path("inventory.mdb");
-  InventoryPlan plan;
-  plan.structures = 1;
-  plan.equipment = 2;
-  plan.types = {"FLA", "STO"};
-  plan.months = 1;
-  MakeInventory(TemplatePath(), path, plan);
-  FillTexts(path, 60000, "FLA1");
-  Driver driver(path);
+  Driver driver(MakeLongInventory(folder, 60000));
   driver.Start();
   Session& s = driver.app->session();
   driver.Command("mnuSetEditMode");
-  for (int node : s.tree.InOrder())
-    if (s.tree.nodes[static_cast<std::size_t>(node)].key.ends_with("10001 1"))
-      driver.Select(s.tree.nodes[static_cast<std::size_t>(node)].key);
+  driver.Select(KeyWithEnd(s, "10001 1"));
   driver.Click("cmdEdit");
   int typed = 0;
   for (const Control& control : s.main->controls()) {

@@ -1,25 +1,14 @@
 // The windows on an inventory with long texts in every column: they are drawn in a time that grows as the texts do.
-#include "support/long_texts.h"
 #include "driver.h"
-#include "inventory.h"
+#include "long_inventory.h"
 
 namespace merlu::test {
 namespace {
 
 std::vector<Piece> ShowWindows(int bytes) {
   TemporaryFolder folder;
-  const std::string path = folder.path("inventory.mdb");
-  InventoryPlan plan;
-  plan.structures = 1;
-  plan.equipment = 2;
-  plan.types = {"FLA", "STO"};
-  plan.months = 1;
-  plan.fault_share = 1;
-  MakeInventory(TemplatePath(), path, plan);
-  FillTexts(path, bytes, "FLA1");
-
   std::vector<Piece> pieces;
-  Driver driver(path);
+  Driver driver(MakeLongInventory(folder, bytes));
   const auto time = [&](const char* what, const std::function<void()>& act) {
     const double began = ProcessorSeconds();
     act();
@@ -31,10 +20,8 @@ std::vector<Piece> ShowWindows(int bytes) {
   time("start", [&] { driver.Start(); });
   Session& s = driver.app->session();
   const auto select = [&](const char* what, const char* end) {
-    for (int node : s.tree.InOrder())
-      if (s.tree.nodes[static_cast<std::size_t>(node)].key.ends_with(end))
-        return time(what, [&] { driver.Select(s.tree.nodes[static_cast<std::size_t>(node)].key); });
-    ADD_FAILURE() << what;
+    const std::string key = KeyWithEnd(s, end);
+    time(what, [&] { driver.Select(key); });
   };
   const auto in_dialog = [&](const char* opens, const char* closes) {
     const double began = ProcessorSeconds();

@@ -25,6 +25,14 @@ struct LowScreen : testing::Test {
     driver.Settle();
     driver.Settle();  // the page scrolls to the focus when all have their places
   }
+  // The keys of the type's equipment months.
+  std::vector<std::string> MonthsOf(const std::string& type) {
+    std::vector<std::string> keys;
+    for (const TreeNode& node : S().tree.nodes)
+      if (node.key.size() == 32 && node.key.substr(21, 3) == type) keys.push_back(node.key);
+    return keys;
+  }
+  void SelectFirst(const std::string& type) { driver.Select(MonthsOf(type).at(0)); }
   bool InView(const QWidget& widget) { return widget.visibleRegion().boundingRect().size() == widget.size(); }
 
   TemporaryFolder folder;
@@ -81,11 +89,7 @@ TEST_F(WalkOnALowScreen, goes_to_a_finding_s_field_that_is_in_view) {
 
 // The twelve months stay below the sheet.
 TEST_F(WalkOnALowScreen, shows_the_months_of_a_field_below_its_sheet) {
-  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
-    if (node.key.size() != 32 || node.key.substr(21, 3) != "FLA") continue;
-    driver.Select(node.key);
-    break;
-  }
+  SelectFirst("FLA");
   Key(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
   const QWidget* field = driver.Widget("txtFLA_HrsOperated");
   EXPECT_EQ(field->visibleRegion().boundingRect().height(), field->height()) << Main().minimumSizeHint().height();
@@ -99,11 +103,7 @@ TEST_F(WalkOnALowScreen, shows_the_months_of_a_field_below_its_sheet) {
 // A list that had the window and gave way to its record leaves the months below the sheet as low as they were.
 TEST_F(WalkOnALowScreen, keeps_the_months_as_low_when_a_list_has_given_way) {
   if (!IsLowScreen(Main())) return;
-  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
-    if (node.key.size() != 32 || node.key.substr(21, 3) != "FLA") continue;
-    driver.Select(node.key);
-    break;
-  }
+  SelectFirst("FLA");
   Key(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
   const auto* strip = Main().findChild<DockWindow*>("frmStrip");
   ASSERT_TRUE(strip != nullptr && strip->isVisible());
@@ -118,9 +118,8 @@ TEST_F(WalkOnALowScreen, keeps_the_months_as_low_when_a_list_has_given_way) {
 TEST_F(WalkOnALowScreen, keeps_no_empty_line_above_the_buttons) {
   const bool low = IsLowScreen(Main());
   bool clean = false, flagged = false;
-  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
-    if (node.key.size() != 32 || node.key.substr(21, 3) != "FLA") continue;
-    driver.Select(node.key);
+  for (const std::string& key : MonthsOf("FLA")) {
+    driver.Select(key);
     driver.Settle();
     const auto& controls = S().desk.Find("frmFLA")->controls();
     const bool has = std::any_of(controls.begin(), controls.end(), [](const Control& c) { return !c.finding.empty(); });
@@ -128,7 +127,7 @@ TEST_F(WalkOnALowScreen, keeps_no_empty_line_above_the_buttons) {
     const auto* sheet = Main().findChild<SheetView*>("frmFLA");
     const auto* line = sheet->findChild<QWidget*>("sheetLine");
     ASSERT_TRUE(line != nullptr);
-    EXPECT_EQ(line->isVisible(), has || !low) << node.key;
+    EXPECT_EQ(line->isVisible(), has || !low) << key;
     driver.Click("cmdEdit");
     EXPECT_TRUE(line->isVisible()) << "no field moves while it is typed in";
     driver.Click("cmdCANCEL");
@@ -138,11 +137,7 @@ TEST_F(WalkOnALowScreen, keeps_no_empty_line_above_the_buttons) {
 
 TEST_F(WalkOnALowScreen, shows_at_least_three_rows_of_fields) {
   MainWindow* window = &Main();
-  for (const TreeNode& node : std::vector<TreeNode>(S().tree.nodes)) {
-    if (node.key.size() != 32 || node.key.substr(21, 3) != "STO") continue;
-    driver.Select(node.key);
-    break;
-  }
+  SelectFirst("STO");
   const auto* first = driver.Widget("txtSTO_Throughput");
   ASSERT_TRUE(first != nullptr && first->isVisible());
   int whole = 0;
