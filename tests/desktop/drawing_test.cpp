@@ -1,35 +1,15 @@
 // Drawing runs no SQL: the store is read after acts, not while the window is drawn.
-#include <sqlite3.h>
-
 #include "desktop/acts.h"
 #include "desktop/model_list.h"
 #include "driver.h"
+#include "support/heard_sql.h"
 
 namespace merlu::test {
 namespace {
 
-long statements_run = 0;
-
-int CountStatement(unsigned, void*, void*, void*) {
-  ++statements_run;
-  return 0;
-}
-
-int TraceNewConnection(sqlite3* db, char**, const void*) {
-  return sqlite3_trace_v2(db, SQLITE_TRACE_STMT, CountStatement, nullptr);
-}
-
-// Counts the statements of every connection that is opened while it lives.
-class CountsStatements {
- public:
-  CountsStatements() { sqlite3_auto_extension(reinterpret_cast<void (*)()>(TraceNewConnection)); }
-  ~CountsStatements() { sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(TraceNewConnection)); }
-  CountsStatements(const CountsStatements&) = delete;
-  CountsStatements& operator=(const CountsStatements&) = delete;
-};
-
 TEST(Drawing, asks_the_store_nothing_while_somebody_types) {
-  const CountsStatements counts;
+  long statements_run = 0;
+  const HeardSql heard(HeardSql::Of::kStatements, [&](std::string_view) { ++statements_run; });
   TestRun run;
   run.StartWith("FLA", "X1");
   run.s.db.Close();
@@ -50,7 +30,8 @@ TEST(Drawing, asks_the_store_nothing_while_somebody_types) {
 }
 
 TEST(Drawing, asks_the_store_nothing_for_docks_and_the_history) {
-  const CountsStatements counts;
+  long statements_run = 0;
+  const HeardSql heard(HeardSql::Of::kStatements, [&](std::string_view) { ++statements_run; });
   TestRun run;
   run.StartWith("FLA", "X1");
   run.AddMonth();
