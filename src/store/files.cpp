@@ -128,12 +128,6 @@ std::string NextFreeFileName(const std::string& path) {
   return free;
 }
 
-bool TableExists(const std::string& path, std::string_view table) {
-  Database db;
-  db.Open(path);
-  return db.HasTable(table);
-}
-
 bool IsCurrentDatabase(const std::string& path) {
   try {
     Database db;

@@ -49,9 +49,6 @@ void CheckPages(const std::string& path);
 // The path itself, or the first of base1, base2, ... with its extension that does not exist.
 std::string NextFreeFileName(const std::string& path);
 
-// Whether the file has the table. A file that cannot be opened is a fault.
-bool TableExists(const std::string& path, std::string_view table);
-
 // False only for a database file without the table EA_LOA, which files of the earlier version lack.
 bool IsCurrentDatabase(const std::string& path);
 

@@ -6,7 +6,6 @@
 
 #include "shell/dialogs.h"
 #include "shell/main_program.h"
-#include "store/files.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -21,6 +20,10 @@ void MoveProgram(TestRun& run, const std::string& folder) {
   fs::create_directories(folder);
   fs::copy_file(TemplatePath(), folder + "/mr.dbt");
   run.program_folder = folder;
+}
+
+bool IsAnInventory(const std::string& path) {
+  return !IsNull(RawValue(path, "SELECT 1 FROM sqlite_master WHERE name='EA_LOA'"));
 }
 
 // A start that goes as far as the first run's dialog, which is cancelled.
@@ -69,7 +72,7 @@ TEST(StartPath, without_a_setting_is_beside_the_program_where_a_fresh_file_is_la
   StartAndCancel(run);
   EXPECT_EQ(run.s.path, run.folder.path("program/merlu.mdb"));
   EXPECT_TRUE(fs::exists(run.s.path));
-  EXPECT_TRUE(TableExists(run.s.path, "EA_LOA"));
+  EXPECT_TRUE(IsAnInventory(run.s.path));
 }
 
 TEST(StartPath, without_a_setting_has_one_separator_behind_the_program_s_folder) {
@@ -87,7 +90,7 @@ TEST(StartPath, without_a_setting_of_an_installed_program_is_with_the_user_s_dat
   run.data_folder = run.folder.path("user/data");
   StartAndCancel(run);
   EXPECT_EQ(run.s.path, run.folder.path("user/data/merlu.mdb"));
-  EXPECT_TRUE(TableExists(run.s.path, "EA_LOA"));
+  EXPECT_TRUE(IsAnInventory(run.s.path));
   EXPECT_FALSE(fs::exists(run.folder.path("program/merlu.mdb")));
 }
 
@@ -151,7 +154,7 @@ TEST(StartPath, without_a_setting_is_with_the_user_s_data_when_nothing_can_be_wr
   EXPECT_EQ(AsNobody([&] {
               run.data_folder = run.folder.path("home/data");
               Main(run.s);
-              return run.s.path == run.folder.path("home/data/merlu.mdb") && TableExists(run.s.path, "EA_LOA") &&
+              return run.s.path == run.folder.path("home/data/merlu.mdb") && IsAnInventory(run.s.path) &&
                      run.TakeBoxes() == Texts{kFarewell} && !fs::exists(run.folder.path("program/merlu.mdb"));
             }),
             0);

@@ -104,13 +104,6 @@ TEST_F(Files, cannot_be_made_in_a_folder_of_the_system_whoever_asks) {
   EXPECT_FALSE(CanWriteFolder("/proc"));
 }
 
-TEST_F(Files, tell_whether_they_have_a_table) {
-  const std::string path = CopyTemplate(folder);
-  EXPECT_TRUE(TableExists(path, "EA_LOA"));
-  EXPECT_FALSE(TableExists(path, "QC_XREF"));
-  EXPECT_EQ(FaultOf([&] { TableExists(folder.path("none"), "EA_LOA"); }), 3024);
-}
-
 TEST_F(Files, without_the_loading_table_are_of_the_version_before) {
   const std::string path = CopyTemplate(folder);
   EXPECT_TRUE(IsCurrentDatabase(path));
