@@ -16,7 +16,8 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value);
 // "window", "face" or "flag".
 const char* LookName(Back back);
 
-// Whether the field is entered: not so when a list or another window gives the focus back.
+// Whether a focus of this reason enters or leaves a field: not so when a menu, a list or another window takes it for a
+// while and gives it back.
 bool IsEntered(Qt::FocusReason reason);
 
 // A line of text or a masked box. Its text is selected when the field is entered. A text too long for the field shows
@@ -103,7 +104,7 @@ class ListField : public QComboBox {
 
  private:
   QColor InkOfText() const;
-  // Finds the item that begins with what was typed, blanks included. False when the key is none of a name.
+  // Moves to the item that begins with what was typed, blanks included. False when the key types no character.
   bool Seek(const QKeyEvent& key);
   void ShowItem(int index);
 

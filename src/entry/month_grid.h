@@ -32,9 +32,10 @@ class MonthGrid : public GridModel {
  public:
   explicit MonthGrid(Session& s) : s_(s) {}
 
-  // Shows one month of a type or of the structures, or all months of one piece or structure: `key` is its
-  // ED_ID_AK or PD_ID_AK. What was typed and not yet saved is kept.
+  // Shows one month of all equipment of the sheet's type, or of all structures. What was typed and not yet saved is
+  // kept, here and in ShowRecord.
   void ShowMonth(const SheetSpec* sheet, int month);
+  // Shows all months of one piece of equipment, by its ED_ID_AK, or of one structure, by its PD_ID_AK.
   void ShowRecord(const SheetSpec* sheet, std::int64_t key);
 
   const std::vector<GridColumn>& Columns() const override { return columns_; }
@@ -55,7 +56,8 @@ class MonthGrid : public GridModel {
   // Called when a cell was typed into.
   std::function<void()> on_typed;
 
-  // The blank, open cells of the rows (all without any) take the month before. Returns how many.
+  // Copies the values of the month before into the cells of these rows (of all rows when there are none) that are blank
+  // and not locked; Confirm confirms copied values. Each returns how many.
   int CopyBefore(const std::vector<int>& rows);
   int Confirm(const std::vector<int>& rows);
 
@@ -97,11 +99,11 @@ class MonthGrid : public GridModel {
   const SheetSpec* sheet_ = &StructureSheet();
   std::vector<GridColumn> columns_;
   std::vector<int> indexes_;  // of the fields, in their record's view
-  int heads_ = 2;             // first columns, that name the record
+  int heads_ = 2;             // how many columns at the left name the record
   bool by_month_ = false;
   std::vector<RowPtr> rows_;
   std::map<std::string, int, std::less<>> by_key_;
-  std::map<std::string, RowPtr> changed_;  // by key, of other views too
+  std::map<std::string, RowPtr> changed_;  // by key, also those that do not show now
   std::uint64_t revision_ = 0, shape_ = 0;
 };
 

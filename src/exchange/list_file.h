@@ -19,7 +19,7 @@ struct ListToWrite {
 // By the extension of the path: .csv, anything else as .xlsx. Texts stay texts: nothing in them becomes a formula. One
 // that is longer than a cell of a workbook takes is cut and says so; .csv holds it whole. The faults of WriteNewFile.
 void WriteList(const OwnFiles& own, const std::string& path, const ListToWrite& list);
-// Writes it to `to` as a file of that name.
+// Writes it to `to`, in the format that the extension of `name` asks for.
 void WriteListAs(const std::string& name, const std::string& to, const ListToWrite& list);
 // Several lists as the sheets of one workbook.
 void WriteLists(const OwnFiles& own, const std::string& path, const std::vector<ListToWrite>& lists);

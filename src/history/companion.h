@@ -18,7 +18,7 @@ namespace merlu {
 
 inline constexpr const char* kCompanionExtension = ".history";
 
-// What a step is called and where it belongs; locations are the session's texts.
+// What a step is called and where it belongs.
 struct StepTitle {
   std::string when, who, what, place;
   std::string from, to;  // packed locations before and after the step
@@ -55,7 +55,7 @@ class Companion : public BatchPartner {
   Database* db() const { return attached_ ? db_ : nullptr; }
   // Why nothing is being kept, for the status bar; empty while something is, or nothing has been written yet.
   const std::string& why_not() const { return why_not_; }
-  // The same once.
+  // That text when it is another one than the last time; empty otherwise.
   std::string TakeNews();
   // Attaches or makes it outside a batch, for what is written to it alone. False when there is none to write to.
   bool Want();
@@ -64,7 +64,7 @@ class Companion : public BatchPartner {
   void BeginStep(StepTitle title);
   void EndStep();
   bool InStep() const { return depth_ > 0; }
-  // The step that the last batch was kept in, 0 for none; `continue_with` has the next step go on with it.
+  // The step that the last batch was kept in, 0 for none. After ContinueWith the next batch is kept in that step, too.
   std::int64_t last_step() const { return last_step_; }
   void ContinueWith(std::int64_t step) { continued_ = step; }
   // The next batch that is committed forgets the draft.
@@ -90,10 +90,10 @@ class Companion : public BatchPartner {
   std::function<StepTitle()> untitled_;
   std::string path_;
   bool open_ = false, attached_ = false, refused_ = false, paused_ = false;
-  std::string why_not_, reported_;
+  std::string why_not_, reported_;  // reported_: what TakeNews gave last
   int depth_ = 0;
   StepTitle title_;
-  std::int64_t step_ = 0;  // that is open and has been written to
+  std::int64_t step_ = 0;  // the open step, 0 until something is kept in it
   std::int64_t last_step_ = 0, continued_ = 0, done_draft_ = 0;
 };
 

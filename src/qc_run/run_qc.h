@@ -19,8 +19,8 @@ struct QCResult {
 
 // Runs QC at the location and refills the list of the current sheet.
 QCResult RunQC(Session& s, QCLocation location);
-// The same for a month's record that is typed elsewhere than on its sheet and saved among many (no sheet: a
-// structure's): nothing is shown. Faults are passed on.
+// The same for a month's record, of a structure or of equipment, that is typed elsewhere than on its sheet and saved
+// among many: nothing is shown. Faults are passed on.
 struct TypedView;
 int RunQCAmongMany(Session& s, const SheetSpec& sheet, const QCLocation& at, TypedView& typed);
 

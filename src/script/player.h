@@ -19,7 +19,7 @@ struct PlayOptions {
   std::string settings_file;      // empty: the user's own
   std::optional<DateTime> clock;  // empty: the real one
   bool stop_on_error = false;
-  // Waits for input that many milliseconds at most; false when none came. Empty: input is there, or at its end.
+  // Waits for input, that many milliseconds at most; false when none came. Empty where input is never waited for.
   std::function<bool(int milliseconds)> wait;
 };
 
@@ -53,7 +53,9 @@ class Player : public Platform, public RealHost {
 
   // Reads the next command into the reply; false at the end of the input.
   bool Next();
+  // Does the command in the reply.
   void Carry();
+  // Writes the reply out, once.
   void Emit();
   void Dispatch(const Words& words);
   [[noreturn]] void Fail(const std::string& why);
@@ -61,7 +63,7 @@ class Player : public Platform, public RealHost {
   // Marks the command as failed; the first reason is reported.
   void Complain(const std::string& what);
 
-  // Brings the screens that were never shown into being, so that their controls are known; they stay unloaded.
+  // Makes the forms of screens that were never shown, so that their controls are known; they stay unloaded.
   void MakeScreens();
   // A control by its name, as the script finds it; fails for an unknown one.
   std::pair<Form*, Control*> Look(const std::string& name);
@@ -113,8 +115,8 @@ class Player : public Platform, public RealHost {
     Json printed = Json::array();
   };
   Reply reply_;
-  bool answered_ = true;  // the reply is out
-  int count_ = 0, lines_ = 0;
+  bool answered_ = true;       // the reply has been written out
+  int count_ = 0, lines_ = 0;  // commands and lines so far
   bool failed_ = false;
   bool at_end_ = false;
 };

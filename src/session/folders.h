@@ -8,8 +8,8 @@
 
 namespace merlu {
 
-// Folder of the default inventory and of temporary files: beside the program, or the user's own data folder
-// (made when missing) where the program is installed or nothing can be written beside it. Ends in a separator.
+// Folder of the default inventory: beside the program, or the user's own data folder (made when missing) where the
+// program is installed or nothing can be written beside it. Ends in a separator.
 std::string OwnFilesFolder(Session& s);
 
 // Where the notes of unfinished files are; empty when the user has no folder for data.
