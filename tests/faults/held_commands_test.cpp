@@ -13,7 +13,9 @@
 namespace merlu::test {
 namespace {
 
-TEST_F(Robust, a_file_that_another_program_holds_is_told_by_the_program_after_five_seconds) {
+class HeldCommands : public Robust {};
+
+TEST_F(HeldCommands, tell_it_after_five_seconds_and_leave_the_file_alone) {
   const std::string sound = FileBytes(Path("FILE"));
   OtherProgram other(Path("FILE"));
   other.Hold();
