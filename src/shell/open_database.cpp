@@ -67,12 +67,15 @@ void OpenConfiguration(Session& s) {
 void OpenAll(Session& s) {
   const std::vector<std::string> tables = OtherTables();
   s.save_failed = false;
-  s.db.Open(s.path);
+  if (!s.db.IsOpen()) s.db.Open(s.path);  // it is open after the look for what to repair
   RequireTables(s, tables);
   s.db.RecordChanges(RecordedCompanionTables());
   OpenConfiguration(s);
   s.cursors.Open(s.db, "CO_COMPANY");
-  for (const std::string& table : tables) s.cursors.Open(s.db, table);
+  // under one lock instead of one for each table
+  s.db.Alone([&] {
+    for (const std::string& table : tables) s.cursors.Open(s.db, table);
+  });
   s.activity_record = TreeRecord();
   // the first question for the operator is no step of its history
   if (s.At("CO_COMPANY").HasRow()) OpenCompanion(s);
@@ -138,27 +141,8 @@ void Ignoring(Database& db, const char* sql) {
   }
 }
 
-}  // namespace
-
-bool OpenDatabaseAndCursors(Session& s, bool repair) {
-  s.continues_without_backup = [&s](const Fault& fault) { return ContinuesWithoutBackup(s, fault); };
-  std::string holder;
-  for (bool first = repair;; first = false) {
-    try {
-      TakeNote(s, holder);
-      if (first) RepairOnFirstOpen(s);
-      OpenAll(s);
-      TellReadOnlyFolder(s);
-      return true;
-    } catch (const Fault& fault) {
-      CloseDatabase(s);
-      if (!TellOpenFault(s, fault, holder)) return false;
-    }
-  }
-}
-
-void RepairOnFirstOpen(Session& s) {
-  Database db;
+// The connection stays open, unless the file could not be opened.
+void RepairThrough(Session& s, Database& db) {
   bool repaired = true;
   Plainly(
       s,
@@ -186,6 +170,30 @@ void RepairOnFirstOpen(Session& s) {
   } catch (const Fault&) {
     // the open that follows reports the failure
   }
+}
+
+}  // namespace
+
+bool OpenDatabaseAndCursors(Session& s, bool repair) {
+  s.continues_without_backup = [&s](const Fault& fault) { return ContinuesWithoutBackup(s, fault); };
+  std::string holder;
+  for (bool first = repair;; first = false) {
+    try {
+      TakeNote(s, holder);
+      if (first) RepairThrough(s, s.db);
+      OpenAll(s);
+      TellReadOnlyFolder(s);
+      return true;
+    } catch (const Fault& fault) {
+      CloseDatabase(s);
+      if (!TellOpenFault(s, fault, holder)) return false;
+    }
+  }
+}
+
+void RepairOnFirstOpen(Session& s) {
+  Database db;
+  RepairThrough(s, db);
 }
 
 }  // namespace merlu
