@@ -60,6 +60,8 @@ Contexts::Contexts(Database& db, std::int64_t only, int month) {
                });
     db.ForEach("SELECT PD_ID_AK,ED_EQUIP_TYP,ED_MERLU_EQUIP_ID FROM ED_EQUIP_DESC" + where + " ORDER BY ED_ID_AK",
                values, [&](const RowView& row) {
+                 if (std::find(types_.begin(), types_.end(), row.Text(1)) == types_.end())
+                   types_.emplace_back(row.Text(1));
                  const auto found = structures_.find(row.Integer(0));
                  if (found == structures_.end()) return;
                  found->second.has_equipment = true;
@@ -78,11 +80,9 @@ const StructureFacts* Contexts::Structure(std::int64_t PD_ID_AK) const {
   return found == structures_.end() ? nullptr : &found->second;
 }
 
-bool Contexts::MayHave(std::int64_t PD_ID_AK, std::string_view type) const {
-  const StructureFacts* structure = fault_ == nullptr ? Structure(PD_ID_AK) : nullptr;
-  if (structure == nullptr) return true;
-  return std::any_of(structure->types.begin(), structure->types.end(),
-                     [&](const std::string& present) { return EqualsIgnoringCase(present, type); });
+bool Contexts::MayHave(std::string_view type) const {
+  const auto is_type = [type](const std::string& present) { return EqualsIgnoringCase(present, type); };
+  return fault_ != nullptr || std::any_of(types_.begin(), types_.end(), is_type);
 }
 
 const StructureMonth* Contexts::Month(std::int64_t PD_ID_AK, int year, int month) const {
@@ -267,7 +267,7 @@ void JudgeAll(Database& db, const RecordScope& scope, const EachRecord& each) {
   Contexts contexts(db, scope.PD_ID_AK);
   JudgeRecords(db, contexts, StructureSheet(), scope, each);
   for (const SheetSpec* sheet : AllSheets())
-    if (contexts.MayHave(scope.PD_ID_AK, sheet->type)) JudgeRecords(db, contexts, *sheet, scope, each);
+    if (contexts.MayHave(sheet->type)) JudgeRecords(db, contexts, *sheet, scope, each);
 }
 
 Context ContextOf(Database& db, Mode mode, const RecordKeys& keys) {

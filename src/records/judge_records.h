@@ -51,8 +51,8 @@ class Contexts {
   const Context& Of(std::int64_t PD_ID_AK, int year, int month);
   const StructureFacts* Structure(std::int64_t PD_ID_AK) const;
   const StructureMonth* Month(std::int64_t PD_ID_AK, int year, int month) const;
-  // False for a structure without equipment of the type; true as well where that is not known, as for no structure.
-  bool MayHave(std::int64_t PD_ID_AK, std::string_view type) const;
+  // False when no equipment that was read has the type; true as well when the reading failed.
+  bool MayHave(std::string_view type) const;
 
  private:
   using MonthKey = std::pair<std::int64_t, int>;  // the structure; year and month
@@ -64,6 +64,7 @@ class Contexts {
     }
   };
   std::unordered_map<std::int64_t, StructureFacts> structures_;
+  std::vector<std::string> types_;  // of any equipment, each once
   std::unordered_map<MonthKey, StructureMonth, MonthHash> months_;
   std::unordered_map<MonthKey, Surroundings, MonthHash> surroundings_;
   std::shared_ptr<const Fault> fault_;
