@@ -55,20 +55,29 @@ QStringList Style::Break(const QString& text, qreal width) const {
       }
     }
     if (!line.isEmpty()) lines << line;
-    while (word.size() > 1 && (word.size() > kMostInLine || Width(word.toString()) > width))
-      lines << CutToWidth(word, width);
+    qsizetype guess = 0;
+    while (word.size() > 1 && (word.size() > kMostInLine || Width(word.toString()) > width)) {
+      lines << CutToWidth(word, width, guess);
+      guess = lines.back().size();
+    }
     line = word.toString();
   }
   lines << line;
   return lines;
 }
 
-// Takes from a word that is wider than its column as much as fits.
-QString Style::CutToWidth(QStringView& word, qreal width) const {
+// Takes from a word that is wider than its column as much as fits. As much as fitted before is tried first: most of a
+// word without blanks is cut into pieces of nearly one length.
+QString Style::CutToWidth(QStringView& word, qreal width, qsizetype guess) const {
   qsizetype count = 1, too_many = std::min(word.size(), kMostInLine);
-  while (too_many - count > 1) {
-    const qsizetype middle = (count + too_many) / 2;
-    (Width(word.left(middle).toString()) > width ? too_many : count) = middle;
+  for (qsizetype step = 1; too_many - count > 1;) {
+    qsizetype at = (count + too_many) / 2;
+    if (guess > count && guess < too_many) at = guess;
+    const bool fits = Width(word.left(at).toString()) <= width;
+    (fits ? count : too_many) = at;
+    // away from the guess in growing steps until what fits and what does not stand close
+    guess = at == guess ? at + (fits ? step : -step) : 0;
+    step *= 2;
   }
   if (word.at(count - 1).isHighSurrogate()) count += count > 1 ? -1 : 1;
   const QString head = word.left(count).toString();

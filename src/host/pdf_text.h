@@ -38,7 +38,7 @@ class Style {
 
  private:
   QStringList Break(const QString& text, qreal width) const;
-  QString CutToWidth(QStringView& word, qreal width) const;
+  QString CutToWidth(QStringView& word, qreal width, qsizetype guess) const;
 
   QFont font_;
   std::unique_ptr<QFontMetricsF> metrics_;
