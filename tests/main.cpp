@@ -2,11 +2,13 @@
 
 #include <QGuiApplication>
 
+#include "store/engine.h"
 #include "support/fonts.h"
 #include "support/pauses.h"
 #include "support/temporary_place.h"
 
 int main(int argc, char** argv) {
+  merlu::CountNoMemory();
   merlu::test::UseTemporaryPlace();
   merlu::test::WatchPauses();
   testing::InitGoogleTest(&argc, argv);

@@ -17,6 +17,7 @@
 #include "desktop/desktop.h"
 #include "script/catalogue.h"
 #include "script/player.h"
+#include "store/engine.h"
 
 namespace merlu {
 namespace {
@@ -166,6 +167,7 @@ int RunDesktopProgram(int argc, char** argv) {
 }  // namespace merlu
 
 int main(int argc, char** argv) {
+  merlu::CountNoMemory();
   std::ios::sync_with_stdio(false);
   const std::string command = argc > 1 ? argv[1] : "";
   if ((command == "script" || command == "catalogue") && merlu::AsksForHelp(argc, argv)) {

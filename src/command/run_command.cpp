@@ -5,7 +5,6 @@
 #include "command/commands.h"
 #include "command/quiet.h"
 #include "session/folders.h"
-#include "store/engine.h"
 
 namespace merlu {
 namespace {
@@ -30,7 +29,6 @@ Status Run(const Request& request, Console& console) {
 }  // namespace
 
 Status RunCommand(const CommandSpec& command, const std::vector<std::string>& words, Console& console) {
-  CountNoMemory();
   try {
     const Request request = ReadRequest(command, words);
     if (request.help) console.out << CommandHelp(command);

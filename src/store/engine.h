@@ -18,8 +18,8 @@ void ThrowFailedDisk(int code, int system);
 // A statement that the engine does not understand: a table that it names may be missing.
 [[noreturn]] void ThrowMisunderstood(sqlite3* db, std::string_view sql, const std::string& message);
 
-// For a process whose threads each work on files of their own, before the first of them is opened: the engine keeps no
-// count of the memory in use, for which all threads would wait at each allocation. Without effect afterwards.
+// Before the first file is opened: the engine keeps no count of the memory in use, for which it would take a lock at
+// each allocation, and threads that work on files of their own would wait for each other. Without effect afterwards.
 void CountNoMemory();
 
 // Inventories have no triggers: any that a file contains are not run.

@@ -127,15 +127,30 @@ TEST_F(DatabaseFile, counts_the_changes_of_a_table_apart_unless_rows_of_others_f
   EXPECT_GT(child.Count(), of_child);
 }
 
+// The engine counts its memory as long as this lives; no connection may be open at either end.
+struct CountedMemory {
+  CountedMemory() { Set(1); }
+  ~CountedMemory() { Set(0); }
+  static void Set(int on) {
+    EXPECT_EQ(sqlite3_shutdown(), SQLITE_OK);
+    EXPECT_EQ(sqlite3_config(SQLITE_CONFIG_MEMSTATUS, on), SQLITE_OK);
+    EXPECT_EQ(sqlite3_initialize(), SQLITE_OK);
+  }
+};
+
 TEST_F(DatabaseFile, keeps_the_statements_of_the_last_time_only) {
+  db.Close();
+  const CountedMemory counted;
   Open(path);
   const auto run = [this](int from, int to) {
     for (int i = from; i < to; ++i) db.Execute("UPDATE SYS_CONFIG SET sys_yr=" + std::to_string(i));
   };
   run(0, 2000);
   const sqlite3_int64 used = sqlite3_memory_used();
+  EXPECT_GT(used, 1 << 19);
   run(2000, 20000);
   EXPECT_LT(sqlite3_memory_used(), used + (1 << 20));
+  db.Close();
 }
 
 TEST_F(DatabaseFile, goes_on_with_a_query_while_other_statements_push_it_out) {
