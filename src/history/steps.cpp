@@ -91,12 +91,13 @@ std::int64_t AppendChanged(std::string& bytes, std::string_view before, std::str
   std::string_view old_bytes, new_bytes;
   for (std::uint64_t column = 0;; ++column) {
     const bool more = TakeBytes(before, old_bytes);
-    if (more != TakeBytes(after, new_bytes)) Damaged();
-    if (!more) break;
-    if (old_bytes == new_bytes) {
+    if (more && after.starts_with(old_bytes)) {  // no value begins with another one's bytes
+      after.remove_prefix(old_bytes.size());
       others.Add(old_bytes);
       continue;
     }
+    if (more != TakeBytes(after, new_bytes)) Damaged();
+    if (!more) break;
     AppendNumber(values, column);
     values.append(old_bytes).append(new_bytes);
     ++count;

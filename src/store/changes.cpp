@@ -48,8 +48,12 @@ char* WriteNumber(char* to, std::uint64_t number) {
   return to;
 }
 
-// Every value that changes passes here: it is put together first and appended once.
 void AppendTagged(std::string& row, StoredValue::Kind kind, std::uint64_t number) {
+  if (number < 0x80U) {  // most of them
+    row += static_cast<char>(kind);
+    row += static_cast<char>(number);
+    return;
+  }
   char bytes[1 + kMostNumberBytes] = {static_cast<char>(kind)};
   row.append(bytes, static_cast<std::size_t>(WriteNumber(bytes + 1, number) - bytes));
 }
@@ -96,6 +100,10 @@ bool TakeBytes(std::string_view& row, std::string_view& bytes) {
 }  // namespace
 
 void AppendNumber(std::string& bytes, std::uint64_t number) {
+  if (number < 0x80U) {
+    bytes += static_cast<char>(number);
+    return;
+  }
   char written[kMostNumberBytes];
   bytes.append(written, static_cast<std::size_t>(WriteNumber(written, number) - written));
 }
