@@ -8,6 +8,8 @@
 #include "base/fault.h"
 #include "forms/desk.h"
 #include "forms/list_model.h"
+#include "history/companion.h"
+#include "history/notes.h"
 #include "history/steps.h"
 #include "inventory.h"
 #include "quiet_platform.h"
@@ -59,6 +61,33 @@ class Curious : public QuietPlatform {
   }
 };
 
+template <typename Act>
+void UnlessRefused(Act&& act) {
+  try {
+    act();
+  } catch (const Fault&) {
+    // refused
+  }
+}
+
+void ReadAll(const Companion& companion) {
+  if (!companion.IsAttached()) return;
+  for (const HistoryStep& step : Steps(companion))
+    for (const std::string& part : PartsOf(companion, step.id)) UnpackChanges(part);
+  Drafts(companion);
+  HandIns(companion);
+  AllCopied(companion);
+}
+
+void UndoAndRedo(Companion& companion) {
+  if (!companion.IsAttached()) return;
+  constexpr int kMost = 3;
+  for (int i = 0; i < kMost; ++i)
+    if (const auto step = NextUndo(companion)) UndoSteps(companion, step->id);
+  for (int i = 0; i < kMost; ++i)
+    if (const auto step = NextRedo(companion)) RedoSteps(companion, step->id);
+}
+
 void Press(Session& s, const char* name) {
   if (s.main != nullptr && !s.ended) Plainly(s, [&] { act::Click(s.desk, *s.main, name); });
 }
@@ -104,7 +133,7 @@ HostileCompanion::HostileCompanion() : path_(folder_.path("inventory.mdb")) {
 void HostileCompanion::Fresh() {
   for (const char* journal : {"-journal", ".history-journal"}) fs::remove(path_ + journal);
   fs::remove_all(path_ + " backups");
-  Write(path_, inventory_);
+  if (FileBytes(path_) != inventory_) Write(path_, inventory_);
   Write(path_ + ".history", companion_);
 }
 
@@ -165,6 +194,17 @@ void HostileCompanion::PutDraft(const std::string& at, const std::string& contro
   sqlite3_step(statement);
   sqlite3_finalize(statement);
   sqlite3_close(db);
+}
+
+bool HostileCompanion::ReadingLeavesASoundFile() {
+  Database db;
+  db.Open(path_);
+  Companion companion;
+  companion.Open(db, nullptr);
+  UnlessRefused([&] { ReadAll(companion); });
+  UnlessRefused([&] { UndoAndRedo(companion); });
+  companion.Close();
+  return NullToEmpty(db.Single("PRAGMA integrity_check")) == "ok" && db.Query("PRAGMA foreign_key_check").rows.empty();
 }
 
 bool HostileCompanion::UseLeavesASoundFile() {

@@ -32,6 +32,15 @@ TEST(HostileHistory, with_changed_steps_leaves_the_inventory_sound) {
   }
 }
 
+TEST(HostileHistory, that_is_only_read_leaves_the_inventory_sound) {
+  HostileCompanion companion;
+  std::mt19937 random(3);
+  for (int i = 0; i < 200; ++i) {
+    i % 2 == 0 ? companion.ChangeBytes(Changes(random)) : companion.ChangeStep(Changes(random));
+    ASSERT_TRUE(companion.ReadingLeavesASoundFile()) << i;
+  }
+}
+
 TEST(HostileHistory, with_drafts_of_nothing_is_lived_with) {
   HostileCompanion companion;
   const std::string b = "\x1f";

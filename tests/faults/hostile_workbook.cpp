@@ -17,12 +17,6 @@ namespace {
 constexpr std::string_view kPartMark = "--- ";
 constexpr int kMostRows = 200000, kMostColumns = 500;
 
-std::string Bytes(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
-
 void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
@@ -73,7 +67,7 @@ HostileWorkbook::HostileWorkbook() : path_(folder_.path("inventory.mdb")) {
   plan.months = 1;
   plan.types = {"FLA"};
   MakeInventory(TemplatePath(), path_, plan);
-  inventory_ = Bytes(path_);
+  inventory_ = FileBytes(path_);
   rows_ = Rows();
 }
 
@@ -88,7 +82,7 @@ std::string HostileWorkbook::Own() const {
   const std::string file = elsewhere_.path("own.xlsx");
   fs::remove(file);
   Play("workbook", {path_, "--month", "1", "-o", file});
-  const ZipParts zip(Bytes(file));
+  const ZipParts zip(FileBytes(file));
   std::string text;
   for (const char* name : {"_rels/.rels", "xl/workbook.xml", "xl/_rels/workbook.xml.rels", "xl/sharedStrings.xml",
                            "xl/styles.xml", "xl/worksheets/sheet1.xml", "xl/worksheets/sheet2.xml",
@@ -106,13 +100,15 @@ std::string HostileWorkbook::WhatGoesWrong(const std::string& extension, const s
   } catch (const Fault&) {
     return Play("read", {path_, "--from", file}).status == Status::kFile ? "" : "read takes what cannot be read";
   }
-  for (const auto& entry : fs::directory_iterator(folder_.path())) fs::remove_all(entry.path());
-  Write(path_, inventory_);
+  for (const auto& entry : fs::directory_iterator(folder_.path()))
+    if (entry.path() != path_) fs::remove_all(entry.path());
+  if (FileBytes(path_) != inventory_) Write(path_, inventory_);
   const Answer dry = Play("read", {path_, "--from", file, "--dry-run"});
-  if (Bytes(path_) != inventory_) return "--dry-run changed the inventory";
+  if (FileBytes(path_) != inventory_) return "--dry-run changed the inventory";
   const Answer read = Play("read", {path_, "--from", file});
   if (read.status != dry.status || read.out != dry.out)
     return "--dry-run tells " + dry.out + dry.err + "\nbut read " + read.out + read.err;
+  if (FileBytes(path_) == inventory_) return "";
   const bool applies = read.out.find("\"action\":\"set\"") != std::string::npos ||
                        read.out.find("\"action\":\"changed\"") != std::string::npos;
   const std::string rows = Rows();

@@ -11,6 +11,9 @@ namespace merlu::test {
 // equipment. Empty when it does.
 std::string WhatIsUnsound(Database& db);
 
+// Has the connection keep what it reads of a large file: the checks go over every page many times.
+void KeepPages(Database& db);
+
 // Every row of the inventory with its number.
 std::string AllRows(Database& db);
 

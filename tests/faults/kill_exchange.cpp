@@ -1,7 +1,6 @@
 // Imports and exports: another file is read, or written under a name that may be taken.
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <stdexcept>
 
 #include "faults/kill_steps.h"
 #include "inventory.h"
@@ -17,12 +16,6 @@ InventoryPlan Plan(int structures, int equipment, int months) {
   plan.equipment = equipment;
   plan.months = months;
   return plan;
-}
-
-std::string Bytes(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
 }
 
 // ---- the files ----
@@ -72,7 +65,7 @@ void MakeTwoLarge(const KillFiles& files) {
 }
 
 std::string BytesBefore(const KillFiles& files, Database&) {
-  return Bytes(files.work());
+  return FileBytes(files.work());
 }
 
 // ---- import ----
@@ -171,12 +164,13 @@ std::string CountsOf(Database& db, const ExportedRows& rows) {
 // An export leaves the working database alone, to the byte. What was answered is there; what is there is whole.
 std::string CheckExport(const KillFiles& files, Database& db, const std::string& before, int done,
                         const ExportedRows& rows) {
-  if (Bytes(files.work()) != before) return "the export changed the working database";
+  if (FileBytes(files.work()) != before) return "the export changed the working database";
   const bool had_older = std::filesystem::exists(files.older());
   if (done == 0 && !had_older && !std::filesystem::exists(files.target())) return "";
-  if (done == 0 && had_older && Bytes(files.target()) == Bytes(files.older())) return "";
+  if (done == 0 && had_older && FileBytes(files.target()) == FileBytes(files.older())) return "";
   Database exported;
   exported.Open(files.target());
+  KeepPages(exported);
   if (NullToEmpty(exported.Single("PRAGMA integrity_check")) != "ok") return "the exported file is damaged";
   const std::string wanted = CountsOf(db, rows), found = CountsOf(exported, {kAll, kAll, kAll, kAll});
   return found == wanted ? "" : "the exported file holds " + found + "rows instead of " + wanted;

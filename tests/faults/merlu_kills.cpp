@@ -189,6 +189,7 @@ std::string WhatWentWrong(const KillOperation& operation, const KillFiles& files
   try {
     Database db;
     db.Open(files.work());
+    KeepPages(db);
     if (std::string unsound = WhatIsUnsound(db); !unsound.empty()) return unsound;
     return operation.check(files, db, prepared.before, done);
   } catch (const Fault& fault) {

@@ -16,12 +16,6 @@ namespace {
 
 const std::set<std::string> kFiles = {"inventory.mdb", "other.mdb", "sheet.xlsx", "sheet.csv", "text.pdf", "mr.dbt"};
 
-std::string Bytes(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
-
 // Words name nothing outside of the folder.
 std::vector<std::string> Words(const std::string& text) {
   std::vector<std::string> words;
@@ -60,14 +54,14 @@ struct Inventories {
     Run(*FindCommand("workbook"), {at.path("inventory.mdb"), "--month", "2", "-o", at.path("sheet.xlsx")});
     std::ofstream(at.path("sheet.csv")) << "a,b\n1,2\n";
     std::ofstream(at.path("text.pdf")) << "no page\n";
-    for (const std::string& name : kFiles) sound[name] = Bytes(at.path(name));
+    for (const std::string& name : kFiles) sound[name] = FileBytes(at.path(name));
   }
 
   void Fresh() const {
     for (const auto& entry : fs::directory_iterator(at.path()))
       if (!kFiles.contains(entry.path().filename())) fs::remove_all(entry.path());
     for (const auto& [name, bytes] : sound)
-      if (Bytes(at.path(name)) != bytes) std::ofstream(at.path(name), std::ios::binary) << bytes;
+      if (FileBytes(at.path(name)) != bytes) std::ofstream(at.path(name), std::ios::binary) << bytes;
   }
 };
 
@@ -93,7 +87,7 @@ void Play(const std::string& text) {
   const bool writes = name == "import" || name == "read";
   for (const auto& [file, bytes] : inventories.sound) {
     const bool is_out = std::find(words.begin(), words.end(), "--force") != words.end();
-    if (Bytes(inventories.at.path(file)) == bytes || is_out) continue;
+    if (FileBytes(inventories.at.path(file)) == bytes || is_out) continue;
     if (!writes || status >= Status::kWrongUsage || !file.ends_with(".mdb")) Fail(name + " changed " + file);
     if (NullToEmpty(RawValue(inventories.at.path(file), "PRAGMA integrity_check")) != "ok") Fail(file + " is damaged");
   }

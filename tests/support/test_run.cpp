@@ -57,9 +57,13 @@ Value RawValue(const std::string& path, const std::string& sql) {
 }
 
 std::string FileBytes(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
+  std::error_code error;
+  const auto size = fs::file_size(path, error);
+  std::string bytes(error ? 0 : size, '\0');
+  std::ifstream file(path, std::ios::binary);
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return bytes;
 }
 
 bool IsSound(const std::string& path) {
