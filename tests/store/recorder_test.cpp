@@ -84,6 +84,22 @@ TEST_F(Recording, sees_the_rows_of_cascades) {
                              "ED_FLA 5 removed", "PD_PLATFORM_DESC 1 removed"}));
 }
 
+TEST_F(Recording, knows_the_column_that_is_the_row_number_itself) {
+  Database other;
+  other.Open(CopyTemplate(folder, "other.mdb"));
+  other.Execute("CREATE TABLE T_ONE (name TEXT, id Integer PRIMARY KEY, more INTEGER)");
+  other.Execute("CREATE TABLE T_PAIR (a INTEGER, b INTEGER, PRIMARY KEY (a,b))");
+  other.Execute("CREATE TABLE T_PAIR_TURNED (a INTEGER, b INTEGER, PRIMARY KEY (b,a))");
+  other.Execute("CREATE TABLE T_TEXT (id TEXT PRIMARY KEY)");
+  other.Execute("CREATE TABLE T_NONE (id INTEGER)");
+  other.RecordChanges();
+  std::map<std::string, int> keys;
+  for (const RecordedTable& table : *other.recorder().tables())
+    if (table.name.starts_with("T_")) keys[table.name] = table.key;
+  EXPECT_EQ(keys, (std::map<std::string, int>{
+                      {"T_NONE", -1}, {"T_ONE", 1}, {"T_PAIR", -1}, {"T_PAIR_TURNED", -1}, {"T_TEXT", -1}}));
+}
+
 TEST_F(Recording, names_rows_of_tables_without_a_key_by_their_number) {
   Batch({"INSERT INTO QC (rowid,FieldID) VALUES (41,'a'),(42,'b')"});
   Batch({"DELETE FROM QC WHERE FieldID='b'", "UPDATE QC SET Comments='why'"});
