@@ -70,6 +70,7 @@ Contexts::Contexts(Database& db, std::int64_t only, int month) {
                  if (row.Text(1) == "VEN") found->second.vents.emplace_back(row.Text(2));
                  if (row.Text(1) == "FLA") found->second.flares.emplace_back(row.Text(2));
                });
+    surroundings_.reserve(structures_.size() + months_.size());
   } catch (const Fault& fault) {
     fault_ = std::make_shared<const Fault>(fault);
   }

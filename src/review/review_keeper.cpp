@@ -387,15 +387,22 @@ ReviewedRecord ReviewKeeper::ReviewedOf(const JudgedRecord& judged, const Owner&
   return record;
 }
 
-void ReviewKeeper::ReviewRecords(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
+// Both modes are judged against the same surroundings, which are read once.
+void ReviewKeeper::ReviewRecords(Database& db, std::int64_t PD_ID_AK, LoggedRows& log, KnownComments& known,
                                  std::vector<ReviewedRecord>& to) {
   Logged logged;
-  JudgeAll(db, scope, [&](const JudgedRecord& judged) {
-    const Owner owner = OwnerOf(judged);
-    if (owner.structure < 0) return;
-    log.Of(PlaceKey(owner.structure, owner.piece, judged.month), logged);
-    to.push_back(ReviewedOf(judged, owner, scope.mode, logged, known));
-  });
+  Contexts contexts(db, PD_ID_AK);
+  for (const Mode mode : {Mode::kDesc, Mode::kActv}) {
+    const RecordScope scope{.mode = mode, .PD_ID_AK = PD_ID_AK};
+    const auto take = [&](const JudgedRecord& judged) {
+      const Owner owner = OwnerOf(judged);
+      if (owner.structure < 0) return;
+      log.Of(PlaceKey(owner.structure, owner.piece, judged.month), logged);
+      to.push_back(ReviewedOf(judged, owner, mode, logged, known));
+    };
+    JudgeRecords(db, contexts, StructureSheet(), scope, take);
+    for (const SheetSpec* sheet : AllSheets()) JudgeRecords(db, contexts, *sheet, scope, take);
+  }
 }
 
 // A row of a survey, or of a deleted record.
@@ -481,7 +488,7 @@ void ReviewKeeper::Build(Database& db, const Companion& companion) {
   std::vector<ReviewedRecord> records;
   constexpr std::size_t kRecordsOfOne = 13;  // a description and a year of months
   records.reserve((review_.structures.size() + review_.pieces.size()) * kRecordsOfOne);
-  for (const Mode mode : {Mode::kDesc, Mode::kActv}) ReviewRecords(db, {.mode = mode}, log, known, records);
+  ReviewRecords(db, 0, log, known, records);
   for (const LogRow& row : log.rows())
     if (!row.taken) records.push_back(Gone(db, row, known));
   review_.records = std::move(records);
@@ -496,9 +503,7 @@ void ReviewKeeper::Replace(Database& db, const Companion& companion, const std::
   LoggedRows log = ReadLogOf(db, wanted);
   KnownComments known(companion, false);
   std::vector<ReviewedRecord> records;
-  for (const int structure : wanted)
-    for (const Mode mode : {Mode::kDesc, Mode::kActv})
-      ReviewRecords(db, {.mode = mode, .PD_ID_AK = review_.structures[At(structure)].PD_ID_AK}, log, known, records);
+  for (const int structure : wanted) ReviewRecords(db, review_.structures[At(structure)].PD_ID_AK, log, known, records);
   for (const LogRow& row : log.rows())
     if (!row.taken) records.push_back(Gone(db, row, known));
   std::erase_if(review_.records, [&](const ReviewedRecord& record) {

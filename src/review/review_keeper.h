@@ -120,8 +120,8 @@ class ReviewKeeper {
   LoggedRows ReadLog(Database& db);
   LoggedRows ReadLogOf(Database& db, const std::set<int>& structures);
   LogRow RowOfLog(const RowView& row, std::int64_t place);
-  // Judges the records of the scope and lays the rows of the log beside them.
-  void ReviewRecords(Database& db, const RecordScope& scope, LoggedRows& log, KnownComments& known,
+  // Judges the records of one structure, or of all (0), in both modes, and lays the rows of the log beside them.
+  void ReviewRecords(Database& db, std::int64_t PD_ID_AK, LoggedRows& log, KnownComments& known,
                      std::vector<ReviewedRecord>& to);
   // -1 for a structure that the review lacks.
   Owner OwnerOf(const JudgedRecord& judged) const;
