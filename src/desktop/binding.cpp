@@ -15,6 +15,7 @@
 #include "base/number_entry.h"
 #include "desktop/captions.h"
 #include "desktop/grid_view.h"
+#include "desktop/long_line.h"
 #include "desktop/model_list.h"
 #include "desktop/page_tabs.h"
 #include "desktop/results_list.h"
@@ -47,6 +48,19 @@ bool IsShortcut(const QKeyEvent& key) {
 bool IsTemporary(const QFocusEvent& leaves) {
   return leaves.reason() == Qt::PopupFocusReason || leaves.reason() == Qt::ActiveWindowFocusReason;
 }
+
+// A text in as many lines as it takes. However long its words are, no window is wider for them.
+class WrappedText : public QLabel {
+ public:
+  explicit WrappedText(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+  }
+  QSize minimumSizeHint() const override {
+    constexpr QSize kMost(400, 200);
+    return QLabel::minimumSizeHint().boundedTo(kMost);
+  }
+};
 
 }  // namespace
 
@@ -198,9 +212,8 @@ Bound& FormBinding::AddField(const Control& control, QWidget* parent, bool with_
 }
 
 Bound& FormBinding::AddLabel(const Control& control, QWidget* parent) {
-  auto* label = new QLabel(Q(control.text), parent);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
+  auto* label = new WrappedText(parent);
+  label->setText(Beginning(Q(control.text)));
   return Add(control, label);
 }
 

@@ -26,6 +26,9 @@ std::vector<Piece> ShowWindows(int bytes) {
   const auto in_dialog = [&](const char* opens, const char* closes) {
     const double began = ProcessorSeconds();
     driver.OnNextModal([&](QWidget* dialog) {
+      const QSize room = driver.app->window()->size();
+      EXPECT_LE(dialog->width(), room.width()) << opens;
+      EXPECT_LE(dialog->height(), room.height()) << opens;
       dialog->grab();
       driver.Click(closes);
     });
