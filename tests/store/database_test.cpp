@@ -135,6 +135,7 @@ struct CountedMemory {
     EXPECT_EQ(sqlite3_shutdown(), SQLITE_OK);
     EXPECT_EQ(sqlite3_config(SQLITE_CONFIG_MEMSTATUS, on), SQLITE_OK);
     EXPECT_EQ(sqlite3_initialize(), SQLITE_OK);
+    WatchPauses();
   }
 };
 

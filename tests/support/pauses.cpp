@@ -22,11 +22,13 @@ int Sleep(sqlite3_vfs*, int microseconds) {
 // The engine's file layer with other pauses.
 void WatchPauses() {
   static sqlite3_vfs watched;
-  engines_own = sqlite3_vfs_find(nullptr);
-  if (engines_own == nullptr) throw std::runtime_error("no file layer");
-  watched = *engines_own;
-  watched.zName = "watched-pauses";
-  watched.xSleep = Sleep;
+  if (engines_own == nullptr) {
+    engines_own = sqlite3_vfs_find(nullptr);
+    if (engines_own == nullptr) throw std::runtime_error("no file layer");
+    watched = *engines_own;
+    watched.zName = "watched-pauses";
+    watched.xSleep = Sleep;
+  }
   if (sqlite3_vfs_register(&watched, 1) != SQLITE_OK) throw std::runtime_error("no file layer of the tests");
 }
 

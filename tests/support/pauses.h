@@ -8,7 +8,7 @@
 
 namespace merlu::test {
 
-// Before the first file is opened.
+// Before the first file is opened, and again when the engine was started anew, which brings its own file layer back.
 void WatchPauses();
 
 // No pause is made by this process, or by one that it forks, as long as the object lives.
