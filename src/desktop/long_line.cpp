@@ -9,7 +9,6 @@
 namespace merlu {
 namespace {
 
-constexpr qsizetype kLongest = 2000;      // characters
 constexpr int kLongestOfToolkit = 32767;  // what a line takes unless told otherwise
 constexpr const char* kName = "long line";
 
@@ -40,6 +39,8 @@ class LongLine : public QObject {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
+    // a line that is being destroyed loses the focus, too, and is no line any more
+    if (qobject_cast<QLineEdit*>(watched) == nullptr) return false;
     switch (event->type()) {
       case QEvent::FocusIn:
       case QEvent::KeyPress:
