@@ -33,6 +33,7 @@ void ForeignCells::AddSheet(std::string_view name) {
 }
 
 void ForeignCells::Put(int row, int column, ForeignCell::Kind kind, std::string_view text) {
+  if (sheets_.empty()) return;  // it stands outside of all sheets
   if (row < 0 || column < 0 || (text.empty() && kind != ForeignCell::Kind::kFormula)) return;
   if (row >= kMostRows) TooLargeWorkbook("more than 200,000 rows");
   if (column >= kMostColumns) TooLargeWorkbook("more than 500 columns");
@@ -43,6 +44,7 @@ void ForeignCells::Put(int row, int column, ForeignCell::Kind kind, std::string_
 }
 
 void ForeignCells::Merge(const ForeignRange& range) {
+  if (sheets_.empty()) return;
   if (++merged_ > kMostMerged) TooLargeWorkbook("more than 10,000 merged cells");
   sheets_.back().merged.push_back(range);
 }

@@ -137,6 +137,16 @@ TEST_F(ReadsWorkbook, of_the_open_document_format) {
   EXPECT_EQ(sheets[0].merged[0].row, 1002);
 }
 
+TEST_F(ReadsWorkbook, without_what_stands_outside_of_its_sheets) {
+  const std::string row =
+      "<t:table-row><t:table-cell o:value-type='float' o:value='1' t:number-rows-spanned='2'/></t:table-row>";
+  const std::string begin = "<a xmlns:t='urn:table:1.0' xmlns:o='urn:office:1.0'>" + row;
+  EXPECT_TRUE(Read("a.ods", Zip({{"content.xml", begin + "</a>"}})).empty());
+  const auto sheets = Read("b.ods", Zip({{"content.xml", begin + "<t:table>" + row + "</t:table></a>"}}));
+  EXPECT_EQ(Told(sheets.at(0)), "0,0 n 1\n");
+  EXPECT_EQ(sheets[0].merged.size(), 1U);
+}
+
 TEST_F(ReadsWorkbook, as_comma_separated_text_of_any_origin) {
   EXPECT_EQ(Told(Read("a.csv", "a;\"b\"\"c\"\r\n;2\n").at(0)), "0,0 t a\n0,1 t b\"c\n1,1 t 2\n");
   EXPECT_EQ(Told(Read("b.CSV", "caf\xE9,\n").at(0)), "0,0 t caf\xC3\xA9\n");
