@@ -401,7 +401,8 @@ void ReviewKeeper::ReviewRecords(Database& db, std::int64_t PD_ID_AK, LoggedRows
       to.push_back(ReviewedOf(judged, owner, mode, logged, known));
     };
     JudgeRecords(db, contexts, StructureSheet(), scope, take);
-    for (const SheetSpec* sheet : AllSheets()) JudgeRecords(db, contexts, *sheet, scope, take);
+    for (const SheetSpec* sheet : AllSheets())
+      if (contexts.MayHave(sheet->type)) JudgeRecords(db, contexts, *sheet, scope, take);
   }
 }
 
