@@ -206,21 +206,33 @@ std::optional<InTheWay> RedoSteps(Companion& companion, std::int64_t step) {
   return Run(companion, "SELECT id FROM history.step WHERE id<=? AND state=1 ORDER BY id", step, false);
 }
 
-bool IsAsNewestStepLeftIt(const Companion& companion) {
+namespace {
+
+// Some rows of a part of a step, compared with what the step made of them, or with what they were before it.
+bool IsAsLeftBy(Database& db, const std::string& part, bool before) {
   constexpr std::size_t kEnough = 20;
-  const std::optional<HistoryStep> newest = NextUndo(companion);
-  if (!newest) return true;
-  const std::vector<std::string> parts = PartsOf(companion, newest->id);
-  if (parts.empty()) return true;
-  Database& db = *companion.db();
-  std::vector<KeptRow> kept = UnpackChanges(parts.back());
+  std::vector<KeptRow> kept = UnpackChanges(part);
   if (kept.size() > kEnough) kept.resize(kEnough);
   std::string other;
   return std::all_of(kept.begin(), kept.end(), [&](const KeptRow& row) {
     for (const RecordedTable& table : *db.recorder().tables())
-      if (table.name == row.table) return OtherSide(row, RowReader(db, table).Read(row.rowid), true, other);
+      if (table.name == row.table) return OtherSide(row, RowReader(db, table).Read(row.rowid), !before, other);
     return false;
   });
+}
+
+}  // namespace
+
+bool IsAsNewestStepLeftIt(const Companion& companion) {
+  const std::optional<HistoryStep> newest = NextUndo(companion), undone = NextRedo(companion);
+  if (!newest) return true;
+  Database& db = *companion.db();
+  const std::vector<std::string> done = PartsOf(companion, newest->id);
+  if (done.empty() || IsAsLeftBy(db, done.back(), false)) return true;
+  // after an undo the rows of the step before it may be another program's, of before the step that was undone
+  if (!undone) return false;
+  const std::vector<std::string> parts = PartsOf(companion, undone->id);
+  return !parts.empty() && IsAsLeftBy(db, parts.front(), true);
 }
 
 }  // namespace merlu

@@ -313,6 +313,36 @@ TEST_F(History, of_an_inventory_of_the_same_name_that_holds_other_rows_is_known_
   EXPECT_NE(companion.why_not(), "");
 }
 
+TEST_F(History, is_still_this_inventorys_after_an_undo_above_another_programs_change) {
+  AddStructure();
+  Raw(path, {"UPDATE PD_PLATFORM_DESC SET Area='WC'", "DELETE FROM QC"});
+  DoStep("save", {"UPDATE CO_COMPANY SET CO_NAME='x'", "UPDATE CO_COMPANY SET CO_NAME='y'"});
+  EXPECT_FALSE(UndoSteps(companion, Newest()));
+  Reopen();
+  EXPECT_TRUE(companion.IsAttached()) << companion.why_not();
+  ASSERT_TRUE(NextRedo(companion));
+  EXPECT_FALSE(RedoSteps(companion, NextRedo(companion)->id));
+  EXPECT_EQ(NullToEmpty(db.Single("SELECT CO_NAME FROM CO_COMPANY")), "y");
+  Reopen();
+  EXPECT_TRUE(companion.IsAttached()) << companion.why_not();
+}
+
+TEST_F(History, of_an_inventory_of_the_same_name_is_known_for_it_after_an_undo_too) {
+  AddStructure();
+  fs::copy_file(path, folder.path("copy.mdb"));
+  DoStep("save", {"UPDATE CO_COMPANY SET CO_NAME='x'"});
+  EXPECT_FALSE(UndoSteps(companion, Newest()));
+  companion.Close();
+  db.Close();
+  fs::copy_file(File(), folder.path("copy.mdb.history"));
+  path = folder.path("copy.mdb");
+  // as many changes
+  Raw(path, {"DELETE FROM QC"});
+  Raw(path, {"UPDATE CO_COMPANY SET CO_NAME='z'"});
+  Open();
+  EXPECT_FALSE(companion.IsAttached());
+}
+
 TEST_F(History, that_another_program_holds_costs_no_save) {
   AddStructure();
   Database holder;
