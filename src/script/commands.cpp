@@ -20,6 +20,7 @@
 #include "shell/main_program.h"
 #include "shell/messages.h"
 #include "shell/month_book_dialog.h"
+#include "shell/navigation.h"
 #include "shell/results.h"
 #include "shell/sheet_acts.h"
 #include "shell/status.h"
@@ -258,6 +259,7 @@ void Player::Set(const Words& words) {
       Done(name,
            control->kind == Kind::kList ? act::Choose(desk, *form, name, value) : act::Type(desk, *form, name, value));
       act::LostFocus(desk, *form, name);
+      if (form == session_.main) LeaveDocks(session_);
       form->focus = name;
       return;
     case Kind::kCheck:

@@ -10,6 +10,7 @@
 #include "shell/commands.h"
 #include "shell/draft.h"
 #include "shell/messages.h"
+#include "shell/navigation.h"
 #include "shell/qc_command.h"
 #include "shell/sheet_acts.h"
 #include "shell/status.h"
@@ -59,6 +60,7 @@ void SaveForGood(Session& s, bool after_qc) {
 void BeginEdit(Session& s) {
   if (!CanUseRecord(s)) return;
   SetEditing(s, true);
+  LeaveDocks(s);
   UnlockSheet(s);
   BeginDraft(s);
 }

@@ -90,8 +90,14 @@ bool GoToField(Session& s, const std::string& field) {
   const Control* control = FindField(*sheet.form, sheet.frame, field);
   if (control == nullptr) return false;
   TurnToPageOf(s, *sheet.form, *control);
+  LeaveDocks(s);
   sheet.form->focus = control->name;
   return true;
+}
+
+void LeaveDocks(Session& s) {
+  for (Form* form : s.desk.showing)
+    if (!form->dock.empty()) form->focus.clear();
 }
 
 void FocusTree(Session& s) {

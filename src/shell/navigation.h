@@ -21,6 +21,9 @@ bool GoTo(Session& s, const QCLocation& place, Mode mode, const std::string& fie
 // Turns to the page of a field of the sheet that shows, and gives it the focus. False without such a field.
 bool GoToField(Session& s, const std::string& field);
 
+// No dock holds the focus any more: it goes to a field of the sheet.
+void LeaveDocks(Session& s);
+
 // Gives the tree the focus, whichever dock or field had it.
 void FocusTree(Session& s);
 

@@ -62,6 +62,19 @@ TEST_F(Going, to_a_field_by_its_tag_finds_the_control) {
   EXPECT_EQ(SheetThatShows(run.s).form->focus, "txtFLA_HrsOperated");
 }
 
+TEST_F(Going, to_a_field_takes_the_focus_from_a_dock) {
+  run.Click("mnuRFindings");
+  Form& dock = *run.s.desk.Find("frmFindings");
+  dock.focus = "txtFND_Filter";
+  const QCLocation structure{"STRUCTURE", "12345", 1, 2017, "1001", "1", "", ""};
+  EXPECT_TRUE(GoTo(run.s, structure, Mode::kActv, "txtSTRUCTURE_ProdOil"));
+  EXPECT_EQ(run.s.main->focus, "txtSTRUCTURE_ProdOil");
+  EXPECT_EQ(dock.focus, "");
+  dock.focus = "txtFND_Filter";
+  run.Click("cmdEdit");
+  EXPECT_EQ(dock.focus, "") << "an edit begins in its first field";
+}
+
 TEST_F(Going, in_the_middle_of_an_edit_stays_with_the_record) {
   run.Select(run.Key("FLA", "F1", 1));
   run.Click("cmdEdit");
