@@ -21,8 +21,7 @@ Status BackUpFile(const Request& request, Console& console) {
     if (fault.number != fault_number::kReadOnly) throw;
     db.OpenReadOnly(file);
   }
-  MakeBackup(db, OwnFilesOf(request), quiet.Now(), backup_reason::kByHand, FreeBytesFor(file));
-  console.out << Backups(file).front().path << "\n";
+  console.out << MakeBackup(db, OwnFilesOf(request), quiet.Now(), backup_reason::kByHand, FreeBytesFor(file)) << "\n";
   return Status::kWell;
 }
 

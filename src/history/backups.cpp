@@ -67,6 +67,24 @@ void RequireSound(const std::string& path) {
     throw Fault(fault_number::kDamaged, kSource, "The database file is damaged (" + found + ").");
 }
 
+std::string CopyIntoFreeName(Database& db, const OwnFiles& own, const std::string& folder, const DateTime& now,
+                             const std::string& why) {
+  constexpr int kMostTries = 20;
+  for (int tries = 1;; ++tries) {
+    const std::string name = FreeName(folder, now, why);
+    try {
+      MakeFile(own, name, [&](const std::string& path) {
+        db.CopyTo(path);
+        RequireSound(path);
+      });
+      return name;
+    } catch (const Fault& fault) {
+      // another program took the name meanwhile
+      if (fault.number != fault_number::kFileAccess || !FileExists(name) || tries == kMostTries) throw;
+    }
+  }
+}
+
 }  // namespace
 
 std::string BackupFolder(const std::string& inventory) {
@@ -107,18 +125,18 @@ std::vector<Backup> Outdated(const std::vector<Backup>& backups, const DateTime&
   return outdated;
 }
 
-void MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, const std::string& why,
-                std::uint64_t free_bytes) {
+std::string MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, const std::string& why,
+                       std::uint64_t free_bytes) {
   const std::string inventory = db.path(), folder = BackupFolder(inventory);
   if (free_bytes < FileSize(inventory))
     throw Fault(fault_number::kDiskFull, kSource, "There is not enough room on the disk for a backup.");
   MakeFolder(folder);
-  MakeFile(own, FreeName(folder, now, why), [&](const std::string& path) {
-    db.CopyTo(path);
-    RequireSound(path);
-  });
+  const std::string made = CopyIntoFreeName(db, own, folder, now, why);
   std::error_code error;
-  for (const Backup& backup : Outdated(Backups(inventory), now)) fs::remove(backup.path, error);
+  // after the clock was set back the others are newer by their names
+  for (const Backup& backup : Outdated(Backups(inventory), now))
+    if (backup.path != made) fs::remove(backup.path, error);
+  return made;
 }
 
 void RestoreBackup(Database& db, Companion& companion, const std::string& path, const StepTitle& title) {

@@ -32,10 +32,10 @@ std::string BackupFolder(const std::string& inventory);
 // Newest first. Files with other names are no backups.
 std::vector<Backup> Backups(const std::string& inventory);
 
-// Copies what is committed, outside a batch, and deletes the backups that are outdated. A fault when the copy cannot be
-// made; `free_bytes` is the room on the disk.
-void MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, const std::string& why,
-                std::uint64_t free_bytes);
+// Copies what is committed, outside a batch, and deletes the backups that are outdated, never the new one. Returns its
+// path. A fault when the copy cannot be made; `free_bytes` is the room on the disk.
+std::string MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, const std::string& why,
+                       std::uint64_t free_bytes);
 
 // Of these, newest first, the ones that go: kept are the last 10, the newest of each of the last 7 days and of each of
 // the last 12 months.
