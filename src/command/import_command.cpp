@@ -31,7 +31,10 @@ std::vector<StructureName> Chosen(const Request& request, Database& file, Consol
              CompareIds(Trim(one.name.structure), wanted.structure) == 0;
     });
     if (found != listed.end()) {
-      chosen.push_back(found->name);
+      const bool again = std::any_of(chosen.begin(), chosen.end(), [&](const StructureName& one) {
+        return one.complex == found->name.complex && one.structure == found->name.structure;
+      });
+      if (!again) chosen.push_back(found->name);
       continue;
     }
     Complain(console, "import", request.Text("--from"),

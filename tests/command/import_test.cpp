@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -57,6 +58,14 @@ TEST_F(ImportCommand, takes_the_structures_over_after_a_backup) {
   EXPECT_TRUE(backed_up);
   EXPECT_EQ(RawValue(here.s.path + ".history", "SELECT place FROM step WHERE what='Import'"),
             Value(std::string("Operator: 12345")));
+}
+
+TEST_F(ImportCommand, takes_a_structure_once_that_is_named_twice) {
+  EXPECT_EQ(Play({"--structures", "2002/1,2002/1", "--dry-run"}), Status::kWell) << err;
+  EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 1) << out;
+  EXPECT_EQ(Play({"--structures", "2002/1, 2002/1"}), Status::kWell) << err;
+  EXPECT_EQ(out, "2002/1: add\n");
+  EXPECT_EQ(Structures(), 2);
 }
 
 TEST_F(ImportCommand, refuses_what_is_there_already_and_what_the_other_file_lacks) {
