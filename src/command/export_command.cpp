@@ -71,8 +71,10 @@ Status ExportPart(const Request& request, Console& console) {
     if (!FindStructures(db, request, console, structures)) return Status::kSomething;
     cut = [&](Database& copy) { KeepStructures(copy, structures); };
   }
-  const std::string target = OutPath(request);
-  const Compaction compaction = WriteExport(OwnFilesOf(request), db, target, FreeBytesFor(target), cut);
+  Compaction compaction = Compaction::kDone;
+  WriteOut(request, [&](const std::string& path) {
+    compaction = FillExport(OwnFilesOf(request), db, path, FreeBytesFor(path), cut);
+  });
   if (const std::string message = CompactionMessage(compaction); !message.empty())
     Complain(console, "export", request.Text("-o"), message);
   if (month != 0) KeepAsHandIn(file, year, month, console);

@@ -13,16 +13,11 @@ OwnFiles OwnFilesOf(const Request& request) {
   return {request.words.front(), NotesFolder(quiet)};
 }
 
-std::string OutPath(const Request& request) {
+void WriteOut(const Request& request, const std::function<void(const std::string& path)>& write) {
   const std::string out = request.Text("-o");
   const std::string target = TargetPath(OwnFilesOf(request), out);
   if (FileExists(target) && !request.Has("--force"))
     throw Fault(fault_number::kFileAccess, kStoreSource, "The file " + out + " exists; --force replaces it.");
-  return target;
-}
-
-void WriteOut(const Request& request, const std::function<void(const std::string& path)>& write) {
-  const std::string target = OutPath(request);
   if (request.Has("--force"))
     WriteNewFile(OwnFilesOf(request), target, write);
   else

@@ -69,26 +69,32 @@ void KeepStructures(Database& copy, const std::vector<StructureName>& kept) {
   batch.Commit();
 }
 
+Compaction FillExport(const OwnFiles& own, Database& working, const std::string& path, std::uint64_t free_bytes,
+                      const std::function<void(Database& copy)>& cut) {
+  if (!cut) {
+    working.CopyTo(path);
+    CheckPages(path);
+    return Compaction::kDone;
+  }
+  // rows that depend on others are deleted by one statement a table, which is far less work than row by row through
+  // the relations
+  Database copy;
+  copy.OpenCopyOf(working);
+  copy.Execute("PRAGMA foreign_keys=OFF");
+  copy.Query("PRAGMA temp_store=MEMORY");
+  cut(copy);
+  const Compaction compaction = WriteCompact(own, copy, path, free_bytes);
+  if (compaction == Compaction::kDone) return compaction;
+  copy.CopyTo(path);
+  CheckPages(path);
+  return compaction;
+}
+
 Compaction WriteExport(const OwnFiles& own, Database& working, const std::string& target, std::uint64_t free_bytes,
                        const std::function<void(Database& copy)>& cut) {
   Compaction compaction = Compaction::kDone;
-  WriteNewFile(own, target, [&](const std::string& path) {
-    if (!cut) {
-      working.CopyTo(path);
-      return CheckPages(path);
-    }
-    // rows that depend on others are deleted by one statement a table, which is far less work than row by row through
-    // the relations
-    Database copy;
-    copy.OpenCopyOf(working);
-    copy.Execute("PRAGMA foreign_keys=OFF");
-    copy.Query("PRAGMA temp_store=MEMORY");
-    cut(copy);
-    compaction = WriteCompact(own, copy, path, free_bytes);
-    if (compaction == Compaction::kDone) return;
-    copy.CopyTo(path);
-    CheckPages(path);
-  });
+  WriteNewFile(own, target,
+               [&](const std::string& path) { compaction = FillExport(own, working, path, free_bytes, cut); });
   return compaction;
 }
 

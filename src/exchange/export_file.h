@@ -30,9 +30,14 @@ void DeleteOtherMonths(Database& copy, int month, int year);
 // Deletes every other structure, and what depends on it.
 void KeepStructures(Database& copy, const std::vector<StructureName>& kept);
 
-// Writes the file: a copy of the working database, cut down in memory and compacted. The file replaces an older file of
-// that name once it is complete, checked and fsynced. Without `cut` everything is copied and nothing is compacted. The
-// faults of WriteNewFile, of the store and of `cut`; the working database is only read.
+// Fills the new, empty file: a copy of the working database, cut down in memory, compacted and checked. Without `cut`
+// everything is copied and nothing is compacted. The faults of the store and of `cut`; the working database is only
+// read.
+Compaction FillExport(const OwnFiles& own, Database& working, const std::string& path, std::uint64_t free_bytes,
+                      const std::function<void(Database& copy)>& cut);
+
+// The same under a name that the user chose. The file replaces an older file of that name once it is complete, checked
+// and fsynced. Also the faults of WriteNewFile.
 Compaction WriteExport(const OwnFiles& own, Database& working, const std::string& target, std::uint64_t free_bytes,
                        const std::function<void(Database& copy)>& cut);
 

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
+#include <thread>
 
 #include "command/commands.h"
 #include "support/test_run.h"
@@ -75,6 +77,21 @@ TEST_F(ExportCommand, writes_nothing_for_a_month_or_a_structure_that_the_file_la
   EXPECT_EQ(Play({"--structures", "1001/1,9999/1"}), Status::kSomething);
   EXPECT_NE(said.find("It has no structure 9999/1."), std::string::npos) << said;
   EXPECT_FALSE(fs::exists(target));
+}
+
+TEST_F(ExportCommand, lets_one_of_several_at_the_same_time_make_the_file) {
+  std::vector<Status> ends(6, Status::kWell);
+  std::vector<std::thread> threads;
+  for (Status& end : ends)
+    threads.emplace_back([&] {
+      std::ostringstream out, err;
+      Console console{out, err};
+      end = RunCommand(*FindCommand("export"), {run.s.path, "--structures", "1001/1", "-o", target}, console);
+    });
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(std::count(ends.begin(), ends.end(), Status::kWell), 1);
+  EXPECT_EQ(std::count(ends.begin(), ends.end(), Status::kFile), 5);
+  EXPECT_EQ(Count("PD_PLATFORM_DESC"), 1);
 }
 
 TEST_F(ExportCommand, never_writes_over_its_own_inventory) {
