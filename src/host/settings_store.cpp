@@ -16,6 +16,12 @@ QString Key(const std::string& section, const std::string& key) {
 
 }  // namespace
 
+bool CanHoldSettings(const std::string& file) {
+  const QSettings settings(QString::fromStdString(file), QSettings::IniFormat);
+  settings.allKeys();  // a section is parsed when it is first asked for
+  return settings.status() != QSettings::FormatError;
+}
+
 SettingsStore::SettingsStore(const std::string& file)
     : settings_(file.empty() ? std::make_unique<QSettings>(kApplication, kApplication)
                              : std::make_unique<QSettings>(QString::fromStdString(file), QSettings::IniFormat)) {}

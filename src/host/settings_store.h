@@ -8,6 +8,9 @@ class QSettings;
 
 namespace merlu {
 
+// Whether the file is missing or can be read as settings. Any other would be lost at the first setting that is stored.
+bool CanHoldSettings(const std::string& file);
+
 class SettingsStore {
  public:
   // An empty file means the user's own settings.
