@@ -29,11 +29,13 @@ void ShowDock(Session& s, Form& dock, bool show) {
 }
 
 void RefreshDocks(Session& s) {
-  for (const auto& form : s.desk.forms) {
-    if (form->dock.empty() || !form->visible) continue;
-    for (const Control& control : form->controls())
-      if (control.kind == Kind::kLabel && form->Handles(control.name, kRefreshDock))
-        form->Raise(control.name, kRefreshDock);
+  // a refresh can make a form, which moves the list of them
+  for (std::size_t i = 0; i < s.desk.forms.size(); ++i) {
+    Form& form = *s.desk.forms[i];
+    if (form.dock.empty() || !form.visible) continue;
+    for (const Control& control : form.controls())
+      if (control.kind == Kind::kLabel && form.Handles(control.name, kRefreshDock))
+        form.Raise(control.name, kRefreshDock);
   }
 }
 

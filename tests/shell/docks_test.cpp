@@ -69,6 +69,27 @@ TEST_F(Dock, shows_again_at_the_next_start) {
   EXPECT_FALSE(dock.visible);
 }
 
+TEST_F(Dock, can_make_forms_while_it_is_refreshed) {
+  Start();
+  AddLabel(dock, "lblTest", "");
+  int refreshed = 0;
+  dock.On("lblTest", kRefreshDock, [&] {
+    run.s.desk.forms.shrink_to_fit();
+    run.s.desk.Own(std::make_unique<Form>("frmMade" + std::to_string(++refreshed), ""));
+  });
+  Form& next = run.s.desk.Own(std::make_unique<Form>("frmNext", "Next"));
+  AddLabel(next, "lblNext", "");
+  int next_refreshed = 0;
+  next.dock = "mnuTest";
+  next.On("lblNext", kRefreshDock, [&] { ++next_refreshed; });
+  run.Click("mnuTest");
+  run.s.desk.Show(next);
+  refreshed = next_refreshed = 0;
+  RefreshDocks(run.s);
+  EXPECT_EQ(refreshed, 1);
+  EXPECT_EQ(next_refreshed, 1);
+}
+
 TEST_F(Dock, refuses_what_a_dialog_covers) {
   Start();
   run.Click("mnuTest");
