@@ -145,8 +145,7 @@ void RunQCHere(Session& s) {
   const Act act(s, "QC Run");
   if (!act.MayWrite()) return;
   const QCLocation here = s.current;
-  RunQCAndTell(s, here, false);
-  Say(s, "QC was run");
+  if (!RunQCAndTell(s, here, false).fault) Say(s, "QC was run");
   // a run that ended with a fault has moved the location; the next edit is of the sheet that is shown
   s.current = here;
   ShowFieldFindingsOfRun(s);

@@ -1,6 +1,5 @@
 #include "shell/qc_command.h"
 
-#include "qc_run/run_qc.h"
 #include "shell/messages.h"
 
 namespace merlu {
@@ -38,14 +37,14 @@ std::string ResultText(const QCResult& result, bool silent) {
 
 }  // namespace
 
-int RunQCAndTell(Session& s, const QCLocation& location, bool silent) {
+QCResult RunQCAndTell(Session& s, const QCLocation& location, bool silent) {
   const QCResult result = RunBehindWait(s, location);
   if (result.fault)
     TellRunFault(s, *result.fault);
   else if (const std::string text = ResultText(result, silent); !text.empty())
     Tell(s, text, Icon::kInfo);
   ShowNotices(s);
-  return result.count;
+  return result;
 }
 
 std::vector<std::string> RunQCWithoutBox(Session& s, const QCLocation& location) {

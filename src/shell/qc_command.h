@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "qc_run/run_qc.h"
 #include "session/session.h"
 
 namespace merlu {
 
-// A silent run suppresses only the message of a clean run. Returns the number of findings at the location and below it;
-// 0 after a fault, which is shown in a box.
-int RunQCAndTell(Session& s, const QCLocation& location, bool silent);
+// A silent run suppresses only the message of a clean run. A fault is shown in a box.
+QCResult RunQCAndTell(Session& s, const QCLocation& location, bool silent);
 // The same without boxes except for faults. Returns what the rules have changed in the record.
 std::vector<std::string> RunQCWithoutBox(Session& s, const QCLocation& location);
 

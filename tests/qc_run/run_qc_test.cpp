@@ -41,7 +41,7 @@ void Find(TestRun& run, const std::string& level, int month, const std::string& 
 
 TEST(QcRun, tells_how_many_errors_it_found_in_a_plain_box) {
   FlareMonth flare;
-  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, false), 2);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, false).count, 2);
   ASSERT_EQ(flare.run.boxes.size(), 1u);
   const Box& box = flare.run.boxes.front();
   EXPECT_EQ(box.text, "QC completed with 2 errors found");
@@ -53,7 +53,7 @@ TEST(QcRun, tells_how_many_errors_it_found_in_a_plain_box) {
 TEST(QcRun, tells_that_it_found_nothing) {
   FlareMonth flare;
   flare.run.Put(kSoundMonth);
-  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, false), 0);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, false).count, 0);
   ASSERT_EQ(flare.run.boxes.size(), 1u);
   EXPECT_EQ(flare.run.boxes.front().text, kClean);
   EXPECT_EQ(flare.run.boxes.front().icon, Icon::kInfo);
@@ -61,10 +61,10 @@ TEST(QcRun, tells_that_it_found_nothing) {
 
 TEST(QcRun, that_is_silent_tells_errors_and_nothing_else) {
   FlareMonth flare;
-  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, true), 2);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, true).count, 2);
   EXPECT_EQ(flare.run.TakeBoxes(), Texts{"QC completed with 2 errors found"});
   flare.run.Put(kSoundMonth);
-  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, true), 0);
+  EXPECT_EQ(RunQCAndTell(flare.run.s, flare.run.s.current, true).count, 0);
   EXPECT_EQ(flare.run.TakeBoxes(), Texts{});
 }
 
@@ -83,7 +83,7 @@ TEST(QcRun, at_the_operator_checks_nothing_and_says_nothing) {
   run.StartWithStructure();
   run.SelectRoot();
   ASSERT_EQ(run.s.current.Level, "USER");
-  EXPECT_EQ(RunQCAndTell(run.s, run.s.current, false), 0);
+  EXPECT_EQ(RunQCAndTell(run.s, run.s.current, false).count, 0);
   EXPECT_TRUE(run.TakeBoxes().empty());
   EXPECT_EQ(run.Count("QC"), 0);
   EXPECT_FALSE(run.s.wait.showing);
@@ -280,7 +280,7 @@ TEST(QcRun, that_meets_a_fault_tells_number_and_description_and_stops) {
   run.Select(run.Key());
   const QCLocation here = run.s.current;
   run.s.db.Execute("DROP TABLE ED_AMI");
-  EXPECT_EQ(RunQCAndTell(run.s, here, false), 0);
+  EXPECT_EQ(RunQCAndTell(run.s, here, false).count, 0);
   ASSERT_EQ(run.boxes.size(), 1u);
   const Box& box = run.boxes.front();
   EXPECT_EQ(box.text, "3078: no such table: ED_AMI");

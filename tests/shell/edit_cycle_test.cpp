@@ -207,6 +207,17 @@ TEST_F(Edit, can_run_qc_without_saving) {
   EXPECT_EQ(run.Text("txtFLA_HrsOperated"), "");
 }
 
+TEST_F(Edit, says_that_qc_was_run_only_when_it_was) {
+  run.Click("cmdQC");
+  EXPECT_EQ(run.s.message, "QC was run");
+  run.s.message.clear();
+  run.s.db.Execute("DROP TABLE QC");
+  run.TakeBoxes();
+  run.Click("cmdQC");
+  EXPECT_FALSE(run.TakeBoxes().empty());
+  EXPECT_EQ(run.s.message, "");
+}
+
 class EditOfDeleted : public Edit, public testing::WithParamInterface<const char*> {};
 
 TEST_P(EditOfDeleted, record_says_so_once_and_stays_open) {
