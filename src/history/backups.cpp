@@ -130,9 +130,12 @@ std::string MakeBackup(Database& db, const OwnFiles& own, const DateTime& now, c
   const std::string inventory = db.path(), folder = BackupFolder(inventory);
   if (free_bytes < FileSize(inventory))
     throw Fault(fault_number::kDiskFull, kSource, "There is not enough room on the disk for a backup.");
-  MakeFolder(folder);
-  const std::string made = CopyIntoFreeName(db, own, folder, now, why);
   std::error_code error;
+  fs::create_directory(folder, error);  // that alone: not the folder of a disk that was taken out
+  if (error == std::errc::no_such_file_or_directory)
+    throw Fault(fault_number::kPathNotFound, kSource, "The database file has been moved or deleted.");
+  if (error) FailFile(folder, error.value());
+  const std::string made = CopyIntoFreeName(db, own, folder, now, why);
   // after the clock was set back the others are newer by their names
   for (const Backup& backup : Outdated(Backups(inventory), now))
     if (backup.path != made) fs::remove(backup.path, error);
