@@ -162,10 +162,19 @@ class UnfinishedFile {
   UnfinishedFile(const UnfinishedFile&) = delete;
   UnfinishedFile& operator=(const UnfinishedFile&) = delete;
 
-  const std::string& path() const { return path_; }
+  // A failure names the file as it was asked for.
+  void Write(const std::function<void(const std::string& path)>& write) {
+    try {
+      write(path_);
+      BringToDisk(path_);
+    } catch (Fault& fault) {
+      if (const auto at = fault.description.find(path_); at != std::string::npos)
+        fault.description.replace(at, path_.size(), target_);
+      throw;
+    }
+  }
 
   void Finish(bool over_existing) {
-    BringToDisk(path_);
     const int error = over_existing ? host::Rename(path_, target_) : host::RenameToFreeName(path_, target_);
     if (error != 0) FailFile(target_, error);
     path_.clear();
@@ -223,13 +232,13 @@ std::string TargetPath(const OwnFiles& own, const std::string& name) {
 void ReplaceFile(const OwnFiles& own, const std::string& path,
                  const std::function<void(const std::string& path)>& write) {
   UnfinishedFile file(own, path);
-  write(file.path());
+  file.Write(write);
   file.Finish(true);
 }
 
 void MakeFile(const OwnFiles& own, const std::string& path, const std::function<void(const std::string& path)>& write) {
   UnfinishedFile file(own, path);
-  write(file.path());
+  file.Write(write);
   file.Finish(false);
 }
 

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <fstream>
 #include <sstream>
 
@@ -177,6 +178,16 @@ TEST_F(NewFile, that_fails_leaves_what_was_there_and_nothing_else) {
   EXPECT_EQ(FaultOf([&] { WriteNewFile(own, At("b.pdf"), fail); }), fault_number::kDiskFull);
   EXPECT_EQ(Get(At("a.pdf")), "old");
   EXPECT_EQ(Names(At("")), (Texts{"a.pdf", "data"}));
+}
+
+TEST_F(NewFile, that_fails_is_named_as_it_was_asked_for) {
+  try {
+    WriteNewFile(own, At("a.pdf"), [](const std::string& path) { FailFile(path, ENOSPC); });
+    FAIL() << "nothing failed";
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.number, fault_number::kDiskFull);
+    EXPECT_EQ(fault.description, "Cannot write the file " + At("a.pdf") + ": No space left on device.");
+  }
 }
 
 TEST_F(NewFile, may_have_as_long_a_name_as_the_disk_takes) {
