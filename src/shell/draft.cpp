@@ -27,7 +27,7 @@ namespace {
 constexpr std::int64_t kPauseMilliseconds = 1000;
 constexpr const char* kInterrupted = "An edit was interrupted before it was saved:";
 constexpr const char* kInterruptedAndChanged =
-    "An edit was interrupted before it was saved, and another program has changed the record since:";
+    "An edit was interrupted before it was saved, and the record was changed since:";
 
 std::int64_t Milliseconds() {
   using namespace std::chrono;
