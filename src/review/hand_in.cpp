@@ -102,6 +102,10 @@ bool IsUnchecked(const ReviewedRecord& record) {
   return record.kind != RecordKind::kEquipment;
 }
 
+bool IsUnfinished(const ReviewedRecord& record) {
+  return IsUnchecked(record) || (!record.gone && record.month != 0 && !record.has_values);
+}
+
 std::vector<const ReviewedRecord*> CopiedValues(Database& db, const Companion& companion, const Review& review,
                                                 int month) {
   std::vector<const ReviewedRecord*> found;
@@ -138,13 +142,10 @@ std::vector<QCLocation> InterruptedEdits(const Companion& companion, int month, 
 std::vector<HandInRow> HandInChecks(Database& db, const Companion& companion, const Review& review, int month,
                                     std::int64_t present_draft) {
   const auto months = static_cast<std::int64_t>(MonthNumbers(review).size());
-  const std::int64_t unfinished = Sum(review, month, [](const ReviewedRecord& record) {
-    return IsUnchecked(record) || (!record.gone && record.month != 0 && !record.has_values);
-  });
   return {
       Row("Months missing", month == 0 ? std::max<std::int64_t>(kMonthsOfYear - months, 0) : 0, "Add the months."),
       Row("Structures without the month", StructuresWithoutTheMonth(review, month), "Add the structures' months."),
-      Row("Records without values, never checked, or changed since", unfinished,
+      Row("Records without values, never checked, or changed since", Sum(review, month, IsUnfinished),
           "Fill them in, then Check What Was Not."),
       Row("Findings without an explanation", Sum(review, month, [](const auto& record) { return record.open; }),
           "Correct the values, or explain them."),

@@ -42,6 +42,8 @@ bool IsReady(const std::vector<HandInRow>& rows);
 
 // A record that holds values, reports something and was never checked, or changed since.
 bool IsUnchecked(const ReviewedRecord& record);
+// The same, or a month's record without any value.
+bool IsUnfinished(const ReviewedRecord& record);
 // What a month, or the whole year (0), counts: its records and the descriptions, without those that report nothing.
 bool CountsFor(const ReviewedRecord& record, int month);
 

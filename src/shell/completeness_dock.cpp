@@ -100,6 +100,15 @@ Form& ShowStructures(Session& s) {
   return dock;
 }
 
+// The matrix of the equipment of a structure.
+void ChooseStructure(Form& dock, const Review& review, const std::string& key) {
+  Control& show = dock.At(kShow);
+  for (const ReviewedStructure& structure : review.structures)
+    if (Trim(structure.complex) + "/" + Trim(structure.structure) == key) show.index = structure.rank + 1;
+  show.text = show.items[static_cast<std::size_t>(show.index)];
+  dock.Raise(kCount, kRefreshDock);
+}
+
 void PickCell(Form& dock, int row, int column) {
   Control& grid = dock.At(kGrid);
   grid.picked = {row};
@@ -135,7 +144,7 @@ void ToggleCompleteness(Session& s) {
   ToggleDock(s, CompletenessDock(s));
 }
 
-void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states) {
+bool ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states) {
   Form& dock = ShowStructures(s);
   const CompletenessModel& model = ModelOf(dock);
   for (int row = 0; row < model.RowCount(); ++row)
@@ -144,13 +153,20 @@ void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& sta
       // the descriptions come before the months
       if (month != 0 && column > 1 && column != month + 1) continue;
       if (std::find(states.begin(), states.end(), state) == states.end()) continue;
-      return PickCell(dock, row, column);
+      PickCell(dock, row, column);
+      return true;
     }
+  return false;
 }
 
 void ShowCompletenessOf(Session& s, const QCLocation& record) {
   Form& dock = ShowStructures(s);
-  const int row = ModelOf(dock).FindRow(Trim(record.CmplxID) + "/" + Trim(record.StructID));
+  std::string key = Trim(record.CmplxID) + "/" + Trim(record.StructID);
+  if (record.Is(level::kEquipment)) {
+    ChooseStructure(dock, Findings(s).review(), key);
+    key = Trim(record.EquipType) + "/" + Trim(record.EquipID);
+  }
+  const int row = ModelOf(dock).FindRow(key);
   if (row >= 0) PickCell(dock, row, record.Month + 1);
 }
 

@@ -10,9 +10,9 @@ namespace merlu {
 
 Form& CompletenessDock(Session& s);
 void ToggleCompleteness(Session& s);
-// Shows the structures, on the first cell of the month (0: of any) that has one of the states.
-void ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states);
-// Shows the structures, on the cell that the record is in.
+// Shows the structures, on the first cell of the month (0: of any) that has one of the states; false when none has.
+bool ShowCompleteness(Session& s, int month, const std::vector<RecordState>& states);
+// Shows the cell of the record: a structure's among the structures, another among the equipment of its structure.
 void ShowCompletenessOf(Session& s, const QCLocation& record);
 
 }  // namespace merlu

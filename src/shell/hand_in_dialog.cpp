@@ -110,10 +110,20 @@ void ShowRecords(Session& s, Form& dialog) {
   };
   if (check == HandInCheck::kUnexplained) return findings("Open", FindingState::kOpen);
   if (check == HandInCheck::kStale) return findings("Stale", FindingState::kStale);
-  if (check == HandInCheck::kUnfinished)
-    return ShowCompleteness(s, month, {RecordState::kEmpty, RecordState::kUnchecked});
-  if (check == HandInCheck::kMonthsMissing || check == HandInCheck::kStructuresWithoutMonth)
-    return ShowCompleteness(s, month, {RecordState::kMissing});
+  if (check == HandInCheck::kUnfinished) {
+    if (ShowCompleteness(s, month, {RecordState::kEmpty, RecordState::kUnchecked})) return;
+    // they stand behind others of their structures
+    const Review& review = Findings(s).review();
+    const auto found = std::find_if(review.records.begin(), review.records.end(), [&](const ReviewedRecord& record) {
+      return CountsFor(record, month) && IsUnfinished(record);
+    });
+    if (found != review.records.end()) ShowCompletenessOf(s, LocationOf(review, *found));
+    return;
+  }
+  if (check == HandInCheck::kMonthsMissing || check == HandInCheck::kStructuresWithoutMonth) {
+    ShowCompleteness(s, month, {RecordState::kMissing});
+    return;
+  }
   if (check == HandInCheck::kCopied) {
     const Review& review = Findings(s).review();
     const auto copied = CopiedValues(s.db, s.companion, review, month);

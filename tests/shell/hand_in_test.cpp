@@ -191,6 +191,28 @@ TEST_F(HandIn, shows_what_a_row_counts) {
   EXPECT_EQ(run.Text("cmbFND_State"), "Open");
 }
 
+TEST_F(HandIn, shows_an_unfinished_record_behind_what_is_open) {
+  run.Keep({{"txtMUD_DaysPerMonth", "40"}});
+  run.ChangeTo(Mode::kDesc);
+  run.Select(run.Key());
+  run.AddEquipment("MUD", "M2");
+  run.s.db.Execute("UPDATE PD_PLATFORM_DESC SET PD_QC_DT='2017-01-05 00:00:00'");
+  run.s.db.Execute("UPDATE EA_EQUIP_ACTV SET EA_QC_DT='2017-01-05 00:00:00'");
+  run.s.db.Execute("UPDATE PA_PLATFORM_ACTV SET PROD_OIL=1,PA_QC_DT='2017-01-05 00:00:00'");
+  run.dialogs.push_back([&](Form&) {
+    run.Set("cmbHND_Month", "2017/01");
+    run.Pick("lvwHND_Checks", {2});
+    run.DoubleClick("lvwHND_Checks");
+  });
+  run.Click("mnuRHandIn");
+  const Form& dock = CompletenessDock(run.s);
+  const Control& matrix = dock.At("grdCMP_Matrix");
+  ASSERT_EQ(matrix.picked.size(), 1u);
+  EXPECT_EQ(dock.At("cmbCMP_Show").text, "GI, 43, A");
+  EXPECT_EQ(matrix.grid->RowKey(matrix.picked.front()), "MUD/M2");
+  EXPECT_EQ(matrix.grid->Cell(matrix.at_row, matrix.at_column).text, "empty");
+}
+
 TEST_F(HandIn, counts_the_values_that_changed_since_the_month_was_handed_in) {
   run.AddMonth();
   run.GoTo("MUD", "M1", Mode::kActv, 1);
@@ -293,7 +315,9 @@ TEST_F(HandIn, counts_entries_of_its_month_and_copied_values_that_are_still_as_t
       run.DoubleClick("lvwHND_Checks");
     });
     run.Click("mnuRHandIn");
-    EXPECT_EQ(CompletenessDock(run.s).At("grdCMP_Matrix").at_column, 2);
+    const Control& matrix = CompletenessDock(run.s).At("grdCMP_Matrix");
+    EXPECT_EQ(matrix.at_column, 2);
+    EXPECT_EQ(matrix.grid->RowKey(matrix.at_row), "MUD/M1") << "the record itself, not its structure";
   }
   run.s.db.Execute("UPDATE EA_MUD SET DAYS_PER_MO=6");
   EXPECT_EQ(Checks("2017/01")[5], "ok 0") << "typed over since";
