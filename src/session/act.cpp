@@ -1,5 +1,7 @@
 #include "session/act.h"
 
+#include <algorithm>
+
 #include "base/host.h"
 #include "history/backups.h"
 #include "session/folders.h"
@@ -125,7 +127,9 @@ bool BackUpOnceADay(Session& s) {
   const std::string today = Today(s);
   if (s.unbacked_day == today) return true;
   const std::vector<Backup> backups = Backups(s.path);
-  if (!backups.empty() && StoredDate(backups.front().when).substr(0, 10) == today) return true;
+  const bool made = std::any_of(backups.begin(), backups.end(),
+                                [&](const Backup& backup) { return StoredDate(backup.when).substr(0, 10) == today; });
+  if (made) return true;
   try {
     BackUp(s, backup_reason::kDay);
   } catch (const Fault& fault) {

@@ -8,6 +8,8 @@
 #include "base/fault.h"
 #include "command/commands.h"
 #include "history/backups.h"
+#include "session/act.h"
+#include "shell/program_end.h"
 #include "support/test_run.h"
 
 namespace merlu::test {
@@ -55,6 +57,31 @@ TEST(BackupCommand, leaves_the_new_one_where_many_are_of_a_later_time_of_the_day
   const std::string made = MakeBackup(db, {run.s.path, ""}, now, backup_reason::kByHand, std::uint64_t{1} << 40U);
   EXPECT_TRUE(fs::exists(made)) << made;
   EXPECT_EQ(Backups(run.s.path).size(), 11U);
+}
+
+TEST(BackupCommand, is_not_made_again_before_each_write_where_another_is_of_a_later_day) {
+  TestRun run;
+  run.StartWithStructure();
+  MakeLaterBackups(run.s.path, 1);
+  const std::size_t before = Backups(run.s.path).size();
+  for (int start = 0; start < 3; ++start) {
+    run.s.unbacked_day.clear();
+    EXPECT_TRUE(BackUpOnceADay(run.s));
+  }
+  EXPECT_EQ(Backups(run.s.path).size(), before);
+}
+
+TEST(BackupCommand, tells_why_its_folder_cannot_be_made) {
+  TestRun run;
+  run.Start();
+  CloseDatabase(run.s);
+  fs::remove_all(BackupFolder(run.s.path));
+  std::ofstream(BackupFolder(run.s.path)) << "no folder";
+  std::ostringstream out, err;
+  Console console{out, err};
+  EXPECT_EQ(RunCommand(*FindCommand("backup"), {run.s.path}, console), Status::kFile);
+  EXPECT_NE(err.str().find(": Cannot write the file " + BackupFolder(run.s.path) + ": "), std::string::npos)
+      << err.str();
 }
 
 TEST(BackupCommand, made_several_at_the_same_time_are_all_there) {
