@@ -106,8 +106,10 @@ bool GoesOnWithout(Session& s, const Fault& fault) {
   return true;
 }
 
-bool IsLocked(const Fault& fault) {
-  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable;
+// The write that the backup is made for will meet the same lock, or miss the same file, and report it.
+bool IsMetByTheWrite(const Fault& fault) {
+  return fault.number == fault_number::kInUse || fault.number == fault_number::kInUseTable ||
+         fault.number == fault_number::kPathNotFound;
 }
 
 }  // namespace
@@ -133,8 +135,7 @@ bool BackUpOnceADay(Session& s) {
   try {
     BackUp(s, backup_reason::kDay);
   } catch (const Fault& fault) {
-    // the write will fail on the same lock and report it; the backup is then made before the next write
-    if (IsLocked(fault)) return true;
+    if (IsMetByTheWrite(fault)) return true;  // the backup is then made before the next write
     if (!GoesOnWithout(s, fault)) return false;
   }
   s.unbacked_day = today;

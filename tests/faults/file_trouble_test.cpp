@@ -7,6 +7,7 @@
 
 #include "faults/injection.h"
 #include "history/backups.h"
+#include "shell/program_end.h"
 
 namespace merlu::test {
 namespace {
@@ -49,6 +50,32 @@ TEST_F(FileTrouble, ASaveIntoAFileThatWasMovedWorksAgainOnceItIsBack) {
   run.Click("cmdSaveEdits");
   EXPECT_EQ(run.TakeBoxes(), Texts{});
   EXPECT_TRUE(IsSaved());
+}
+
+TEST_F(FileTrouble, ADiskThatWasTakenOutGetsNoFolderInItsPlace) {
+  CloseDatabase(run.s);
+  const std::string stick = run.folder.path("stick");
+  fs::create_directory(stick);
+  fs::copy_file(path, stick + "/inventory.mdb");
+  run.Start(stick + "/inventory.mdb");
+  run.GoTo("FLA", "F1", Mode::kDesc);
+  run.TakeBoxes();
+  Edit();
+  fs::rename(stick, stick + " away");
+  run.clock.day += 1;
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"3024 The database file has been moved or deleted."}) << "nothing about a backup";
+  EXPECT_FALSE(fs::exists(stick));
+  fs::rename(stick + " away", stick);
+  run.Click("cmdSaveEdits");
+  EXPECT_EQ(run.TakeBoxes(), Texts{});
+  EXPECT_EQ(std::distance(fs::directory_iterator(BackupFolder(run.s.path)), {}), 1);
+  run.Click("cmdCANCEL");
+  fs::rename(stick, stick + " away");
+  run.dialogs.push_back([&](Form&) { run.Click("cmdBAK_Make"); });
+  run.Click("mnuFBackups");
+  EXPECT_EQ(run.TakeBoxes(), Texts{"The database file has been moved or deleted. 3024"});
+  EXPECT_FALSE(fs::exists(stick));
 }
 
 TEST_F(FileTrouble, AFileThatWasReplacedUnderTheProgramIsNotWrittenInto) {

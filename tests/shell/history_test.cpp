@@ -519,21 +519,6 @@ TEST_F(OnScreen, a_file_among_the_backups_that_is_no_inventory_is_not_restored) 
   EXPECT_EQ(Everything(), before);
 }
 
-TEST_F(OnScreen, no_backup_is_made_in_the_place_of_a_disk_that_was_taken_out) {
-  run.StartWithStructure();
-  CloseDatabase(run.s);
-  const std::string stick = run.folder.path("stick");
-  fs::create_directory(stick);
-  fs::copy_file(run.s.path, stick + "/inventory.mdb");
-  run.Start(stick + "/inventory.mdb");
-  run.TakeBoxes();
-  fs::rename(stick, stick + " away");
-  run.dialogs.push_back([&](Form&) { run.Click("cmdBAK_Make"); });
-  run.Click("mnuFBackups");
-  EXPECT_EQ(run.TakeBoxes(), std::vector<std::string>{"The database file has been moved or deleted. 3024"});
-  EXPECT_FALSE(fs::exists(stick));
-}
-
 TEST_F(OnScreen, without_room_for_a_backup_the_user_decides) {
   run.StartWithStructure();
   run.clock.day = 6;
