@@ -1,7 +1,9 @@
 #include "shell/history_dialog.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <optional>
 
 #include "base/case_folding.h"
 #include "exchange/table_file.h"
@@ -66,16 +68,24 @@ class Choice {
  public:
   Choice(Session& s, const std::string& text) : s_(s), this_record_(text == kThisRecord) {
     for (const HandIn& hand_in : HandIns(s.companion))
-      if (SinceText(hand_in) == text) after_ = hand_in.step;
+      if (SinceText(hand_in) == text) since_ = hand_in;
   }
   bool Takes(const HistoryStep& step) const {
-    return step.id > after_ && (!this_record_ || StepTouches(s_, step.id, s_.current, s_.mode));
+    return IsSince(step) && (!this_record_ || StepTouches(s_, step.id, s_.current, s_.mode));
   }
 
  private:
+  // Newer than the hand-in, or undone or redone after it.
+  bool IsSince(const HistoryStep& step) const {
+    if (!since_ || step.id > since_->step) return true;
+    if (!since_->undone) return false;
+    const std::vector<std::int64_t>& undone = *since_->undone;
+    return step.undone == (std::find(undone.begin(), undone.end(), step.id) == undone.end());
+  }
+
   Session& s_;
   bool this_record_;
-  std::int64_t after_ = 0;
+  std::optional<HandIn> since_;
 };
 
 // The steps that show, in the order of the list as it was filled.

@@ -68,6 +68,35 @@ TEST_F(OnScreen, why_nothing_is_kept_is_told_beside_what_an_act_says_of_itself) 
   EXPECT_EQ(run.s.message, "1 record saved, 1 finding") << "once";
 }
 
+TEST_F(OnScreen, what_was_undone_or_redone_after_a_hand_in_is_listed_as_since_it) {
+  run.StartWith("FLA", "F1");
+  run.GoTo("FLA", "F1", Mode::kActv);
+  for (const char* hours : {"4", "5"}) run.Keep({{"txtFLA_HrsOperated", hours}});
+  const auto hand_in = [&] { KeepHandIn(run.s.companion, 2017, 1, "2017-03-05 14:02:00"); };
+  const auto count = [&] {
+    int rows = -1;
+    run.dialogs.push_back([&](Form& form) {
+      run.Set("cmbHIS_Show", "Since the hand-in of 2017/01");
+      rows = form.At("lvwHIS_Steps").model->RowCount();
+    });
+    run.Click("mnuRHistory");
+    return rows;
+  };
+  hand_in();
+  EXPECT_EQ(count(), 0);
+  run.Click("mnuEUndo");
+  EXPECT_EQ(count(), 1) << "older than the hand-in, and taken back";
+  run.Click("mnuERedo");
+  EXPECT_EQ(count(), 0) << "as it was handed in";
+  run.Click("mnuEUndo");
+  hand_in();
+  EXPECT_EQ(count(), 0);
+  run.Click("mnuERedo");
+  EXPECT_EQ(count(), 1) << "undone at the hand-in, and done again";
+  run.Keep({{"txtFLA_HrsOperated", "6"}});
+  EXPECT_EQ(count(), 2);
+}
+
 TEST_F(OnScreen, a_deleted_structure_comes_back_with_all_its_rows_and_the_place) {
   run.StartWith("FLA", "F1");
   const std::string node = run.s.tree.nodes[static_cast<std::size_t>(run.s.tree.selected)].key;
