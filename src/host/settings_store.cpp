@@ -1,5 +1,6 @@
 #include "host/settings_store.h"
 
+#include <QFile>
 #include <QSettings>
 #include <QVariant>
 
@@ -9,6 +10,7 @@ namespace merlu {
 namespace {
 
 constexpr const char* kApplication = "MERLU2017";
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
 QString Key(const std::string& section, const std::string& key) {
   return QString::fromStdString(section) + "/" + QString::fromStdString(key);
@@ -17,9 +19,18 @@ QString Key(const std::string& section, const std::string& key) {
 }  // namespace
 
 bool CanHoldSettings(const std::string& file) {
-  const QSettings settings(QString::fromStdString(file), QSettings::IniFormat);
-  settings.allKeys();  // a section is parsed when it is first asked for
-  return settings.status() != QSettings::FormatError;
+  QFile in(QString::fromStdString(file));
+  if (!in.open(QIODevice::ReadOnly)) return true;
+  bool goes_on = false;  // the line before ended in a backslash
+  for (bool first = true; !in.atEnd(); first = false) {
+    QByteArray line = in.readLine().trimmed();
+    if (first && line.startsWith(kByteOrderMark)) line.remove(0, 3);
+    const bool known = goes_on || line.isEmpty() || line.startsWith(';') || line.startsWith('#') ||
+                       line.startsWith('[') || line.contains('=');
+    if (!known || line.contains('\0')) return false;
+    goes_on = line.endsWith('\\');
+  }
+  return true;
 }
 
 SettingsStore::SettingsStore(const std::string& file)

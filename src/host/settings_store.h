@@ -8,7 +8,8 @@ class QSettings;
 
 namespace merlu {
 
-// Whether the file is missing or can be read as settings. Any other would be lost at the first setting that is stored.
+// Whether the file is missing, or holds sections, settings and comments alone. Any other would be lost at the first
+// setting that is stored.
 bool CanHoldSettings(const std::string& file);
 
 class SettingsStore {

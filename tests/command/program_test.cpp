@@ -48,6 +48,9 @@ TEST_F(StartedProgram, takes_no_other_file_for_the_settings) {
   std::ofstream(folder.path("play")) << "forms\n";
   EXPECT_EQ(Play("script --settings settings.ini play"), 0) << said;
   EXPECT_EQ(Play("script --settings new.ini play"), 0) << said;
+  std::ofstream(folder.path("edited.ini")) << "\xEF\xBB\xBF# mine\r\n; too\r\n\r\n[Options]\r\nDBloc=other.mdb\r\n";
+  EXPECT_EQ(Play("script --settings edited.ini play"), 0) << said;
+  EXPECT_EQ(Play("script --settings play play"), 2) << said;
 }
 
 TEST_F(StartedProgram, takes_no_blank_name_of_a_script_or_of_settings) {
