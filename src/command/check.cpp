@@ -118,7 +118,7 @@ class Share {
     int number = 0;
     for (const JudgedFinding& standing : StandingFindings(*record.verdicts)) {
       if (finding.place.empty()) Locate(record, finding);
-      finding.field = Trim(std::string(standing.tag));
+      finding.field = std::string(standing.tag);
       finding.control = record.rules->fields()[standing.field].control;
       finding.value = record.stored->Text(standing.field);  // not what a rule computes
       finding.expected = standing.expected;
@@ -249,7 +249,7 @@ CheckedFile ListInventory(const std::string& path, int month) {
       finding.structure = Trim(at.StructID);
       finding.type = EmptyForNone(at.EquipType);
       finding.id = Trim(EmptyForNone(at.EquipID));
-      finding.field = Trim(found.kind->tag);
+      finding.field = found.kind->tag;
       finding.control = found.kind->control;
       finding.value = found.value;
       finding.expected = found.kind->expected;

@@ -49,6 +49,15 @@ TEST_F(ListedFindings, hold_what_the_rules_say_against_the_stored_values) {
   EXPECT_EQ(Count(List(), hours, "open"), 1) << "a log that was wiped wipes no finding";
 }
 
+TEST_F(ListedFindings, name_the_field_by_its_tag_with_its_blanks) {
+  run.GoTo("FLA", "F1", Mode::kDesc);
+  run.Select(run.Key());
+  run.AddEquipment("PNE", "P1");
+  const CheckedFile listed = ListInventory(run.s.path, 0), checked = CheckInventory(run.s.path, CheckScope(), 1);
+  EXPECT_EQ(Count(listed, "Equipment Model ", "open"), 1);
+  EXPECT_EQ(Count(checked, "Equipment Model ", "open"), 1);
+}
+
 TEST_F(ListedFindings, hold_what_only_the_log_has_until_a_run_withdraws_it) {
   run.s.db.Execute("UPDATE EA_FLA SET OP_HR=700");
   const CheckedFile file = List();
