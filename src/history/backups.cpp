@@ -78,9 +78,9 @@ std::string CopyIntoFreeName(Database& db, const OwnFiles& own, const std::strin
         RequireSound(path);
       });
       return name;
-    } catch (const Fault& fault) {
-      // another program took the name meanwhile
-      if (fault.number != fault_number::kFileAccess || !FileExists(name) || tries == kMostTries) throw;
+    } catch (const Fault&) {
+      const bool is_taken = FileExists(name);  // by another program, meanwhile
+      if (!is_taken || tries == kMostTries) throw;
     }
   }
 }

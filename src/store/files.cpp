@@ -53,7 +53,6 @@ void FailFile(const std::string& path, int error) {
   const std::string why = "Cannot write the file " + path + ": " + std::generic_category().message(error) + ".";
   switch (error) {
     case EACCES:
-    case EEXIST:
     case EPERM:
     case EROFS: throw Fault(fault_number::kFileAccess, kSource, why);
     case ENOSPC:
