@@ -70,11 +70,13 @@ void NavigationTree::keyboardSearch(const QString& typed) {
   typed_.start();
   const bool same_letter = goes_on && sought_.compare(typed, Qt::CaseInsensitive) == 0;
   sought_ = goes_on && !same_letter ? sought_ + typed : typed;
-  const QModelIndex first = model()->index(0, 0);
-  QModelIndex at = currentIndex().isValid() ? currentIndex() : first;
+  // of the nodes that show: the selected one may be hidden by the filter
+  const QModelIndex first = moveCursor(MoveHome, Qt::NoModifier);
+  const bool shows = visualRect(currentIndex()).isValid();
+  QModelIndex at = shows ? currentIndex() : first;
   const QModelIndex from = at;
   // the first letter, and the same letter again, moves on to the next node
-  if (!goes_on || same_letter) at = indexBelow(at).isValid() ? indexBelow(at) : first;
+  if (shows && (!goes_on || same_letter)) at = indexBelow(at).isValid() ? indexBelow(at) : first;
   for (bool round = false; at.isValid(); at = indexBelow(at).isValid() ? indexBelow(at) : first) {
     if (Begins(at.data().toString(), sought_)) return setCurrentIndex(at);
     if (round && at == from) return;

@@ -252,6 +252,25 @@ TEST_F(Typist, finds_a_node_by_its_type_and_by_its_id) {
   EXPECT_EQ(S().current.EquipID, "F1") << "Combustion Flare, the next round the end";
 }
 
+TEST_F(Typist, types_in_the_tree_while_the_filter_hides_the_selected_node) {
+  QTreeView& tree = driver_->app->window()->tree();
+  const auto hides = [&](const char* key) {
+    const QModelIndex index = static_cast<TreeModel*>(tree.model())->IndexOf(S().tree.Find(key));
+    return tree.isRowHidden(index.row(), index.parent());
+  };
+  const char* other = "K12345 12017   1001 1FLA      F2";
+  driver_->Type("txtTREE_Filter", "no such node");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return hides(kFirst) && hides(other); }));
+  tree.setFocus();
+  Write("c");
+  EXPECT_EQ(S().current.EquipID, "F1") << "nothing shows that it could go to";
+  driver_->Type("txtTREE_Filter", "F2");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return hides(kFirst) && !hides(other); }));
+  tree.setFocus();
+  Write("c");
+  EXPECT_EQ(S().current.EquipID, "F2") << "of the nodes that show";
+}
+
 TEST_F(Typist, goes_by_enter_from_the_tree_to_the_sheet_and_edits_by_f2) {
   QTreeView& tree = driver_->app->window()->tree();
   tree.setFocus();
