@@ -255,6 +255,13 @@ void MainWindow::ShowHelpHere() {
   acts_.Run([&] { dock.empty() ? ShowCurrentHelp(s_, control) : ShowDialogHelp(s_, dock, control); });
 }
 
+QMenu* MainWindow::createPopupMenu() {
+  auto* menu = new QMenu(this);
+  for (const Control& control : s_.main->controls())
+    if (control.checkable) menu->addAction(menus_->Find(control.name));
+  return menu;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   bool closed = s_.ended;
   if (!closed) acts_.Run([&] { closed = CloseMainWindow(s_); });

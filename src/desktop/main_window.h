@@ -31,6 +31,9 @@ class MainWindow : public QMainWindow {
   // Draws what changed.
   void Sync();
   QTreeView& tree();
+  // At the menu bar and at the title of a dock: the commands of the docks. The toolkit's own menu would show and hide
+  // docks without their forms.
+  QMenu* createPopupMenu() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -1,5 +1,8 @@
 // The review by hand: the findings and the matrix with real keys, the hand-in and what stops its run.
+#include <QContextMenuEvent>
 #include <QDockWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -42,6 +45,26 @@ class WindowReview : public testing::Test {
   TemporaryFolder folder;
   Driver driver;
 };
+
+TEST_F(WindowReview, the_menu_at_the_docks_and_at_the_menu_bar_gives_the_commands_of_the_docks) {
+  driver.Command("mnuRFindings");
+  driver.Command("mnuRFindings");
+  const Form& findings = *S().desk.Find("frmFindings");
+  ASSERT_FALSE(findings.visible);
+  QMenuBar& bar = *driver.app->window()->menuBar();
+  const QPoint at = bar.rect().center();
+  QContextMenuEvent wanted(QContextMenuEvent::Mouse, at, bar.mapToGlobal(at));
+  QApplication::sendEvent(driver.app->window(), &wanted);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  ASSERT_FALSE(menu->actions().isEmpty());
+  QTest::keyClick(menu, Qt::Key_Down);
+  QTest::keyClick(menu, Qt::Key_Return);
+  driver.Settle();
+  EXPECT_TRUE(findings.visible) << "the form hears of it";
+  EXPECT_TRUE(driver.app->window()->findChild<QAction*>("mnuRFindings")->isChecked());
+  EXPECT_GT(List().model()->rowCount(), 0);
+}
 
 TEST_F(WindowReview, findings_are_filtered_walked_through_and_opened_with_keys) {
   Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
