@@ -57,6 +57,8 @@ class ScrollingPage : public QScrollArea {
   Q_OBJECT
  public:
   ScrollingPage(QWidget* panel, QWidget* parent);
+  // The fields go first: the one with the focus gives it up, and the page hears of that.
+  ~ScrollingPage() override { delete takeWidget(); }
 
  protected:
   // The field that has the focus stays in view when page or panel get another height.
